@@ -1,0 +1,36 @@
+# The drawing of the house: what a folder of src/ may link. quill_module() refuses every other link.
+#
+# "*" stands for any run of characters. A folder inherits nothing from the one above it.
+
+set(QUILL_ARROWS "")
+
+function(quill_arrow from)
+    cmake_parse_arguments(arg "" "" "TO" ${ARGN})
+    foreach(to IN LISTS arg_TO)
+        set(QUILL_ARROWS "${QUILL_ARROWS};${from}>${to}" PARENT_SCOPE)
+        set(QUILL_ARROWS "${QUILL_ARROWS};${from}>${to}")
+    endforeach()
+endfunction()
+
+quill_arrow(platform/core         TO Qt6::Core ICU::uc)
+quill_arrow(platform/richtext/rtf TO platform/core Qt6::Gui)
+quill_arrow(platform/forms        TO platform/core Qt6::Widgets)
+quill_arrow(platform/controls     TO platform/forms Qt6::Svg)
+quill_arrow(platform/richtext     TO platform/forms platform/richtext/rtf)
+quill_arrow(frame                 TO platform/forms platform/controls)
+quill_arrow(word                  TO frame services platform/*)
+quill_arrow(shell                 TO frame services platform/* word)
+quill_arrow(app                   TO *)
+
+function(quill_check_arrow from to)
+    foreach(arrow IN LISTS QUILL_ARROWS)
+        string(REPLACE ">" ";" ends "${arrow}")
+        list(GET ends 0 source)
+        list(GET ends 1 target)
+        string(REPLACE "*" ".*" target "${target}")
+        if(source STREQUAL from AND to MATCHES "^${target}$")
+            return()
+        endif()
+    endforeach()
+    message(FATAL_ERROR "${from} may not link ${to}: cmake/arrows.cmake has no such arrow.")
+endfunction()

@@ -1,0 +1,168 @@
+#include "Files.h"
+
+#include "RuntimeError.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <cerrno>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+class Descriptor
+{
+public:
+    explicit Descriptor(int fd)
+        : m_fd(fd)
+    {
+    }
+    ~Descriptor() { close(); }
+    Descriptor(const Descriptor &) = delete;
+    Descriptor &operator=(const Descriptor &) = delete;
+
+    int get() const { return m_fd; }
+    bool isOpen() const { return m_fd >= 0; }
+    bool close()
+    {
+        const int fd = std::exchange(m_fd, -1);
+        return fd < 0 || ::close(fd) == 0;
+    }
+
+private:
+    int m_fd;
+};
+
+/// The new file beside its name; gone again unless it is renamed into place.
+class Sibling
+{
+public:
+    explicit Sibling(const QByteArray &target)
+        : m_name(target + ".XXXXXX")
+        , m_fd(::mkostemp(m_name.data(), O_CLOEXEC))
+        , m_pending(m_fd.isOpen())
+    {
+    }
+    ~Sibling()
+    {
+        if (m_pending)
+            ::unlink(m_name.constData());
+    }
+
+    bool isOpen() const { return m_fd.isOpen(); }
+    bool write(const QByteArray &bytes);
+    bool takeModeOf(const struct stat &old) { return ::fchmod(m_fd.get(), old.st_mode & 07777) == 0; }
+    bool replace(const QByteArray &target);
+
+private:
+    QByteArray m_name;
+    Descriptor m_fd;
+    bool m_pending;
+};
+
+bool Sibling::write(const QByteArray &bytes)
+{
+    const char *next = bytes.constData();
+    qsizetype left = bytes.size();
+    while (left > 0) {
+        const ssize_t taken = ::write(m_fd.get(), next, size_t(left));
+        if (taken < 0 && errno == EINTR)
+            continue;
+        if (taken < 0)
+            return false;
+        next += taken;
+        left -= taken;
+    }
+    return ::fsync(m_fd.get()) == 0;
+}
+
+bool Sibling::replace(const QByteArray &target)
+{
+    if (!m_fd.close() || ::rename(m_name.constData(), target.constData()) != 0)
+        return false;
+    m_pending = false;
+    return true;
+}
+
+mode_t ordinaryMode()
+{
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return 0666 & ~mask;
+}
+
+/// The file that writing \a path has to replace: what a link points to, else the path itself.
+QByteArray targetOf(const QString &path)
+{
+    const QByteArray name = QFile::encodeName(path);
+    char *resolved = ::realpath(name.constData(), nullptr);
+    if (!resolved)
+        return name;
+    const QByteArray target(resolved);
+    ::free(resolved);
+    return target;
+}
+
+[[noreturn]] void fail(const QString &path, int code = errno)
+{
+    throw RuntimeError::fromErrno(code, path);
+}
+
+} // namespace
+
+QByteArray Files::read(const QString &path)
+{
+    // Not blocking, so that a pipe without a writer is refused instead of waited for.
+    const Descriptor file(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    if (!file.isOpen())
+        fail(path);
+    struct stat state = {};
+    if (::fstat(file.get(), &state) != 0)
+        fail(path);
+    if (!S_ISREG(state.st_mode))
+        throw RuntimeError(ErrorNumber::PathFileAccessError, {}, path);
+
+    QByteArray bytes(state.st_size, Qt::Uninitialized);
+    qsizetype size = 0;
+    for (;;) {
+        if (size == bytes.size())
+            bytes.resize(size + 65536); // the file grew, or does not tell its size
+        const ssize_t got = ::read(file.get(), bytes.data() + size, size_t(bytes.size() - size));
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            fail(path);
+        if (got == 0)
+            break;
+        size += got;
+    }
+    bytes.truncate(size);
+    return bytes;
+}
+
+void Files::write(const QString &path, const QByteArray &bytes)
+{
+    const QByteArray target = targetOf(path);
+    struct stat old = {};
+    const bool replaces = ::stat(target.constData(), &old) == 0;
+    if (replaces && !S_ISREG(old.st_mode))
+        throw RuntimeError(ErrorNumber::PathFileAccessError, {}, path);
+    if (replaces && ::access(target.constData(), W_OK) != 0)
+        fail(path);
+    if (!replaces)
+        old.st_mode = ordinaryMode();
+
+    Sibling sibling(target);
+    if (!sibling.isOpen())
+        fail(path, errno == ENOENT ? ENOTDIR : errno);
+    if (!sibling.takeModeOf(old) || !sibling.write(bytes) || !sibling.replace(target))
+        fail(path);
+
+    const Descriptor folder(::open(QFile::encodeName(QFileInfo(QFile::decodeName(target)).path()).constData(),
+                                   O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.isOpen())
+        ::fsync(folder.get()); // the rename itself has to last; not every file system offers it
+}

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// Whole files, read and written in one piece. Paths are native.
+namespace Files {
+
+/// The bytes of the regular file \a path.
+/// Throws RuntimeError: 53 when it is missing, 70 when it may not be read, 75 when it is a folder, a
+/// device or a pipe, 57 or 7 when reading fails.
+QByteArray read(const QString &path);
+
+/// Replaces \a path by \a bytes: written beside it, synced and renamed over it, so that after any failure
+/// the old file stands whole and nothing is left beside it. Permissions of the old file are kept, and a
+/// symbolic link goes on pointing where it did.
+/// Throws RuntimeError: 61 on a full disk, 70 without permission, 76 when the folder is missing, 75 when
+/// \a path is a folder or a device.
+void write(const QString &path, const QByteArray &bytes);
+
+} // namespace Files

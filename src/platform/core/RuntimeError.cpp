@@ -1,0 +1,82 @@
+#include "RuntimeError.h"
+
+#include <cerrno>
+
+namespace {
+
+QString platformText(int number)
+{
+    switch (number) {
+    case ErrorNumber::InvalidProcedureCall:
+        return QStringLiteral("Invalid procedure call or argument");
+    case ErrorNumber::Overflow:
+        return QStringLiteral("Overflow");
+    case ErrorNumber::OutOfMemory:
+        return QStringLiteral("Out of memory");
+    case ErrorNumber::TypeMismatch:
+        return QStringLiteral("Type mismatch");
+    case ErrorNumber::FileNotFound:
+        return QStringLiteral("File not found");
+    case ErrorNumber::DeviceIoError:
+        return QStringLiteral("Device I/O error");
+    case ErrorNumber::DiskFull:
+        return QStringLiteral("Disk full");
+    case ErrorNumber::PermissionDenied:
+        return QStringLiteral("Permission denied");
+    case ErrorNumber::PathFileAccessError:
+        return QStringLiteral("Path/File access error");
+    case ErrorNumber::PathNotFound:
+        return QStringLiteral("Path not found");
+    case ErrorNumber::ObjectNotSet:
+        return QStringLiteral("Object variable or With block variable not set");
+    case ErrorNumber::InvalidFileFormat:
+        return QStringLiteral("Invalid file format");
+    case ErrorNumber::InvalidPropertyValue:
+        return QStringLiteral("Invalid property value");
+    case ErrorNumber::NoSuchMember:
+        return QStringLiteral("Object doesn't support this property or method");
+    case ErrorNumber::DialogCancelled:
+        return QStringLiteral("Cancel was selected.");
+    default:
+        return QStringLiteral("Application-defined or object-defined error");
+    }
+}
+
+int numberForErrno(int code)
+{
+    switch (code) {
+    case ENOENT:
+        return ErrorNumber::FileNotFound;
+    case ENOTDIR:
+        return ErrorNumber::PathNotFound;
+    case EACCES:
+    case EPERM:
+    case EROFS:
+        return ErrorNumber::PermissionDenied;
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return ErrorNumber::DiskFull;
+    case ENOMEM:
+        return ErrorNumber::OutOfMemory;
+    case EIO:
+        return ErrorNumber::DeviceIoError;
+    default:
+        return ErrorNumber::PathFileAccessError;
+    }
+}
+
+} // namespace
+
+RuntimeError::RuntimeError(int number, const QString &description, const QString &source)
+    : m_number(number)
+    , m_description(description.isEmpty() ? platformText(number) : description)
+    , m_source(source)
+    , m_what(QStringLiteral("%1: %2").arg(number).arg(m_description).toUtf8())
+{
+}
+
+RuntimeError RuntimeError::fromErrno(int code, const QString &path)
+{
+    return RuntimeError(numberForErrno(code), {}, path);
+}

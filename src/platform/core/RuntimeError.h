@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QString>
+#include <exception>
+
+/// The platform's error numbers, as far as the suite names them.
+namespace ErrorNumber {
+inline constexpr int InvalidProcedureCall = 5;
+inline constexpr int Overflow = 6;
+inline constexpr int OutOfMemory = 7;
+inline constexpr int TypeMismatch = 13;
+inline constexpr int FileNotFound = 53;
+inline constexpr int DeviceIoError = 57;
+inline constexpr int DiskFull = 61;
+inline constexpr int PermissionDenied = 70;
+inline constexpr int PathFileAccessError = 75;
+inline constexpr int PathNotFound = 76;
+inline constexpr int ObjectNotSet = 91;
+inline constexpr int InvalidFileFormat = 321;
+inline constexpr int InvalidPropertyValue = 380;
+inline constexpr int NoSuchMember = 438;
+inline constexpr int DialogCancelled = 32755;
+} // namespace ErrorNumber
+
+/// A failure that a handler may trap. Untrapped, it ends the process with the default error box.
+class RuntimeError : public std::exception
+{
+public:
+    /// An empty \a description stands for the platform's own text for \a number.
+    explicit RuntimeError(int number, const QString &description = {}, const QString &source = {});
+
+    int number() const { return m_number; }
+    QString description() const { return m_description; }
+    /// The path, member or value that the failure is about; may be empty.
+    QString source() const { return m_source; }
+    const char *what() const noexcept override { return m_what.constData(); }
+
+    /// The error for the C library's \a code (an errno value) met while touching \a path.
+    static RuntimeError fromErrno(int code, const QString &path);
+
+private:
+    int m_number;
+    QString m_description;
+    QString m_source;
+    QByteArray m_what;
+};

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+/// The suite's version, as the build file gives it.
+namespace Version {
+
+inline constexpr int major = QUILL_VERSION_MAJOR;
+inline constexpr int minor = QUILL_VERSION_MINOR;
+inline constexpr int revision = QUILL_VERSION_REVISION;
+
+/// "2.0.1"
+inline QString text()
+{
+    return QStringLiteral("%1.%2.%3").arg(major).arg(minor).arg(revision);
+}
+
+} // namespace Version

@@ -1,0 +1,40 @@
+#include "QtMessages.h"
+
+#include <QStringList>
+#include <cstdio>
+#include <gtest/gtest.h>
+
+namespace {
+
+QStringList &expected()
+{
+    static QStringList parts;
+    return parts;
+}
+
+bool isExpected(const QString &message)
+{
+    return std::any_of(expected().cbegin(), expected().cend(),
+                       [&](const QString &part) { return message.contains(part); });
+}
+
+void receive(QtMsgType type, const QMessageLogContext &, const QString &message)
+{
+    std::fprintf(stderr, "%s\n", qUtf8Printable(message));
+    if ((type == QtWarningMsg || type == QtCriticalMsg) && !isExpected(message))
+        ADD_FAILURE() << "Qt warning: " << qUtf8Printable(message);
+}
+
+} // namespace
+
+void QtMessages::install()
+{
+    // Spoken by the offscreen platform about itself.
+    expect(QStringLiteral("This plugin does not support"));
+    qInstallMessageHandler(receive);
+}
+
+void QtMessages::expect(const QString &part)
+{
+    expected().append(part);
+}

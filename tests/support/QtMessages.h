@@ -1,0 +1,13 @@
+#pragma once
+
+class QString;
+
+/// An unexpected Qt warning fails the running test.
+namespace QtMessages {
+
+void install();
+
+/// Lets warnings that contain \a part pass until the end of the process.
+void expect(const QString &part);
+
+} // namespace QtMessages
