@@ -2,24 +2,22 @@
 #
 # "*" stands for any run of characters. A folder inherits nothing from the one above it.
 
-set(QUILL_ARROWS "")
+set(QUILL_ARROWS)
 
 function(quill_arrow from)
     cmake_parse_arguments(arg "" "" "TO" ${ARGN})
-    foreach(to IN LISTS arg_TO)
-        set(QUILL_ARROWS "${QUILL_ARROWS};${from}>${to}" PARENT_SCOPE)
-        set(QUILL_ARROWS "${QUILL_ARROWS};${from}>${to}")
-    endforeach()
+    list(TRANSFORM arg_TO PREPEND "${from}>")
+    set(QUILL_ARROWS ${QUILL_ARROWS} ${arg_TO} PARENT_SCOPE)
 endfunction()
 
 quill_arrow(platform/core         TO Qt6::Core ICU::uc)
 quill_arrow(platform/richtext/rtf TO platform/core Qt6::Gui)
 quill_arrow(platform/forms        TO platform/core Qt6::Widgets)
-quill_arrow(platform/controls     TO platform/forms Qt6::Svg)
+quill_arrow(platform/controls     TO platform/forms)
 quill_arrow(platform/richtext     TO platform/forms platform/richtext/rtf)
 quill_arrow(frame                 TO platform/forms platform/controls)
 quill_arrow(word                  TO frame services platform/*)
-quill_arrow(shell                 TO frame services platform/* word)
+quill_arrow(shell                 TO frame services platform/* word Qt6::Svg)
 quill_arrow(app                   TO *)
 
 function(quill_check_arrow from to)

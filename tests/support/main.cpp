@@ -1,3 +1,4 @@
+#include "FatalErrors.h"
 #include "QtMessages.h"
 
 #include <QApplication>
@@ -9,7 +10,9 @@ int main(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     ::testing::InitGoogleTest(&argc, argv);
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); // so that a test can type into a file dialog
     QApplication application(argc, argv);
     QtMessages::install();
+    FatalErrors::refuseAll();
     return RUN_ALL_TESTS();
 }

@@ -33,6 +33,8 @@ QString platformText(int number)
         return QStringLiteral("Invalid file format");
     case ErrorNumber::InvalidPropertyValue:
         return QStringLiteral("Invalid property value");
+    case ErrorNumber::ObjectRequired:
+        return QStringLiteral("Object required");
     case ErrorNumber::NoSuchMember:
         return QStringLiteral("Object doesn't support this property or method");
     case ErrorNumber::DialogCancelled:

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QDBusVariant>
+#include <QObject>
+
+/// Whether the desktop's user wants light or dark windows, as the desktop's settings portal tells.
+class ColorScheme : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit ColorScheme(QObject *parent);
+
+    /// False where no portal runs or it has no opinion. Waits at most a twentieth of a second.
+    bool prefersDark() const;
+
+Q_SIGNALS:
+    void changed(bool dark);
+
+private Q_SLOTS:
+    void settingChanged(const QString &nameSpace, const QString &key, const QDBusVariant &value);
+};

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QProxyStyle>
+
+/// Fusion with flat title bars on the child windows, in the palette's colours.
+class FlatTitleStyle : public QProxyStyle
+{
+public:
+    FlatTitleStyle();
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
+                            const QWidget *widget) const override;
+
+private:
+    void drawTitleBar(const QStyleOptionTitleBar &option, QPainter &painter, const QWidget *widget) const;
+    void drawTitleButtons(const QStyleOptionTitleBar &option, QPainter &painter, const QWidget *widget) const;
+};

@@ -1,0 +1,48 @@
+#include "Look.h"
+
+#include "ColorScheme.h"
+#include "EventGate.h"
+#include "FlatTitleStyle.h"
+#include "Palettes.h"
+#include "ThemeIcon.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QIcon>
+
+namespace {
+
+/// Where no desktop names a font, the platform's generic one is too wide for the windows.
+void setFont()
+{
+    const QFont desktop = QApplication::font();
+    if (desktop.family() == QLatin1String("Sans Serif") || desktop.family() == QLatin1String("Sans"))
+        QApplication::setFont(QFont(QStringLiteral("Liberation Sans"), 9));
+}
+
+void setColors(bool dark)
+{
+    QApplication::setPalette(dark ? Palettes::dark() : Palettes::light());
+    ThemeIcon::setUp();
+}
+
+bool desktopPaletteIsDark()
+{
+    return QGuiApplication::palette().color(QPalette::Window).lightnessF() < 0.5;
+}
+
+} // namespace
+
+void Look::apply()
+{
+    const bool darkAlready = desktopPaletteIsDark();
+    QApplication::setStyle(new FlatTitleStyle);
+    setFont();
+    auto *scheme = new ColorScheme(QCoreApplication::instance());
+    if (darkAlready)
+        ThemeIcon::setUp(); // the desktop's own dark palette stands
+    else
+        setColors(scheme->prefersDark());
+    on(scheme, &ColorScheme::changed, scheme, setColors);
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/quill-office-tools.svg")));
+}

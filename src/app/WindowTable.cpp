@@ -1,0 +1,35 @@
+#include "WindowTable.h"
+
+#include "Forms.h"
+#include "frmDocument.h"
+#include "frmOptions.h"
+#include "frmSplash.h"
+
+namespace {
+
+struct Row
+{
+    const char *name;
+    Forms::Instances instances;
+    Form *(*make)();
+};
+
+template<class Window>
+Form *make()
+{
+    return new Window;
+}
+
+constexpr Row windows[] = {
+    {"frmSplash", Forms::Instances::One, make<frmSplash>},
+    {"frmOptions", Forms::Instances::One, make<frmOptions>},
+    {"frmDocument", Forms::Instances::Many, make<frmDocument>},
+};
+
+} // namespace
+
+void WindowTable::registerAll()
+{
+    for (const Row &row : windows)
+        Forms::registerWindow(QString::fromLatin1(row.name), row.instances, row.make);
+}

@@ -1,0 +1,20 @@
+#include "EntryRoutine.h"
+#include "Look.h"
+#include "Paths.h"
+#include "SuiteApplication.h"
+#include "Version.h"
+#include "WindowTable.h"
+
+int main(int argc, char **argv)
+{
+    SuiteApplication application(argc, argv);
+    QCoreApplication::setApplicationName(Paths::applicationTitle);
+    QCoreApplication::setApplicationVersion(Version::text());
+    QGuiApplication::setApplicationDisplayName({});
+    QGuiApplication::setDesktopFileName(QStringLiteral("quill-office-tools"));
+    QGuiApplication::setQuitOnLastWindowClosed(false); // the process lives as long as the frame, not the splash
+    Look::apply();
+    WindowTable::registerAll();
+    EntryRoutine();
+    return SuiteApplication::exec();
+}

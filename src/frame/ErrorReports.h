@@ -1,0 +1,31 @@
+#pragma once
+
+#include "RuntimeError.h"
+
+/// The application-wide error report: a box, then the end of the process, in which no window gets to ask.
+void ReportFatalError(int number, const QString &description);
+
+/// The box "System Error!"; a cancelled dialog (32755) shows nothing.
+void ReportRecoverableError(int number, const QString &description);
+
+/// Runs \a step and reports what it throws by ReportRecoverableError; execution then goes on behind it.
+template<class Step>
+void resumeNext(Step &&step)
+{
+    try {
+        step();
+    } catch (const RuntimeError &error) {
+        ReportRecoverableError(error.number(), error.description());
+    }
+}
+
+/// Runs \a step and ignores what it throws.
+template<class Step>
+void ignoreErrors(Step &&step)
+{
+    try {
+        step();
+    } catch (const RuntimeError &) {
+        return;
+    }
+}

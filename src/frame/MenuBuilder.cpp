@@ -1,0 +1,64 @@
+#include "MenuBuilder.h"
+
+#include "ThemeIcon.h"
+
+namespace {
+
+/// A row followed by a deeper one is a menu, as is every row of the bar.
+bool opensMenu(std::span<const MenuRow> rows, std::size_t index)
+{
+    return rows[index].level == 0 || (index + 1 < rows.size() && rows[index + 1].level > rows[index].level);
+}
+
+void furnish(QAction &action, const MenuRow &row)
+{
+    action.setObjectName(QString::fromLatin1(row.name));
+    action.setMenuRole(QAction::NoRole);
+    action.setVisible(!(row.flags & MenuRow::Hidden));
+    action.setEnabled(!(row.flags & MenuRow::Disabled));
+    if (row.flags & MenuRow::Checked) {
+        action.setCheckable(true);
+        action.setChecked(true);
+    }
+    if (row.shortcut)
+        action.setShortcut(QKeySequence(QString::fromLatin1(row.shortcut), QKeySequence::PortableText));
+    if (row.icon)
+        action.setIcon(ThemeIcon::named(QString::fromLatin1(row.icon)));
+}
+
+} // namespace
+
+QList<QMenu *> MenuBuilder::build(std::span<const MenuRow> rows, QWidget &owner)
+{
+    QList<QMenu *> open; // the menu that each level is being filled into
+    QList<QMenu *> bar;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const MenuRow &row = rows[i];
+        const QString caption = QString::fromLatin1(row.caption);
+        open.resize(row.level);
+        if (opensMenu(rows, i)) {
+            auto *menu = new QMenu(caption, &owner);
+            if (open.isEmpty())
+                bar.append(menu);
+            else
+                open.last()->addMenu(menu);
+            open.append(menu);
+            furnish(*menu->menuAction(), row);
+        } else {
+            QAction *item = row.flags & MenuRow::Separator ? open.last()->addSeparator()
+                                                           : open.last()->addAction(caption);
+            furnish(*item, row);
+        }
+    }
+    return bar;
+}
+
+void MenuBuilder::refreshIcons(std::span<const MenuRow> rows, const QWidget &owner)
+{
+    for (const MenuRow &row : rows) {
+        if (!row.icon)
+            continue;
+        if (auto *action = owner.findChild<QAction *>(QString::fromLatin1(row.name)))
+            action->setIcon(ThemeIcon::named(QString::fromLatin1(row.icon)));
+    }
+}

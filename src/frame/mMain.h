@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+
+/// The folder of the system's own programs without a trailing separator, or an empty text where there is none.
+QString SystemDirectory();
+
+/// Unloads every open window whose name is exactly \a name.
+void CloseFormByName(const QString &name);
+
+// What the standard tool menu asks of the frame.
+void CascadeChildren();
+void TileChildrenHorizontal();
+void TileChildrenVertical();
+void ArrangeChildIcons();

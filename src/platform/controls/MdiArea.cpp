@@ -1,0 +1,121 @@
+#include "MdiArea.h"
+
+#include "EventGate.h"
+
+#include <QEvent>
+#include <QMdiSubWindow>
+#include <QStyle>
+#include <algorithm>
+
+namespace {
+
+bool isIcon(const QMdiSubWindow *child)
+{
+    return child->isVisible() && child->isMinimized();
+}
+
+} // namespace
+
+MdiArea::MdiArea(QWidget *parent)
+    : QMdiArea(parent)
+{
+    setActivationOrder(ActivationHistoryOrder);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setBackgroundFromPalette();
+}
+
+void MdiArea::arrange(Arrangement arrangement)
+{
+    arrangeIcons();
+    if (arrangement == Arrangement::Cascade)
+        cascade();
+    else if (arrangement == Arrangement::TileHorizontal)
+        tile(Qt::Vertical);
+    else if (arrangement == Arrangement::TileVertical)
+        tile(Qt::Horizontal);
+}
+
+/// Bottom of the stack first, so that the active child comes last.
+QList<QMdiSubWindow *> MdiArea::openChildren() const
+{
+    QList<QMdiSubWindow *> open;
+    for (QMdiSubWindow *child : subWindowList(StackingOrder)) {
+        if (child->isVisible() && !isIcon(child))
+            open.append(child);
+    }
+    return open;
+}
+
+QRect MdiArea::roomForOpenChildren() const
+{
+    QRect room = viewport()->rect();
+    for (const QMdiSubWindow *child : subWindowList()) {
+        if (isIcon(child))
+            room.setBottom(std::min(room.bottom(), child->geometry().top() - 1));
+    }
+    return room;
+}
+
+void MdiArea::cascade()
+{
+    const QRect room = roomForOpenChildren();
+    const int step = style()->pixelMetric(QStyle::PM_TitleBarHeight) + style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    const QSize size = room.size() * 2 / 3;
+    const int places = std::max(1, (room.height() - size.height()) / std::max(1, step));
+    int place = 0;
+    for (QMdiSubWindow *child : openChildren()) {
+        child->showNormal();
+        child->setGeometry(QRect(room.topLeft() + QPoint(step, step) * (place % places), size));
+        child->raise();
+        ++place;
+    }
+}
+
+void MdiArea::tile(Qt::Orientation direction)
+{
+    const QRect room = roomForOpenChildren();
+    QList<QMdiSubWindow *> open = openChildren();
+    std::reverse(open.begin(), open.end()); // the active child takes the first strip
+    const int count = int(open.size());
+    const int length = direction == Qt::Vertical ? room.height() : room.width();
+    for (int i = 0; i < count; ++i) {
+        const int from = length * i / count;
+        const int extent = length * (i + 1) / count - from;
+        open[i]->showNormal();
+        open[i]->setGeometry(direction == Qt::Vertical
+                                 ? QRect(room.left(), room.top() + from, room.width(), extent)
+                                 : QRect(room.left() + from, room.top(), extent, room.height()));
+    }
+}
+
+void MdiArea::arrangeIcons()
+{
+    QPoint corner = viewport()->rect().bottomLeft() + QPoint(0, 1);
+    for (QMdiSubWindow *child : childWindows()) {
+        if (!isIcon(child))
+            continue;
+        if (corner.x() > 0 && corner.x() + child->width() > viewport()->width())
+            corner = QPoint(0, corner.y() - child->height());
+        child->move(corner - QPoint(0, child->height()));
+        corner.rx() += child->width();
+    }
+}
+
+void MdiArea::resizeEvent(QResizeEvent *event)
+{
+    QMdiArea::resizeEvent(event);
+    run([&] { arrangeIcons(); });
+}
+
+void MdiArea::changeEvent(QEvent *event)
+{
+    QMdiArea::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        run([&] { setBackgroundFromPalette(); });
+}
+
+void MdiArea::setBackgroundFromPalette()
+{
+    setBackground(palette().color(QPalette::Window).darker(115));
+}

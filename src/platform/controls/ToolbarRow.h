@@ -1,0 +1,10 @@
+#pragma once
+
+/// One button of a toolbar's constant table.
+struct ToolbarRow
+{
+    int position;        ///< from 1; positions without a row are free
+    const char *key;     ///< the button's objectName; nullptr for a separator
+    const char *toolTip; ///< also the accessible name
+    const char *icon;    ///< freedesktop icon name
+};

@@ -1,0 +1,87 @@
+#include "EventGate.h"
+
+#include "Paths.h"
+#include "Prompts.h"
+#include "RuntimeError.h"
+
+#include <QCoreApplication>
+#include <cstdlib>
+
+namespace {
+
+void showDefaultBox(int number, const QString &description)
+{
+    MsgBox(QStringLiteral("Run-time error '%1':\n\n%2").arg(number).arg(description), MsgBoxStyle::Critical);
+}
+
+bool failing = false;
+
+/// A normal end lets the application object go as it should, so that what was copied stays with the desktop; but no
+/// handler runs any more.
+void endProcess(int code)
+{
+    if (code != EXIT_SUCCESS || !QCoreApplication::instance())
+        std::_Exit(code);
+    failing = true;
+    QCoreApplication::exit(code);
+}
+
+EventGate::Box &currentBox()
+{
+    static EventGate::Box current = showDefaultBox;
+    return current;
+}
+
+EventGate::End &currentEnd()
+{
+    static EventGate::End current = endProcess;
+    return current;
+}
+
+} // namespace
+
+void EventGate::setBox(Box replacement)
+{
+    currentBox() = replacement ? std::move(replacement) : showDefaultBox;
+}
+
+void EventGate::setEnd(End replacement)
+{
+    currentEnd() = replacement ? std::move(replacement) : endProcess;
+}
+
+void EventGate::end(int code)
+{
+    currentEnd()(code);
+}
+
+bool EventGate::isFailing()
+{
+    return failing;
+}
+
+void EventGate::fail(int number, const QString &description)
+{
+    if (failing)
+        return;
+    failing = true;
+    currentBox()(number, description);
+    end(EXIT_FAILURE);
+    failing = false; // reached only where a test replaced the end
+}
+
+void EventGate::failWithCurrentException() noexcept
+{
+    try {
+        throw;
+    } catch (const RuntimeError &error) {
+        fail(error.number(), error.description());
+    } catch (const std::bad_alloc &) {
+        fail(ErrorNumber::OutOfMemory, RuntimeError(ErrorNumber::OutOfMemory).description());
+    } catch (const std::exception &error) {
+        fail(ErrorNumber::InvalidProcedureCall, QString::fromUtf8(error.what()));
+    } catch (...) {
+        fail(ErrorNumber::InvalidProcedureCall,
+             RuntimeError(ErrorNumber::InvalidProcedureCall).description());
+    }
+}

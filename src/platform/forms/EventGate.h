@@ -1,0 +1,88 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <functional>
+#include <tuple>
+#include <type_traits>
+
+/// The one road from an event to a handler. No exception crosses Qt's own frames: what a handler throws and
+/// nobody trapped shows the default error box and ends the process; while that box is up no other handler runs.
+///
+/// What its caller has to trap (the load of a window, a toolbar key running a command) is a plain call instead.
+namespace EventGate {
+
+using Box = std::function<void(int number, const QString &description)>;
+using End = std::function<void(int code)>;
+
+/// Replaces the box and the end of the process, for tests; an empty function puts the real one back.
+void setBox(Box box);
+void setEnd(End end);
+
+/// Ends the process at once with \a code; no window gets to ask.
+void end(int code);
+
+/// The default error box, then the end. Does nothing while another failure is being told.
+void fail(int number, const QString &description);
+
+/// True while the box is up.
+bool isFailing();
+
+/// Tells of the exception being handled.
+void failWithCurrentException() noexcept;
+
+template<std::size_t Count, class Handler, class... Args>
+void callWithPrefix(Handler &handler, std::tuple<Args...> &args);
+
+} // namespace EventGate
+
+/// Runs \a step as the body of an event: for overridden virtuals of Qt.
+template<class Step>
+void run(Step &&step) noexcept
+{
+    if (EventGate::isFailing())
+        return;
+    try {
+        step();
+    } catch (...) {
+        EventGate::failWithCurrentException();
+    }
+}
+
+/// Binds \a handler to a signal of \a sender for as long as \a context lives. The handler takes as many of the
+/// signal's arguments as it likes.
+template<class Sender, class Signal, class Handler>
+QMetaObject::Connection on(Sender *sender, Signal signal, const QObject *context, Handler handler)
+{
+    return QObject::connect(sender, signal, context,
+                            [handler = std::move(handler)]<class... Args>(Args &&...args) mutable {
+                                run([&] {
+                                    std::tuple<Args &&...> all(std::forward<Args>(args)...);
+                                    EventGate::callWithPrefix<sizeof...(Args)>(handler, all);
+                                });
+                            });
+}
+
+/// Binds a member function of \a object, its context, to a signal of \a sender.
+template<class Sender, class Signal, class Object, class Result, class Owner, class... Params>
+QMetaObject::Connection on(Sender *sender, Signal signal, Object *object, Result (Owner::*member)(Params...))
+{
+    return on(sender, signal, static_cast<const QObject *>(object),
+              [object, member](Params... args) { (object->*member)(std::forward<Params>(args)...); });
+}
+
+template<std::size_t Count, class Handler, class... Args>
+void EventGate::callWithPrefix(Handler &handler, std::tuple<Args...> &args)
+{
+    constexpr bool fits = []<std::size_t... I>(std::index_sequence<I...>) {
+        return std::is_invocable_v<Handler &, std::tuple_element_t<I, std::tuple<Args...>>...>;
+    }(std::make_index_sequence<Count>{});
+    if constexpr (fits) {
+        [&]<std::size_t... I>(std::index_sequence<I...>) {
+            handler(std::forward<std::tuple_element_t<I, std::tuple<Args...>>>(std::get<I>(args))...);
+        }(std::make_index_sequence<Count>{});
+    } else {
+        static_assert(Count > 0, "the handler does not fit the signal");
+        callWithPrefix<Count - 1>(handler, args);
+    }
+}

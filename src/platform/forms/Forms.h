@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Form.h"
+
+#include <QList>
+
+/// The collection of loaded windows in order of creation, hidden ones included, and the windows by name.
+namespace Forms {
+
+enum class Instances {
+    One, ///< a named instance, made the first time it is referred to and reused until it is unloaded
+    Many ///< a new instance each time
+};
+
+using Factory = std::function<Form *()>;
+
+/// Makes a window known. Done once for each at start-up.
+void registerWindow(const QString &name, Instances instances, Factory factory);
+
+/// The window \a name, by its kind the named instance or a new one. Throws RuntimeError 424 for a name that nobody
+/// registered.
+Form &refer(const QString &name);
+
+const QList<Form *> &loaded();
+
+/// The loaded windows called \a name.
+QList<Form *> named(const QString &name);
+
+void add(Form &form);
+void remove(Form &form);
+
+} // namespace Forms

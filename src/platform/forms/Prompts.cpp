@@ -1,0 +1,80 @@
+#include "Prompts.h"
+
+#include "Paths.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMessageBox>
+
+namespace {
+
+constexpr int iconBits = 0x70;
+
+/// A question that only Yes or No answers: left by Escape it would take No, and No may discard a document.
+class YesNoBox : public QMessageBox
+{
+public:
+    using QMessageBox::QMessageBox;
+
+protected:
+    void closeEvent(QCloseEvent *event) override { event->ignore(); }
+    void keyPressEvent(QKeyEvent *event) override
+    {
+        if (event->key() != Qt::Key_Escape)
+            QMessageBox::keyPressEvent(event);
+    }
+};
+
+bool has(MsgBoxStyle style, MsgBoxStyle flag)
+{
+    return (int(style) & int(flag)) == int(flag);
+}
+
+QMessageBox::Icon iconOf(MsgBoxStyle style)
+{
+    switch (MsgBoxStyle(int(style) & iconBits)) {
+    case MsgBoxStyle::Critical:
+        return QMessageBox::Critical;
+    case MsgBoxStyle::Question:
+        return QMessageBox::Question;
+    case MsgBoxStyle::Exclamation:
+        return QMessageBox::Warning;
+    case MsgBoxStyle::Information:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::NoIcon;
+    }
+}
+
+QWidget *owner()
+{
+    QWidget *modal = QApplication::activeModalWidget();
+    return modal ? modal : QApplication::activeWindow();
+}
+
+void furnish(QMessageBox &box, const QString &text, MsgBoxStyle style, const QString &title)
+{
+    box.setObjectName(QStringLiteral("MsgBox"));
+    box.setWindowTitle(title.isEmpty() ? Paths::applicationTitle : title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text);
+    box.setIcon(iconOf(style));
+}
+
+} // namespace
+
+int MsgBox(const QString &text, MsgBoxStyle style, const QString &title)
+{
+    if (!has(style, MsgBoxStyle::YesNo)) {
+        QMessageBox box(owner());
+        furnish(box, text, style, title);
+        box.setStandardButtons(QMessageBox::Ok);
+        box.exec();
+        return MsgBoxReply::Ok;
+    }
+    YesNoBox box(owner());
+    furnish(box, text, style, title);
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(QMessageBox::Yes);
+    return box.exec() == QMessageBox::Yes ? MsgBoxReply::Yes : MsgBoxReply::No;
+}

@@ -1,0 +1,79 @@
+#include "LinkMarks.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QScrollBar>
+#include <QTextEdit>
+
+namespace {
+
+QTextEdit::ExtraSelection look(const QTextEdit &view, const LinkFinder::Link &link)
+{
+    QTextEdit::ExtraSelection mark;
+    mark.cursor = view.textCursor();
+    mark.cursor.setPosition(link.first);
+    mark.cursor.setPosition(link.end, QTextCursor::KeepAnchor);
+    mark.format.setForeground(view.palette().link());
+    mark.format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
+    return mark;
+}
+
+} // namespace
+
+LinkMarks::LinkMarks(QTextEdit &view)
+    : m_view(view)
+{
+}
+
+void LinkMarks::setOn(bool on)
+{
+    m_on = on;
+    m_view.viewport()->update();
+}
+
+void LinkMarks::markVisible()
+{
+    const QList<LinkFinder::Link> links = m_on ? visibleLinks() : QList<LinkFinder::Link>();
+    if (links == m_marked)
+        return;
+    m_marked = links;
+    QList<QTextEdit::ExtraSelection> marks;
+    for (const LinkFinder::Link &link : links)
+        marks.append(look(m_view, link));
+    m_view.setExtraSelections(marks);
+}
+
+void LinkMarks::press(const QPoint &point)
+{
+    m_pressed = linkAt(point);
+}
+
+std::optional<LinkFinder::Link> LinkMarks::release(const QPoint &point)
+{
+    const std::optional<LinkFinder::Link> pressed = std::exchange(m_pressed, std::nullopt);
+    if (!pressed || pressed != linkAt(point) || m_view.textCursor().hasSelection())
+        return std::nullopt;
+    return pressed;
+}
+
+void LinkMarks::hover(const QPoint &point)
+{
+    m_view.viewport()->setCursor(linkAt(point) ? Qt::PointingHandCursor : Qt::IBeamCursor);
+}
+
+std::optional<LinkFinder::Link> LinkMarks::linkAt(const QPoint &point) const
+{
+    if (!m_on)
+        return std::nullopt;
+    const QPoint scrolled(m_view.horizontalScrollBar()->value(), m_view.verticalScrollBar()->value());
+    const QTextDocument &document = *m_view.document();
+    const int position = document.documentLayout()->hitTest(point + scrolled, Qt::ExactHit);
+    return position < 0 ? std::nullopt : LinkFinder::at(document, position);
+}
+
+QList<LinkFinder::Link> LinkMarks::visibleLinks() const
+{
+    const QRect area = m_view.viewport()->rect();
+    const int first = m_view.cursorForPosition(area.topLeft()).position();
+    const int end = m_view.cursorForPosition(area.bottomRight()).position();
+    return LinkFinder::between(*m_view.document(), first, end);
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "LinkFinder.h"
+
+class QPoint;
+class QTextEdit;
+
+/// Shows the links of a text: their look, the pointer above them, and which one was clicked.
+///
+/// Only what is in view is looked at, and the look is laid over the text when it is painted. So neither the
+/// document nor its layout changes, and a document's length costs nothing.
+class LinkMarks
+{
+public:
+    explicit LinkMarks(QTextEdit &view);
+
+    void setOn(bool on);
+
+    /// To be called before the view is painted.
+    void markVisible();
+
+    /// The mouse in the view: the left button's press and release, and a move. A release gives the link that
+    /// was pressed too, unless text was selected on the way.
+    void press(const QPoint &point);
+    std::optional<LinkFinder::Link> release(const QPoint &point);
+    void hover(const QPoint &point);
+
+private:
+    std::optional<LinkFinder::Link> linkAt(const QPoint &point) const;
+    QList<LinkFinder::Link> visibleLinks() const;
+
+    QTextEdit &m_view;
+    bool m_on = false;
+    QList<LinkFinder::Link> m_marked;
+    std::optional<LinkFinder::Link> m_pressed;
+};

@@ -1,0 +1,166 @@
+#include "ParagraphEdits.h"
+
+#include "ListMark.h"
+#include "ParagraphFormat.h"
+#include "RichTextProperties.h"
+#include "SelectionRanges.h"
+
+#include <QHash>
+#include <QTextDocument>
+#include <QTextList>
+#include <functional>
+
+namespace {
+
+constexpr int markWidth = 240; // twips, room for the mark itself
+constexpr int notInList = -1;
+
+using Change = std::function<void(QTextBlockFormat &)>;
+using Choice = std::function<bool(const QTextBlock &)>;
+
+int firstLineEdge(const QTextBlockFormat &format)
+{
+    return ParagraphFormat::leftIndent(format) + ParagraphFormat::firstLineIndent(format);
+}
+
+/// The paragraphs from one to another that all have the same format.
+struct Stretch
+{
+    int first = 0;
+    int last = 0;
+    int format = 0; // its index
+};
+
+QList<Stretch> stretches(const QTextCursor &selection, const Choice &choice)
+{
+    QList<Stretch> found;
+    int next = -1;
+    SelectionRanges::forEachParagraph(selection, [&](const QTextBlock &block) {
+        if (choice(block)) {
+            const int format = block.blockFormatIndex();
+            if (found.isEmpty() || found.constLast().format != format || next != block.position())
+                found.append({block.position(), 0, format});
+            found.last().last = block.position();
+            next = block.position() + block.length();
+        }
+        return true;
+    });
+    return found;
+}
+
+/// One format change for each stretch of like paragraphs, as a change for each of many is dear.
+void apply(const QTextCursor &selection, const Choice &choice, const Change &change)
+{
+    QTextCursor edit(selection.document());
+    edit.beginEditBlock();
+    for (const Stretch &stretch : stretches(selection, choice)) {
+        edit.setPosition(stretch.first);
+        QTextBlockFormat format = edit.blockFormat();
+        change(format);
+        edit.setPosition(stretch.last, QTextCursor::KeepAnchor);
+        edit.setBlockFormat(format);
+    }
+    edit.endEditBlock();
+}
+
+bool all(const QTextBlock &)
+{
+    return true;
+}
+
+const QTextList *plainBullets(const QTextBlock &block)
+{
+    const QTextList *list = block.isValid() ? block.textList() : nullptr;
+    return list && list->format().style() == QTextListFormat::ListDisc ? list : nullptr;
+}
+
+bool isBulletFormat(const QTextDocument &document, const QTextBlockFormat &format)
+{
+    const auto *list = qobject_cast<const QTextList *>(document.object(format.objectIndex()));
+    return list && !ListMark::isNumbered(list->format());
+}
+
+/// The list that \a item joins: that of the paragraph before it, or of the one at \a behind, else a new one.
+int listFor(const QTextBlock &item, const QTextBlock &behind)
+{
+    if (const QTextList *list = plainBullets(item.previous()))
+        return list->objectIndex();
+    if (const QTextList *list = plainBullets(behind))
+        return list->objectIndex();
+
+    QTextListFormat format;
+    format.setStyle(QTextListFormat::ListDisc);
+    format.setIndent(0); // the paragraphs indent
+    return QTextCursor(item).createList(format)->objectIndex();
+}
+
+/// As above for all paragraphs of \a selection that have no bullet yet.
+int listFor(const QTextCursor &selection)
+{
+    QTextBlock first;
+    QTextBlock last;
+    SelectionRanges::forEachParagraph(selection, [&](const QTextBlock &block) {
+        if (!first.isValid() && !ParagraphEdits::isBulleted(block))
+            first = block;
+        last = block;
+        return true;
+    });
+    return first.isValid() ? listFor(first, last.next()) : notInList;
+}
+
+void outdent(QTextBlockFormat &format)
+{
+    const int edge = firstLineEdge(format);
+    format.setObjectIndex(notInList);
+    ParagraphFormat::setIndents(format, edge, ParagraphFormat::rightIndent(format), 0);
+}
+
+} // namespace
+
+bool ParagraphEdits::isBulleted(const QTextBlock &block)
+{
+    const QTextList *list = block.textList();
+    return list && !ListMark::isNumbered(list->format());
+}
+
+void ParagraphEdits::setIndent(const QTextCursor &selection, int indent)
+{
+    apply(selection, all, [indent](QTextBlockFormat &format) {
+        const int firstLine = ParagraphFormat::firstLineIndent(format);
+        ParagraphFormat::setIndents(format, indent - firstLine, ParagraphFormat::rightIndent(format), firstLine);
+    });
+}
+
+void ParagraphEdits::setRightIndent(const QTextCursor &selection, int indent)
+{
+    apply(selection, all, [indent](QTextBlockFormat &format) {
+        ParagraphFormat::setIndents(format, ParagraphFormat::leftIndent(format), indent,
+                                    ParagraphFormat::firstLineIndent(format));
+    });
+}
+
+void ParagraphEdits::addBullets(const QTextCursor &selection, int distance)
+{
+    QTextCursor whole(selection.document());
+    whole.beginEditBlock();
+    const int list = listFor(selection);
+    const int hanging = distance + markWidth;
+    apply(selection, all, [&](QTextBlockFormat &format) {
+        if (!isBulletFormat(*selection.document(), format))
+            format.setObjectIndex(list);
+        ParagraphFormat::setIndents(format, firstLineEdge(format) + hanging,
+                                    ParagraphFormat::rightIndent(format), -hanging);
+    });
+    whole.endEditBlock();
+}
+
+void ParagraphEdits::removeBullets(const QTextCursor &selection)
+{
+    apply(selection, isBulleted, outdent);
+}
+
+void ParagraphEdits::leaveList(const QTextCursor &selection)
+{
+    apply(
+        selection, [](const QTextBlock &block) { return block.textList() != nullptr; }, outdent);
+}

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+class QImage;
+class QTextCursor;
+class QTextDocument;
+
+/// The pictures that documents hold as resources of their own.
+namespace Pictures {
+
+/// Puts \a image in place of the selection of \a cursor.
+void insert(QTextCursor &cursor, const QImage &image);
+
+/// Hands the pictures of \a from, whose text is about to be inserted into \a to, over to it, under names that
+/// are free there.
+void move(QTextDocument &from, QTextDocument &to);
+
+/// The picture that is all of the selection of \a cursor; null when there is more, or none.
+QImage selected(const QTextCursor &cursor);
+
+} // namespace Pictures

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "RichTextFile.h"
+
+#include <QColor>
+#include <QTextEdit>
+#include <optional>
+
+class QPagedPaintDevice;
+
+/// The rich-text control: text, selection, formats, files and links under the names that all windows use.
+/// A character or paragraph state of the selection is std::nullopt where it is mixed.
+/// It knows no window, no menu and no dirty flag.
+class RichTextBox : public QTextEdit
+{
+    Q_OBJECT
+
+public:
+    explicit RichTextBox(QWidget *parent = nullptr);
+    ~RichTextBox() override;
+
+    /// Replaces the content, caret at the start, nothing to undo; what is not rich text loads as plain text.
+    /// Throws RuntimeError as Files::read does; the content is then as before.
+    void LoadFile(const QString &path);
+    /// A plain file keeps the line ends it was loaded with. Throws RuntimeError as Files::write does; the old
+    /// file then stands whole.
+    void SaveFile(const QString &path, RichTextFile::Format format) const;
+
+    QByteArray TextRTF() const;
+    void setTextRTF(const QByteArray &rtf);
+    /// One character for each position; paragraphs and forced lines end in "\n".
+    QString Text() const;
+    void setText(const QString &text);
+
+    QByteArray SelRTF() const;
+    /// Inserts rich text, or plain text if it is none, in place of the selection.
+    void setSelRTF(const QByteArray &rtf);
+    /// Positions in Text(). Throws RuntimeError 380 for negative values; larger ones end at the text's end.
+    int SelStart() const;
+    void setSelStart(int position);
+    int SelLength() const;
+    void setSelLength(int length);
+    QString SelText() const;
+    void setSelText(const QString &text);
+
+    std::optional<bool> SelBold() const;
+    void setSelBold(bool on);
+    std::optional<bool> SelItalic() const;
+    void setSelItalic(bool on);
+    std::optional<bool> SelUnderline() const;
+    void setSelUnderline(bool on);
+    std::optional<bool> SelStrikeThru() const;
+    void setSelStrikeThru(bool on);
+    std::optional<QColor> SelColor() const;
+    void setSelColor(const QColor &color);
+    std::optional<QString> SelFontName() const;
+    void setSelFontName(const QString &name);
+    /// Points.
+    std::optional<double> SelFontSize() const;
+    void setSelFontSize(double size);
+
+    /// 0 left, 1 right, 2 centre; justified text counts as left. Setting another value throws RuntimeError 380.
+    std::optional<int> SelAlignment() const;
+    void setSelAlignment(int alignment);
+    std::optional<bool> SelBullet() const;
+    void setSelBullet(bool on);
+    /// Twips; the distance of bullet and text that setSelBullet() gives. Throws RuntimeError 380 below 0.
+    int BulletIndent() const;
+    void setBulletIndent(int indent);
+    /// Twips, of the first line; the other lines keep their distance from it.
+    std::optional<int> SelIndent() const;
+    void setSelIndent(int indent);
+    std::optional<int> SelRightIndent() const;
+    void setSelRightIndent(int indent);
+
+    /// Twips; 0 wraps at the control's edge.
+    int RightMargin() const;
+    void setRightMargin(int margin);
+    bool Locked() const;
+    void setLocked(bool locked);
+
+    /// Prints the selection, or everything when it is empty. Does nothing without a device.
+    void SelPrint(QPagedPaintDevice *device) const;
+
+    /// Marks web and mail addresses in the text and tells of clicks on them; the document itself is not changed.
+    void setAutoURLDetection(bool on);
+
+Q_SIGNALS:
+    void Change();
+    void SelChange();
+    void GotFocus();
+    /// A marked address was clicked: the characters from \a first up to \a end of Text().
+    void LinkClicked(int first, int end);
+};

@@ -1,0 +1,152 @@
+#include "CharacterWords.h"
+
+#include "RichTextProperties.h"
+#include "RtfHeader.h"
+#include "RtfWords.h"
+
+#include <QBrush>
+#include <array>
+
+namespace {
+
+const char *underline(QTextCharFormat::UnderlineStyle style)
+{
+    switch (style) {
+    case QTextCharFormat::SingleUnderline:
+        return "ul";
+    case QTextCharFormat::DashUnderline:
+        return "uldash";
+    case QTextCharFormat::DotLine:
+        return "uld";
+    case QTextCharFormat::DashDotLine:
+        return "uldashd";
+    case QTextCharFormat::DashDotDotLine:
+        return "uldashdd";
+    case QTextCharFormat::WaveUnderline:
+        return "ulwave";
+    default:
+        return nullptr;
+    }
+}
+
+/// Points; the relative sizes of HTML become real ones.
+double sizeOf(const QTextCharFormat &format, const QFont &standard)
+{
+    constexpr double pointsPerPixel = 0.75; // where nobody said otherwise, at 96 to the inch
+    constexpr std::array<double, 7> relative = {0.7, 0.8, 1.0, 1.2, 1.5, 2.0, 2.4};
+    constexpr int usual = 2;
+    double size = standard.pointSizeF() > 0 ? standard.pointSizeF() : standard.pixelSize() * pointsPerPixel;
+    if (format.fontPointSize() > 0)
+        size = format.fontPointSize();
+    else if (format.intProperty(QTextFormat::FontPixelSize) > 0)
+        size = format.intProperty(QTextFormat::FontPixelSize) * pointsPerPixel;
+    const int step = format.intProperty(QTextFormat::FontSizeAdjustment) + usual;
+    return size * relative[size_t(qBound(0, step, int(relative.size()) - 1))];
+}
+
+QString familyOf(const QTextCharFormat &format, const QFont &standard)
+{
+    const QStringList families = format.fontFamilies().toStringList();
+    return families.isEmpty() || families.constFirst().isEmpty() ? standard.family() : families.constFirst();
+}
+
+int weightOf(const QTextCharFormat &format, const QFont &standard)
+{
+    return format.hasProperty(QTextFormat::FontWeight) ? format.fontWeight() : standard.weight();
+}
+
+} // namespace
+
+CharacterWords::CharacterWords(const QList<QTextFormat> &formats, const QFont &standard, RtfHeader &header)
+    : m_formats(formats)
+    , m_standard(standard)
+    , m_header(header)
+    , m_runs(formats.size())
+    , m_addresses{QString()}
+{}
+
+CharacterWords::Run CharacterWords::run(int format)
+{
+    Run &known = m_runs[format];
+    if (known.words < 0)
+        known = make(m_formats.at(format).toCharFormat());
+    return known;
+}
+
+CharacterWords::Run CharacterWords::make(const QTextCharFormat &format)
+{
+    Run run;
+    run.words = m_words.number(wordsOf(format));
+    if (format.isAnchor() && !format.anchorHref().isEmpty()) {
+        run.link = int(m_addresses.indexOf(format.anchorHref()));
+        if (run.link < 0) {
+            run.link = int(m_addresses.size());
+            m_addresses.append(format.anchorHref());
+        }
+    }
+    run.isPicture = format.isImageFormat();
+    return run;
+}
+
+QByteArray CharacterWords::wordsOf(const QTextCharFormat &format)
+{
+    QByteArray out;
+    appendFont(out, format);
+    appendLines(out, format);
+    appendPosition(out, format);
+    appendColours(out, format);
+    if (format.hasProperty(RichTextProperty::Language))
+        RtfWords::append(out, "lang", format.intProperty(RichTextProperty::Language));
+    return out;
+}
+
+void CharacterWords::appendFont(QByteArray &out, const QTextCharFormat &format)
+{
+    constexpr int plainSize = 24; // half points
+    const int font = m_header.fonts.number(familyOf(format, m_standard));
+    if (font != 0)
+        RtfWords::append(out, "f", font);
+    const int size = qRound(2 * sizeOf(format, m_standard));
+    if (size != plainSize)
+        RtfWords::append(out, "fs", size);
+    if (weightOf(format, m_standard) >= QFont::DemiBold)
+        RtfWords::append(out, "b");
+    if (format.hasProperty(QTextFormat::FontItalic) ? format.fontItalic() : m_standard.italic())
+        RtfWords::append(out, "i");
+    if (format.fontCapitalization() == QFont::AllUppercase)
+        RtfWords::append(out, "caps");
+    else if (format.fontCapitalization() == QFont::SmallCaps)
+        RtfWords::append(out, "scaps");
+}
+
+void CharacterWords::appendLines(QByteArray &out, const QTextCharFormat &format)
+{
+    if (const char *word = underline(format.underlineStyle())) {
+        RtfWords::append(out, word);
+        if (format.underlineColor().isValid())
+            RtfWords::append(out, "ulc", m_header.colours.number(format.underlineColor()));
+    }
+    if (format.fontStrikeOut())
+        RtfWords::append(out, "strike");
+}
+
+void CharacterWords::appendPosition(QByteArray &out, const QTextCharFormat &format) const
+{
+    if (format.verticalAlignment() == QTextCharFormat::AlignSuperScript)
+        RtfWords::append(out, "super");
+    else if (format.verticalAlignment() == QTextCharFormat::AlignSubScript)
+        RtfWords::append(out, "sub");
+    const int shift = format.intProperty(RichTextProperty::BaselineShift);
+    if (shift != 0)
+        RtfWords::append(out, shift > 0 ? "up" : "dn", qAbs(shift));
+}
+
+void CharacterWords::appendColours(QByteArray &out, const QTextCharFormat &format)
+{
+    const int text = m_header.colours.number(format.foreground());
+    if (text != 0)
+        RtfWords::append(out, "cf", text);
+    const int behind = m_header.colours.number(format.background());
+    if (behind != 0)
+        RtfWords::append(out, "highlight", behind);
+}

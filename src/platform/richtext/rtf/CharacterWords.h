@@ -1,0 +1,49 @@
+#pragma once
+
+#include "WordSet.h"
+
+#include <QFont>
+#include <QList>
+#include <QTextFormat>
+
+struct RtfHeader;
+
+/// The control words of a document's character formats, made once for each format.
+class CharacterWords
+{
+public:
+    struct Run
+    {
+        int words = -1; ///< equal for formats that are written alike
+        int link = 0;   ///< equal for formats that lead to the same address; 0 for none
+        bool isPicture = false;
+    };
+
+    /// \a formats are the document's own, by index.
+    CharacterWords(const QList<QTextFormat> &formats, const QFont &standard, RtfHeader &header);
+
+    Run run(int format);
+
+    /// What differs from plain text, for Run::words.
+    const QByteArray &words(int number) const { return m_words.at(number); }
+
+    /// For Run::link.
+    const QString &address(int link) const { return m_addresses.at(link); }
+
+    QTextCharFormat format(int format) const { return m_formats.at(format).toCharFormat(); }
+
+private:
+    Run make(const QTextCharFormat &format);
+    QByteArray wordsOf(const QTextCharFormat &format);
+    void appendFont(QByteArray &out, const QTextCharFormat &format);
+    void appendLines(QByteArray &out, const QTextCharFormat &format);
+    void appendPosition(QByteArray &out, const QTextCharFormat &format) const;
+    void appendColours(QByteArray &out, const QTextCharFormat &format);
+
+    QList<QTextFormat> m_formats;
+    QFont m_standard;
+    RtfHeader &m_header;
+    QList<Run> m_runs; ///< by format; without words until it was asked for
+    WordSet m_words;
+    QStringList m_addresses;
+};

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QString>
+#include <QTextListFormat>
+
+/// The marks before the items of lists.
+namespace ListMark {
+
+bool isNumbered(const QTextListFormat &format);
+
+/// The format's own number for how items are marked: 0 decimal, 1 and 2 roman, 3 and 4 letters, 23 bullets.
+int kind(const QTextListFormat &format);
+
+/// What stands before and behind the number of an item; Qt puts a dot behind it where nothing else is said.
+QString before(const QTextListFormat &format);
+QString behind(const QTextListFormat &format);
+
+/// The sign of a bullet list.
+QString bullet(const QTextListFormat &format);
+
+/// The mark of the item numbered \a number: "iv.", or the bullet.
+QString text(const QTextListFormat &format, int number);
+
+} // namespace ListMark

@@ -1,0 +1,153 @@
+#include "ParagraphWords.h"
+
+#include "ParagraphFormat.h"
+#include "RichTextProperties.h"
+#include "RtfHeader.h"
+#include "RtfWords.h"
+#include "Twips.h"
+
+#include <QBrush>
+#include <QTextDocument>
+#include <QTextList>
+
+namespace {
+
+int twips(double pixels)
+{
+    return qRound(Twips::fromPixels(pixels, ParagraphFormat::layoutDpi()));
+}
+
+void appendNonZero(QByteArray &out, const char *word, int number)
+{
+    if (number != 0)
+        RtfWords::append(out, word, number);
+}
+
+void appendAlignment(QByteArray &out, const QTextBlockFormat &format)
+{
+    const bool rightToLeft = format.layoutDirection() == Qt::RightToLeft;
+    const Qt::Alignment alignment = format.alignment();
+    if (rightToLeft)
+        RtfWords::append(out, "rtlpar");
+    // Qt mirrors left and right in right-to-left paragraphs, as the format does, unless they are absolute.
+    const bool mirrored = rightToLeft && alignment.testFlag(Qt::AlignAbsolute);
+    if (alignment.testFlag(mirrored ? Qt::AlignLeft : Qt::AlignRight))
+        RtfWords::append(out, "qr");
+    else if (alignment.testFlag(Qt::AlignHCenter))
+        RtfWords::append(out, "qc");
+    else if (alignment.testFlag(Qt::AlignJustify))
+        RtfWords::append(out, "qj");
+}
+
+/// Qt's own indents count in steps of the document; rich text that was read has none of them.
+int stepsIn(const QTextBlockFormat &format, const QTextList *list)
+{
+    return format.indent() + (list ? list->format().indent() : 0);
+}
+
+/// An item of a list says its indents even where they are 0, as those of the list would stand in for them.
+QByteArray indents(const QTextBlockFormat &format, const QTextList *list, double step)
+{
+    constexpr int hanging = -360; // the mark of an item whose paragraph does not say where it stands
+    const int steps = stepsIn(format, list);
+    const int left = ParagraphFormat::leftIndent(format) + twips(steps * step);
+    const int first = ParagraphFormat::firstLineIndent(format);
+    QByteArray out;
+    if (list) {
+        RtfWords::append(out, "fi", first == 0 && steps > 0 ? hanging : first);
+        RtfWords::append(out, "li", left);
+    } else {
+        appendNonZero(out, "fi", first);
+        appendNonZero(out, "li", left);
+    }
+    return out;
+}
+
+void appendLineSpacing(QByteArray &out, int spacing, bool isMultiple)
+{
+    if (spacing == 0)
+        return;
+    RtfWords::append(out, "sl", spacing);
+    RtfWords::append(out, "slmult", isMultiple);
+}
+
+void appendSpacing(QByteArray &out, const QTextBlockFormat &format)
+{
+    constexpr double single = 240;
+    appendNonZero(out, "sb", ParagraphFormat::spaceBefore(format));
+    appendNonZero(out, "sa", ParagraphFormat::spaceAfter(format));
+    const double height = format.lineHeight();
+    if (format.hasProperty(RichTextProperty::LineSpacing))
+        appendLineSpacing(out, format.intProperty(RichTextProperty::LineSpacing),
+                          format.boolProperty(RichTextProperty::LineSpacingIsMultiple));
+    else if (format.lineHeightType() == QTextBlockFormat::ProportionalHeight)
+        appendLineSpacing(out, qRound(single * height / 100), true);
+    else if (format.lineHeightType() == QTextBlockFormat::FixedHeight)
+        appendLineSpacing(out, -twips(height), false);
+    else if (format.lineHeightType() == QTextBlockFormat::MinimumHeight)
+        appendLineSpacing(out, twips(height), false);
+}
+
+void appendTabs(QByteArray &out, const QTextBlockFormat &format)
+{
+    const QString words = format.stringProperty(RichTextProperty::TabStops);
+    if (!words.isEmpty()) {
+        out.append('\\').append(words.toLatin1().replace(' ', '\\'));
+        return;
+    }
+    for (const QTextOption::Tab &tab : format.tabPositions()) {
+        if (tab.type == QTextOption::RightTab)
+            RtfWords::append(out, "tqr");
+        else if (tab.type == QTextOption::CenterTab)
+            RtfWords::append(out, "tqc");
+        else if (tab.type == QTextOption::DelimiterTab)
+            RtfWords::append(out, "tqdec");
+        RtfWords::append(out, "tx", twips(tab.position));
+    }
+}
+
+} // namespace
+
+ParagraphWords::ParagraphWords(const QTextDocument &document, const QList<QTextFormat> &formats,
+                               RtfHeader &header)
+    : m_document(document)
+    , m_formats(formats)
+    , m_header(header)
+    , m_paragraphs(formats.size())
+{}
+
+ParagraphWords::Paragraph ParagraphWords::paragraph(int format)
+{
+    Paragraph &known = m_paragraphs[format];
+    if (known.words < 0)
+        known = make(m_formats.at(format).toBlockFormat());
+    return known;
+}
+
+ParagraphWords::Paragraph ParagraphWords::make(const QTextBlockFormat &format)
+{
+    Paragraph paragraph;
+    paragraph.list = qobject_cast<QTextList *>(m_document.objectForFormat(format));
+    paragraph.words = m_words.number(wordsOf(format, paragraph.list));
+    return paragraph;
+}
+
+QByteArray ParagraphWords::wordsOf(const QTextBlockFormat &format, const QTextList *list)
+{
+    QByteArray out;
+    const QByteArray edges = indents(format, list, m_document.indentWidth());
+    out.append(list ? m_header.lists.words(*list, edges) : edges);
+    appendNonZero(out, "ri", ParagraphFormat::rightIndent(format));
+    appendAlignment(out, format);
+    appendSpacing(out, format);
+    appendTabs(out, format);
+    if (format.pageBreakPolicy().testFlag(QTextFormat::PageBreak_AlwaysBefore))
+        RtfWords::append(out, "pagebb");
+    appendBackground(out, format);
+    return out;
+}
+
+void ParagraphWords::appendBackground(QByteArray &out, const QTextBlockFormat &format)
+{
+    appendNonZero(out, "cbpat", m_header.colours.number(format.background()));
+}

@@ -1,0 +1,58 @@
+#include "RichTextFile.h"
+
+#include "Files.h"
+#include "RtfReader.h"
+#include "RtfWriter.h"
+
+#include <QTextDocument>
+
+namespace {
+
+void setPlainText(QTextDocument &document, const QString &text)
+{
+    const bool undoes = document.isUndoRedoEnabled();
+    document.setUndoRedoEnabled(false);
+    document.setPlainText(text);
+    document.setUndoRedoEnabled(undoes);
+    document.setModified(false);
+}
+
+} // namespace
+
+RichTextFile::Loaded RichTextFile::load(const QString &path, QTextDocument &document)
+{
+    const QByteArray bytes = Files::read(path);
+    if (RtfReader::recognises(bytes)) {
+        RtfReader::read(bytes, document);
+        return {};
+    }
+    setPlainText(document, PlainText::decode(bytes));
+    return {Format::Text, PlainText::lineEndOf(bytes)};
+}
+
+void RichTextFile::save(const QString &path, const QTextDocument &document, Format format,
+                        PlainText::LineEnd lineEnd)
+{
+    Files::write(path, format == Format::Rtf ? RtfWriter::write(document)
+                                             : PlainText::encode(text(document), lineEnd));
+}
+
+QString RichTextFile::text(const QTextDocument &document)
+{
+    constexpr char16_t frameStart = 0xFDD0;
+    constexpr char16_t frameEnd = 0xFDD1;
+    QString text = document.toRawText();
+    for (QChar &c : text) {
+        switch (c.unicode()) {
+        case QChar::ParagraphSeparator:
+        case QChar::LineSeparator:
+        case frameStart:
+        case frameEnd:
+            c = u'\n';
+            break;
+        default:
+            break;
+        }
+    }
+    return text;
+}

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "PlainText.h"
+
+#include <QByteArray>
+#include <QString>
+
+class QTextDocument;
+
+/// Documents on disk, rich or plain, in and out of a QTextDocument.
+namespace RichTextFile {
+
+enum class Format { Rtf = 0, Text = 1 };
+
+struct Loaded
+{
+    Format format = Format::Rtf;
+    PlainText::LineEnd lineEnd = PlainText::LineEnd::Lf; ///< of a plain file; Lf otherwise
+};
+
+/// Fills the empty, detached \a document from the file \a path; what is not rich text is taken as plain text.
+/// Throws RuntimeError as Files::read does; \a document is then untouched.
+Loaded load(const QString &path, QTextDocument &document);
+
+/// Throws RuntimeError as Files::write does; the old file then stands whole.
+void save(const QString &path, const QTextDocument &document, Format format, PlainText::LineEnd lineEnd);
+
+/// The plain characters, one for each position of \a document, paragraphs and forced lines ending in "\n".
+QString text(const QTextDocument &document);
+
+} // namespace RichTextFile

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QTextFormat>
+
+/// What rich text knows beyond Qt's own format properties. Lengths are kept in twips beside the pixels that
+/// Qt lays out with, so that they leave as they came.
+namespace RichTextProperty {
+
+enum Id {
+    // Paragraphs (QTextBlockFormat)
+    LeftIndent = QTextFormat::UserProperty + 1, ///< int, twips: the edge of all lines but the first
+    RightIndent,                                ///< int, twips
+    FirstLineIndent,                            ///< int, twips, relative to LeftIndent, may be negative
+    SpaceBefore,                                ///< int, twips
+    SpaceAfter,                                 ///< int, twips
+    LineSpacing,                                ///< int, twips; 240 is single where LineSpacingIsMultiple
+    LineSpacingIsMultiple,                      ///< bool
+    TabStops,  ///< QString, the stops' control words in order without backslashes: "tx720 tqr tldot tx1440"
+    ListStart, ///< int, first number of a numbered list (QTextListFormat)
+    ListLevel, ///< int, 0 to 8, depth in nested lists (QTextListFormat, whose own indent is 0: paragraphs
+               ///< indent)
+
+    // Characters (QTextCharFormat)
+    BaselineShift = QTextFormat::UserProperty + 100, ///< int, half points, up positive
+    Language,                                        ///< int, language number as the file gave it
+
+    // Pictures (QTextImageFormat); the shown size is the format's own width and height in pixels
+    PictureBytes = QTextFormat::UserProperty + 200, ///< QByteArray, the picture as it came
+    PictureKind,         ///< QByteArray, its control words ("pngblip", "wmetafile8")
+    PictureWidth,        ///< int, twips, unscaled goal width
+    PictureHeight,       ///< int, twips
+    PictureSourceWidth,  ///< int, width in the kind's own unit
+    PictureSourceHeight, ///< int
+    PictureScaleX,       ///< int, percent
+    PictureScaleY,       ///< int, percent
+
+    // Tables (QTextTableFormat)
+    RowTwips = QTextFormat::UserProperty + 300, ///< QString, right cell edges of the columns, "1440 2880"
+};
+
+} // namespace RichTextProperty

@@ -1,0 +1,160 @@
+#include "RowWords.h"
+
+#include "ParagraphFormat.h"
+#include "RichTextProperties.h"
+#include "RtfWords.h"
+#include "Twips.h"
+#include "WrittenColours.h"
+
+#include <QTextTable>
+#include <numeric>
+
+namespace {
+
+constexpr int usualWidth = 9000; // twips, of a table that does not say its own
+
+int twips(double pixels)
+{
+    return qRound(Twips::fromPixels(pixels, ParagraphFormat::layoutDpi()));
+}
+
+int twips(const QTextLength &length, int whole)
+{
+    if (length.type() == QTextLength::FixedLength)
+        return twips(length.rawValue());
+    return qRound(length.value(whole));
+}
+
+/// The edges as they were read, if they still fit the columns.
+QList<int> keptEdges(const QTextTable &table)
+{
+    QList<int> edges;
+    const QString kept = table.format().stringProperty(RichTextProperty::RowTwips);
+    for (const QString &edge : kept.split(u' ', Qt::SkipEmptyParts))
+        edges.append(edge.toInt());
+    return edges.size() == table.columns() ? edges : QList<int>();
+}
+
+/// The edges that the table's column widths give; columns without a width share what is left.
+QList<int> edgesOfWidths(const QTextTable &table)
+{
+    constexpr int narrowest = 20;
+    const QTextTableFormat format = table.format();
+    const bool isWide = format.width().type() != QTextLength::VariableLength;
+    const int whole = isWide ? twips(format.width(), usualWidth) : usualWidth;
+    const QList<QTextLength> lengths = format.columnWidthConstraints();
+    QList<int> widths(table.columns(), 0);
+    int open = table.columns();
+    for (int i = 0; i < qMin(widths.size(), lengths.size()); ++i) {
+        if (lengths.at(i).type() != QTextLength::VariableLength) {
+            widths[i] = qMax(narrowest, twips(lengths.at(i), whole));
+            --open;
+        }
+    }
+    const int left = whole - std::accumulate(widths.cbegin(), widths.cend(), 0);
+    for (int &width : widths) {
+        if (width == 0)
+            width = qMax(narrowest, left / open);
+    }
+    QList<int> edges(widths.size());
+    std::partial_sum(widths.cbegin(), widths.cend(), edges.begin());
+    const int start = twips(format.leftMargin());
+    for (int &edge : edges)
+        edge += start;
+    return edges;
+}
+
+const char *borderWord(QTextFrameFormat::BorderStyle style)
+{
+    switch (style) {
+    case QTextFrameFormat::BorderStyle_Dotted:
+        return "brdrdot";
+    case QTextFrameFormat::BorderStyle_Dashed:
+        return "brdrdash";
+    case QTextFrameFormat::BorderStyle_Double:
+        return "brdrdb";
+    default:
+        return "brdrs";
+    }
+}
+
+QByteArray startOf(const QTextTableFormat &format)
+{
+    QByteArray out = "\\trowd";
+    if (format.layoutDirection() == Qt::RightToLeft)
+        RtfWords::append(out, "rtlrow");
+    if (format.alignment().testFlag(Qt::AlignHCenter))
+        RtfWords::append(out, "trqc");
+    else if (format.alignment().testFlag(Qt::AlignRight))
+        RtfWords::append(out, "trqr");
+    if (format.cellPadding() > 0)
+        RtfWords::append(out, "trgaph", twips(format.cellPadding()));
+    if (format.leftMargin() > 0)
+        RtfWords::append(out, "trleft", twips(format.leftMargin()));
+    return out;
+}
+
+} // namespace
+
+RowWords::RowWords(const QTextTable &table, int firstRow, WrittenColours &colours)
+    : m_table(table)
+    , m_firstRow(firstRow)
+    , m_colours(colours)
+    , m_edges(keptEdges(table))
+    , m_start(startOf(table.format()))
+    , m_borders(borders())
+{
+    if (m_edges.isEmpty())
+        m_edges = edgesOfWidths(table);
+}
+
+QByteArray RowWords::row(int row, int first, int last)
+{
+    QByteArray out = m_start;
+    if (row < m_table.format().headerRowCount())
+        RtfWords::append(out, "trhdr");
+    for (int column = first; column <= last;) {
+        const QTextTableCell cellHere = m_table.cellAt(row, column);
+        const int behind = qMin(last + 1, cellHere.column() + cellHere.columnSpan());
+        out.append(cell(row, column));
+        RtfWords::append(out, "cellx", m_edges.at(behind - 1));
+        column = behind;
+    }
+    return out;
+}
+
+QByteArray RowWords::cell(int row, int column) const
+{
+    const QTextTableCell cell = m_table.cellAt(row, column);
+    const QTextCharFormat format = cell.format();
+    QByteArray out;
+    if (cell.rowSpan() > 1)
+        RtfWords::append(out, cell.row() == row || row == m_firstRow ? "clvmgf" : "clvmrg");
+    if (format.verticalAlignment() == QTextCharFormat::AlignMiddle)
+        RtfWords::append(out, "clvertalc");
+    else if (format.verticalAlignment() == QTextCharFormat::AlignBottom)
+        RtfWords::append(out, "clvertalb");
+    out.append(m_borders);
+    const int colour = m_colours.number(format.background());
+    if (colour != 0)
+        RtfWords::append(out, "clcbpat", colour);
+    return out;
+}
+
+QByteArray RowWords::borders() const
+{
+    const QTextTableFormat format = m_table.format();
+    if (format.border() <= 0 || format.borderStyle() == QTextFrameFormat::BorderStyle_None)
+        return {};
+    QByteArray line;
+    RtfWords::append(line, borderWord(format.borderStyle()));
+    RtfWords::append(line, "brdrw", qMax(1, twips(format.border())));
+    if (format.borderBrush().style() != Qt::NoBrush && format.hasProperty(QTextFormat::FrameBorderBrush))
+        RtfWords::append(line, "brdrcf", m_colours.number(format.borderBrush()));
+    QByteArray out;
+    for (const char *side : {"clbrdrt", "clbrdrl", "clbrdrb", "clbrdrr"}) {
+        RtfWords::append(out, side);
+        out.append(line);
+    }
+    return out;
+}

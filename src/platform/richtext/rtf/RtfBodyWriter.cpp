@@ -1,0 +1,180 @@
+#include "RtfBodyWriter.h"
+
+#include "RowWords.h"
+#include "RtfHeader.h"
+#include "RtfPicture.h"
+
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextTable>
+
+namespace {
+
+constexpr const char *paragraphEnd = "\\par";
+constexpr const char *cellEnd = "\\cell";
+constexpr const char *nestedCellEnd = "\\nestcell{\\nonesttables\\par}";
+
+} // namespace
+
+RtfBodyWriter::RtfBodyWriter(const QTextDocument &document, int from, int to, RtfHeader &header)
+    : m_document(document)
+    , m_text(document.toRawText())
+    , m_from(from)
+    , m_to(to)
+    , m_header(header)
+    , m_characters(document.allFormats(), document.defaultFont(), header)
+    , m_paragraphs(document, document.allFormats(), header)
+{}
+
+QByteArray RtfBodyWriter::write()
+{
+    m_stream.reserve(2 * qsizetype(m_to - m_from));
+    blocks(0, m_document.characterCount() - 1, paragraphEnd);
+    return m_stream.take();
+}
+
+/// The blocks and frames from the position \a start to \a end, the last of which ends in \a lastEnd.
+/// Positions are counted along: asking each block for its own costs more than writing it.
+void RtfBodyWriter::blocks(int start, int end, const char *lastEnd)
+{
+    constexpr char16_t frameStart = 0xFDD0;
+    QTextBlock block = m_document.findBlock(start);
+    for (int position = start; position <= end && position < m_to;) {
+        if (position > start && m_text.at(position - 1) == frameStart) {
+            const QTextFrame *child = QTextCursor(block).currentFrame();
+            childFrame(*child);
+            position = child->lastPosition() + 1;
+            block = m_document.findBlock(position);
+            continue;
+        }
+        const int next = position + block.length();
+        this->block(block, position, next > end ? lastEnd : paragraphEnd);
+        position = next;
+        block = block.next();
+    }
+}
+
+void RtfBodyWriter::childFrame(const QTextFrame &child)
+{
+    if (child.lastPosition() < m_from || child.firstPosition() > m_to)
+        return;
+    if (const auto *inner = qobject_cast<const QTextTable *>(&child))
+        table(*inner);
+    else
+        blocks(child.firstPosition(), child.lastPosition(), paragraphEnd);
+}
+
+/// A selection inside one cell is text; one over several cells of a table takes them whole.
+void RtfBodyWriter::table(const QTextTable &table)
+{
+    const bool isInside = m_from >= table.firstPosition() && m_to <= table.lastPosition();
+    if (!isInside) {
+        cells(table, {0, table.rows() - 1, 0, table.columns() - 1});
+        return;
+    }
+    const QTextTableCell first = table.cellAt(m_from);
+    const QTextTableCell last = table.cellAt(m_to);
+    if (first == last) {
+        blocks(first.firstPosition(), first.lastPosition(), paragraphEnd);
+        return;
+    }
+    m_from = 0;
+    m_to = m_document.characterCount();
+    const auto lastRow = [](const QTextTableCell &cell) { return cell.row() + cell.rowSpan() - 1; };
+    const auto lastColumn = [](const QTextTableCell &cell) { return cell.column() + cell.columnSpan() - 1; };
+    cells(table, {qMin(first.row(), last.row()), qMax(lastRow(first), lastRow(last)),
+                  qMin(first.column(), last.column()), qMax(lastColumn(first), lastColumn(last))});
+    m_to = 0; // the rest of the document is not selected
+}
+
+void RtfBodyWriter::cells(const QTextTable &table, const Cells &cells)
+{
+    RowWords words(table, cells.firstRow, m_header.colours);
+    ++m_depth;
+    for (int i = cells.firstRow; i <= cells.lastRow; ++i) {
+        const QByteArray definition = words.row(i, cells.firstColumn, cells.lastColumn);
+        if (m_depth == 1)
+            m_stream.line(definition);
+        row(table, i, cells);
+        if (m_depth == 1)
+            m_stream.line("\\row");
+        else
+            m_stream.group("{\\*\\nesttableprops" + definition + "\\nestrow}{\\nonesttables\\par}\n");
+    }
+    --m_depth;
+}
+
+void RtfBodyWriter::row(const QTextTable &table, int row, const Cells &cells)
+{
+    const char *end = m_depth == 1 ? cellEnd : nestedCellEnd;
+    for (int column = cells.firstColumn; column <= cells.lastColumn;) {
+        const QTextTableCell cell = table.cellAt(row, column);
+        if (cell.row() == row || row == cells.firstRow) {
+            blocks(cell.firstPosition(), cell.lastPosition(), end);
+        } else { // the lower part of a merged cell
+            setParagraph(0);
+            m_stream.line(end);
+        }
+        column = cell.column() + cell.columnSpan();
+    }
+}
+
+void RtfBodyWriter::block(const QTextBlock &block, int start, const char *end)
+{
+    const int last = start + block.length() - 1;
+    if (last < m_from || start >= m_to)
+        return;
+    // A paragraph's properties go with its end.
+    const bool endIsSelected = last < m_to;
+    const ParagraphWords::Paragraph paragraph = endIsSelected
+                                                    ? m_paragraphs.paragraph(block.blockFormatIndex())
+                                                    : ParagraphWords::Paragraph{0, nullptr};
+    setParagraph(paragraph.words);
+    if (paragraph.list)
+        m_stream.group(m_header.lists.nextMark(*paragraph.list));
+    if (start == last)
+        setCharacters(m_characters.run(block.charFormatIndex()).words);
+    else
+        runs(block, start);
+    if (endIsSelected)
+        m_stream.line(end);
+}
+
+void RtfBodyWriter::runs(const QTextBlock &block, int next)
+{
+    int link = 0;
+    for (auto part = block.begin(); !part.atEnd(); ++part) {
+        const QTextFragment fragment = part.fragment();
+        const int start = qMax(next, m_from);
+        next += fragment.length();
+        const int end = qMin(next, m_to);
+        if (start >= end)
+            continue;
+        const CharacterWords::Run run = m_characters.run(fragment.charFormatIndex());
+        if (run.link != link && link != 0)
+            m_stream.endLink();
+        if (run.link != link && run.link != 0)
+            m_stream.startLink(m_characters.address(run.link));
+        link = run.link;
+        setCharacters(run.words);
+        const QStringView text = QStringView(m_text).mid(start, end - start);
+        if (run.isPicture)
+            pictures(fragment.charFormatIndex(), text);
+        else
+            m_stream.text(text);
+    }
+    if (link != 0)
+        m_stream.endLink();
+}
+
+void RtfBodyWriter::pictures(int format, QStringView places)
+{
+    const QByteArray picture = RtfPicture::group(m_document, m_characters.format(format).toImageFormat());
+    for (const QChar place : places) {
+        if (place == QChar::ObjectReplacementCharacter)
+            m_stream.group(picture);
+        else
+            m_stream.text(QStringView(&place, 1));
+    }
+}

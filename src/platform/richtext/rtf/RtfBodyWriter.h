@@ -1,0 +1,53 @@
+#pragma once
+
+#include "CharacterWords.h"
+#include "ParagraphWords.h"
+#include "RtfStream.h"
+
+#include <QString>
+
+class QTextBlock;
+class QTextDocument;
+class QTextFrame;
+class QTextTable;
+struct RtfHeader;
+
+/// Writes the text between two positions of a document, and fills the header with what it names.
+class RtfBodyWriter
+{
+public:
+    /// From the position \a from up to, but without, \a to.
+    RtfBodyWriter(const QTextDocument &document, int from, int to, RtfHeader &header);
+
+    QByteArray write();
+
+private:
+    struct Cells
+    {
+        int firstRow;
+        int lastRow;
+        int firstColumn;
+        int lastColumn;
+    };
+
+    void blocks(int start, int end, const char *lastEnd);
+    void childFrame(const QTextFrame &child);
+    void table(const QTextTable &table);
+    void cells(const QTextTable &table, const Cells &cells);
+    void row(const QTextTable &table, int row, const Cells &cells);
+    void block(const QTextBlock &block, int start, const char *end);
+    void runs(const QTextBlock &block, int next);
+    void setCharacters(int words) { m_stream.setCharacters(words, m_characters.words(words)); }
+    void setParagraph(int words) { m_stream.setParagraph(words, m_paragraphs.words(words), m_depth); }
+    void pictures(int format, QStringView places);
+
+    const QTextDocument &m_document;
+    const QString m_text; ///< by position
+    int m_from;
+    int m_to;
+    int m_depth = 0; ///< tables around what is being written
+    RtfHeader &m_header;
+    CharacterWords m_characters;
+    ParagraphWords m_paragraphs;
+    RtfStream m_stream;
+};

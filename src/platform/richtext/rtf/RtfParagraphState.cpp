@@ -1,0 +1,100 @@
+#include "RtfParagraphState.h"
+
+#include "RtfLexer.h"
+#include "RtfTabStops.h"
+
+#include <Qt>
+
+namespace {
+
+// What no page holds is taken for the largest that the format's own numbers of 16 bits reach.
+constexpr int largest = 32767;
+constexpr int deepestTable = 16;
+constexpr int deepestLevel = 8;
+
+} // namespace
+
+int RtfParagraphState::depth() const
+{
+    return tableDepth >= 0 ? qMin(qMax(tableDepth, isInTable), deepestTable) : isInTable;
+}
+
+quint32 RtfParagraphState::apply(const RtfToken &token, RtfTabStops &stops)
+{
+    const auto set = [](int &field, int value, Property property) {
+        field = value;
+        return quint32(property);
+    };
+    const auto length = [&](int &field, int least, Property property) {
+        return set(field, qBound(least, token.parameter, largest), property);
+    };
+    const auto align = [&](Qt::Alignment value) { return set(alignment, int(value), Alignment); };
+
+    switch (token.word) {
+    case RtfWord::AlignLeft:
+        return align(Qt::AlignLeft | Qt::AlignAbsolute);
+    case RtfWord::AlignRight:
+        return align(Qt::AlignRight | Qt::AlignAbsolute);
+    case RtfWord::AlignCenter:
+        return align(Qt::AlignHCenter);
+    case RtfWord::AlignJustify:
+    case RtfWord::AlignDistribute:
+        return align(Qt::AlignJustify);
+    case RtfWord::LeftIndent:
+    case RtfWord::StartIndent:
+        return length(left, -largest, LeftIndent);
+    case RtfWord::RightIndent:
+    case RtfWord::EndIndent:
+        return length(right, -largest, RightIndent);
+    case RtfWord::FirstLineIndent:
+        return length(firstLine, -largest, FirstLine);
+    case RtfWord::SpaceBefore:
+        return length(before, 0, Before);
+    case RtfWord::SpaceAfter:
+        return length(after, 0, After);
+    case RtfWord::LineSpacing:
+        return length(spacing, -largest, Spacing);
+    case RtfWord::LineSpacingMultiple:
+        return set(isMultiple, token.parameter != 0, SpacingRule);
+    case RtfWord::LeftToRightParagraph:
+        return set(isRightToLeft, 0, Direction);
+    case RtfWord::RightToLeftParagraph:
+        return set(isRightToLeft, 1, Direction);
+    case RtfWord::ParagraphShading:
+        return set(shading, qMax(0, token.parameter), Shading);
+    case RtfWord::PageBreakBefore:
+        return set(breaksPage, token.isOn(), PageBreak);
+    case RtfWord::ListNumber:
+        return set(list, qMax(0, token.parameter), List);
+    case RtfWord::ListLevel:
+        return set(level, qBound(0, token.parameter, deepestLevel), Level);
+    case RtfWord::InTable:
+        return set(isInTable, token.isOn(), Table);
+    case RtfWord::TableDepth:
+        return set(tableDepth, qBound(0, token.parameter, deepestTable), Table);
+    default:
+        return stops.apply(token, tabs) ? quint32(Tabs) : 0;
+    }
+}
+
+void RtfParagraphState::take(const RtfParagraphState &other, quint32 which)
+{
+    const auto copy = [&](int RtfParagraphState::*field, quint32 property) {
+        if ((which & property) != 0)
+            this->*field = other.*field;
+    };
+    copy(&RtfParagraphState::alignment, Alignment);
+    copy(&RtfParagraphState::left, LeftIndent);
+    copy(&RtfParagraphState::right, RightIndent);
+    copy(&RtfParagraphState::firstLine, FirstLine);
+    copy(&RtfParagraphState::before, Before);
+    copy(&RtfParagraphState::after, After);
+    copy(&RtfParagraphState::spacing, Spacing);
+    copy(&RtfParagraphState::isMultiple, SpacingRule);
+    copy(&RtfParagraphState::isRightToLeft, Direction);
+    copy(&RtfParagraphState::tabs, Tabs);
+    copy(&RtfParagraphState::shading, Shading);
+    copy(&RtfParagraphState::breaksPage, PageBreak);
+    copy(&RtfParagraphState::list, List);
+    copy(&RtfParagraphState::level, Level);
+}

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QtGlobal>
+#include <type_traits>
+
+struct RtfToken;
+class RtfTabStops;
+
+/// How a paragraph looks and where it belongs, as far as control words say. Lengths in twips.
+struct RtfParagraphState
+{
+    enum Property : quint32 {
+        Alignment = 1,
+        LeftIndent = 2,
+        RightIndent = 4,
+        FirstLine = 8,
+        Before = 16,
+        After = 32,
+        Spacing = 64,
+        SpacingRule = 128,
+        Direction = 256,
+        Tabs = 512,
+        Shading = 1024,
+        PageBreak = 2048,
+        List = 4096,
+        Level = 8192,
+        Table = 16384
+    };
+
+    int alignment = 0; ///< Qt::Alignment, 0 is by direction
+    int left = 0;
+    int right = 0;
+    int firstLine = 0;
+    int before = 0;
+    int after = 0;
+    int spacing = 0;
+    int isMultiple = 0;
+    int isRightToLeft = 0;
+    int tabs = 0; ///< RtfTabStops
+    int shading = 0;
+    int breaksPage = 0;
+    int list = 0;         ///< \ls, 0 is none
+    int level = 0;        ///< \ilvl
+    int oldNumbering = 0; ///< RtfOldNumbering, 0 is none
+    int isInTable = 0;
+    int tableDepth = -1; ///< \itap, -1 when the file does not say
+
+    bool operator==(const RtfParagraphState &other) const = default;
+
+    /// 0 outside tables, 1 in a table, 2 in a table inside a cell ...
+    int depth() const;
+
+    /// Does what \a token says and returns the properties that it is about, 0 when it says nothing here.
+    /// \pard and \s are not known here.
+    quint32 apply(const RtfToken &token, RtfTabStops &stops);
+
+    /// Takes over the properties \a which of \a other.
+    void take(const RtfParagraphState &other, quint32 which);
+};
+
+static_assert(std::has_unique_object_representations_v<RtfParagraphState>, "hashed by its bytes");

@@ -1,0 +1,85 @@
+#include "RtfStream.h"
+
+#include "RtfWords.h"
+
+void RtfStream::setCharacters(int number, const QByteArray &words)
+{
+    if (number == m_characters)
+        return;
+    endRun();
+    m_characters = number;
+    if (number == 0)
+        return;
+    m_out.append('{');
+    this->words(words);
+}
+
+void RtfStream::setParagraph(int number, const QByteArray &words, int depth)
+{
+    if (number == m_paragraph && depth == m_depth)
+        return;
+    m_paragraph = number;
+    m_depth = depth;
+    m_out.append("\\pard");
+    if (depth > 0)
+        m_out.append("\\intbl");
+    if (depth > 1)
+        RtfWords::append(m_out, "itap", depth);
+    this->words(words);
+}
+
+void RtfStream::text(QStringView text)
+{
+    if (m_wordIsOpen && !text.isEmpty())
+        m_out.append(' ');
+    RtfWords::appendText(m_out, text);
+    m_wordIsOpen = m_wordIsOpen && text.isEmpty();
+}
+
+void RtfStream::group(const QByteArray &group)
+{
+    m_out.append(group);
+    m_wordIsOpen = m_wordIsOpen && group.isEmpty();
+}
+
+void RtfStream::line(const QByteArray &words)
+{
+    m_out.append(words);
+    endRun();
+    m_out.append('\n');
+    m_wordIsOpen = false;
+}
+
+void RtfStream::startLink(const QString &address)
+{
+    endRun();
+    const bool isInside = address.startsWith(u'#');
+    QString target = isInside ? address.mid(1) : address;
+    target.replace(u'\\', QLatin1String("\\\\")).replace(u'"', QLatin1String("%22"));
+    m_out.append("{\\field{\\*\\fldinst HYPERLINK ").append(isInside ? "\\\\l \"" : "\"");
+    RtfWords::appendText(m_out, target);
+    m_out.append("\"}{\\fldrslt");
+    m_wordIsOpen = true;
+}
+
+void RtfStream::endLink()
+{
+    endRun();
+    m_out.append("}}");
+    m_wordIsOpen = false;
+}
+
+void RtfStream::words(const QByteArray &words)
+{
+    m_out.append(words);
+    m_wordIsOpen = true;
+}
+
+void RtfStream::endRun()
+{
+    if (m_characters == 0)
+        return;
+    m_characters = 0;
+    m_out.append('}');
+    m_wordIsOpen = false;
+}

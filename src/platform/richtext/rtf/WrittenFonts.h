@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+/// The fonts that a document being written has named so far, in that order.
+class WrittenFonts
+{
+public:
+    /// \a standard is the family of text that names none.
+    explicit WrittenFonts(const QString &standard);
+
+    /// The number of \a family; 0 is the standard one.
+    int number(const QString &family);
+
+    /// The font table, a group.
+    QByteArray table() const;
+
+private:
+    QStringList m_families;
+    QHash<QString, int> m_numbers;
+};

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "RichTextFile.h"
+
+class Form;
+class RichTextBox;
+class frmMain;
+
+/// The file commands of the frame. Each works on the frame's active window and reaches its text by name.
+class FileCommands
+{
+public:
+    explicit FileCommands(frmMain &frame);
+
+    void mnuFileNew_Click();
+    void mnuFileOpen_Click();
+    void mnuFileClose_Click();
+    /// Not trapped: a failure to save, or an active window without text, is an untrapped error.
+    void SaveCurrentDocument();
+    void mnuFileSave_Click();
+    void mnuFileSaveAs_Click();
+
+    /// True, and told in a box, when a window has \a name for its caption, letter for letter.
+    static bool refuseOpenFile(const QString &name);
+    /// The text of \a form. Throws RuntimeError 438 when it has none.
+    static RichTextBox &textOf(const Form &form);
+
+private:
+    /// Shows the prepared save dialog and saves the active window under the name that came back, if any.
+    void saveAs(RichTextFile::Format format);
+
+    frmMain &m_frame;
+};

@@ -1,0 +1,46 @@
+#include "WindowList.h"
+
+#include "EventGate.h"
+#include "MdiArea.h"
+
+#include <QMdiSubWindow>
+#include <QMenu>
+
+namespace {
+
+const QString listed = QStringLiteral("WindowList");
+
+QString captionOf(const QMdiSubWindow &child, int number)
+{
+    QString caption = child.windowTitle();
+    caption.replace(u'&', QLatin1String("&&"));
+    constexpr int lastMnemonic = 9;
+    return QStringLiteral("%1%2 %3").arg(number <= lastMnemonic ? QStringLiteral("&") : QString()).arg(number).arg(caption);
+}
+
+void activate(MdiArea &area, QMdiSubWindow &child)
+{
+    if (child.isMinimized())
+        child.showNormal();
+    area.setActiveSubWindow(&child);
+}
+
+} // namespace
+
+void WindowList::fill(QMenu &menu, MdiArea &area)
+{
+    for (QAction *old : menu.actions()) {
+        if (old->objectName() == listed)
+            delete old;
+    }
+    int number = 0;
+    for (QMdiSubWindow *child : area.childWindows()) {
+        if (number == 0)
+            menu.addSeparator()->setObjectName(listed);
+        QAction *item = menu.addAction(captionOf(*child, ++number));
+        item->setObjectName(listed);
+        item->setCheckable(true);
+        item->setChecked(child == area.currentSubWindow());
+        on(item, &QAction::triggered, child, [&area, child] { activate(area, *child); });
+    }
+}

@@ -1,0 +1,286 @@
+#include "frmMain.h"
+
+#include "Ask.h"
+#include "ChildForm.h"
+#include "ChildMenus.h"
+#include "ErrorReports.h"
+#include "EventGate.h"
+#include "Forms.h"
+#include "FrameTables.h"
+#include "Globals.h"
+#include "MdiArea.h"
+#include "MenuBuilder.h"
+#include "Numbers.h"
+#include "Paths.h"
+#include "RichTextBox.h"
+#include "Settings.h"
+#include "StatusBar.h"
+#include "ThemeIcon.h"
+#include "Toolbar.h"
+#include "Twips.h"
+#include "WindowList.h"
+
+#include <QCloseEvent>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QScreen>
+#include <QTimer>
+
+namespace {
+
+constexpr int timerInterval = 500; // milliseconds
+constexpr StatusBar::Widths panelWidths = {17410, 2540, 2540};
+const QString settingsSection = QStringLiteral("Settings");
+
+int stored(const QString &key, int fallback, double dpi)
+{
+    const QString text = Settings::get(Paths::applicationTitle, settingsSection, key, QString::number(fallback));
+    return Twips::toPixels(double(Numbers::toSingle(text)), dpi);
+}
+
+void store(const QString &key, int pixels, double dpi)
+{
+    Settings::save(Paths::applicationTitle, settingsSection, key,
+                   Numbers::singleText(float(Twips::fromPixels(pixels, dpi))));
+}
+
+} // namespace
+
+frmMain::frmMain()
+    : m_toolBar(new Toolbar(this))
+    , m_statusBar(new StatusBar(QStringLiteral("Ready.."), panelWidths, this))
+    , m_area(new MdiArea(this))
+    , Timer1(new QTimer(this))
+    , m_dialog(this)
+    , m_files(*this)
+{
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowTitle(QStringLiteral("Tallowick - Quill-Office Tools"));
+    buildMenus();
+    buildToolBar();
+    m_statusBar->setObjectName(QStringLiteral("sbStatusBar"));
+    setStatusBar(m_statusBar);
+    setCentralWidget(m_area);
+    m_childMenus = new ChildMenus(*menuBar(), *m_area);
+    Timer1->setObjectName(QStringLiteral("Timer1"));
+    Timer1->setInterval(timerInterval);
+    on(Timer1, &QTimer::timeout, this, &frmMain::Timer1_Timer);
+}
+
+frmMain::~frmMain()
+{
+    if (mainFrame == this)
+        mainFrame = nullptr;
+}
+
+void frmMain::buildMenus()
+{
+    for (QMenu *menu : MenuBuilder::build(FrameTables::menuRows(), *this))
+        menuBar()->addMenu(menu);
+    for (const FrameTables::Binding &binding : FrameTables::menuBindings()) {
+        on(&menuItem(QString::fromLatin1(binding.name)), &QAction::triggered, this,
+           [this, command = binding.command] { command(*this); });
+    }
+    on(menuItem(QStringLiteral("mnuWindow")).menu(), &QMenu::aboutToShow, this, &frmMain::mnuWindow_Popup);
+}
+
+void frmMain::buildToolBar()
+{
+    m_toolBar->setObjectName(QStringLiteral("tbToolBar"));
+    m_toolBar->setWindowTitle(QStringLiteral("Toolbar"));
+    m_toolBar->setButtons(FrameTables::toolbarRows());
+    on(m_toolBar, &Toolbar::ButtonClick, this, &frmMain::tbToolBar_ButtonClick);
+    addToolBar(m_toolBar);
+}
+
+QAction &frmMain::menuItem(const QString &name) const
+{
+    return *findChild<QAction *>(name);
+}
+
+QSize frmMain::sizeHint() const
+{
+    return {Twips::toPixels(13200, logicalDpiX()), Twips::toPixels(9000, logicalDpiY())};
+}
+
+void frmMain::load()
+{
+    m_lastChild = QStringLiteral("None");
+    diallerMode = QStringLiteral("Setup");
+    restorePosition();
+    m_toolBar->setButtonsEnabled(1, FrameTables::lastWordButton, false);
+    LoadNewDoc();
+    Timer1->start();
+}
+
+void frmMain::restorePosition()
+{
+    const double dpiX = logicalDpiX();
+    const double dpiY = logicalDpiY();
+    move(stored(QStringLiteral("MainLeft"), 1000, dpiX), y());
+    move(x(), stored(QStringLiteral("MainTop"), 1000, dpiY));
+    resize(stored(QStringLiteral("MainWidth"), 13200, dpiX), height());
+    resize(width(), stored(QStringLiteral("MainHeight"), 9000, dpiY));
+    moveOntoScreen();
+}
+
+/// A position from a screen that is gone would leave the frame out of reach.
+void frmMain::moveOntoScreen()
+{
+    for (const QScreen *screen : QGuiApplication::screens()) {
+        if (screen->availableGeometry().intersects(geometry()))
+            return;
+    }
+    move(QGuiApplication::primaryScreen()->availableGeometry().topLeft());
+}
+
+void frmMain::storePosition() const
+{
+    store(QStringLiteral("MainLeft"), x(), logicalDpiX());
+    store(QStringLiteral("MainTop"), y(), logicalDpiY());
+    store(QStringLiteral("MainWidth"), width(), logicalDpiX());
+    store(QStringLiteral("MainHeight"), height(), logicalDpiY());
+}
+
+void frmMain::unload()
+{
+    if (!closeChildren())
+        return;
+    if (!isMinimized())
+        storePosition();
+    EventGate::end(EXIT_SUCCESS);
+}
+
+bool frmMain::closeChildren()
+{
+    for (QMdiSubWindow *child : m_area->childWindows()) {
+        if (auto *form = dynamic_cast<Form *>(child->widget()); form && !form->unload())
+            return false;
+    }
+    return true;
+}
+
+void frmMain::closeEvent(QCloseEvent *event)
+{
+    event->ignore();
+    run([&] { unload(); });
+}
+
+void frmMain::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        run([&] {
+            ThemeIcon::setUp();
+            MenuBuilder::refreshIcons(FrameTables::menuRows(), *this);
+        });
+}
+
+void frmMain::LoadNewDoc()
+{
+    ++m_documentCount;
+    Form &document = Forms::refer(QStringLiteral("frmDocument"));
+    document.load();
+    document.setCaption(QStringLiteral("Document %1").arg(m_documentCount));
+    document.showModeless();
+    checkForDocument();
+}
+
+void frmMain::checkForDocument()
+{
+    int documents = 0;
+    for (const Form *form : Forms::loaded())
+        documents += int(form->findChildren<QWidget *>(QStringLiteral("rtfTextBox")).size());
+    m_toolBar->setButtonsVisible(FrameTables::firstDocumentButton, FrameTables::lastWordButton, documents > 0);
+    for (const MenuRow &row : FrameTables::menuRows()) {
+        if (row.flags & MenuRow::DocumentMenu)
+            menuItem(QString::fromLatin1(row.name)).setVisible(documents > 0);
+    }
+}
+
+void frmMain::mnuFileExit_Click()
+{
+    unload();
+}
+
+void frmMain::Arrange(int kind)
+{
+    m_area->arrange(MdiArea::Arrangement(kind));
+}
+
+Form *frmMain::ActiveForm() const
+{
+    const QMdiSubWindow *active = m_area->currentSubWindow();
+    return active ? dynamic_cast<Form *>(active->widget()) : nullptr;
+}
+
+void frmMain::place(ChildForm &child)
+{
+    auto *window = qobject_cast<QMdiSubWindow *>(child.parentWidget());
+    if (!window) {
+        window = m_area->addSubWindow(&child);
+        window->setAttribute(Qt::WA_DeleteOnClose);
+        window->setWindowIcon(child.windowIcon());
+        window->resize(child.sizeHint());
+        window->show();
+    } else if (window->isMinimized()) {
+        window->showNormal();
+    }
+    m_area->setActiveSubWindow(window);
+    child.setFocus();
+}
+
+void frmMain::Timer1_Timer()
+{
+    const Form *active = ActiveForm();
+    if (!active || active->Name() == m_lastChild)
+        return;
+    // The last child is never noted, so this runs at each tick: a tool never keeps the word-processing buttons.
+    m_toolBar->setButtonsVisible(1, FrameTables::lastWordButton, active->Name() == QLatin1String("frmDocument"));
+}
+
+void frmMain::tbToolBar_ButtonClick(const QString &key)
+{
+    for (const FrameTables::Binding &binding : FrameTables::toolbarBindings()) {
+        if (key == QLatin1String(binding.name)) {
+            ignoreErrors([&] { binding.command(*this); });
+            return;
+        }
+    }
+}
+
+void frmMain::mnuViewToolbar_Click()
+{
+    m_toolBar->setVisible(menuItem(QStringLiteral("mnuViewToolbar")).isChecked());
+}
+
+void frmMain::mnuViewStatusBar_Click()
+{
+    m_statusBar->setVisible(menuItem(QStringLiteral("mnuViewStatusBar")).isChecked());
+}
+
+void frmMain::mnuToolsOptions_Click()
+{
+    Forms::refer(QStringLiteral("frmOptions")).showModal(this);
+}
+
+void frmMain::mnuWindow_Popup()
+{
+    WindowList::fill(*menuItem(QStringLiteral("mnuWindow")).menu(), *m_area);
+}
+
+void frmMain::mnutipsandtricks_Click()
+{
+    const QString path = Paths::native(Paths::appPath() + QStringLiteral("\\help\\tipsandtricks.rtf"));
+    if (FileCommands::refuseOpenFile(path))
+        return;
+    LoadNewDoc();
+    Form &document = *ActiveForm();
+    RichTextBox &text = FileCommands::textOf(document);
+    text.LoadFile(path);
+    document.setCaption(path);
+    document.call(QStringLiteral("doclengthupdate"));
+    text.setLocked(true);
+    document.setWindowIcon(ThemeIcon::named(QStringLiteral("help-hint")));
+    freshDocument = true;
+}

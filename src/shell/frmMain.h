@@ -1,0 +1,77 @@
+#pragma once
+
+#include "CommonDialog.h"
+#include "FileCommands.h"
+#include "MainFrame.h"
+
+#include <QMainWindow>
+
+class ChildMenus;
+class MdiArea;
+class QAction;
+class QMenu;
+class QTimer;
+class StatusBar;
+
+/// The one frame of the suite: it owns menus, toolbar, status bar and child area, numbers the documents and keeps
+/// the commands on show in line with what is open. What each menu item and button is called stands in
+/// FrameTables; the file commands are FileCommands.
+class frmMain : public QMainWindow, public MainFrame
+{
+    Q_OBJECT
+
+public:
+    frmMain();
+    ~frmMain() override;
+
+    /// Restores the stored position and opens the first document. Throws RuntimeError 13 for a stored position that
+    /// is no number.
+    void load();
+    /// Closes every child first, which may ask questions; then stores the position and ends the program.
+    void unload();
+
+    void LoadNewDoc() override;
+    void checkForDocument() override;
+    void mnuFileExit_Click() override;
+    void Arrange(int kind) override;
+    Form *ActiveForm() const override;
+    Toolbar &tbToolBar() const override { return *m_toolBar; }
+    void place(ChildForm &child) override;
+
+    FileCommands &files() { return m_files; }
+    CommonDialog &dlgCommonDialog() { return m_dialog; }
+
+    void mnuViewToolbar_Click();
+    void mnuViewStatusBar_Click();
+    void mnuToolsOptions_Click();
+    void mnuWindow_Popup();
+    void mnutipsandtricks_Click();
+
+    QSize sizeHint() const override;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void tbToolBar_ButtonClick(const QString &key);
+    void Timer1_Timer();
+
+    void buildMenus();
+    void buildToolBar();
+    void restorePosition();
+    void storePosition() const;
+    void moveOntoScreen();
+    bool closeChildren();
+    QAction &menuItem(const QString &name) const;
+
+    Toolbar *m_toolBar;
+    StatusBar *m_statusBar;
+    MdiArea *m_area;
+    QTimer *Timer1;
+    ChildMenus *m_childMenus = nullptr;
+    CommonDialog m_dialog;
+    FileCommands m_files;
+    QString m_lastChild;
+    qint32 m_documentCount = 0;
+};

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "Form.h"
+
+class QCheckBox;
+class QPushButton;
+
+/// The options dialog: whether the splash shows at start.
+class frmOptions : public Form
+{
+public:
+    frmOptions();
+
+protected:
+    void Form_Load() override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void cmdOK_Click();
+    void cmdCancel_Click();
+    void cmdApply_Click();
+
+    QWidget *buildDefaults();
+    QWidget *buildHelp();
+    QWidget *buildButtons();
+    void buildSamples();
+
+    QCheckBox *chkSplashTime;
+    QPushButton *cmdOK;
+    QPushButton *cmdCancel;
+    QPushButton *cmdApply;
+};

@@ -1,0 +1,71 @@
+#include "frmSplash.h"
+
+#include "ErrorReports.h"
+#include "EventGate.h"
+#include "Version.h"
+
+#include <QGuiApplication>
+#include <QLabel>
+#include <QPainter>
+#include <QScreen>
+#include <QSvgRenderer>
+#include <QTimer>
+
+namespace {
+
+constexpr int shownFor = 3500; // milliseconds
+const QSize pictureSize(480, 288);
+
+} // namespace
+
+frmSplash::frmSplash()
+    : Form(QStringLiteral("frmSplash"))
+    , lblVersion(new QLabel(this))
+    , Timer1(new QTimer(this))
+{
+    setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
+    setFixedSize(pictureSize);
+    lblVersion->setObjectName(QStringLiteral("lblVersion"));
+    lblVersion->setStyleSheet(QStringLiteral("color: #dfe7ef;"));
+    lblVersion->setAttribute(Qt::WA_TransparentForMouseEvents);
+    Timer1->setObjectName(QStringLiteral("Timer1"));
+    Timer1->setInterval(shownFor);
+    on(Timer1, &QTimer::timeout, this, &frmSplash::Timer1_Timer);
+}
+
+void frmSplash::Form_Load()
+{
+    try {
+        lblVersion->setText(QStringLiteral("Version : ") + Version::text());
+        lblVersion->adjustSize();
+        lblVersion->move(36, height() - 36 - lblVersion->height());
+        move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
+        setFocusPolicy(Qt::StrongFocus);
+        Timer1->start();
+    } catch (const RuntimeError &error) {
+        ReportFatalError(error.number(), error.description());
+    }
+}
+
+void frmSplash::paintEvent(QPaintEvent *)
+{
+    run([&] {
+        QPainter painter(this);
+        QSvgRenderer(QStringLiteral(":/splash.svg")).render(&painter, rect());
+    });
+}
+
+void frmSplash::mousePressEvent(QMouseEvent *)
+{
+    run([&] { unload(); });
+}
+
+void frmSplash::keyPressEvent(QKeyEvent *)
+{
+    run([&] { unload(); });
+}
+
+void frmSplash::Timer1_Timer()
+{
+    unload();
+}

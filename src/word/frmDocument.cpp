@@ -1,0 +1,187 @@
+#include "frmDocument.h"
+
+#include "Ask.h"
+#include "ErrorReports.h"
+#include "EventGate.h"
+#include "Globals.h"
+#include "LinkOpener.h"
+#include "MainFrame.h"
+#include "Paths.h"
+#include "RichTextBox.h"
+#include "ThemeIcon.h"
+#include "Toolbar.h"
+#include "Twips.h"
+
+namespace {
+
+constexpr int edge = 2;           // twips between the window's inner edge and the text control
+constexpr int narrowest = 200;    // twips; the control is cut by a window that is narrower
+constexpr int lastWordButton = 24;
+
+} // namespace
+
+frmDocument::frmDocument()
+    : ChildForm(QStringLiteral("frmDocument"))
+    , rtfTextBox(new RichTextBox(this))
+    , dlgCommonDialog(this)
+{
+    setCaption(QStringLiteral("Quill-Word Document"));
+    setWindowIcon(ThemeIcon::named(QStringLiteral("x-office-document")));
+    rtfTextBox->setObjectName(QStringLiteral("rtfTextBox"));
+    rtfTextBox->setAccessibleName(QStringLiteral("Document text"));
+    setFocusProxy(rtfTextBox);
+    addOperation(QStringLiteral("closeme"), [this] { closeme(); });
+    addOperation(QStringLiteral("unDirty"), [this] { unDirty(); });
+    addOperation(QStringLiteral("doclengthupdate"), [this] { doclengthupdate(); });
+}
+
+void frmDocument::Form_Load()
+{
+    mainFrame->tbToolBar().setButtonsEnabled(1, lastWordButton, true);
+    Form_Resize();
+    EnableAutoURLDetection(*rtfTextBox);
+    on(rtfTextBox, &RichTextBox::Change, this, &frmDocument::rtfTextBox_Change);
+    on(rtfTextBox, &RichTextBox::GotFocus, this, &frmDocument::rtfTextBox_GotFocus);
+    on(rtfTextBox, &RichTextBox::LinkClicked, this, &frmDocument::rtfTextBox_LinkClicked);
+    doclengthupdate();
+}
+
+QSize frmDocument::sizeHint() const
+{
+    return {Twips::toPixels(9000, logicalDpiX()), Twips::toPixels(6000, logicalDpiY())};
+}
+
+void frmDocument::Form_Resize()
+{
+    const double dpi = logicalDpiX();
+    const double width = qMax(Twips::fromPixels(this->width(), dpi) - 2 * edge, double(narrowest));
+    const double height = Twips::fromPixels(this->height(), dpi) - 2 * edge;
+    const int offset = Twips::toPixels(edge, dpi);
+    rtfTextBox->setGeometry(offset, offset, Twips::toPixels(width, dpi), Twips::toPixels(height, dpi));
+    rtfTextBox->setRightMargin(int(width)); // lines wrap at the control's edge
+}
+
+void frmDocument::closeme() {}
+
+void frmDocument::unDirty()
+{
+    m_dirty = false;
+}
+
+void frmDocument::doclengthupdate()
+{
+    m_documentLength = qint32(rtfTextBox->TextRTF().size());
+    m_dirty = false;
+}
+
+void frmDocument::EnableAutoURLDetection(RichTextBox &textControl)
+{
+    textControl.setAutoURLDetection(true);
+}
+
+void frmDocument::DisableAutoURLDetection(RichTextBox &textControl)
+{
+    textControl.setAutoURLDetection(false);
+}
+
+void frmDocument::rtfTextBox_Change()
+{
+    m_dirty = true;
+}
+
+void frmDocument::rtfTextBox_GotFocus()
+{
+    if (!freshDocument)
+        return;
+    m_dirty = false; // discards the change that loading a file caused
+    freshDocument = false;
+}
+
+void frmDocument::rtfTextBox_LinkClicked(int first)
+{
+    LinkOpener::open(rtfTextBox->linkTarget(first));
+}
+
+bool frmDocument::Form_QueryUnload()
+{
+    DisableAutoURLDetection(*rtfTextBox);
+    if (rtfTextBox->TextRTF().size() != m_documentLength)
+        m_dirty = true;
+    if (m_dirty)
+        askToSave();
+    return true; // whatever was answered, the window closes
+}
+
+void frmDocument::Form_Terminate()
+{
+    mainFrame->checkForDocument();
+}
+
+void frmDocument::askToSave()
+{
+    const MsgBoxStyle style = MsgBoxStyle::Question | MsgBoxStyle::YesNo;
+    if (Ask(QStringLiteral("Save Changes to ") + Caption(), style, QStringLiteral("Save Changes?..."))
+        == MsgBoxReply::No)
+        return;
+    if (Ask(QStringLiteral("Save as RTF? Yes to save as RTF format No to save in Plain Text."), style,
+            QStringLiteral("Save as RTF?..."))
+        == MsgBoxReply::Yes) {
+        FileSaveAsRtf();
+        return;
+    }
+    if (Ask(QStringLiteral("Saving as Text will remove all formatting, continue?"), style,
+            QStringLiteral("Confirm Save As Text..."))
+        != MsgBoxReply::No)
+        FileSaveAsTxt();
+}
+
+void frmDocument::FileSaveAsTxt()
+{
+    dlgCommonDialog.DialogTitle = QStringLiteral("Save As TXT");
+    dlgCommonDialog.InitDir = Paths::appPath() + QStringLiteral("\\docs");
+    dlgCommonDialog.DefaultExt = QStringLiteral("txt");
+    dlgCommonDialog.Filter
+        = QStringLiteral("Text Files (*.txt;*.bat;*.dat;*.log;*.ini)|*.txt;*.bat;*.dat;*.log;*.ini");
+    saveActiveForm(RichTextFile::Format::Text);
+    doclengthupdate();
+}
+
+void frmDocument::FileSaveAsRtf()
+{
+    dlgCommonDialog.DialogTitle = QStringLiteral("Save As RTF");
+    dlgCommonDialog.InitDir = Paths::appPath() + QStringLiteral("\\docs");
+    dlgCommonDialog.DefaultExt = QStringLiteral("rtf");
+    dlgCommonDialog.Filter = QStringLiteral("Rich Text Format (*.rtf)|*.rtf");
+    saveActiveForm(RichTextFile::Format::Rtf);
+}
+
+void frmDocument::saveActiveForm(RichTextFile::Format format)
+{
+    dlgCommonDialog.CancelError = true;
+    dlgCommonDialog.Flags = CommonDialog::OverwritePrompt | CommonDialog::HideReadOnly;
+    do {
+        dlgCommonDialog.FileName.clear();
+        resumeNext([&] { dlgCommonDialog.ShowSave(); });
+    } while (dlgCommonDialog.FileName.isEmpty() || !writeActiveForm(dlgCommonDialog.FileName, format));
+}
+
+bool frmDocument::writeActiveForm(const QString &name, RichTextFile::Format format)
+{
+    // The active window is named and saved, also where another one is closing.
+    RichTextBox *text = nullptr;
+    resumeNext([&] {
+        Form *active = mainFrame->ActiveForm();
+        if (!active)
+            throw RuntimeError(ErrorNumber::ObjectNotSet);
+        active->setCaption(name);
+        text = &active->member<RichTextBox>(QStringLiteral("rtfTextBox"));
+    });
+    if (!text)
+        return true;
+    bool written = false;
+    resumeNext([&] {
+        text->SaveFile(name, format);
+        written = true;
+    });
+    return written;
+}
