@@ -9,7 +9,7 @@ fi
 "$1" &
 suite=$!
 trap 'kill $suite 2>/dev/null || true' EXIT
-xdotool search --sync --onlyvisible --name "Quill-Office Tools" >/dev/null
+timeout 30 xdotool search --sync --onlyvisible --name "Quill-Office Tools" >/dev/null
 sleep 1 # the first picture of the frame is painted behind its mapping
 import -window root "$2"
 echo "Screenshot: $2"

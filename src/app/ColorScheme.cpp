@@ -20,8 +20,8 @@ constexpr uint darkScheme = 1;
 /// Asking for a bus where none runs would start one.
 bool hasSessionBus()
 {
-    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")
-           || QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
+    return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
+           QFileInfo::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + QStringLiteral("/bus"));
 }
 
 /// The portal wraps the answer of this call in a second variant.

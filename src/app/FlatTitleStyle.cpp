@@ -40,8 +40,7 @@ QPainterPath markOf(QStyle::SubControl button)
 
 FlatTitleStyle::FlatTitleStyle()
     : QProxyStyle(QStringLiteral("Fusion"))
-{
-}
+{}
 
 void FlatTitleStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex *option,
                                         QPainter *painter, const QWidget *widget) const

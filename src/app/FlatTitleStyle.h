@@ -2,6 +2,8 @@
 
 #include <QProxyStyle>
 
+class QStyleOptionTitleBar;
+
 /// Fusion with flat title bars on the child windows, in the palette's colours.
 class FlatTitleStyle : public QProxyStyle
 {

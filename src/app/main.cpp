@@ -12,7 +12,8 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationVersion(Version::text());
     QGuiApplication::setApplicationDisplayName({});
     QGuiApplication::setDesktopFileName(QStringLiteral("quill-office-tools"));
-    QGuiApplication::setQuitOnLastWindowClosed(false); // the process lives as long as the frame, not the splash
+    QGuiApplication::setQuitOnLastWindowClosed(
+        false); // the process lives as long as the frame, not the splash
     Look::apply();
     WindowTable::registerAll();
     EntryRoutine();

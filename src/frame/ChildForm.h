@@ -12,7 +12,8 @@ class ChildForm : public Form
 public:
     using Form::Form;
 
-    /// The menus that take the frame's menu bar while this window is active; none leaves the frame's own there.
+    /// The menus that take the frame's menu bar while this window is active; none leaves the frame's own
+    /// there.
     virtual QList<QMenu *> menus() const { return {}; }
 
     void showModeless() override;

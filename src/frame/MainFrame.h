@@ -22,7 +22,7 @@ public:
     virtual Form *ActiveForm() const = 0;
     virtual Toolbar &tbToolBar() const = 0;
 
-    /// Puts \a child into the child area, shows it there and makes it the active one; a child that stands there
-    /// already is brought forward.
+    /// Puts \a child into the child area, shows it there and makes it the active one; a child that stands
+    /// there already is brought forward.
     virtual void place(ChildForm &child) = 0;
 };

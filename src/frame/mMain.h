@@ -2,7 +2,8 @@
 
 #include <QString>
 
-/// The folder of the system's own programs without a trailing separator, or an empty text where there is none.
+/// The folder of the system's own programs without a trailing separator, or an empty text where there is
+/// none.
 QString SystemDirectory();
 
 /// Unloads every open window whose name is exactly \a name.

@@ -8,8 +8,8 @@ class QAction;
 class QMdiSubWindow;
 class QMenuBar;
 
-/// Gives the frame's menu bar to the active child's own menus, and back to the frame's where the child has none.
-/// Mnemonics and shortcuts thus belong to one set at a time.
+/// Gives the frame's menu bar to the active child's own menus, and back to the frame's where the child has
+/// none. Mnemonics and shortcuts thus belong to one set at a time.
 class ChildMenus : public QObject
 {
 public:

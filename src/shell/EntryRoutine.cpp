@@ -14,9 +14,9 @@ void readSettings()
 {
     freshDocument = false;
     ignoreErrors([] {
-        showSplash = Numbers::toInteger(Settings::get(Paths::applicationTitle, QStringLiteral("Options"),
-                                                      QStringLiteral("Show Splash at Startup"),
-                                                      QStringLiteral("1")));
+        showSplash =
+            Numbers::toInteger(Settings::get(Paths::applicationTitle, QStringLiteral("Options"),
+                                             QStringLiteral("Show Splash at Startup"), QStringLiteral("1")));
     });
 }
 

@@ -12,8 +12,7 @@
 
 FileCommands::FileCommands(frmMain &frame)
     : m_frame(frame)
-{
-}
+{}
 
 RichTextBox &FileCommands::textOf(const Form &form)
 {
@@ -103,9 +102,9 @@ void FileCommands::mnuFileSave_Click()
 
 void FileCommands::mnuFileSaveAs_Click()
 {
-    const int reply = Ask(QStringLiteral("Saving as Text will remove all formatting, continue?"),
-                          MsgBoxStyle::Question | MsgBoxStyle::YesNo,
-                          QStringLiteral("Confirm Save As Text..."));
+    const int reply =
+        Ask(QStringLiteral("Saving as Text will remove all formatting, continue?"),
+            MsgBoxStyle::Question | MsgBoxStyle::YesNo, QStringLiteral("Confirm Save As Text..."));
     if (reply == MsgBoxReply::No || !m_frame.ActiveForm())
         return;
     CommonDialog &dialog = m_frame.dlgCommonDialog();
@@ -130,6 +129,7 @@ void FileCommands::saveAs(RichTextFile::Format format)
     active->setCaption(dialog.FileName);
     resumeNext([&] {
         textOf(*active).SaveFile(dialog.FileName, format);
-        active->call(QStringLiteral("doclengthupdate")); // a file that was not written leaves the changes unsaved
+        active->call(
+            QStringLiteral("doclengthupdate")); // a file that was not written leaves the changes unsaved
     });
 }

@@ -15,7 +15,10 @@ QString captionOf(const QMdiSubWindow &child, int number)
     QString caption = child.windowTitle();
     caption.replace(u'&', QLatin1String("&&"));
     constexpr int lastMnemonic = 9;
-    return QStringLiteral("%1%2 %3").arg(number <= lastMnemonic ? QStringLiteral("&") : QString()).arg(number).arg(caption);
+    return QStringLiteral("%1%2 %3")
+        .arg(number <= lastMnemonic ? QStringLiteral("&") : QString())
+        .arg(number)
+        .arg(caption);
 }
 
 void activate(MdiArea &area, QMdiSubWindow &child)

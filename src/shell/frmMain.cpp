@@ -21,6 +21,7 @@
 #include "WindowList.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScreen>
@@ -34,7 +35,8 @@ const QString settingsSection = QStringLiteral("Settings");
 
 int stored(const QString &key, int fallback, double dpi)
 {
-    const QString text = Settings::get(Paths::applicationTitle, settingsSection, key, QString::number(fallback));
+    const QString text =
+        Settings::get(Paths::applicationTitle, settingsSection, key, QString::number(fallback));
     return Twips::toPixels(double(Numbers::toSingle(text)), dpi);
 }
 
@@ -191,7 +193,8 @@ void frmMain::checkForDocument()
     int documents = 0;
     for (const Form *form : Forms::loaded())
         documents += int(form->findChildren<QWidget *>(QStringLiteral("rtfTextBox")).size());
-    m_toolBar->setButtonsVisible(FrameTables::firstDocumentButton, FrameTables::lastWordButton, documents > 0);
+    m_toolBar->setButtonsVisible(FrameTables::firstDocumentButton, FrameTables::lastWordButton,
+                                 documents > 0);
     for (const MenuRow &row : FrameTables::menuRows()) {
         if (row.flags & MenuRow::DocumentMenu)
             menuItem(QString::fromLatin1(row.name)).setVisible(documents > 0);
@@ -235,8 +238,10 @@ void frmMain::Timer1_Timer()
     const Form *active = ActiveForm();
     if (!active || active->Name() == m_lastChild)
         return;
-    // The last child is never noted, so this runs at each tick: a tool never keeps the word-processing buttons.
-    m_toolBar->setButtonsVisible(1, FrameTables::lastWordButton, active->Name() == QLatin1String("frmDocument"));
+    // The last child is never noted, so this runs at each tick: a tool never keeps the word-processing
+    // buttons.
+    m_toolBar->setButtonsVisible(1, FrameTables::lastWordButton,
+                                 active->Name() == QLatin1String("frmDocument"));
 }
 
 void frmMain::tbToolBar_ButtonClick(const QString &key)

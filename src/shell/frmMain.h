@@ -13,19 +13,17 @@ class QMenu;
 class QTimer;
 class StatusBar;
 
-/// The one frame of the suite: it owns menus, toolbar, status bar and child area, numbers the documents and keeps
-/// the commands on show in line with what is open. What each menu item and button is called stands in
+/// The one frame of the suite: it owns menus, toolbar, status bar and child area, numbers the documents and
+/// keeps the commands on show in line with what is open. What each menu item and button is called stands in
 /// FrameTables; the file commands are FileCommands.
 class frmMain : public QMainWindow, public MainFrame
 {
-    Q_OBJECT
-
 public:
     frmMain();
     ~frmMain() override;
 
-    /// Restores the stored position and opens the first document. Throws RuntimeError 13 for a stored position that
-    /// is no number.
+    /// Restores the stored position and opens the first document. Throws RuntimeError 13 for a stored
+    /// position that is no number.
     void load();
     /// Closes every child first, which may ask questions; then stores the position and ends the program.
     void unload();

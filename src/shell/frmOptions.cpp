@@ -57,10 +57,11 @@ QWidget *frmOptions::buildDefaults()
 QWidget *frmOptions::buildHelp()
 {
     auto *help = new QGroupBox(QStringLiteral("Help"), this);
-    auto *text = new QLabel(QStringLiteral("Make your choices then click Apply or OK to apply your choices. "
-                                           "Selecting OK also closes this page. Cancel closes this page without "
-                                           "saving your changes."),
-                            help);
+    auto *text =
+        new QLabel(QStringLiteral("Make your choices then click Apply or OK to apply your choices. "
+                                  "Selecting OK also closes this page. Cancel closes this page without "
+                                  "saving your changes."),
+                   help);
     text->setObjectName(QStringLiteral("Label4"));
     text->setWordWrap(true);
     text->setMinimumWidth(fontMetrics().averageCharWidth() * 56);
@@ -115,8 +116,8 @@ void frmOptions::keyPressEvent(QKeyEvent *event)
 void frmOptions::cmdApply_Click()
 {
     const int value = CheckValue::of(*chkSplashTime);
-    Settings::save(Paths::applicationTitle, QStringLiteral("Options"), QStringLiteral("Show Splash at Startup"),
-                   QString::number(value));
+    Settings::save(Paths::applicationTitle, QStringLiteral("Options"),
+                   QStringLiteral("Show Splash at Startup"), QString::number(value));
     showSplash = qint16(value);
 }
 

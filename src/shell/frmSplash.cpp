@@ -23,7 +23,7 @@ frmSplash::frmSplash()
     , lblVersion(new QLabel(this))
     , Timer1(new QTimer(this))
 {
-    setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
+    setWindowFlags(Qt::FramelessWindowHint);
     setFixedSize(pictureSize);
     lblVersion->setObjectName(QStringLiteral("lblVersion"));
     lblVersion->setStyleSheet(QStringLiteral("color: #dfe7ef;"));

@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr int edge = 2;           // twips between the window's inner edge and the text control
-constexpr int narrowest = 200;    // twips; the control is cut by a window that is narrower
+constexpr int edge = 2;        // twips between the window's inner edge and the text control
+constexpr int narrowest = 200; // twips; the control is cut by a window that is narrower
 constexpr int lastWordButton = 24;
 
 } // namespace
@@ -61,7 +61,8 @@ void frmDocument::Form_Resize()
     rtfTextBox->setRightMargin(int(width)); // lines wrap at the control's edge
 }
 
-void frmDocument::closeme() {}
+void frmDocument::closeme()
+{}
 
 void frmDocument::unDirty()
 {
@@ -120,18 +121,16 @@ void frmDocument::Form_Terminate()
 void frmDocument::askToSave()
 {
     const MsgBoxStyle style = MsgBoxStyle::Question | MsgBoxStyle::YesNo;
-    if (Ask(QStringLiteral("Save Changes to ") + Caption(), style, QStringLiteral("Save Changes?..."))
-        == MsgBoxReply::No)
+    if (Ask(QStringLiteral("Save Changes to ") + Caption(), style, QStringLiteral("Save Changes?...")) ==
+        MsgBoxReply::No)
         return;
     if (Ask(QStringLiteral("Save as RTF? Yes to save as RTF format No to save in Plain Text."), style,
-            QStringLiteral("Save as RTF?..."))
-        == MsgBoxReply::Yes) {
+            QStringLiteral("Save as RTF?...")) == MsgBoxReply::Yes) {
         FileSaveAsRtf();
         return;
     }
     if (Ask(QStringLiteral("Saving as Text will remove all formatting, continue?"), style,
-            QStringLiteral("Confirm Save As Text..."))
-        != MsgBoxReply::No)
+            QStringLiteral("Confirm Save As Text...")) != MsgBoxReply::No)
         FileSaveAsTxt();
 }
 
@@ -140,8 +139,8 @@ void frmDocument::FileSaveAsTxt()
     dlgCommonDialog.DialogTitle = QStringLiteral("Save As TXT");
     dlgCommonDialog.InitDir = Paths::appPath() + QStringLiteral("\\docs");
     dlgCommonDialog.DefaultExt = QStringLiteral("txt");
-    dlgCommonDialog.Filter
-        = QStringLiteral("Text Files (*.txt;*.bat;*.dat;*.log;*.ini)|*.txt;*.bat;*.dat;*.log;*.ini");
+    dlgCommonDialog.Filter =
+        QStringLiteral("Text Files (*.txt;*.bat;*.dat;*.log;*.ini)|*.txt;*.bat;*.dat;*.log;*.ini");
     saveActiveForm(RichTextFile::Format::Text);
     doclengthupdate();
 }

@@ -6,8 +6,8 @@
 
 class RichTextBox;
 
-/// One word-processor document: its text, whether it has unsaved changes, and the questions at closing. Its caption
-/// is its identity, the full path once it has a file. The commands of the frame's menus are not here.
+/// One word-processor document: its text, whether it has unsaved changes, and the questions at closing. Its
+/// caption is its identity, the full path once it has a file. The commands of the frame's menus are not here.
 class frmDocument : public ChildForm
 {
 public:

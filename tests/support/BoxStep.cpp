@@ -7,8 +7,7 @@
 BoxStep::BoxStep(const QString &title, const QString &text)
     : m_title(title)
     , m_text(text)
-{
-}
+{}
 
 BoxStep &BoxStep::icon(QMessageBox::Icon icon)
 {
@@ -43,12 +42,15 @@ bool BoxStep::matches(const QWidget &window) const
 void BoxStep::answer(QWidget &window) const
 {
     auto &box = static_cast<QMessageBox &>(window);
-    if (m_icon)
+    if (m_icon) {
         EXPECT_EQ(box.icon(), *m_icon) << qUtf8Printable(describe());
-    if (m_buttons)
+    }
+    if (m_buttons) {
         EXPECT_EQ(box.standardButtons().toInt(), m_buttons->toInt()) << qUtf8Printable(describe());
-    if (m_default)
+    }
+    if (m_default) {
         EXPECT_EQ(box.defaultButton(), box.button(*m_default)) << qUtf8Printable(describe());
+    }
     if (QAbstractButton *button = box.button(m_press))
         button->click();
     else

@@ -4,6 +4,7 @@
 #include "RuntimeError.h"
 
 #include <QApplication>
+#include <QPointer>
 #include <QPushButton>
 #include <cstdlib>
 #include <gtest/gtest.h>
@@ -62,8 +63,8 @@ void DialogDriver::look()
     m_busy.append(window);
     QObject::connect(window, &QObject::destroyed, &m_poll, [this, window] { m_busy.removeOne(window); });
 
-    // A timer does not fire again inside its own handler, and an answer may open the next dialog: so the answer
-    // runs from a timer of its own.
+    // A timer does not fire again inside its own handler, and an answer may open the next dialog: so the
+    // answer runs from a timer of its own.
     const bool expected = m_next < m_steps.size() && m_steps[m_next]->matches(*window);
     const std::size_t step = expected ? m_next++ : m_steps.size();
     QTimer::singleShot(0, &m_poll, [this, step, guard = QPointer<QWidget>(window)] {

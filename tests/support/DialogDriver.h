@@ -9,9 +9,9 @@
 #include <memory>
 #include <vector>
 
-/// Answers the real dialogs that a test provokes, in the order of the steps given. A modal window that no step
-/// expects fails the test and is left by its gentlest way out; so does a step that no window came up for, when the
-/// driver goes.
+/// Answers the real dialogs that a test provokes, in the order of the steps given. A modal window that no
+/// step expects fails the test and is left by its gentlest way out; so does a step that no window came up
+/// for, when the driver goes.
 ///
 ///     DialogDriver dialogs;
 ///     dialogs.expectBox("Save Changes?...", "Save Changes to Document 1").press(QMessageBox::No);
@@ -25,8 +25,8 @@ public:
 
     BoxStep &expectBox(const QString &title, const QString &text);
     FileDialogStep &expectFileDialog(const QString &title);
-    /// A modal window of class \a Window with the objectName \a name. \a act may open further dialogs; a window
-    /// that is still open behind it has to be answered by the next step.
+    /// A modal window of class \a Window with the objectName \a name. \a act may open further dialogs; a
+    /// window that is still open behind it has to be answered by the next step.
     template<class Window>
     void expectWindow(const QString &name, std::function<void(Window &)> act);
 

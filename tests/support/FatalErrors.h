@@ -3,8 +3,9 @@
 #include <QList>
 #include <QString>
 
-/// Stands in for the default error box and the end of the process, so that a fatal error is tested in-process: it is
-/// recorded, and the event loop goes on. One that was not expected fails the test, as does one that did not come.
+/// Stands in for the default error box and the end of the process, so that both are tested in-process: they
+/// are recorded, and the event loop goes on. One that was not expected fails the test, as does one that did
+/// not come.
 class FatalErrors
 {
 public:
@@ -19,20 +20,25 @@ public:
     FatalErrors(const FatalErrors &) = delete;
     FatalErrors &operator=(const FatalErrors &) = delete;
 
-    /// The next error has this number and, unless that is empty, this \a description.
+    /// The next error has this number and, unless that is empty, this \a description. The end that follows an
+    /// error belongs to it.
     void expect(int number, const QString &description = {});
+    /// The process ends without an error that nobody trapped.
+    void expectEnd(int code);
 
     const QList<Error> &seen() const { return m_seen; }
-    /// How often the process would have ended.
-    int ends() const { return m_ends; }
+    /// The codes that the process would have ended with, errors included.
+    const QList<int> &ends() const { return m_ends; }
 
-    /// Every fatal error fails the running test; so it is wherever no FatalErrors stands.
+    /// Every fatal error and every end fails the running test; so it is wherever no FatalErrors stands.
     static void refuseAll();
 
 private:
-    void receive(const Error &error);
+    void receiveError(const Error &error);
+    void receiveEnd(int code);
 
     QList<Error> m_expected;
+    QList<int> m_expectedEnds;
     QList<Error> m_seen;
-    int m_ends = 0;
+    QList<int> m_ends;
 };

@@ -7,8 +7,7 @@
 
 FileDialogStep::FileDialogStep(const QString &title)
     : m_title(title)
-{
-}
+{}
 
 FileDialogStep &FileDialogStep::filters(const QStringList &filters)
 {
@@ -56,15 +55,19 @@ void FileDialogStep::answer(QWidget &window) const
     auto &dialog = static_cast<QFileDialog &>(window);
     auto *edit = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
     ASSERT_NE(edit, nullptr) << "the file dialog is not Qt's own";
-    if (m_filters)
+    if (m_filters) {
         EXPECT_EQ(dialog.nameFilters(), *m_filters) << qUtf8Printable(describe());
-    if (m_suffix)
+    }
+    if (m_suffix) {
         EXPECT_EQ(dialog.defaultSuffix(), *m_suffix) << qUtf8Printable(describe());
-    if (m_folder)
+    }
+    if (m_folder) {
         EXPECT_EQ(dialog.directory().canonicalPath(), QDir(*m_folder).canonicalPath())
             << qUtf8Printable(describe());
-    if (m_suggestion)
+    }
+    if (m_suggestion) {
         EXPECT_EQ(edit->text(), *m_suggestion) << qUtf8Printable(describe());
+    }
     if (!m_name) {
         dialog.reject();
         return;

@@ -5,8 +5,8 @@
 #include <QStringList>
 #include <optional>
 
-/// Types a name into a file dialog and accepts it, or cancels the dialog. Nothing is checked but the title and what
-/// was asked for here.
+/// Types a name into a file dialog and accepts it, or cancels the dialog. Nothing is checked but the title
+/// and what was asked for here.
 class FileDialogStep : public DialogStep
 {
 public:

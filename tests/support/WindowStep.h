@@ -13,8 +13,7 @@ public:
     WindowStep(const QString &name, std::function<void(Window &)> act)
         : m_name(name)
         , m_act(std::move(act))
-    {
-    }
+    {}
 
     bool matches(const QWidget &window) const override
     {

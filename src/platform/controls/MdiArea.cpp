@@ -27,6 +27,7 @@ MdiArea::MdiArea(QWidget *parent)
 
 void MdiArea::arrange(Arrangement arrangement)
 {
+    QMdiSubWindow *active = currentSubWindow();
     arrangeIcons();
     if (arrangement == Arrangement::Cascade)
         cascade();
@@ -34,6 +35,7 @@ void MdiArea::arrange(Arrangement arrangement)
         tile(Qt::Vertical);
     else if (arrangement == Arrangement::TileVertical)
         tile(Qt::Horizontal);
+    setActiveSubWindow(active);
 }
 
 /// Bottom of the stack first, so that the active child comes last.
@@ -60,7 +62,8 @@ QRect MdiArea::roomForOpenChildren() const
 void MdiArea::cascade()
 {
     const QRect room = roomForOpenChildren();
-    const int step = style()->pixelMetric(QStyle::PM_TitleBarHeight) + style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    const int step = style()->pixelMetric(QStyle::PM_TitleBarHeight) +
+                     style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
     const QSize size = room.size() * 2 / 3;
     const int places = std::max(1, (room.height() - size.height()) / std::max(1, step));
     int place = 0;

@@ -10,8 +10,8 @@ public:
 
     explicit MdiArea(QWidget *parent = nullptr);
 
-    /// Lays out the children that are not minimised (ArrangeIcons: leaves them) and rows the minimised ones along
-    /// the bottom edge. A maximised child is restored by the first three.
+    /// Lays out the children that are not minimised (ArrangeIcons: leaves them) and rows the minimised ones
+    /// along the bottom edge. A maximised child is restored by the first three.
     void arrange(Arrangement arrangement);
 
     /// The children in order of creation.

@@ -4,8 +4,8 @@
 
 class QLabel;
 
-/// A status bar of three panels: a fixed text, the date and the time of day, which follow the clock by themselves.
-/// The text's panel yields before the clock does when the window is narrow.
+/// A status bar of three panels: a fixed text, the date and the time of day, which follow the clock by
+/// themselves. The text's panel yields before the clock does when the window is narrow.
 class StatusBar : public QStatusBar
 {
 public:

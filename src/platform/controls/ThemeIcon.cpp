@@ -22,8 +22,8 @@ void ThemeIcon::setUp()
         QIcon::setThemeSearchPaths(paths << packagedThemes);
     const QString packaged = isDark() ? QStringLiteral("breeze-dark") : QStringLiteral("breeze");
     QIcon::setFallbackThemeName(packaged);
-    if (QIcon::themeName().isEmpty() || QIcon::themeName() == QLatin1String("hicolor")
-        || QIcon::themeName().startsWith(QLatin1String("breeze")))
+    if (QIcon::themeName().isEmpty() || QIcon::themeName() == QLatin1String("hicolor") ||
+        QIcon::themeName().startsWith(QLatin1String("breeze")))
         QIcon::setThemeName(packaged);
 }
 

@@ -67,13 +67,15 @@ QAction &Toolbar::button(const QString &key) const
 
 void Toolbar::setButtonsEnabled(int first, int last, bool enabled)
 {
-    for (auto button = m_buttons.lowerBound(first); button != m_buttons.end() && button.key() <= last; ++button)
+    for (auto button = m_buttons.lowerBound(first); button != m_buttons.end() && button.key() <= last;
+         ++button)
         (*button)->setEnabled(enabled);
 }
 
 void Toolbar::setButtonsVisible(int first, int last, bool visible)
 {
-    for (auto button = m_buttons.lowerBound(first); button != m_buttons.end() && button.key() <= last; ++button)
+    for (auto button = m_buttons.lowerBound(first); button != m_buttons.end() && button.key() <= last;
+         ++button)
         (*button)->setVisible(visible);
 }
 

@@ -18,8 +18,7 @@ class Descriptor
 public:
     explicit Descriptor(int fd)
         : m_fd(fd)
-    {
-    }
+    {}
     ~Descriptor() { close(); }
     Descriptor(const Descriptor &) = delete;
     Descriptor &operator=(const Descriptor &) = delete;
@@ -44,8 +43,7 @@ public:
         : m_name(target + ".XXXXXX")
         , m_fd(::mkostemp(m_name.data(), O_CLOEXEC))
         , m_pending(m_fd.isOpen())
-    {
-    }
+    {}
     ~Sibling()
     {
         if (m_pending)
@@ -94,21 +92,23 @@ mode_t ordinaryMode()
     return 0666 & ~mask;
 }
 
+[[noreturn]] void fail(const QString &path, int code = errno)
+{
+    throw RuntimeError::fromErrno(code, path);
+}
+
 /// The file that writing \a path has to replace: what a link points to, else the path itself.
 QByteArray targetOf(const QString &path)
 {
     const QByteArray name = QFile::encodeName(path);
     char *resolved = ::realpath(name.constData(), nullptr);
+    if (!resolved && errno != ENOENT)
+        fail(path);
     if (!resolved)
-        return name;
+        return QFileInfo(path).isSymLink() ? QFile::encodeName(QFileInfo(path).symLinkTarget()) : name;
     const QByteArray target(resolved);
     ::free(resolved);
     return target;
-}
-
-[[noreturn]] void fail(const QString &path, int code = errno)
-{
-    throw RuntimeError::fromErrno(code, path);
 }
 
 } // namespace

@@ -14,9 +14,8 @@ double toDouble(const QString &text)
 {
     bool ok = false;
     const double value = QLocale::c().toDouble(text.trimmed(), &ok);
-    if (!ok && !std::isinf(value))
-        throw RuntimeError(ErrorNumber::TypeMismatch, {}, text);
-    if (std::isnan(value))
+    // Too large a number comes as an infinity that is not ok, the word "inf" as one that is.
+    if (std::isnan(value) || ok == std::isinf(value))
         throw RuntimeError(ErrorNumber::TypeMismatch, {}, text);
     return value;
 }

@@ -11,8 +11,8 @@ QString dataFolder()
     const QString beside = QCoreApplication::applicationDirPath();
     if (QDir(beside + QStringLiteral("/help")).exists())
         return beside;
-    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u'/'
-           + Paths::applicationTitle;
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u'/' +
+           Paths::applicationTitle;
 }
 
 } // namespace

@@ -15,7 +15,8 @@ constexpr std::array<char16_t, 32> highControls = {
 
 QString decodeAs(QStringConverter::Encoding encoding, const QByteArray &bytes, bool *valid)
 {
-    QStringDecoder decoder(encoding);
+    // Stateless, so that a character cut off at the end is an error and not waited for.
+    QStringDecoder decoder(encoding, QStringConverter::Flag::Stateless);
     const QString text = decoder(bytes);
     *valid = !decoder.hasError();
     return text;

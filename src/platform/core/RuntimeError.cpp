@@ -75,8 +75,7 @@ RuntimeError::RuntimeError(int number, const QString &description, const QString
     , m_description(description.isEmpty() ? platformText(number) : description)
     , m_source(source)
     , m_what(QStringLiteral("%1: %2").arg(number).arg(m_description).toUtf8())
-{
-}
+{}
 
 RuntimeError RuntimeError::fromErrno(int code, const QString &path)
 {

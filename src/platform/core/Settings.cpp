@@ -1,61 +1,102 @@
 #include "Settings.h"
 
+#include "Files.h"
 #include "RuntimeError.h"
 
-#include <QFile>
+#include <QDir>
 #include <QFileInfo>
-#include <QSettings>
+#include <QLockFile>
+#include <QMap>
 #include <QStandardPaths>
-#include <cerrno>
-#include <unistd.h>
+#include <QUrl>
+
+// Not QSettings: on a full disk its version here puts a truncated file in the place of the old one and
+// reports no error.
 
 namespace {
 
-QString keyOf(const QString &section, const QString &key)
+using Section = QMap<QString, QString>;
+
+struct Ini
 {
-    return section + u'/' + key;
+    QMap<QString, Section> sections;
+    bool isDamaged = false; ///< a line was not understood
+};
+
+QString decoded(const QByteArray &text)
+{
+    return QUrl::fromPercentEncoding(text.trimmed());
 }
 
-void keepDamaged(const QString &path)
+/// Names and values are percent-encoded where the file's own signs, or blanks at an end, would be lost.
+QByteArray encoded(const QString &text)
 {
-    const QString kept = path + QStringLiteral(".damaged");
-    QFile::remove(kept);
-    QFile::copy(path, kept);
+    const bool hasOuterBlanks = text != text.trimmed();
+    return QUrl::toPercentEncoding(text, hasOuterBlanks ? "!\"$&'()*+,-./:<>?@\\^_`{|}~"
+                                                        : " !\"$&'()*+,-./:<>?@\\^_`{|}~");
 }
 
-/// QSettings tells only that it failed; the reason is read off the file and its folder.
-RuntimeError reasonFor(const QString &path)
+Ini parse(const QByteArray &bytes)
 {
-    const bool exists = QFileInfo::exists(path);
-    const QString written = exists ? path : QFileInfo(path).path();
-    const bool allowed = ::access(QFile::encodeName(written).constData(), W_OK) == 0;
-    return RuntimeError::fromErrno(allowed ? ENOSPC : errno, path);
+    Ini ini;
+    ini.isDamaged = !bytes.isValidUtf8();
+    QString section;
+    for (const QByteArray &raw : bytes.split('\n')) {
+        const QByteArray line = raw.trimmed();
+        const qsizetype equals = line.indexOf('=');
+        if (line.isEmpty() || line.startsWith(';') || line.startsWith('#'))
+            continue;
+        if (line.startsWith('[') && line.endsWith(']'))
+            section = decoded(line.mid(1, line.size() - 2));
+        else if (equals >= 0)
+            ini.sections[section].insert(decoded(line.left(equals)), decoded(line.mid(equals + 1)));
+        else
+            ini.isDamaged = true;
+    }
+    return ini;
+}
+
+QByteArray serialise(const Ini &ini)
+{
+    QByteArray bytes;
+    for (auto section = ini.sections.cbegin(); section != ini.sections.cend(); ++section) {
+        bytes += '[' + encoded(section.key()) + "]\n";
+        for (auto key = section->cbegin(); key != section->cend(); ++key)
+            bytes += encoded(key.key()) + '=' + encoded(key.value()) + '\n';
+    }
+    return bytes;
 }
 
 } // namespace
 
 QString Settings::fileName(const QString &application)
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u'/' + application
-           + QStringLiteral(".ini");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u'/' + application +
+           QStringLiteral(".ini");
 }
 
 QString Settings::get(const QString &application, const QString &section, const QString &key,
                       const QString &fallback)
 {
-    const QSettings file(fileName(application), QSettings::IniFormat);
-    return file.value(keyOf(section, key), fallback).toString();
+    try {
+        return parse(Files::read(fileName(application))).sections.value(section).value(key, fallback);
+    } catch (const RuntimeError &) {
+        return fallback;
+    }
 }
 
 void Settings::save(const QString &application, const QString &section, const QString &key,
                     const QString &value)
 {
     const QString path = fileName(application);
-    QSettings file(path, QSettings::IniFormat);
-    if (file.status() == QSettings::FormatError)
-        keepDamaged(path);
-    file.setValue(keyOf(section, key), value);
-    file.sync();
-    if (file.status() == QSettings::AccessError)
-        throw reasonFor(path);
+    QDir().mkpath(QFileInfo(path).path());
+    QLockFile lock(path + QStringLiteral(".lock"));
+    lock.tryLock(2000); // where no lock can be had the write tells why
+
+    const QByteArray before = QFileInfo::exists(path) ? Files::read(path) : QByteArray();
+    Ini ini = parse(before);
+    if (ini.isDamaged)
+        Files::write(path + QStringLiteral(".damaged"), before);
+    ini.sections[section][key] = value;
+    Files::write(path, serialise(ini));
 }

@@ -6,8 +6,7 @@
 namespace Settings {
 
 /// The stored value, or \a fallback when the key is absent or the file cannot be read.
-QString get(const QString &application, const QString &section, const QString &key,
-            const QString &fallback);
+QString get(const QString &application, const QString &section, const QString &key, const QString &fallback);
 
 /// Stores \a value at once and makes what is missing. A file that could not be understood is kept beside the
 /// new one with ".damaged" behind its name. Throws RuntimeError 70, 61 or another file error when the file

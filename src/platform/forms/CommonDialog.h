@@ -17,11 +17,11 @@ public:
     explicit CommonDialog(QWidget *owner);
 
     QString DialogTitle;
-    QString FileName;    ///< the initial name; the chosen path comes back here, native
-    QString InitDir;     ///< "\" may separate; empty for the current folder
-    QString DefaultExt;  ///< taken for a chosen name without an extension
-    QString Filter;      ///< "Text Files (*.txt)|*.txt|All Files (*.*)|*.*"
-    int Flags = 0;       ///< bitwise OR of Flag
+    QString FileName;   ///< the initial name; the chosen path comes back here, native
+    QString InitDir;    ///< "\" may separate; empty for the current folder
+    QString DefaultExt; ///< taken for a chosen name without an extension
+    QString Filter;     ///< "Text Files (*.txt)|*.txt|All Files (*.*)|*.*"
+    int Flags = 0;      ///< bitwise OR of Flag
     bool CancelError = false;
 
     /// A cancelled dialog leaves FileName as it was and, with CancelError, throws RuntimeError 32755.

@@ -16,8 +16,8 @@ void showDefaultBox(int number, const QString &description)
 
 bool failing = false;
 
-/// A normal end lets the application object go as it should, so that what was copied stays with the desktop; but no
-/// handler runs any more.
+/// A normal end lets the application object go as it should, so that what was copied stays with the desktop;
+/// but no handler runs any more.
 void endProcess(int code)
 {
     if (code != EXIT_SUCCESS || !QCoreApplication::instance())

@@ -7,9 +7,11 @@
 #include <type_traits>
 
 /// The one road from an event to a handler. No exception crosses Qt's own frames: what a handler throws and
-/// nobody trapped shows the default error box and ends the process; while that box is up no other handler runs.
+/// nobody trapped shows the default error box and ends the process; while that box is up no other handler
+/// runs.
 ///
-/// What its caller has to trap (the load of a window, a toolbar key running a command) is a plain call instead.
+/// What its caller has to trap (the load of a window, a toolbar key running a command) is a plain call
+/// instead.
 namespace EventGate {
 
 using Box = std::function<void(int number, const QString &description)>;
@@ -49,8 +51,8 @@ void run(Step &&step) noexcept
     }
 }
 
-/// Binds \a handler to a signal of \a sender for as long as \a context lives. The handler takes as many of the
-/// signal's arguments as it likes.
+/// Binds \a handler to a signal of \a sender for as long as \a context lives. The handler takes as many of
+/// the signal's arguments as it likes.
 template<class Sender, class Signal, class Handler>
 QMetaObject::Connection on(Sender *sender, Signal signal, const QObject *context, Handler handler)
 {
@@ -74,13 +76,17 @@ QMetaObject::Connection on(Sender *sender, Signal signal, Object *object, Result
 template<std::size_t Count, class Handler, class... Args>
 void EventGate::callWithPrefix(Handler &handler, std::tuple<Args...> &args)
 {
-    constexpr bool fits = []<std::size_t... I>(std::index_sequence<I...>) {
+    constexpr bool fits = []<std::size_t... I>(std::index_sequence<I...>)
+    {
         return std::is_invocable_v<Handler &, std::tuple_element_t<I, std::tuple<Args...>>...>;
-    }(std::make_index_sequence<Count>{});
+    }
+    (std::make_index_sequence<Count>{});
     if constexpr (fits) {
-        [&]<std::size_t... I>(std::index_sequence<I...>) {
+        [&]<std::size_t... I>(std::index_sequence<I...>)
+        {
             handler(std::forward<std::tuple_element_t<I, std::tuple<Args...>>>(std::get<I>(args))...);
-        }(std::make_index_sequence<Count>{});
+        }
+        (std::make_index_sequence<Count>{});
     } else {
         static_assert(Count > 0, "the handler does not fit the signal");
         callWithPrefix<Count - 1>(handler, args);

@@ -29,6 +29,8 @@ void Form::load()
 void Form::showModeless()
 {
     load();
+    if (!isLoaded())
+        return; // its load has unloaded it
     showNormal();
     raise();
     activateWindow();
@@ -36,9 +38,11 @@ void Form::showModeless()
 
 void Form::showModal(QWidget *owner)
 {
-    setParent(owner, Qt::Dialog);
+    setParent(owner, (windowFlags() & ~Qt::WindowType_Mask) | Qt::Dialog);
     setWindowModality(Qt::ApplicationModal);
     load();
+    if (!isLoaded())
+        return;
     QEventLoop loop;
     connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
     show();

@@ -19,8 +19,8 @@ public:
     QString Caption() const { return windowTitle(); }
     void setCaption(const QString &caption) { setWindowTitle(caption); }
 
-    /// Runs Form_Load unless the window is loaded already. What the load throws reaches the caller; the window
-    /// then stays loaded.
+    /// Runs Form_Load unless the window is loaded already. What the load throws reaches the caller; the
+    /// window then stays loaded.
     void load();
     bool isLoaded() const { return m_state == State::Loaded; }
 
@@ -31,8 +31,8 @@ public:
     void showModal(QWidget *owner);
 
     /// Asks Form_QueryUnload; unless that keeps the window, runs Form_Unload, takes the window out of Forms,
-    /// runs Form_Terminate and closes it. The object is deleted once events are run again. Returns false when the
-    /// window stays.
+    /// runs Form_Terminate and closes it. The object is deleted once events are run again. Returns false when
+    /// the window stays.
     bool unload();
 
     /// The control \a name of this window. Throws RuntimeError 438 when there is none of this kind.

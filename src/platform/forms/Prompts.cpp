@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QPointer>
 
 namespace {
 
@@ -52,13 +53,17 @@ QWidget *owner()
     return modal ? modal : QApplication::activeWindow();
 }
 
-void furnish(QMessageBox &box, const QString &text, MsgBoxStyle style, const QString &title)
+/// Shows \a box and deletes it, unless its owner went first. Returns the button pressed.
+int ask(QPointer<QMessageBox> box, const QString &text, MsgBoxStyle style, const QString &title)
 {
-    box.setObjectName(QStringLiteral("MsgBox"));
-    box.setWindowTitle(title.isEmpty() ? Paths::applicationTitle : title);
-    box.setTextFormat(Qt::PlainText);
-    box.setText(text);
-    box.setIcon(iconOf(style));
+    box->setObjectName(QStringLiteral("MsgBox"));
+    box->setWindowTitle(title.isEmpty() ? Paths::applicationTitle : title);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(text);
+    box->setIcon(iconOf(style));
+    const int button = box->exec();
+    delete box;
+    return button;
 }
 
 } // namespace
@@ -66,15 +71,13 @@ void furnish(QMessageBox &box, const QString &text, MsgBoxStyle style, const QSt
 int MsgBox(const QString &text, MsgBoxStyle style, const QString &title)
 {
     if (!has(style, MsgBoxStyle::YesNo)) {
-        QMessageBox box(owner());
-        furnish(box, text, style, title);
-        box.setStandardButtons(QMessageBox::Ok);
-        box.exec();
+        auto *box = new QMessageBox(owner());
+        box->setStandardButtons(QMessageBox::Ok);
+        ask(box, text, style, title);
         return MsgBoxReply::Ok;
     }
-    YesNoBox box(owner());
-    furnish(box, text, style, title);
-    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-    box.setDefaultButton(QMessageBox::Yes);
-    return box.exec() == QMessageBox::Yes ? MsgBoxReply::Yes : MsgBoxReply::No;
+    auto *box = new YesNoBox(owner());
+    box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box->setDefaultButton(QMessageBox::Yes);
+    return ask(box, text, style, title) == QMessageBox::Yes ? MsgBoxReply::Yes : MsgBoxReply::No;
 }

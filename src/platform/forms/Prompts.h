@@ -25,6 +25,7 @@ inline constexpr int Yes = 6;
 inline constexpr int No = 7;
 } // namespace MsgBoxReply
 
-/// Shows \a text, plain, with the icon and the buttons of \a style (OK alone without YesNo). An empty \a title
-/// stands for the application title. Returns a MsgBoxReply; a Yes/No box cannot be left without one of them.
+/// Shows \a text, plain, with the icon and the buttons of \a style (OK alone without YesNo). An empty \a
+/// title stands for the application title. Returns a MsgBoxReply; a Yes/No box cannot be left without one of
+/// them.
 int MsgBox(const QString &text, MsgBoxStyle style = MsgBoxStyle::Plain, const QString &title = {});

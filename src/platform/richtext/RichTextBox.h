@@ -1,10 +1,11 @@
 #pragma once
 
+#include "LinkMarks.h"
 #include "RichTextFile.h"
+#include "SelectionFormats.h"
+#include "TypingLayout.h"
 
-#include <QColor>
 #include <QTextEdit>
-#include <optional>
 
 class QPagedPaintDevice;
 
@@ -84,6 +85,10 @@ public:
 
     /// Marks web and mail addresses in the text and tells of clicks on them; the document itself is not changed.
     void setAutoURLDetection(bool on);
+    /// What the link that begins at \a first points to: the address that a real link carries, else its text.
+    QString linkTarget(int first) const;
+
+    QVariant loadResource(int type, const QUrl &name) override;
 
 Q_SIGNALS:
     void Change();
@@ -91,4 +96,37 @@ Q_SIGNALS:
     void GotFocus();
     /// A marked address was clicked: the characters from \a first up to \a end of Text().
     void LinkClicked(int first, int end);
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
+    bool canInsertFromMimeData(const QMimeData *source) const override;
+    void insertFromMimeData(const QMimeData *source) override;
+    QMimeData *createMimeDataFromSelection() const override;
+
+private:
+    std::unique_ptr<QTextDocument> newDocument() const;
+    void replaceDocument(std::unique_ptr<QTextDocument> document, const RichTextFile::Loaded &loaded);
+    void setPaper();
+    void wrap();
+    void tellChange();
+    void tellSelection();
+    CharacterStates characters() const;
+    ParagraphStates paragraphs() const;
+
+    mutable SelectionFormats m_formats;
+    TypingLayout m_typing;
+    LinkMarks m_links;
+    RichTextFile::Loaded m_loaded;
+    bool m_isChanged = false; ///< since the latest Change
+    int m_bulletIndent = 0;
+    int m_rightMargin = 0;
 };

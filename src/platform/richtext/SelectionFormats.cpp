@@ -36,20 +36,26 @@ void unite(ParagraphStates &states, const ParagraphStates &other)
     unite(states.rightIndent, other.rightIndent);
 }
 
-/// States united so far.
+/// The states that all formats given so far have in common.
 template<class States>
-struct Gathering
+class Common
 {
-    void add(const States &other)
+public:
+    void add(const States &states)
     {
-        if (states)
-            unite(*states, other);
+        if (m_isEmpty)
+            m_states = states;
         else
-            states = other;
+            unite(m_states, states);
+        m_isEmpty = false;
     }
-    bool isAllMixed() const { return states && *states == States{}; }
+    bool isEmpty() const { return m_isEmpty; }
+    bool isAllMixed() const { return !m_isEmpty && m_states == States{}; }
+    const States &states() const { return m_states; }
 
-    std::optional<States> states;
+private:
+    States m_states;
+    bool m_isEmpty = true;
 };
 
 double pointSize(const QTextCharFormat &format, const QFont &standard)
@@ -98,11 +104,11 @@ ParagraphStates statesOf(const QTextBlock &block)
 }
 
 /// Adds the formats of the characters of \a block within \a range; each format counts once.
-void gather(Gathering<CharacterStates> &gathering, QSet<int> &seen, const QTextBlock &block,
+void gather(Common<CharacterStates> &common, QSet<int> &seen, const QTextBlock &block,
             const SelectionRanges::Range &range)
 {
     int latest = -1;
-    for (auto it = block.begin(); !it.atEnd() && !gathering.isAllMixed(); ++it) {
+    for (auto it = block.begin(); !it.atEnd() && !common.isAllMixed(); ++it) {
         const QTextFragment run = it.fragment();
         if (run.position() >= range.end)
             return;
@@ -112,7 +118,7 @@ void gather(Gathering<CharacterStates> &gathering, QSet<int> &seen, const QTextB
         latest = index;
         if (!seen.contains(index)) {
             seen.insert(index);
-            gathering.add(statesOf(run.charFormat(), block.document()->defaultFont()));
+            common.add(statesOf(run.charFormat(), block.document()->defaultFont()));
         }
     }
 }
@@ -126,15 +132,17 @@ CharacterStates SelectionFormats::characters(const QTextCursor &selection, const
     if (m_charactersKey == keyOf(selection))
         return m_characters;
 
-    Gathering<CharacterStates> gathering;
+    Common<CharacterStates> common;
     QSet<int> seen;
     for (const SelectionRanges::Range &range : SelectionRanges::of(selection)) {
         QTextBlock block = selection.document()->findBlock(range.first);
-        for (; block.isValid() && block.position() < range.end && !gathering.isAllMixed(); block = block.next())
-            gather(gathering, seen, block, range);
+        for (; block.isValid() && block.position() < range.end && !common.isAllMixed(); block = block.next())
+            gather(common, seen, block, range);
     }
     // Nothing but paragraph ends is selected: they have the format of what is typed there.
-    m_characters = gathering.states.value_or(statesOf(typing, selection.document()->defaultFont()));
+    if (common.isEmpty())
+        common.add(statesOf(typing, selection.document()->defaultFont()));
+    m_characters = common.states();
     m_charactersKey = keyOf(selection);
     return m_characters;
 }
@@ -144,12 +152,12 @@ ParagraphStates SelectionFormats::paragraphs(const QTextCursor &selection)
     if (m_paragraphsKey == keyOf(selection))
         return m_paragraphs;
 
-    Gathering<ParagraphStates> gathering;
+    Common<ParagraphStates> common;
     SelectionRanges::forEachParagraph(selection, [&](const QTextBlock &block) {
-        gathering.add(statesOf(block));
-        return !gathering.isAllMixed();
+        common.add(statesOf(block));
+        return !common.isAllMixed();
     });
-    m_paragraphs = gathering.states.value_or(ParagraphStates());
+    m_paragraphs = common.states();
     m_paragraphsKey = keyOf(selection);
     return m_paragraphs;
 }

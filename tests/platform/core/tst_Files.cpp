@@ -1,33 +1,23 @@
+#include "ErrorNumberOf.h"
 #include "Files.h"
-#include "RuntimeError.h"
+#include "FullDisk.h"
+#include "PrintQt.h"
 #include "ScratchHome.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <csignal>
 #include <unistd.h>
 
 namespace {
-
-template<class Step>
-int errorNumberOf(Step &&step)
-{
-    try {
-        step();
-    } catch (const RuntimeError &error) {
-        return error.number();
-    }
-    return 0;
-}
 
 struct FilesTest : testing::Test
 {
     ScratchHome home;
     QString path = home.file(QStringLiteral("note.txt"));
+    QString other = home.file(QStringLiteral("other.txt"));
     QStringList folder() const { return QDir(home.path()).entryList(QDir::Files); }
 };
 
@@ -64,15 +54,12 @@ TEST_F(FilesTest, WritesThroughALink)
 TEST_F(FilesTest, AFullDiskLeavesTheOldFileWhole)
 {
     Files::write(path, "old");
-    struct rlimit before = {};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    ::signal(SIGXFSZ, SIG_IGN);
-    const struct rlimit tight = {4096, before.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &tight);
-    const int number = errorNumberOf([&] { Files::write(path, QByteArray(100000, 'x')); });
-    ::setrlimit(RLIMIT_FSIZE, &before);
-
-    EXPECT_EQ(number, ErrorNumber::DiskFull);
+    {
+        const FullDisk disk(4096);
+        EXPECT_EQ(errorNumberOf([&] { Files::write(path, QByteArray(100000, 'x')); }), ErrorNumber::DiskFull);
+        EXPECT_EQ(errorNumberOf([&] { Files::write(other, QByteArray(100000, 'x')); }),
+                  ErrorNumber::DiskFull);
+    }
     EXPECT_EQ(Files::read(path), QByteArray("old"));
     EXPECT_EQ(folder(), QStringList(QStringLiteral("note.txt")));
 }
@@ -88,4 +75,73 @@ TEST_F(FilesTest, RefusesWhatIsNoFile)
     }
     EXPECT_EQ(errorNumberOf([&] { Files::write(home.file(QStringLiteral("gone/x")), "x"); }),
               ErrorNumber::PathNotFound);
+}
+
+TEST_F(FilesTest, TellsAPathThroughAFile)
+{
+    Files::write(path, "one");
+    EXPECT_EQ(errorNumberOf([&] { Files::read(path + QStringLiteral("/x")); }), ErrorNumber::PathNotFound);
+    EXPECT_EQ(errorNumberOf([&] { Files::write(path + QStringLiteral("/x"), "x"); }),
+              ErrorNumber::PathNotFound);
+    EXPECT_EQ(Files::read(path), QByteArray("one"));
+}
+
+TEST_F(FilesTest, ReadsWhatDoesNotTellItsSize)
+{
+    EXPECT_TRUE(Files::read(QStringLiteral("/proc/self/status")).contains("Name:"));
+}
+
+TEST_F(FilesTest, AnEmptyFileIsEmptyAndEveryByteSurvives)
+{
+    Files::write(path, {});
+    EXPECT_TRUE(Files::read(path).isEmpty());
+    QByteArray bytes;
+    for (int i = 0; i < 300000; ++i)
+        bytes.append(char(i));
+    Files::write(path, bytes);
+    EXPECT_EQ(Files::read(path), bytes);
+}
+
+TEST_F(FilesTest, ALinkToAMissingFileMakesThatFile)
+{
+    const QString link = home.file(QStringLiteral("link"));
+    ASSERT_TRUE(QFile::link(path, link));
+    Files::write(link, "one");
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_EQ(Files::read(path), QByteArray("one"));
+}
+
+TEST_F(FilesTest, ARingOfLinksIsRefused)
+{
+    const QString link = home.file(QStringLiteral("link"));
+    ASSERT_EQ(::symlink("link", QFile::encodeName(link).constData()), 0);
+    EXPECT_EQ(errorNumberOf([&] { Files::read(link); }), ErrorNumber::PathFileAccessError);
+    EXPECT_EQ(errorNumberOf([&] { Files::write(link, "one"); }), ErrorNumber::PathFileAccessError);
+    EXPECT_TRUE(QFileInfo(link).isSymLink());
+}
+
+TEST_F(FilesTest, ANewFileFollowsTheMask)
+{
+    const mode_t before = ::umask(027);
+    Files::write(path, "one");
+    ::umask(before);
+    struct stat state = {};
+    ASSERT_EQ(::stat(QFile::encodeName(path).constData(), &state), 0);
+    EXPECT_EQ(state.st_mode & 0777, 0640u);
+}
+
+TEST_F(FilesTest, WithoutPermissionTheFileStands)
+{
+    if (::geteuid() == 0)
+        GTEST_SKIP() << "root may read and write everywhere";
+    Files::write(path, "one");
+    ::chmod(QFile::encodeName(path).constData(), 0444);
+    EXPECT_EQ(errorNumberOf([&] { Files::write(path, "two"); }), ErrorNumber::PermissionDenied);
+    EXPECT_EQ(Files::read(path), QByteArray("one"));
+    ::chmod(QFile::encodeName(path).constData(), 0);
+    EXPECT_EQ(errorNumberOf([&] { Files::read(path); }), ErrorNumber::PermissionDenied);
+    ::chmod(QFile::encodeName(home.path()).constData(), 0555);
+    EXPECT_EQ(errorNumberOf([&] { Files::write(other, "x"); }), ErrorNumber::PermissionDenied);
+    ::chmod(QFile::encodeName(home.path()).constData(), 0755);
+    EXPECT_EQ(folder(), QStringList(QStringLiteral("note.txt")));
 }

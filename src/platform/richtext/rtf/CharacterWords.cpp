@@ -73,6 +73,13 @@ CharacterWords::Run CharacterWords::run(int format)
     return known;
 }
 
+int CharacterWords::wordsAtCellStart(int format)
+{
+    QTextCharFormat text = m_formats.at(format).toCharFormat();
+    text.clearBackground();
+    return m_words.number(wordsOf(text));
+}
+
 CharacterWords::Run CharacterWords::make(const QTextCharFormat &format)
 {
     Run run;

@@ -24,6 +24,10 @@ public:
 
     Run run(int format);
 
+    /// Run::words for the empty start of a cell, whose format tells the cell's colour besides the text's
+    /// format.
+    int wordsAtCellStart(int format);
+
     /// What differs from plain text, for Run::words.
     const QByteArray &words(int number) const { return m_words.at(number); }
 

@@ -84,7 +84,10 @@ void ParagraphFormat::setLineSpacing(QTextBlockFormat &format, int spacing, bool
 {
     constexpr int single = 240;
     keep(format, RichTextProperty::LineSpacing, spacing);
-    keep(format, RichTextProperty::LineSpacingIsMultiple, isMultiple && spacing != 0);
+    if (isMultiple && spacing != 0)
+        format.setProperty(RichTextProperty::LineSpacingIsMultiple, true);
+    else
+        format.clearProperty(RichTextProperty::LineSpacingIsMultiple);
     if (spacing == 0)
         format.setLineHeight(0, QTextBlockFormat::SingleHeight);
     else if (isMultiple)

@@ -23,20 +23,29 @@ void appendNonZero(QByteArray &out, const char *word, int number)
         RtfWords::append(out, word, number);
 }
 
+/// The format's left and right are the page's. Qt mirrors its own in right-to-left paragraphs unless they are
+/// absolute; the side where the text begins is not said.
 void appendAlignment(QByteArray &out, const QTextBlockFormat &format)
 {
     const bool rightToLeft = format.layoutDirection() == Qt::RightToLeft;
     const Qt::Alignment alignment = format.alignment();
+    const bool isMirrored = rightToLeft && !alignment.testFlag(Qt::AlignAbsolute);
     if (rightToLeft)
         RtfWords::append(out, "rtlpar");
-    // Qt mirrors left and right in right-to-left paragraphs, as the format does, unless they are absolute.
-    const bool mirrored = rightToLeft && alignment.testFlag(Qt::AlignAbsolute);
-    if (alignment.testFlag(mirrored ? Qt::AlignLeft : Qt::AlignRight))
-        RtfWords::append(out, "qr");
-    else if (alignment.testFlag(Qt::AlignHCenter))
+    if (alignment.testFlag(Qt::AlignHCenter))
         RtfWords::append(out, "qc");
     else if (alignment.testFlag(Qt::AlignJustify))
         RtfWords::append(out, "qj");
+    else if (alignment.testFlag(Qt::AlignRight))
+        RtfWords::append(out, isMirrored ? "ql" : "qr");
+    else if (alignment.testFlag(Qt::AlignLeft) && rightToLeft && !isMirrored)
+        RtfWords::append(out, "ql");
+}
+
+/// Without marks a list is a matter of indents alone.
+bool isMarked(const QTextList &list)
+{
+    return list.format().style() != QTextListFormat::ListStyleUndefined;
 }
 
 /// Qt's own indents count in steps of the document; rich text that was read has none of them.
@@ -129,6 +138,8 @@ ParagraphWords::Paragraph ParagraphWords::make(const QTextBlockFormat &format)
     Paragraph paragraph;
     paragraph.list = qobject_cast<QTextList *>(m_document.objectForFormat(format));
     paragraph.words = m_words.number(wordsOf(format, paragraph.list));
+    if (paragraph.list && !isMarked(*paragraph.list))
+        paragraph.list = nullptr;
     return paragraph;
 }
 
@@ -136,7 +147,7 @@ QByteArray ParagraphWords::wordsOf(const QTextBlockFormat &format, const QTextLi
 {
     QByteArray out;
     const QByteArray edges = indents(format, list, m_document.indentWidth());
-    out.append(list ? m_header.lists.words(*list, edges) : edges);
+    out.append(list && isMarked(*list) ? m_header.lists.words(*list, edges) : edges);
     appendNonZero(out, "ri", ParagraphFormat::rightIndent(format));
     appendAlignment(out, format);
     appendSpacing(out, format);

@@ -4,6 +4,7 @@
 #include "RtfReader.h"
 #include "RtfWriter.h"
 
+#include <QTextCursor>
 #include <QTextDocument>
 
 namespace {
@@ -15,6 +16,25 @@ void setPlainText(QTextDocument &document, const QString &text)
     document.setPlainText(text);
     document.setUndoRedoEnabled(undoes);
     document.setModified(false);
+}
+
+QString withLineFeeds(QString text)
+{
+    constexpr char16_t frameStart = 0xFDD0;
+    constexpr char16_t frameEnd = 0xFDD1;
+    for (QChar &c : text) {
+        switch (c.unicode()) {
+        case QChar::ParagraphSeparator:
+        case QChar::LineSeparator:
+        case frameStart:
+        case frameEnd:
+            c = u'\n';
+            break;
+        default:
+            break;
+        }
+    }
+    return text;
 }
 
 } // namespace
@@ -39,20 +59,14 @@ void RichTextFile::save(const QString &path, const QTextDocument &document, Form
 
 QString RichTextFile::text(const QTextDocument &document)
 {
-    constexpr char16_t frameStart = 0xFDD0;
-    constexpr char16_t frameEnd = 0xFDD1;
-    QString text = document.toRawText();
-    for (QChar &c : text) {
-        switch (c.unicode()) {
-        case QChar::ParagraphSeparator:
-        case QChar::LineSeparator:
-        case frameStart:
-        case frameEnd:
-            c = u'\n';
-            break;
-        default:
-            break;
-        }
-    }
-    return text;
+    return withLineFeeds(document.toRawText());
+}
+
+QString RichTextFile::text(const QTextCursor &selection)
+{
+    // Without selected cells of a table, which tell their texts one by one.
+    QTextCursor stretch(selection.document());
+    stretch.setPosition(selection.selectionStart());
+    stretch.setPosition(selection.selectionEnd(), QTextCursor::KeepAnchor);
+    return withLineFeeds(stretch.selectedText());
 }

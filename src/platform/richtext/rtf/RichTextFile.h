@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QString>
 
+class QTextCursor;
 class QTextDocument;
 
 /// Documents on disk, rich or plain, in and out of a QTextDocument.
@@ -27,5 +28,8 @@ void save(const QString &path, const QTextDocument &document, Format format, Pla
 
 /// The plain characters, one for each position of \a document, paragraphs and forced lines ending in "\n".
 QString text(const QTextDocument &document);
+
+/// The same for a selection: the stretch between its ends.
+QString text(const QTextCursor &selection);
 
 } // namespace RichTextFile

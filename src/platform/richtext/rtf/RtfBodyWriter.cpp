@@ -38,10 +38,9 @@ QByteArray RtfBodyWriter::write()
 /// Positions are counted along: asking each block for its own costs more than writing it.
 void RtfBodyWriter::blocks(int start, int end, const char *lastEnd)
 {
-    constexpr char16_t frameStart = 0xFDD0;
     QTextBlock block = m_document.findBlock(start);
     for (int position = start; position <= end && position < m_to;) {
-        if (position > start && m_text.at(position - 1) == frameStart) {
+        if (position > start && startsFrame(position)) {
             const QTextFrame *child = QTextCursor(block).currentFrame();
             childFrame(*child);
             position = child->lastPosition() + 1;
@@ -134,11 +133,25 @@ void RtfBodyWriter::block(const QTextBlock &block, int start, const char *end)
     if (paragraph.list)
         m_stream.group(m_header.lists.nextMark(*paragraph.list));
     if (start == last)
-        setCharacters(m_characters.run(block.charFormatIndex()).words);
+        setCharacters(wordsOfEmpty(block, start));
     else
         runs(block, start);
     if (endIsSelected)
         m_stream.line(end);
+    else
+        setCharacters(0);
+}
+
+bool RtfBodyWriter::startsFrame(int position) const
+{
+    constexpr char16_t frameStart = 0xFDD0;
+    return position > 0 && m_text.at(position - 1) == frameStart;
+}
+
+int RtfBodyWriter::wordsOfEmpty(const QTextBlock &block, int start)
+{
+    const int format = block.charFormatIndex();
+    return startsFrame(start) ? m_characters.wordsAtCellStart(format) : m_characters.run(format).words;
 }
 
 void RtfBodyWriter::runs(const QTextBlock &block, int next)

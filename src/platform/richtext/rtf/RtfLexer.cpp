@@ -135,7 +135,7 @@ RtfToken RtfLexer::byte()
 
 QByteArrayView RtfLexer::take(qsizetype count)
 {
-    const QByteArrayView taken = rest().first(qBound<qsizetype>(0, count, m_end - m_at));
+    const QByteArrayView taken = rest().first(qBound(qsizetype(0), count, qsizetype(m_end - m_at)));
     m_at += taken.size();
     return taken;
 }

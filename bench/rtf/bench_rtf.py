@@ -1,0 +1,150 @@
+#!/usr/bin/env python3
+"""Measures the rtf tool beside other programs: bench_rtf.py BUILD/tools/rtf [--runs N]
+
+Mixed rich text of 1, 10 and 50 MB, the same bytes each time, is turned into plain text by the tool, abiword and
+unrtf, and at 10 MB into rich text by the tool and abiword. Printed are the median times, the others' time as a
+multiple of ours, and the peak memory as a multiple of the file's size.
+"""
+
+import argparse
+import os
+import shutil
+import statistics
+import subprocess
+import tempfile
+import time
+
+MEGABYTE = 1_000_000
+SIZES = (1, 10, 50)
+HEADER = (
+    r"{\rtf1\ansi\ansicpg1252\deff0\uc1{\fonttbl{\f0\froman Times New Roman;}{\f1\fswiss Arial;}"
+    r"{\f2\fmodern Courier New;}{\f3\fswiss\fcharset238 Arial CE;}}"
+    r"{\colortbl;\red192\green0\blue0;\red0\green0\blue192;\red255\green255\blue0;}"
+    r"{\*\listtable{\list\listtemplateid1\listsimple1{\listlevel\levelnfc0\levelstartat1"
+    r"{\leveltext\'02\'00.;}{\levelnumbers\'01;}\fi-360\li720}\listid1}}"
+    r"{\*\listoverridetable{\listoverride\listid1\listoverridecount0\ls1}}" "\n"
+)
+WORDS = (
+    "garden spade water seed the of and in shade radish tulip long harvest basket rose letter early morning "
+    "north south bed path stone autumn"
+).split()
+
+
+class Noise:
+    """Small numbers, the same in each run whatever the interpreter's version."""
+
+    def __init__(self):
+        self.state = 12345
+
+    def below(self, limit):
+        self.state = (self.state * 1103515245 + 12345) & 0x7FFFFFFF
+        return (self.state >> 8) % limit
+
+
+def words(noise, count):
+    return " ".join(WORDS[noise.below(len(WORDS))] for _ in range(count))
+
+
+def runs(noise):
+    kinds = (
+        lambda text: text,
+        lambda text: r"{\b " + text + "}",
+        lambda text: r"\i " + text + r"\i0 ",
+        lambda text: r"{\f1\fs20 " + text + "}",
+        lambda text: r"{\cf1\ul " + text + "}",
+        lambda text: r"{\f2\highlight3 " + text + "}",
+        lambda text: text + r" caf\'e9 \'93quoted\'94",
+        lambda text: text + r" \u1046?\u1091?\u1082? \u26085?\u26412? \u-10179?\u-8704?",
+        lambda text: r"{\f3 \'9elu\'9dou\'e8k\'fd " + text + "}",
+        lambda text: r'{\field{\*\fldinst HYPERLINK "https://garden.example/' + str(noise.below(999))
+        + r'"}{\fldrslt\ul\cf2 ' + text + "}}",
+    )
+    return " ".join(kinds[noise.below(len(kinds))](words(noise, 3 + noise.below(12))) for _ in range(2 + noise.below(5)))
+
+
+def paragraph(noise):
+    look = (r"\pard\ql", r"\pard\qj\fi360\sa120", r"\pard\qc\sb240", r"\pard\li720\ri360\sl360\slmult1",
+            r"\pard\tx1440\tx2880\tab")[noise.below(5)]
+    return look + " " + runs(noise) + "\\par\n"
+
+
+def items(noise):
+    return "".join(r"\pard\ls1\fi-360\li720{\listtext " + f"{i + 1}." + r"\tab}" + runs(noise) + "\\par\n"
+                   for i in range(4))
+
+
+def table(noise):
+    row = r"\trowd\trgaph108\cellx2880\cellx5760\cellx8640" + "\n"
+    return "".join(row + "".join(r"\pard\intbl " + words(noise, 6) + "\\cell\n" for _ in range(3)) + "\\row\n"
+                   for _ in range(5)) + "\\pard\n"
+
+
+def make(path, megabytes):
+    noise = Noise()
+    with open(path, "w", encoding="ascii") as file:
+        size = file.write(HEADER)
+        while size < megabytes * MEGABYTE:
+            kind = noise.below(20)
+            size += file.write(table(noise) if kind == 0 else items(noise) if kind < 3 else paragraph(noise))
+        file.write("}\n")
+
+
+def run(command, out):
+    """Seconds and the peak memory in bytes of one run."""
+    with open(out, "wb") as file:
+        start = time.monotonic()
+        process = subprocess.Popen(command, stdout=file, stderr=subprocess.DEVNULL)
+        _, status, usage = os.wait4(process.pid, 0)
+        process.returncode = os.waitstatus_to_exitcode(status)
+        seconds = time.monotonic() - start
+    if process.returncode != 0:
+        raise SystemExit(f"failed: {' '.join(command)}")
+    return seconds, usage.ru_maxrss * 1024
+
+
+def measure(name, command, out, times, file):
+    results = [run(command, out) for _ in range(times)]
+    return {"name": name, "seconds": statistics.median(r[0] for r in results),
+            "memory": max(r[1] for r in results) / os.path.getsize(file)}
+
+
+def report(title, rows):
+    print(title)
+    for row in rows:
+        ratio = row["seconds"] / rows[0]["seconds"]
+        print(f"  {row['name']:22} {row['seconds'] * 1000:9.0f} ms   {ratio:6.2f} x ours   "
+              f"peak {row['memory']:5.1f} x the file")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("tool", help="the rtf program of a release build")
+    parser.add_argument("--runs", type=int, default=5, help="runs of our own program; the slow ones run less often")
+    parser.add_argument("--sizes", type=int, nargs="*", default=SIZES, help="in MB")
+    arguments = parser.parse_args()
+    abiword, unrtf = shutil.which("abiword"), shutil.which("unrtf")
+
+    with tempfile.TemporaryDirectory() as folder:
+        out = os.path.join(folder, "out")
+        for size in arguments.sizes:
+            file = os.path.join(folder, f"{size}.rtf")
+            make(file, size)
+            rows = [measure("rtf text", [arguments.tool, "text", file], out, arguments.runs, file)]
+            few = arguments.runs if size == 1 else 1
+            if unrtf:
+                rows.append(measure("unrtf --text", [unrtf, "--text", file], out, max(few, 3), file))
+            if abiword:
+                command = [abiword, "--to=txt", "-o", os.path.join(folder, "out.txt"), file]
+                rows.append(measure("abiword --to=txt", command, out, few, file))
+            report(f"text of {size} MB", rows)
+            if size != 10:
+                continue
+            again = os.path.join(folder, "again.rtf")
+            rows = [measure("rtf save", [arguments.tool, "save", file, again], out, arguments.runs, file)]
+            if abiword:
+                rows.append(measure("abiword --to=rtf", [abiword, "--to=rtf", "-o", again, file], out, 1, file))
+            report(f"saving {size} MB", rows)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,196 @@
+#include "ClipboardText.h"
+#include "EventGate.h"
+#include "ParagraphEdits.h"
+#include "ParagraphFormat.h"
+#include "Pictures.h"
+#include "RichTextBox.h"
+#include "Twips.h"
+
+#include <QImage>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QPaintEvent>
+#include <QTextList>
+
+// What reaches the control from the desktop: events, the clipboard, drops.
+
+namespace {
+
+/// Backspace before the text of an item and Return in an item without text end the list there.
+bool endsList(const QKeyEvent &key, const QTextCursor &cursor)
+{
+    if (!cursor.currentList() || cursor.hasSelection() || key.modifiers() != Qt::NoModifier)
+        return false;
+    return (key.key() == Qt::Key_Backspace && cursor.atBlockStart())
+           || (key.key() == Qt::Key_Return && cursor.block().length() == 1);
+}
+
+/// True for keys that change the text around the caret and ask for nothing farther off.
+bool isTyping(const QKeyEvent &key)
+{
+    switch (key.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Tab:
+    case Qt::Key_Backspace:
+    case Qt::Key_Delete:
+        return true;
+    default:
+        return !key.text().isEmpty() && key.text().front().isPrint();
+    }
+}
+
+/// True for what asks which text lies at a point.
+bool asksForText(QEvent::Type event)
+{
+    switch (event) {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+    case QEvent::ContextMenu:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+void RichTextBox::changeEvent(QEvent *event)
+{
+    run([&] {
+        // QTextEdit would make the desktop's font the document's; the document brings its own.
+        if (event->type() == QEvent::FontChange || event->type() == QEvent::ApplicationFontChange)
+            QAbstractScrollArea::changeEvent(event);
+        else
+            QTextEdit::changeEvent(event);
+    });
+}
+
+void RichTextBox::focusInEvent(QFocusEvent *event)
+{
+    run([&] {
+        QTextEdit::focusInEvent(event);
+        Q_EMIT GotFocus();
+    });
+}
+
+void RichTextBox::keyPressEvent(QKeyEvent *event)
+{
+    run([&] {
+        if (!isTyping(*event) || textCursor().hasSelection())
+            m_typing.catchUp();
+        if (!Locked() && endsList(*event, textCursor()))
+            ParagraphEdits::leaveList(textCursor());
+        else
+            QTextEdit::keyPressEvent(event);
+    });
+}
+
+void RichTextBox::mousePressEvent(QMouseEvent *event)
+{
+    run([&] {
+        if (event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier)
+            m_links.press(event->position().toPoint());
+        QTextEdit::mousePressEvent(event);
+    });
+}
+
+void RichTextBox::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    run([&] { QTextEdit::mouseDoubleClickEvent(event); });
+}
+
+void RichTextBox::mouseMoveEvent(QMouseEvent *event)
+{
+    run([&] {
+        QTextEdit::mouseMoveEvent(event);
+        m_links.hover(event->position().toPoint());
+    });
+}
+
+void RichTextBox::mouseReleaseEvent(QMouseEvent *event)
+{
+    run([&] {
+        QTextEdit::mouseReleaseEvent(event);
+        if (event->button() != Qt::LeftButton)
+            return;
+        // Last of all, as the listener may close the window.
+        if (const auto link = m_links.release(event->position().toPoint()))
+            Q_EMIT LinkClicked(link->first, link->end);
+    });
+}
+
+void RichTextBox::paintEvent(QPaintEvent *event)
+{
+    run([&] {
+        QPaintEvent whole(m_typing.areaToPaint(event->rect()));
+        m_links.markVisible();
+        QTextEdit::paintEvent(&whole);
+    });
+}
+
+bool RichTextBox::viewportEvent(QEvent *event)
+{
+    run([&] {
+        if (asksForText(event->type()))
+            m_typing.catchUp();
+    });
+    return QTextEdit::viewportEvent(event);
+}
+
+void RichTextBox::resizeEvent(QResizeEvent *event)
+{
+    run([&] {
+        m_typing.catchUp();
+        QTextEdit::resizeEvent(event);
+        wrap();
+    });
+}
+
+/// The right margin is measured over the whole control, so that a margin of the control's width wraps at the
+/// edge of what is seen, with a scroll bar or without.
+void RichTextBox::wrap()
+{
+    const int margin = Twips::toPixels(m_rightMargin, ParagraphFormat::layoutDpi());
+    const int width = qMax(1, margin - (this->width() - viewport()->width()));
+    if (m_rightMargin == 0) {
+        if (lineWrapMode() != WidgetWidth)
+            setLineWrapMode(WidgetWidth);
+    } else if (lineWrapMode() != FixedPixelWidth || lineWrapColumnOrWidth() != width) {
+        setLineWrapColumnOrWidth(width);
+        setLineWrapMode(FixedPixelWidth);
+    }
+}
+
+bool RichTextBox::canInsertFromMimeData(const QMimeData *source) const
+{
+    return source->hasImage() || ClipboardText::isRichText(*source) || QTextEdit::canInsertFromMimeData(source);
+}
+
+void RichTextBox::insertFromMimeData(const QMimeData *source)
+{
+    run([&] {
+        if (Locked())
+            return;
+        const QByteArray richText = ClipboardText::richText(*source);
+        if (!richText.isEmpty()) {
+            setSelRTF(richText);
+        } else if (ClipboardText::isPicture(*source)) {
+            QTextCursor cursor = textCursor();
+            Pictures::insert(cursor, source->imageData().value<QImage>());
+        } else {
+            QTextEdit::insertFromMimeData(source);
+        }
+        ensureCursorVisible();
+    });
+}
+
+QMimeData *RichTextBox::createMimeDataFromSelection() const
+{
+    return ClipboardText::of(textCursor()).release();
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "RtfCharacterState.h"
+#include "RtfParagraphState.h"
+
+#include <QList>
+#include <QString>
+#include <QTextBlockFormat>
+#include <QTextCharFormat>
+#include <QTextImageFormat>
+#include <unordered_map>
+
+class RtfColorTable;
+class RtfFontTable;
+class RtfTabStops;
+
+/// The formats of a document. Each state of characters or paragraphs becomes one format, known by a number.
+class RtfFormats
+{
+public:
+    RtfFormats(const RtfFontTable &fonts, const RtfColorTable &colors, const RtfTabStops &stops);
+
+    int number(const RtfCharacterState &state);
+    int number(const RtfParagraphState &state, bool isInList);
+    int addPicture(const QTextImageFormat &format, const RtfCharacterState &state);
+
+    const QTextCharFormat &characters(int number) const { return m_characters.at(number); }
+    const QTextBlockFormat &paragraph(int number) const { return m_paragraphs.at(number); }
+
+    /// The number that RtfCharacterState::link has for text that leads to \a address.
+    int linkTo(const QString &address);
+
+private:
+    struct HashBytes
+    {
+        template<typename State>
+        size_t operator()(const State &state) const
+        {
+            return qHashBits(&state, sizeof state);
+        }
+    };
+
+    QTextCharFormat make(const RtfCharacterState &state) const;
+    QTextBlockFormat make(const RtfParagraphState &state, bool isInList) const;
+    void setColors(QTextCharFormat &format, const RtfCharacterState &state) const;
+    void setPosition(QTextCharFormat &format, const RtfCharacterState &state) const;
+
+    const RtfFontTable &m_fonts;
+    const RtfColorTable &m_colors;
+    const RtfTabStops &m_stops;
+    std::unordered_map<RtfCharacterState, int, HashBytes> m_characterNumbers;
+    std::unordered_map<RtfParagraphState, int, HashBytes> m_paragraphNumbers;
+    QList<QTextCharFormat> m_characters;
+    QList<QTextBlockFormat> m_paragraphs;
+    QList<QString> m_links;
+};

@@ -1,0 +1,66 @@
+#include "RtfListLevel.h"
+
+#include "RichTextProperties.h"
+
+#include <algorithm>
+
+namespace {
+
+bool isNumber(QChar c)
+{
+    return c.unicode() < RtfListLevel::count;
+}
+
+QTextListFormat::Style bulletStyle(const QString &bullet)
+{
+    static const QString circles = QStringLiteral("o\u25CB\u25E6\u26AA\u274D\u2010");
+    static const QString squares = QStringLiteral("\u25A0\u25A1\u25AA\u25AB\u00A7\uF0A7\uF06E\u2751\u25FB");
+    if (!bullet.isEmpty() && circles.contains(bullet.front()))
+        return QTextListFormat::ListCircle;
+    if (!bullet.isEmpty() && squares.contains(bullet.front()))
+        return QTextListFormat::ListSquare;
+    return QTextListFormat::ListDisc;
+}
+
+} // namespace
+
+QTextListFormat::Style RtfListLevel::style() const
+{
+    switch (kind) {
+    case 1:
+        return QTextListFormat::ListUpperRoman;
+    case 2:
+        return QTextListFormat::ListLowerRoman;
+    case 3:
+        return QTextListFormat::ListUpperAlpha;
+    case 4:
+        return QTextListFormat::ListLowerAlpha;
+    case bulleted:
+        return bulletStyle(text);
+    case unmarked:
+        return QTextListFormat::ListStyleUndefined;
+    default: // ordinals, digits of other scripts ...: Qt has none of them
+        return QTextListFormat::ListDecimal;
+    }
+}
+
+QTextListFormat RtfListLevel::format(int depth) const
+{
+    QTextListFormat format;
+    format.setStyle(style());
+    format.setIndent(0);
+    if (depth > 0)
+        format.setProperty(RichTextProperty::ListLevel, depth);
+    if (kind == bulleted || kind == unmarked)
+        return format;
+
+    // Qt writes one number; the numbers of the levels above are left out with what parts them.
+    const auto first = std::find_if(text.begin(), text.end(), isNumber);
+    const auto last = std::find_if(text.rbegin(), text.rend(), isNumber).base();
+    const bool hasNumber = first != text.end();
+    format.setNumberPrefix(hasNumber ? text.left(first - text.begin()) : QString());
+    format.setNumberSuffix(hasNumber ? text.mid(last - text.begin()) : text);
+    if (start != 1)
+        format.setProperty(RichTextProperty::ListStart, start);
+    return format;
+}

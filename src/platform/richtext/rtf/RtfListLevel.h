@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <QTextListFormat>
+
+/// How the items of one level of a list are marked and indented.
+struct RtfListLevel
+{
+    static constexpr int bulleted = 23;
+    static constexpr int unmarked = 255;
+    static constexpr int count = 9;
+
+    int kind = 0; ///< the format's own number: 0 decimal, 1 and 2 roman, 3 and 4 letters, 23 bullets
+    int start = 1;
+    QString text; ///< the bullet; or the mark of a number, where a character below \a count is a level's number
+    int left = 0; ///< twips
+    int firstLine = 0;
+    bool hasIndents = false;
+
+    bool operator==(const RtfListLevel &other) const = default;
+
+    /// \a depth: the level's own number. A list without marks has style ListStyleUndefined.
+    QTextListFormat format(int depth) const;
+
+private:
+    QTextListFormat::Style style() const;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "RtfListOverrides.h"
+#include "RtfOldNumbering.h"
+#include "RtfParagraphState.h"
+
+#include <QHash>
+#include <QList>
+#include <array>
+
+/// Which paragraphs are items of one list: the numbers of a list go on until an item of a higher level comes.
+class RtfLists
+{
+public:
+    RtfLists(RtfListOverrides &overrides, const RtfOldNumbering &oldNumbering);
+
+    /// How the paragraph is marked; null when it is no item, or of a list that the file does not describe.
+    const RtfListLevel *mark(const RtfParagraphState &paragraph);
+
+    /// The list of the next paragraph of the text, -1 for none. Asked once for each, in order.
+    int next(const RtfParagraphState &paragraph);
+
+    const QTextListFormat &format(int list) const { return m_formats.at(list); }
+
+private:
+    using Levels = std::array<int, RtfListLevel::count>;
+
+    int add(const RtfListLevel &mark, int level);
+
+    RtfListOverrides &m_overrides;
+    const RtfOldNumbering &m_oldNumbering;
+    QList<QTextListFormat> m_formats;
+    QHash<int, Levels> m_open; ///< by \ls
+    int m_lastOldNumbering = 0;
+    int m_lastOldList = -1;
+};

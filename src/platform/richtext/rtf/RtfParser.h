@@ -1,0 +1,91 @@
+#pragma once
+
+#include "RtfBody.h"
+#include "RtfColorTable.h"
+#include "RtfPictureReader.h"
+#include "RtfState.h"
+#include "RtfStyleSheet.h"
+#include "RtfTabStops.h"
+#include "RtfTextPart.h"
+
+#include <vector>
+
+/// Reads the tokens of a file in one pass and says to each part of the reader what is its own. Groups are states
+/// on a stack, so that a file may nest them as it likes.
+class RtfParser
+{
+public:
+    RtfParser(QByteArrayView bytes, QTextDocument &document);
+
+    void run();
+
+private:
+    RtfState &state() { return m_states.back(); }
+
+    void read(const RtfToken &token);
+    bool skipsFallback(RtfToken &token);
+    void open();
+    void close();
+    void symbol(char c);
+    void text(QByteArrayView bytes);
+    void character(char16_t c);
+
+    void word(const RtfToken &token);
+    bool universalWord(const RtfToken &token);
+    void documentWord(const RtfToken &token);
+    void unicode(int value);
+    void characterWord(const RtfToken &token);
+    void paragraphWord(const RtfToken &token);
+    void sign(RtfWord word);
+    void setPage(int page);
+    void pairOfRuns(RtfWord word);
+    void dropStyle();
+
+    void destination(RtfWord word);
+    void fieldDestination(RtfWord word);
+    void pictureDestination(RtfWord word);
+    void shapeDestination(RtfWord word);
+    void beginPart(RtfPart &part, RtfState::End end);
+    void beginInsertion();
+    void beginNote();
+    void end(const RtfState &ended);
+    void endInstruction(const RtfState &ended);
+
+    struct Field
+    {
+        int link = 0;
+        bool hasResult = false; ///< what its result would say is in the document already
+    };
+    struct RunPair ///< of the two directions; the words before the second are about the other one
+    {
+        RtfWord word = RtfWord::Unknown;
+        RtfCharacterState characters;
+        quint32 characterSet = 0;
+    };
+
+    RtfLexer m_lexer;
+    std::vector<RtfState> m_states;
+    qsizetype m_deeper = 0; ///< groups open beyond those that have states
+    bool m_isDone = false;
+    bool m_isStarred = false;
+    qint64 m_fallback = 0; ///< characters to be passed over
+    RunPair m_pair;
+    std::vector<Field> m_fields;
+    bool m_hasShapePicture = false;
+    bool m_hasShape = false;
+    QString m_propertyName;
+
+    RtfFontTable m_fonts;
+    RtfColorTable m_colors;
+    RtfTabStops m_stops;
+    RtfStyleSheet m_styles;
+    RtfListTable m_listTable;
+    RtfListOverrides m_listOverrides;
+    RtfOldNumbering m_oldNumbering;
+    RtfTextPart m_text;
+    RtfPictureReader m_picture;
+    RtfFormats m_formats;
+    RtfLists m_lists;
+    RtfDocumentFiller m_filler;
+    RtfBody m_body;
+};

@@ -1,0 +1,92 @@
+#include "RtfTableFormat.h"
+
+#include "ParagraphFormat.h"
+#include "RichTextProperties.h"
+#include "RtfColorTable.h"
+#include "RtfTable.h"
+#include "Twips.h"
+
+#include <QStringList>
+
+namespace {
+
+double pixels(int twips)
+{
+    return Twips::toPixels(twips, ParagraphFormat::layoutDpi());
+}
+
+/// One look for the whole table, the first row's that has lines.
+void setBorder(QTextTableFormat &format, const RtfTable &table, const RtfTableGrid &grid,
+               const RtfColorTable &colors)
+{
+    format.setBorder(0);
+    format.setBorderStyle(QTextFrameFormat::BorderStyle_None);
+    for (const RtfTableGrid::Cell &cell : grid.cells) {
+        const RtfRow &row = table.definitions[size_t(cell.definition)];
+        if (row.borderStyle == 0)
+            continue;
+        const QColor color = colors.color(row.borderColor);
+        format.setBorder(qMax(1.0, pixels(row.borderWidth)));
+        format.setBorderStyle(QTextFrameFormat::BorderStyle(row.borderStyle));
+        format.setBorderBrush(color.isValid() ? color : QColor(Qt::black));
+        format.setBorderCollapse(true);
+        return;
+    }
+}
+
+int headerRows(const RtfTable &table, const RtfTableGrid &grid)
+{
+    int rows = 0;
+    for (const RtfTableGrid::Cell &cell : grid.cells) {
+        if (!table.definitions[size_t(cell.definition)].isHeader)
+            break;
+        rows = cell.row + 1;
+    }
+    return rows;
+}
+
+} // namespace
+
+QTextTableFormat RtfTableFormat::table(const RtfTable &table, const RtfTableGrid &grid,
+                                       const RtfColorTable &colors)
+{
+    const RtfRow &first = table.definitions[size_t(grid.cells.front().definition)];
+    QTextTableFormat format;
+    QStringList edges;
+    QList<QTextLength> widths;
+    for (size_t i = 1; i < grid.edges.size(); ++i) {
+        edges.append(QString::number(grid.edges[i]));
+        const double width = pixels(grid.edges[i]) - pixels(grid.edges[i - 1]);
+        widths.append(QTextLength(QTextLength::FixedLength, qMax(1.0, width)));
+    }
+    format.setColumnWidthConstraints(widths);
+    format.setProperty(RichTextProperty::RowTwips, edges.join(u' '));
+    format.setCellSpacing(0);
+    format.setCellPadding(pixels(first.gap));
+    if (grid.edges.front() > 0)
+        format.setLeftMargin(pixels(grid.edges.front()));
+    if (first.isRightToLeft)
+        format.setLayoutDirection(Qt::RightToLeft);
+    if (const int rows = headerRows(table, grid); rows > 0)
+        format.setHeaderRowCount(rows);
+    setBorder(format, table, grid, colors);
+    return format;
+}
+
+QTextTableCellFormat RtfTableFormat::cell(const RtfTable &table, const RtfTableGrid::Cell &cell,
+                                          const RtfColorTable &colors)
+{
+    const RtfRow::Cell &described =
+        table.definitions[size_t(cell.definition)].cells[size_t(cell.place)];
+    QTextTableCellFormat format;
+    if (cell.rowSpan > 1)
+        format.setTableCellRowSpan(cell.rowSpan);
+    if (cell.columnSpan > 1)
+        format.setTableCellColumnSpan(cell.columnSpan);
+    if (described.alignment != 0)
+        format.setVerticalAlignment(QTextCharFormat::VerticalAlignment(described.alignment));
+    const QColor shading = colors.color(described.shading);
+    if (shading.isValid())
+        format.setBackground(shading);
+    return format;
+}

@@ -1,0 +1,201 @@
+#!/usr/bin/python3
+"""Each lint against planted offenders, and against code that it has to let pass."""
+
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+from pathlib import Path
+
+HERE = Path(__file__).resolve().parent
+
+
+class LintTest(unittest.TestCase):
+    lint = ''
+
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory()
+        self.addCleanup(folder.cleanup)
+        self.root = Path(folder.name)
+
+    def plant(self, name, text):
+        path = self.root / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_text(text, encoding='utf-8')
+
+    def run_lint(self):
+        return subprocess.run([sys.executable, str(HERE / self.lint), str(self.root)], capture_output=True, text=True)
+
+    def assert_refused(self, text, message, name='tool/frmTool.cpp', line=1):
+        with self.subTest(text=text[:200]):
+            self.plant(name, text)
+            found = self.run_lint()
+            self.assertEqual(found.returncode, 1, found.stderr)
+            self.assertIn(f'{name}:{line}:', found.stdout)
+            self.assertIn(message, found.stdout)
+            (self.root / name).unlink()
+
+    def assert_passes(self, text, name='tool/frmTool.cpp'):
+        with self.subTest(text=text[:200]):
+            self.plant(name, text)
+            found = self.run_lint()
+            self.assertEqual((found.returncode, found.stdout), (0, ''), found.stderr)
+            (self.root / name).unlink()
+
+
+class Connects(LintTest):
+    lint = 'connects.py'
+
+    def test_bare_connects_are_refused(self):
+        for target in ('this, [this] { go(); }', '[this] { go(); }', 'this, &frmTool::cmdGo_Click',
+                       'this, [=](bool on) { run([&] { go(on); }); }', 'this, &frmTool::cmdGo_Click, Qt::QueuedConnection',
+                       'other, &frmTool::Changed', 'handler'):
+            self.assert_refused(f'connect(cmdGo, &QPushButton::clicked, {target});\n', 'bare connect')
+
+    def test_the_line_is_told(self):
+        self.assert_refused('int a;\n\nvoid f()\n{\n    QObject::connect(a,\n        &A::b,\n        [] {});\n}\n',
+                            'bare connect', line=5)
+
+    def test_names_in_text_are_refused(self):
+        self.assert_refused('connect(a, SIGNAL(clicked()), this, SLOT(go()));\n', 'by text')
+
+    def test_the_bus_may_name_a_gated_slot(self):
+        call = 'bus.connect(service, path, portal, name, this, SLOT(changed(QString)));\n'
+        self.assert_passes(call + 'void Scheme::changed(const QString &key)\n{\n    run([&] { go(key); });\n}\n')
+        self.assert_refused(call + 'void Scheme::changed(const QString &key)\n{\n    go(key);\n}\n', 'by text')
+
+    def test_qts_own_functions_pass(self):
+        self.assert_passes('connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);\n')
+        self.assert_passes('connect(a, &QAction::triggered, b, &QAction::trigger, Qt::QueuedConnection);\n')
+        self.assert_passes('connect(a, &QSpinBox::valueChanged, b, qOverload<int>(&QLabel::setNum));\n')
+
+    def test_a_forward_to_a_declared_signal_passes(self):
+        self.plant('controls/Toolbar.h', 'class Toolbar : public QToolBar\n{\n    Q_OBJECT\npublic:\n    void go();\n'
+                                         'Q_SIGNALS:\n    void ButtonClick(const QString &key);\n\npublic Q_SLOTS:\n'
+                                         '    void stop();\n};\n')
+        self.assert_passes('connect(action, &QAction::triggered, this, &Toolbar::ButtonClick);\n')
+        self.assert_refused('connect(action, &QAction::triggered, this, &Toolbar::stop);\n', 'bare connect')
+        self.assert_refused('connect(action, &QAction::triggered, other, &Toolbar::ButtonClick);\n', 'bare connect')
+
+    def test_what_only_looks_like_a_connect_passes(self):
+        self.assert_passes('// connect(a, &A::b, [] {});\n/* connect(a, &A::b, [] {}); */\n'
+                           'const char *text = "connect(a, &A::b, [] {})";\nconst auto raw = R"(connect(a, &A::b, c))";\n'
+                           'session.connect(host, port);\n::connect(fd, address, size);\nbool connect(const QString &host);\n'
+                           "disconnect(a, &A::b, this, &A::c);\nconst int million = 1'000'000;\n"
+                           'on(a, &A::b, this, [] {});\n')
+
+    def test_steps_that_run_later_are_gated(self):
+        for call in ('QTimer::singleShot(0, this,', 'QMetaObject::invokeMethod(this,'):
+            self.assert_passes(f'{call} [this] {{ run([&] {{ go(); }}); }});\n')
+            self.assert_passes(f'{call} [this]() mutable {{\n    run([&] {{ go(); }});\n}});\n')
+            self.assert_passes(f'{call} &QWidget::close);\n')
+            self.assert_refused(f'{call} [this] {{ go(); }});\n', 'runs later')
+            self.assert_refused(f'{call} [this] {{ go(); run([&] {{ go(); }}); }});\n', 'runs later')
+            self.assert_refused(f'{call} &frmTool::go);\n', 'runs later')
+        self.assert_refused('QMetaObject::invokeMethod(this, "go");\n', 'runs later')
+        self.assert_refused('timer.callOnTimeout([this] { go(); });\n', 'callOnTimeout')
+
+    def test_the_gate_itself_passes(self):
+        self.assert_passes('return QObject::connect(sender, signal, context, [] {});\n', 'platform/forms/EventGate.h')
+
+
+class Prompts(LintTest):
+    lint = 'prompts.py'
+
+    def test_dialogs_past_the_door_are_refused(self):
+        for name in ('QMessageBox', 'QFileDialog', 'QInputDialog', 'QColorDialog', 'QFontDialog', 'QPrintDialog',
+                     'QPageSetupDialog'):
+            self.assert_refused(f'\nauto reply = {name}::ask(this);\n', name, line=2)
+            self.assert_refused(f'#include <{name}>\n', name, name='platform/forms/Form.cpp')
+
+    def test_the_doors_pass(self):
+        for door in ('Prompts', 'CommonDialog'):
+            self.assert_passes('#include <QMessageBox>\n#include <QFileDialog>\n', f'platform/forms/{door}.cpp')
+            self.assert_refused('#include <QMessageBox>\n', 'QMessageBox', name=f'word/{door}.cpp')
+
+    def test_the_error_message_dialog_is_nowhere(self):
+        self.assert_refused('QErrorMessage box;\n', 'QErrorMessage', name='platform/forms/Prompts.cpp')
+
+    def test_other_names_pass(self):
+        self.assert_passes('// as QMessageBox does\nQDialog dialog;\nMyQMessageBox box;\n')
+
+
+class Sizes(LintTest):
+    lint = 'sizes.py'
+
+    def test_long_files_are_refused(self):
+        self.assert_refused('\n' * 601, '601 lines', line=601)
+        self.assert_passes('\n' * 600)
+
+    def test_what_is_left_for_later_is_refused(self):
+        for word in ('TODO', 'FIXME', 'XXX'):
+            self.assert_refused(f'int a; // {word}: finish\n', f'{word} left')
+        self.assert_passes('const char *name = "file.XXXXXX";\n')
+
+    def test_one_class_to_a_header_of_its_name(self):
+        self.assert_passes('class Other;\nstruct Row\n{\n};\n\nclass Tool : public Form\n{\n    class Step\n    {\n    };\n};\n',
+                           'tool/Tool.h')
+        self.assert_refused('class Tool\n{\n};\n\nclass Step\n{\n};\n', 'second class', name='tool/Tool.h', line=5)
+        self.assert_refused('class Step\n{\n};\n', 'belongs in Step.h', name='tool/Tool.h')
+
+
+@unittest.skipUnless(shutil.which('clang-format'), 'clang-format is not installed; ./test installs it')
+class Formatting(LintTest):
+    lint = 'formatting.py'
+
+    def setUp(self):
+        super().setUp()
+        shutil.copy(HERE.parents[1] / '.clang-format', self.root)
+
+    def run_lint(self):
+        found = super().run_lint()
+        found.stdout += found.stderr
+        return found
+
+    def test_what_is_not_formatted_is_refused(self):
+        self.assert_refused('int  a ;\n', 'clang-format-violations')
+        self.assert_refused('void f() { if (1) return; }\n', 'clang-format-violations', name='tool/Tool.h')
+
+    def test_what_is_formatted_passes(self):
+        self.assert_passes('void f()\n{\n    return;\n}\n')
+
+    def test_a_folder_that_is_missing_passes(self):
+        self.assertEqual(subprocess.run([sys.executable, str(HERE / self.lint), str(self.root / 'gone')]).returncode, 0)
+
+
+class Layering(LintTest):
+    """Configures a tree of two folders with the project's own build files."""
+
+    def configure(self, linking, link):
+        for folder, links in (('platform/core', ''), (linking, f'LINKS {link}')):
+            self.plant(f'src/{folder}/CMakeLists.txt', f'quill_module({links})\n')
+            self.plant(f'src/{folder}/Empty.cpp', 'int empty();\n')
+        self.plant('CMakeLists.txt', f'''
+            cmake_minimum_required(VERSION 3.25)
+            project(Tree LANGUAGES CXX)
+            include({HERE.parents[1]}/cmake/arrows.cmake)
+            include({HERE.parents[1]}/cmake/quill.cmake)
+            add_subdirectory(src/platform/core)
+            add_subdirectory(src/{linking})
+            ''')
+        command = ['cmake', '-S', str(self.root), '-B', str(self.root / 'build')]
+        return subprocess.run(command, capture_output=True, text=True)
+
+    def test_an_arrow_of_the_table_passes(self):
+        found = self.configure('platform/forms', 'platform/core')
+        self.assertEqual(found.returncode, 0, found.stderr)
+
+    def test_an_arrow_that_the_table_lacks_is_refused(self):
+        for linking, link in (('platform/archive', 'platform/forms'), ('platform/richtext/rtf', 'Qt6::Widgets'),
+                              ('platform/forms', 'platform/controls'), ('word', 'shell')):
+            with self.subTest(linking=linking, link=link):
+                found = self.configure(linking, link)
+                self.assertNotEqual(found.returncode, 0)
+                # CMake breaks the lines of a message.
+                self.assertIn(f'{linking} may not link {link}: cmake/arrows.cmake has no such arrow.',
+                              ' '.join(found.stderr.split()))
+
+
+if __name__ == '__main__':
+    unittest.main()

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Form.h"
+
+#include <QStringList>
+
+/// A window that writes down the steps of its life and fails or refuses where a test tells it to.
+class ProbeForm : public Form
+{
+public:
+    explicit ProbeForm(QStringList &steps, const QString &name = QStringLiteral("frmProbe"));
+    ~ProbeForm() override { m_steps << QStringLiteral("deleted"); }
+
+    using Form::addOperation;
+
+    std::function<void()> onLoad = [] {};
+    std::function<bool()> onQueryUnload = [] { return true; };
+    std::function<void()> onUnload = [] {};
+    std::function<void()> onTerminate = [] {};
+    std::function<void()> onResize = [] {};
+    std::function<void()> onKey = [] {};
+
+protected:
+    void Form_Load() override;
+    void Form_Resize() override;
+    bool Form_QueryUnload() override;
+    void Form_Unload() override;
+    void Form_Terminate() override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    QStringList &m_steps;
+};

@@ -1,0 +1,164 @@
+#include "CommonDialog.h"
+#include "DialogDriver.h"
+#include "ErrorNumberOf.h"
+#include "Files.h"
+#include "PrintQt.h"
+#include "ScratchHome.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct CommonDialogTest : testing::Test
+{
+    ScratchHome home;
+    DialogDriver dialogs;
+    CommonDialog dialog{nullptr};
+    QString title = QStringLiteral("Save As RTF");
+
+    CommonDialogTest()
+    {
+        dialog.DialogTitle = title;
+        dialog.InitDir = home.path();
+        dialog.Filter = QStringLiteral("Rich Text Format (*.rtf)|*.rtf|All Files (*.*)|*.*");
+        dialog.DefaultExt = QStringLiteral("rtf");
+    }
+    QString made(const char *name)
+    {
+        const QString path = home.file(QString::fromLatin1(name));
+        Files::write(path, "x");
+        return path;
+    }
+    /// The question that the file dialog itself asks.
+    void expectQuestion(const QString &text, QMessageBox::StandardButton answer)
+    {
+        dialogs.expectBox(title, text).press(answer);
+    }
+    static QString overwriteText(const char *name)
+    {
+        return QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(QLatin1String(name));
+    }
+};
+
+} // namespace
+
+TEST_F(CommonDialogTest, OpensAnExistingFile)
+{
+    const QString path = made("one.rtf");
+    dialogs.expectFileDialog(title)
+        .folder(home.path())
+        .filters({QStringLiteral("Rich Text Format (*.rtf)"), QStringLiteral("All Files (*)")})
+        .accept(QStringLiteral("one.rtf"));
+    dialog.ShowOpen();
+    EXPECT_EQ(dialog.FileName, path);
+}
+
+TEST_F(CommonDialogTest, OpensByTheDefaultExtension)
+{
+    const QString path = made("one.rtf");
+    dialogs.expectFileDialog(title).accept(QStringLiteral("one"));
+    dialog.ShowOpen();
+    EXPECT_EQ(dialog.FileName, path);
+}
+
+TEST_F(CommonDialogTest, OpensAFileThatHasNoExtension)
+{
+    const QString path = made("README");
+    dialogs.expectFileDialog(title).accept(QStringLiteral("README"));
+    dialog.ShowOpen();
+    EXPECT_EQ(dialog.FileName, path);
+}
+
+TEST_F(CommonDialogTest, DoesNotOpenAMissingFile)
+{
+    dialogs.expectFileDialog(title).accept(QStringLiteral("gone.rtf"));
+    expectQuestion(
+        QStringLiteral("gone.rtf\nFile not found.\nPlease verify the correct file name was given."),
+        QMessageBox::Ok);
+    dialogs.expectFileDialog(title).cancel();
+    dialog.ShowOpen();
+    EXPECT_TRUE(dialog.FileName.isEmpty());
+}
+
+TEST_F(CommonDialogTest, TakesAFolderWithBackslashes)
+{
+    QDir(home.path()).mkdir(QStringLiteral("docs"));
+    dialog.InitDir = home.path() + QStringLiteral("\\docs\\");
+    dialogs.expectFileDialog(title).folder(home.file(QStringLiteral("docs"))).accept(QStringLiteral("a.rtf"));
+    dialog.ShowSave();
+    EXPECT_EQ(dialog.FileName, home.file(QStringLiteral("docs/a.rtf")));
+}
+
+TEST_F(CommonDialogTest, SavesUnderANewNameWithTheDefaultExtension)
+{
+    dialog.Flags = CommonDialog::OverwritePrompt | CommonDialog::HideReadOnly;
+    dialogs.expectFileDialog(title).defaultSuffix(QStringLiteral("rtf")).accept(QStringLiteral("letter"));
+    dialog.ShowSave();
+    EXPECT_EQ(dialog.FileName, home.file(QStringLiteral("letter.rtf")));
+}
+
+TEST_F(CommonDialogTest, ATypedExtensionStays)
+{
+    dialogs.expectFileDialog(title).accept(QStringLiteral("letter.doc"));
+    dialog.ShowSave();
+    EXPECT_EQ(dialog.FileName, home.file(QStringLiteral("letter.doc")));
+}
+
+TEST_F(CommonDialogTest, AsksBeforeItTakesANameThatExists)
+{
+    const QString path = made("one.rtf");
+    dialog.Flags = CommonDialog::OverwritePrompt;
+    dialogs.expectFileDialog(title).accept(QStringLiteral("one"));
+    expectQuestion(overwriteText("one.rtf"), QMessageBox::No);
+    dialogs.expectFileDialog(title).accept(QStringLiteral("one.rtf"));
+    expectQuestion(overwriteText("one.rtf"), QMessageBox::Yes);
+    dialog.ShowSave();
+    EXPECT_EQ(dialog.FileName, path);
+    EXPECT_EQ(Files::read(path), QByteArray("x"));
+}
+
+TEST_F(CommonDialogTest, TakesANameThatExistsWithoutAskingWhereNotTold)
+{
+    const QString path = made("one.rtf");
+    dialogs.expectFileDialog(title).accept(QStringLiteral("one.rtf"));
+    dialog.ShowSave();
+    EXPECT_EQ(dialog.FileName, path);
+}
+
+TEST_F(CommonDialogTest, ACancelLeavesTheNameAndIsSilent)
+{
+    dialog.FileName = QStringLiteral("before.rtf");
+    dialogs.expectFileDialog(title).suggests(QStringLiteral("before.rtf")).cancel();
+    dialog.ShowOpen();
+    EXPECT_EQ(dialog.FileName, QStringLiteral("before.rtf"));
+}
+
+TEST_F(CommonDialogTest, ACancelIsAnErrorWhereAskedFor)
+{
+    dialog.CancelError = true;
+    dialogs.expectFileDialog(title).cancel();
+    dialogs.expectFileDialog(title).cancel();
+    EXPECT_EQ(errorNumberOf([&] { dialog.ShowSave(); }), ErrorNumber::DialogCancelled);
+    EXPECT_EQ(errorNumberOf([&] { dialog.ShowOpen(); }), ErrorNumber::DialogCancelled);
+    EXPECT_TRUE(dialog.FileName.isEmpty());
+}
+
+TEST_F(CommonDialogTest, KeepsItsSettingsFromOneShowingToTheNext)
+{
+    dialogs.expectFileDialog(title).accept(QStringLiteral("one"));
+    dialogs.expectFileDialog(title).suggests(QStringLiteral("one.rtf")).folder(home.path()).cancel();
+    dialog.ShowSave();
+    dialog.ShowSave();
+    EXPECT_EQ(dialog.FileName, home.file(QStringLiteral("one.rtf")));
+}
+
+TEST_F(CommonDialogTest, OutlivesItsOwner)
+{
+    auto *owner = new QWidget;
+    CommonDialog owned(owner);
+    owned.CancelError = true;
+    dialogs.expectWindow<QFileDialog>(QStringLiteral("FileDialog"), [&](QFileDialog &) { delete owner; });
+    EXPECT_EQ(errorNumberOf([&] { owned.ShowSave(); }), ErrorNumber::DialogCancelled);
+}

@@ -1,0 +1,291 @@
+#include "DialogDriver.h"
+#include "EventGate.h"
+#include "FatalErrors.h"
+#include "PrintQt.h"
+#include "ProbeForm.h"
+
+#include <QCoreApplication>
+#include <QDialog>
+#include <QMenu>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QStandardItemModel>
+#include <QTest>
+#include <QTextEdit>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int mismatch = ErrorNumber::TypeMismatch;
+
+[[noreturn]] void failStep()
+{
+    throw RuntimeError(mismatch);
+}
+
+struct EventGateTest : testing::Test
+{
+    FatalErrors fatal;
+    QStringList steps;
+};
+
+/// The real box and the real end, put away again behind the test.
+struct DefaultBoxTest : testing::Test
+{
+    void SetUp() override
+    {
+        EventGate::setBox({});
+        EventGate::setEnd([this](int code) { ended = code; });
+    }
+    void TearDown() override { FatalErrors::refuseAll(); }
+    int ended = 0;
+};
+
+struct Receiver : QObject
+{
+    void take(int value) { taken = value; }
+    int taken = 0;
+};
+
+} // namespace
+
+TEST_F(EventGateTest, TellsOfAClick)
+{
+    QPushButton button;
+    on(&button, &QPushButton::clicked, &button, failStep);
+    fatal.expect(mismatch, QStringLiteral("Type mismatch"));
+    button.click();
+    EXPECT_EQ(fatal.ends(), QList<int>{EXIT_FAILURE});
+}
+
+TEST_F(EventGateTest, TellsOfATimer)
+{
+    QTimer timer;
+    timer.setSingleShot(true);
+    on(&timer, &QTimer::timeout, &timer, failStep);
+    fatal.expect(mismatch);
+    timer.start(0);
+    EXPECT_TRUE(QSignalSpy(&timer, &QTimer::timeout).wait());
+}
+
+TEST_F(EventGateTest, TellsOfAQueuedStep)
+{
+    QObject context;
+    QMetaObject::invokeMethod(
+        &context, [] { run(failStep); }, Qt::QueuedConnection);
+    fatal.expect(mismatch);
+    QCoreApplication::sendPostedEvents(&context);
+    EXPECT_EQ(fatal.ends().size(), 1);
+}
+
+TEST_F(EventGateTest, TellsOfAnOverriddenEvent)
+{
+    ProbeForm form(steps);
+    form.onKey = failStep;
+    fatal.expect(mismatch);
+    QTest::keyClick(&form, Qt::Key_A);
+}
+
+TEST_F(EventGateTest, TellsOfAClose)
+{
+    ProbeForm form(steps);
+    form.setAttribute(Qt::WA_DeleteOnClose, false);
+    form.onQueryUnload = [] {
+        failStep();
+        return true;
+    };
+    form.showModeless();
+    fatal.expect(mismatch);
+    EXPECT_FALSE(form.close());
+    EXPECT_TRUE(form.isLoaded());
+}
+
+TEST_F(EventGateTest, TellsOfAResize)
+{
+    ProbeForm form(steps);
+    form.showModeless();
+    form.onResize = failStep;
+    fatal.expect(mismatch);
+    form.resize(form.size() + QSize(10, 10));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(fatal.ends().size(), 1);
+}
+
+TEST_F(EventGateTest, TellsOfAMenuCommand)
+{
+    QMenu menu;
+    QAction *action = menu.addAction(QStringLiteral("Fail"));
+    on(action, &QAction::triggered, &menu, failStep);
+    fatal.expect(mismatch);
+    menu.setActiveAction(action);
+    QTest::keyClick(&menu, Qt::Key_Return);
+}
+
+TEST_F(EventGateTest, TellsOfAChangedText)
+{
+    QTextEdit edit;
+    on(&edit, &QTextEdit::textChanged, &edit, failStep);
+    fatal.expect(mismatch);
+    // Told at its source, it does not fall into the trap of whoever changed the text.
+    EXPECT_NO_THROW(edit.setPlainText(QStringLiteral("one")));
+    EXPECT_EQ(edit.toPlainText(), QStringLiteral("one"));
+}
+
+TEST_F(EventGateTest, TellsOfADestroyedSender)
+{
+    QObject context;
+    auto *sender = new QObject;
+    on(sender, &QObject::destroyed, &context, failStep);
+    fatal.expect(mismatch);
+    delete sender;
+}
+
+TEST_F(EventGateTest, AFailureInANestedLoopDoesNotReachTheTrapAroundIt)
+{
+    QDialog dialog;
+    bool trapped = false;
+    QTimer timer;
+    timer.setSingleShot(true);
+    on(&timer, &QTimer::timeout, &dialog, [&] {
+        dialog.accept();
+        failStep();
+    });
+    timer.start(0);
+    fatal.expect(mismatch);
+    try {
+        dialog.exec();
+    } catch (const RuntimeError &) {
+        trapped = true;
+    }
+    EXPECT_FALSE(trapped);
+}
+
+TEST_F(EventGateTest, NoOtherHandlerRunsWhileTheBoxIsUp)
+{
+    int ran = 0;
+    QPushButton failing;
+    QPushButton other;
+    on(&failing, &QPushButton::clicked, &failing, failStep);
+    on(&other, &QPushButton::clicked, &other, [&] { ++ran; });
+    EventGate::setBox([&](int, const QString &) {
+        EXPECT_TRUE(EventGate::isFailing());
+        other.click();
+        failing.click();
+        run([&] { ++ran; });
+    });
+    failing.click();
+    EXPECT_EQ(ran, 0);
+    EXPECT_EQ(fatal.ends().size(), 1);
+
+    other.click();
+    EXPECT_EQ(ran, 1);
+}
+
+TEST_F(EventGateTest, GivesAHandlerAsManyArgumentsAsItTakes)
+{
+    QStandardItemModel model;
+    QStringList seen;
+    on(&model, &QAbstractItemModel::rowsInserted, &model, [&] { seen << QStringLiteral("none"); });
+    on(&model, &QAbstractItemModel::rowsInserted, &model,
+       [&](const QModelIndex &parent) { seen << QString::number(parent.isValid()); });
+    on(&model, &QAbstractItemModel::rowsInserted, &model, [&](const QModelIndex &, int first, int last) {
+        seen << QStringLiteral("%1-%2").arg(first).arg(last);
+    });
+    model.setRowCount(3);
+    EXPECT_EQ(seen, QStringList({QStringLiteral("none"), QStringLiteral("0"), QStringLiteral("0-2")}));
+}
+
+TEST_F(EventGateTest, BindsAMemberFunctionUntilItsObjectGoes)
+{
+    QTextEdit edit;
+    QStandardItemModel model;
+    auto receiver = std::make_unique<Receiver>();
+    on(&model, &QAbstractItemModel::rowsInserted, receiver.get(),
+       [&object = *receiver](const QModelIndex &, int, int last) { object.take(last); });
+    QTimer timer;
+    on(&timer, &QObject::objectNameChanged, receiver.get(), &QObject::deleteLater);
+    model.setRowCount(5);
+    EXPECT_EQ(receiver->taken, 4);
+    receiver.reset();
+    model.setRowCount(9); // nobody is left to hear
+}
+
+TEST_F(EventGateTest, TellsOfWhateverWasThrown)
+{
+    fatal.expect(7, QStringLiteral("Out of memory"));
+    fatal.expect(5, QStringLiteral("strange"));
+    fatal.expect(5, QStringLiteral("Invalid procedure call or argument"));
+    fatal.expect(438, QStringLiteral("own words"));
+    run([] { throw std::bad_alloc(); });
+    run([] { throw std::runtime_error("strange"); });
+    run([] { throw 1; });
+    run([] { throw RuntimeError(438, QStringLiteral("own words")); });
+}
+
+TEST_F(EventGateTest, EndsWithoutABoxWhenAskedTo)
+{
+    fatal.expectEnd(EXIT_SUCCESS);
+    EventGate::end(EXIT_SUCCESS);
+    EXPECT_TRUE(fatal.seen().isEmpty());
+}
+
+TEST_F(DefaultBoxTest, IsCriticalAndNamesNumberAndText)
+{
+    DialogDriver dialogs;
+    dialogs
+        .expectBox(QStringLiteral("QuillOfficeToolsv2"),
+                   QStringLiteral("Run-time error '13':\n\nType mismatch"))
+        .icon(QMessageBox::Critical)
+        .buttons(QMessageBox::Ok);
+    run(failStep);
+    EXPECT_EQ(ended, EXIT_FAILURE);
+}
+
+TEST_F(DefaultBoxTest, StopsEveryOtherHandler)
+{
+    int ticks = 0;
+    QTimer timer;
+    on(&timer, &QTimer::timeout, &timer, [&] { ++ticks; });
+    timer.start(1);
+    DialogDriver dialogs;
+    dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [&](QMessageBox &box) {
+        QSignalSpy spy(&timer, &QTimer::timeout);
+        EXPECT_TRUE(spy.wait());
+        EXPECT_EQ(ticks, 0);
+        box.accept();
+    });
+    run(failStep);
+}
+
+TEST(EventGateDeathTest, EndsTheProcess)
+{
+    EXPECT_EXIT(
+        {
+            EventGate::setBox(
+                [](int number, const QString &) { std::fprintf(stderr, "told of %d\n", number); });
+            EventGate::setEnd({});
+            run(failStep);
+            std::fprintf(stderr, "went on\n");
+        },
+        testing::ExitedWithCode(EXIT_FAILURE), "told of 13\n$");
+}
+
+TEST(EventGateDeathTest, ANormalEndLeavesTheLoopAndNoHandlerRunsAnyMore)
+{
+    EXPECT_EXIT(
+        {
+            EventGate::setEnd({});
+            int ran = 0;
+            QTimer timer;
+            on(&timer, &QTimer::timeout, &timer, [&] {
+                ++ran;
+                EventGate::end(EXIT_SUCCESS);
+                run([&] { ++ran; });
+            });
+            timer.start(0);
+            const int code = QCoreApplication::exec();
+            run([&] { ++ran; });
+            std::_Exit(code == EXIT_SUCCESS ? ran : 99);
+        },
+        testing::ExitedWithCode(1), "");
+}

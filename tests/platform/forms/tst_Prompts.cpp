@@ -1,0 +1,120 @@
+#include "DialogDriver.h"
+#include "PrintQt.h"
+#include "Prompts.h"
+
+#include <QAbstractButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct IconRow
+{
+    const char *name;
+    MsgBoxStyle style;
+    QMessageBox::Icon icon;
+};
+
+struct MsgBoxIconTest : testing::TestWithParam<IconRow>
+{};
+
+struct MsgBoxTest : testing::Test
+{
+    DialogDriver dialogs;
+    QString title = QStringLiteral("Save Changes?...");
+    QString text = QStringLiteral("Save Changes to Document 1");
+
+    /// What the box returns when \a act leaves it.
+    int replyTo(MsgBoxStyle style, std::function<void(QMessageBox &)> act)
+    {
+        dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), std::move(act));
+        return MsgBox(text, style, title);
+    }
+};
+
+} // namespace
+
+TEST_P(MsgBoxIconTest, FollowsTheStyle)
+{
+    DialogDriver dialogs;
+    dialogs.expectBox(QStringLiteral("title"), QStringLiteral("text"))
+        .icon(GetParam().icon)
+        .buttons(QMessageBox::Ok);
+    EXPECT_EQ(MsgBox(QStringLiteral("text"), GetParam().style, QStringLiteral("title")), MsgBoxReply::Ok);
+
+    dialogs.expectBox(QStringLiteral("title"), QStringLiteral("text"))
+        .icon(GetParam().icon)
+        .buttons(QMessageBox::Yes | QMessageBox::No)
+        .press(QMessageBox::Yes);
+    EXPECT_EQ(MsgBox(QStringLiteral("text"), GetParam().style | MsgBoxStyle::YesNo, QStringLiteral("title")),
+              MsgBoxReply::Yes);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Styles, MsgBoxIconTest,
+    testing::Values(IconRow{"Plain", MsgBoxStyle::Plain, QMessageBox::NoIcon},
+                    IconRow{"Critical", MsgBoxStyle::Critical, QMessageBox::Critical},
+                    IconRow{"Question", MsgBoxStyle::Question, QMessageBox::Question},
+                    IconRow{"Exclamation", MsgBoxStyle::Exclamation, QMessageBox::Warning},
+                    IconRow{"Information", MsgBoxStyle::Information, QMessageBox::Information}),
+    [](const auto &row) { return std::string(row.param.name); });
+
+TEST_F(MsgBoxTest, ReturnsTheGivenNumbers)
+{
+    dialogs.expectBox(title, text).press(QMessageBox::Ok);
+    EXPECT_EQ(MsgBox(text, MsgBoxStyle::Plain, title), 1);
+    dialogs.expectBox(title, text).press(QMessageBox::Yes).defaultButton(QMessageBox::Yes);
+    EXPECT_EQ(MsgBox(text, MsgBoxStyle::YesNo, title), 6);
+    dialogs.expectBox(title, text).press(QMessageBox::No);
+    EXPECT_EQ(MsgBox(text, MsgBoxStyle::YesNo, title), 7);
+}
+
+TEST_F(MsgBoxTest, TakesTheApplicationTitleWhereNoneIsGiven)
+{
+    dialogs.expectBox(QStringLiteral("QuillOfficeToolsv2"), text);
+    MsgBox(text);
+}
+
+TEST_F(MsgBoxTest, ShowsItsTextAsItIs)
+{
+    const QString markup = QStringLiteral("<b>a & b</b>\nsecond");
+    dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [&](QMessageBox &box) {
+        EXPECT_EQ(box.text(), markup);
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        box.accept();
+    });
+    MsgBox(markup);
+}
+
+TEST_F(MsgBoxTest, EscapeAndTheWindowSystemLeaveAnOkBox)
+{
+    EXPECT_EQ(replyTo(MsgBoxStyle::Plain, [](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Escape); }),
+              MsgBoxReply::Ok);
+    EXPECT_EQ(replyTo(MsgBoxStyle::Plain, [](QMessageBox &box) { box.close(); }), MsgBoxReply::Ok);
+}
+
+TEST_F(MsgBoxTest, EscapeAndTheWindowSystemDoNotLeaveAQuestion)
+{
+    const auto tryToLeave = [](QMessageBox &box) {
+        QTest::keyClick(&box, Qt::Key_Escape);
+        QTest::keyClick(box.button(QMessageBox::Yes), Qt::Key_Escape);
+        EXPECT_FALSE(box.close());
+        EXPECT_TRUE(box.isVisible());
+        box.button(QMessageBox::No)->click();
+    };
+    EXPECT_EQ(replyTo(MsgBoxStyle::YesNo, tryToLeave), MsgBoxReply::No);
+}
+
+TEST_F(MsgBoxTest, ReturnTakesTheDefault)
+{
+    EXPECT_EQ(replyTo(MsgBoxStyle::YesNo, [](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Return); }),
+              MsgBoxReply::Yes);
+}
+
+TEST_F(MsgBoxTest, OutlivesItsOwner)
+{
+    auto *owner = new QWidget;
+    owner->show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(owner));
+    EXPECT_EQ(replyTo(MsgBoxStyle::YesNo, [&](QMessageBox &) { delete owner; }), MsgBoxReply::No);
+}

@@ -1,0 +1,132 @@
+#include "RichTextProperties.h"
+#include "WrittenBody.h"
+
+#include <QTextList>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct MarkRow
+{
+    const char *name;
+    QTextListFormat::Style style;
+    int start;
+    const char *level; ///< of the list table
+    const char *mark;
+};
+
+std::string nameOf(const testing::TestParamInfo<MarkRow> &info)
+{
+    return info.param.name;
+}
+
+struct RtfWriterMarks : testing::TestWithParam<MarkRow>
+{};
+
+QTextListFormat flat(QTextListFormat::Style style)
+{
+    QTextListFormat format;
+    format.setStyle(style);
+    format.setIndent(0);
+    return format;
+}
+
+} // namespace
+
+TEST_P(RtfWriterMarks, StandInTheTableAndBeforeTheItem)
+{
+    PlainDocument document;
+    QTextListFormat format = flat(GetParam().style);
+    format.setProperty(RichTextProperty::ListStart, GetParam().start);
+    QTextCursor cursor(&document);
+    cursor.createList(format);
+    cursor.insertText(QStringLiteral("a"));
+    const QByteArray bytes = RtfWriter::write(document);
+    EXPECT_EQ(bodyOf(bytes),
+              QByteArray("\\pard\\ls1\\fi0\\li0{\\listtext ") + GetParam().mark + "\\tab}a\\par\n");
+    EXPECT_TRUE(bytes.contains(GetParam().level)) << bytes.constData();
+    EXPECT_TRUE(
+        bytes.contains("{\\*\\listoverridetable{\\listoverride\\listid1\\listoverridecount0\\ls1}}\n"));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, RtfWriterMarks,
+    testing::Values(
+        MarkRow{
+            "Disc", QTextListFormat::ListDisc, 1,
+            "\\levelnfc23\\leveljc0\\levelfollow0\\levelstartat1{\\leveltext\\'01\\u8226?;}{\\levelnumbers;}",
+            "\\u8226?"},
+        MarkRow{"Circle", QTextListFormat::ListCircle, 1, "{\\leveltext\\'01\\u9702?;}", "\\u9702?"},
+        MarkRow{"Square", QTextListFormat::ListSquare, 1, "{\\leveltext\\'01\\u9642?;}", "\\u9642?"},
+        MarkRow{"Decimal", QTextListFormat::ListDecimal, 3,
+                "\\levelnfc0\\leveljc0\\levelfollow0\\levelstartat3{\\leveltext\\'02\\'00.;}{"
+                "\\levelnumbers\\'01;}",
+                "3."},
+        MarkRow{"UpperRoman", QTextListFormat::ListUpperRoman, 1994, "\\levelnfc1", "MCMXCIV."},
+        MarkRow{"LowerRoman", QTextListFormat::ListLowerRoman, 9, "\\levelnfc2", "ix."},
+        MarkRow{"UpperAlpha", QTextListFormat::ListUpperAlpha, 28, "\\levelnfc3", "AB."},
+        MarkRow{"LowerAlpha", QTextListFormat::ListLowerAlpha, 26, "\\levelnfc4", "z."},
+        MarkRow{"NoLetterForZero", QTextListFormat::ListLowerAlpha, 0, "\\levelstartat0", "0."},
+        MarkRow{"BeyondRoman", QTextListFormat::ListUpperRoman, 5000, "\\levelstartat5000", "5000."}),
+    nameOf);
+
+TEST(RtfWriterLists, CountTheirItems)
+{
+    PlainDocument document;
+    QTextCursor cursor(&document);
+    QTextListFormat format = flat(QTextListFormat::ListDecimal);
+    format.setNumberPrefix(QStringLiteral("("));
+    format.setNumberSuffix(QStringLiteral(")"));
+    cursor.createList(format);
+    cursor.insertText(QStringLiteral("a\nb"));
+    const QByteArray bytes = RtfWriter::write(document);
+    EXPECT_EQ(bodyOf(bytes),
+              QByteArray("\\pard\\ls1\\fi0\\li0{\\listtext (1)\\tab}a\\par\n{\\listtext (2)\\tab}b\\par\n"));
+    EXPECT_TRUE(bytes.contains("{\\leveltext\\'03(\\'00);}{\\levelnumbers\\'02;}"));
+}
+
+TEST(RtfWriterLists, OfBulletsShareOneEntry)
+{
+    PlainDocument document;
+    QTextCursor cursor(&document);
+    cursor.insertList(flat(QTextListFormat::ListDisc));
+    cursor.insertBlock(QTextBlockFormat());
+    cursor.insertList(flat(QTextListFormat::ListDisc));
+    const QByteArray bytes = RtfWriter::write(document);
+    EXPECT_EQ(bytes.count("{\\list\\"), 1);
+    EXPECT_EQ(bytes.count("\\pard\\ls1"), 2);
+}
+
+TEST(RtfWriterLists, OfNumbersStartAnew)
+{
+    PlainDocument document;
+    QTextCursor cursor(&document);
+    cursor.insertList(flat(QTextListFormat::ListDecimal));
+    cursor.insertList(flat(QTextListFormat::ListDecimal));
+    EXPECT_EQ(bodyOf(document), QByteArray("\\par\n\\pard\\ls1\\fi0\\li0{\\listtext 1.\\tab}\\par\n"
+                                           "\\pard\\ls2\\fi0\\li0{\\listtext 1.\\tab}\\par\n"));
+}
+
+TEST(RtfWriterLists, KeepTheirLevel)
+{
+    PlainDocument document;
+    QTextCursor cursor(&document);
+    QTextListFormat format = flat(QTextListFormat::ListDecimal);
+    format.setProperty(RichTextProperty::ListLevel, 2);
+    cursor.createList(format);
+    const QByteArray bytes = RtfWriter::write(document);
+    EXPECT_TRUE(bodyOf(bytes).startsWith("\\pard\\ls1\\ilvl2\\fi0\\li0{"));
+    EXPECT_EQ(bytes.count("{\\listlevel"), 3);
+    EXPECT_TRUE(bytes.contains("{\\leveltext\\'02\\'02.;}"));
+}
+
+TEST(RtfWriterLists, HangTheMarksOfQtsOwnIndents)
+{
+    PlainDocument document;
+    QTextListFormat format;
+    format.setStyle(QTextListFormat::ListDisc);
+    QTextCursor(&document).createList(format);
+    const QByteArray bytes = RtfWriter::write(document);
+    EXPECT_TRUE(bodyOf(bytes).startsWith("\\pard\\ls1\\fi-360\\li600{"));
+    EXPECT_TRUE(bytes.contains("{\\levelnumbers;}\\fi-360\\li600}"));
+}

@@ -1,0 +1,76 @@
+#include "RunningSuite.h"
+
+#include "EntryRoutine.h"
+#include "Forms.h"
+#include "Globals.h"
+#include "Paths.h"
+#include "Settings.h"
+#include "Toolbar.h"
+#include "frmDocument.h"
+#include "frmOptions.h"
+#include "frmSplash.h"
+
+#include <QTest>
+#include <QToolButton>
+#include <gtest/gtest.h>
+
+namespace {
+
+void registerWindows()
+{
+    Forms::registerWindow(QStringLiteral("frmSplash"), Forms::Instances::One, [] { return new frmSplash; });
+    Forms::registerWindow(QStringLiteral("frmOptions"), Forms::Instances::One, [] { return new frmOptions; });
+    Forms::registerWindow(QStringLiteral("frmDocument"), Forms::Instances::Many, [] { return new frmDocument; });
+}
+
+} // namespace
+
+RunningSuite::RunningSuite()
+{
+    registerWindows();
+    Settings::save(Paths::applicationTitle, QStringLiteral("Options"), QStringLiteral("Show Splash at Startup"),
+                   QStringLiteral("0"));
+    EntryRoutine();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&frame()));
+}
+
+RunningSuite::~RunningSuite()
+{
+    delete mainFrame();
+    freshDocument = false;
+    lastAnswer.clear();
+}
+
+MainFrame *RunningSuite::mainFrame()
+{
+    return ::mainFrame;
+}
+
+RichTextBox &RunningSuite::text() const
+{
+    return active().member<RichTextBox>(QStringLiteral("rtfTextBox"));
+}
+
+QAction &RunningSuite::item(const char *name) const
+{
+    return *frame().findChild<QAction *>(QString::fromLatin1(name));
+}
+
+void RunningSuite::choose(const char *name) const
+{
+    item(name).trigger();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+}
+
+void RunningSuite::press(const char *key) const
+{
+    auto *button = frame().tbToolBar().findChild<QToolButton *>(QString::fromLatin1(key));
+    QTest::mouseClick(button, Qt::LeftButton);
+    QCoreApplication::processEvents();
+}
+
+void RunningSuite::type(const QString &words) const
+{
+    QTest::keyClicks(&text(), words);
+}

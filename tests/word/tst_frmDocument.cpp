@@ -1,0 +1,395 @@
+#include "Files.h"
+#include "Forms.h"
+#include "FullDisk.h"
+#include "Globals.h"
+#include "RunningSuite.h"
+#include "StandInTool.h"
+#include "UrlCatcher.h"
+#include "frmDocument.h"
+
+#include <QDir>
+#include <QTest>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace {
+
+const char *const saveChanges = "Save Changes?...";
+const char *const saveAsRtf = "Save as RTF?...";
+const char *const confirmText = "Confirm Save As Text...";
+
+struct DocumentTest : testing::Test
+{
+    RunningSuite suite;
+
+    QString path(const char *name) const { return suite.home.file(QString::fromLatin1(name)); }
+    QString write(const char *name, const QByteArray &bytes) const
+    {
+        Files::write(path(name), bytes);
+        return path(name);
+    }
+    BoxStep &box(const char *title, const QString &text)
+    {
+        return suite.dialogs.expectBox(QString::fromLatin1(title), text);
+    }
+    BoxStep &saveQuestion(const QString &caption)
+    {
+        return box(saveChanges, QStringLiteral("Save Changes to ") + caption).icon(QMessageBox::Question);
+    }
+    BoxStep &rtfQuestion()
+    {
+        return box(saveAsRtf,
+                   QStringLiteral("Save as RTF? Yes to save as RTF format No to save in Plain Text."));
+    }
+    BoxStep &textQuestion()
+    {
+        return box(confirmText, QStringLiteral("Saving as Text will remove all formatting, continue?"));
+    }
+    FileDialogStep &fileDialog(const char *title)
+    {
+        return suite.dialogs.expectFileDialog(QString::fromLatin1(title));
+    }
+    void open(const QString &name)
+    {
+        fileDialog("Open").accept(name);
+        suite.choose("mnuFileOpen");
+    }
+    BoxStep &systemError(int number, const char *description)
+    {
+        return box("System Error!", QStringLiteral("An error has occurred - Code: %1 Description: %2")
+                                        .arg(number)
+                                        .arg(QString::fromLatin1(description)));
+    }
+    void closeUnsaved()
+    {
+        saveQuestion(suite.active().Caption()).press(QMessageBox::No);
+        suite.choose("mnuFileClose");
+    }
+};
+
+const QByteArray boldRtf = "{\\rtf1\\ansi{\\fonttbl{\\f0 Liberation Sans;}}\\f0\\fs24 plain {\\b bold}\\par}";
+
+} // namespace
+
+TEST_F(DocumentTest, ClosedWithoutTypingItAsksNothing)
+{
+    suite.choose("mnuFileClose");
+    EXPECT_EQ(suite.frame().ActiveForm(), nullptr);
+    EXPECT_TRUE(suite.dialogs.seen().isEmpty());
+}
+
+TEST_F(DocumentTest, OneCharacterAsksWithTheCaption)
+{
+    suite.type(QStringLiteral("x"));
+    saveQuestion(QStringLiteral("Document 1")).press(QMessageBox::No);
+    suite.choose("mnuFileClose");
+    EXPECT_EQ(lastAnswer, QStringLiteral("7"));
+    EXPECT_EQ(suite.frame().ActiveForm(), nullptr);
+}
+
+TEST_F(DocumentTest, DecliningTheLastQuestionClosesUnsaved)
+{
+    suite.type(QStringLiteral("x"));
+    saveQuestion(QStringLiteral("Document 1")).press(QMessageBox::Yes);
+    rtfQuestion().press(QMessageBox::No);
+    textQuestion().press(QMessageBox::No);
+    suite.choose("mnuFileClose");
+    EXPECT_EQ(suite.frame().ActiveForm(), nullptr);
+}
+
+TEST_F(DocumentTest, ClosingOffersTheDialogUntilAFileIsNamed)
+{
+    suite.type(QStringLiteral("kept"));
+    saveQuestion(QStringLiteral("Document 1")).press(QMessageBox::Yes);
+    rtfQuestion().press(QMessageBox::Yes);
+    fileDialog("Save As RTF").cancel();
+    fileDialog("Save As RTF")
+        .filters({QStringLiteral("Rich Text Format (*.rtf)")})
+        .defaultSuffix(QStringLiteral("rtf"))
+        .accept(path("kept"));
+    suite.choose("mnuFileClose");
+    EXPECT_TRUE(Files::read(path("kept.rtf")).contains("kept"));
+}
+
+TEST_F(DocumentTest, ClosingAsTextWritesPlainText)
+{
+    suite.type(QStringLiteral("plain words"));
+    saveQuestion(QStringLiteral("Document 1")).press(QMessageBox::Yes);
+    rtfQuestion().press(QMessageBox::No);
+    textQuestion().press(QMessageBox::Yes);
+    fileDialog("Save As TXT").defaultSuffix(QStringLiteral("txt")).accept(path("closing.txt"));
+    suite.choose("mnuFileClose");
+    EXPECT_EQ(Files::read(path("closing.txt")), QByteArray("plain words"));
+}
+
+TEST_F(DocumentTest, AFullDiskAtClosingAsksForAnotherPlace)
+{
+    suite.type(QStringLiteral("precious"));
+    saveQuestion(QStringLiteral("Document 1")).press(QMessageBox::Yes);
+    rtfQuestion().press(QMessageBox::Yes);
+    fileDialog("Save As RTF").accept(path("gone/a.rtf"));
+    systemError(76, "Path not found");
+    fileDialog("Save As RTF").accept(path("b.rtf"));
+    suite.choose("mnuFileClose");
+    EXPECT_TRUE(Files::read(path("b.rtf")).contains("precious"));
+}
+
+TEST_F(DocumentTest, TheActiveDocumentIsSavedWhileAnotherCloses)
+{
+    suite.type(QStringLiteral("first"));
+    Form &first = suite.active();
+    suite.choose("mnuFileNew");
+    suite.type(QStringLiteral("second"));
+    saveQuestion(QStringLiteral("Document 1")).press(QMessageBox::Yes);
+    rtfQuestion().press(QMessageBox::Yes);
+    fileDialog("Save As RTF").accept(path("odd.rtf"));
+    first.unload();
+    EXPECT_EQ(suite.active().Caption(), path("odd.rtf"));
+    EXPECT_TRUE(Files::read(path("odd.rtf")).contains("second"));
+    closeUnsaved();
+}
+
+TEST_F(DocumentTest, OpensAFileUnderItsPath)
+{
+    open(write("a.rtf", boldRtf));
+    EXPECT_EQ(suite.active().Caption(), path("a.rtf"));
+    EXPECT_EQ(suite.text().Text(), QStringLiteral("plain bold"));
+    suite.choose("mnuFileClose"); // a load is no change
+    EXPECT_EQ(suite.active().Caption(), QStringLiteral("Document 1"));
+}
+
+TEST_F(DocumentTest, TheOpenDialogIsAsGiven)
+{
+    fileDialog("Open")
+        .filters({QStringLiteral("Rtf Files (*.rtf)"), QStringLiteral("Text Files (*.txt)"),
+                  QStringLiteral("All Files (*)")})
+        .cancel();
+    suite.press("Open");
+    EXPECT_EQ(suite.active().Caption(), QStringLiteral("Document 1"));
+}
+
+TEST_F(DocumentTest, TheSamePathIsRefusedAnotherSpellingIsNot)
+{
+    const QString name = write("a.rtf", boldRtf);
+    open(name);
+    fileDialog("Open").accept(name);
+    box("File already open...", name + QStringLiteral(" is already open. Cannot load the same file twice!"))
+        .icon(QMessageBox::Critical);
+    suite.choose("mnuFileOpen");
+    EXPECT_EQ(Forms::named(QStringLiteral("frmDocument")).size(), 2);
+    const QString link = path("link.rtf");
+    ASSERT_TRUE(QFile::link(name, link));
+    open(link);
+    EXPECT_EQ(suite.active().Caption(), link);
+    EXPECT_EQ(Forms::named(QStringLiteral("frmDocument")).size(), 3);
+}
+
+TEST_F(DocumentTest, AFileThatCannotBeReadLeavesAnEmptyWindowWithItsPath)
+{
+    const QString name = path("pipe.rtf");
+    ASSERT_EQ(::mkfifo(QFile::encodeName(name).constData(), 0600), 0);
+    fileDialog("Open").accept(name);
+    systemError(75, "Path/File access error");
+    suite.choose("mnuFileOpen");
+    EXPECT_EQ(suite.active().Caption(), name);
+    EXPECT_EQ(suite.text().Text(), QString());
+}
+
+TEST_F(DocumentTest, TheLastThreeLettersChooseTheFormat)
+{
+    struct Row
+    {
+        const char *name;
+        bool rich;
+    };
+    for (const Row &row : {Row{"a.rtf", true}, {"b.RTF", true}, {"c.rtf.txt", false}, {"d", false}}) {
+        SCOPED_TRACE(row.name);
+        open(write(row.name, boldRtf));
+        suite.type(QStringLiteral("new "));
+        suite.choose("mnusaveonly");
+        EXPECT_EQ(Files::read(path(row.name)).startsWith("{\\rtf1"), row.rich);
+        suite.choose("mnuFileClose"); // saved: nothing to ask
+    }
+}
+
+TEST_F(DocumentTest, SavingAnUnnamedDocumentAsksForTheKind)
+{
+    suite.type(QStringLiteral("x"));
+    box("Save as What...", QStringLiteral("Save as RTF or Text, Yes for RTF, No for Text"))
+        .icon(QMessageBox::Question)
+        .press(QMessageBox::Yes);
+    fileDialog("Save As RTF").accept(path("what"));
+    suite.choose("mnusaveonly");
+    EXPECT_EQ(suite.active().Caption(), path("what.rtf"));
+    EXPECT_TRUE(Files::read(path("what.rtf")).startsWith("{\\rtf1"));
+    suite.choose("mnuFileClose");
+}
+
+TEST_F(DocumentTest, SavingAnUnnamedDocumentAsTextConfirms)
+{
+    suite.type(QStringLiteral("x"));
+    box("Save as What...", QStringLiteral("Save as RTF or Text, Yes for RTF, No for Text")).press(QMessageBox::No);
+    textQuestion().press(QMessageBox::Yes);
+    fileDialog("Save As TXT")
+        .filters({QStringLiteral("Text Files (*.txt *.bat *.dat *.log *.ini)"), QStringLiteral("Al Files (*)")})
+        .accept(path("what.txt"));
+    suite.press("Save");
+    EXPECT_EQ(Files::read(path("what.txt")), QByteArray("x"));
+}
+
+TEST_F(DocumentTest, SaveAsTextKeepsTheFormattingOnScreen)
+{
+    open(write("a.rtf", boldRtf));
+    textQuestion().press(QMessageBox::Yes);
+    fileDialog("Save As TXT").accept(path("a.txt"));
+    suite.choose("mnuFileSaveAs");
+    EXPECT_EQ(Files::read(path("a.txt")), QByteArray("plain bold"));
+    EXPECT_EQ(suite.active().Caption(), path("a.txt"));
+    suite.text().setSelStart(8);
+    EXPECT_EQ(suite.text().SelBold(), std::optional<bool>(true));
+}
+
+TEST_F(DocumentTest, ACancelledSaveDoesNothing)
+{
+    suite.type(QStringLiteral("x"));
+    fileDialog("Save As RTF").cancel();
+    suite.choose("mnuFileSave");
+    textQuestion().press(QMessageBox::No);
+    suite.choose("mnuFileSaveAs");
+    EXPECT_EQ(suite.active().Caption(), QStringLiteral("Document 1"));
+    closeUnsaved();
+}
+
+TEST_F(DocumentTest, AnExistingNameIsAskedAbout)
+{
+    write("a.rtf", "old");
+    suite.type(QStringLiteral("x"));
+    fileDialog("Save As RTF").accept(path("a.rtf"));
+    suite.dialogs.expectBox(QStringLiteral("Save As RTF"),
+                            QStringLiteral("a.rtf already exists.\nDo you want to replace it?"))
+        .press(QMessageBox::Yes);
+    suite.choose("mnuFileSave");
+    EXPECT_TRUE(Files::read(path("a.rtf")).startsWith("{\\rtf1"));
+}
+
+TEST_F(DocumentTest, AFailedSaveAsKeepsTheChangesUnsavedAndTheOldFileWhole)
+{
+    write("a.rtf", "old");
+    suite.text().setText(QString(9000, u'x'));
+    fileDialog("Save As RTF").accept(path("a.rtf"));
+    suite.dialogs.expectBox(QStringLiteral("Save As RTF"),
+                            QStringLiteral("a.rtf already exists.\nDo you want to replace it?"))
+        .press(QMessageBox::Yes);
+    systemError(61, "Disk full");
+    {
+        const FullDisk full(4096);
+        suite.choose("mnuFileSave");
+    }
+    EXPECT_EQ(Files::read(path("a.rtf")), QByteArray("old"));
+    EXPECT_EQ(suite.text().Text().size(), 9000);
+    closeUnsaved();
+}
+
+TEST_F(DocumentTest, AFailedSaveIsAnUntrappedError)
+{
+    open(write("a.txt", "old"));
+    suite.type(QStringLiteral("new "));
+    ASSERT_TRUE(QFile::remove(path("a.txt")));
+    ASSERT_TRUE(QDir().mkdir(path("a.txt")));
+    suite.fatal.expect(75);
+    suite.choose("mnusaveonly");
+    closeUnsaved();
+}
+
+TEST_F(DocumentTest, AFileRemovedBehindTheSuiteIsWrittenAnew)
+{
+    open(write("a.txt", "old"));
+    ASSERT_TRUE(QFile::remove(path("a.txt")));
+    suite.type(QStringLiteral("new "));
+    suite.choose("mnusaveonly");
+    EXPECT_EQ(Files::read(path("a.txt")), QByteArray("new old"));
+}
+
+TEST_F(DocumentTest, ATextFileKeepsItsLineEnds)
+{
+    open(write("dos.txt", "one\r\ntwo\r\n"));
+    suite.type(QStringLiteral("x"));
+    suite.choose("mnusaveonly");
+    EXPECT_EQ(Files::read(path("dos.txt")), QByteArray("xone\r\ntwo\r\n"));
+}
+
+TEST_F(DocumentTest, APathThatBeginsWithDocumentAsksAgain)
+{
+    suite.type(QStringLiteral("x"));
+    suite.active().setCaption(QStringLiteral("Documents/a.rtf"));
+    box("Save as What...", QStringLiteral("Save as RTF or Text, Yes for RTF, No for Text")).press(QMessageBox::Yes);
+    fileDialog("Save As RTF").cancel();
+    suite.choose("mnusaveonly");
+    closeUnsaved();
+}
+
+TEST_F(DocumentTest, FocusClearsTheDirtyStateOfAFreshDocument)
+{
+    Q_EMIT suite.text().Change();
+    suite.choose("mnuWindowNewWindow");
+    freshDocument = true;
+    suite.choose("mnuFileClose"); // the focus comes back to Document 1
+    EXPECT_FALSE(freshDocument);
+    suite.choose("mnuFileClose");
+    EXPECT_EQ(suite.frame().ActiveForm(), nullptr);
+}
+
+TEST_F(DocumentTest, AnEditThatRaisedNoEventIsSeenByItsLength)
+{
+    suite.type(QStringLiteral("x"));
+    suite.active().call(QStringLiteral("unDirty"));
+    closeUnsaved();
+}
+
+TEST_F(DocumentTest, ClosingUnsavedOnlyAsksWhatChanged)
+{
+    suite.type(QStringLiteral("x"));
+    suite.active().call(QStringLiteral("doclengthupdate"));
+    suite.choose("mnuFileClose");
+    EXPECT_EQ(suite.frame().ActiveForm(), nullptr);
+}
+
+TEST_F(DocumentTest, ALinkOpensWithTheDesktopsHandler)
+{
+    UrlCatcher urls;
+    suite.text().setText(QStringLiteral("see www.example.org now"));
+    suite.text().setSelStart(0);
+    Q_EMIT suite.text().LinkClicked(4, 19);
+    EXPECT_EQ(urls.opened(), QList<QUrl>({QUrl(QStringLiteral("http://www.example.org"))}));
+    EXPECT_EQ(suite.text().SelStart(), 0);
+    closeUnsaved();
+}
+
+TEST_F(DocumentTest, ANarrowWindowCutsTheControl)
+{
+    Form &document = suite.active();
+    document.resize(8, 100);
+    EXPECT_EQ(suite.text().width(), 13); // 200 twips
+    document.resize(500, 300);
+    EXPECT_EQ(suite.text().width(), 500);
+    EXPECT_EQ(suite.text().height(), 300);
+}
+
+TEST_F(DocumentTest, CloseClosesAToolToo)
+{
+    Forms::registerWindow(QStringLiteral("frmStandIn"), Forms::Instances::One,
+                          [] { return new StandInTool(QStringLiteral("frmStandIn")); });
+    Forms::refer(QStringLiteral("frmStandIn")).showModeless();
+    suite.choose("mnuFileClose");
+    EXPECT_TRUE(Forms::named(QStringLiteral("frmStandIn")).isEmpty());
+    EXPECT_EQ(suite.active().Caption(), QStringLiteral("Document 1"));
+}
+
+TEST_F(DocumentTest, CommandsWithoutADocumentDoNothing)
+{
+    suite.choose("mnuFileClose");
+    for (const char *name : {"mnuFileClose", "mnusaveonly", "mnuFileSave"})
+        suite.choose(name);
+    textQuestion().press(QMessageBox::Yes);
+    suite.choose("mnuFileSaveAs");
+}
