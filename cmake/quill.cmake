@@ -40,6 +40,14 @@ function(quill_module)
     target_link_libraries(${name} PUBLIC ${links})
 endfunction()
 
+# Builds a file of resources/ into every program that links this folder's library; the library itself would be
+# dropped by the linker where nothing refers to it.
+function(quill_resources file)
+    quill_folder(folder src)
+    quill_targets(name ${folder})
+    target_sources(${name} INTERFACE ${CMAKE_SOURCE_DIR}/resources/${file})
+endfunction()
+
 function(quill_program name)
     quill_parse_links(${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)

@@ -42,8 +42,8 @@ void WindowList::fill(QMenu &menu, MdiArea &area)
             menu.addSeparator()->setObjectName(listed);
         QAction *item = menu.addAction(captionOf(*child, ++number));
         item->setObjectName(listed);
-        item->setCheckable(true);
-        item->setChecked(child == area.currentSubWindow());
+        item->setCheckable(child == area.currentSubWindow()); // no empty box before the others
+        item->setChecked(true);
         on(item, &QAction::triggered, child, [&area, child] { activate(area, *child); });
     }
 }

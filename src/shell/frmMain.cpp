@@ -219,18 +219,7 @@ Form *frmMain::ActiveForm() const
 
 void frmMain::place(ChildForm &child)
 {
-    auto *window = qobject_cast<QMdiSubWindow *>(child.parentWidget());
-    if (!window) {
-        window = m_area->addSubWindow(&child);
-        window->setAttribute(Qt::WA_DeleteOnClose);
-        window->setWindowIcon(child.windowIcon());
-        window->resize(child.sizeHint());
-        window->show();
-    } else if (window->isMinimized()) {
-        window->showNormal();
-    }
-    m_area->setActiveSubWindow(window);
-    child.setFocus();
+    m_area->place(child);
 }
 
 void frmMain::Timer1_Timer()
@@ -286,6 +275,6 @@ void frmMain::mnutipsandtricks_Click()
     document.setCaption(path);
     document.call(QStringLiteral("doclengthupdate"));
     text.setLocked(true);
-    document.setWindowIcon(ThemeIcon::named(QStringLiteral("help-hint")));
+    document.setWindowIcon(QIcon(QStringLiteral(":/tips.svg")));
     freshDocument = true;
 }

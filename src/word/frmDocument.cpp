@@ -8,9 +8,10 @@
 #include "MainFrame.h"
 #include "Paths.h"
 #include "RichTextBox.h"
-#include "ThemeIcon.h"
 #include "Toolbar.h"
 #include "Twips.h"
+
+#include <QIcon>
 
 namespace {
 
@@ -26,7 +27,7 @@ frmDocument::frmDocument()
     , dlgCommonDialog(this)
 {
     setCaption(QStringLiteral("Quill-Word Document"));
-    setWindowIcon(ThemeIcon::named(QStringLiteral("x-office-document")));
+    setWindowIcon(QIcon(QStringLiteral(":/document.svg")));
     rtfTextBox->setObjectName(QStringLiteral("rtfTextBox"));
     rtfTextBox->setAccessibleName(QStringLiteral("Document text"));
     setFocusProxy(rtfTextBox);

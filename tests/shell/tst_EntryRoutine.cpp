@@ -84,9 +84,8 @@ TEST_F(EntryTest, AKeyEndsTheSplashAndTheFrameLoads)
 TEST_F(EntryTest, AClickEndsTheSplash)
 {
     splash("1");
-    suite->dialogs.expectWindow<frmSplash>(QStringLiteral("frmSplash"), [&](frmSplash &window) {
-        QTest::mouseClick(&window, Qt::LeftButton);
-    });
+    suite->dialogs.expectWindow<frmSplash>(
+        QStringLiteral("frmSplash"), [&](frmSplash &window) { QTest::mouseClick(&window, Qt::LeftButton); });
     restart();
     EXPECT_TRUE(suite->frame().isVisible());
 }

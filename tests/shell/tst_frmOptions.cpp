@@ -85,8 +85,9 @@ TEST_F(OptionsTest, EscapeCancelsAndReturnTakes)
 TEST_F(OptionsTest, AnErrorInTheLoadEndsTheProgram)
 {
     showSplash = 7; // no value of a check box
-    suite.dialogs.expectBox(QStringLiteral("Quill-Office Tools - Error Message"),
-                            QStringLiteral("An error has occurred: \nCode: 380\nDetail: Invalid property value"));
+    suite.dialogs.expectBox(
+        QStringLiteral("Quill-Office Tools - Error Message"),
+        QStringLiteral("An error has occurred: \nCode: 380\nDetail: Invalid property value"));
     suite.fatal.expectEnd(EXIT_FAILURE);
     open("mnuToolsOptions", [](frmOptions &window) { click(window, "cmdCancel"); });
 }
@@ -97,8 +98,9 @@ TEST_F(OptionsTest, ReadsAsGiven)
         EXPECT_EQ(window.Caption(), QStringLiteral("Options"));
         EXPECT_EQ(box(window).text(), QStringLiteral("Show Splash Screen at Start Up"));
         EXPECT_EQ(window.member<QLabel>(QStringLiteral("Label4")).text(),
-                  QStringLiteral("Make your choices then click Apply or OK to apply your choices. Selecting OK also "
-                                 "closes this page. Cancel closes this page without saving your changes."));
+                  QStringLiteral(
+                      "Make your choices then click Apply or OK to apply your choices. Selecting OK also "
+                      "closes this page. Cancel closes this page without saving your changes."));
         EXPECT_EQ(window.member<QGroupBox>(QStringLiteral("fraSample3")).title(), QStringLiteral("Sample 3"));
         EXPECT_FALSE(window.member<QWidget>(QStringLiteral("picOptions")).isVisible());
         click(window, "cmdCancel");
@@ -109,7 +111,8 @@ TEST_F(OptionsTest, AStoreThatCannotBeWrittenIsAnUntrappedError)
 {
     suite.fatal.expect(76);
     open("mnuToolsOptions", [this](frmOptions &window) {
-        qputenv("XDG_CONFIG_HOME", suite.home.file(QStringLiteral(".config/QuillOfficeToolsv2.ini/x")).toUtf8());
+        qputenv("XDG_CONFIG_HOME",
+                suite.home.file(QStringLiteral(".config/QuillOfficeToolsv2.ini/x")).toUtf8());
         click(window, "cmdApply");
         click(window, "cmdCancel");
     });

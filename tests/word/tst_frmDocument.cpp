@@ -228,10 +228,12 @@ TEST_F(DocumentTest, SavingAnUnnamedDocumentAsksForTheKind)
 TEST_F(DocumentTest, SavingAnUnnamedDocumentAsTextConfirms)
 {
     suite.type(QStringLiteral("x"));
-    box("Save as What...", QStringLiteral("Save as RTF or Text, Yes for RTF, No for Text")).press(QMessageBox::No);
+    box("Save as What...", QStringLiteral("Save as RTF or Text, Yes for RTF, No for Text"))
+        .press(QMessageBox::No);
     textQuestion().press(QMessageBox::Yes);
     fileDialog("Save As TXT")
-        .filters({QStringLiteral("Text Files (*.txt *.bat *.dat *.log *.ini)"), QStringLiteral("Al Files (*)")})
+        .filters(
+            {QStringLiteral("Text Files (*.txt *.bat *.dat *.log *.ini)"), QStringLiteral("Al Files (*)")})
         .accept(path("what.txt"));
     suite.press("Save");
     EXPECT_EQ(Files::read(path("what.txt")), QByteArray("x"));
@@ -265,8 +267,9 @@ TEST_F(DocumentTest, AnExistingNameIsAskedAbout)
     write("a.rtf", "old");
     suite.type(QStringLiteral("x"));
     fileDialog("Save As RTF").accept(path("a.rtf"));
-    suite.dialogs.expectBox(QStringLiteral("Save As RTF"),
-                            QStringLiteral("a.rtf already exists.\nDo you want to replace it?"))
+    suite.dialogs
+        .expectBox(QStringLiteral("Save As RTF"),
+                   QStringLiteral("a.rtf already exists.\nDo you want to replace it?"))
         .press(QMessageBox::Yes);
     suite.choose("mnuFileSave");
     EXPECT_TRUE(Files::read(path("a.rtf")).startsWith("{\\rtf1"));
@@ -277,8 +280,9 @@ TEST_F(DocumentTest, AFailedSaveAsKeepsTheChangesUnsavedAndTheOldFileWhole)
     write("a.rtf", "old");
     suite.text().setText(QString(9000, u'x'));
     fileDialog("Save As RTF").accept(path("a.rtf"));
-    suite.dialogs.expectBox(QStringLiteral("Save As RTF"),
-                            QStringLiteral("a.rtf already exists.\nDo you want to replace it?"))
+    suite.dialogs
+        .expectBox(QStringLiteral("Save As RTF"),
+                   QStringLiteral("a.rtf already exists.\nDo you want to replace it?"))
         .press(QMessageBox::Yes);
     systemError(61, "Disk full");
     {
@@ -322,7 +326,8 @@ TEST_F(DocumentTest, APathThatBeginsWithDocumentAsksAgain)
 {
     suite.type(QStringLiteral("x"));
     suite.active().setCaption(QStringLiteral("Documents/a.rtf"));
-    box("Save as What...", QStringLiteral("Save as RTF or Text, Yes for RTF, No for Text")).press(QMessageBox::Yes);
+    box("Save as What...", QStringLiteral("Save as RTF or Text, Yes for RTF, No for Text"))
+        .press(QMessageBox::Yes);
     fileDialog("Save As RTF").cancel();
     suite.choose("mnusaveonly");
     closeUnsaved();

@@ -25,6 +25,39 @@ MdiArea::MdiArea(QWidget *parent)
     setBackgroundFromPalette();
 }
 
+void MdiArea::place(QWidget &child)
+{
+    auto *window = qobject_cast<QMdiSubWindow *>(child.parentWidget());
+    if (!window)
+        window = addWindowFor(child);
+    else if (window->isMinimized())
+        window->showNormal();
+    setActiveSubWindow(window);
+    child.setFocus();
+}
+
+QMdiSubWindow *MdiArea::addWindowFor(QWidget &child)
+{
+    // A frame that is not shown yet has not laid out this area.
+    const QSize room = isVisible() ? viewport()->size() : child.sizeHint();
+    QMdiSubWindow *window = addSubWindow(&child);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    on(&child, &QWidget::windowIconChanged, window,
+       [window](const QIcon &icon) { window->setWindowIcon(icon); });
+    window->resize(child.sizeHint().boundedTo(room));
+    const int places = std::max(1, (room.height() - window->height()) / cascadeStep() + 1);
+    const int place = m_placed++ % places;
+    window->move(place * cascadeStep(), place * cascadeStep());
+    window->show();
+    return window;
+}
+
+int MdiArea::cascadeStep() const
+{
+    return std::max(1, style()->pixelMetric(QStyle::PM_TitleBarHeight) +
+                           style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth));
+}
+
 void MdiArea::arrange(Arrangement arrangement)
 {
     QMdiSubWindow *active = currentSubWindow();
@@ -62,10 +95,9 @@ QRect MdiArea::roomForOpenChildren() const
 void MdiArea::cascade()
 {
     const QRect room = roomForOpenChildren();
-    const int step = style()->pixelMetric(QStyle::PM_TitleBarHeight) +
-                     style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    const int step = cascadeStep();
     const QSize size = room.size() * 2 / 3;
-    const int places = std::max(1, (room.height() - size.height()) / std::max(1, step));
+    const int places = std::max(1, (room.height() - size.height()) / step);
     int place = 0;
     for (QMdiSubWindow *child : openChildren()) {
         child->showNormal();

@@ -10,6 +10,10 @@ public:
 
     explicit MdiArea(QWidget *parent = nullptr);
 
+    /// Puts \a child into a window of its own, a step right and down of the one before, or finds the window
+    /// that it has, and makes that the active one. The window is deleted with its child when it is closed.
+    void place(QWidget &child);
+
     /// Lays out the children that are not minimised (ArrangeIcons: leaves them) and rows the minimised ones
     /// along the bottom edge. A maximised child is restored by the first three.
     void arrange(Arrangement arrangement);
@@ -22,10 +26,14 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    QMdiSubWindow *addWindowFor(QWidget &child);
     QList<QMdiSubWindow *> openChildren() const;
     QRect roomForOpenChildren() const;
     void cascade();
     void tile(Qt::Orientation direction);
     void arrangeIcons();
+    int cascadeStep() const;
     void setBackgroundFromPalette();
+
+    int m_placed = 0; ///< children placed so far
 };

@@ -33,7 +33,7 @@ void fill(QTextDocument &document, const QByteArray &bytes)
 
 RichTextBox::RichTextBox(QWidget *parent)
     : QTextEdit(parent)
-    , m_typing(*this)
+    , m_longDocuments(*this)
     , m_links(*this)
 {
     setAccessibleName(tr("Text"));
@@ -76,7 +76,7 @@ void RichTextBox::replaceDocument(std::unique_ptr<QTextDocument> document, const
     shown->setParent(this);
     shown->setUndoRedoEnabled(true);
     shown->setModified(false);
-    m_typing.attach(*shown);
+    m_longDocuments.attach(*shown);
     on(shown, &QTextDocument::contentsChange, this, [this] { m_isChanged = true; });
     on(shown, &QTextDocument::contentsChanged, this, &RichTextBox::tellChange);
     m_formats.forget();

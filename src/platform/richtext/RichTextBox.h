@@ -1,9 +1,9 @@
 #pragma once
 
 #include "LinkMarks.h"
+#include "LongDocuments.h"
 #include "RichTextFile.h"
 #include "SelectionFormats.h"
-#include "TypingLayout.h"
 
 #include <QTextEdit>
 
@@ -107,7 +107,6 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
-    bool viewportEvent(QEvent *event) override;
     bool canInsertFromMimeData(const QMimeData *source) const override;
     void insertFromMimeData(const QMimeData *source) override;
     QMimeData *createMimeDataFromSelection() const override;
@@ -123,7 +122,7 @@ private:
     ParagraphStates paragraphs() const;
 
     mutable SelectionFormats m_formats;
-    TypingLayout m_typing;
+    LongDocuments m_longDocuments;
     LinkMarks m_links;
     RichTextFile::Loaded m_loaded;
     bool m_isChanged = false; ///< since the latest Change

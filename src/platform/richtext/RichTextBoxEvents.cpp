@@ -9,7 +9,6 @@
 #include <QImage>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QPaintEvent>
 #include <QTextList>
 
 // What reaches the control from the desktop: events, the clipboard, drops.
@@ -23,39 +22,6 @@ bool endsList(const QKeyEvent &key, const QTextCursor &cursor)
         return false;
     return (key.key() == Qt::Key_Backspace && cursor.atBlockStart())
            || (key.key() == Qt::Key_Return && cursor.block().length() == 1);
-}
-
-/// True for keys that change the text around the caret and ask for nothing farther off.
-bool isTyping(const QKeyEvent &key)
-{
-    switch (key.key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-    case Qt::Key_Tab:
-    case Qt::Key_Backspace:
-    case Qt::Key_Delete:
-        return true;
-    default:
-        return !key.text().isEmpty() && key.text().front().isPrint();
-    }
-}
-
-/// True for what asks which text lies at a point.
-bool asksForText(QEvent::Type event)
-{
-    switch (event) {
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseMove:
-    case QEvent::Wheel:
-    case QEvent::DragMove:
-    case QEvent::Drop:
-    case QEvent::ContextMenu:
-        return true;
-    default:
-        return false;
-    }
 }
 
 } // namespace
@@ -82,8 +48,6 @@ void RichTextBox::focusInEvent(QFocusEvent *event)
 void RichTextBox::keyPressEvent(QKeyEvent *event)
 {
     run([&] {
-        if (!isTyping(*event) || textCursor().hasSelection())
-            m_typing.catchUp();
         if (!Locked() && endsList(*event, textCursor()))
             ParagraphEdits::leaveList(textCursor());
         else
@@ -128,25 +92,14 @@ void RichTextBox::mouseReleaseEvent(QMouseEvent *event)
 void RichTextBox::paintEvent(QPaintEvent *event)
 {
     run([&] {
-        QPaintEvent whole(m_typing.areaToPaint(event->rect()));
         m_links.markVisible();
-        QTextEdit::paintEvent(&whole);
+        QTextEdit::paintEvent(event);
     });
-}
-
-bool RichTextBox::viewportEvent(QEvent *event)
-{
-    run([&] {
-        if (asksForText(event->type()))
-            m_typing.catchUp();
-    });
-    return QTextEdit::viewportEvent(event);
 }
 
 void RichTextBox::resizeEvent(QResizeEvent *event)
 {
     run([&] {
-        m_typing.catchUp();
         QTextEdit::resizeEvent(event);
         wrap();
     });

@@ -4,11 +4,40 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QProcessEnvironment>
 #include <gtest/gtest.h>
 
-// The folder is found once in a process: each test here is run in one of its own.
+namespace {
 
-TEST(PathsTest, ABackslashSeparates)
+const QString expectedFolder = QStringLiteral("QUILL_TEST_EXPECTED_FOLDER");
+
+struct PathsTest : testing::Test
+{
+    ScratchHome home;
+    QString bin = home.file(QStringLiteral("bin"));
+
+    /// Runs the test of the program's folder in a copy of this program, since that folder is found once in a
+    /// process.
+    bool copyInBinFinds(const QString &folder) const
+    {
+        const QString copy = bin + QStringLiteral("/copy");
+        QDir().mkpath(bin);
+        if (!QFile::copy(QCoreApplication::applicationFilePath(), copy))
+            return false;
+        QProcess program;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(expectedFolder, folder);
+        program.setProcessEnvironment(environment);
+        program.start(copy, {QStringLiteral("--gtest_filter=PathsTest.TheProgramsFolderIsAsExpected")});
+        return program.waitForFinished(60000) && program.exitCode() == 0;
+    }
+};
+
+} // namespace
+
+TEST_F(PathsTest, ABackslashSeparates)
 {
     EXPECT_EQ(Paths::native(QStringLiteral("/opt/suite\\docs\\one.rtf")),
               QStringLiteral("/opt/suite/docs/one.rtf"));
@@ -16,9 +45,28 @@ TEST(PathsTest, ABackslashSeparates)
     EXPECT_TRUE(Paths::native({}).isEmpty());
 }
 
-TEST(PathsTest, AnInstalledProgramKeepsItsDataInTheHome)
+TEST_F(PathsTest, TheProgramsFolderIsAsExpected)
 {
-    const ScratchHome home;
-    EXPECT_EQ(Paths::appPath(), home.file(QStringLiteral(".local/share/QuillOfficeToolsv2")));
-    EXPECT_FALSE(QDir(Paths::appPath()).exists());
+    if (qEnvironmentVariableIsSet(qPrintable(expectedFolder))) {
+        qputenv("XDG_DATA_HOME", "/data/of/the/user");
+        EXPECT_EQ(Paths::appPath(), qEnvironmentVariable(qPrintable(expectedFolder)));
+    } else {
+        EXPECT_EQ(Paths::appPath(), QCoreApplication::applicationDirPath()); // the build tree has the data
+    }
+}
+
+TEST_F(PathsTest, APortableCopyHasItsDataBesideTheProgram)
+{
+    QDir().mkpath(bin + QStringLiteral("/help"));
+    EXPECT_TRUE(copyInBinFinds(bin));
+}
+
+TEST_F(PathsTest, AnInstalledProgramHasItsDataInTheUsersFolder)
+{
+    EXPECT_TRUE(copyInBinFinds(QStringLiteral("/data/of/the/user/QuillOfficeToolsv2")));
+}
+
+TEST_F(PathsTest, AWrongExpectationIsNoticed)
+{
+    EXPECT_FALSE(copyInBinFinds(bin));
 }

@@ -125,6 +125,15 @@ TEST_F(SettingsTest, AFileThatCannotBeUnderstoodIsKeptBeside)
     EXPECT_EQ(get("Settings", "MainWidth"), QStringLiteral("13200"));
 }
 
+TEST_F(SettingsTest, WhatIsNotUtf8IsKeptBeside)
+{
+    const QByteArray damaged = "[Settings]\nTitle=caf\xE9\nMainLeft=1000\n";
+    Files::write(file, damaged);
+    save("Settings", "MainTop", QStringLiteral("2000"));
+    EXPECT_EQ(Files::read(file + QStringLiteral(".damaged")), damaged);
+    EXPECT_EQ(get("Settings", "MainLeft"), QStringLiteral("1000"));
+}
+
 TEST_F(SettingsTest, GarbageIsNoObstacle)
 {
     QByteArray garbage;

@@ -20,7 +20,8 @@ void registerWindows()
 {
     Forms::registerWindow(QStringLiteral("frmSplash"), Forms::Instances::One, [] { return new frmSplash; });
     Forms::registerWindow(QStringLiteral("frmOptions"), Forms::Instances::One, [] { return new frmOptions; });
-    Forms::registerWindow(QStringLiteral("frmDocument"), Forms::Instances::Many, [] { return new frmDocument; });
+    Forms::registerWindow(QStringLiteral("frmDocument"), Forms::Instances::Many,
+                          [] { return new frmDocument; });
 }
 
 } // namespace
@@ -28,8 +29,8 @@ void registerWindows()
 RunningSuite::RunningSuite()
 {
     registerWindows();
-    Settings::save(Paths::applicationTitle, QStringLiteral("Options"), QStringLiteral("Show Splash at Startup"),
-                   QStringLiteral("0"));
+    Settings::save(Paths::applicationTitle, QStringLiteral("Options"),
+                   QStringLiteral("Show Splash at Startup"), QStringLiteral("0"));
     EntryRoutine();
     EXPECT_TRUE(QTest::qWaitForWindowActive(&frame()));
 }

@@ -6,8 +6,8 @@
 #include "ScratchHome.h"
 #include "frmMain.h"
 
-/// The suite's frame in this process, as the entry routine leaves it, with an empty home and no splash. Every dialog
-/// and every end of the process has to be expected.
+/// The suite's frame in this process, as the entry routine leaves it, with an empty home and no splash. Every
+/// dialog and every end of the process has to be expected.
 class RunningSuite
 {
 public:

@@ -16,8 +16,7 @@ double pixels(int length)
 /// What came without twips, as pasted HTML does, tells them by its pixels.
 int twips(const QTextBlockFormat &format, int id, double shown)
 {
-    return format.hasProperty(id) ? format.intProperty(id)
-                                  : qRound(Twips::fromPixels(shown, ParagraphFormat::layoutDpi()));
+    return format.hasProperty(id) ? format.intProperty(id) : ParagraphFormat::toTwips(shown);
 }
 
 void keep(QTextBlockFormat &format, int id, int value)
@@ -37,6 +36,11 @@ double ParagraphFormat::layoutDpi()
                                   ? QGuiApplication::primaryScreen()->logicalDotsPerInchX()
                                   : withoutScreen;
     return dpi;
+}
+
+int ParagraphFormat::toTwips(double pixels)
+{
+    return qRound(Twips::fromPixels(pixels, layoutDpi()));
 }
 
 int ParagraphFormat::leftIndent(const QTextBlockFormat &format)

@@ -11,6 +11,9 @@ namespace ParagraphFormat {
 /// Pixels to the inch that documents are laid out with: the primary screen's, 96 without a screen.
 double layoutDpi();
 
+/// Pixels of the layout in whole twips.
+int toTwips(double pixels);
+
 /// In twips: the property, or where a format has none, what its pixels say.
 int leftIndent(const QTextBlockFormat &format);
 int rightIndent(const QTextBlockFormat &format);

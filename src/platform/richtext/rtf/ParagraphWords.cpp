@@ -4,18 +4,14 @@
 #include "RichTextProperties.h"
 #include "RtfHeader.h"
 #include "RtfWords.h"
-#include "Twips.h"
 
 #include <QBrush>
 #include <QTextDocument>
 #include <QTextList>
 
-namespace {
+using ParagraphFormat::toTwips;
 
-int twips(double pixels)
-{
-    return qRound(Twips::fromPixels(pixels, ParagraphFormat::layoutDpi()));
-}
+namespace {
 
 void appendNonZero(QByteArray &out, const char *word, int number)
 {
@@ -59,7 +55,7 @@ QByteArray indents(const QTextBlockFormat &format, const QTextList *list, double
 {
     constexpr int hanging = -360; // the mark of an item whose paragraph does not say where it stands
     const int steps = stepsIn(format, list);
-    const int left = ParagraphFormat::leftIndent(format) + twips(steps * step);
+    const int left = ParagraphFormat::leftIndent(format) + toTwips(steps * step);
     const int first = ParagraphFormat::firstLineIndent(format);
     QByteArray out;
     if (list) {
@@ -92,9 +88,9 @@ void appendSpacing(QByteArray &out, const QTextBlockFormat &format)
     else if (format.lineHeightType() == QTextBlockFormat::ProportionalHeight)
         appendLineSpacing(out, qRound(single * height / 100), true);
     else if (format.lineHeightType() == QTextBlockFormat::FixedHeight)
-        appendLineSpacing(out, -twips(height), false);
+        appendLineSpacing(out, -toTwips(height), false);
     else if (format.lineHeightType() == QTextBlockFormat::MinimumHeight)
-        appendLineSpacing(out, twips(height), false);
+        appendLineSpacing(out, toTwips(height), false);
 }
 
 void appendTabs(QByteArray &out, const QTextBlockFormat &format)
@@ -111,7 +107,7 @@ void appendTabs(QByteArray &out, const QTextBlockFormat &format)
             RtfWords::append(out, "tqc");
         else if (tab.type == QTextOption::DelimiterTab)
             RtfWords::append(out, "tqdec");
-        RtfWords::append(out, "tx", twips(tab.position));
+        RtfWords::append(out, "tx", toTwips(tab.position));
     }
 }
 

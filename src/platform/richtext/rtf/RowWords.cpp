@@ -3,25 +3,21 @@
 #include "ParagraphFormat.h"
 #include "RichTextProperties.h"
 #include "RtfWords.h"
-#include "Twips.h"
 #include "WrittenColours.h"
 
 #include <QTextTable>
 #include <numeric>
 
+using ParagraphFormat::toTwips;
+
 namespace {
 
 constexpr int usualWidth = 9000; // twips, of a table that does not say its own
 
-int twips(double pixels)
-{
-    return qRound(Twips::fromPixels(pixels, ParagraphFormat::layoutDpi()));
-}
-
 int twips(const QTextLength &length, int whole)
 {
     if (length.type() == QTextLength::FixedLength)
-        return twips(length.rawValue());
+        return toTwips(length.rawValue());
     return qRound(length.value(whole));
 }
 
@@ -58,7 +54,7 @@ QList<int> edgesOfWidths(const QTextTable &table)
     }
     QList<int> edges(widths.size());
     std::partial_sum(widths.cbegin(), widths.cend(), edges.begin());
-    const int start = twips(format.leftMargin());
+    const int start = toTwips(format.leftMargin());
     for (int &edge : edges)
         edge += start;
     return edges;
@@ -88,9 +84,9 @@ QByteArray startOf(const QTextTableFormat &format)
     else if (format.alignment().testFlag(Qt::AlignRight))
         RtfWords::append(out, "trqr");
     if (format.cellPadding() > 0)
-        RtfWords::append(out, "trgaph", twips(format.cellPadding()));
+        RtfWords::append(out, "trgaph", toTwips(format.cellPadding()));
     if (format.leftMargin() > 0)
-        RtfWords::append(out, "trleft", twips(format.leftMargin()));
+        RtfWords::append(out, "trleft", toTwips(format.leftMargin()));
     return out;
 }
 
@@ -148,7 +144,7 @@ QByteArray RowWords::borders() const
         return {};
     QByteArray line;
     RtfWords::append(line, borderWord(format.borderStyle()));
-    RtfWords::append(line, "brdrw", qMax(1, twips(format.border())));
+    RtfWords::append(line, "brdrw", qMax(1, toTwips(format.border())));
     if (format.borderBrush().style() != Qt::NoBrush && format.hasProperty(QTextFormat::FrameBorderBrush))
         RtfWords::append(line, "brdrcf", m_colours.number(format.borderBrush()));
     QByteArray out;

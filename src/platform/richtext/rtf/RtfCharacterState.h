@@ -36,7 +36,7 @@ struct RtfCharacterState
     int halfPoints = standardSize;
     int underline = 0; ///< QTextCharFormat::UnderlineStyle
     int script = Normal;
-    int shift = 0; ///< half points, up positive
+    int shift = 0;      ///< half points, up positive
     int foreground = 0; ///< number in the colour table, 0 is automatic
     int shading = 0;
     int highlight = 0;

@@ -98,9 +98,9 @@ void RtfDocumentFiller::table(const RtfTable &table)
         grid(table, layout, part);
 }
 
-/// Qt's own steps to merge cells and to add rows look at the whole table each time. A table is a row of cells that
-/// know their spans, broken by a number of columns: so the cells are inserted as one column, filled in order,
-/// and the number of columns is set at the end.
+/// Qt's own steps to merge cells and to add rows look at the whole table each time. A table is a row of cells
+/// that know their spans, broken by a number of columns: so the cells are inserted as one column, filled in
+/// order, and the number of columns is set at the end.
 void RtfDocumentFiller::grid(const RtfTable &table, const RtfTableLayout &layout, const RtfTableGrid &grid)
 {
     settleCell();

@@ -13,7 +13,8 @@ QStringList wordsOf(const QString &text)
     bool hasWord = false;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar c = text.at(i);
-        if (isQuoted && c == u'\\' && i + 1 < text.size() && (text.at(i + 1) == u'\\' || text.at(i + 1) == u'"')) {
+        if (isQuoted && c == u'\\' && i + 1 < text.size() &&
+            (text.at(i + 1) == u'\\' || text.at(i + 1) == u'"')) {
             word.append(text.at(++i));
         } else if (c == u'"') {
             isQuoted = !isQuoted;
@@ -38,8 +39,8 @@ void parseLink(const QStringList &words, RtfFieldInstruction &field)
     QString bookmark;
     for (qsizetype i = 1; i < words.size(); ++i) {
         const QString &word = words.at(i);
-        const bool hasValue = word == QLatin1String("\\l") || word == QLatin1String("\\o") ||
-                              word == QLatin1String("\\t");
+        const bool hasValue =
+            word == QLatin1String("\\l") || word == QLatin1String("\\o") || word == QLatin1String("\\t");
         if (word == QLatin1String("\\l"))
             bookmark = u'#' + words.value(i + 1);
         if (hasValue)

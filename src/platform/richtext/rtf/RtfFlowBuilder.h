@@ -7,9 +7,9 @@
 
 /// Builds a flow in the order of the file: text, the ends of paragraphs, of cells and of rows.
 ///
-/// Depths: 0 is the text outside tables, 1 a table, 2 a table in a cell of it. A table ends where a paragraph of a
-/// lower depth does. What has neither an end of a row nor a described row is no table; its
-/// paragraphs stand as they are.
+/// Depths: 0 is the text outside tables, 1 a table, 2 a table in a cell of it. A table ends where a paragraph
+/// of a lower depth does. What has neither an end of a row nor a described row is no table; its paragraphs
+/// stand as they are.
 class RtfFlowBuilder
 {
 public:

@@ -12,7 +12,8 @@ struct RtfListLevel
 
     int kind = 0; ///< the format's own number: 0 decimal, 1 and 2 roman, 3 and 4 letters, 23 bullets
     int start = 1;
-    QString text; ///< the bullet; or the mark of a number, where a character below \a count is a level's number
+    QString
+        text; ///< the bullet; or the mark of a number, where a character below \a count is a level's number
     int left = 0; ///< twips
     int firstLine = 0;
     bool hasIndents = false;

@@ -20,7 +20,7 @@ private:
     struct Override
     {
         int listId = 0;
-        QHash<int, int> starts; ///< by level
+        QHash<int, int> starts;     ///< by level
         QList<RtfListLevel> levels; ///< filled when first asked for
     };
 

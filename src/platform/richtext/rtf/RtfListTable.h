@@ -27,7 +27,7 @@ private:
 
     // The list that is being read
     int m_depth = 0;
-    int m_textDepth = -1; ///< of the group with a level's text
+    int m_textDepth = -1;  ///< of the group with a level's text
     int m_textLength = -1; ///< that the text itself names first
     int m_id = 0;
     QList<RtfListLevel> m_levels;

@@ -2,6 +2,14 @@
 
 #include <algorithm>
 
+namespace {
+
+/// Qt looks at all items of a list with each new one. Bullets are alike, so a long list of them is kept in
+/// pieces; numbers have to go on.
+constexpr int mostBullets = 128;
+
+} // namespace
+
 RtfLists::RtfLists(RtfListOverrides &overrides, const RtfOldNumbering &oldNumbering)
     : m_overrides(overrides)
     , m_oldNumbering(oldNumbering)
@@ -26,23 +34,28 @@ int RtfLists::next(const RtfParagraphState &paragraph)
     if (!mark)
         return -1;
     if (isOld) {
-        m_lastOldList = continuesOld ? m_lastOldList : add(*mark, 0);
-        return m_lastOldList;
+        if (!continuesOld)
+            m_lastOldList = -1;
+        return item(m_lastOldList, *mark, 0);
     }
     auto open = m_open.find(paragraph.list);
     if (open == m_open.end()) {
         open = m_open.insert(paragraph.list, Levels());
         open->fill(-1);
     }
-    int &list = (*open)[size_t(paragraph.level)];
-    if (list < 0)
-        list = add(*mark, paragraph.level);
     std::fill(open->begin() + paragraph.level + 1, open->end(), -1);
-    return list;
+    return item((*open)[size_t(paragraph.level)], *mark, paragraph.level);
 }
 
-int RtfLists::add(const RtfListLevel &mark, int level)
+/// Adds one item to \a list, or to a new list in its place.
+int RtfLists::item(int &list, const RtfListLevel &mark, int level)
 {
-    m_formats.append(mark.format(level));
-    return int(m_formats.size()) - 1;
+    const bool isFull = list >= 0 && mark.kind == RtfListLevel::bulleted && m_counts.at(list) == mostBullets;
+    if (list < 0 || isFull) {
+        list = int(m_formats.size());
+        m_formats.append(mark.format(level));
+        m_counts.append(0);
+    }
+    ++m_counts[list];
+    return list;
 }

@@ -25,11 +25,12 @@ public:
 private:
     using Levels = std::array<int, RtfListLevel::count>;
 
-    int add(const RtfListLevel &mark, int level);
+    int item(int &list, const RtfListLevel &mark, int level);
 
     RtfListOverrides &m_overrides;
     const RtfOldNumbering &m_oldNumbering;
     QList<QTextListFormat> m_formats;
+    QList<int> m_counts;       ///< items, by list
     QHash<int, Levels> m_open; ///< by \ls
     int m_lastOldNumbering = 0;
     int m_lastOldList = -1;

@@ -22,7 +22,8 @@ RtfParser::RtfParser(QByteArrayView bytes, QTextDocument &document)
 
 void RtfParser::run()
 {
-    for (RtfToken token = m_lexer.next(); token.kind != RtfToken::Kind::End && !m_isDone; token = m_lexer.next())
+    for (RtfToken token = m_lexer.next(); token.kind != RtfToken::Kind::End && !m_isDone;
+         token = m_lexer.next())
         read(token);
     m_deeper = 0;
     while (!m_isDone && m_states.size() > 1)

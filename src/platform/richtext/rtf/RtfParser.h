@@ -10,8 +10,8 @@
 
 #include <vector>
 
-/// Reads the tokens of a file in one pass and says to each part of the reader what is its own. Groups are states
-/// on a stack, so that a file may nest them as it likes.
+/// Reads the tokens of a file in one pass and says to each part of the reader what is its own. Groups are
+/// states on a stack, so that a file may nest them as it likes.
 class RtfParser
 {
 public:

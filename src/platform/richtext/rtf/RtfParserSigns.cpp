@@ -59,6 +59,7 @@ void RtfParser::sign(RtfWord word)
     case RtfWord::NoteReference:
         return m_body.noteReference(state().characters);
     default:
-        character(std::find_if(signs.begin(), signs.end(), [&](Sign s) { return s.word == word; })->character);
+        character(
+            std::find_if(signs.begin(), signs.end(), [&](Sign s) { return s.word == word; })->character);
     }
 }

@@ -2,13 +2,14 @@
 
 #include "RtfLexer.h"
 
-/// A group that is no text of the document, and all groups inside it: it hears what they hold, piece by piece.
+/// A group that is no text of the document, and all groups inside it: it hears what they hold, piece by
+/// piece.
 class RtfPart
 {
 public:
     virtual ~RtfPart() = default;
 
-    virtual void open() {} ///< a group inside the part's own begins
+    virtual void open() {}  ///< a group inside the part's own begins
     virtual void close() {} ///< it ends; the part's own group is not told
     virtual void word(const RtfToken &) {}
     virtual void bytes(QByteArrayView) {}

@@ -3,7 +3,6 @@
 #include "ParagraphFormat.h"
 #include "RichTextProperties.h"
 #include "RtfWords.h"
-#include "Twips.h"
 
 #include <QBuffer>
 #include <QImage>
@@ -75,10 +74,7 @@ Picture ofDocument(const QTextDocument &document, const QTextImageFormat &format
         picture.bytes = asPng(image);
     picture.source = image.size();
     const QSizeF shown = shownSize(format, image.size());
-    const auto twips = [](double pixels) {
-        return qRound(Twips::fromPixels(pixels, ParagraphFormat::layoutDpi()));
-    };
-    picture.goal = QSize(twips(shown.width()), twips(shown.height()));
+    picture.goal = QSize(ParagraphFormat::toTwips(shown.width()), ParagraphFormat::toTwips(shown.height()));
     return picture;
 }
 

@@ -202,7 +202,8 @@ QTextImageFormat RtfPictureReader::end()
     return format;
 }
 
-/// The goal, scaled; without one a metafile's own size in hundredths of a millimetre, or a bitmap's in pixels.
+/// The goal, scaled; without one a metafile's own size in hundredths of a millimetre, or a bitmap's in
+/// pixels.
 QSizeF RtfPictureReader::shownSize() const
 {
     constexpr double hundredthsPerInch = 2540;

@@ -86,7 +86,8 @@ QList<QTextOption::Tab> RtfTabStops::tabs(int row) const
             type = QTextOption::DelimiterTab;
             break;
         case RtfWord::TabStop:
-            list.append(QTextOption::Tab(Twips::toPixels(entry.twips, ParagraphFormat::layoutDpi()), type, u'.'));
+            list.append(
+                QTextOption::Tab(Twips::toPixels(entry.twips, ParagraphFormat::layoutDpi()), type, u'.'));
             type = QTextOption::LeftTab;
             break;
         default: // what fills the gap, and bars, Qt does not draw

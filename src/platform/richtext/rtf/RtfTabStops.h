@@ -6,7 +6,8 @@
 
 struct RtfToken;
 
-/// The rows of tab stops that paragraphs have, each known by one number, so that a paragraph's state stays small.
+/// The rows of tab stops that paragraphs have, each known by one number, so that a paragraph's state stays
+/// small.
 ///
 /// A row is a row with one word less and a word at its end; 0 is the empty row.
 class RtfTabStops

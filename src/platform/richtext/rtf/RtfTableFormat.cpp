@@ -76,8 +76,7 @@ QTextTableFormat RtfTableFormat::table(const RtfTable &table, const RtfTableGrid
 QTextTableCellFormat RtfTableFormat::cell(const RtfTable &table, const RtfTableGrid::Cell &cell,
                                           const RtfColorTable &colors)
 {
-    const RtfRow::Cell &described =
-        table.definitions[size_t(cell.definition)].cells[size_t(cell.place)];
+    const RtfRow::Cell &described = table.definitions[size_t(cell.definition)].cells[size_t(cell.place)];
     QTextTableCellFormat format;
     if (cell.rowSpan > 1)
         format.setTableCellRowSpan(cell.rowSpan);

@@ -120,7 +120,8 @@ RtfTableGrid RtfTableLayout::grid(int firstRow, int endRow)
     return grid;
 }
 
-void RtfTableLayout::addRow(RtfTableGrid &grid, int row, const std::vector<Span> &spans, std::vector<int> &above)
+void RtfTableLayout::addRow(RtfTableGrid &grid, int row, const std::vector<Span> &spans,
+                            std::vector<int> &above)
 {
     for (const Span &span : spans) {
         int &number = above[size_t(span.column)];

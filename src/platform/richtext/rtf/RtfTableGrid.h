@@ -5,7 +5,8 @@
 
 struct RtfTable;
 
-/// The cells of a table on one grid of columns for all rows, which have their edges where they like in the file.
+/// The cells of a table on one grid of columns for all rows, which have their edges where they like in the
+/// file.
 struct RtfTableGrid
 {
     struct Cell
@@ -19,7 +20,7 @@ struct RtfTableGrid
         int firstPart = -1; ///< the table's cell that it shows, -1 for none
     };
 
-    std::vector<int> edges; ///< twips: the left edge of the table and the right edges of the columns
+    std::vector<int> edges;  ///< twips: the left edge of the table and the right edges of the columns
     std::vector<Cell> cells; ///< row by row, each row from the left
     int rows = 0;
 
@@ -32,7 +33,8 @@ class RtfTableLayout
 public:
     explicit RtfTableLayout(const RtfTable &table);
 
-    /// Mostly one; rows that share too few edges go to a grid of their own, lest the grid grow with the square.
+    /// Mostly one; rows that share too few edges go to a grid of their own, lest the grid grow with the
+    /// square.
     std::vector<RtfTableGrid> grids();
 
     /// The table's cell whose text stands behind that of \a part in the same cell of the grid, -1 for none.

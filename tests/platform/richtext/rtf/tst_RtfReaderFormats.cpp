@@ -121,7 +121,7 @@ const Row rows[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Rows, RtfReaderCharacters, testing::ValuesIn(rows),
-                         [](const testing::TestParamInfo<Row> &info) { return info.param.name; });
+                         [](const auto &row) { return row.param.name; });
 
 TEST(RtfReaderFonts, OfAllShapesOfTables)
 {

@@ -196,7 +196,7 @@ const PageRow pages[] = {
 };
 
 INSTANTIATE_TEST_SUITE_P(Pages, RtfReaderCodePage, testing::ValuesIn(pages),
-                         [](const testing::TestParamInfo<PageRow> &info) { return info.param.name; });
+                         [](const auto &row) { return row.param.name; });
 
 TEST(RtfReader, RecognisesRichText)
 {

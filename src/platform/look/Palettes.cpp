@@ -51,11 +51,11 @@ QPalette Palettes::light()
 
 QPalette Palettes::dark()
 {
-    return paletteOf({.window = 0x2B2F33,
-                      .base = 0x1F2225,
-                      .alternate = 0x26292D,
+    return paletteOf({.window = 0x34393F,
+                      .base = 0x1B1E21,
+                      .alternate = 0x22262A,
                       .text = 0xEDEFF0,
-                      .button = 0x363B40,
+                      .button = 0x41474E,
                       .dim = 0x7F868C,
                       .highlight = 0x2F7FB5,
                       .highlightedText = 0xFFFFFF,

@@ -1,0 +1,92 @@
+#include "LongDocuments.h"
+
+#include "EventGate.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QScrollBar>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextEdit>
+#include <QTextOption>
+
+namespace {
+
+bool mayRunRightToLeft(QChar c)
+{
+    constexpr char16_t firstHebrew = 0x0590;
+    if (c.unicode() < firstHebrew)
+        return false;
+    // Halves of characters beyond 16 bits count, as some of those scripts run from the right.
+    return c.isSurrogate() || c.direction() == QChar::DirR || c.direction() == QChar::DirAL;
+}
+
+bool mayRunRightToLeft(const QString &text)
+{
+    return std::any_of(text.cbegin(), text.cend(), [](QChar c) { return mayRunRightToLeft(c); });
+}
+
+QString textAt(QTextDocument &document, int from, int length)
+{
+    const int end = document.characterCount() - 1;
+    QTextCursor cursor(&document);
+    cursor.setPosition(qMin(from, end));
+    cursor.setPosition(qMin(from + length, end), QTextCursor::KeepAnchor);
+    return cursor.selectedText();
+}
+
+} // namespace
+
+LongDocuments::LongDocuments(QTextEdit &view)
+    : m_view(view)
+{
+}
+
+void LongDocuments::attach(QTextDocument &document)
+{
+    m_document = &document;
+    m_meetsRightToLeft = false;
+    m_isLeftToRight = !mayRunRightToLeft(document.toRawText());
+    setDirection(m_isLeftToRight ? Qt::LeftToRight : Qt::LayoutDirectionAuto);
+    on(&document, &QTextDocument::contentsChange, this, &LongDocuments::beforeLayout);
+    on(&document, &QTextDocument::contentsChanged, this, &LongDocuments::afterEdit);
+}
+
+/// Called when the text is changed and Qt's layout is about to learn of it.
+void LongDocuments::beforeLayout(int from, int removed, int added)
+{
+    constexpr int manyCharacters = 200000; // Qt lays out fewer in no time
+    const int changed = qMax(removed, added);
+    if (changed > manyCharacters && changed > m_document->characterCount() / 2)
+        m_document->setLayoutEnabled(false);
+    if (m_isLeftToRight && added > 0)
+        m_meetsRightToLeft = m_meetsRightToLeft || mayRunRightToLeft(textAt(*m_document, from, added));
+}
+
+void LongDocuments::afterEdit()
+{
+    if (m_isLeftToRight && m_meetsRightToLeft) {
+        m_isLeftToRight = false;
+        setDirection(Qt::LayoutDirectionAuto);
+    }
+    if (!m_document->isLayoutEnabled())
+        layOutVisible();
+}
+
+void LongDocuments::setDirection(Qt::LayoutDirection direction)
+{
+    QTextOption option = m_document->defaultTextOption();
+    option.setTextDirection(direction);
+    m_document->setDefaultTextOption(option);
+}
+
+/// The layout begins anew. It is not to tell its size before it has come to what is seen: that would scroll.
+void LongDocuments::layOutVisible()
+{
+    QAbstractTextDocumentLayout *layout = m_document->documentLayout();
+    const bool wereBlocked = layout->blockSignals(true);
+    m_document->setLayoutEnabled(true);
+    const int bottom = m_view.verticalScrollBar()->value() + m_view.viewport()->height();
+    layout->hitTest(QPointF(0, bottom), Qt::FuzzyHit);
+    layout->blockSignals(wereBlocked);
+    m_view.viewport()->update();
+}
