@@ -15,7 +15,6 @@
 #include "RichTextBox.h"
 #include "Settings.h"
 #include "StatusBar.h"
-#include "ThemeIcon.h"
 #include "Toolbar.h"
 #include "Twips.h"
 #include "WindowList.h"
@@ -172,10 +171,7 @@ void frmMain::changeEvent(QEvent *event)
 {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
-        run([&] {
-            ThemeIcon::setUp();
-            MenuBuilder::refreshIcons(FrameTables::menuRows(), *this);
-        });
+        run([&] { MenuBuilder::refreshIcons(FrameTables::menuRows(), *this); });
 }
 
 void frmMain::LoadNewDoc()

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QPalette>
+#include <optional>
 
 namespace {
 
@@ -13,21 +14,38 @@ bool isDark()
     return QGuiApplication::palette().color(QPalette::Window).lightnessF() < 0.5;
 }
 
-} // namespace
-
-void ThemeIcon::setUp()
+void addPackagedThemes()
 {
-    QStringList paths = QIcon::themeSearchPaths();
+    const QStringList paths = QIcon::themeSearchPaths();
     if (!paths.contains(packagedThemes))
-        QIcon::setThemeSearchPaths(paths << packagedThemes);
-    const QString packaged = isDark() ? QStringLiteral("breeze-dark") : QStringLiteral("breeze");
+        QIcon::setThemeSearchPaths(QStringList(paths) << packagedThemes);
+}
+
+void choosePackagedTheme(bool dark)
+{
+    const QString packaged = dark ? QStringLiteral("breeze-dark") : QStringLiteral("breeze");
+    const QString desktop = QIcon::themeName();
     QIcon::setFallbackThemeName(packaged);
-    if (QIcon::themeName().isEmpty() || QIcon::themeName() == QLatin1String("hicolor") ||
-        QIcon::themeName().startsWith(QLatin1String("breeze")))
+    if (desktop.isEmpty() || desktop == QLatin1String("hicolor") ||
+        desktop.startsWith(QLatin1String("breeze")))
         QIcon::setThemeName(packaged);
 }
 
+void followPalette()
+{
+    static std::optional<bool> chosen;
+    const bool dark = isDark();
+    if (chosen == dark)
+        return;
+    addPackagedThemes();
+    choosePackagedTheme(dark);
+    chosen = dark;
+}
+
+} // namespace
+
 QIcon ThemeIcon::named(const QString &name)
 {
+    followPalette();
     return QIcon::fromTheme(name);
 }

@@ -5,11 +5,9 @@
 /// Icons of the desktop's theme by their freedesktop names.
 namespace ThemeIcon {
 
-/// Chooses the packaged fallback theme that suits a light or a dark palette, also where the platform knows no
-/// theme folders. Called once, before the first icon, and again when the palette turns.
-void setUp();
-
-/// The icon \a name of the theme; an empty icon when no theme has it.
+/// The icon \a name of the theme, or of the packaged one that suits a light or a dark palette, also where the
+/// platform knows no theme folders; an empty icon when none has it. After the palette has turned the same
+/// name gives another icon.
 QIcon named(const QString &name);
 
 } // namespace ThemeIcon

@@ -4,10 +4,8 @@
 #include "EventGate.h"
 #include "FlatTitleStyle.h"
 #include "Palettes.h"
-#include "ThemeIcon.h"
 
 #include <QApplication>
-#include <QFontDatabase>
 #include <QIcon>
 
 namespace {
@@ -23,7 +21,6 @@ void setFont()
 void setColors(bool dark)
 {
     QApplication::setPalette(dark ? Palettes::dark() : Palettes::light());
-    ThemeIcon::setUp();
 }
 
 bool desktopPaletteIsDark()
@@ -39,9 +36,7 @@ void Look::apply()
     QApplication::setStyle(new FlatTitleStyle);
     setFont();
     auto *scheme = new ColorScheme(QCoreApplication::instance());
-    if (darkAlready)
-        ThemeIcon::setUp(); // the desktop's own dark palette stands
-    else
+    if (!darkAlready) // else the desktop's own dark palette stands
         setColors(scheme->prefersDark());
     on(scheme, &ColorScheme::changed, scheme, setColors);
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/quill-office-tools.svg")));

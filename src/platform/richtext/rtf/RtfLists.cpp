@@ -4,9 +4,10 @@
 
 namespace {
 
-/// Qt looks at all items of a list with each new one. Bullets are alike, so a long list of them is kept in
-/// pieces; numbers have to go on.
+// Qt looks at all items of a list with each new one, so a list that is very long is kept in pieces. Bullets
+// are alike; numbers go on in the next piece, which says where it starts.
 constexpr int mostBullets = 128;
+constexpr int mostNumbers = 1000;
 
 } // namespace
 
@@ -50,12 +51,20 @@ int RtfLists::next(const RtfParagraphState &paragraph)
 /// Adds one item to \a list, or to a new list in its place.
 int RtfLists::item(int &list, const RtfListLevel &mark, int level)
 {
-    const bool isFull = list >= 0 && mark.kind == RtfListLevel::bulleted && m_counts.at(list) == mostBullets;
-    if (list < 0 || isFull) {
-        list = int(m_formats.size());
-        m_formats.append(mark.format(level));
-        m_counts.append(0);
+    const int most = mark.kind == RtfListLevel::bulleted ? mostBullets : mostNumbers;
+    if (list < 0) {
+        list = add(mark, level);
+    } else if (m_lists.at(list).count == most) {
+        RtfListLevel next = mark;
+        next.start = m_lists.at(list).start + most;
+        list = add(next, level);
     }
-    ++m_counts[list];
+    ++m_lists[list].count;
     return list;
+}
+
+int RtfLists::add(const RtfListLevel &mark, int level)
+{
+    m_lists.append({mark.format(level), mark.start, 0});
+    return int(m_lists.size()) - 1;
 }

@@ -20,17 +20,24 @@ public:
     /// The list of the next paragraph of the text, -1 for none. Asked once for each, in order.
     int next(const RtfParagraphState &paragraph);
 
-    const QTextListFormat &format(int list) const { return m_formats.at(list); }
+    const QTextListFormat &format(int list) const { return m_lists.at(list).format; }
 
 private:
     using Levels = std::array<int, RtfListLevel::count>;
 
+    struct List
+    {
+        QTextListFormat format;
+        int start = 1;
+        int count = 0; ///< of items so far
+    };
+
     int item(int &list, const RtfListLevel &mark, int level);
+    int add(const RtfListLevel &mark, int level);
 
     RtfListOverrides &m_overrides;
     const RtfOldNumbering &m_oldNumbering;
-    QList<QTextListFormat> m_formats;
-    QList<int> m_counts;       ///< items, by list
+    QList<List> m_lists;
     QHash<int, Levels> m_open; ///< by \ls
     int m_lastOldNumbering = 0;
     int m_lastOldList = -1;

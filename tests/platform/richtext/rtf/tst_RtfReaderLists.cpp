@@ -85,14 +85,17 @@ TEST(RtfReaderLists, OfStyles)
     EXPECT_TRUE(read.paragraph(0).textList());
 }
 
-TEST(RtfReaderLists, LongOnes)
+TEST(RtfReaderLists, LongOnesGoOnInPieces)
 {
-    constexpr int count = 1000;
+    constexpr int count = 1500;
     ReadDocument read(listed("\\ls1 " + QByteArray("a\\par ").repeated(count)));
-    EXPECT_EQ(formatAt(read, count - 1).style(), QTextListFormat::ListDisc);
-    ReadDocument numbers(listed("\\ls3 " + QByteArray("a\\par ").repeated(count)));
-    ASSERT_TRUE(numbers.paragraph(0).textList());
-    EXPECT_EQ(numbers.paragraph(0).textList()->count(), count);
+    EXPECT_EQ(formatAt(read, count - 1), formatAt(read, 0));
+    ReadDocument numbers(listed("\\ls2 " + QByteArray("a\\par ").repeated(count)));
+    const QTextList *first = numbers.paragraph(0).textList();
+    const QTextList *last = numbers.paragraph(count - 1).textList();
+    ASSERT_TRUE(first && last);
+    EXPECT_EQ(first->count() + last->count(), count);
+    EXPECT_EQ(last->format().intProperty(RichTextProperty::ListStart), 5 + first->count());
 }
 
 TEST(RtfReaderLists, OlderBullets)

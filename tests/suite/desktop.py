@@ -1,0 +1,94 @@
+"""A person at the display: starts the suite, looks for windows, presses keys. Waits for what it expects, never for
+time alone."""
+import os
+import subprocess
+import tempfile
+import time
+
+PATIENCE = 30.0  # seconds, for a build under the sanitizers on a busy machine
+FRAME = "Tallowick - Quill-Office Tools"
+
+
+def xdotool(*words):
+    return subprocess.run(["xdotool", *words], capture_output=True, text=True, check=False).stdout.strip()
+
+
+def wait_for(what, condition):
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        found = condition()
+        if found:
+            return found
+        time.sleep(0.02)
+    raise AssertionError(f"waited in vain for {what}")
+
+
+class Suite:
+    """The running program with a home of its own."""
+
+    def __init__(self, program, home=None, settings="[Options]\nShow%20Splash%20at%20Startup=0\n"):
+        self.home = home or tempfile.mkdtemp(prefix="quill-suite-")
+        self.settings_file = os.path.join(self.home, ".config", "QuillOfficeToolsv2.ini")
+        os.makedirs(os.path.dirname(self.settings_file), exist_ok=True)
+        if settings is not None:
+            with open(self.settings_file, "w") as file:
+                file.write(settings)
+        environment = dict(os.environ, HOME=self.home, XDG_CONFIG_HOME=os.path.join(self.home, ".config"),
+                           XDG_RUNTIME_DIR=self.home, LC_ALL="C.UTF-8")
+        os.chmod(self.home, 0o700)
+        self.process = subprocess.Popen([program], env=environment, stderr=subprocess.PIPE, text=True)
+
+    def path(self, name):
+        return os.path.join(self.home, name)
+
+    def window(self, title):
+        """The window with exactly this title, once it is on the screen and has the focus."""
+        def look():
+            active = xdotool("getactivewindow")
+            return active if active and xdotool("getwindowname", active) == title else None
+        return wait_for(f'the window "{title}"', look)
+
+    def frame(self):
+        return self.window(FRAME)
+
+    def key(self, *keys):
+        xdotool("key", "--delay", "60", *keys)
+
+    def type(self, text):
+        xdotool("type", "--delay", "20", text)
+
+    def menu(self, mnemonic, *keys):
+        """Opens a menu of the bar and walks in it."""
+        before = xdotool("search", "--onlyvisible", "--class", "QuillOfficeTools")
+        self.key(f"alt+{mnemonic}")
+        wait_for("the menu", lambda: xdotool("search", "--onlyvisible", "--class", "QuillOfficeTools") != before)
+        self.key(*keys)
+
+    def answer(self, title, key):
+        box = self.window(title)
+        self.key(key)
+        wait_for(f'"{title}" to go',
+                 lambda: self.process.poll() is not None or xdotool("getactivewindow") != box)
+
+    def file_dialog(self, title, path):
+        self.window(title)
+        self.type(path)
+        self.key("Return")
+
+    def ended(self, code=0):
+        wait_for("the program to end", lambda: self.process.poll() is not None)
+        assert self.process.returncode == code, self.process.stderr.read()
+        complaints = self.process.stderr.read()
+        assert not complaints, complaints
+
+    def setting(self, key):
+        with open(self.settings_file) as file:
+            for line in file:
+                if line.startswith(key + "="):
+                    return line.strip().split("=", 1)[1]
+        return None
+
+    def kill(self):
+        if self.process.poll() is None:
+            self.process.kill()
+        self.process.wait()
