@@ -12,17 +12,16 @@ import shutil
 import statistics
 import subprocess
 import tempfile
+import threading
 import time
 
 MEGABYTE = 1_000_000
 SIZES = (1, 10, 50)
+LISTS_PER_MEGABYTE = 25
 HEADER = (
     r"{\rtf1\ansi\ansicpg1252\deff0\uc1{\fonttbl{\f0\froman Times New Roman;}{\f1\fswiss Arial;}"
     r"{\f2\fmodern Courier New;}{\f3\fswiss\fcharset238 Arial CE;}}"
-    r"{\colortbl;\red192\green0\blue0;\red0\green0\blue192;\red255\green255\blue0;}"
-    r"{\*\listtable{\list\listtemplateid1\listsimple1{\listlevel\levelnfc0\levelstartat1"
-    r"{\leveltext\'02\'00.;}{\levelnumbers\'01;}\fi-360\li720}\listid1}}"
-    r"{\*\listoverridetable{\listoverride\listid1\listoverridecount0\ls1}}" "\n"
+    r"{\colortbl;\red192\green0\blue0;\red0\green0\blue192;\red255\green255\blue0;}" "\n"
 )
 WORDS = (
     "garden spade water seed the of and in shade radish tulip long harvest basket rose letter early morning "
@@ -68,8 +67,15 @@ def paragraph(noise):
     return look + " " + runs(noise) + "\\par\n"
 
 
-def items(noise):
-    return "".join(r"\pard\ls1\fi-360\li720{\listtext " + f"{i + 1}." + r"\tab}" + runs(noise) + "\\par\n"
+def list_tables(count):
+    lists = "".join(r"{\list\listtemplateid%d\listsimple1{\listlevel\levelnfc0\levelstartat1{\leveltext\'02\'00.;}"
+                    r"{\levelnumbers\'01;}\fi-360\li720}\listid%d}" % (i, i) for i in range(1, count + 1))
+    overrides = "".join(r"{\listoverride\listid%d\listoverridecount0\ls%d}" % (i, i) for i in range(1, count + 1))
+    return r"{\*\listtable" + lists + r"}{\*\listoverridetable" + overrides + "}\n"
+
+
+def items(noise, number):
+    return "".join(rf"\pard\ls{number}\fi-360\li720{{\listtext " + f"{i + 1}." + r"\tab}" + runs(noise) + "\\par\n"
                    for i in range(4))
 
 
@@ -81,39 +87,50 @@ def table(noise):
 
 def make(path, megabytes):
     noise = Noise()
+    lists = megabytes * LISTS_PER_MEGABYTE
     with open(path, "w", encoding="ascii") as file:
-        size = file.write(HEADER)
+        size = file.write(HEADER + list_tables(lists))
         while size < megabytes * MEGABYTE:
             kind = noise.below(20)
-            size += file.write(table(noise) if kind == 0 else items(noise) if kind < 3 else paragraph(noise))
+            if kind == 0:
+                size += file.write(table(noise))
+            elif kind < 3:
+                size += file.write(items(noise, 1 + size * lists // ((megabytes + 1) * MEGABYTE)))
+            else:
+                size += file.write(paragraph(noise))
         file.write("}\n")
 
 
-def run(command, out):
-    """Seconds and the peak memory in bytes of one run."""
+def run(command, out, patience):
+    """Seconds and the peak memory in bytes of one run, which is ended when it takes longer than patience."""
     with open(out, "wb") as file:
         start = time.monotonic()
         process = subprocess.Popen(command, stdout=file, stderr=subprocess.DEVNULL)
+        end = threading.Timer(patience, process.kill)
+        end.start()
         _, status, usage = os.wait4(process.pid, 0)
+        end.cancel()
         process.returncode = os.waitstatus_to_exitcode(status)
         seconds = time.monotonic() - start
-    if process.returncode != 0:
+    if process.returncode != 0 and seconds < patience:
         raise SystemExit(f"failed: {' '.join(command)}")
     return seconds, usage.ru_maxrss * 1024
 
 
-def measure(name, command, out, times, file):
-    results = [run(command, out) for _ in range(times)]
-    return {"name": name, "seconds": statistics.median(r[0] for r in results),
+def measure(name, command, out, times, file, patience):
+    results = [run(command, out, patience) for _ in range(times)]
+    seconds = statistics.median(r[0] for r in results)
+    return {"name": name, "seconds": seconds, "unfinished": seconds >= patience,
             "memory": max(r[1] for r in results) / os.path.getsize(file)}
 
 
 def report(title, rows):
-    print(title)
+    print(title, flush=True)
     for row in rows:
         ratio = row["seconds"] / rows[0]["seconds"]
-        print(f"  {row['name']:22} {row['seconds'] * 1000:9.0f} ms   {ratio:6.2f} x ours   "
-              f"peak {row['memory']:5.1f} x the file")
+        more = ">" if row["unfinished"] else " "
+        print(f"  {row['name']:18} {more}{row['seconds'] * 1000:9.0f} ms  {more}{ratio:8.2f} x ours   "
+              f"peak {row['memory']:6.1f} x the file", flush=True)
 
 
 def main():
@@ -121,7 +138,9 @@ def main():
     parser.add_argument("tool", help="the rtf program of a release build")
     parser.add_argument("--runs", type=int, default=5, help="runs of our own program; the slow ones run less often")
     parser.add_argument("--sizes", type=int, nargs="*", default=SIZES, help="in MB")
+    parser.add_argument("--patience", type=int, default=300, help="seconds after which a run is ended, marked >")
     arguments = parser.parse_args()
+    patience = arguments.patience
     abiword, unrtf = shutil.which("abiword"), shutil.which("unrtf")
 
     with tempfile.TemporaryDirectory() as folder:
@@ -129,20 +148,20 @@ def main():
         for size in arguments.sizes:
             file = os.path.join(folder, f"{size}.rtf")
             make(file, size)
-            rows = [measure("rtf text", [arguments.tool, "text", file], out, arguments.runs, file)]
+            rows = [measure("rtf text", [arguments.tool, "text", file], out, arguments.runs, file, patience)]
             few = arguments.runs if size == 1 else 1
             if unrtf:
-                rows.append(measure("unrtf --text", [unrtf, "--text", file], out, max(few, 3), file))
+                rows.append(measure("unrtf --text", [unrtf, "--text", file], out, max(few, 3), file, patience))
             if abiword:
                 command = [abiword, "--to=txt", "-o", os.path.join(folder, "out.txt"), file]
-                rows.append(measure("abiword --to=txt", command, out, few, file))
+                rows.append(measure("abiword --to=txt", command, out, few, file, patience))
             report(f"text of {size} MB", rows)
             if size != 10:
                 continue
             again = os.path.join(folder, "again.rtf")
-            rows = [measure("rtf save", [arguments.tool, "save", file, again], out, arguments.runs, file)]
+            rows = [measure("rtf save", [arguments.tool, "save", file, again], out, arguments.runs, file, patience)]
             if abiword:
-                rows.append(measure("abiword --to=rtf", [abiword, "--to=rtf", "-o", again, file], out, 1, file))
+                rows.append(measure("abiword --to=rtf", [abiword, "--to=rtf", "-o", again, file], out, 1, file, patience))
             report(f"saving {size} MB", rows)
 
 

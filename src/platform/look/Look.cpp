@@ -6,6 +6,7 @@
 #include "Palettes.h"
 
 #include <QApplication>
+#include <QFont>
 #include <QIcon>
 
 namespace {

@@ -47,6 +47,7 @@ void LongDocuments::attach(QTextDocument &document)
     m_meetsRightToLeft = false;
     m_isLeftToRight = !mayRunRightToLeft(document.toRawText());
     setDirection(m_isLeftToRight ? Qt::LeftToRight : Qt::LayoutDirectionAuto);
+    document.documentLayout(); // is made here, as its making tells of a change that is none
     on(&document, &QTextDocument::contentsChange, this, &LongDocuments::beforeLayout);
     on(&document, &QTextDocument::contentsChanged, this, &LongDocuments::afterEdit);
 }
