@@ -4,7 +4,7 @@
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
-#include <QDBusMessage>
+#include <QDBusVariant>
 #include <QFileInfo>
 
 namespace {
@@ -39,7 +39,7 @@ ColorScheme::ColorScheme(QObject *parent)
 {
     if (hasSessionBus())
         QDBusConnection::sessionBus().connect(service, path, portal, QStringLiteral("SettingChanged"), this,
-                                              SLOT(settingChanged(QString, QString, QDBusVariant)));
+                                              SLOT(settingChanged(QDBusMessage)));
 }
 
 bool ColorScheme::prefersDark() const
@@ -55,10 +55,12 @@ bool ColorScheme::prefersDark() const
     return answer.type() == QDBusMessage::ReplyMessage && meansDark(answer.arguments().value(0));
 }
 
-void ColorScheme::settingChanged(const QString &nameSpace, const QString &key, const QDBusVariant &value)
+// The whole message: a slot with the arguments of this signal is refused by this version of QtDBus.
+void ColorScheme::settingChanged(const QDBusMessage &message)
 {
     run([&] {
-        if (nameSpace == appearance && key == colorScheme)
-            Q_EMIT changed(meansDark(value.variant()));
+        const QVariantList arguments = message.arguments();
+        if (arguments.value(0) == appearance && arguments.value(1) == colorScheme)
+            Q_EMIT changed(meansDark(arguments.value(2)));
     });
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QDBusVariant>
+#include <QDBusMessage>
 #include <QObject>
 
 /// Whether the desktop's user wants light or dark windows, as the desktop's settings portal tells.
@@ -18,5 +18,5 @@ Q_SIGNALS:
     void changed(bool dark);
 
 private Q_SLOTS:
-    void settingChanged(const QString &nameSpace, const QString &key, const QDBusVariant &value);
+    void settingChanged(const QDBusMessage &message);
 };

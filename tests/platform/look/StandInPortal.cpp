@@ -1,10 +1,13 @@
 #include "StandInPortal.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
+#include <QDBusMessage>
 
 namespace {
 
 const QString connectionName = QStringLiteral("portal");
+const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 
 } // namespace
 
@@ -18,8 +21,7 @@ StandInPortal::StandInPortal(uint scheme)
         [this] {
             QDBusConnection bus = QDBusConnection::connectToBus(
                 qEnvironmentVariable("DBUS_SESSION_BUS_ADDRESS"), connectionName);
-            bus.registerObject(QStringLiteral("/org/freedesktop/portal/desktop"), this,
-                               QDBusConnection::ExportAllSlots | QDBusConnection::ExportAllSignals);
+            bus.registerObject(path, this, QDBusConnection::ExportAllSlots);
             bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
         },
         Qt::BlockingQueuedConnection);
@@ -27,6 +29,13 @@ StandInPortal::StandInPortal(uint scheme)
 
 StandInPortal::~StandInPortal()
 {
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            QDBusConnection(connectionName).unregisterObject(path);
+            moveToThread(qApp->thread());
+        },
+        Qt::BlockingQueuedConnection);
     QDBusConnection::disconnectFromBus(connectionName);
     m_thread.quit();
     m_thread.wait();
@@ -39,10 +48,14 @@ QDBusVariant StandInPortal::Read(const QString &, const QString &) const
 
 void StandInPortal::turnTo(uint scheme)
 {
-    QMetaObject::invokeMethod(this, [this, scheme] {
-        Q_EMIT SettingChanged(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("accent-color"),
-                              QDBusVariant(0u));
-        Q_EMIT SettingChanged(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("color-scheme"),
-                              QDBusVariant(scheme));
-    });
+    tell(QStringLiteral("accent-color"), 0);
+    tell(QStringLiteral("color-scheme"), scheme);
+}
+
+void StandInPortal::tell(const QString &key, uint value)
+{
+    QDBusMessage change = QDBusMessage::createSignal(path, QStringLiteral("org.freedesktop.portal.Settings"),
+                                                     QStringLiteral("SettingChanged"));
+    change << QStringLiteral("org.freedesktop.appearance") << key << QVariant::fromValue(QDBusVariant(value));
+    QDBusConnection(connectionName).send(change);
 }

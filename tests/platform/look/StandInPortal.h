@@ -19,10 +19,9 @@ public:
 public Q_SLOTS:
     QDBusVariant Read(const QString &nameSpace, const QString &key) const;
 
-Q_SIGNALS:
-    void SettingChanged(const QString &nameSpace, const QString &key, const QDBusVariant &value);
-
 private:
+    static void tell(const QString &key, uint value);
+
     QThread m_thread;
     uint m_scheme;
 };

@@ -4,6 +4,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <QTextBlock>
 #include <gtest/gtest.h>
 
 /// A control with a text in it, and the ways that tests have to it.

@@ -58,7 +58,7 @@ INSTANTIATE_TEST_SUITE_P(
                       Row{"MailtoAlone", "mailto:", ""}, Row{"NoDomain", "me@home", ""},
                       Row{"At", "a @ b", ""}, Row{"Word", "awww.example.org", ""},
                       Row{"OtherScheme", "javascript:alert(1)", ""}, Row{"Nothing", "", ""}),
-    [](const auto &info) { return info.param.name; });
+    [](const auto &row) { return row.param.name; });
 
 TEST(LinkFinder, FindsAllOfAParagraph)
 {

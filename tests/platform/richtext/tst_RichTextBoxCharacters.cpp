@@ -45,7 +45,7 @@ INSTANTIATE_TEST_SUITE_P(All, CharacterToggle,
                                                   &RichTextBox::setSelUnderline},
                                            Toggle{"StrikeThru", &RichTextBox::SelStrikeThru,
                                                   &RichTextBox::setSelStrikeThru}),
-                         [](const auto &info) { return info.param.name; });
+                         [](const auto &row) { return row.param.name; });
 
 TEST_P(CharacterToggle, IsFalseAtFirst)
 {

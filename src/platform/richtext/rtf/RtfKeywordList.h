@@ -222,6 +222,9 @@
     row("trleft", RowLeft, Row) \
     row("trgaph", RowGap, Row) \
     row("rtlrow", RightToLeftRow, Row) \
+    row("trql", RowAtLeft, Row) \
+    row("trqc", RowInCenter, Row) \
+    row("trqr", RowAtRight, Row) \
     row("trhdr", HeaderRow, Row) \
     row("clmgf", MergeFirst, Row) \
     row("clmrg", MergeNext, Row) \

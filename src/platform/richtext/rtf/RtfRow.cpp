@@ -52,6 +52,15 @@ bool RtfRowReader::apply(const RtfToken &token)
     case RtfWord::RightToLeftRow:
         m_row.isRightToLeft = true;
         break;
+    case RtfWord::RowAtLeft:
+        m_row.alignment = 0;
+        break;
+    case RtfWord::RowInCenter:
+        m_row.alignment = Qt::AlignHCenter;
+        break;
+    case RtfWord::RowAtRight:
+        m_row.alignment = Qt::AlignRight;
+        break;
     case RtfWord::HeaderRow:
         m_row.isHeader = true;
         break;

@@ -22,7 +22,8 @@ struct RtfRow
     static constexpr size_t mostCells = 256;
 
     int left = 0;
-    int gap = 0; ///< half of the space between cells
+    int gap = 0;       ///< half of the space between cells
+    int alignment = 0; ///< Qt::Alignment of the row between the margins, 0 is the left
     bool isHeader = false;
     bool isRightToLeft = false;
     int borderStyle = 0; ///< QTextFrameFormat::BorderStyle, 0 is none

@@ -65,6 +65,8 @@ QTextTableFormat RtfTableFormat::table(const RtfTable &table, const RtfTableGrid
     format.setCellPadding(pixels(first.gap));
     if (grid.edges.front() > 0)
         format.setLeftMargin(pixels(grid.edges.front()));
+    if (first.alignment != 0)
+        format.setAlignment(Qt::Alignment(first.alignment));
     if (first.isRightToLeft)
         format.setLayoutDirection(Qt::RightToLeft);
     if (const int rows = headerRows(table, grid); rows > 0)

@@ -148,6 +148,17 @@ TEST(RtfReaderTables, Looks)
     EXPECT_EQ(read.formatOf(QStringLiteral("a")).fontWeight(), int(QFont::Bold));
 }
 
+TEST(RtfReaderTables, BetweenTheMargins)
+{
+    const auto alignment = [](const QByteArray &words) {
+        ReadDocument read(framed("\\trowd" + words + "\\cellx1500\\intbl a\\cell\\row"));
+        return tableOf(read) ? int(tableOf(read)->format().alignment()) : -1;
+    };
+    EXPECT_EQ(alignment("\\trqr"), int(Qt::AlignRight));
+    EXPECT_EQ(alignment("\\trqc"), int(Qt::AlignHCenter));
+    EXPECT_EQ(alignment("\\trqr\\trql"), 0);
+}
+
 TEST(RtfReaderTables, LinesOfParagraphsAreNotTheTables)
 {
     ReadDocument read(
