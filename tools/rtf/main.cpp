@@ -25,6 +25,8 @@ void printText(const QString &path)
 void saveAsRichText(const QString &from, const QString &to)
 {
     QTextDocument document;
+    document.setDefaultFont(
+        QFont(QStringLiteral("Times New Roman"), 12)); // there is no desktop to ask for one
     RichTextFile::load(from, document);
     RichTextFile::save(to, document, RichTextFile::Format::Rtf, PlainText::LineEnd::Lf);
 }

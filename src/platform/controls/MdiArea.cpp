@@ -42,6 +42,7 @@ QMdiSubWindow *MdiArea::addWindowFor(QWidget &child)
     const QSize room = isVisible() ? viewport()->size() : child.sizeHint();
     QMdiSubWindow *window = addSubWindow(&child);
     window->setAttribute(Qt::WA_DeleteOnClose);
+    window->setWindowIcon(child.windowIcon());
     on(&child, &QWidget::windowIconChanged, window,
        [window](const QIcon &icon) { window->setWindowIcon(icon); });
     window->resize(child.sizeHint().boundedTo(room));

@@ -65,7 +65,8 @@ void FlatTitleStyle::drawTitleBar(const QStyleOptionTitleBar &option, QPainter &
     if (option.titleBarFlags & Qt::WindowSystemMenuHint)
         option.icon.paint(&painter, icon);
     const QRect label = subControlRect(CC_TitleBar, &option, SC_TitleBarLabel, widget).adjusted(4, 0, -4, 0);
-    const QString text = painter.fontMetrics().elidedText(option.text, Qt::ElideMiddle, label.width());
+    // Of a path the name at its end tells most.
+    const QString text = painter.fontMetrics().elidedText(option.text, Qt::ElideLeft, label.width());
     painter.drawText(label, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, text);
     drawTitleButtons(option, painter, widget);
     painter.restore();

@@ -34,7 +34,10 @@ public:
     }
 
     QStringList formats() const override { return QMimeData::formats() << m_html; }
-    bool hasFormat(const QString &type) const override { return type == m_html || QMimeData::hasFormat(type); }
+    bool hasFormat(const QString &type) const override
+    {
+        return type == m_html || QMimeData::hasFormat(type);
+    }
 
 protected:
     QVariant retrieveData(const QString &type, QMetaType wanted) const override

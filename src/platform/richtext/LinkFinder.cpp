@@ -80,12 +80,12 @@ void appendHyperlinks(QList<Link> &links, const QTextBlock &block, int first, in
 
 bool overlaps(const QList<Link> &links, const Link &other)
 {
-    return std::any_of(links.cbegin(), links.cend(), [&](const Link &link) {
-        return link.first < other.end && other.first < link.end;
-    });
+    return std::any_of(links.cbegin(), links.cend(),
+                       [&](const Link &link) { return link.first < other.end && other.first < link.end; });
 }
 
-/// What \a first to \a end touches of \a block; the text around it is looked at as far as an address may reach.
+/// What \a first to \a end touches of \a block; the text around it is looked at as far as an address may
+/// reach.
 QList<Link> inParagraph(const QTextBlock &block, int first, int end)
 {
     constexpr int longestAddress = 2000;

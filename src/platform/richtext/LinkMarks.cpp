@@ -21,8 +21,7 @@ QTextEdit::ExtraSelection look(const QTextEdit &view, const LinkFinder::Link &li
 
 LinkMarks::LinkMarks(QTextEdit &view)
     : m_view(view)
-{
-}
+{}
 
 void LinkMarks::setOn(bool on)
 {

@@ -4,9 +4,11 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextEdit>
+#include <QTextLayout>
 #include <QTextOption>
 
 namespace {
@@ -38,8 +40,7 @@ QString textAt(QTextDocument &document, int from, int length)
 
 LongDocuments::LongDocuments(QTextEdit &view)
     : m_view(view)
-{
-}
+{}
 
 void LongDocuments::attach(QTextDocument &document)
 {
@@ -89,5 +90,8 @@ void LongDocuments::layOutVisible()
     const int bottom = m_view.verticalScrollBar()->value() + m_view.viewport()->height();
     layout->hitTest(QPointF(0, bottom), Qt::FuzzyHit);
     layout->blockSignals(wereBlocked);
+    const bool isFinished = m_document->lastBlock().layout()->lineCount() > 0;
+    if (isFinished) // otherwise it tells the size as it goes on
+        Q_EMIT layout->documentSizeChanged(layout->documentSize());
     m_view.viewport()->update();
 }

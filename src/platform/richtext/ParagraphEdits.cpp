@@ -127,7 +127,8 @@ void ParagraphEdits::setIndent(const QTextCursor &selection, int indent)
 {
     apply(selection, all, [indent](QTextBlockFormat &format) {
         const int firstLine = ParagraphFormat::firstLineIndent(format);
-        ParagraphFormat::setIndents(format, indent - firstLine, ParagraphFormat::rightIndent(format), firstLine);
+        ParagraphFormat::setIndents(format, indent - firstLine, ParagraphFormat::rightIndent(format),
+                                    firstLine);
     });
 }
 

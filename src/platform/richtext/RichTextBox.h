@@ -60,7 +60,8 @@ public:
     std::optional<double> SelFontSize() const;
     void setSelFontSize(double size);
 
-    /// 0 left, 1 right, 2 centre; justified text counts as left. Setting another value throws RuntimeError 380.
+    /// 0 left, 1 right, 2 centre; justified text counts as left. Setting another value throws RuntimeError
+    /// 380.
     std::optional<int> SelAlignment() const;
     void setSelAlignment(int alignment);
     std::optional<bool> SelBullet() const;
@@ -83,7 +84,8 @@ public:
     /// Prints the selection, or everything when it is empty. Does nothing without a device.
     void SelPrint(QPagedPaintDevice *device) const;
 
-    /// Marks web and mail addresses in the text and tells of clicks on them; the document itself is not changed.
+    /// Marks web and mail addresses in the text and tells of clicks on them; the document itself is not
+    /// changed.
     void setAutoURLDetection(bool on);
     /// What the link that begins at \a first points to: the address that a real link carries, else its text.
     QString linkTarget(int first) const;

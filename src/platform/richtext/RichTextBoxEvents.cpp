@@ -20,8 +20,8 @@ bool endsList(const QKeyEvent &key, const QTextCursor &cursor)
 {
     if (!cursor.currentList() || cursor.hasSelection() || key.modifiers() != Qt::NoModifier)
         return false;
-    return (key.key() == Qt::Key_Backspace && cursor.atBlockStart())
-           || (key.key() == Qt::Key_Return && cursor.block().length() == 1);
+    return (key.key() == Qt::Key_Backspace && cursor.atBlockStart()) ||
+           (key.key() == Qt::Key_Return && cursor.block().length() == 1);
 }
 
 } // namespace
@@ -122,7 +122,8 @@ void RichTextBox::wrap()
 
 bool RichTextBox::canInsertFromMimeData(const QMimeData *source) const
 {
-    return source->hasImage() || ClipboardText::isRichText(*source) || QTextEdit::canInsertFromMimeData(source);
+    return source->hasImage() || ClipboardText::isRichText(*source) ||
+           QTextEdit::canInsertFromMimeData(source);
 }
 
 void RichTextBox::insertFromMimeData(const QMimeData *source)

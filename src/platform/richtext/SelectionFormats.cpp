@@ -76,7 +76,8 @@ CharacterStates statesOf(const QTextCharFormat &format, const QFont &standard)
     states.italic = format.fontItalic();
     states.underline = format.underlineStyle() != QTextCharFormat::NoUnderline;
     states.strikeThru = format.fontStrikeOut();
-    states.color = format.foreground().style() == Qt::NoBrush ? QColor(Qt::black) : format.foreground().color();
+    states.color =
+        format.foreground().style() == Qt::NoBrush ? QColor(Qt::black) : format.foreground().color();
     states.fontName = families.isEmpty() ? standard.family() : families.first();
     states.fontSize = pointSize(format, standard);
     return states;

@@ -10,8 +10,8 @@
 
 namespace {
 
-/// Qt scales text and pictures to the device, but not the space around paragraphs.
-void scaleMargins(QTextDocument &document, double factor)
+/// Qt scales text, pictures and the space between lines and paragraphs to the device, but not the indents.
+void scaleIndents(QTextDocument &document, double factor)
 {
     QTextCursor edit(&document);
     edit.beginEditBlock();
@@ -19,8 +19,6 @@ void scaleMargins(QTextDocument &document, double factor)
         QTextBlockFormat format = block.blockFormat();
         format.setLeftMargin(format.leftMargin() * factor);
         format.setRightMargin(format.rightMargin() * factor);
-        format.setTopMargin(format.topMargin() * factor);
-        format.setBottomMargin(format.bottomMargin() * factor);
         format.setTextIndent(format.textIndent() * factor);
         edit.setPosition(block.position());
         edit.setBlockFormat(format);
@@ -33,7 +31,7 @@ void scaleMargins(QTextDocument &document, double factor)
 void TextPrinter::print(QTextDocument &document, QPagedPaintDevice &device)
 {
     document.setUndoRedoEnabled(false);
-    scaleMargins(document, device.logicalDpiX() / ParagraphFormat::layoutDpi());
+    scaleIndents(document, device.logicalDpiX() / ParagraphFormat::layoutDpi());
     QTextFrameFormat page = document.rootFrame()->frameFormat();
     page.setMargin(0);
     document.rootFrame()->setFrameFormat(page);

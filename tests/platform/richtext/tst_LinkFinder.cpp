@@ -14,8 +14,7 @@ struct Row
 };
 
 class Address : public ::testing::TestWithParam<Row>
-{
-};
+{};
 
 QStringList linksOf(const QString &text)
 {
@@ -32,7 +31,8 @@ QStringList linksOf(const QString &text)
 TEST_P(Address, IsFoundAsPeopleReadIt)
 {
     const QString link = QString::fromUtf8(GetParam().link);
-    EXPECT_EQ(linksOf(QString::fromUtf8(GetParam().text)), link.isEmpty() ? QStringList() : QStringList(link));
+    EXPECT_EQ(linksOf(QString::fromUtf8(GetParam().text)),
+              link.isEmpty() ? QStringList() : QStringList(link));
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -43,7 +43,8 @@ INSTANTIATE_TEST_SUITE_P(
                       Row{"File", "file:///home/a/b.rtf", "file:///home/a/b.rtf"},
                       Row{"Mailto", "mailto:me@example.org", "mailto:me@example.org"},
                       Row{"Www", "www.example.org/a", "www.example.org/a"},
-                      Row{"Mail", "write to first.last+tag@mail.example.org!", "first.last+tag@mail.example.org"},
+                      Row{"Mail", "write to first.last+tag@mail.example.org!",
+                          "first.last+tag@mail.example.org"},
                       Row{"Capitals", "HTTP://EXAMPLE.ORG", "HTTP://EXAMPLE.ORG"},
                       Row{"Umlauts", "www.müller.example", "www.müller.example"},
                       Row{"FullStop", "www.example.org.", "www.example.org"},
@@ -62,8 +63,9 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(LinkFinder, FindsAllOfAParagraph)
 {
-    EXPECT_EQ(linksOf(QStringLiteral("www.a.org www.b.org\nc@d.org")),
-              QStringList({QStringLiteral("www.a.org"), QStringLiteral("www.b.org"), QStringLiteral("c@d.org")}));
+    EXPECT_EQ(
+        linksOf(QStringLiteral("www.a.org www.b.org\nc@d.org")),
+        QStringList({QStringLiteral("www.a.org"), QStringLiteral("www.b.org"), QStringLiteral("c@d.org")}));
 }
 
 TEST(LinkFinder, LooksOnlyWhereItIsAsked)

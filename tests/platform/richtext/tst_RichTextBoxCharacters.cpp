@@ -1,9 +1,9 @@
 #include "RichTextFixture.h"
 #include "RuntimeError.h"
 
+#include <QTextTable>
 #include <cmath>
 #include <limits>
-#include <QTextTable>
 
 namespace {
 
@@ -22,8 +22,7 @@ protected:
 };
 
 class CharacterFormat : public RichTextFixture
-{
-};
+{};
 
 int errorOf(const std::function<void()> &step)
 {
@@ -37,15 +36,13 @@ int errorOf(const std::function<void()> &step)
 
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(All, CharacterToggle,
-                         ::testing::Values(Toggle{"Bold", &RichTextBox::SelBold, &RichTextBox::setSelBold},
-                                           Toggle{"Italic", &RichTextBox::SelItalic,
-                                                  &RichTextBox::setSelItalic},
-                                           Toggle{"Underline", &RichTextBox::SelUnderline,
-                                                  &RichTextBox::setSelUnderline},
-                                           Toggle{"StrikeThru", &RichTextBox::SelStrikeThru,
-                                                  &RichTextBox::setSelStrikeThru}),
-                         [](const auto &row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    All, CharacterToggle,
+    ::testing::Values(Toggle{"Bold", &RichTextBox::SelBold, &RichTextBox::setSelBold},
+                      Toggle{"Italic", &RichTextBox::SelItalic, &RichTextBox::setSelItalic},
+                      Toggle{"Underline", &RichTextBox::SelUnderline, &RichTextBox::setSelUnderline},
+                      Toggle{"StrikeThru", &RichTextBox::SelStrikeThru, &RichTextBox::setSelStrikeThru}),
+    [](const auto &row) { return row.param.name; });
 
 TEST_P(CharacterToggle, IsFalseAtFirst)
 {

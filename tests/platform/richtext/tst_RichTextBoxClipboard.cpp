@@ -22,7 +22,10 @@ protected:
         box.setSelStart(first);
         box.setSelLength(end - first);
     }
-    std::unique_ptr<QMimeData> copy() { return std::unique_ptr<QMimeData>(box.createMimeDataFromSelection()); }
+    std::unique_ptr<QMimeData> copy()
+    {
+        return std::unique_ptr<QMimeData>(box.createMimeDataFromSelection());
+    }
     QImage picture()
     {
         QImage image(20, 10, QImage::Format_RGB32);

@@ -26,8 +26,7 @@ protected:
 constexpr int markWidth = 240;
 
 class Lengths : public Paragraphs, public ::testing::WithParamInterface<int>
-{
-};
+{};
 
 } // namespace
 

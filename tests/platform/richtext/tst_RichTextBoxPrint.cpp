@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTextTable>
 
 namespace {
 
@@ -36,13 +37,13 @@ protected:
     /// From the paper's left edge, in points.
     double leftOf(const QString &word)
     {
-        const QRegularExpression box(QStringLiteral("xMin=\"([0-9.]+)\"[^>]*>%1<").arg(word));
-        return box.match(read({QStringLiteral("-bbox")})).captured(1).toDouble();
+        const QRegularExpression place(QStringLiteral("xMin=\"([0-9.]+)\"[^>]*>%1<").arg(word));
+        return place.match(read({QStringLiteral("-bbox")})).captured(1).toDouble();
     }
     double topOf(const QString &word)
     {
-        const QRegularExpression box(QStringLiteral("yMin=\"([0-9.]+)\"[^>]*>%1<").arg(word));
-        return box.match(read({QStringLiteral("-bbox")})).captured(1).toDouble();
+        const QRegularExpression place(QStringLiteral("yMin=\"([0-9.]+)\"[^>]*>%1<").arg(word));
+        return place.match(read({QStringLiteral("-bbox")})).captured(1).toDouble();
     }
 
     QString file() const { return folder.filePath(QStringLiteral("a.pdf")); }
@@ -128,6 +129,36 @@ TEST_F(Print, SpaceBetweenParagraphsIsScaled)
     box.textCursor().mergeBlockFormat(format);
     print();
     EXPECT_NEAR(topOf(QStringLiteral("two")) - topOf(QStringLiteral("one")), close + 72, 1);
+}
+
+TEST_F(Print, LineSpacingIsScaled)
+{
+    box.setText(QStringLiteral("one\ntwo"));
+    QTextBlockFormat format;
+    ParagraphFormat::setLineSpacing(format, -480, false);
+    QTextCursor all(box.document());
+    all.select(QTextCursor::Document);
+    all.mergeBlockFormat(format);
+    print();
+    EXPECT_NEAR(topOf(QStringLiteral("two")) - topOf(QStringLiteral("one")), 24, 1);
+}
+
+TEST_F(Print, CellsOfATableStandApartAsOnTheScreen)
+{
+    box.setText({});
+    auto *table = box.textCursor().insertTable(1, 2);
+    QTextTableFormat format;
+    format.setColumnWidthConstraints({QTextLength(QTextLength::FixedLength, 192),
+                                      QTextLength(QTextLength::FixedLength, 96)});
+    format.setCellPadding(0);
+    format.setCellSpacing(0);
+    format.setBorder(0);
+    table->setFormat(format);
+    table->cellAt(0, 0).firstCursorPosition().insertText(QStringLiteral("one"));
+    table->cellAt(0, 1).firstCursorPosition().insertText(QStringLiteral("two"));
+    box.setSelStart(0);
+    print();
+    EXPECT_NEAR(leftOf(QStringLiteral("two")) - leftOf(QStringLiteral("one")), 144, 2);
 }
 
 TEST_F(Print, TheShownTextStaysAsItIs)

@@ -7,8 +7,7 @@
 namespace {
 
 class Text : public RichTextFixture
-{
-};
+{};
 
 } // namespace
 

@@ -186,3 +186,12 @@ TEST_F(RtfTool, TellsItsUsage)
         EXPECT_EQ(complaint, QByteArray("rtf: usage: rtf text FILE, or rtf save IN OUT\n"));
     }
 }
+
+TEST_F(RtfTool, SavesPlainTextInThePlainFontOfRichText)
+{
+    const QString to = home.file(QStringLiteral("b.rtf"));
+    run({QStringLiteral("save"), file("a.txt", "one\n"), to});
+    EXPECT_EQ(Files::read(to),
+              QByteArray("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fnil Times New Roman;}}\n"
+                         "one\\par\n\\par\n}\n"));
+}

@@ -57,9 +57,8 @@ int weightOf(const QTextCharFormat &format, const QFont &standard)
 
 } // namespace
 
-CharacterWords::CharacterWords(const QList<QTextFormat> &formats, const QFont &standard, RtfHeader &header)
+CharacterWords::CharacterWords(const QList<QTextFormat> &formats, RtfHeader &header)
     : m_formats(formats)
-    , m_standard(standard)
     , m_header(header)
     , m_runs(formats.size())
     , m_addresses{QString()}
@@ -110,15 +109,16 @@ QByteArray CharacterWords::wordsOf(const QTextCharFormat &format)
 void CharacterWords::appendFont(QByteArray &out, const QTextCharFormat &format)
 {
     constexpr int plainSize = 24; // half points
-    const int font = m_header.fonts.number(familyOf(format, m_standard));
+    constexpr int largestSize = 3276;
+    const int font = m_header.fonts.number(familyOf(format, m_header.standard));
     if (font != 0)
         RtfWords::append(out, "f", font);
-    const int size = qRound(2 * sizeOf(format, m_standard));
+    const int size = qBound(1, qRound(2 * sizeOf(format, m_header.standard)), largestSize);
     if (size != plainSize)
         RtfWords::append(out, "fs", size);
-    if (weightOf(format, m_standard) >= QFont::DemiBold)
+    if (weightOf(format, m_header.standard) >= QFont::DemiBold)
         RtfWords::append(out, "b");
-    if (format.hasProperty(QTextFormat::FontItalic) ? format.fontItalic() : m_standard.italic())
+    if (format.hasProperty(QTextFormat::FontItalic) ? format.fontItalic() : m_header.standard.italic())
         RtfWords::append(out, "i");
     if (format.fontCapitalization() == QFont::AllUppercase)
         RtfWords::append(out, "caps");
@@ -145,7 +145,7 @@ void CharacterWords::appendPosition(QByteArray &out, const QTextCharFormat &form
         RtfWords::append(out, "sub");
     const int shift = format.intProperty(RichTextProperty::BaselineShift);
     if (shift != 0)
-        RtfWords::append(out, shift > 0 ? "up" : "dn", qAbs(shift));
+        RtfWords::appendLength(out, shift > 0 ? "up" : "dn", qAbs(shift));
 }
 
 void CharacterWords::appendColours(QByteArray &out, const QTextCharFormat &format)

@@ -2,7 +2,6 @@
 
 #include "WordSet.h"
 
-#include <QFont>
 #include <QList>
 #include <QTextFormat>
 
@@ -20,7 +19,7 @@ public:
     };
 
     /// \a formats are the document's own, by index.
-    CharacterWords(const QList<QTextFormat> &formats, const QFont &standard, RtfHeader &header);
+    CharacterWords(const QList<QTextFormat> &formats, RtfHeader &header);
 
     Run run(int format);
 
@@ -45,7 +44,6 @@ private:
     void appendColours(QByteArray &out, const QTextCharFormat &format);
 
     QList<QTextFormat> m_formats;
-    QFont m_standard;
     RtfHeader &m_header;
     QList<Run> m_runs; ///< by format; without words until it was asked for
     WordSet m_words;

@@ -13,10 +13,10 @@ using ParagraphFormat::toTwips;
 
 namespace {
 
-void appendNonZero(QByteArray &out, const char *word, int number)
+void appendNonZero(QByteArray &out, const char *word, int length)
 {
-    if (number != 0)
-        RtfWords::append(out, word, number);
+    if (length != 0)
+        RtfWords::appendLength(out, word, length);
 }
 
 /// The format's left and right are the page's. Qt mirrors its own in right-to-left paragraphs unless they are
@@ -59,8 +59,8 @@ QByteArray indents(const QTextBlockFormat &format, const QTextList *list, double
     const int first = ParagraphFormat::firstLineIndent(format);
     QByteArray out;
     if (list) {
-        RtfWords::append(out, "fi", first == 0 && steps > 0 ? hanging : first);
-        RtfWords::append(out, "li", left);
+        RtfWords::appendLength(out, "fi", first == 0 && steps > 0 ? hanging : first);
+        RtfWords::appendLength(out, "li", left);
     } else {
         appendNonZero(out, "fi", first);
         appendNonZero(out, "li", left);
@@ -72,7 +72,7 @@ void appendLineSpacing(QByteArray &out, int spacing, bool isMultiple)
 {
     if (spacing == 0)
         return;
-    RtfWords::append(out, "sl", spacing);
+    RtfWords::appendLength(out, "sl", spacing);
     RtfWords::append(out, "slmult", isMultiple);
 }
 
@@ -107,7 +107,7 @@ void appendTabs(QByteArray &out, const QTextBlockFormat &format)
             RtfWords::append(out, "tqc");
         else if (tab.type == QTextOption::DelimiterTab)
             RtfWords::append(out, "tqdec");
-        RtfWords::append(out, "tx", toTwips(tab.position));
+        RtfWords::appendLength(out, "tx", toTwips(tab.position));
     }
 }
 
@@ -156,5 +156,7 @@ QByteArray ParagraphWords::wordsOf(const QTextBlockFormat &format, const QTextLi
 
 void ParagraphWords::appendBackground(QByteArray &out, const QTextBlockFormat &format)
 {
-    appendNonZero(out, "cbpat", m_header.colours.number(format.background()));
+    const int colour = m_header.colours.number(format.background());
+    if (colour != 0)
+        RtfWords::append(out, "cbpat", colour);
 }

@@ -64,9 +64,9 @@ QString RichTextFile::text(const QTextDocument &document)
 
 QString RichTextFile::text(const QTextCursor &selection)
 {
-    // Without selected cells of a table, which tell their texts one by one.
-    QTextCursor stretch(selection.document());
-    stretch.setPosition(selection.selectionStart());
-    stretch.setPosition(selection.selectionEnd(), QTextCursor::KeepAnchor);
-    return withLineFeeds(stretch.selectedText());
+    if (!selection.hasComplexSelection())
+        return withLineFeeds(selection.selectedText());
+    // Cells of a table tell their texts one by one, and no cursor has the stretch across them.
+    const int first = selection.selectionStart();
+    return text(*selection.document()).mid(first, selection.selectionEnd() - first);
 }

@@ -60,6 +60,18 @@ QList<int> edgesOfWidths(const QTextTable &table)
     return edges;
 }
 
+/// A table wider than the format can say is drawn in, each column still a little behind the one before.
+void drawIn(QList<int> &edges)
+{
+    const qint64 widest = edges.constLast();
+    if (widest <= RtfWords::largestLength)
+        return;
+    for (qsizetype i = 0; i < edges.size(); ++i) {
+        const int left = i == 0 ? 0 : edges.at(i - 1);
+        edges[i] = qMax(left + 1, int(edges.at(i) * qint64(RtfWords::largestLength) / widest));
+    }
+}
+
 const char *borderWord(QTextFrameFormat::BorderStyle style)
 {
     switch (style) {
@@ -84,9 +96,9 @@ QByteArray startOf(const QTextTableFormat &format)
     else if (format.alignment().testFlag(Qt::AlignRight))
         RtfWords::append(out, "trqr");
     if (format.cellPadding() > 0)
-        RtfWords::append(out, "trgaph", toTwips(format.cellPadding()));
+        RtfWords::appendLength(out, "trgaph", toTwips(format.cellPadding()));
     if (format.leftMargin() > 0)
-        RtfWords::append(out, "trleft", toTwips(format.leftMargin()));
+        RtfWords::appendLength(out, "trleft", toTwips(format.leftMargin()));
     return out;
 }
 
@@ -102,6 +114,7 @@ RowWords::RowWords(const QTextTable &table, int firstRow, WrittenColours &colour
 {
     if (m_edges.isEmpty())
         m_edges = edgesOfWidths(table);
+    drawIn(m_edges);
 }
 
 QByteArray RowWords::row(int row, int first, int last)
@@ -144,7 +157,7 @@ QByteArray RowWords::borders() const
         return {};
     QByteArray line;
     RtfWords::append(line, borderWord(format.borderStyle()));
-    RtfWords::append(line, "brdrw", qMax(1, toTwips(format.border())));
+    RtfWords::appendLength(line, "brdrw", qMax(1, toTwips(format.border())));
     if (format.borderBrush().style() != Qt::NoBrush && format.hasProperty(QTextFormat::FrameBorderBrush))
         RtfWords::append(line, "brdrcf", m_colours.number(format.borderBrush()));
     QByteArray out;

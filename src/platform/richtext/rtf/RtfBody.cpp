@@ -48,6 +48,12 @@ void RtfBody::select(const RtfCharacterState &state)
     m_font = &m_fonts.font(state.font);
 }
 
+void RtfBody::forgetFont()
+{
+    flushBytes();
+    m_font = nullptr;
+}
+
 void RtfBody::startText(const RtfCharacterState &state)
 {
     Story &story = m_stories.back();

@@ -20,8 +20,8 @@ public:
     /// The sign of \a font at \a place.
     void sign(char16_t place, const QString &font, const RtfCharacterState &state);
     void picture(const QTextImageFormat &format, const RtfCharacterState &state);
-    /// Fonts may have changed.
-    void forgetFont() { m_font = nullptr; }
+    /// Fonts are about to change.
+    void forgetFont();
 
     void endParagraph(const RtfState &state);
     /// Ends the paragraph if it has begun; the next one begins a page.

@@ -23,7 +23,7 @@ RtfBodyWriter::RtfBodyWriter(const QTextDocument &document, int from, int to, Rt
     , m_from(from)
     , m_to(to)
     , m_header(header)
-    , m_characters(document.allFormats(), document.defaultFont(), header)
+    , m_characters(document.allFormats(), header)
     , m_paragraphs(document, document.allFormats(), header)
 {}
 

@@ -50,9 +50,12 @@ int RtfFormats::linkTo(const QString &address)
 QTextCharFormat RtfFormats::make(const RtfCharacterState &state) const
 {
     constexpr double halfPointsPerPoint = 2;
+    constexpr int leastRaised = 4; // half points: Qt makes two thirds of it, in whole points
+    const bool isRaised = state.script != RtfCharacterState::Normal;
+    const int halfPoints = isRaised ? qMax(state.halfPoints, leastRaised) : state.halfPoints;
     QTextCharFormat format;
     format.setFontFamilies({m_fonts.font(state.font).family});
-    format.setFontPointSize(state.halfPoints / halfPointsPerPoint);
+    format.setFontPointSize(halfPoints / halfPointsPerPoint);
     if ((state.switches & RtfCharacterState::Bold) != 0)
         format.setFontWeight(QFont::Bold);
     if ((state.switches & RtfCharacterState::Italic) != 0)

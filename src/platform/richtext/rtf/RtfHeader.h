@@ -4,14 +4,18 @@
 #include "WrittenFonts.h"
 #include "WrittenLists.h"
 
+#include <QFont>
+
 /// What stands before the text of a document being written; the text fills it and it is written last.
 struct RtfHeader
 {
-    explicit RtfHeader(const QString &standardFont)
-        : fonts(standardFont)
+    explicit RtfHeader(const QFont &standardFont)
+        : standard(standardFont)
+        , fonts(standardFont.family())
     {}
     QByteArray bytes() const;
 
+    const QFont standard; ///< of text whose format does not name its own
     WrittenFonts fonts;
     WrittenColours colours;
     WrittenLists lists;

@@ -258,8 +258,8 @@ void RtfParser::documentWord(const RtfToken &token)
     case RtfWord::AnsiCodePage:
         return setPage(token.parameter > 0 ? token.parameter : RtfCodePage::standard);
     case RtfWord::DefaultFont:
-        m_fonts.setStandardFont(token.parameter);
         m_body.forgetFont();
+        m_fonts.setStandardFont(token.parameter);
         break;
     default:
         return pairOfRuns(token.word);

@@ -13,6 +13,7 @@ void RtfParser::destination(RtfWord word)
 {
     switch (word) {
     case RtfWord::FontTable:
+        m_body.forgetFont();
         m_fonts.begin();
         return beginPart(m_fonts, RtfState::End::FontTable);
     case RtfWord::ColorTable:
@@ -144,7 +145,6 @@ void RtfParser::end(const RtfState &ended)
     case RtfState::End::Nothing:
         break;
     case RtfState::End::FontTable:
-        m_body.forgetFont();
         return m_fonts.end();
     case RtfState::End::StyleSheet:
         return m_styles.end();

@@ -81,7 +81,7 @@ Picture ofDocument(const QTextDocument &document, const QTextImageFormat &format
 void appendPositive(QByteArray &out, const char *word, int number)
 {
     if (number > 0)
-        RtfWords::append(out, word, number);
+        RtfWords::appendLength(out, word, number);
 }
 
 } // namespace

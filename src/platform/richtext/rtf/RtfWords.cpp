@@ -76,6 +76,11 @@ void RtfWords::append(QByteArray &out, const char *word, int number)
     out.append('\\').append(word).append(digits.data(), end - digits.data());
 }
 
+void RtfWords::appendLength(QByteArray &out, const char *word, int length)
+{
+    append(out, word, qBound(-largestLength, length, largestLength));
+}
+
 void RtfWords::appendText(QByteArray &out, QStringView text)
 {
     constexpr qsizetype step = 4096; // bounds the room made for the worst case

@@ -3,15 +3,27 @@
 #include "RtfBodyWriter.h"
 #include "RtfHeader.h"
 
+#include <QFont>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 
 namespace {
 
+/// Without a desktop to ask, a document's font is as empty as what rich text calls plain.
+QFont standardFont(const QTextDocument &document)
+{
+    QFont font = document.defaultFont();
+    if (font.family().isEmpty())
+        font.setFamily(QStringLiteral("Times New Roman"));
+    if (font.pointSizeF() <= 0 && font.pixelSize() <= 0)
+        font.setPointSize(12);
+    return font;
+}
+
 QByteArray writeRange(const QTextDocument &document, int from, int to)
 {
-    RtfHeader header(document.defaultFont().family());
+    RtfHeader header(standardFont(document));
     QByteArray bytes = RtfBodyWriter(document, from, to, header).write();
     bytes.prepend(header.bytes());
     return bytes.append("}\n");

@@ -110,6 +110,10 @@ const Row rows[] = {
     {"NumberOfNothing", "{\\rtf1 a\\fs- b}", "a- b"},
     {"PairWithoutSecond", "{\\rtf1{\\upr{a}}b}", "b"},
     {"ResultWithoutField", "{\\rtf1{\\fldrslt a}{\\*\\fldinst HYPERLINK x}b}", "ab"},
+    {"FontsBehindHalfACharacter", "{\\rtf1\\ansi\\ansicpg932 \\'82{\\fonttbl{\\f0\\fcharset204 A;}}\\'cf}",
+     "\uFFFD\u041F"},
+    {"PageBehindHalfACharacter", "{\\rtf1\\ansi\\ansicpg932 \\'82\\ansicpg1251 \\'cf}", "\uFFFD\u041F"},
+    {"DefaultFontBehindHalfACharacter", "{\\rtf1\\ansi\\ansicpg932 \\'82\\deff3 a}", "\uFFFDa"},
     {"NestedTablesWithoutTable", "{\\rtf1\\itap999999 a\\par\\pard b}", "a|b"},
 };
 

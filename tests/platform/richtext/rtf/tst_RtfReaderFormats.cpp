@@ -73,6 +73,7 @@ const Row rows[] = {
     {"NoWordIsPlain", "{\\b\\i\\ul\\strike\\fs40\\f1 \\plain X}", "Serif 12"},
     {"Font", "\\f1\\fs21 X", "Sans 10.5"},
     {"UnknownFont", "\\f99 X", "Serif 12"},
+    {"SmallestRaised", "\\super\\fs1 X", "super Serif 2"},
     {"SizeBelowNothing", "\\fs-5 X", "Serif 12"},
     {"SizeBeyondAll", "\\fs99999999999 X", "Serif 1638"},
     {"Underline", "\\ul X", "line1 Serif 12"},

@@ -59,6 +59,8 @@ INSTANTIATE_TEST_SUITE_P(
         FormatRow{"Medium", [](F &f) { f.setFontWeight(QFont::Medium); }, ""},
         FormatRow{"Italic", [](F &f) { f.setFontItalic(true); }, "\\i"},
         FormatRow{"Size", [](F &f) { f.setFontPointSize(10.5); }, "\\fs21"},
+        FormatRow{"BeyondTheLargestSize", [](F &f) { f.setFontPointSize(9999); }, "\\fs3276"},
+        FormatRow{"TheLeastSize", [](F &f) { f.setFontPointSize(0.1); }, "\\fs1"},
         FormatRow{"UsualSize", [](F &f) { f.setFontPointSize(12); }, ""},
         FormatRow{"Pixels", [](F &f) { f.setProperty(QTextFormat::FontPixelSize, 20); }, "\\fs30"},
         FormatRow{"Larger", [](F &f) { f.setProperty(QTextFormat::FontSizeAdjustment, 1); }, "\\fs29"},

@@ -81,6 +81,7 @@ INSTANTIATE_TEST_SUITE_P(
                          f.setTextIndent(-2);
                      },
                      "\\fi-30\\li60\\ri120"},
+        ParagraphRow{"BeyondTheLargest", [](P &f) { f.setLeftMargin(99999); }, "\\li32767"},
         ParagraphRow{"QtIndent", [](P &f) { f.setIndent(2); }, "\\li1200"},
         ParagraphRow{"Spacing", [](P &f) { ParagraphFormat::setSpacing(f, 121, 7); }, "\\sb121\\sa7"},
         ParagraphRow{"PixelSpacing",

@@ -101,6 +101,15 @@ TEST_F(RtfWriterTables, TakeTheWidthsOfColumns)
     EXPECT_EQ(bodyOf(document).count("\\trowd\\cellx1500\\cellx6000\\cellx9000\n"), 3);
 }
 
+TEST_F(RtfWriterTables, AreDrawnInWhereTheyAreWiderThanCanBeSaid)
+{
+    QTextTableFormat format = unframed();
+    format.setProperty(RichTextProperty::RowTwips, QStringLiteral("1000 65534 65535"));
+    table->setFormat(format);
+    EXPECT_EQ(bodyOf(document).count("\\trowd\\cellx499\\cellx32766\\cellx32767\n"), 3)
+        << bodyOf(document).constData();
+}
+
 TEST_F(RtfWriterTables, KeepFramesAndColours)
 {
     table->removeRows(1, 2);
