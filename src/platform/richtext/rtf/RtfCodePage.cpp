@@ -196,9 +196,8 @@ void RtfCodePage::appendConverted(QString &text, QByteArrayView bytes) const
     constexpr char16_t substitute = 0x1A; // what the converter writes for a single byte that it does not know
     QString converted(bytes.size() * 2, Qt::Uninitialized);
     UErrorCode error = U_ZERO_ERROR;
-    const int length =
-        ucnv_toUChars(m_converter, reinterpret_cast<UChar *>(converted.data()), int(converted.size()),
-                      bytes.data(), int(bytes.size()), &error);
+    const int length = ucnv_toUChars(m_converter, reinterpret_cast<UChar *>(converted.data()),
+                                     int(converted.size()), bytes.data(), int(bytes.size()), &error);
     if (U_FAILURE(error)) {
         text.append(QChar::ReplacementCharacter);
         return;

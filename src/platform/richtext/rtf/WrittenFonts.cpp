@@ -2,6 +2,17 @@
 
 #include "RtfWords.h"
 
+namespace {
+
+/// The name as a table can hold it: a semicolon would end it, and what steers text has no meaning in it.
+QString plainName(const QString &family)
+{
+    constexpr char16_t hardHyphen = 0x2011;
+    return family.simplified().remove(u';').remove(QChar::SoftHyphen).replace(hardHyphen, u'-');
+}
+
+} // namespace
+
 WrittenFonts::WrittenFonts(const QString &standard)
 {
     number(standard);
@@ -9,22 +20,22 @@ WrittenFonts::WrittenFonts(const QString &standard)
 
 int WrittenFonts::number(const QString &family)
 {
-    const auto known = m_numbers.constFind(family);
+    const QString name = plainName(family);
+    const auto known = m_numbers.constFind(name);
     if (known != m_numbers.constEnd())
         return *known;
-    m_families.append(family);
-    return *m_numbers.insert(family, int(m_families.size()) - 1);
+    m_names.append(name);
+    return *m_numbers.insert(name, int(m_names.size()) - 1);
 }
 
 QByteArray WrittenFonts::table() const
 {
     QByteArray out = "{\\fonttbl";
-    for (qsizetype i = 0; i < m_families.size(); ++i) {
-        QString name = m_families.at(i);
+    for (qsizetype i = 0; i < m_names.size(); ++i) {
         out.append('{');
         RtfWords::append(out, "f", int(i));
         out.append("\\fnil ");
-        RtfWords::appendText(out, name.remove(u';')); // the sign ends a name
+        RtfWords::appendText(out, m_names.at(i));
         out.append(";}");
     }
     return out.append('}');

@@ -18,6 +18,6 @@ public:
     QByteArray table() const;
 
 private:
-    QStringList m_families;
+    QStringList m_names;
     QHash<QString, int> m_numbers;
 };
