@@ -270,7 +270,7 @@ void benchLinks()
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    bench({"Large text", 60000, 4, 20});
+    bench({"Large text", 75000, 4, 20});
     bench({"Many paragraphs", 100000, 2, 0});
     benchLinks();
     return 0;

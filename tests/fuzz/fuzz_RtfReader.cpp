@@ -18,23 +18,24 @@ namespace {
 
 } // namespace
 
-/// Reads any bytes, writes what came of them and reads that: the text has to be the same, and so do the bytes
-/// written from then on.
+/// Reads any bytes, writes what came of them and reads that: the text has to be the same. What the first
+/// writing made straight, such as columns narrower than a pixel, has to be written alike from the second time
+/// on.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    const QByteArray bytes(reinterpret_cast<const char *>(data), qsizetype(size));
-    QTextDocument document;
-    RtfReader::read(bytes, document);
-    const QByteArray written = RtfWriter::write(document);
+    QTextDocument first;
+    RtfReader::read(QByteArray(reinterpret_cast<const char *>(data), qsizetype(size)), first);
+    QTextDocument second;
+    RtfReader::read(RtfWriter::write(first), second);
+    if (RichTextFile::text(first) != RichTextFile::text(second))
+        fail("text", RichTextFile::text(first).toUtf8(), RichTextFile::text(second).toUtf8());
 
-    QTextDocument again;
-    RtfReader::read(written, again);
-    const QString text = RichTextFile::text(document);
-    const QString textAgain = RichTextFile::text(again);
-    if (text != textAgain)
-        fail("text", text.toUtf8(), textAgain.toUtf8() + "\n--- written\n" + written);
-    const QByteArray writtenAgain = RtfWriter::write(again);
-    if (written != writtenAgain)
-        fail("rich text", written, writtenAgain);
+    const QByteArray written = RtfWriter::write(second);
+    if (written == RtfWriter::write(first))
+        return 0;
+    QTextDocument third;
+    RtfReader::read(written, third);
+    if (RtfWriter::write(third) != written)
+        fail("rich text", written, RtfWriter::write(third));
     return 0;
 }

@@ -17,6 +17,17 @@ QTextEdit::ExtraSelection look(const QTextEdit &view, const LinkFinder::Link &li
     return mark;
 }
 
+/// The marks themselves are asked, as an edit may have moved or emptied them.
+bool areMarked(const QTextEdit &view, const QList<LinkFinder::Link> &links)
+{
+    const QList<QTextEdit::ExtraSelection> marks = view.extraSelections();
+    return std::equal(links.cbegin(), links.cend(), marks.cbegin(), marks.cend(),
+                      [](const LinkFinder::Link &link, const QTextEdit::ExtraSelection &mark) {
+                          return mark.cursor.selectionStart() == link.first &&
+                                 mark.cursor.selectionEnd() == link.end;
+                      });
+}
+
 } // namespace
 
 LinkMarks::LinkMarks(QTextEdit &view)
@@ -32,13 +43,18 @@ void LinkMarks::setOn(bool on)
 void LinkMarks::markVisible()
 {
     const QList<LinkFinder::Link> links = m_on ? visibleLinks() : QList<LinkFinder::Link>();
-    if (links == m_marked)
+    if (areMarked(m_view, links))
         return;
-    m_marked = links;
     QList<QTextEdit::ExtraSelection> marks;
     for (const LinkFinder::Link &link : links)
         marks.append(look(m_view, link));
     m_view.setExtraSelections(marks);
+}
+
+void LinkMarks::forget()
+{
+    m_pressed.reset();
+    m_view.setExtraSelections({});
 }
 
 void LinkMarks::press(const QPoint &point)

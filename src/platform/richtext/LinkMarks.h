@@ -19,6 +19,9 @@ public:
     /// To be called before the view is painted.
     void markVisible();
 
+    /// To be called before the view shows another document.
+    void forget();
+
     /// The mouse in the view: the left button's press and release, and a move. A release gives the link that
     /// was pressed too, unless text was selected on the way.
     void press(const QPoint &point);
@@ -31,6 +34,5 @@ private:
 
     QTextEdit &m_view;
     bool m_on = false;
-    QList<LinkFinder::Link> m_marked;
     std::optional<LinkFinder::Link> m_pressed;
 };

@@ -5,7 +5,6 @@
 #include "RichTextProperties.h"
 #include "SelectionRanges.h"
 
-#include <QHash>
 #include <QTextDocument>
 #include <QTextList>
 #include <functional>
@@ -15,21 +14,26 @@ namespace {
 constexpr int markWidth = 240; // twips, room for the mark itself
 constexpr int notInList = -1;
 
-using Change = std::function<void(QTextBlockFormat &)>;
+/// Whenever an item comes or goes Qt visits all items of its list. So lists are kept short; nobody sees where
+/// one list of bullets ends and the next begins.
+constexpr int mostItems = 200;
+
+/// Paragraphs in a row that all have the same format.
+struct Stretch
+{
+    int first = 0;
+    int last = 0;
+    int count = 0;
+    int format = 0; // its index
+};
+
+using Change = std::function<void(QTextBlockFormat &, const Stretch &)>;
 using Choice = std::function<bool(const QTextBlock &)>;
 
 int firstLineEdge(const QTextBlockFormat &format)
 {
     return ParagraphFormat::leftIndent(format) + ParagraphFormat::firstLineIndent(format);
 }
-
-/// The paragraphs from one to another that all have the same format.
-struct Stretch
-{
-    int first = 0;
-    int last = 0;
-    int format = 0; // its index
-};
 
 QList<Stretch> stretches(const QTextCursor &selection, const Choice &choice)
 {
@@ -38,9 +42,11 @@ QList<Stretch> stretches(const QTextCursor &selection, const Choice &choice)
     SelectionRanges::forEachParagraph(selection, [&](const QTextBlock &block) {
         if (choice(block)) {
             const int format = block.blockFormatIndex();
-            if (found.isEmpty() || found.constLast().format != format || next != block.position())
-                found.append({block.position(), 0, format});
+            if (found.isEmpty() || found.constLast().format != format ||
+                found.constLast().count == mostItems || next != block.position())
+                found.append({block.position(), 0, 0, format});
             found.last().last = block.position();
+            ++found.last().count;
             next = block.position() + block.length();
         }
         return true;
@@ -56,7 +62,7 @@ void apply(const QTextCursor &selection, const Choice &choice, const Change &cha
     for (const Stretch &stretch : stretches(selection, choice)) {
         edit.setPosition(stretch.first);
         QTextBlockFormat format = edit.blockFormat();
-        change(format);
+        change(format, stretch);
         edit.setPosition(stretch.last, QTextCursor::KeepAnchor);
         edit.setBlockFormat(format);
     }
@@ -68,10 +74,15 @@ bool all(const QTextBlock &)
     return true;
 }
 
+/// The list of \a block if another paragraph may join it and then looks as one of our own bullets.
 const QTextList *plainBullets(const QTextBlock &block)
 {
     const QTextList *list = block.isValid() ? block.textList() : nullptr;
-    return list && list->format().style() == QTextListFormat::ListDisc ? list : nullptr;
+    if (!list || list->count() >= mostItems)
+        return nullptr;
+    const QTextListFormat format = list->format();
+    const bool isNested = format.indent() != 0 || format.intProperty(RichTextProperty::ListLevel) != 0;
+    return format.style() == QTextListFormat::ListDisc && !isNested ? list : nullptr;
 }
 
 bool isBulletFormat(const QTextDocument &document, const QTextBlockFormat &format)
@@ -94,21 +105,7 @@ int listFor(const QTextBlock &item, const QTextBlock &behind)
     return QTextCursor(item).createList(format)->objectIndex();
 }
 
-/// As above for all paragraphs of \a selection that have no bullet yet.
-int listFor(const QTextCursor &selection)
-{
-    QTextBlock first;
-    QTextBlock last;
-    SelectionRanges::forEachParagraph(selection, [&](const QTextBlock &block) {
-        if (!first.isValid() && !ParagraphEdits::isBulleted(block))
-            first = block;
-        last = block;
-        return true;
-    });
-    return first.isValid() ? listFor(first, last.next()) : notInList;
-}
-
-void outdent(QTextBlockFormat &format)
+void outdent(QTextBlockFormat &format, const Stretch &)
 {
     const int edge = firstLineEdge(format);
     format.setObjectIndex(notInList);
@@ -125,7 +122,7 @@ bool ParagraphEdits::isBulleted(const QTextBlock &block)
 
 void ParagraphEdits::setIndent(const QTextCursor &selection, int indent)
 {
-    apply(selection, all, [indent](QTextBlockFormat &format) {
+    apply(selection, all, [indent](QTextBlockFormat &format, const Stretch &) {
         const int firstLine = ParagraphFormat::firstLineIndent(format);
         ParagraphFormat::setIndents(format, indent - firstLine, ParagraphFormat::rightIndent(format),
                                     firstLine);
@@ -134,7 +131,7 @@ void ParagraphEdits::setIndent(const QTextCursor &selection, int indent)
 
 void ParagraphEdits::setRightIndent(const QTextCursor &selection, int indent)
 {
-    apply(selection, all, [indent](QTextBlockFormat &format) {
+    apply(selection, all, [indent](QTextBlockFormat &format, const Stretch &) {
         ParagraphFormat::setIndents(format, ParagraphFormat::leftIndent(format), indent,
                                     ParagraphFormat::firstLineIndent(format));
     });
@@ -142,17 +139,16 @@ void ParagraphEdits::setRightIndent(const QTextCursor &selection, int indent)
 
 void ParagraphEdits::addBullets(const QTextCursor &selection, int distance)
 {
-    QTextCursor whole(selection.document());
-    whole.beginEditBlock();
-    const int list = listFor(selection);
+    const QTextDocument &document = *selection.document();
     const int hanging = distance + markWidth;
-    apply(selection, all, [&](QTextBlockFormat &format) {
-        if (!isBulletFormat(*selection.document(), format))
-            format.setObjectIndex(list);
+    apply(selection, all, [&](QTextBlockFormat &format, const Stretch &stretch) {
+        if (!isBulletFormat(document, format)) {
+            const QTextBlock behind = document.findBlock(stretch.last).next();
+            format.setObjectIndex(listFor(document.findBlock(stretch.first), behind));
+        }
         ParagraphFormat::setIndents(format, firstLineEdge(format) + hanging,
                                     ParagraphFormat::rightIndent(format), -hanging);
     });
-    whole.endEditBlock();
 }
 
 void ParagraphEdits::removeBullets(const QTextCursor &selection)

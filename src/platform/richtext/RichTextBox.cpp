@@ -9,9 +9,7 @@
 #include "RuntimeError.h"
 #include "TextPrinter.h"
 
-#include <QKeyEvent>
 #include <QTextDocumentFragment>
-#include <QTextList>
 
 namespace {
 
@@ -80,6 +78,7 @@ void RichTextBox::replaceDocument(std::unique_ptr<QTextDocument> document, const
     on(shown, &QTextDocument::contentsChange, this, [this] { m_isChanged = true; });
     on(shown, &QTextDocument::contentsChanged, this, &RichTextBox::tellChange);
     m_formats.forget();
+    m_links.forget();
     m_loaded = loaded;
     const bool isFirst = old->parent() != this;
     setDocument(shown);

@@ -176,6 +176,25 @@ TEST_F(Links, StayInAnotherDocument)
     EXPECT_TRUE(colorAt(4).isValid());
 }
 
+TEST_F(Links, AtTheSamePlaceInAnotherDocumentAreMarkedAnew)
+{
+    open(QStringLiteral("www.example.org"));
+    EXPECT_TRUE(colorAt(4).isValid());
+    box.setText(QStringLiteral("www.example.org"));
+    EXPECT_TRUE(colorAt(4).isValid());
+}
+
+TEST_F(Links, ThatCameBackByUndoAreMarkedAnew)
+{
+    open(QStringLiteral("www.example.org"));
+    EXPECT_TRUE(colorAt(4).isValid());
+    select(0, 15);
+    box.setSelText({});
+    box.undo();
+    box.setSelStart(0);
+    EXPECT_TRUE(colorAt(4).isValid());
+}
+
 TEST_F(Links, AListenerMayCloseTheWindow)
 {
     auto *other = new RichTextBox;

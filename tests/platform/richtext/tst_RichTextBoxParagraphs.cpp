@@ -267,3 +267,19 @@ TEST_F(Paragraphs, ALockedListStays)
     QTest::keyClick(&box, Qt::Key_Backspace);
     EXPECT_EQ(box.SelBullet(), true);
 }
+
+TEST_F(Paragraphs, ManyBulletsComeAndGo)
+{
+    constexpr int count = 20000;
+    box.setText(QStringLiteral("item\n").repeated(count));
+    box.selectAll();
+    box.setSelBullet(true);
+    EXPECT_EQ(box.SelBullet(), true);
+    EXPECT_NE(paragraph(count / 2).textList(), nullptr);
+    box.undo();
+    box.selectAll();
+    EXPECT_EQ(box.SelBullet(), false);
+    box.setSelBullet(true);
+    box.setSelBullet(false);
+    EXPECT_EQ(box.SelBullet(), false);
+}

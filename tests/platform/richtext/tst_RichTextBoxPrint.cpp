@@ -148,8 +148,8 @@ TEST_F(Print, CellsOfATableStandApartAsOnTheScreen)
     box.setText({});
     auto *table = box.textCursor().insertTable(1, 2);
     QTextTableFormat format;
-    format.setColumnWidthConstraints({QTextLength(QTextLength::FixedLength, 192),
-                                      QTextLength(QTextLength::FixedLength, 96)});
+    format.setColumnWidthConstraints(
+        {QTextLength(QTextLength::FixedLength, 192), QTextLength(QTextLength::FixedLength, 96)});
     format.setCellPadding(0);
     format.setCellSpacing(0);
     format.setBorder(0);

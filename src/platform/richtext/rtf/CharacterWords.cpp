@@ -5,6 +5,7 @@
 #include "RtfWords.h"
 
 #include <QBrush>
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -55,20 +56,44 @@ int weightOf(const QTextCharFormat &format, const QFont &standard)
     return format.hasProperty(QTextFormat::FontWeight) ? format.fontWeight() : standard.weight();
 }
 
+QList<RtfSymbolFont::Kind> signsOf(const QList<QTextFormat> &formats)
+{
+    QList<RtfSymbolFont::Kind> kinds;
+    kinds.reserve(formats.size());
+    for (const QTextFormat &format : formats)
+        kinds.append(
+            RtfSymbolFont::kind(format.toCharFormat().fontFamilies().toStringList().value(0), false));
+    return kinds;
+}
+
+bool hasLetters(QStringView text, RtfSymbolFont::Kind kind)
+{
+    return std::any_of(text.begin(), text.end(),
+                       [=](QChar c) { return RtfSymbolFont::character(kind, c.unicode()) != c.unicode(); });
+}
+
 } // namespace
 
 CharacterWords::CharacterWords(const QList<QTextFormat> &formats, RtfHeader &header)
     : m_formats(formats)
     , m_header(header)
     , m_runs(formats.size())
+    , m_letterRuns(formats.size())
+    , m_signs(signsOf(formats))
     , m_addresses{QString()}
 {}
 
-CharacterWords::Run CharacterWords::run(int format)
+CharacterWords::Run CharacterWords::run(int format, QStringView text)
 {
-    Run &known = m_runs[format];
-    if (known.words < 0)
-        known = make(m_formats.at(format).toCharFormat());
+    const bool losesFont =
+        m_signs.at(format) != RtfSymbolFont::Kind::None && hasLetters(text, m_signs.at(format));
+    Run &known = losesFont ? m_letterRuns[format] : m_runs[format];
+    if (known.words < 0) {
+        QTextCharFormat described = m_formats.at(format).toCharFormat();
+        if (losesFont)
+            described.clearProperty(QTextFormat::FontFamilies);
+        known = make(described);
+    }
     return known;
 }
 

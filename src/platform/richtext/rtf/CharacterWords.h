@@ -1,5 +1,6 @@
 #pragma once
 
+#include "RtfSymbolFont.h"
 #include "WordSet.h"
 
 #include <QList>
@@ -21,7 +22,8 @@ public:
     /// \a formats are the document's own, by index.
     CharacterWords(const QList<QTextFormat> &formats, RtfHeader &header);
 
-    Run run(int format);
+    /// Text in a font of signs whose characters a reader would take for signs goes without that font.
+    Run run(int format, QStringView text = {});
 
     /// Run::words for the empty start of a cell, whose format tells the cell's colour besides the text's
     /// format.
@@ -45,7 +47,9 @@ private:
 
     QList<QTextFormat> m_formats;
     RtfHeader &m_header;
-    QList<Run> m_runs; ///< by format; without words until it was asked for
+    QList<Run> m_runs;                  ///< by format; without words until it was asked for
+    QList<Run> m_letterRuns;            ///< the same without a font of signs
+    QList<RtfSymbolFont::Kind> m_signs; ///< by format
     WordSet m_words;
     QStringList m_addresses;
 };

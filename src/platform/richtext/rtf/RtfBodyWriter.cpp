@@ -164,14 +164,14 @@ void RtfBodyWriter::runs(const QTextBlock &block, int next)
         const int end = qMin(next, m_to);
         if (start >= end)
             continue;
-        const CharacterWords::Run run = m_characters.run(fragment.charFormatIndex());
+        const QStringView text = QStringView(m_text).mid(start, end - start);
+        const CharacterWords::Run run = m_characters.run(fragment.charFormatIndex(), text);
         if (run.link != link && link != 0)
             m_stream.endLink();
         if (run.link != link && run.link != 0)
             m_stream.startLink(m_characters.address(run.link));
         link = run.link;
         setCharacters(run.words);
-        const QStringView text = QStringView(m_text).mid(start, end - start);
         if (run.isPicture)
             pictures(fragment.charFormatIndex(), text);
         else

@@ -8,7 +8,7 @@
 namespace {
 
 // What no page holds is taken for the largest that the format's own numbers of 16 bits reach.
-constexpr int largest = 32767;
+constexpr int largestLength = 32767;
 constexpr int deepestTable = 16;
 constexpr int deepestLevel = 8;
 
@@ -26,7 +26,7 @@ quint32 RtfParagraphState::apply(const RtfToken &token, RtfTabStops &stops)
         return quint32(property);
     };
     const auto length = [&](int &field, int least, Property property) {
-        return set(field, qBound(least, token.parameter, largest), property);
+        return set(field, qBound(least, token.parameter, largestLength), property);
     };
     const auto align = [&](Qt::Alignment value) { return set(alignment, int(value), Alignment); };
 
@@ -42,18 +42,18 @@ quint32 RtfParagraphState::apply(const RtfToken &token, RtfTabStops &stops)
         return align(Qt::AlignJustify);
     case RtfWord::LeftIndent:
     case RtfWord::StartIndent:
-        return length(left, -largest, LeftIndent);
+        return length(left, -largestLength, LeftIndent);
     case RtfWord::RightIndent:
     case RtfWord::EndIndent:
-        return length(right, -largest, RightIndent);
+        return length(right, -largestLength, RightIndent);
     case RtfWord::FirstLineIndent:
-        return length(firstLine, -largest, FirstLine);
+        return length(firstLine, -largestLength, FirstLine);
     case RtfWord::SpaceBefore:
         return length(before, 0, Before);
     case RtfWord::SpaceAfter:
         return length(after, 0, After);
     case RtfWord::LineSpacing:
-        return length(spacing, -largest, Spacing);
+        return length(spacing, -largestLength, Spacing);
     case RtfWord::LineSpacingMultiple:
         return set(isMultiple, token.parameter != 0, SpacingRule);
     case RtfWord::LeftToRightParagraph:

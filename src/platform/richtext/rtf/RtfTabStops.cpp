@@ -10,29 +10,29 @@
 
 namespace {
 
-constexpr int mostWords = 256; // a row that is longer is no one's
-constexpr int largest = 32767; // twips
+constexpr int mostWords = 256;  // a row that is longer is no one's
+constexpr int farthest = 32767; // twips
 
 struct Row
 {
     RtfWord word;
     const char *spelling;
 };
-constexpr auto rows = std::to_array<Row>({{RtfWord::TabStop, "tx"},
-                                          {RtfWord::BarTab, "tb"},
-                                          {RtfWord::TabRight, "tqr"},
-                                          {RtfWord::TabCenter, "tqc"},
-                                          {RtfWord::TabDecimal, "tqdec"},
-                                          {RtfWord::TabDots, "tldot"},
-                                          {RtfWord::TabMiddleDots, "tlmdot"},
-                                          {RtfWord::TabHyphens, "tlhyph"},
-                                          {RtfWord::TabUnderline, "tlul"},
-                                          {RtfWord::TabThickLine, "tlth"},
-                                          {RtfWord::TabEquals, "tleq"}});
+constexpr auto spellings = std::to_array<Row>({{RtfWord::TabStop, "tx"},
+                                               {RtfWord::BarTab, "tb"},
+                                               {RtfWord::TabRight, "tqr"},
+                                               {RtfWord::TabCenter, "tqc"},
+                                               {RtfWord::TabDecimal, "tqdec"},
+                                               {RtfWord::TabDots, "tldot"},
+                                               {RtfWord::TabMiddleDots, "tlmdot"},
+                                               {RtfWord::TabHyphens, "tlhyph"},
+                                               {RtfWord::TabUnderline, "tlul"},
+                                               {RtfWord::TabThickLine, "tlth"},
+                                               {RtfWord::TabEquals, "tleq"}});
 
 bool hasPlace(int row)
 {
-    const RtfWord word = rows[size_t(row)].word;
+    const RtfWord word = spellings[size_t(row)].word;
     return word == RtfWord::TabStop || word == RtfWord::BarTab;
 }
 
@@ -40,14 +40,15 @@ bool hasPlace(int row)
 
 bool RtfTabStops::apply(const RtfToken &token, int &row)
 {
-    const auto *known = std::find_if(rows.begin(), rows.end(), [&](Row r) { return r.word == token.word; });
-    if (known == rows.end())
+    const auto *known =
+        std::find_if(spellings.begin(), spellings.end(), [&](Row r) { return r.word == token.word; });
+    if (known == spellings.end())
         return false;
     Entry entry;
     entry.before = row;
     entry.count = m_entries.at(row).count + 1;
-    entry.word = int(known - rows.begin());
-    entry.twips = hasPlace(entry.word) ? qBound(-largest, token.parameter, largest) : 0;
+    entry.word = int(known - spellings.begin());
+    entry.twips = hasPlace(entry.word) ? qBound(-farthest, token.parameter, farthest) : 0;
     if (entry.count > mostWords)
         return true;
     constexpr qint64 span = 1 << 20;
@@ -75,7 +76,7 @@ QList<QTextOption::Tab> RtfTabStops::tabs(int row) const
     QTextOption::TabType type = QTextOption::LeftTab;
     const QList<Entry> all = entries(row);
     for (const Entry &entry : all) {
-        switch (rows[size_t(entry.word)].word) {
+        switch (spellings[size_t(entry.word)].word) {
         case RtfWord::TabRight:
             type = QTextOption::RightTab;
             break;
@@ -102,7 +103,7 @@ QString RtfTabStops::words(int row) const
     QStringList words;
     const QList<Entry> all = entries(row);
     for (const Entry &entry : all) {
-        QString word = QLatin1String(rows[size_t(entry.word)].spelling);
+        QString word = QLatin1String(spellings[size_t(entry.word)].spelling);
         if (hasPlace(entry.word))
             word += QString::number(entry.twips);
         words.append(word);

@@ -101,6 +101,31 @@ TEST(RtfWriterCharacterRuns, TellsWhatDiffersFromThePlainSizeOfTheFormat)
     EXPECT_EQ(bodyOf(document), QByteArray("{\\fs18 a\\par}\n"));
 }
 
+TEST(RtfWriterCharacterRuns, KeepLettersOutOfFontsOfSigns)
+{
+    PlainDocument document;
+    QTextCharFormat format;
+    format.setFontFamilies({QStringLiteral("Symbol")});
+    format.setFontItalic(true);
+    QTextCursor cursor(&document);
+    cursor.insertText(QStringLiteral("abc"), format);
+    const QByteArray letters = RtfWriter::write(document);
+    EXPECT_FALSE(letters.contains("Symbol")); // in it a reader sees Greek
+    EXPECT_EQ(bodyOf(letters), QByteArray("{\\i abc\\par}\n"));
+    document.setPlainText(QString());
+    cursor.insertText(QString::fromUtf16(u"\u03b1 1"), format);
+    EXPECT_EQ(bodyOf(document), QByteArray("{\\f1\\i \\u945? 1\\par}\n"));
+}
+
+TEST(RtfWriterCharacterRuns, NamesFontsWithoutWhatEndsOrSteersText)
+{
+    PlainDocument document;
+    QTextCharFormat format;
+    format.setFontFamilies({QString::fromUtf16(u"A;\tb\u00ad\u2011c")});
+    QTextCursor(&document).insertText(QStringLiteral("x"), format);
+    EXPECT_TRUE(RtfWriter::write(document).contains("{\\f1\\fnil A b-c;}"));
+}
+
 TEST(RtfWriterCharacterRuns, JoinsFormatsThatAreWrittenAlike)
 {
     PlainDocument document;
