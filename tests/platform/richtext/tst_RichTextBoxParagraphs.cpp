@@ -270,7 +270,7 @@ TEST_F(Paragraphs, ALockedListStays)
 
 TEST_F(Paragraphs, ManyBulletsComeAndGo)
 {
-    constexpr int count = 20000;
+    constexpr int count = 5000;
     box.setText(QStringLiteral("item\n").repeated(count));
     box.selectAll();
     box.setSelBullet(true);

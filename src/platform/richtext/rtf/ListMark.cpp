@@ -5,6 +5,8 @@
 
 namespace {
 
+constexpr int longestSide = 100; // of a number: the format counts the characters of a mark in one byte
+
 QString roman(int number)
 {
     struct Numeral
@@ -92,12 +94,13 @@ bool ListMark::isNumbered(const QTextListFormat &format)
 
 QString ListMark::before(const QTextListFormat &format)
 {
-    return format.numberPrefix();
+    return format.numberPrefix().left(longestSide);
 }
 
 QString ListMark::behind(const QTextListFormat &format)
 {
-    return format.hasProperty(QTextFormat::ListNumberSuffix) ? format.numberSuffix() : QStringLiteral(".");
+    return format.hasProperty(QTextFormat::ListNumberSuffix) ? format.numberSuffix().left(longestSide)
+                                                             : QStringLiteral(".");
 }
 
 QString ListMark::bullet(const QTextListFormat &format)

@@ -5,7 +5,7 @@
 #include "RtfLists.h"
 #include "RtfTable.h"
 #include "RtfTableFormat.h"
-#include "RtfTableGrid.h"
+#include "RtfTableLayout.h"
 
 #include <QTextList>
 #include <QTextTable>

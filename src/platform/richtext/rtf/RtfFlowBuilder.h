@@ -1,5 +1,6 @@
 #pragma once
 
+#include "RtfRowReader.h"
 #include "RtfTable.h"
 
 #include <memory>

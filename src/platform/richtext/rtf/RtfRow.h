@@ -3,8 +3,6 @@
 #include <QtGlobal>
 #include <vector>
 
-struct RtfToken;
-
 /// What control words say about a row of a table. Lengths in twips.
 struct RtfRow
 {
@@ -35,25 +33,4 @@ struct RtfRow
 
     /// Makes room for \a count cells, those that the file does not describe as wide as the last one.
     void ensureCells(size_t count);
-};
-
-/// The row that is being described, word by word.
-class RtfRowReader
-{
-public:
-    bool apply(const RtfToken &token);
-    void reset();
-    /// The words of lines that follow are a paragraph's.
-    void leaveBorder() { m_isAtBorder = false; }
-    bool isDescribed() const { return m_isDescribed; }
-    const RtfRow &row() const { return m_row; }
-
-private:
-    void addCell(int edge);
-    void applyBorder(int style);
-
-    RtfRow m_row;
-    RtfRow::Cell m_next;
-    bool m_isDescribed = false;
-    bool m_isAtBorder = false; ///< the words of lines belong to the row and not to a paragraph
 };

@@ -5,6 +5,7 @@
 #include <QTextTableCell>
 #include <QTextTableFormat>
 
+struct RtfTable;
 class RtfColorTable;
 
 /// What rows of the file say about looks, as formats of Qt's tables.

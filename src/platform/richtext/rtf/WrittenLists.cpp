@@ -25,7 +25,7 @@ int startOf(const QTextListFormat &format)
 
 void appendCount(QByteArray &out, qsizetype count)
 {
-    out.append("\\'").append(QByteArray::number(int(qMin<qsizetype>(count, 255)), 16).rightJustified(2, '0'));
+    out.append("\\'").append(QByteArray::number(count, 16).rightJustified(2, '0'));
 }
 
 /// The text around an item's number; the number stands as the byte of its level, told by its place.

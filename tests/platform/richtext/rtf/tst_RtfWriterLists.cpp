@@ -85,6 +85,17 @@ TEST(RtfWriterLists, CountTheirItems)
     EXPECT_TRUE(bytes.contains("{\\leveltext\\'03(\\'00);}{\\levelnumbers\\'02;}"));
 }
 
+TEST(RtfWriterLists, CutMarksThatAreTooLongToCount)
+{
+    PlainDocument document;
+    QTextListFormat format = flat(QTextListFormat::ListDecimal);
+    format.setNumberPrefix(QString(300, u'a'));
+    format.setNumberSuffix(QString(300, u'b'));
+    QTextCursor(&document).createList(format);
+    const QByteArray text = QByteArray(100, 'a') + "\\'00" + QByteArray(100, 'b');
+    EXPECT_TRUE(RtfWriter::write(document).contains("{\\leveltext\\'c9" + text + ";}"));
+}
+
 TEST(RtfWriterLists, OfBulletsShareOneEntry)
 {
     PlainDocument document;

@@ -1,4 +1,4 @@
-#include "RtfTableGrid.h"
+#include "RtfTableLayout.h"
 
 #include "RtfTable.h"
 

@@ -1,0 +1,124 @@
+#include "RtfRowReader.h"
+
+#include "RtfLexer.h"
+
+#include <QTextCharFormat>
+#include <QTextFrameFormat>
+
+namespace {
+
+constexpr int largest = 32767;
+
+} // namespace
+
+void RtfRowReader::reset()
+{
+    m_row = RtfRow();
+    m_next = RtfRow::Cell();
+    m_isAtBorder = false;
+}
+
+bool RtfRowReader::apply(const RtfToken &token)
+{
+    const int length = qBound(-largest, token.parameter, largest);
+    switch (token.word) {
+    case RtfWord::RowDefault:
+        reset();
+        m_isDescribed = true;
+        break;
+    case RtfWord::CellEdge:
+        addCell(length);
+        break;
+    case RtfWord::RowLeft:
+        m_row.left = length;
+        break;
+    case RtfWord::RowGap:
+        m_row.gap = qMax(0, length);
+        break;
+    case RtfWord::RightToLeftRow:
+        m_row.isRightToLeft = true;
+        break;
+    case RtfWord::RowAtLeft:
+        m_row.alignment = 0;
+        break;
+    case RtfWord::RowInCenter:
+        m_row.alignment = Qt::AlignHCenter;
+        break;
+    case RtfWord::RowAtRight:
+        m_row.alignment = Qt::AlignRight;
+        break;
+    case RtfWord::HeaderRow:
+        m_row.isHeader = true;
+        break;
+    case RtfWord::MergeNext:
+        m_next.joinsLeft = true;
+        break;
+    case RtfWord::VerticalMergeNext:
+        m_next.joinsAbove = true;
+        break;
+    case RtfWord::CellShading:
+        m_next.shading = qMax(0, token.parameter);
+        break;
+    case RtfWord::CellMiddle:
+        m_next.alignment = QTextCharFormat::AlignMiddle;
+        break;
+    case RtfWord::CellBottom:
+        m_next.alignment = QTextCharFormat::AlignBottom;
+        break;
+    case RtfWord::CellBorderTop:
+    case RtfWord::CellBorderLeft:
+    case RtfWord::CellBorderBottom:
+    case RtfWord::CellBorderRight:
+    case RtfWord::RowBorderTop:
+    case RtfWord::RowBorderLeft:
+    case RtfWord::RowBorderBottom:
+    case RtfWord::RowBorderRight:
+    case RtfWord::RowBorderInnerRows:
+    case RtfWord::RowBorderInnerColumns:
+        m_isAtBorder = true;
+        break;
+    case RtfWord::BorderSingle:
+    case RtfWord::BorderThick:
+    case RtfWord::BorderHair:
+        applyBorder(QTextFrameFormat::BorderStyle_Solid);
+        break;
+    case RtfWord::BorderDouble:
+        applyBorder(QTextFrameFormat::BorderStyle_Double);
+        break;
+    case RtfWord::BorderDotted:
+        applyBorder(QTextFrameFormat::BorderStyle_Dotted);
+        break;
+    case RtfWord::BorderDashed:
+        applyBorder(QTextFrameFormat::BorderStyle_Dashed);
+        break;
+    case RtfWord::BorderWidth:
+        if (m_isAtBorder && m_row.borderStyle != 0)
+            m_row.borderWidth = qMax(0, length);
+        break;
+    case RtfWord::BorderColor:
+        if (m_isAtBorder && m_row.borderStyle != 0)
+            m_row.borderColor = qMax(0, token.parameter);
+        break;
+    default:
+        return false;
+    }
+    return true;
+}
+
+void RtfRowReader::applyBorder(int style)
+{
+    if (m_isAtBorder)
+        m_row.borderStyle = style;
+}
+
+/// Edges go to the right; one that does not leaves its cell as narrow as can be.
+void RtfRowReader::addCell(int edge)
+{
+    if (m_row.cells.size() < RtfRow::mostCells) {
+        const int before = m_row.cells.empty() ? m_row.left : m_row.cells.back().edge;
+        m_next.edge = qMax(edge, before + 1);
+        m_row.cells.push_back(m_next);
+    }
+    m_next = RtfRow::Cell();
+    m_isAtBorder = false;
+}
