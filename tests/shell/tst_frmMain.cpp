@@ -107,18 +107,23 @@ TEST_F(FrameTest, AToolHidesTheWordButtonsUntilADocumentIsActive)
     EXPECT_TRUE(wordButtonsShown(1));
 }
 
-TEST_F(FrameTest, AHiddenReportWithATextCountsAsADocument)
+TEST_F(FrameTest, TwoDocumentsAndAHiddenReportCountAsThree)
 {
-    closeAllDocuments();
+    suite.choose("mnuFileNew");
     Form report(QStringLiteral("frmReport"));
     RichTextBox text(&report);
     text.setObjectName(QStringLiteral("rtfTextBox"));
     report.load();
-    suite.frame().checkForDocument();
-    EXPECT_TRUE(suite.frame().tbToolBar().button(3).isVisible());
+    const QAction &save = suite.frame().tbToolBar().button(3);
+    for (int closed = 0; closed < 2; ++closed) {
+        suite.choose("mnuFileClose");
+        EXPECT_TRUE(save.isVisible());
+    }
+    EXPECT_EQ(suite.frame().ActiveForm(), nullptr);
+    report.setAttribute(Qt::WA_DeleteOnClose, false); // it is this test's own
     report.unload();
     suite.frame().checkForDocument();
-    EXPECT_FALSE(suite.frame().tbToolBar().button(3).isVisible());
+    EXPECT_FALSE(save.isVisible());
 }
 
 TEST_F(FrameTest, ASingleInstanceToolOpensOnce)

@@ -2,6 +2,7 @@
 #include "Forms.h"
 #include "FullDisk.h"
 #include "Globals.h"
+#include "Paths.h"
 #include "RunningSuite.h"
 #include "StandInTool.h"
 #include "UrlCatcher.h"
@@ -122,7 +123,7 @@ TEST_F(DocumentTest, ClosingAsTextWritesPlainText)
     EXPECT_EQ(Files::read(path("closing.txt")), QByteArray("plain words"));
 }
 
-TEST_F(DocumentTest, AFullDiskAtClosingAsksForAnotherPlace)
+TEST_F(DocumentTest, AFileThatCannotBeWrittenAtClosingAsksForAnotherPlace)
 {
     suite.type(QStringLiteral("precious"));
     saveQuestion(QStringLiteral("Document 1")).press(QMessageBox::Yes);
@@ -163,6 +164,7 @@ TEST_F(DocumentTest, TheOpenDialogIsAsGiven)
     fileDialog("Open")
         .filters({QStringLiteral("Rtf Files (*.rtf)"), QStringLiteral("Text Files (*.txt)"),
                   QStringLiteral("All Files (*)")})
+        .folder(Paths::appPath() + QStringLiteral("/docs"))
         .cancel();
     suite.press("Open");
     EXPECT_EQ(suite.active().Caption(), QStringLiteral("Document 1"));
@@ -234,6 +236,7 @@ TEST_F(DocumentTest, SavingAnUnnamedDocumentAsTextConfirms)
     fileDialog("Save As TXT")
         .filters(
             {QStringLiteral("Text Files (*.txt *.bat *.dat *.log *.ini)"), QStringLiteral("Al Files (*)")})
+        .folder(Paths::appPath() + QStringLiteral("/docs"))
         .accept(path("what.txt"));
     suite.press("Save");
     EXPECT_EQ(Files::read(path("what.txt")), QByteArray("x"));
