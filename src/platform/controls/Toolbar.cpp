@@ -5,6 +5,8 @@
 #include "ThemeIcon.h"
 
 #include <QEvent>
+#include <QMenu>
+#include <QToolButton>
 
 namespace {
 
@@ -13,6 +15,12 @@ const int noSuchElement = 35601;
 [[noreturn]] void refuse(const QString &which)
 {
     throw RuntimeError(noSuchElement, QStringLiteral("Element not found"), which);
+}
+
+void setPressedLook(QAction &action, bool pressed)
+{
+    action.setCheckable(pressed); // what is not pressed stays a plain button
+    action.setChecked(pressed);
 }
 
 } // namespace
@@ -37,16 +45,42 @@ void Toolbar::addRow(const ToolbarRow &row)
         m_buttons.insert(row.position, addSeparator());
         return;
     }
-    const QString key = QString::fromLatin1(row.key);
     const QString toolTip = QString::fromLatin1(row.toolTip);
     QAction *action = addAction(toolTip);
     action->setToolTip(toolTip);
     m_buttons.insert(row.position, action);
+    m_styles.insert(row.position, row.style);
     m_icons.insert(action, QString::fromLatin1(row.icon));
-    QWidget *button = widgetForAction(action);
-    button->setObjectName(key);
-    button->setAccessibleName(toolTip);
-    on(action, &QAction::triggered, this, [this, key] { Q_EMIT ButtonClick(key); });
+    auto &button = static_cast<QToolButton &>(*widgetForAction(action));
+    button.setObjectName(QString::fromLatin1(row.key));
+    button.setAccessibleName(toolTip);
+    if (row.style == ToolbarRow::Style::DropDown)
+        addList(button);
+    on(action, &QAction::triggered, this, [this, position = row.position] { clicked(position); });
+}
+
+void Toolbar::addList(QToolButton &button)
+{
+    button.setPopupMode(QToolButton::MenuButtonPopup);
+    button.setMenu(new QMenu(&button));
+}
+
+void Toolbar::setLists(std::span<const ToolbarMenuRow> rows)
+{
+    for (const ToolbarMenuRow &row : rows) {
+        QMenu &list = *toolButton(QString::fromLatin1(row.button)).menu();
+        if (!row.text) {
+            list.addSeparator();
+            continue;
+        }
+        const QString key = QString::fromLatin1(row.key);
+        QAction *entry = list.addAction(QString::fromLatin1(row.text));
+        entry->setObjectName(key);
+        if (row.icon)
+            m_icons.insert(entry, QString::fromLatin1(row.icon));
+        on(entry, &QAction::triggered, this, [this, key] { Q_EMIT ButtonMenuClick(key); });
+    }
+    setIcons();
 }
 
 QAction &Toolbar::button(int position) const
@@ -65,6 +99,11 @@ QAction &Toolbar::button(const QString &key) const
     refuse(key);
 }
 
+QToolButton &Toolbar::toolButton(const QString &key) const
+{
+    return static_cast<QToolButton &>(*widgetForAction(&button(key)));
+}
+
 void Toolbar::setButtonsEnabled(int first, int last, bool enabled)
 {
     for (auto button = m_buttons.lowerBound(first); button != m_buttons.end() && button.key() <= last;
@@ -77,6 +116,40 @@ void Toolbar::setButtonsVisible(int first, int last, bool visible)
     for (auto button = m_buttons.lowerBound(first); button != m_buttons.end() && button.key() <= last;
          ++button)
         (*button)->setVisible(visible);
+}
+
+void Toolbar::setPressed(const QString &key, bool pressed)
+{
+    setPressedLook(button(key), pressed);
+}
+
+bool Toolbar::isPressed(const QString &key) const
+{
+    return button(key).isChecked();
+}
+
+void Toolbar::clicked(int position)
+{
+    QAction &action = button(position);
+    if (isInGroup(position))
+        pressInGroup(position);
+    else if (action.isCheckable())
+        action.setChecked(true); // the click itself has released it
+    Q_EMIT ButtonClick(widgetForAction(&action)->objectName());
+}
+
+void Toolbar::pressInGroup(int position)
+{
+    int first = position;
+    while (isInGroup(first - 1))
+        --first;
+    for (int other = first; isInGroup(other); ++other)
+        setPressedLook(button(other), other == position);
+}
+
+bool Toolbar::isInGroup(int position) const
+{
+    return m_styles.value(position) == ToolbarRow::Style::Group;
 }
 
 void Toolbar::setIcons()

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "ToolbarMenuRow.h"
 #include "ToolbarRow.h"
 
 #include <QMap>
 #include <QToolBar>
 #include <span>
+
+class QToolButton;
 
 /// A toolbar whose buttons are rows of a table, reached by position or by key. It tells which key was clicked
 /// and runs no command itself.
@@ -16,6 +19,8 @@ public:
     explicit Toolbar(QWidget *parent = nullptr);
 
     void setButtons(std::span<const ToolbarRow> rows);
+    /// The lists of the drop-down buttons that are there already.
+    void setLists(std::span<const ToolbarMenuRow> rows);
 
     /// The button at \a position or with \a key. Throws RuntimeError 35601 when there is none.
     QAction &button(int position) const;
@@ -25,16 +30,27 @@ public:
     void setButtonsEnabled(int first, int last, bool enabled);
     void setButtonsVisible(int first, int last, bool visible);
 
+    /// The pressed look. A click leaves it as it is, save in a group, whose buttons release each other.
+    void setPressed(const QString &key, bool pressed);
+    bool isPressed(const QString &key) const;
+
 Q_SIGNALS:
     void ButtonClick(const QString &key);
+    void ButtonMenuClick(const QString &key);
 
 protected:
     void changeEvent(QEvent *event) override;
 
 private:
     void addRow(const ToolbarRow &row);
+    void addList(QToolButton &button);
+    void clicked(int position);
+    void pressInGroup(int position);
+    bool isInGroup(int position) const;
+    QToolButton &toolButton(const QString &key) const;
     void setIcons();
 
     QMap<int, QAction *> m_buttons;
+    QMap<int, ToolbarRow::Style> m_styles;
     QMap<QAction *, QString> m_icons;
 };
