@@ -39,11 +39,18 @@ private:
 class Sibling
 {
 public:
-    explicit Sibling(const QByteArray &target)
-        : m_name(target + ".XXXXXX")
-        , m_fd(::mkostemp(m_name.data(), O_CLOEXEC))
-        , m_pending(m_fd.isOpen())
-    {}
+    static Sibling unique(const QByteArray &target)
+    {
+        QByteArray name = target + ".XXXXXX";
+        const int fd = ::mkostemp(name.data(), O_CLOEXEC);
+        return Sibling(name, fd);
+    }
+    static Sibling fixed(const QByteArray &target)
+    {
+        const QByteArray name = target + ".new";
+        return Sibling(name,
+                       ::open(name.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0600));
+    }
     ~Sibling()
     {
         if (m_pending)
@@ -56,6 +63,12 @@ public:
     bool replace(const QByteArray &target);
 
 private:
+    Sibling(const QByteArray &name, int fd)
+        : m_name(name)
+        , m_fd(fd)
+        , m_pending(m_fd.isOpen())
+    {}
+
     QByteArray m_name;
     Descriptor m_fd;
     bool m_pending;
@@ -111,6 +124,30 @@ QByteArray targetOf(const QString &path)
     return target;
 }
 
+void writeBy(Sibling (*make)(const QByteArray &target), const QString &path, const QByteArray &bytes)
+{
+    const QByteArray target = targetOf(path);
+    struct stat old = {};
+    const bool replaces = ::stat(target.constData(), &old) == 0;
+    if (replaces && !S_ISREG(old.st_mode))
+        throw RuntimeError(ErrorNumber::PathFileAccessError, {}, path);
+    if (replaces && ::access(target.constData(), W_OK) != 0)
+        fail(path);
+    if (!replaces)
+        old.st_mode = ordinaryMode();
+
+    Sibling sibling = make(target);
+    if (!sibling.isOpen())
+        fail(path, errno == ENOENT ? ENOTDIR : errno);
+    if (!sibling.takeModeOf(old) || !sibling.write(bytes) || !sibling.replace(target))
+        fail(path);
+
+    const Descriptor folder(::open(QFile::encodeName(QFileInfo(QFile::decodeName(target)).path()).constData(),
+                                   O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (folder.isOpen())
+        ::fsync(folder.get()); // the rename itself has to last; not every file system offers it
+}
+
 } // namespace
 
 QByteArray Files::read(const QString &path)
@@ -145,24 +182,10 @@ QByteArray Files::read(const QString &path)
 
 void Files::write(const QString &path, const QByteArray &bytes)
 {
-    const QByteArray target = targetOf(path);
-    struct stat old = {};
-    const bool replaces = ::stat(target.constData(), &old) == 0;
-    if (replaces && !S_ISREG(old.st_mode))
-        throw RuntimeError(ErrorNumber::PathFileAccessError, {}, path);
-    if (replaces && ::access(target.constData(), W_OK) != 0)
-        fail(path);
-    if (!replaces)
-        old.st_mode = ordinaryMode();
+    writeBy(&Sibling::unique, path, bytes);
+}
 
-    Sibling sibling(target);
-    if (!sibling.isOpen())
-        fail(path, errno == ENOENT ? ENOTDIR : errno);
-    if (!sibling.takeModeOf(old) || !sibling.write(bytes) || !sibling.replace(target))
-        fail(path);
-
-    const Descriptor folder(::open(QFile::encodeName(QFileInfo(QFile::decodeName(target)).path()).constData(),
-                                   O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    if (folder.isOpen())
-        ::fsync(folder.get()); // the rename itself has to last; not every file system offers it
+void Files::writeLocked(const QString &path, const QByteArray &bytes)
+{
+    writeBy(&Sibling::fixed, path, bytes);
 }

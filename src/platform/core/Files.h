@@ -18,4 +18,8 @@ QByteArray read(const QString &path);
 /// \a path is a folder or a device.
 void write(const QString &path, const QByteArray &bytes);
 
+/// As write, for a caller that holds a lock against all other writers of \a path: the new bytes stand in
+/// "PATH.new" meanwhile, so that what killed processes leave behind is one file, which the next write takes.
+void writeLocked(const QString &path, const QByteArray &bytes);
+
 } // namespace Files

@@ -3,12 +3,26 @@
 #include "RuntimeError.h"
 
 #include <QLocale>
+#include <QRegularExpression>
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
 namespace {
 
 constexpr int singleDigits = 7;
+constexpr int doubleDigits = 15;
+
+QString shortText(double value, int digits)
+{
+    return QString::number(value, 'g', digits).toUpper();
+}
+
+QString withoutBlanks(QString text)
+{
+    static const QRegularExpression blanks(QStringLiteral("[ \\t\\r\\n]"));
+    return text.remove(blanks);
+}
 
 double toDouble(const QString &text)
 {
@@ -24,12 +38,36 @@ double toDouble(const QString &text)
 
 QString Numbers::singleText(float value)
 {
-    QString text = QString::number(double(value), 'g', singleDigits).toUpper();
+    QString text = shortText(double(value), singleDigits);
     if (text.startsWith(QLatin1String("0.")))
         text.remove(0, 1);
     else if (text.startsWith(QLatin1String("-0.")))
         text.remove(1, 1);
     return text;
+}
+
+QString Numbers::doubleText(double value)
+{
+    return shortText(value, doubleDigits);
+}
+
+double Numbers::leadingNumber(const QString &text)
+{
+    static const QRegularExpression number(
+        QStringLiteral("^[+-]?(?:[0-9]+\\.?[0-9]*|\\.[0-9]+)(?:[Ee][+-]?[0-9]+)?"));
+    const double value = number.match(withoutBlanks(text)).captured().toDouble();
+    return std::clamp(value, std::numeric_limits<double>::lowest(), std::numeric_limits<double>::max());
+}
+
+double Numbers::rounded(double value, int places)
+{
+    if (!std::isfinite(value))
+        throw RuntimeError(ErrorNumber::Overflow);
+    const double scale = std::pow(10.0, places);
+    const double scaled = value * scale;
+    if (std::isinf(scaled))
+        return value; // so large a number has no decimals to lose
+    return std::nearbyint(scaled) / scale;
 }
 
 float Numbers::toSingle(const QString &text)

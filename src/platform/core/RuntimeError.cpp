@@ -13,6 +13,10 @@ QString platformText(int number)
         return QStringLiteral("Overflow");
     case ErrorNumber::OutOfMemory:
         return QStringLiteral("Out of memory");
+    case ErrorNumber::SubscriptOutOfRange:
+        return QStringLiteral("Subscript out of range");
+    case ErrorNumber::DivisionByZero:
+        return QStringLiteral("Division by zero");
     case ErrorNumber::TypeMismatch:
         return QStringLiteral("Type mismatch");
     case ErrorNumber::FileNotFound:
@@ -37,6 +41,8 @@ QString platformText(int number)
         return QStringLiteral("Object required");
     case ErrorNumber::NoSuchMember:
         return QStringLiteral("Object doesn't support this property or method");
+    case ErrorNumber::PrinterError:
+        return QStringLiteral("Printer error");
     case ErrorNumber::DialogCancelled:
         return QStringLiteral("Cancel was selected.");
     default:

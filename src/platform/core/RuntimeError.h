@@ -8,6 +8,8 @@ namespace ErrorNumber {
 inline constexpr int InvalidProcedureCall = 5;
 inline constexpr int Overflow = 6;
 inline constexpr int OutOfMemory = 7;
+inline constexpr int SubscriptOutOfRange = 9;
+inline constexpr int DivisionByZero = 11;
 inline constexpr int TypeMismatch = 13;
 inline constexpr int FileNotFound = 53;
 inline constexpr int DeviceIoError = 57;
@@ -20,6 +22,7 @@ inline constexpr int InvalidFileFormat = 321;
 inline constexpr int InvalidPropertyValue = 380;
 inline constexpr int ObjectRequired = 424;
 inline constexpr int NoSuchMember = 438;
+inline constexpr int PrinterError = 482;
 inline constexpr int DialogCancelled = 32755;
 } // namespace ErrorNumber
 

@@ -31,6 +31,24 @@ TEST_F(FilesTest, WritesAndReadsBack)
     EXPECT_EQ(folder(), QStringList(QStringLiteral("note.txt")));
 }
 
+TEST_F(FilesTest, ALockedWriteTakesWhatAKilledOneLeft)
+{
+    Files::write(path, "one");
+    Files::write(path + QStringLiteral(".new"), QByteArray(1000, 'x'));
+    Files::writeLocked(path, "two");
+    EXPECT_EQ(Files::read(path), QByteArray("two"));
+    EXPECT_EQ(folder(), QStringList(QStringLiteral("note.txt")));
+}
+
+TEST_F(FilesTest, ALockedWriteDoesNotFollowALinkInItsWay)
+{
+    ASSERT_TRUE(QFile::link(other, path + QStringLiteral(".new")));
+    Files::write(other, "other");
+    EXPECT_NE(errorNumberOf([&] { Files::writeLocked(path, "two"); }), 0);
+    EXPECT_EQ(Files::read(other), QByteArray("other"));
+    EXPECT_FALSE(QFile::exists(path));
+}
+
 TEST_F(FilesTest, KeepsThePermissionsOfTheOldFile)
 {
     Files::write(path, "one");

@@ -19,6 +19,7 @@ struct RuntimeErrorErrnoTest : testing::TestWithParam<ErrnoRow>
 
 TEST(RuntimeErrorTest, TakesThePlatformsTextWhereNoneIsGiven)
 {
+    EXPECT_EQ(RuntimeError(11).description(), QStringLiteral("Division by zero"));
     EXPECT_EQ(RuntimeError(13).description(), QStringLiteral("Type mismatch"));
     EXPECT_EQ(RuntimeError(32755).description(), QStringLiteral("Cancel was selected."));
     EXPECT_EQ(RuntimeError(1234).description(),

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "Calculator.h"
+#include "CalculatorDisplay.h"
+#include "ChildForm.h"
+
+#include <array>
+
+class QFrame;
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+class QRadioButton;
+
+/// The calculator's window: one field, its keys and the choice of rounding. Nothing outlives it.
+class frmCalculator : public ChildForm, private CalculatorDisplay
+{
+public:
+    frmCalculator();
+
+    QList<QMenu *> menus() const override { return m_menus; }
+    QSize sizeHint() const override;
+
+protected:
+    void Form_Load() override;
+
+private:
+    void cmddigit_Click(int index);
+    void cmddecimal_Click();
+    void cmdaction_Click(int index);
+    void listDecimals_Click();
+    void Option1_Click();
+    void OKButton_Click();
+
+    QString text() const override;
+    void setText(const QString &text) override;
+    void tellSecondPoint() override;
+    void tellCalculationError(const RuntimeError &error) override;
+
+    QPushButton *key(const QString &name, const QString &caption, const QString &accessibleName);
+    QFrame *frame(const QString &name, const QString &accessibleName);
+    void buildField();
+    void buildKeys();
+    void buildRounding();
+    QFrame *layOutDigits();
+    QFrame *layOutActions();
+    QFrame *layOutRounding();
+    void layOut();
+    void orderTabs();
+    void bind();
+
+    QLineEdit *txtresult;
+    std::array<QPushButton *, 10> cmddigit;
+    QPushButton *cmddecimal;
+    std::array<QPushButton *, 7> cmdaction;
+    QListWidget *listDecimals;
+    std::array<QRadioButton *, 2> Option1;
+    QPushButton *OKButton;
+
+    QList<QMenu *> m_menus;
+    Calculator m_calculator;
+};

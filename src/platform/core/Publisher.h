@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+/// Where the publisher is found. The host names stand in publisher.ini in the program's folder.
+namespace Publisher {
+
+/// The page \a path, which begins with "/", of the publisher's web server.
+QString webAddress(const QString &path);
+
+} // namespace Publisher

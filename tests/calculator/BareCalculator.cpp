@@ -1,0 +1,67 @@
+#include "BareCalculator.h"
+
+#include "RuntimeError.h"
+
+BareCalculator::BareCalculator()
+{
+    calculator.chooseDecimals(m_row, m_up);
+    calculator.reset();
+    calculator.chooseRounding(m_row, m_up);
+}
+
+void BareCalculator::perform(const QString &keys)
+{
+    for (const CalculatorStep &step : CalculatorStep::parse(keys))
+        perform(step);
+}
+
+void BareCalculator::perform(const CalculatorStep &step)
+{
+    switch (step.kind) {
+    case CalculatorStep::Digit:
+        calculator.enterDigit(step.index);
+        break;
+    case CalculatorStep::Point:
+        calculator.enterDecimalPoint();
+        break;
+    case CalculatorStep::Action:
+        press(step.index);
+        break;
+    case CalculatorStep::Type:
+        field = step.text;
+        break;
+    case CalculatorStep::Decimals:
+        m_row = step.index;
+        calculator.chooseDecimals(m_row, m_up);
+        break;
+    case CalculatorStep::Option:
+        m_up = step.index == 0;
+        calculator.chooseRounding(m_row, m_up);
+        break;
+    }
+}
+
+void BareCalculator::press(int key)
+{
+    try {
+        calculator.press(Operation(key));
+    } catch (const RuntimeError &error) {
+        tell(QStringLiteral("thrown %1").arg(error.number()));
+    }
+}
+
+void BareCalculator::tellSecondPoint()
+{
+    tell(QStringLiteral("point"));
+}
+
+void BareCalculator::tellCalculationError(const RuntimeError &error)
+{
+    tell(QStringLiteral("error %1").arg(error.number()));
+}
+
+void BareCalculator::tell(const QString &what)
+{
+    told.append(what);
+    fieldWhenTold.append(field);
+}
