@@ -52,6 +52,20 @@ void FlatTitleStyle::drawComplexControl(ComplexControl control, const QStyleOpti
         QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
+int FlatTitleStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
+{
+    switch (metric) {
+    case PM_ToolBarIconSize:
+        return 16;
+    case PM_ToolBarSeparatorExtent:
+        return 5;
+    case PM_ToolBarItemSpacing:
+        return 0;
+    default:
+        return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+}
+
 void FlatTitleStyle::drawTitleBar(const QStyleOptionTitleBar &option, QPainter &painter,
                                   const QWidget *widget) const
 {

@@ -4,7 +4,8 @@
 
 class QStyleOptionTitleBar;
 
-/// Fusion with flat title bars on the child windows, in the palette's colours.
+/// Fusion with flat title bars on the child windows, in the palette's colours, and toolbars so compact that
+/// the frame's fits into its first width.
 class FlatTitleStyle : public QProxyStyle
 {
 public:
@@ -12,6 +13,7 @@ public:
 
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex *option, QPainter *painter,
                             const QWidget *widget) const override;
+    int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;
 
 private:
     void drawTitleBar(const QStyleOptionTitleBar &option, QPainter &painter, const QWidget *widget) const;
