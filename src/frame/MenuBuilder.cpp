@@ -1,6 +1,6 @@
 #include "MenuBuilder.h"
 
-#include "ThemeIcon.h"
+#include "MenuIcons.h"
 
 namespace {
 
@@ -10,7 +10,7 @@ bool opensMenu(std::span<const MenuRow> rows, std::size_t index)
     return rows[index].level == 0 || (index + 1 < rows.size() && rows[index + 1].level > rows[index].level);
 }
 
-void furnish(QAction &action, const MenuRow &row)
+void furnish(QAction &action, const MenuRow &row, MenuIcons &icons)
 {
     action.setObjectName(QString::fromLatin1(row.name));
     action.setMenuRole(QAction::NoRole);
@@ -23,13 +23,14 @@ void furnish(QAction &action, const MenuRow &row)
     if (row.shortcut)
         action.setShortcut(QKeySequence(QString::fromLatin1(row.shortcut), QKeySequence::PortableText));
     if (row.icon)
-        action.setIcon(ThemeIcon::named(QString::fromLatin1(row.icon)));
+        icons.add(action, QString::fromLatin1(row.icon));
 }
 
 } // namespace
 
 QList<QMenu *> MenuBuilder::build(std::span<const MenuRow> rows, QWidget &owner)
 {
+    auto &icons = *new MenuIcons(owner);
     QList<QMenu *> open; // the menu that each level is being filled into
     QList<QMenu *> bar;
     for (std::size_t i = 0; i < rows.size(); ++i) {
@@ -43,22 +44,12 @@ QList<QMenu *> MenuBuilder::build(std::span<const MenuRow> rows, QWidget &owner)
             else
                 open.last()->addMenu(menu);
             open.append(menu);
-            furnish(*menu->menuAction(), row);
+            furnish(*menu->menuAction(), row, icons);
         } else {
             QAction *item = row.flags & MenuRow::Separator ? open.last()->addSeparator()
                                                            : open.last()->addAction(caption);
-            furnish(*item, row);
+            furnish(*item, row, icons);
         }
     }
     return bar;
-}
-
-void MenuBuilder::refreshIcons(std::span<const MenuRow> rows, const QWidget &owner)
-{
-    for (const MenuRow &row : rows) {
-        if (!row.icon)
-            continue;
-        if (auto *action = owner.findChild<QAction *>(QString::fromLatin1(row.name)))
-            action->setIcon(ThemeIcon::named(QString::fromLatin1(row.icon)));
-    }
 }

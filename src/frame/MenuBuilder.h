@@ -6,13 +6,11 @@
 #include <QMenu>
 #include <span>
 
-/// Menus from the rows of a table. It binds no command: the owner finds each item by its name.
+/// Menus from the rows of a table, whose icons follow the palette from light to dark and back. It binds no
+/// command: the owner finds each item by its name.
 namespace MenuBuilder {
 
 /// The menus of level 0, owned by \a owner, each item (and each menu's own action) under its name.
 QList<QMenu *> build(std::span<const MenuRow> rows, QWidget &owner);
-
-/// Gives the items their icons anew, after the palette has turned from light to dark or back.
-void refreshIcons(std::span<const MenuRow> rows, const QWidget &owner);
 
 } // namespace MenuBuilder

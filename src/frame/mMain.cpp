@@ -5,11 +5,17 @@
 #include "MainFrame.h"
 
 #include <QDir>
+#include <QSysInfo>
 
 QString SystemDirectory()
 {
     const QString folder = QStringLiteral("/usr/bin");
     return QDir(folder).exists() ? folder : QString();
+}
+
+QString GetThisComputerName()
+{
+    return QSysInfo::machineHostName();
 }
 
 void CloseFormByName(const QString &name)

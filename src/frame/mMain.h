@@ -6,6 +6,9 @@
 /// none.
 QString SystemDirectory();
 
+/// The name of this computer.
+QString GetThisComputerName();
+
 /// Unloads every open window whose name is exactly \a name.
 void CloseFormByName(const QString &name);
 

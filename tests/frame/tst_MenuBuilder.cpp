@@ -1,5 +1,6 @@
 #include "MenuBuilder.h"
 
+#include <QGuiApplication>
 #include <QWidget>
 #include <gtest/gtest.h>
 
@@ -7,7 +8,7 @@ namespace {
 
 constexpr MenuRow rows[] = {
     {0, "mnuOne", "&One", nullptr, 0, nullptr},
-    {1, "mnuOneA", "&A", "Ctrl+Q", 0, nullptr},
+    {1, "mnuOneA", "&A", "Ctrl+Q", 0, "document-new"},
     {1, "mnuOneBar", "-", nullptr, MenuRow::Separator, nullptr},
     {1, "mnuOneMore", "&More", nullptr, 0, nullptr},
     {2, "mnuDeep", "Deep", nullptr, MenuRow::Checked, nullptr},
@@ -43,4 +44,16 @@ TEST_F(MenuBuilderTest, TakesOverFlagsAndShortcuts)
     EXPECT_TRUE(item("mnuDeep").isChecked());
     EXPECT_FALSE(item("mnuGone").isVisible());
     EXPECT_FALSE(item("mnuGone").isEnabled());
+}
+
+TEST_F(MenuBuilderTest, IconsFollowThePalette)
+{
+    const QImage onLight = item("mnuOneA").icon().pixmap(16).toImage();
+    QPalette dark;
+    dark.setColor(QPalette::Window, Qt::black);
+    dark.setColor(QPalette::WindowText, Qt::white);
+    QGuiApplication::setPalette(dark);
+    owner.setPalette(dark);
+    EXPECT_FALSE(onLight.isNull());
+    EXPECT_NE(item("mnuOneA").icon().pixmap(16).toImage(), onLight);
 }

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QHash>
+#include <QObject>
+
+class QAction;
+class QWidget;
+
+/// The icons of a window's menu items. They come from the theme anew when the window's palette turns.
+class MenuIcons : public QObject
+{
+public:
+    /// Is owned by \a window.
+    explicit MenuIcons(QWidget &window);
+
+    /// \a item lives as long as the window. \a icon is a freedesktop name.
+    void add(QAction &item, const QString &icon);
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    QHash<QAction *, QString> m_icons;
+};
