@@ -1,0 +1,15 @@
+#pragma once
+
+class QString;
+class RegistryStore;
+
+/// Makes the desktop follow what the registry's classes say of file extensions.
+namespace FileAssociations {
+
+/// Tells the desktop of the class \a className as it stands in \a store: a kind of file for its extensions,
+/// and its program as the one that opens them, with the other commands as further actions. Waits until the
+/// desktop's own tools have taken it over. Does nothing for a class without extension or open command.
+/// A missing tool, or a folder that cannot be written, is passed over: the keys are what counts.
+void materialise(const RegistryStore &store, const QString &className);
+
+} // namespace FileAssociations

@@ -1,0 +1,29 @@
+#include "FileLock.h"
+
+#include <QFile>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
+// The file is its owner's alone: whoever could open it could also hold it for ever.
+FileLock::FileLock(const QString &path)
+    : m_fd(::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600))
+{
+    if (m_fd < 0) {
+        m_error = errno;
+        return;
+    }
+    while (::flock(m_fd, LOCK_EX) != 0) {
+        if (errno != EINTR) {
+            m_error = errno;
+            return;
+        }
+    }
+}
+
+FileLock::~FileLock()
+{
+    if (m_fd >= 0)
+        ::close(m_fd);
+}

@@ -1,0 +1,151 @@
+#include "DialogDriver.h"
+#include "ErrorNumberOf.h"
+#include "Files.h"
+#include "Globals.h"
+#include "PrintQt.h"
+#include "ScratchHome.h"
+#include "ScratchVariable.h"
+#include "SystemShortcuts.h"
+#include "UrlCatcher.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSysInfo>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Item
+{
+    const char *name;
+    const char *tool; ///< one that serves; the program's name is its last part
+    bool keepsId;
+    bool isOpen;
+    bool hasSubstitute = false; ///< what serves without a tool
+};
+
+constexpr Item items[] = {
+    {"mnuAddRemove", "org.gnome.Software", false, false},
+    {"mnuBasicSysInfo", "hardinfo", false, false},
+    {"mnuIntOpts", "nm-connection-editor", false, false},
+    {"mnuManageFirewall", "gufw", false, false},
+    {"mnuSecurityCtr", "clamtk", false, false},
+    {"mnuCleanUp", "org.kde.filelight", true, false},
+    {"mnuComponents", "org.gnome.dfeet", true, false},
+    {"mnuDirectXDiag", "cpu-x", true, false},
+    {"mnuRestore", "timeshift-gtk", true, false},
+    {"mnuTskMgr", "xfce4-taskmanager", true, false},
+    {"mnuWinVer", "gnome-info-overview-panel", true, false, true},
+    {"mnuDefrag", "org.gnome.DiskUtility", false, true},
+    {"mnuGpEdit", "ca.desrt.dconf-editor", false, true},
+    {"mnuWinEvent", "org.gnome.Logs", false, true},
+    {"mnuStartup", "org.gnome.tweaks", false, true, true},
+};
+
+/// A desktop on which nothing is installed but what the test puts there.
+struct BareDesktop
+{
+    ScratchHome home;
+    DialogDriver dialogs;
+    QString bin = home.file(QStringLiteral("bin"));
+    QString log = home.file(QStringLiteral("log"));
+    ScratchVariable path{"PATH", bin.toUtf8()};
+    ScratchVariable dataFolders{"XDG_DATA_DIRS", home.file(QStringLiteral("data")).toUtf8()};
+    ScratchVariable desktop{"XDG_CURRENT_DESKTOP"};
+
+    BareDesktop()
+    {
+        QDir().mkpath(bin);
+        QDir().mkpath(home.file(QStringLiteral("data/applications")));
+        lastAnswer = QStringLiteral("before");
+    }
+    ~BareDesktop() { lastAnswer.clear(); }
+
+    void install(const char *tool) const
+    {
+        const QString program = bin + QStringLiteral("/the-tool");
+        Files::write(program, "#!/bin/sh\nprintf '%s' \"$$ $*\" >'" + log.toUtf8() + ".part'\n/bin/mv '" +
+                                  log.toUtf8() + ".part' '" + log.toUtf8() + "'\n");
+        QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        Files::write(home.file(QStringLiteral("data/applications/%1.desktop").arg(QLatin1String(tool))),
+                     "[Desktop Entry]\nExec=the-tool --from " + QByteArray(tool) + '\n');
+    }
+    /// Process id and words of the tool that was started.
+    QString started() const
+    {
+        EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(log); }));
+        return QString::fromUtf8(Files::read(log));
+    }
+};
+
+struct SystemShortcutTest : testing::TestWithParam<Item>
+{
+    BareDesktop desktop;
+    QString item = QString::fromLatin1(GetParam().name);
+};
+
+} // namespace
+
+TEST_P(SystemShortcutTest, StartsItsTool)
+{
+    desktop.install(GetParam().tool);
+    SystemShortcuts::run(item);
+    const QString call = desktop.started();
+    EXPECT_EQ(call.section(u' ', 1), QStringLiteral("--from ") + QLatin1String(GetParam().tool));
+    EXPECT_EQ(lastAnswer, GetParam().keepsId ? call.section(u' ', 0, 0) : QStringLiteral("before"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Items, SystemShortcutTest, testing::ValuesIn(items),
+                         [](const auto &row) { return std::string(row.param.name); });
+
+TEST(SystemShortcuts, AMissingToolIsAnErrorUnlessItOnlyOpens)
+{
+    const BareDesktop desktop;
+    for (const Item &item : items) {
+        if (item.hasSubstitute)
+            continue;
+        SCOPED_TRACE(item.name);
+        EXPECT_EQ(errorNumberOf([&] { SystemShortcuts::run(QString::fromLatin1(item.name)); }),
+                  item.isOpen ? 0 : 53);
+        EXPECT_EQ(lastAnswer, QStringLiteral("before"));
+    }
+}
+
+TEST(SystemShortcuts, AnUnknownItemIsAnError)
+{
+    EXPECT_EQ(errorNumberOf([] { SystemShortcuts::run(QStringLiteral("mnuFileNew")); }),
+              ErrorNumber::InvalidProcedureCall);
+}
+
+TEST(SystemShortcuts, TheVersionIsToldInABoxWhereNoToolTellsIt)
+{
+    BareDesktop desktop;
+    desktop.dialogs
+        .expectBox(QStringLiteral("QuillOfficeToolsv2"),
+                   QSysInfo::prettyProductName() + QStringLiteral("\nVersion: ") +
+                       QSysInfo::productVersion() + QStringLiteral("\nKernel: ") + QSysInfo::kernelType() +
+                       u' ' + QSysInfo::kernelVersion())
+        .icon(QMessageBox::Information);
+    SystemShortcuts::run(QStringLiteral("mnuWinVer"));
+    EXPECT_EQ(lastAnswer, QStringLiteral("1"));
+}
+
+TEST(SystemShortcuts, StartupOpensItsFolderWhereNoToolDoes)
+{
+    BareDesktop desktop;
+    const UrlCatcher urls;
+    SystemShortcuts::run(QStringLiteral("mnuStartup"));
+    const QString folder = desktop.home.file(QStringLiteral(".config/autostart"));
+    EXPECT_EQ(urls.opened(), QList<QUrl>{QUrl::fromLocalFile(folder)});
+    EXPECT_TRUE(QDir(folder).exists());
+    EXPECT_EQ(lastAnswer, QStringLiteral("before"));
+}
+
+TEST(SystemShortcuts, AFolderThatNothingOpensIsSilent)
+{
+    BareDesktop desktop;
+    SystemShortcuts::run(QStringLiteral("mnuStartup"));
+    EXPECT_TRUE(QDir(desktop.home.file(QStringLiteral(".config/autostart"))).exists());
+    EXPECT_TRUE(desktop.dialogs.seen().isEmpty());
+}
