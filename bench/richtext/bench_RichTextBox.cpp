@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
+#include <QTextFrame>
 #include <algorithm>
 #include <cstdio>
 #include <functional>
@@ -157,6 +158,13 @@ void openBare(QTextEdit &edit, const QByteArray &rich)
     edit.setDocument(document);
 }
 
+/// In the middle of the tables of \a subject.
+int cellPosition(Subject &subject)
+{
+    const QList<QTextFrame *> tables = subject.edit().document()->rootFrame()->childFrames();
+    return tables.isEmpty() ? -1 : tables.at(tables.size() / 2)->firstPosition();
+}
+
 void benchTyping(Subject &box, Subject &bare)
 {
     const int length = box.edit().document()->characterCount() - 1;
@@ -174,6 +182,14 @@ void benchTyping(Subject &box, Subject &bare)
         print(place.typing, box.key(Qt::Key_A), bare.key(Qt::Key_A));
         print(place.newParagraph, box.key(Qt::Key_Return), bare.key(Qt::Key_Return));
     }
+    if (const int cell = cellPosition(box); cell >= 0) {
+        box.moveTo(cell);
+        bare.moveTo(cellPosition(bare));
+        print("key in a middle table", box.key(Qt::Key_A), bare.key(Qt::Key_A));
+    }
+    box.moveTo(5);
+    (void)box.key(Qt::Key_Return);
+    print("the catching up in a pause", milliseconds([&] { (void)box.edit().document()->size(); }));
     box.moveTo(5);
     bare.moveTo(5);
     print("caret down", box.key(Qt::Key_Down), bare.key(Qt::Key_Down));

@@ -1,6 +1,7 @@
 #include "LongDocuments.h"
 
 #include "EventGate.h"
+#include "TypingLayout.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QScrollBar>
@@ -48,9 +49,15 @@ void LongDocuments::attach(QTextDocument &document)
     m_meetsRightToLeft = false;
     m_isLeftToRight = !mayRunRightToLeft(document.toRawText());
     setDirection(m_isLeftToRight ? Qt::LeftToRight : Qt::LayoutDirectionAuto);
-    document.documentLayout(); // is made here, as its making tells of a change that is none
+    m_layout = new TypingLayout(document, m_view); // belongs to the document
+    document.setDocumentLayout(m_layout);          // here, as this tells of a change that is none
     on(&document, &QTextDocument::contentsChange, this, &LongDocuments::beforeLayout);
     on(&document, &QTextDocument::contentsChanged, this, &LongDocuments::afterEdit);
+}
+
+void LongDocuments::catchUp()
+{
+    m_layout->catchUp();
 }
 
 /// Called when the text is changed and Qt's layout is about to learn of it.

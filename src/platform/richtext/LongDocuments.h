@@ -4,12 +4,14 @@
 
 class QTextDocument;
 class QTextEdit;
+class TypingLayout;
 
 /// Spares Qt's layout work that takes long in documents of a hundred thousand paragraphs. What is seen stays
 /// as Qt would lay it out.
 ///
-/// With each key Qt visits every paragraph below, and there it spends half its time on searching the text for
-/// letters that run from right to left. So a document without any is declared to be left to right.
+/// With each key Qt visits every paragraph below; TypingLayout puts that off until the typing pauses. There
+/// Qt spends half its time on searching the text for letters that run from right to left. So a document
+/// without any is declared to be left to right.
 ///
 /// A change of most of the text, as of its font or its undoing, makes Qt lay out everything at once. Here it
 /// is laid out as after loading: what is seen at once, the rest bit by bit.
@@ -23,6 +25,9 @@ public:
     /// Takes care of \a document in place of the one before. To be called before the view shows it.
     void attach(QTextDocument &document);
 
+    /// To be called before the view changes its size.
+    void catchUp();
+
 private:
     void beforeLayout(int from, int removed, int added);
     void afterEdit();
@@ -31,6 +36,7 @@ private:
 
     QTextEdit &m_view;
     QTextDocument *m_document = nullptr;
+    TypingLayout *m_layout = nullptr;
     bool m_isLeftToRight = false; ///< declared so
     bool m_meetsRightToLeft = false;
 };

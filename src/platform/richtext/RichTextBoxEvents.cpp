@@ -100,6 +100,7 @@ void RichTextBox::paintEvent(QPaintEvent *event)
 void RichTextBox::resizeEvent(QResizeEvent *event)
 {
     run([&] {
+        m_longDocuments.catchUp();
         QTextEdit::resizeEvent(event);
         wrap();
     });

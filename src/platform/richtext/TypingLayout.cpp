@@ -1,0 +1,369 @@
+#include "TypingLayout.h"
+
+#include "EventGate.h"
+#include "LayoutSample.h"
+
+#include <QScrollBar>
+#include <QTextEdit>
+#include <QTextFrame>
+#include <private/qtextdocument_p.h>
+
+namespace {
+
+double top(const QTextBlock &block)
+{
+    return block.layout()->position().y();
+}
+
+double bottom(const QTextBlock &block)
+{
+    return top(block) + block.layout()->boundingRect().height();
+}
+
+void moveTo(const QTextBlock &block, double y)
+{
+    block.layout()->setPosition({block.layout()->position().x(), y});
+}
+
+/// Neither in a table nor in a frame. Takes longer the more tables there are.
+bool isOnPage(const QTextBlock &block)
+{
+    return block.isValid() && block.document()->frameAt(block.position()) == block.document()->rootFrame();
+}
+
+/// True when no table and no frame begins or ends between \a block and the paragraph before it.
+bool followsParagraph(const QTextBlock &block)
+{
+    return block.isValid() && block.position() > 0 &&
+           block.document()->characterAt(block.position() - 1) == QChar::ParagraphSeparator;
+}
+
+bool areSimple(const QTextBlock &first, const QTextBlock &last)
+{
+    if (!LayoutSample::isSimple(first) || !isOnPage(first))
+        return false;
+    QTextBlock block = first;
+    while (block != last) {
+        block = block.next();
+        if (!LayoutSample::isSimple(block) || !followsParagraph(block))
+            return false;
+    }
+    return true;
+}
+
+bool hasFloats(const QTextDocument &document)
+{
+    const QList<QTextFrame *> frames = document.rootFrame()->childFrames();
+    return std::any_of(frames.cbegin(), frames.cend(), [](const QTextFrame *frame) {
+        return frame->frameFormat().position() != QTextFrameFormat::InFlow;
+    });
+}
+
+/// Qt hides empty paragraphs beside a table in its edge, and then has more distances to keep.
+bool isBesideTable(const QTextBlock &first, const QTextBlock &last)
+{
+    return (first.position() > 0 && !followsParagraph(first)) || !followsParagraph(last.next());
+}
+
+/// The place in the text of \a block nearest to \a point; -1 when an exact hit is wanted and there is none.
+int placeIn(const QTextBlock &block, const QPointF &point, Qt::HitTestAccuracy accuracy)
+{
+    const QTextLayout &layout = *block.layout();
+    const QPointF inside = point - layout.position();
+    int place = 0;
+    for (int i = 0; i < layout.lineCount(); ++i) {
+        const QTextLine line = layout.lineAt(i);
+        const QRectF area = line.naturalTextRect();
+        if (area.top() > inside.y())
+            break;
+        if (area.bottom() <= inside.y()) {
+            place = line.textStart() + line.textLength();
+            continue;
+        }
+        const bool isOnText = area.left() <= inside.x() && area.right() >= inside.x();
+        if (accuracy == Qt::ExactHit)
+            return isOnText ? block.position() + line.xToCursor(inside.x(), QTextLine::CursorOnCharacter)
+                            : -1;
+        return block.position() + line.xToCursor(inside.x());
+    }
+    return accuracy == Qt::ExactHit ? -1 : block.position() + place;
+}
+
+} // namespace
+
+TypingLayout::TypingLayout(QTextDocument &document, QTextEdit &view)
+    : QTextDocumentLayout(&document)
+    , m_view(view)
+{
+    constexpr int pause = 400; // milliseconds
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(pause);
+    on(&m_pause, &QTimer::timeout, this, &TypingLayout::catchUp);
+}
+
+// ---- Questions
+
+void TypingLayout::draw(QPainter *painter, const PaintContext &context)
+{
+    if (isBehind() && (!context.clip.isValid() || context.clip.bottom() > m_arrears->reach))
+        catchUp();
+    PaintContext widened = context;
+    if (isBehind() && context.clip.bottom() > editedTop()) {
+        // Qt looks for the first and the last paragraph to paint by places that it noted before the edits.
+        // They are right above the edits, and come late enough from the first paragraph left behind on.
+        widened.clip.setTop(qMin(context.clip.top(), editedTop()));
+        widened.clip.setBottom(top(paragraphOf(m_arrears->rightEnd)) + 1);
+    }
+    QTextDocumentLayout::draw(painter, widened);
+}
+
+int TypingLayout::hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) const
+{
+    if (isBehind() && point.y() > editedTop()) {
+        const QTextBlock hit = paragraphAt(point.y());
+        const bool isBetween = hit.isValid() && point.y() < top(hit) - hit.blockFormat().topMargin();
+        if (isBetween)
+            return accuracy == Qt::ExactHit ? -1 : hit.position();
+        if (hit.isValid())
+            return placeIn(hit, point, accuracy);
+        settle();
+    }
+    return QTextDocumentLayout::hitTest(point, accuracy);
+}
+
+int TypingLayout::pageCount() const
+{
+    settle();
+    return QTextDocumentLayout::pageCount();
+}
+
+QSizeF TypingLayout::documentSize() const
+{
+    settle();
+    return QTextDocumentLayout::documentSize();
+}
+
+QRectF TypingLayout::frameBoundingRect(QTextFrame *frame) const
+{
+    if (frame != document()->rootFrame()) // which every selection asks about
+        settle();
+    const double lag = isBehind() ? m_arrears->lag : 0;
+    return QTextDocumentLayout::frameBoundingRect(frame).adjusted(0, 0, 0, lag);
+}
+
+QRectF TypingLayout::blockBoundingRect(const QTextBlock &block) const
+{
+    if (isBehind() && block.position() >= m_arrears->rightEnd)
+        settle();
+    return QTextDocumentLayout::blockBoundingRect(block);
+}
+
+/// Catches up before an answer. In the midst of an edit nothing can be laid out; answers are then what Qt's
+/// own are there, too.
+void TypingLayout::settle() const
+{
+    if (!QTextDocumentPrivate::get(document())->isInEditBlock())
+        const_cast<TypingLayout *>(this)->catchUp();
+}
+
+/// The last paragraph for positions beyond the text, as there are in the midst of an edit.
+QTextBlock TypingLayout::paragraphOf(int position) const
+{
+    return document()->findBlock(qMin(position, document()->characterCount() - 1));
+}
+
+/// The paragraph before the edits, or the first of all when that was edited.
+QTextBlock TypingLayout::lastUntouched() const
+{
+    const QTextBlock edited = paragraphOf(m_arrears->from);
+    return edited.previous().isValid() ? edited.previous() : edited;
+}
+
+/// All that Qt's layout knows is right above this height.
+double TypingLayout::editedTop() const
+{
+    return m_arrears->from < document()->begin().length() ? 0 : top(lastUntouched());
+}
+
+/// The first paragraph from the edits on that ends below \a y; invalid when a table is near, or the height is
+/// out of reach.
+QTextBlock TypingLayout::paragraphAt(double y) const
+{
+    QTextBlock block = lastUntouched();
+    while (y < m_arrears->reach && bottom(block) < y && followsParagraph(block.next()))
+        block = block.next();
+    const bool isRight = y < m_arrears->reach && bottom(block) >= y && followsParagraph(block.next());
+    return isRight ? block : QTextBlock();
+}
+
+// ---- Edits
+
+void TypingLayout::documentChanged(int from, int removed, int added)
+{
+    if (removed < 0) { // Qt, when it undoes the removal of a list; it would leave out the last paragraph
+        added -= removed;
+        removed = 0;
+    }
+    if (canTake(from, removed, added)) {
+        note(from, removed, added);
+        if (layOut(from, added))
+            m_pause.start();
+        else
+            catchUp();
+        return;
+    }
+    const bool isEverything = removed == 0 && added == document()->characterCount();
+    if (isBehind() && from >= m_arrears->end)
+        catchUp();
+    if (isBehind() && from + removed >= m_arrears->from && !isEverything) {
+        note(from, removed, added);
+        catchUp();
+    } else {
+        layOutBelow(from, removed, added);
+    }
+}
+
+void TypingLayout::timerEvent(QTimerEvent *event)
+{
+    catchUp(); // Qt goes on where it was
+    QTextDocumentLayout::timerEvent(event);
+}
+
+void TypingLayout::catchUp()
+{
+    if (!isBehind())
+        return;
+    const int length = m_arrears->end - m_arrears->from;
+    layOutBelow(m_arrears->from, length - m_arrears->grown, length);
+}
+
+/// Has Qt lay out an edit, and put everything below it in its place.
+void TypingLayout::layOutBelow(int from, int removed, int added)
+{
+    const bool wasBehind = isBehind();
+    m_pause.stop();
+    m_arrears.reset();
+    QTextDocumentLayout::documentChanged(from, removed, added);
+    if (wasBehind && document()->isLayoutEnabled()) {
+        Q_EMIT update();
+        Q_EMIT documentSizeChanged(dynamicDocumentSize()); // Qt keeps silent when it last told the same
+    }
+}
+
+bool TypingLayout::canTake(int from, int removed, int added) const
+{
+    constexpr int mostCharacters = 200;
+    constexpr int fewParagraphs = 1000; // Qt is quick enough with them
+    const QTextDocument &text = *document();
+    if (added > mostCharacters || removed > mostCharacters ||
+        text.blockCount() - text.findBlock(from).blockNumber() < fewParagraphs)
+        return false;
+    const bool isInReach = !isBehind() || (from + removed < m_arrears->rightEnd && areArrearsNearView());
+    return isInReach && layoutStatus() == 100 && text.isLayoutEnabled() && text.pageSize().height() <= 0 &&
+           text.defaultTextOption().textDirection() == Qt::LeftToRight &&
+           dynamicDocumentSize().width() <= text.pageSize().width() && !hasFloats(text);
+}
+
+void TypingLayout::note(int from, int removed, int added)
+{
+    const int grown = added - removed;
+    if (!isBehind())
+        m_arrears = Arrears{from, from + removed, 0, from + removed + 1};
+    m_arrears->end = qMax(m_arrears->end, from + removed) + grown;
+    m_arrears->from = qMin(m_arrears->from, from);
+    m_arrears->grown += grown;
+    m_arrears->rightEnd += grown;
+}
+
+/// Lays out the paragraphs of an edit and what is seen below; false when that is not sure to be right.
+bool TypingLayout::layOut(int from, int added)
+{
+    constexpr int mostParagraphs = 8;
+    const QTextBlock first = document()->findBlock(from);
+    const QTextBlock before = first.previous();
+    const QTextBlock start = before.isValid() ? before : first;
+    const QTextBlock behind = document()->findBlock(from + added).next();
+    if (!behind.isValid() || behind.blockNumber() - first.blockNumber() > mostParagraphs ||
+        !isNearView(start) || !areSimple(start, behind) || isBesideTable(start, behind))
+        return false;
+
+    const LayoutSample sample(start, behind);
+    const QTextBlock sampleBehind = sample.paragraph(behind.blockNumber() - start.blockNumber());
+    const double distance = before.isValid() ? top(before) - top(sample.paragraph(0)) : 0;
+    if (!sample.fitsInWidth() || !LayoutSample::isSameLayout(sampleBehind, behind) ||
+        (before.isValid() && !LayoutSample::isSameLayout(sample.paragraph(0), before)))
+        return false;
+    for (QTextBlock block = first; block != behind; block = block.next()) {
+        const QTextBlock copy = sample.paragraph(block.blockNumber() - start.blockNumber());
+        if (!LayoutSample::apply(copy, block))
+            return false;
+        moveTo(block, distance + top(copy));
+    }
+    return moveBelow(behind, distance + top(sampleBehind));
+}
+
+/// Moves what is seen from \a behind on, so that this paragraph comes to lie at the height \a y; false when
+/// it is more than paragraphs.
+bool TypingLayout::moveBelow(const QTextBlock &behind, double y)
+{
+    Arrears &arrears = *m_arrears;
+    const double before = top(behind) + (behind.position() < arrears.rightEnd ? 0 : arrears.lag);
+    const double shift = y - before;
+    arrears.lag += shift;
+    int firstUnseen = -1;
+    bool isPage = true;
+    for (QTextBlock block = behind; block.isValid(); block = block.next()) {
+        const bool isLeftBehind = block.position() >= arrears.rightEnd;
+        const double distance = isLeftBehind ? arrears.lag : shift;
+        if (!followsParagraph(block))
+            isPage = isOnPage(block);
+        if (!isPage && distance != 0)
+            return false;
+        if (!isPage)
+            continue;
+        const double place = top(block) + distance;
+        if (firstUnseen < 0 && place > viewTop() + 2 * viewHeight()) {
+            firstUnseen = block.position();
+            arrears.reach = place;
+        }
+        // Qt's notes count the characters and pixels of the text before the edits.
+        if (firstUnseen >= 0 && isLeftBehind && block.position() > firstUnseen + qMax(0, arrears.grown) &&
+            qMin(place, top(block)) > arrears.reach) {
+            arrears.rightEnd = block.position();
+            showChange(behind, shift);
+            return true;
+        }
+        moveTo(block, place);
+    }
+    return false;
+}
+
+/// Has the edited paragraphs painted, those below if they moved, and keeps the scroll bar right.
+void TypingLayout::showChange(const QTextBlock &behind, double shift)
+{
+    constexpr double everything = 1e9;
+    const double height = shift == 0 ? top(behind) - editedTop() : everything;
+    Q_EMIT update(QRectF(0, editedTop(), everything, height));
+    const int whole = qRound(dynamicDocumentSize().height() + m_arrears->lag);
+    m_view.verticalScrollBar()->setMaximum(qMax(0, whole - m_view.viewport()->height()));
+}
+
+bool TypingLayout::areArrearsNearView() const
+{
+    return isNearView(lastUntouched()) && m_arrears->reach < viewTop() + 5 * viewHeight();
+}
+
+bool TypingLayout::isNearView(const QTextBlock &block) const
+{
+    return qAbs(top(block) - viewTop()) < 3 * viewHeight() && m_view.isVisible();
+}
+
+double TypingLayout::viewTop() const
+{
+    return m_view.verticalScrollBar()->value();
+}
+
+double TypingLayout::viewHeight() const
+{
+    return m_view.viewport()->height();
+}

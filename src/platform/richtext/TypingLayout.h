@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QTextBlock>
+#include <QTimer>
+#include <optional>
+#include <private/qtextdocumentlayout_p.h>
+
+class QTextEdit;
+
+/// The layout of a document that is typed in, quick in long documents, too.
+///
+/// With each key Qt's layout visits every paragraph below, which takes far too long where a hundred thousand
+/// follow. So a small edit in view is laid out here, as far as the view reaches, and Qt's layout catches up
+/// when the typing pauses, or before anybody asks about the rest. What is laid out here is taken from Qt's
+/// own layout of a copy of the few paragraphs around the edit. Where that is not sure to be right, as beside
+/// tables, Qt lays out everything at once.
+class TypingLayout : public QTextDocumentLayout
+{
+    Q_OBJECT
+
+public:
+    /// \a view is the one that shows the document.
+    TypingLayout(QTextDocument &document, QTextEdit &view);
+
+    /// True while paragraphs below the view do not lie in their place.
+    bool isBehind() const { return m_arrears.has_value(); }
+
+    /// Brings everything to its place; costs nothing when it is there already.
+    void catchUp();
+
+    void draw(QPainter *painter, const PaintContext &context) override;
+    int hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) const override;
+    int pageCount() const override;
+    QSizeF documentSize() const override;
+    QRectF frameBoundingRect(QTextFrame *frame) const override;
+    QRectF blockBoundingRect(const QTextBlock &block) const override;
+
+protected:
+    void documentChanged(int from, int removed, int added) override;
+    void timerEvent(QTimerEvent *event) override;
+
+private:
+    /// Edits that Qt's layout has not seen. Positions are those of the text as it is now.
+    struct Arrears
+    {
+        int from = 0; ///< the text that was edited
+        int end = 0;
+        int grown = 0;    ///< characters that came, less those that went
+        int rightEnd = 0; ///< paragraphs from here on lie where they lay before the edits
+        double lag = 0;   ///< pixels that those are too high
+        double reach = 0; ///< what is painted above this height is right
+    };
+
+    bool canTake(int from, int removed, int added) const;
+    void layOutBelow(int from, int removed, int added);
+    void note(int from, int removed, int added);
+    bool layOut(int from, int added);
+    bool moveBelow(const QTextBlock &behind, double y);
+    void showChange(const QTextBlock &behind, double shift);
+    QTextBlock paragraphOf(int position) const;
+    QTextBlock lastUntouched() const;
+    double editedTop() const;
+    QTextBlock paragraphAt(double y) const;
+    void settle() const;
+    bool areArrearsNearView() const;
+    bool isNearView(const QTextBlock &block) const;
+    double viewTop() const;
+    double viewHeight() const;
+
+    QTextEdit &m_view;
+    std::optional<Arrears> m_arrears;
+    QTimer m_pause;
+};
