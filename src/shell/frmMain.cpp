@@ -6,7 +6,9 @@
 #include "ErrorReports.h"
 #include "EventGate.h"
 #include "Forms.h"
-#include "FrameTables.h"
+#include "FrameButtons.h"
+#include "FrameCommands.h"
+#include "FrameMenus.h"
 #include "Globals.h"
 #include "MdiArea.h"
 #include "MenuBuilder.h"
@@ -54,6 +56,8 @@ frmMain::frmMain()
     , Timer1(new QTimer(this))
     , m_dialog(this)
     , m_files(*this)
+    , m_formats(*this)
+    , m_printing(*this)
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Tallowick - Quill-Office Tools"));
@@ -76,11 +80,12 @@ frmMain::~frmMain()
 
 void frmMain::buildMenus()
 {
-    for (QMenu *menu : MenuBuilder::build(FrameTables::menuRows(), *this))
+    for (QMenu *menu : MenuBuilder::build(FrameMenus::rows(), *this))
         menuBar()->addMenu(menu);
-    for (const FrameTables::Binding &binding : FrameTables::menuBindings()) {
-        on(&menuItem(QString::fromLatin1(binding.name)), &QAction::triggered, this,
-           [this, command = binding.command] { command(*this); });
+    for (const MenuRow &row : FrameMenus::rows()) {
+        const QString name = QString::fromLatin1(row.name);
+        if (FrameCommands::exists(name))
+            on(&menuItem(name), &QAction::triggered, this, [this, name] { FrameCommands::run(name, *this); });
     }
     on(menuItem(QStringLiteral("mnuWindow")).menu(), &QMenu::aboutToShow, this, &frmMain::mnuWindow_Popup);
 }
@@ -89,8 +94,10 @@ void frmMain::buildToolBar()
 {
     m_toolBar->setObjectName(QStringLiteral("tbToolBar"));
     m_toolBar->setWindowTitle(QStringLiteral("Toolbar"));
-    m_toolBar->setButtons(FrameTables::toolbarRows());
+    m_toolBar->setButtons(FrameButtons::rows());
+    m_toolBar->setLists(FrameButtons::lists());
     on(m_toolBar, &Toolbar::ButtonClick, this, &frmMain::tbToolBar_ButtonClick);
+    on(m_toolBar, &Toolbar::ButtonMenuClick, this, &frmMain::tbToolBar_ButtonMenuClick);
     addToolBar(m_toolBar);
 }
 
@@ -109,7 +116,7 @@ void frmMain::load()
     m_lastChild = QStringLiteral("None");
     diallerMode = QStringLiteral("Setup");
     restorePosition();
-    m_toolBar->setButtonsEnabled(1, FrameTables::lastWordButton, false);
+    m_toolBar->setButtonsEnabled(1, FrameButtons::lastWordButton, false);
     LoadNewDoc();
     Timer1->start();
 }
@@ -167,13 +174,6 @@ void frmMain::closeEvent(QCloseEvent *event)
     run([&] { unload(); });
 }
 
-void frmMain::changeEvent(QEvent *event)
-{
-    QMainWindow::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        run([&] { MenuBuilder::refreshIcons(FrameTables::menuRows(), *this); });
-}
-
 void frmMain::LoadNewDoc()
 {
     ++m_documentCount;
@@ -189,9 +189,9 @@ void frmMain::checkForDocument()
     int documents = 0;
     for (const Form *form : Forms::loaded())
         documents += int(form->findChildren<QWidget *>(QStringLiteral("rtfTextBox")).size());
-    m_toolBar->setButtonsVisible(FrameTables::firstDocumentButton, FrameTables::lastWordButton,
+    m_toolBar->setButtonsVisible(FrameButtons::firstDocumentButton, FrameButtons::lastWordButton,
                                  documents > 0);
-    for (const MenuRow &row : FrameTables::menuRows()) {
+    for (const MenuRow &row : FrameMenus::rows()) {
         if (row.flags & MenuRow::DocumentMenu)
             menuItem(QString::fromLatin1(row.name)).setVisible(documents > 0);
     }
@@ -213,6 +213,14 @@ Form *frmMain::ActiveForm() const
     return active ? dynamic_cast<Form *>(active->widget()) : nullptr;
 }
 
+RichTextBox &frmMain::activeText() const
+{
+    const Form *active = ActiveForm();
+    if (!active)
+        throw RuntimeError(ErrorNumber::ObjectNotSet);
+    return FileCommands::textOf(*active);
+}
+
 void frmMain::place(ChildForm &child)
 {
     m_area->place(child);
@@ -225,18 +233,22 @@ void frmMain::Timer1_Timer()
         return;
     // The last child is never noted, so this runs at each tick: a tool never keeps the word-processing
     // buttons.
-    m_toolBar->setButtonsVisible(1, FrameTables::lastWordButton,
+    m_toolBar->setButtonsVisible(1, FrameButtons::lastWordButton,
                                  active->Name() == QLatin1String("frmDocument"));
 }
 
 void frmMain::tbToolBar_ButtonClick(const QString &key)
 {
-    for (const FrameTables::Binding &binding : FrameTables::toolbarBindings()) {
-        if (key == QLatin1String(binding.name)) {
-            ignoreErrors([&] { binding.command(*this); });
-            return;
-        }
-    }
+    if (const std::optional<QString> title = FrameButtons::hintTitle(key))
+        Ask(QStringLiteral("Click the drop down on the right of this button to select an option."),
+            MsgBoxStyle::Information, *title);
+    else
+        tbToolBar_ButtonMenuClick(key);
+}
+
+void frmMain::tbToolBar_ButtonMenuClick(const QString &key)
+{
+    ignoreErrors([&] { FrameCommands::run(FrameButtons::commandOf(key), *this); });
 }
 
 void frmMain::mnuViewToolbar_Click()
@@ -247,11 +259,6 @@ void frmMain::mnuViewToolbar_Click()
 void frmMain::mnuViewStatusBar_Click()
 {
     m_statusBar->setVisible(menuItem(QStringLiteral("mnuViewStatusBar")).isChecked());
-}
-
-void frmMain::mnuToolsOptions_Click()
-{
-    Forms::refer(QStringLiteral("frmOptions")).showModal(this);
 }
 
 void frmMain::mnuWindow_Popup()

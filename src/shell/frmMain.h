@@ -2,7 +2,9 @@
 
 #include "CommonDialog.h"
 #include "FileCommands.h"
+#include "FormatCommands.h"
 #include "MainFrame.h"
+#include "PrintCommands.h"
 
 #include <QMainWindow>
 
@@ -11,11 +13,12 @@ class MdiArea;
 class QAction;
 class QMenu;
 class QTimer;
+class RichTextBox;
 class StatusBar;
 
 /// The one frame of the suite: it owns menus, toolbar, status bar and child area, numbers the documents and
-/// keeps the commands on show in line with what is open. What each menu item and button is called stands in
-/// FrameTables; the file commands are FileCommands.
+/// keeps the commands on show in line with what is open. Its menus and buttons are FrameMenus and
+/// FrameButtons, what they run is FrameCommands.
 class frmMain : public QMainWindow, public MainFrame
 {
 public:
@@ -36,12 +39,17 @@ public:
     Toolbar &tbToolBar() const override { return *m_toolBar; }
     void place(ChildForm &child) override;
 
+    /// The text of the active window at this moment. Throws RuntimeError 91 without one, 438 when it has no
+    /// text.
+    RichTextBox &activeText() const;
+
     FileCommands &files() { return m_files; }
+    FormatCommands &formats() { return m_formats; }
+    PrintCommands &printing() { return m_printing; }
     CommonDialog &dlgCommonDialog() { return m_dialog; }
 
     void mnuViewToolbar_Click();
     void mnuViewStatusBar_Click();
-    void mnuToolsOptions_Click();
     void mnuWindow_Popup();
     void mnutipsandtricks_Click();
 
@@ -49,10 +57,10 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
-    void changeEvent(QEvent *event) override;
 
 private:
     void tbToolBar_ButtonClick(const QString &key);
+    void tbToolBar_ButtonMenuClick(const QString &key);
     void Timer1_Timer();
 
     void buildMenus();
@@ -70,6 +78,8 @@ private:
     ChildMenus *m_childMenus = nullptr;
     CommonDialog m_dialog;
     FileCommands m_files;
+    FormatCommands m_formats;
+    PrintCommands m_printing;
     QString m_lastChild;
     qint32 m_documentCount = 0;
 };

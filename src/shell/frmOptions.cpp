@@ -4,36 +4,25 @@
 #include "ErrorReports.h"
 #include "EventGate.h"
 #include "Globals.h"
+#include "Named.h"
 #include "Paths.h"
 #include "Settings.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace {
-
-QPushButton *button(const QString &name, const QString &caption, QWidget *parent)
-{
-    auto *result = new QPushButton(caption, parent);
-    result->setObjectName(name);
-    return result;
-}
-
-} // namespace
-
 frmOptions::frmOptions()
     : Form(QStringLiteral("frmOptions"))
-    , chkSplashTime(new QCheckBox(QStringLiteral("Show Splash Screen at Start Up"), this))
-    , cmdOK(button(QStringLiteral("cmdOK"), QStringLiteral("&OK"), this))
-    , cmdCancel(button(QStringLiteral("cmdCancel"), QStringLiteral("&Cancel"), this))
-    , cmdApply(button(QStringLiteral("cmdApply"), QStringLiteral("&Apply"), this))
+    , chkSplashTime(
+          named("chkSplashTime", new QCheckBox(QStringLiteral("Show Splash Screen at Start Up"), this)))
+    , cmdOK(named("cmdOK", new QPushButton(QStringLiteral("&OK"), this)))
+    , cmdCancel(named("cmdCancel", new QPushButton(QStringLiteral("&Cancel"), this)))
+    , cmdApply(named("cmdApply", new QPushButton(QStringLiteral("&Apply"), this)))
 {
     setCaption(QStringLiteral("Options"));
-    chkSplashTime->setObjectName(QStringLiteral("chkSplashTime"));
     auto *column = new QVBoxLayout(this);
     column->addWidget(buildDefaults());
     column->addWidget(buildHelp());
@@ -78,7 +67,7 @@ QWidget *frmOptions::buildButtons()
     row->addWidget(cmdOK);
     row->addWidget(cmdCancel);
     row->addWidget(cmdApply);
-    cmdOK->setDefault(true);
+    setKeyButtons(*cmdOK, *cmdCancel);
     return panel;
 }
 
@@ -101,16 +90,6 @@ void frmOptions::Form_Load()
     } catch (const RuntimeError &error) {
         ReportFatalError(error.number(), error.description());
     }
-}
-
-void frmOptions::keyPressEvent(QKeyEvent *event)
-{
-    run([&] {
-        if (event->key() == Qt::Key_Escape)
-            cmdCancel->click();
-        else if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
-            cmdOK->click();
-    });
 }
 
 void frmOptions::cmdApply_Click()

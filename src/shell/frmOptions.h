@@ -13,7 +13,6 @@ public:
 
 protected:
     void Form_Load() override;
-    void keyPressEvent(QKeyEvent *event) override;
 
 private:
     void cmdOK_Click();

@@ -91,10 +91,10 @@ def many_windows(program):
     suite.key("ctrl+n", "ctrl+n")
     for arrangement in "chva":
         suite.menu("w", arrangement)
-    suite.menu("i", "Down", "Return")
+    suite.menu("i", "Up", "Return")  # the tips are the last item
     suite.menu("v", "t")
     suite.menu("v", "b")
-    suite.menu("t", "Down", "Return")
+    suite.menu("t", "Return")
     suite.answer("Options", "Escape")
     for _ in range(4):
         suite.menu("f", "c")

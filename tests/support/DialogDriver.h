@@ -30,6 +30,9 @@ public:
     template<class Window>
     void expectWindow(const QString &name, std::function<void(Window &)> act);
 
+    /// From now on a window that no step expects is left by its gentlest way out and fails nothing.
+    void leaveWhatComes();
+
     /// Every modal window so far, expected or not.
     const QList<SeenDialog> &seen() const { return m_seen; }
 
@@ -48,6 +51,7 @@ private:
     std::size_t m_next = 0;     ///< the step that waits
     std::size_t m_answered = 0; ///< how many steps have run
     int m_refused = 0;
+    bool m_leavesWhatComes = false;
     QList<const QWidget *> m_busy; ///< windows whose step is about to run, or runs
     QList<SeenDialog> m_seen;
 };

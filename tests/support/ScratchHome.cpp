@@ -1,5 +1,7 @@
 #include "ScratchHome.h"
 
+#include "RegistryStore.h"
+
 #include <QDir>
 
 namespace {
@@ -18,6 +20,7 @@ ScratchHome::ScratchHome()
     : m_home(qgetenv("HOME"))
     , m_config(qgetenv("XDG_CONFIG_HOME"))
     , m_data(qgetenv("XDG_DATA_HOME"))
+    , m_machine(RegistryStore::setMachineFolder(file(QStringLiteral("machine"))))
 {
     QDir(path()).mkpath(QStringLiteral(".config"));
     QDir(path()).mkpath(QStringLiteral(".local/share"));
@@ -28,6 +31,7 @@ ScratchHome::ScratchHome()
 
 ScratchHome::~ScratchHome()
 {
+    RegistryStore::setMachineFolder(m_machine);
     restore("HOME", m_home);
     restore("XDG_CONFIG_HOME", m_config);
     restore("XDG_DATA_HOME", m_data);

@@ -2,7 +2,8 @@
 
 #include <QTemporaryDir>
 
-/// An empty home, configuration and data folder for one test; what the environment said is put back.
+/// An empty home, configuration and data folder and an empty registry for one test; what the environment said
+/// is put back.
 class ScratchHome
 {
 public:
@@ -17,4 +18,5 @@ private:
     QByteArray m_home;
     QByteArray m_config;
     QByteArray m_data;
+    QString m_machine;
 };

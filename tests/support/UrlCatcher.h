@@ -4,7 +4,7 @@
 #include <QObject>
 #include <QUrl>
 
-/// Receives what the suite hands to the desktop's default handlers for web and mail addresses.
+/// Receives what the suite hands to the desktop's default handlers for addresses and folders.
 class UrlCatcher : public QObject
 {
     Q_OBJECT
@@ -28,7 +28,8 @@ public:
 private:
     static QStringList schemes()
     {
-        return {QStringLiteral("http"), QStringLiteral("https"), QStringLiteral("mailto")};
+        return {QStringLiteral("http"), QStringLiteral("https"), QStringLiteral("mailto"),
+                QStringLiteral("file")};
     }
 
     QList<QUrl> m_opened;

@@ -9,6 +9,7 @@ int main(int argc, char **argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("CUPS_SERVER", "/nonexistent/cups.sock"); // no test prints on the desktop's printers
     ::testing::InitGoogleTest(&argc, argv);
     QApplication::setAttribute(Qt::AA_DontUseNativeDialogs); // so that a test can type into a file dialog
     QApplication application(argc, argv);

@@ -1,34 +1,20 @@
 #include "RunningSuite.h"
 
 #include "EntryRoutine.h"
-#include "Forms.h"
+#include "Form.h"
 #include "Globals.h"
 #include "Paths.h"
 #include "Settings.h"
 #include "Toolbar.h"
-#include "frmDocument.h"
-#include "frmOptions.h"
-#include "frmSplash.h"
+#include "WindowTable.h"
 
 #include <QTest>
 #include <QToolButton>
 #include <gtest/gtest.h>
 
-namespace {
-
-void registerWindows()
-{
-    Forms::registerWindow(QStringLiteral("frmSplash"), Forms::Instances::One, [] { return new frmSplash; });
-    Forms::registerWindow(QStringLiteral("frmOptions"), Forms::Instances::One, [] { return new frmOptions; });
-    Forms::registerWindow(QStringLiteral("frmDocument"), Forms::Instances::Many,
-                          [] { return new frmDocument; });
-}
-
-} // namespace
-
 RunningSuite::RunningSuite()
 {
-    registerWindows();
+    WindowTable::registerAll();
     Settings::save(Paths::applicationTitle, QStringLiteral("Options"),
                    QStringLiteral("Show Splash at Startup"), QStringLiteral("0"));
     EntryRoutine();

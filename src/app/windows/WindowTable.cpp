@@ -1,7 +1,9 @@
 #include "WindowTable.h"
 
 #include "Forms.h"
+#include "frmCalculator.h"
 #include "frmDocument.h"
+#include "frmMargins.h"
 #include "frmOptions.h"
 #include "frmSplash.h"
 
@@ -24,6 +26,8 @@ constexpr Row windows[] = {
     {"frmSplash", Forms::Instances::One, make<frmSplash>},
     {"frmOptions", Forms::Instances::One, make<frmOptions>},
     {"frmDocument", Forms::Instances::Many, make<frmDocument>},
+    {"frmMargins", Forms::Instances::One, make<frmMargins>},
+    {"frmCalculator", Forms::Instances::One, make<frmCalculator>},
 };
 
 } // namespace

@@ -1,0 +1,98 @@
+#include "Forms.h"
+#include "Globals.h"
+#include "RunningSuite.h"
+#include "StandInTool.h"
+#include "ToolOpenings.h"
+#include "frmOptions.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct ToolOpeningsTest : testing::Test
+{
+    RunningSuite suite;
+    static void standIn(const char *name, Forms::Instances instances = Forms::Instances::One)
+    {
+        const QString window = QString::fromLatin1(name);
+        Forms::registerWindow(window, instances, [window] { return new StandInTool(window); });
+    }
+    static qsizetype loaded(const char *name) { return Forms::named(QString::fromLatin1(name)).size(); }
+};
+
+} // namespace
+
+TEST_F(ToolOpeningsTest, ASingleInstanceToolOpensOnce)
+{
+    for (const ToolOpenings::Row &row : ToolOpenings::rows()) {
+        if (row.how != ToolOpenings::How::Show)
+            continue;
+        standIn(row.window);
+        for (int round = 0; round < 2; ++round)
+            ToolOpenings::open(row, suite.frame());
+        EXPECT_EQ(suite.active().Name(), QString::fromLatin1(row.window));
+        EXPECT_EQ(loaded(row.window), 1) << row.command;
+        suite.active().unload();
+    }
+}
+
+TEST_F(ToolOpeningsTest, TheDiallerStartsAfreshInEachMode)
+{
+    standIn("frmdialler");
+    suite.choose("diallersetup");
+    EXPECT_EQ(diallerMode, QStringLiteral("Setup"));
+    EXPECT_EQ(suite.active().Caption(), QStringLiteral("Quill-Dialler - Set Up"));
+    suite.active().setProperty("state", 1);
+    suite.choose("dialleruse");
+    EXPECT_EQ(diallerMode, QStringLiteral("Use"));
+    EXPECT_EQ(suite.active().Caption(), QStringLiteral("Quill-Dialler - AutoDial a Number"));
+    EXPECT_FALSE(suite.active().property("state").isValid());
+    EXPECT_EQ(loaded("frmdialler"), 1);
+    suite.press("dialler");
+    EXPECT_EQ(loaded("frmdialler"), 1);
+}
+
+TEST_F(ToolOpeningsTest, TwoFtpCommandsGiveOneWindow)
+{
+    standIn("frmFTP");
+    suite.choose("mnuftpopen");
+    suite.choose("mnuftpopen");
+    EXPECT_EQ(loaded("frmFTP"), 1);
+}
+
+TEST_F(ToolOpeningsTest, EachBrowserIsANewOneAtItsPage)
+{
+    standIn("frmBrowser", Forms::Instances::Many);
+    suite.choose("mnubrowser");
+    suite.choose("mnubrowser");
+    EXPECT_EQ(loaded("frmBrowser"), 2);
+    for (const auto &[command, page] :
+         {std::pair("mnubrowser", "http://www.tallowick.example/"),
+          std::pair("mnuViewWebBrowser", "http://www.tallowick.example/"),
+          std::pair("mnutallowickonweb", "http://www.tallowick.example/"),
+          std::pair("mnuquilloffonweb", "http://www.tallowick.example/quilloffice/")}) {
+        suite.choose(command);
+        EXPECT_EQ(suite.active().property("StartingAddress").toString(), QString::fromLatin1(page))
+            << command;
+    }
+}
+
+TEST_F(ToolOpeningsTest, OptionsOpenFromBothMenus)
+{
+    for (const char *command : {"mnuViewOptions", "mnuToolsOptions"}) {
+        bool seen = false;
+        suite.dialogs.expectWindow<frmOptions>(QStringLiteral("frmOptions"), [&](frmOptions &window) {
+            seen = window.isModal();
+            window.close();
+        });
+        suite.choose(command);
+        EXPECT_TRUE(seen) << command;
+    }
+}
+
+TEST_F(ToolOpeningsTest, CreatingARestorePointOpensTheList)
+{
+    standIn("frmRestorePoints");
+    suite.choose("mnuCreateRestore");
+    EXPECT_EQ(suite.active().Name(), QStringLiteral("frmRestorePoints"));
+}

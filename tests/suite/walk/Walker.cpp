@@ -1,0 +1,150 @@
+#include "Walker.h"
+
+#include "EventGate.h"
+#include "Forms.h"
+#include "Toolbar.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+#include <QToolButton>
+#include <gtest/gtest.h>
+
+namespace {
+
+void click(QWidget &widget, const QPoint &place)
+{
+    QTest::mouseMove(&widget, place);
+    QTest::mouseClick(&widget, Qt::LeftButton, Qt::NoModifier, place);
+}
+
+} // namespace
+
+Walker::Walker(std::function<void(RunningSuite &)> prepare)
+    : m_prepare(std::move(prepare))
+{
+    EventGate::setBox(
+        [this](int number, const QString &) { m_errors << m_steps.last() + u' ' + QString::number(number); });
+    EventGate::setEnd([this](int) {
+        if (!EventGate::isFailing())
+            m_ends << m_steps.last();
+    });
+    m_suite.dialogs.leaveWhatComes();
+}
+
+void Walker::settle() const
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+}
+
+void Walker::closeAll()
+{
+    const QList<Form *> forms = Forms::loaded();
+    for (Form *form : forms)
+        form->unload();
+    settle();
+}
+
+void Walker::startAfresh()
+{
+    closeAll();
+    for (const char *toggle : {"mnuViewToolbar", "mnuViewStatusBar"}) {
+        if (!m_suite.item(toggle).isChecked())
+            m_suite.choose(toggle);
+    }
+    m_prepare(m_suite);
+    settle();
+}
+
+/// The items that can be seen and lead to no further menu, each by the names on the way to it.
+void Walker::visit(const QList<QAction *> &items, const QStringList &path, QList<QStringList> &leaves) const
+{
+    for (const QAction *item : items) {
+        if (!item->isVisible() || item->isSeparator() || !item->isEnabled())
+            continue;
+        const QStringList here = path + QStringList(item->objectName());
+        if (item->menu())
+            visit(item->menu()->actions(), here, leaves);
+        else
+            leaves << here;
+    }
+}
+
+QList<QAction *> Walker::find(const QStringList &path) const
+{
+    QList<QAction *> found;
+    QList<QAction *> items = m_suite.frame().menuBar()->actions();
+    for (const QString &name : path) {
+        for (QAction *item : std::as_const(items)) {
+            if (item->objectName() == name)
+                found << item;
+        }
+        if (found.last()->menu())
+            items = found.last()->menu()->actions();
+    }
+    return found;
+}
+
+void Walker::choose(const QList<QAction *> &path)
+{
+    QMenuBar &bar = *m_suite.frame().menuBar();
+    click(bar, bar.actionGeometry(path.first()).center());
+    for (qsizetype i = 1; i < path.size(); ++i) {
+        QMenu &menu = *path[i - 1]->menu();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu)) << qPrintable(m_steps.last());
+        const QPoint place = menu.actionGeometry(path[i]).center();
+        if (path[i]->menu()) {
+            menu.setActiveAction(path[i]);
+            QTest::keyClick(&menu, Qt::Key_Right);
+        } else {
+            click(menu, place);
+        }
+    }
+    settle();
+}
+
+void Walker::chooseEveryMenuItem()
+{
+    startAfresh();
+    QList<QStringList> leaves;
+    visit(m_suite.frame().menuBar()->actions(), {}, leaves);
+    for (const QStringList &path : std::as_const(leaves)) {
+        startAfresh();
+        m_steps << path.last();
+        choose(find(path));
+    }
+}
+
+void Walker::press(const QString &key)
+{
+    auto *button = m_suite.frame().tbToolBar().findChild<QToolButton *>(key);
+    m_steps << key;
+    click(*button, QPoint(button->height() / 2, button->height() / 2));
+    settle();
+    if (!button->menu())
+        return;
+    for (QAction *entry : button->menu()->actions()) {
+        if (entry->isSeparator())
+            continue;
+        startAfresh();
+        m_steps << entry->objectName();
+        entry->trigger();
+        settle();
+    }
+}
+
+void Walker::pressEveryButton()
+{
+    startAfresh();
+    QStringList keys;
+    for (const QToolButton *button : m_suite.frame().tbToolBar().findChildren<QToolButton *>()) {
+        if (button->isVisible() && button->isEnabled() && button->defaultAction())
+            keys << button->objectName();
+    }
+    for (const QString &key : std::as_const(keys)) {
+        startAfresh();
+        press(key);
+    }
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "RunningSuite.h"
+
+#include <functional>
+
+/// A person who tries everything that the frame offers, with the mouse, and leaves every dialog by its
+/// gentlest way out. Errors that would end the program are noted, and it goes on.
+class Walker
+{
+public:
+    /// \a prepare opens what each step shall find open; all else is closed before.
+    explicit Walker(std::function<void(RunningSuite &)> prepare);
+
+    void chooseEveryMenuItem();
+    void pressEveryButton();
+
+    /// What was tried, by name.
+    const QStringList &steps() const { return m_steps; }
+    /// The steps that would have ended the program by the default error box, with its number.
+    const QStringList &errors() const { return m_errors; }
+    /// The steps that would have ended the program in good order.
+    const QStringList &ends() const { return m_ends; }
+
+private:
+    void startAfresh();
+    void closeAll();
+    void choose(const QList<QAction *> &path);
+    void visit(const QList<QAction *> &items, const QStringList &path, QList<QStringList> &leaves) const;
+    QList<QAction *> find(const QStringList &path) const;
+    void press(const QString &key);
+    void settle() const;
+
+    RunningSuite m_suite;
+    std::function<void(RunningSuite &)> m_prepare;
+    QStringList m_steps;
+    QStringList m_errors;
+    QStringList m_ends;
+};
