@@ -1,15 +1,26 @@
 #include "CommonDialog.h"
 
+#include "ColorNumber.h"
+#include "DialogHook.h"
+#include "EventGate.h"
 #include "FileFilter.h"
+#include "FontDialog.h"
+#include "OwnedDialog.h"
 #include "Paths.h"
 #include "RuntimeError.h"
 
+#include <QCheckBox>
+#include <QColorDialog>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
+#include <QGridLayout>
 #include <QLineEdit>
-#include <QPointer>
 
 namespace {
+
+constexpr int white = 0xFFFFFF;
 
 /// A path with a slash at its end names the same folder.
 QString folderFor(const QString &initDir)
@@ -17,13 +28,50 @@ QString folderFor(const QString &initDir)
     return initDir.isEmpty() ? QString() : Paths::native(initDir);
 }
 
-/// Adds the default extension only to a name that does not exist as it was typed: otherwise no file without
-/// an extension could be opened.
-class OpenDialog : public QFileDialog
+/// Asks the hook before it takes what was chosen.
+class HookedDialog : public QFileDialog
 {
 public:
-    OpenDialog(QWidget *owner, const QString &title, const QString &folder, const QString &suffix)
+    HookedDialog(QWidget *owner, const QString &title, const QString &folder, DialogHook *hook)
         : QFileDialog(owner, title, folder)
+        , m_hook(hook)
+    {
+        if (!m_hook)
+            return;
+        // The desktop's own dialogs are down by the time when they ask.
+        setOption(DontUseNativeDialog);
+        on(this, &QFileDialog::filterSelected, this,
+           [this](const QString &filter) { m_hook->TypeChange(int(nameFilters().indexOf(filter)) + 1); });
+        // The dialog's own signal does not tell of a folder whose name was typed.
+        if (auto *files = findChild<QFileSystemModel *>())
+            on(files, &QFileSystemModel::rootPathChanged, this,
+               [this](const QString &folderNow) { m_hook->FolderChange(folderNow); });
+        on(this, &QFileDialog::currentChanged, this,
+           [this](const QString &path) { m_hook->FileChange(path); });
+    }
+
+protected:
+    void done(int result) override
+    {
+        bool isConfirmed = true;
+        if (result == Accepted && m_hook)
+            run([&] { isConfirmed = m_hook->ConfirmOK(selectedFiles().value(0)); });
+        if (isConfirmed)
+            QFileDialog::done(result);
+    }
+
+private:
+    DialogHook *m_hook;
+};
+
+/// Adds the default extension only to a name that does not exist as it was typed: otherwise no file without
+/// an extension could be opened.
+class OpenDialog : public HookedDialog
+{
+public:
+    OpenDialog(QWidget *owner, const QString &title, const QString &folder, DialogHook *hook,
+               const QString &suffix)
+        : HookedDialog(owner, title, folder, hook)
         , m_suffix(suffix)
     {}
 
@@ -31,7 +79,8 @@ protected:
     void accept() override
     {
         const auto *edit = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        const bool isMissing = edit && !QFileInfo::exists(directory().absoluteFilePath(edit->text()));
+        const bool isMissing = edit && !edit->text().startsWith(u'"') && // several names stand in quotes
+                               !QFileInfo::exists(directory().absoluteFilePath(edit->text()));
         setDefaultSuffix(isMissing ? m_suffix : QString());
         QFileDialog::accept();
     }
@@ -40,11 +89,76 @@ private:
     QString m_suffix;
 };
 
+constexpr QLatin1String readOnlyName("readOnlyBox");
+
+void addReadOnlyBox(QFileDialog &dialog, bool isChecked)
+{
+    dialog.setOption(QFileDialog::DontUseNativeDialog); // no desktop's own dialog has such a box
+    auto *box = new QCheckBox(QStringLiteral("Open as &read-only"), &dialog);
+    box->setObjectName(readOnlyName);
+    box->setChecked(isChecked);
+    if (auto *grid = qobject_cast<QGridLayout *>(dialog.layout()))
+        grid->addWidget(box, grid->rowCount(), 1);
+}
+
+/// One path as it is; several ones as their folder and their names.
+QString nameOf(const QStringList &paths)
+{
+    if (paths.size() == 1)
+        return paths.first();
+    QStringList parts(QFileInfo(paths.value(0)).path());
+    for (const QString &path : paths)
+        parts << QFileInfo(path).fileName();
+    return parts.join(QChar(u'\0'));
+}
+
+void prepareForBoth(QFileDialog &dialog, const CommonDialog &settings)
+{
+    dialog.setObjectName(QStringLiteral("FileDialog"));
+    dialog.setNameFilters(FileFilter::toNameFilters(settings.Filter));
+    dialog.selectNameFilter(dialog.nameFilters().value(settings.FilterIndex - 1));
+    dialog.setOption(QFileDialog::DontConfirmOverwrite, !(settings.Flags & CommonDialog::OverwritePrompt));
+    if (!settings.FileName.isEmpty())
+        dialog.selectFile(settings.FileName);
+}
+
+void prepareToSave(QFileDialog &dialog, const CommonDialog &settings)
+{
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    prepareForBoth(dialog, settings);
+    dialog.setDefaultSuffix(settings.DefaultExt);
+}
+
+void prepareToOpen(QFileDialog &dialog, const CommonDialog &settings)
+{
+    dialog.setAcceptMode(QFileDialog::AcceptOpen);
+    if (settings.Flags & CommonDialog::AllowMultiselect)
+        dialog.setFileMode(QFileDialog::ExistingFiles);
+    else
+        dialog.setFileMode(settings.AllowsMissing ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    prepareForBoth(dialog, settings);
+    if (settings.OffersReadOnly)
+        addReadOnlyBox(dialog, settings.Flags & CommonDialog::ReadOnly);
+}
+
+void takeChoice(const QFileDialog &dialog, CommonDialog &settings)
+{
+    settings.FileName = nameOf(dialog.selectedFiles());
+    settings.FilterIndex = int(dialog.nameFilters().indexOf(dialog.selectedNameFilter())) + 1;
+    if (const auto *box = dialog.findChild<QCheckBox *>(readOnlyName)) {
+        settings.Flags &= ~CommonDialog::ReadOnly;
+        settings.Flags |= box->isChecked() ? CommonDialog::ReadOnly : 0;
+    }
+}
+
 } // namespace
 
 CommonDialog::CommonDialog(QWidget *owner)
     : m_owner(owner)
-{}
+{
+    CustomColors.fill(white);
+}
 
 void CommonDialog::ShowOpen()
 {
@@ -58,25 +172,72 @@ void CommonDialog::ShowSave()
 
 void CommonDialog::showFileDialog(Kind kind)
 {
-    const bool saves = kind == Kind::Save;
     const QString folder = folderFor(InitDir);
-    const QPointer<QFileDialog> dialog = saves ? new QFileDialog(m_owner, DialogTitle, folder)
-                                               : new OpenDialog(m_owner, DialogTitle, folder, DefaultExt);
-    dialog->setObjectName(QStringLiteral("FileDialog"));
-    dialog->setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    dialog->setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    dialog->setNameFilters(FileFilter::toNameFilters(Filter));
-    if (saves)
-        dialog->setDefaultSuffix(DefaultExt);
-    dialog->setOption(QFileDialog::DontConfirmOverwrite, !(Flags & OverwritePrompt));
-    if (!FileName.isEmpty())
-        dialog->selectFile(FileName);
-
+    const OwnedDialog<QFileDialog> shown(
+        kind == Kind::Save ? new HookedDialog(m_owner, DialogTitle, folder, Hook)
+                           : new OpenDialog(m_owner, DialogTitle, folder, Hook, DefaultExt));
+    kind == Kind::Save ? prepareToSave(*shown, *this) : prepareToOpen(*shown, *this);
+    if (Hook)
+        Hook->InitDialog(shown->winId());
     const bool cancelError = CancelError; // the owner, and this with it, may go while the dialog is up
-    const bool accepted = dialog->exec() == QDialog::Accepted;
+    const bool accepted = shown->exec() == QDialog::Accepted;
     if (accepted)
-        FileName = dialog->selectedFiles().value(0);
-    delete dialog;
+        takeChoice(*shown, *this);
+    if (shown && Hook)
+        Hook->DialogClose();
     if (!accepted && cancelError)
+        throw RuntimeError(ErrorNumber::DialogCancelled);
+}
+
+void CommonDialog::ShowColor()
+{
+    for (int i = 0; i < int(CustomColors.size()); ++i)
+        QColorDialog::setCustomColor(i, ColorNumber::toColor(CustomColors[std::size_t(i)]));
+    const OwnedDialog<QColorDialog> shown(new QColorDialog(ColorNumber::toColor(Color), m_owner));
+    shown->setObjectName(QStringLiteral("ColorDialog"));
+    shown->setWindowTitle(DialogTitle);
+    const bool cancelError = CancelError; // as above
+    const bool accepted = shown->exec() == QDialog::Accepted;
+    if (accepted)
+        Color = ColorNumber::of(shown->selectedColor());
+    for (int i = 0; shown && i < int(CustomColors.size()); ++i)
+        CustomColors[std::size_t(i)] = ColorNumber::of(QColorDialog::customColor(i));
+    if (!accepted && cancelError)
+        throw RuntimeError(ErrorNumber::DialogCancelled);
+}
+
+void CommonDialog::ShowFont()
+{
+    QFont font(FontName);
+    if (FontSize > 0)
+        font.setPointSizeF(FontSize);
+    font.setBold(FontBold);
+    font.setItalic(FontItalic);
+    font.setStrikeOut(FontStrikethru);
+    font.setUnderline(FontUnderline);
+    const OwnedDialog<FontDialog> shown(new FontDialog(font, ColorNumber::toColor(Color), m_owner));
+    shown->setWindowTitle(DialogTitle);
+    const bool cancelError = CancelError; // as above
+    if (shown->exec() == QDialog::Accepted)
+        takeFont(shown->selectedFont(), shown->color());
+    else if (cancelError)
+        throw RuntimeError(ErrorNumber::DialogCancelled);
+}
+
+void CommonDialog::takeFont(const QFont &font, const QColor &color)
+{
+    FontName = font.family();
+    FontSize = font.pointSizeF();
+    FontBold = font.bold();
+    FontItalic = font.italic();
+    FontStrikethru = font.strikeOut();
+    FontUnderline = font.underline();
+    Color = ColorNumber::of(color);
+}
+
+void CommonDialog::ShowPrinter()
+{
+    const bool cancelError = CancelError; // as above
+    if (!m_printer.show(m_owner, DialogTitle, Flags, PrintJobName) && cancelError)
         throw RuntimeError(ErrorNumber::DialogCancelled);
 }

@@ -5,6 +5,8 @@
 
 #include <QCloseEvent>
 #include <QEventLoop>
+#include <QKeyEvent>
+#include <QPushButton>
 
 Form::Form(const QString &name)
 {
@@ -99,6 +101,23 @@ void Form::call(const QString &name)
 void Form::addOperation(const QString &name, std::function<void()> operation)
 {
     m_operations.insert(name, std::move(operation));
+}
+
+void Form::setKeyButtons(QPushButton &accept, QPushButton &cancel)
+{
+    accept.setDefault(true);
+    m_accept = &accept;
+    m_cancel = &cancel;
+}
+
+void Form::keyPressEvent(QKeyEvent *event)
+{
+    if (m_cancel && event->key() == Qt::Key_Escape)
+        m_cancel->click();
+    else if (m_accept && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+        m_accept->click();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void Form::closeEvent(QCloseEvent *event)

@@ -6,6 +6,8 @@
 #include <QWidget>
 #include <functional>
 
+class QPushButton;
+
 /// A window of the suite: loaded once, shown, and unloaded through its own questions. While it is loaded it
 /// stands in Forms. How a window of the frame is placed there is told by ChildForm, not here.
 class Form : public QWidget
@@ -58,7 +60,11 @@ protected:
     /// Lets other windows reach \a operation by name.
     void addOperation(const QString &name, std::function<void()> operation);
 
+    /// Return presses \a accept and Escape presses \a cancel, wherever in the window the focus is.
+    void setKeyButtons(QPushButton &accept, QPushButton &cancel);
+
     void closeEvent(QCloseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:
@@ -67,6 +73,8 @@ private:
     bool finish();
 
     State m_state = State::New;
+    QPushButton *m_accept = nullptr;
+    QPushButton *m_cancel = nullptr;
     QHash<QString, std::function<void()>> m_operations;
 };
 

@@ -31,6 +31,11 @@ void Forms::registerWindow(const QString &name, Instances instances, Factory fac
     windows().insert(name, {instances, std::move(factory), {}});
 }
 
+bool Forms::isRegistered(const QString &name)
+{
+    return windows().contains(name);
+}
+
 Form &Forms::refer(const QString &name)
 {
     const auto window = windows().find(name);

@@ -17,6 +17,8 @@ using Factory = std::function<Form *()>;
 /// Makes a window known. Done once for each at start-up.
 void registerWindow(const QString &name, Instances instances, Factory factory);
 
+bool isRegistered(const QString &name);
+
 /// The window \a name, by its kind the named instance or a new one. Throws RuntimeError 424 for a name that
 /// nobody registered.
 Form &refer(const QString &name);

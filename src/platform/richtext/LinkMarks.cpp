@@ -6,14 +6,21 @@
 
 namespace {
 
-QTextEdit::ExtraSelection look(const QTextEdit &view, const LinkFinder::Link &link)
+QTextCharFormat lookIn(const QTextEdit &view)
+{
+    QTextCharFormat look;
+    look.setForeground(view.palette().link());
+    look.setUnderlineStyle(QTextCharFormat::SingleUnderline);
+    return look;
+}
+
+QTextEdit::ExtraSelection mark(const QTextEdit &view, const LinkFinder::Link &link)
 {
     QTextEdit::ExtraSelection mark;
     mark.cursor = view.textCursor();
     mark.cursor.setPosition(link.first);
     mark.cursor.setPosition(link.end, QTextCursor::KeepAnchor);
-    mark.format.setForeground(view.palette().link());
-    mark.format.setUnderlineStyle(QTextCharFormat::SingleUnderline);
+    mark.format = lookIn(view);
     return mark;
 }
 
@@ -40,6 +47,11 @@ void LinkMarks::setOn(bool on)
     m_view.viewport()->update();
 }
 
+std::optional<QTextCharFormat> LinkMarks::look() const
+{
+    return m_on ? std::optional(lookIn(m_view)) : std::nullopt;
+}
+
 void LinkMarks::markVisible()
 {
     const QList<LinkFinder::Link> links = m_on ? visibleLinks() : QList<LinkFinder::Link>();
@@ -47,7 +59,7 @@ void LinkMarks::markVisible()
         return;
     QList<QTextEdit::ExtraSelection> marks;
     for (const LinkFinder::Link &link : links)
-        marks.append(look(m_view, link));
+        marks.append(mark(m_view, link));
     m_view.setExtraSelections(marks);
 }
 

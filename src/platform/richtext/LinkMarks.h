@@ -2,6 +2,8 @@
 
 #include "LinkFinder.h"
 
+#include <QTextCharFormat>
+
 class QPoint;
 class QTextEdit;
 
@@ -15,6 +17,9 @@ public:
     explicit LinkMarks(QTextEdit &view);
 
     void setOn(bool on);
+
+    /// What lies over a link's own format; none while links are not marked.
+    std::optional<QTextCharFormat> look() const;
 
     /// To be called before the view is painted.
     void markVisible();

@@ -1,5 +1,10 @@
 #include "Pictures.h"
 
+#include "ParagraphFormat.h"
+#include "RichTextProperties.h"
+
+#include <QBuffer>
+#include <QFontMetricsF>
 #include <QImage>
 #include <QTextBlock>
 #include <QTextCursor>
@@ -19,14 +24,33 @@ QVariant resource(const QTextDocument &document, const QString &name)
     return document.resource(QTextDocument::ImageResource, QUrl(name));
 }
 
-void rename(QTextDocument &document, const QTextFragment &run, const QString &name)
+QImage imageOf(const QTextDocument &document, const QTextImageFormat &format)
 {
-    QTextImageFormat format = run.charFormat().toImageFormat();
-    format.setName(name);
+    const QVariant picture = resource(document, format.name());
+    return picture.typeId() == QMetaType::QByteArray ? QImage::fromData(picture.toByteArray())
+                                                     : picture.value<QImage>();
+}
+
+void setFormat(QTextDocument &document, const QTextFragment &run, const QTextImageFormat &format)
+{
     QTextCursor picture(&document);
     picture.setPosition(run.position());
     picture.setPosition(run.position() + run.length(), QTextCursor::KeepAnchor);
     picture.setCharFormat(format);
+}
+
+void rename(QTextDocument &document, const QTextFragment &run, const QString &name)
+{
+    QTextImageFormat format = run.charFormat().toImageFormat();
+    format.setName(name);
+    setFormat(document, run, format);
+}
+
+/// In pixels. What came without a size, as pasted HTML may, shows in its own.
+QSizeF shownSize(const QTextDocument &document, const QTextImageFormat &format)
+{
+    const QSizeF size(format.width(), format.height());
+    return size.isEmpty() ? QSizeF(imageOf(document, format).size()) : size;
 }
 
 QList<QTextFragment> pictureRuns(const QTextDocument &document)
@@ -41,6 +65,21 @@ QList<QTextFragment> pictureRuns(const QTextDocument &document)
     return runs;
 }
 
+/// Keeps \a image in the form that files take, as its making takes long and would be due at each writing.
+void keepBytes(QTextImageFormat &format, const QImage &image)
+{
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    if (!image.save(&buffer, "PNG"))
+        return;
+    format.setProperty(RichTextProperty::PictureBytes, bytes);
+    format.setProperty(RichTextProperty::PictureKind, QByteArray("pngblip"));
+    format.setProperty(RichTextProperty::PictureSourceWidth, image.width());
+    format.setProperty(RichTextProperty::PictureSourceHeight, image.height());
+    format.setProperty(RichTextProperty::PictureWidth, ParagraphFormat::toTwips(format.width()));
+    format.setProperty(RichTextProperty::PictureHeight, ParagraphFormat::toTwips(format.height()));
+}
+
 } // namespace
 
 void Pictures::insert(QTextCursor &cursor, const QImage &image)
@@ -51,6 +90,7 @@ void Pictures::insert(QTextCursor &cursor, const QImage &image)
     format.setName(name);
     format.setWidth(image.width() / image.devicePixelRatio());
     format.setHeight(image.height() / image.devicePixelRatio());
+    keepBytes(format, image);
     cursor.insertImage(format);
 }
 
@@ -75,7 +115,23 @@ QImage Pictures::selected(const QTextCursor &cursor)
     const QTextCharFormat format = behind.charFormat();
     if (!format.isImageFormat())
         return {};
-    const QVariant picture = resource(*cursor.document(), format.toImageFormat().name());
-    return picture.typeId() == QMetaType::QByteArray ? QImage::fromData(picture.toByteArray())
-                                                     : picture.value<QImage>();
+    return imageOf(*cursor.document(), format.toImageFormat());
+}
+
+void Pictures::shrinkTo(const QSizeF &page, QTextDocument &document)
+{
+    QList<QTextFragment> runs = pictureRuns(document);
+    std::reverse(runs.begin(), runs.end()); // a change may unite a run with the one behind it
+    for (const QTextFragment &run : runs) {
+        QTextImageFormat format = run.charFormat().toImageFormat();
+        const QSizeF size = shownSize(document, format);
+        const double belowFoot = QFontMetricsF(format.font()).height(); // where the line's letters reach
+        const QSizeF area = page - QSizeF(0, belowFoot);
+        if (size.boundedTo(area) == size)
+            continue;
+        const QSizeF fitting = size.scaled(area, Qt::KeepAspectRatio);
+        format.setWidth(fitting.width());
+        format.setHeight(fitting.height());
+        setFormat(document, run, format);
+    }
 }

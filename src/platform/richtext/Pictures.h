@@ -3,6 +3,7 @@
 #include <QString>
 
 class QImage;
+class QSizeF;
 class QTextCursor;
 class QTextDocument;
 
@@ -18,5 +19,9 @@ void move(QTextDocument &from, QTextDocument &to);
 
 /// The picture that is all of the selection of \a cursor; null when there is more, or none.
 QImage selected(const QTextCursor &cursor);
+
+/// Gives every picture of \a document whose line is larger than \a page, in pixels, the largest size that
+/// fits.
+void shrinkTo(const QSizeF &page, QTextDocument &document);
 
 } // namespace Pictures

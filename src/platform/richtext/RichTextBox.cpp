@@ -232,7 +232,7 @@ void RichTextBox::setLocked(bool locked)
                                    : Qt::TextInteractionFlags(Qt::TextEditorInteraction));
 }
 
-void RichTextBox::SelPrint(QPagedPaintDevice *device) const
+void RichTextBox::SelPrint(QPrinter *device) const
 {
     if (!device)
         return;
@@ -243,7 +243,7 @@ void RichTextBox::SelPrint(QPagedPaintDevice *device) const
     } else {
         printed.reset(document()->clone());
     }
-    TextPrinter::print(*printed, *device);
+    TextPrinter::print(*printed, *device, m_links.look());
 }
 
 void RichTextBox::setAutoURLDetection(bool on)

@@ -7,7 +7,7 @@
 
 #include <QTextEdit>
 
-class QPagedPaintDevice;
+class QPrinter;
 
 /// The rich-text control: text, selection, formats, files and links under the names that all windows use.
 /// A character or paragraph state of the selection is std::nullopt where it is mixed.
@@ -81,8 +81,9 @@ public:
     bool Locked() const;
     void setLocked(bool locked);
 
-    /// Prints the selection, or everything when it is empty. Does nothing without a device.
-    void SelPrint(QPagedPaintDevice *device) const;
+    /// Prints the selection, or everything when it is empty. Does nothing without a device. Throws
+    /// RuntimeError as PrintJob does.
+    void SelPrint(QPrinter *device) const;
 
     /// Marks web and mail addresses in the text and tells of clicks on them; the document itself is not
     /// changed.

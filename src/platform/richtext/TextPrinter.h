@@ -1,13 +1,18 @@
 #pragma once
 
-class QPagedPaintDevice;
+#include <QTextCharFormat>
+#include <optional>
+
+class QPrinter;
 class QTextDocument;
 
-/// Puts documents on paper.
+/// Puts documents on paper as they stand on the screen.
 namespace TextPrinter {
 
-/// Prints \a document, which is fitted to the paper and not to be shown afterwards. The device's own page
-/// margins are the only ones; there is no page number.
-void print(QTextDocument &document, QPagedPaintDevice &device);
+/// Prints \a document, which is fitted to the paper and not to be shown afterwards. The printer's own page
+/// margins are the only ones; there is no page number. A line goes to the next page rather than being cut,
+/// and a picture larger than a page is shrunk to it. Web and mail addresses look like \a linkLook, if given.
+/// Throws RuntimeError as PrintJob does.
+void print(QTextDocument &document, QPrinter &printer, const std::optional<QTextCharFormat> &linkLook);
 
 } // namespace TextPrinter

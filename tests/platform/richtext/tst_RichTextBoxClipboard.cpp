@@ -1,4 +1,5 @@
 #include "RichTextFixture.h"
+#include "RichTextProperties.h"
 
 #include <QImage>
 #include <QMimeData>
@@ -121,6 +122,23 @@ TEST_F(Clipboard, APastedPictureIsOneStepAndIsKeptByRichText)
     box.setTextRTF(rich);
     EXPECT_EQ(box.Text().size(), 1);
     EXPECT_EQ(box.TextRTF(), rich);
+}
+
+TEST_F(Clipboard, APastedPictureIsEncodedOnce)
+{
+    QImage image = picture();
+    image.setDevicePixelRatio(2);
+    data.setImageData(image);
+    box.insertFromMimeData(&data);
+    select(0, 1);
+    const QTextImageFormat format = box.textCursor().charFormat().toImageFormat();
+    const QByteArray bytes = format.property(RichTextProperty::PictureBytes).toByteArray();
+    EXPECT_EQ(QImage::fromData(bytes).size(), QSize(20, 10));
+    QTextDocument &document = *box.document();
+    document.addResource(QTextDocument::ImageResource, QUrl(format.name()),
+                         QImage(3, 3, QImage::Format_RGB32));
+    const QByteArray size = "\\pngblip\\picw20\\pich10\\picwgoal150\\pichgoal75 "; // half the pixels
+    EXPECT_TRUE(box.TextRTF().contains(size + bytes.toHex()));
 }
 
 TEST_F(Clipboard, ASelectedPictureIsOfferedAsPicture)

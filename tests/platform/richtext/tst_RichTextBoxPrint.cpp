@@ -1,9 +1,14 @@
+#include "ErrorNumberOf.h"
+#include "Files.h"
+#include "FullDisk.h"
 #include "ParagraphFormat.h"
+#include "Pictures.h"
+#include "PrintedPdf.h"
+#include "QtMessages.h"
 #include "RichTextFixture.h"
 
-#include <QPdfWriter>
-#include <QProcess>
-#include <QRegularExpression>
+#include <QPainter>
+#include <QPrinter>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTextTable>
@@ -13,6 +18,13 @@ namespace {
 class Print : public RichTextFixture
 {
 protected:
+    Print()
+        : pdf(folder.filePath(QStringLiteral("a.pdf")))
+    {
+        printer.setOutputFileName(file());
+        printer.setPageSize(QPageSize(QPageSize::A4));
+        printer.setPageMargins(QMarginsF(20, 20, 20, 20), QPageLayout::Millimeter);
+    }
     void SetUp() override
     {
         if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
@@ -20,46 +32,37 @@ protected:
     }
 
     /// The printed pages' text.
-    QStringList print(int resolution = 1200)
+    QStringList print()
     {
-        {
-            QPdfWriter writer(file());
-            writer.setResolution(resolution);
-            writer.setPageSize(QPageSize(QPageSize::A4));
-            writer.setPageMargins(QMarginsF(20, 20, 20, 20), QPageLayout::Millimeter);
-            box.SelPrint(&writer);
+        box.SelPrint(&printer);
+        return pdf.pages();
+    }
+    double leftOf(const char *word) { return pdf.placeOf(QString::fromLatin1(word)).left(); }
+    double topOf(const char *word) { return pdf.placeOf(QString::fromLatin1(word)).top(); }
+    void insertPicture(int width, int height)
+    {
+        QImage image(width, height, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        QTextCursor cursor = box.textCursor();
+        Pictures::insert(cursor, image);
+    }
+    /// The dots of a page's picture in \a area, in points, that are of \a color.
+    int dots(const QRectF &area, const QColor &color, int page = 1)
+    {
+        const QImage picture = pdf.picture(page).copy(QRectF(area.topLeft() * 4, area.size() * 4).toRect());
+        int count = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                count += picture.pixelColor(x, y) == color;
         }
-        QStringList pages = read({QStringLiteral("-layout")}).split(u'\f');
-        pages.removeLast();
-        return pages;
+        return count;
     }
-
-    /// From the paper's left edge, in points.
-    double leftOf(const QString &word)
-    {
-        const QRegularExpression place(QStringLiteral("xMin=\"([0-9.]+)\"[^>]*>%1<").arg(word));
-        return place.match(read({QStringLiteral("-bbox")})).captured(1).toDouble();
-    }
-    double topOf(const QString &word)
-    {
-        const QRegularExpression place(QStringLiteral("yMin=\"([0-9.]+)\"[^>]*>%1<").arg(word));
-        return place.match(read({QStringLiteral("-bbox")})).captured(1).toDouble();
-    }
-
     QString file() const { return folder.filePath(QStringLiteral("a.pdf")); }
 
     static constexpr double paperMargin = 20 / 25.4 * 72; // points
-
-private:
-    QString read(QStringList arguments) const
-    {
-        QProcess reader;
-        reader.start(QStringLiteral("pdftotext"), arguments << file() << QStringLiteral("-"));
-        reader.waitForFinished();
-        return QString::fromUtf8(reader.readAllStandardOutput());
-    }
-
     QTemporaryDir folder;
+    QPrinter printer{QPrinter::HighResolution};
+    PrintedPdf pdf;
 };
 
 } // namespace
@@ -92,6 +95,16 @@ TEST_F(Print, FillsPages)
     EXPECT_TRUE(pages.last().contains(QStringLiteral("last")));
 }
 
+TEST_F(Print, TheLastPageComesFirstWhereAskedFor)
+{
+    box.setText(QStringLiteral("first\n") + QStringLiteral("line\n").repeated(100) + QStringLiteral("last"));
+    printer.setPageOrder(QPrinter::LastPageFirst);
+    const QStringList pages = print();
+    ASSERT_EQ(pages.size(), 2);
+    EXPECT_TRUE(pages.first().contains(QStringLiteral("last")));
+    EXPECT_TRUE(pages.last().contains(QStringLiteral("first")));
+}
+
 TEST_F(Print, AnInchIsAnInchAtAnyResolution)
 {
     box.setText(QStringLiteral("zero\ninch"));
@@ -99,9 +112,10 @@ TEST_F(Print, AnInchIsAnInchAtAnyResolution)
     box.setSelIndent(1440);
     box.setSelStart(0);
     for (const int resolution : {96, 300, 1200}) {
-        print(resolution);
-        EXPECT_NEAR(leftOf(QStringLiteral("zero")), paperMargin, 1) << resolution;
-        EXPECT_NEAR(leftOf(QStringLiteral("inch")), paperMargin + 72, 1) << resolution;
+        printer.setResolution(resolution);
+        print();
+        EXPECT_NEAR(leftOf("zero"), paperMargin, 1) << resolution;
+        EXPECT_NEAR(leftOf("inch"), paperMargin + 72, 1) << resolution;
     }
 }
 
@@ -116,19 +130,19 @@ TEST_F(Print, HangingLinesAndBulletsKeepTheirPlace)
     box.textCursor().mergeBlockFormat(format);
     box.setSelStart(0);
     print();
-    EXPECT_NEAR(leftOf(QStringLiteral("item")), paperMargin + 72, 1);
-    EXPECT_NEAR(leftOf(QStringLiteral("first")), paperMargin + 36, 1);
+    EXPECT_NEAR(leftOf("item"), paperMargin + 72, 1);
+    EXPECT_NEAR(leftOf("first"), paperMargin + 36, 1);
 }
 
 TEST_F(Print, SpaceBetweenParagraphsIsScaled)
 {
     box.setText(QStringLiteral("one\ntwo"));
-    const double close = (print(), topOf(QStringLiteral("two")) - topOf(QStringLiteral("one")));
+    const double close = (print(), topOf("two") - topOf("one"));
     QTextBlockFormat format;
     ParagraphFormat::setSpacing(format, 0, 1440);
     box.textCursor().mergeBlockFormat(format);
     print();
-    EXPECT_NEAR(topOf(QStringLiteral("two")) - topOf(QStringLiteral("one")), close + 72, 1);
+    EXPECT_NEAR(topOf("two") - topOf("one"), close + 72, 1);
 }
 
 TEST_F(Print, LineSpacingIsScaled)
@@ -140,7 +154,7 @@ TEST_F(Print, LineSpacingIsScaled)
     all.select(QTextCursor::Document);
     all.mergeBlockFormat(format);
     print();
-    EXPECT_NEAR(topOf(QStringLiteral("two")) - topOf(QStringLiteral("one")), 24, 1);
+    EXPECT_NEAR(topOf("two") - topOf("one"), 24, 1);
 }
 
 TEST_F(Print, CellsOfATableStandApartAsOnTheScreen)
@@ -158,7 +172,7 @@ TEST_F(Print, CellsOfATableStandApartAsOnTheScreen)
     table->cellAt(0, 1).firstCursorPosition().insertText(QStringLiteral("two"));
     box.setSelStart(0);
     print();
-    EXPECT_NEAR(leftOf(QStringLiteral("two")) - leftOf(QStringLiteral("one")), 144, 2);
+    EXPECT_NEAR(leftOf("two") - leftOf("one"), 144, 2);
 }
 
 TEST_F(Print, TheShownTextStaysAsItIs)
@@ -177,4 +191,181 @@ TEST_F(Print, WithoutADeviceNothingHappens)
     box.setText(QStringLiteral("one"));
     box.SelPrint(nullptr);
     EXPECT_EQ(box.Text(), QStringLiteral("one"));
+}
+
+TEST_F(Print, TextIsAsLargeAsItsPointsSay)
+{
+    box.setText(QStringLiteral("MMMMMMMMMM"));
+    select(0, 10);
+    box.setSelFontName(QStringLiteral("Liberation Sans"));
+    box.setSelFontSize(11);
+    box.setSelStart(0);
+    print();
+    constexpr double widthOfM = 0.833; // of the size
+    EXPECT_NEAR(pdf.placeOf(QStringLiteral("MMMMMMMMMM")).width(), 10 * widthOfM * 11, 0.5);
+}
+
+TEST_F(Print, ASelectionKeepsItsFormats)
+{
+    box.setTextRTF("{\\rtf1{\\fonttbl{\\f0 Liberation Serif;}}{\\colortbl;\\red0\\green0\\blue255;}"
+                   "\\f0 plain \\b\\cf1 strong\\b0 , plain}");
+    select(6, 12);
+    EXPECT_EQ(print().join(QString()).trimmed(), QStringLiteral("strong"));
+    EXPECT_EQ(pdf.fonts().value(0), QStringLiteral("LiberationSerif-Bold"));
+    EXPECT_GT(dots(QRectF(QPointF(), pdf.paper()), Qt::blue), 100);
+}
+
+TEST_F(Print, SmallCapitalsAreAsLargeAsOnTheScreen)
+{
+    box.setTextRTF(
+        "{\\rtf1{\\fonttbl{\\f0 Liberation Sans;}}\\f0\\fs40\\scaps mmmm\\par MMMMM\\par M1m\\par}");
+    EXPECT_EQ(print().join(QString()).simplified(), QStringLiteral("MMMM MMMMM M1M"));
+    constexpr double widthOfM = 0.833; // of the size
+    EXPECT_NEAR(pdf.placeOf(QStringLiteral("MMMM")).width(), 4 * widthOfM * 20 * 0.7, 0.5);
+    EXPECT_NEAR(pdf.placeOf(QStringLiteral("MMMMM")).width(), 5 * widthOfM * 20, 0.5);
+}
+
+TEST_F(Print, TabsStandWhereTheyAre)
+{
+    box.setTextRTF("{\\rtf1\\tx2880\\tqr\\tx5760 a\\tab left\\tab right}");
+    print();
+    EXPECT_NEAR(leftOf("left"), paperMargin + 144, 1);
+    EXPECT_NEAR(pdf.placeOf(QStringLiteral("right")).right(), paperMargin + 288, 1);
+}
+
+TEST_F(Print, APictureKeepsItsSize)
+{
+    box.setText({});
+    insertPicture(96, 48);
+    print();
+    EXPECT_EQ(pdf.pictureSizes(), QList<QSize>{QSize(72, 36)});
+}
+
+TEST_F(Print, APictureLargerThanThePageIsShrunkToIt)
+{
+    const QSizeF page(595 - 2 * paperMargin, 842 - 2 * paperMargin);
+    for (const QSize &size : {QSize(2000, 1000), QSize(700, 3000)}) {
+        box.setText({});
+        insertPicture(size.width(), size.height());
+        EXPECT_EQ(print().size(), 1);
+        ASSERT_EQ(pdf.pictureSizes().size(), 1);
+        const QSizeF shown = pdf.pictureSizes().first();
+        EXPECT_LE(shown.width(), page.width() + 1);
+        EXPECT_LE(shown.height(), page.height());
+        EXPECT_NEAR(shown.width() / shown.height(), double(size.width()) / size.height(), 0.02);
+        EXPECT_GT(qMax(shown.width() / page.width(), shown.height() / page.height()), 0.95);
+    }
+}
+
+TEST_F(Print, ALineIsNeverCutByThePagesEdge)
+{
+    QStringList lines;
+    for (int i = 0; i < 300; ++i)
+        lines << QStringLiteral("line%1").arg(i, 3, 10, QLatin1Char('0'));
+    box.setText(lines.join(u' ')); // one paragraph
+
+    select(0, 10000);
+    box.setSelFontSize(23);
+    box.setSelStart(0);
+    const QStringList pages = print();
+    ASSERT_GT(pages.size(), 1);
+    QStringList printed; // a line that is cut is on two pages
+    for (const QString &page : pages)
+        printed += page.simplified().split(u' ');
+    EXPECT_EQ(printed.join(u' ').toStdString(), lines.join(u' ').toStdString());
+    EXPECT_EQ(dots(QRectF(0, 842 - paperMargin, 595, 50), Qt::white), 595 * 4 * 50 * 4);
+}
+
+TEST_F(Print, WhatHangsOutOfTheMarginIsThere)
+{
+    box.setTextRTF("{\\rtf1\\fi-600 hanging}");
+    print();
+    EXPECT_NEAR(leftOf("hanging"), paperMargin - 30, 1);
+    EXPECT_GT(dots(QRectF(paperMargin - 30, paperMargin, 29, 20), Qt::black), 50);
+}
+
+TEST_F(Print, PaperIsWhiteAndTextIsBlackInDarkToo)
+{
+    QPalette dark;
+    dark.setColor(QPalette::Base, Qt::black);
+    dark.setColor(QPalette::Text, Qt::white);
+    box.setPalette(dark);
+    box.setText(QStringLiteral("MMM"));
+    print();
+    EXPECT_GT(dots(pdf.placeOf(QStringLiteral("MMM")), Qt::black), 50);
+    EXPECT_EQ(dots(QRectF(100, 400, 100, 100), Qt::white), 400 * 400);
+}
+
+TEST_F(Print, MarkedLinksLookAsOnTheScreen)
+{
+    box.setText(QStringLiteral("see http://example.org/ now"));
+    const QString link = QStringLiteral("http://example.org/");
+    const QColor look = box.palette().color(QPalette::Link);
+    print();
+    EXPECT_EQ(dots(pdf.placeOf(link), look), 0);
+    box.setAutoURLDetection(true);
+    print();
+    EXPECT_GT(dots(pdf.placeOf(link), look), 50);
+    EXPECT_EQ(dots(pdf.placeOf(QStringLiteral("now")), look), 0);
+
+    box.setText(QStringLiteral("line\n").repeated(100) + QStringLiteral("see http://example.org/"));
+    EXPECT_EQ(print().size(), 2);
+    EXPECT_GT(dots(pdf.placeOf(link), look, 2), 50);
+}
+
+TEST_F(Print, ColumnsShadesAndBordersOfATable)
+{
+    box.setTextRTF(
+        "{\\rtf1{\\colortbl;\\red204\\green255\\blue204;}\\trowd"
+        "\\clbrdrt\\brdrs\\brdrw20\\clbrdrl\\brdrs\\brdrw20\\clbrdrb\\brdrs\\brdrw20"
+        "\\clbrdrr\\brdrs\\brdrw20\\clcbpat1\\cellx2880\\cellx5760\\intbl one\\cell two\\cell\\row\\pard}");
+    print();
+    EXPECT_NEAR(leftOf("two") - leftOf("one"), 144, 2);
+    const double top = topOf("one");
+    EXPECT_GT(dots(QRectF(paperMargin + 100, top, 10, 10), QColor(204, 255, 204)), 1500);
+    EXPECT_EQ(dots(QRectF(paperMargin + 200, top, 10, 10), Qt::white), 1600);
+    EXPECT_GT(dots(QRectF(paperMargin + 100, top - 5, 10, 10), Qt::black), 30);
+}
+
+TEST_F(Print, CellsCutByThePagesEdgeLoseNothing)
+{
+    QByteArray rtf = "{\\rtf1\\fs46 ";
+    QStringList words;
+    for (int i = 0; i < 60; ++i) {
+        rtf += "\\trowd\\clvertalc\\cellx2000\\clvertalb\\cellx4000\\cellx6000\\intbl middle" +
+               QByteArray::number(i) + "\\cell foot" + QByteArray::number(i) +
+               "\\cell one\\par two\\par three\\cell\\row\n";
+        words << QStringLiteral("middle%1").arg(i) << QStringLiteral("foot%1").arg(i);
+    }
+    box.setTextRTF(rtf + "\\pard the end\\par}");
+    const QStringList pages = print();
+    EXPECT_GT(pages.size(), 5);
+    const QStringList printed = pages.join(u' ').simplified().split(u' ');
+    for (const QString &word : words)
+        EXPECT_EQ(printed.count(word), 1) << qPrintable(word);
+    EXPECT_EQ(printed.count(QStringLiteral("three")), 60);
+    EXPECT_EQ(printed.last(), QStringLiteral("end"));
+}
+
+TEST_F(Print, AFileThatCannotBeWrittenIsAnErrorAndLeavesNothing)
+{
+    box.setText(QStringLiteral("text"));
+    Files::write(file(), "old");
+    {
+        const FullDisk full(100);
+        EXPECT_EQ(errorNumberOf([&] { box.SelPrint(&printer); }), ErrorNumber::DiskFull);
+    }
+    EXPECT_EQ(Files::read(file()), QByteArray("old"));
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
+    printer.setOutputFileName(folder.filePath(QStringLiteral("gone/a.pdf")));
+    EXPECT_EQ(errorNumberOf([&] { box.SelPrint(&printer); }), ErrorNumber::PathNotFound);
+}
+
+TEST_F(Print, APrinterThatDoesNotBeginIsAnError)
+{
+    QtMessages::expect(QStringLiteral("A paint device can only be painted by one painter at a time"));
+    QtMessages::expect(QStringLiteral("Cannot be changed while printer is active"));
+    box.setText(QStringLiteral("text"));
+    QPainter other(&printer);
+    EXPECT_EQ(errorNumberOf([&] { box.SelPrint(&printer); }), ErrorNumber::PrinterError);
 }

@@ -11,6 +11,8 @@ class RtfColorTable : public RtfPart
 public:
     /// Invalid for the automatic colour and for numbers outside the table.
     QColor color(int number) const { return m_colors.value(number); }
+    /// Behind text 0 means none, whatever the table's first entry.
+    QColor background(int number) const { return number == 0 ? QColor() : color(number); }
 
     void begin();
     void word(const RtfToken &token) override;

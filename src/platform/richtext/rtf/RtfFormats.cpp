@@ -97,8 +97,8 @@ void RtfFormats::setColors(QTextCharFormat &format, const RtfCharacterState &sta
     const QColor foreground = m_colors.color(state.foreground);
     if (foreground.isValid())
         format.setForeground(foreground);
-    const QColor highlight = m_colors.color(state.highlight);
-    const QColor background = highlight.isValid() ? highlight : m_colors.color(state.shading);
+    const QColor highlight = m_colors.background(state.highlight);
+    const QColor background = highlight.isValid() ? highlight : m_colors.background(state.shading);
     if (background.isValid())
         format.setBackground(background);
 }
@@ -122,7 +122,7 @@ QTextBlockFormat RtfFormats::make(const RtfParagraphState &state, bool isInList)
         format.setTabPositions(m_stops.tabs(state.tabs));
         format.setProperty(RichTextProperty::TabStops, m_stops.words(state.tabs));
     }
-    const QColor shading = m_colors.color(state.shading);
+    const QColor shading = m_colors.background(state.shading);
     if (shading.isValid())
         format.setBackground(shading);
     if (state.breaksPage != 0)

@@ -2,6 +2,7 @@
 #include "ReadDocument.h"
 #include "RichTextProperties.h"
 
+#include <QTextTable>
 #include <gtest/gtest.h>
 
 namespace {
@@ -168,6 +169,18 @@ TEST(RtfReaderParagraphs, IndentsAndSpacing)
     EXPECT_EQ(ParagraphFormat::leftIndent(second), 32767);
     EXPECT_EQ(second.lineHeightType(), int(QTextBlockFormat::FixedHeight));
     EXPECT_EQ(ParagraphFormat::leftIndent(read.paragraph(2).blockFormat()), 0);
+}
+
+TEST(RtfReaderColours, TheFirstEntryOfATableIsNoBackground)
+{
+    ReadDocument read(
+        "{\\rtf1{\\colortbl\\red1\\green0\\blue0;}a\\par\\trowd\\cellx1440\\intbl b\\cell\\row}");
+    for (const QString &letter : {QStringLiteral("a"), QStringLiteral("b")})
+        EXPECT_EQ(read.formatOf(letter).background().style(), Qt::NoBrush);
+    EXPECT_EQ(read.paragraph(0).blockFormat().background().style(), Qt::NoBrush);
+    const QTextTable *table = qobject_cast<QTextTable *>(read.document().rootFrame()->childFrames().value(0));
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->cellAt(0, 0).format().background().style(), Qt::NoBrush);
 }
 
 TEST(RtfReaderParagraphs, TabsShadingAndPages)

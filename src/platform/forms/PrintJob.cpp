@@ -1,0 +1,84 @@
+#include "PrintJob.h"
+
+#include "Files.h"
+#include "RuntimeError.h"
+
+#include <QDir>
+#include <QLibrary>
+#include <QPrinter>
+
+namespace {
+
+/// Qt hands a job to the print server and keeps the answer for itself. The server's library remembers it.
+bool serverTookJob()
+{
+    constexpr int lastSuccess = 0xFF;
+    using LastError = int (*)();
+    QLibrary library(QStringLiteral("cups"), 2);
+    const auto lastError = reinterpret_cast<LastError>(library.resolve("cupsLastError"));
+    return !lastError || (lastError() >= 0 && lastError() <= lastSuccess);
+}
+
+bool isWholePdf(const QByteArray &bytes)
+{
+    return bytes.trimmed().endsWith("%%EOF");
+}
+
+} // namespace
+
+PrintJob::PrintJob(QPrinter &printer)
+    : m_printer(printer)
+    , m_file(printer.outputFileName())
+    , m_scratch(QDir::tempPath() + QStringLiteral("/print-XXXXXX.pdf"))
+{
+    if (isFile())
+        beginScratch();
+    if (m_painter.begin(&m_printer))
+        return;
+    m_printer.setOutputFileName(m_file);
+    throw RuntimeError(ErrorNumber::PrinterError);
+}
+
+PrintJob::~PrintJob()
+{
+    if (m_painter.isActive())
+        m_painter.end();
+    if (isFile())
+        m_printer.setOutputFileName(m_file);
+}
+
+bool PrintJob::isFile() const
+{
+    return m_printer.outputFormat() == QPrinter::PdfFormat;
+}
+
+void PrintJob::beginScratch()
+{
+    if (!m_scratch.open())
+        throw RuntimeError(ErrorNumber::PathFileAccessError, {}, m_scratch.fileName());
+    m_printer.setOutputFileName(m_scratch.fileName());
+}
+
+void PrintJob::newPage()
+{
+    if (!m_printer.newPage())
+        throw RuntimeError(ErrorNumber::PrinterError);
+}
+
+void PrintJob::finish()
+{
+    if (!m_painter.end() || m_printer.printerState() == QPrinter::Error)
+        throw RuntimeError(ErrorNumber::PrinterError);
+    if (isFile())
+        deliverFile();
+    else if (!serverTookJob())
+        throw RuntimeError(ErrorNumber::PrinterError);
+}
+
+void PrintJob::deliverFile()
+{
+    const QByteArray bytes = Files::read(m_scratch.fileName());
+    if (!isWholePdf(bytes)) // nobody told when the disk was full
+        throw RuntimeError(ErrorNumber::DiskFull, {}, m_scratch.fileName());
+    Files::write(m_file, bytes);
+}

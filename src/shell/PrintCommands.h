@@ -1,0 +1,24 @@
+#pragma once
+
+class frmMain;
+
+/// The print commands, which work on the active window. Each step's error is reported and the next step then
+/// runs: so a cancelled dialog comes to the printing all the same, and there finds no device.
+class PrintCommands
+{
+public:
+    explicit PrintCommands(frmMain &frame);
+
+    /// Drops the selection and prints everything.
+    void printall_Click();
+    /// Prints the selection; without one says so and shows no dialog.
+    void printselected_Click();
+    /// Chooses paper, margins and printer. Needs no document.
+    void mnuFilePageSetup_Click();
+
+private:
+    void prepareDialog(int flags);
+    void print();
+
+    frmMain &m_frame;
+};
