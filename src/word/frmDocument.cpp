@@ -3,6 +3,8 @@
 #include "Ask.h"
 #include "ErrorReports.h"
 #include "EventGate.h"
+#include "FormatButtons.h"
+#include "Forms.h"
 #include "Globals.h"
 #include "LinkOpener.h"
 #include "MainFrame.h"
@@ -10,20 +12,26 @@
 #include "RichTextBox.h"
 #include "Toolbar.h"
 #include "Twips.h"
+#include "clsFindandReplace.h"
 
 #include <QIcon>
+#include <QShortcut>
+#include <QTimer>
 
 namespace {
 
 constexpr int edge = 2;        // twips between the window's inner edge and the text control
 constexpr int narrowest = 200; // twips; the control is cut by a window that is narrower
 constexpr int lastWordButton = 24;
+constexpr int widestIndent = 50; // of a bullet; twips, as is the step
+constexpr int indentStep = 5;
 
 } // namespace
 
 frmDocument::frmDocument()
     : ChildForm(QStringLiteral("frmDocument"))
     , rtfTextBox(new RichTextBox(this))
+    , m_formatTimer(new QTimer(this))
     , dlgCommonDialog(this)
 {
     setCaption(QStringLiteral("Quill-Word Document"));
@@ -31,19 +39,32 @@ frmDocument::frmDocument()
     rtfTextBox->setObjectName(QStringLiteral("rtfTextBox"));
     rtfTextBox->setAccessibleName(QStringLiteral("Document text"));
     setFocusProxy(rtfTextBox);
+    m_formatTimer->setSingleShot(true);
+    m_formatTimer->setInterval(0);
     addOperation(QStringLiteral("closeme"), [this] { closeme(); });
+    addOperation(QStringLiteral("bullet"), [this] { bullet(); });
+    addOperation(QStringLiteral("getmargins"), [this] { getmargins(); });
+    addOperation(QStringLiteral("getindent"), [this] { getindent(); });
+    addOperation(QStringLiteral("removeindent"), [this] { removeindent(); });
     addOperation(QStringLiteral("unDirty"), [this] { unDirty(); });
     addOperation(QStringLiteral("doclengthupdate"), [this] { doclengthupdate(); });
 }
 
 void frmDocument::Form_Load()
 {
+    FindDialog = new clsFindandReplace(this);
+    FindDialog->setObjectName(QStringLiteral("FindDialog"));
     mainFrame->tbToolBar().setButtonsEnabled(1, lastWordButton, true);
     Form_Resize();
     EnableAutoURLDetection(*rtfTextBox);
     on(rtfTextBox, &RichTextBox::Change, this, &frmDocument::rtfTextBox_Change);
     on(rtfTextBox, &RichTextBox::GotFocus, this, &frmDocument::rtfTextBox_GotFocus);
+    on(rtfTextBox, &RichTextBox::SelChange, this, &frmDocument::rtfTextBox_SelChange);
+    on(m_formatTimer, &QTimer::timeout, this, &frmDocument::UpdateFormatButtons);
     on(rtfTextBox, &RichTextBox::LinkClicked, this, &frmDocument::rtfTextBox_LinkClicked);
+    auto *find = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F), rtfTextBox);
+    find->setContext(Qt::WidgetShortcut);
+    on(find, &QShortcut::activated, this, &frmDocument::rtfTextBox_CtrlF);
     doclengthupdate();
 }
 
@@ -64,6 +85,46 @@ void frmDocument::Form_Resize()
 
 void frmDocument::closeme()
 {}
+
+void frmDocument::requireUnlocked() const
+{
+    if (rtfTextBox->Locked())
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+}
+
+void frmDocument::bullet()
+{
+    requireUnlocked();
+    rtfTextBox->setSelBullet(rtfTextBox->SelBullet() == false); // a mixed state counts as set
+}
+
+void frmDocument::getmargins()
+{
+    requireUnlocked();
+    Forms::refer(QStringLiteral("frmMargins")).showModal(window());
+    freshDocumentSettled();
+}
+
+void frmDocument::getindent()
+{
+    if (rtfTextBox->BulletIndent() >= widestIndent)
+        return;
+    rtfTextBox->setBulletIndent(rtfTextBox->BulletIndent() + indentStep);
+    // Twice, so that the indent reaches the paragraph and its bullet stays as it was.
+    bullet();
+    bullet();
+}
+
+void frmDocument::removeindent()
+{
+    if (rtfTextBox->BulletIndent() == 0)
+        return;
+    if (rtfTextBox->BulletIndent() < indentStep)
+        rtfTextBox->setBulletIndent(0);
+    rtfTextBox->setBulletIndent(rtfTextBox->BulletIndent() - indentStep); // -5 is refused: it ends here
+    bullet();
+    bullet();
+}
 
 void frmDocument::unDirty()
 {
@@ -89,19 +150,44 @@ void frmDocument::DisableAutoURLDetection(RichTextBox &textControl)
 void frmDocument::rtfTextBox_Change()
 {
     m_dirty = true;
+    m_formatTimer->start();
 }
 
 void frmDocument::rtfTextBox_GotFocus()
 {
+    freshDocumentSettled();
+    m_formatTimer->start();
+}
+
+/// Discards the change that loading a file caused.
+void frmDocument::freshDocumentSettled()
+{
     if (!freshDocument)
         return;
-    m_dirty = false; // discards the change that loading a file caused
+    m_dirty = false;
     freshDocument = false;
+}
+
+/// A walk over a long selection's formats waits until all moves of the caret are done.
+void frmDocument::rtfTextBox_SelChange()
+{
+    m_formatTimer->start();
+}
+
+void frmDocument::UpdateFormatButtons()
+{
+    if (mainFrame->ActiveForm() == this)
+        FormatButtons::update(mainFrame->tbToolBar(), *rtfTextBox);
 }
 
 void frmDocument::rtfTextBox_LinkClicked(int first)
 {
     LinkOpener::open(rtfTextBox->linkTarget(first));
+}
+
+void frmDocument::rtfTextBox_CtrlF()
+{
+    FindDialog->ShowReplace(*rtfTextBox);
 }
 
 bool frmDocument::Form_QueryUnload()
@@ -112,6 +198,12 @@ bool frmDocument::Form_QueryUnload()
     if (m_dirty)
         askToSave();
     return true; // whatever was answered, the window closes
+}
+
+void frmDocument::Form_Unload()
+{
+    if (FindDialog)
+        FindDialog->Terminate();
 }
 
 void frmDocument::Form_Terminate()

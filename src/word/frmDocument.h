@@ -4,7 +4,9 @@
 #include "CommonDialog.h"
 #include "RichTextFile.h"
 
+class QTimer;
 class RichTextBox;
+class clsFindandReplace;
 
 /// One word-processor document: its text, whether it has unsaved changes, and the questions at closing. Its
 /// caption is its identity, the full path once it has a file. The commands of the frame's menus are not here.
@@ -14,6 +16,10 @@ public:
     frmDocument();
 
     void closeme();
+    void bullet();
+    void getmargins();
+    void getindent();
+    void removeindent();
     void FileSaveAsTxt();
     void FileSaveAsRtf();
     void EnableAutoURLDetection(RichTextBox &textControl);
@@ -28,13 +34,21 @@ protected:
     void Form_Load() override;
     void Form_Resize() override;
     bool Form_QueryUnload() override;
+    void Form_Unload() override;
     void Form_Terminate() override;
 
 private:
     void rtfTextBox_Change();
     void rtfTextBox_GotFocus();
+    void rtfTextBox_SelChange();
     void rtfTextBox_LinkClicked(int first);
+    void rtfTextBox_CtrlF();
 
+    /// Shows the selection's formats on the toolbar while this is the active document.
+    void UpdateFormatButtons();
+    /// Throws RuntimeError 70 for a locked document.
+    void requireUnlocked() const;
+    void freshDocumentSettled();
     void askToSave();
     /// Shows the save dialog until a file has been named and written.
     void saveActiveForm(RichTextFile::Format format);
@@ -42,6 +56,8 @@ private:
     bool writeActiveForm(const QString &name, RichTextFile::Format format);
 
     RichTextBox *rtfTextBox;
+    clsFindandReplace *FindDialog = nullptr; ///< made on load
+    QTimer *m_formatTimer;
     CommonDialog dlgCommonDialog;
     qint32 m_documentLength = 0;
     bool m_dirty = false;

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+/// What the find dialog asks for, and what stands in it at that moment.
+struct FindRequest
+{
+    int flags = 0; ///< bitwise OR of FindFlag
+    QString findText;
+    QString replaceText;
+};

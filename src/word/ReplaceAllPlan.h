@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <optional>
+
+/// Where a replace-all replaces. Told by itself it is a loop: replace the selection, read the text again,
+/// search, and so on until nothing is found. Here its steps are worked out in a few passes over one text.
+///
+/// Where the replacement holds what is searched for, the loop would go round for ever. Then each occurrence
+/// that was there from the start is replaced once, on the way round to where the run began.
+namespace ReplaceAllPlan {
+
+struct Steps
+{
+    QList<int> positions;       ///< of each hit, in the text as the hits before it have left it
+    std::optional<int> refused; ///< the end of the hit that ended the run, as it is no whole word
+
+    bool operator==(const Steps &) const = default;
+};
+
+/// What follows once the characters from \a start to \a end of \a text have come in place of the selection.
+/// \a flags are of FindFlag. Line ends are "\n" in all texts.
+Steps after(const QString &text, int start, int end, const QString &wanted, const QString &replacement,
+            int flags);
+
+} // namespace ReplaceAllPlan

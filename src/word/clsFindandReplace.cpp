@@ -1,0 +1,256 @@
+#include "clsFindandReplace.h"
+
+#include "Ask.h"
+#include "CaretPlacing.h"
+#include "EventGate.h"
+#include "FindFlag.h"
+#include "ReplaceAllPlan.h"
+#include "RichTextBox.h"
+#include "TextReplacement.h"
+#include "dlgFindReplace.h"
+
+#include <QTextDocument>
+
+namespace {
+
+// What QTextDocument has at the edges of table cells.
+constexpr char16_t frameStart = 0xFDD0;
+constexpr char16_t frameEnd = 0xFDD1;
+
+bool isCellEdge(QChar c)
+{
+    return c == frameStart || c == frameEnd;
+}
+
+bool isLineEnd(QChar c)
+{
+    return c == QChar::ParagraphSeparator || c == QChar::LineSeparator;
+}
+
+/// What the plan of a replace-all is made over. The edge of a table's cell is a line end there that no line
+/// end in a find text matches: one text cannot take the place of two cells.
+QString plannedText(const QTextDocument &document)
+{
+    QString text = document.toRawText();
+    for (QChar &c : text) {
+        if (isLineEnd(c))
+            c = u'\n';
+        else if (isCellEdge(c))
+            c = u'\r';
+    }
+    return text;
+}
+
+/// \a text as the document will hold it, one character for each position.
+QString withLineFeeds(QString text)
+{
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    for (QChar &c : text) {
+        if (c == u'\r' || isLineEnd(c) || isCellEdge(c))
+            c = u'\n';
+    }
+    return text;
+}
+
+} // namespace
+
+clsFindandReplace::clsFindandReplace(QObject *parent)
+    : QObject(parent)
+    , m_upDown(FindFlag::Down)
+{}
+
+clsFindandReplace::~clsFindandReplace()
+{
+    if (!m_dialog)
+        return;
+    m_dialog->disconnect(this);
+    m_dialog->close();
+}
+
+// ---- The dialog
+
+bool clsFindandReplace::ShowFind(RichTextBox &control)
+{
+    return open(control, false);
+}
+
+bool clsFindandReplace::ShowReplace(RichTextBox &control)
+{
+    return open(control, true);
+}
+
+bool clsFindandReplace::open(RichTextBox &control, bool replaces)
+{
+    Terminate();
+    m_control = &control;
+    readText();
+    if (m_text.isEmpty())
+        return false;
+    const int flags = m_wholeWord | m_upDown | m_matchCase | m_showHelp;
+    m_dialog = new dlgFindReplace({flags, takeWordAtCaret(), m_replaceText}, replaces, control.window());
+    on(m_dialog.data(), &dlgFindReplace::Request, this, &clsFindandReplace::Messages_WMArrival);
+    m_dialog->show();
+    giveFocus();
+    return true;
+}
+
+QString clsFindandReplace::takeWordAtCaret()
+{
+    giveFocus();
+    const QTextCursor selection = m_control->textCursor();
+    const TextSearch::Word word =
+        TextSearch::wordAt(m_text, selection.selectionStart(), selection.selectionEnd());
+    if (!selection.hasSelection())
+        select(word.start, word.end);
+    return word.text;
+}
+
+dlgFindReplace *clsFindandReplace::hWndDialog() const
+{
+    return m_dialog;
+}
+
+void clsFindandReplace::Terminate()
+{
+    if (m_dialog)
+        m_dialog->close();
+}
+
+void clsFindandReplace::terminated()
+{
+    m_dialog = nullptr;
+    m_text.clear(); // no search asks for it before it is read again
+    Q_EMIT Terminated();
+}
+
+// ---- What the dialog asks for
+
+void clsFindandReplace::Messages_WMArrival(const FindRequest &request)
+{
+    if (request.flags & FindFlag::DialogTerm) {
+        terminated();
+        return;
+    }
+    if (request.flags & FindFlag::ShowHelp || !m_control)
+        return;
+    m_replaceText = request.replaceText;
+    if (request.flags & FindFlag::FindNext)
+        finishCommand(findNext(request));
+    else if (request.flags & FindFlag::Replace)
+        finishCommand(replace(request));
+    else if (request.flags & FindFlag::ReplaceAll)
+        replaceAll(request);
+}
+
+clsFindandReplace::Outcome clsFindandReplace::findNext(const FindRequest &request)
+{
+    const auto hit = search(request);
+    bool cancel = false;
+    Q_EMIT FoundNext(hit.has_value(), hit ? hit->position : 0, request.findText, cancel);
+    return hit || cancel ? Outcome::Told : Outcome::NotFound;
+}
+
+clsFindandReplace::Outcome clsFindandReplace::replace(const FindRequest &request)
+{
+    if (!hasSelection())
+        return Outcome::Told;
+    bool cancel = false;
+    Q_EMIT BeforeReplace(m_control->SelStart() + 1, request.findText, request.replaceText, cancel);
+    if (!cancel)
+        replaceSelection(request.replaceText);
+    readText();
+    return m_text.isEmpty() ? Outcome::TextIsEmpty : findNext(request);
+}
+
+void clsFindandReplace::replaceAll(const FindRequest &request)
+{
+    bool cancel = false;
+    Q_EMIT BeforeReplaceAll(request.findText, request.replaceText, cancel);
+    if (!cancel && hasSelection() && !m_control->Locked()) {
+        replaceAllHits(request);
+        readText();
+    }
+    giveFocus();
+}
+
+void clsFindandReplace::finishCommand(Outcome outcome)
+{
+    if (outcome == Outcome::TextIsEmpty)
+        return;
+    const QPointer<clsFindandReplace> guard(this);
+    if (outcome == Outcome::NotFound)
+        Ask(QStringLiteral("Search Complete."));
+    if (!guard)
+        return; // the document went while the box was up
+    giveFocus();
+    Q_EMIT CommandDone();
+}
+
+// ---- Steps on the control
+
+void clsFindandReplace::readText()
+{
+    m_text = m_control->Text();
+}
+
+bool clsFindandReplace::hasSelection() const
+{
+    return m_control->textCursor().hasSelection();
+}
+
+void clsFindandReplace::giveFocus()
+{
+    if (!m_control)
+        return;
+    m_control->activateWindow();
+    m_control->setFocus();
+}
+
+/// A \a start before the text's beginning, which is that of a refused hit, leaves the caret at \a end.
+void clsFindandReplace::select(int start, int end)
+{
+    const int last =
+        m_control->document()->characterCount() - 1; // the text may have shrunk since it was read
+    QTextCursor cursor = m_control->textCursor();
+    cursor.setPosition(qMin(start < 0 ? end : start, last));
+    cursor.setPosition(qMin(end, last), QTextCursor::KeepAnchor);
+    m_control->setTextCursor(cursor);
+}
+
+std::optional<TextSearch::Hit> clsFindandReplace::search(const FindRequest &request)
+{
+    const QTextCursor selection = m_control->textCursor();
+    const auto hit = TextSearch::find(m_text, selection.selectionStart(), selection.selectionEnd(),
+                                      request.findText, request.flags);
+    if (hit) {
+        select(hit->position - 1, hit->end);
+        giveFocus();
+    }
+    return hit;
+}
+
+void clsFindandReplace::replaceSelection(const QString &text)
+{
+    if (m_control->Locked())
+        return;
+    QTextCursor cursor = m_control->textCursor();
+    TextReplacement::replace(cursor, withLineFeeds(text));
+    m_control->setTextCursor(cursor);
+}
+
+void clsFindandReplace::replaceAllHits(const FindRequest &request)
+{
+    const QString replacement = withLineFeeds(request.replaceText);
+    QTextCursor cursor = m_control->textCursor();
+    cursor.beginEditBlock();
+    TextReplacement::replace(cursor, replacement);
+    const int end = cursor.position();
+    const int start = qMax(0, end - int(replacement.size()));
+    const auto steps = ReplaceAllPlan::after(plannedText(*m_control->document()), start, end,
+                                             request.findText, replacement, request.flags);
+    TextReplacement::replaceEach(cursor, steps.positions, int(request.findText.size()), replacement);
+    if (steps.refused)
+        cursor.setPosition(*steps.refused);
+    cursor.endEditBlock();
+    CaretPlacing::set(*m_control, cursor);
+}

@@ -1,0 +1,136 @@
+#include "frmMargins.h"
+
+#include "EventGate.h"
+#include "Globals.h"
+#include "MainFrame.h"
+#include "Named.h"
+#include "Numbers.h"
+#include "RichTextBox.h"
+#include "UpDown.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace {
+
+constexpr int widest = 75; // what the spin buttons reach
+
+} // namespace
+
+frmMargins::frmMargins()
+    : Form(QStringLiteral("frmMargins"))
+    , OKButton(named("OKButton", new QPushButton(QStringLiteral("OK"), this)))
+    , CancelButton(named("CancelButton", new QPushButton(QStringLiteral("Cancel"), this)))
+{
+    setCaption(QStringLiteral("Set Page Margins"));
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(buildSides());
+    column->addWidget(buildExtents());
+    column->addStretch();
+    column->addWidget(buildButtons());
+    setKeyButtons(*OKButton, *CancelButton);
+    on(OKButton, &QPushButton::clicked, this, &frmMargins::OKButton_Click);
+    on(CancelButton, &QPushButton::clicked, this, &frmMargins::CancelButton_Click);
+}
+
+QWidget *frmMargins::buildSides()
+{
+    auto *sides = new QWidget(this);
+    auto *grid = new QGridLayout(sides);
+    grid->setContentsMargins({});
+    grid->setHorizontalSpacing(0);
+    const std::array captions = {QStringLiteral("Left Margin (mm):"), QStringLiteral("Right Margin (mm):")};
+    for (int side : {Left, Right}) {
+        Label2[side] = named("Label2", side, new QLabel(captions[side], sides));
+        Text1[side] = named("Text1", side, new QLineEdit(QStringLiteral("0"), sides));
+        UpDown1[side] = named("UpDown1", side, new UpDown(*Text1[side], 0, widest, sides));
+        Label2[side]->setBuddy(Text1[side]);
+        Label2[side]->setContentsMargins(0, 0, fontMetrics().height(), 0);
+        Text1[side]->setAccessibleName(captions[side]);
+        Text1[side]->setAlignment(Qt::AlignRight);
+        grid->addWidget(Label2[side], side, 0);
+        grid->addWidget(Text1[side], side, 1);
+        grid->addWidget(UpDown1[side], side, 2);
+    }
+    return sides;
+}
+
+QWidget *frmMargins::buildExtents()
+{
+    auto *Frame2 = named("Frame2", new QGroupBox(QStringLiteral("Apply to:"), this));
+    auto *grid = new QGridLayout(Frame2);
+    grid->setColumnStretch(1, 1);
+    const std::array captions = {QStringLiteral("Current Paragraph"), QStringLiteral("Whole Document")};
+    for (int extent : {CurrentParagraph, WholeDocument}) {
+        Option1[extent] = named("Option1", extent, new QRadioButton(Frame2));
+        Label1[extent] = named("Label1", extent, new QLabel(captions[extent], Frame2));
+        Option1[extent]->setAccessibleName(captions[extent]);
+        grid->addWidget(Option1[extent], extent, 0);
+        grid->addWidget(Label1[extent], extent, 1);
+    }
+    Option1[CurrentParagraph]->setChecked(true);
+    return Frame2;
+}
+
+QWidget *frmMargins::buildButtons()
+{
+    auto *panel = new QWidget(this);
+    auto *row = new QHBoxLayout(panel);
+    row->setContentsMargins({});
+    row->addStretch();
+    row->addWidget(OKButton);
+    row->addWidget(CancelButton);
+    return panel;
+}
+
+RichTextBox &frmMargins::text()
+{
+    const Form *active = mainFrame->ActiveForm();
+    if (!active)
+        throw RuntimeError(ErrorNumber::ObjectNotSet);
+    return active->member<RichTextBox>(QStringLiteral("rtfTextBox"));
+}
+
+/// A selection with several indents leaves the boxes as they were designed.
+void frmMargins::Form_Load()
+{
+    if (const auto indent = text().SelIndent())
+        Text1[Left]->setText(QString::number(*indent));
+    if (const auto indent = text().SelRightIndent())
+        Text1[Right]->setText(QString::number(*indent));
+    Text1[Left]->selectAll();
+}
+
+/// An option's caption is a label of its own; a click on it chooses as well.
+void frmMargins::mousePressEvent(QMouseEvent *event)
+{
+    const QWidget *clicked = childAt(event->position().toPoint());
+    for (int extent : {CurrentParagraph, WholeDocument}) {
+        if (clicked == Label1[extent])
+            Option1[extent]->click();
+    }
+}
+
+void frmMargins::OKButton_Click()
+{
+    const int left = Numbers::toInteger(Text1[Left]->text());
+    const int right = Numbers::toInteger(Text1[Right]->text());
+    RichTextBox &document = text();
+    if (Option1[WholeDocument]->isChecked()) {
+        document.setSelStart(1); // the first character's paragraph is reached through the selection's extent
+        document.setSelLength(int(document.Text().size()));
+    }
+    document.setSelIndent(left);
+    document.setSelRightIndent(right);
+    unload();
+}
+
+void frmMargins::CancelButton_Click()
+{
+    unload();
+}
