@@ -42,9 +42,8 @@ void spellOut(const QTextCursor &run)
         part.setPosition(run.selectionStart() + int(first));
         part.setPosition(run.selectionStart() + int(stretchEnd(text, first)), QTextCursor::KeepAnchor);
         QTextCharFormat format = part.charFormat();
-        const bool isSmall = text.at(first).isLower();
-        format.setFontCapitalization(isSmall ? QFont::AllUppercase : QFont::MixedCase);
-        if (isSmall)
+        format.setFontCapitalization(QFont::AllUppercase);
+        if (text.at(first).isLower())
             format.setFontPointSize(format.font().pointSizeF() * sizeOfSmall);
         part.setCharFormat(format);
     }

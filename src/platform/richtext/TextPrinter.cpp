@@ -5,6 +5,7 @@
 #include "Pictures.h"
 #include "PrintJob.h"
 #include "RowsAcrossPages.h"
+#include "RuntimeError.h"
 #include "SmallCapitals.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -29,6 +30,14 @@ QImage layoutDevice()
     device.setDotsPerMeterX(qRound(layoutDpi * inchesPerMeter));
     device.setDotsPerMeterY(qRound(layoutDpi * inchesPerMeter));
     return device;
+}
+
+/// Gives the letters their own widths, not those that a desktop's hinting rounds for its screen.
+void spaceForPaper(QTextDocument &document)
+{
+    QFont font = document.defaultFont();
+    font.setHintingPreference(QFont::PreferNoHinting);
+    document.setDefaultFont(font);
 }
 
 /// Qt scales text, pictures, tables and the space between lines and paragraphs to a device, but not the
@@ -62,9 +71,11 @@ void partPages(QTextDocument &document, double distance)
 void layOut(QTextDocument &document, const QPrinter &printer, QPaintDevice &device)
 {
     const QSizeF paper = printer.pageLayout().paintRect(QPageLayout::Inch).size();
+    if (paper.isEmpty()) // the margins leave nothing
+        throw RuntimeError(ErrorNumber::PrinterError);
     const QSizeF onScreen = paper * ParagraphFormat::layoutDpi();
     document.setUndoRedoEnabled(false);
-    document.setUseDesignMetrics(true); // the letters' own widths, not rounded ones
+    spaceForPaper(document);
     Pictures::shrinkTo(onScreen, document);
     SmallCapitals::spellOut(document);
     scaleIndents(document, layoutDpi / ParagraphFormat::layoutDpi());

@@ -195,14 +195,22 @@ TEST_F(Print, WithoutADeviceNothingHappens)
 
 TEST_F(Print, TextIsAsLargeAsItsPointsSay)
 {
-    box.setText(QStringLiteral("MMMMMMMMMM"));
-    select(0, 10);
-    box.setSelFontName(QStringLiteral("Liberation Sans"));
-    box.setSelFontSize(11);
-    box.setSelStart(0);
-    print();
+    const auto widthOf = [&](const QString &word, double points) {
+        box.setText(word);
+        select(0, 1000);
+        box.setSelFontName(QStringLiteral("Liberation Sans"));
+        box.setSelFontSize(points);
+        QFont hinted = box.document()->defaultFont();
+        hinted.setHintingPreference(QFont::PreferFullHinting); // as some desktops have it
+        box.document()->setDefaultFont(hinted);
+        box.setSelStart(0);
+        print();
+        return pdf.placeOf(word).width();
+    };
     constexpr double widthOfM = 0.833; // of the size
-    EXPECT_NEAR(pdf.placeOf(QStringLiteral("MMMMMMMMMM")).width(), 10 * widthOfM * 11, 0.5);
+    constexpr double widthOfI = 0.222;
+    EXPECT_NEAR(widthOf(QString(10, u'M'), 11), 10 * widthOfM * 11, 0.5);
+    EXPECT_NEAR(widthOf(QString(100, u'i'), 10.5), 100 * widthOfI * 10.5, 0.5);
 }
 
 TEST_F(Print, ASelectionKeepsItsFormats)
@@ -329,7 +337,7 @@ TEST_F(Print, ColumnsShadesAndBordersOfATable)
 
 TEST_F(Print, CellsCutByThePagesEdgeLoseNothing)
 {
-    QByteArray rtf = "{\\rtf1\\fs46 ";
+    QByteArray rtf = "{\\rtf1\\fs46 start\\par ";
     QStringList words;
     for (int i = 0; i < 60; ++i) {
         rtf += "\\trowd\\clvertalc\\cellx2000\\clvertalb\\cellx4000\\cellx6000\\intbl middle" +
@@ -344,6 +352,9 @@ TEST_F(Print, CellsCutByThePagesEdgeLoseNothing)
     for (const QString &word : words)
         EXPECT_EQ(printed.count(word), 1) << qPrintable(word);
     EXPECT_EQ(printed.count(QStringLiteral("three")), 60);
+    EXPECT_TRUE(std::any_of(pages.cbegin() + 1, pages.cend(), [](const QString &page) {
+        return page.simplified().startsWith(QStringLiteral("three")); // its row began on the page before
+    }));
     EXPECT_EQ(printed.last(), QStringLiteral("end"));
 }
 
@@ -359,6 +370,18 @@ TEST_F(Print, AFileThatCannotBeWrittenIsAnErrorAndLeavesNothing)
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
     printer.setOutputFileName(folder.filePath(QStringLiteral("gone/a.pdf")));
     EXPECT_EQ(errorNumberOf([&] { box.SelPrint(&printer); }), ErrorNumber::PathNotFound);
+}
+
+TEST_F(Print, MarginsThatLeaveNoPaperAreAnError)
+{
+    box.setText(QStringLiteral("text"));
+    for (const QMarginsF &margins : {QMarginsF(0, 297, 0, 0), QMarginsF(210, 0, 0, 0)}) {
+        const QPageLayout borderless(QPageSize(QPageSize::A4), QPageLayout::Portrait, margins,
+                                     QPageLayout::Millimeter);
+        ASSERT_TRUE(printer.setPageLayout(borderless));
+        EXPECT_EQ(errorNumberOf([&] { box.SelPrint(&printer); }), ErrorNumber::PrinterError);
+    }
+    EXPECT_FALSE(QFile::exists(file()));
 }
 
 TEST_F(Print, APrinterThatDoesNotBeginIsAnError)
