@@ -18,6 +18,7 @@ import time
 PARAGRAPHS = 100_000
 LOOKS = ("{text}", r"{{\b {text}}}", r"{{\cf1\i {text}}}", r"{{\f1\fs24 {text}}}")
 WORDS = "garden spade water seed shade radish tulip long basket rose letter early morning north south bed".split()
+WHOLE_TEXT, MATCH_CASE = 0x10000, 0x400  # as the peer records them in a macro
 PIPE = "quill_bench_replace_all"
 
 
@@ -71,7 +72,8 @@ def replace_by_command(context, document):
     helper = context.ServiceManager.createInstanceWithContext("com.sun.star.frame.DispatchHelper", context)
     every, paragraphs = uno.Any("short", 3), uno.Any("short", 2)
     search = values(SearchItem_SearchString="harvest", SearchItem_ReplaceString="gathering", SearchItem_Command=every,
-                    SearchItem_StyleFamily=paragraphs, SearchItem_TransliterateFlags=0, Quiet=True)
+                    SearchItem_StyleFamily=paragraphs, SearchItem_SearchFlags=WHOLE_TEXT,
+                    SearchItem_TransliterateFlags=MATCH_CASE, Quiet=True)
     frame = document.CurrentController.Frame
     return timed(lambda: helper.executeDispatch(frame, ".uno:ExecuteSearch", "", 0, search))
 

@@ -157,7 +157,7 @@ bool Run::goUp(QString text, int start, int end)
 ReplaceAllPlan::Steps ReplaceAllPlan::after(const QString &text, int start, int end, const QString &wanted,
                                             const QString &replacement, int flags)
 {
-    if (wanted.isEmpty())
+    if (wanted.isEmpty() || wanted.contains(u'\r'))
         return {};
     const bool matchCase = flags & FindFlag::MatchCase;
     const bool isWholeWord = flags & FindFlag::WholeWord;

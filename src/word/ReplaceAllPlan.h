@@ -20,7 +20,7 @@ struct Steps
 };
 
 /// What follows once the characters from \a start to \a end of \a text have come in place of the selection.
-/// \a flags are of FindFlag. Line ends are "\n" in all texts.
+/// \a flags are of FindFlag. Line ends are "\n" in all texts; a "\r" in \a text is one that nothing matches.
 Steps after(const QString &text, int start, int end, const QString &wanted, const QString &replacement,
             int flags);
 

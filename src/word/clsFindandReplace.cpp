@@ -248,9 +248,10 @@ void clsFindandReplace::replaceAllHits(const FindRequest &request)
     const int start = qMax(0, end - int(replacement.size()));
     const auto steps = ReplaceAllPlan::after(plannedText(*m_control->document()), start, end,
                                              request.findText, replacement, request.flags);
+    const int lastEnd =
+        steps.positions.isEmpty() ? end : steps.positions.constLast() + int(replacement.size());
     TextReplacement::replaceEach(cursor, steps.positions, int(request.findText.size()), replacement);
-    if (steps.refused)
-        cursor.setPosition(*steps.refused);
+    cursor.setPosition(steps.refused.value_or(lastEnd)); // behind the block's end it would want a layout
     cursor.endEditBlock();
     CaretPlacing::set(*m_control, cursor);
 }

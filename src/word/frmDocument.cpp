@@ -200,12 +200,6 @@ bool frmDocument::Form_QueryUnload()
     return true; // whatever was answered, the window closes
 }
 
-void frmDocument::Form_Unload()
-{
-    if (FindDialog)
-        FindDialog->Terminate();
-}
-
 void frmDocument::Form_Terminate()
 {
     mainFrame->checkForDocument();

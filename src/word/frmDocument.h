@@ -34,7 +34,6 @@ protected:
     void Form_Load() override;
     void Form_Resize() override;
     bool Form_QueryUnload() override;
-    void Form_Unload() override;
     void Form_Terminate() override;
 
 private:

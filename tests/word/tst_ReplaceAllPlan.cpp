@@ -181,6 +181,13 @@ TEST(ReplaceAllPlan, ARunThatNearlyNeverEndsIsCutShort)
     EXPECT_EQ(planned(upwards), calm(upwards));
 }
 
+TEST(ReplaceAllPlan, ACarriageReturnSeparatesWordsAndIsNeverHit)
+{
+    EXPECT_EQ(planned({latin("x a\ra"), 0, 1, latin("a"), latin("b"), down | wholeWord}).text,
+              latin("b b\rb"));
+    EXPECT_EQ(planned({latin("x\ry"), 0, 1, latin("\r"), latin("b"), down}).text, latin("b\ry"));
+}
+
 TEST(ReplaceAllPlan, ManyHitsAreNoBurden)
 {
     constexpr int hits = 500000; // the loop would take an hour
