@@ -1,6 +1,7 @@
 #include "ReplaceAllPlan.h"
 
 #include "FindFlag.h"
+#include "ReplaceAllRound.h"
 #include "TextSearch.h"
 
 #include <QStringMatcher>
@@ -11,32 +12,29 @@ namespace {
 /// The room before the first character and behind the last one separates words, too.
 constexpr QChar edge = u' ';
 
-/// The steps of one run. Texts are as they are compared, so in lower case unless the case has to match.
-class Run
+/// The loop: what is put in is searched, too. Texts are as they are compared, so in lower case unless the
+/// case has to match.
+class Loop
 {
 public:
-    /// \a rescans: what was put in is searched, too, as the loop does it.
-    Run(const QString &wanted, const QString &replacement, bool isWholeWord, bool rescans)
+    Loop(const QString &wanted, const QString &replacement, bool isWholeWord)
         : m_wanted(wanted)
         , m_matcher(wanted)
         , m_replacement(replacement)
         , m_isWholeWord(isWholeWord)
-        , m_rescans(rescans)
     {}
 
-    /// Returns false when the run came to no end in a reasonable time.
-    bool goDown(QString text, int start, int end);
-    bool goUp(QString text, int start, int end);
+    /// Returns false when the loop came to no end in a reasonable time.
+    bool goDown(QString text, int end);
+    bool goUp(QString text, int end);
 
     const ReplaceAllPlan::Steps &steps() const { return m_steps; }
 
 private:
     enum class Pass { Replaced, FoundNothing, Over };
 
-    /// The hits from \a from to \a to.
-    Pass passDown(QString &text, qsizetype from, qsizetype to);
-    /// The hits before \a from, down to \a floor.
-    Pass passUp(QString &text, qsizetype from, qsizetype floor);
+    Pass passDown(QString &text, qsizetype from);
+    Pass passUp(QString &text, qsizetype from);
     bool accept(qsizetype position, QChar before, QChar behind);
     void allow(qsizetype length);
     void spend(qsizetype effort) { m_patience -= effort; }
@@ -45,14 +43,13 @@ private:
     QStringMatcher m_matcher;
     QString m_replacement;
     bool m_isWholeWord;
-    bool m_rescans;
     qint64 m_patience = 0; ///< characters that may still be looked at
     ReplaceAllPlan::Steps m_steps;
 };
 
 /// The loop may also go on for ever, or nearly so, where the replacement merely gives rise to new hits. A
 /// hundred times round the text and what may come into it is more than any text of use asks for.
-void Run::allow(qsizetype length)
+void Loop::allow(qsizetype length)
 {
     constexpr int rounds = 100;
     constexpr int atLeast = 2'000'000;
@@ -62,7 +59,7 @@ void Run::allow(qsizetype length)
 }
 
 /// Notes the hit at \a position, unless it is no whole word.
-bool Run::accept(qsizetype position, QChar before, QChar behind)
+bool Loop::accept(qsizetype position, QChar before, QChar behind)
 {
     if (m_isWholeWord && !(TextSearch::isSeparator(before) && TextSearch::isSeparator(behind))) {
         m_steps.refused = int(position + m_wanted.size());
@@ -71,10 +68,11 @@ bool Run::accept(qsizetype position, QChar before, QChar behind)
     m_steps.positions.append(int(position));
     constexpr int writing = 25; // a character put in counts as so many looked at, as it stays
     spend(writing * (m_replacement.size() + 1));
-    return m_patience > 0 || !m_rescans;
+    return m_patience > 0;
 }
 
-Run::Pass Run::passDown(QString &text, qsizetype from, qsizetype to)
+/// The hits from \a from on.
+Loop::Pass Loop::passDown(QString &text, qsizetype from)
 {
     spend(text.size());
     QString done;
@@ -83,9 +81,9 @@ Run::Pass Run::passDown(QString &text, qsizetype from, qsizetype to)
     qsizetype next = from;
     while (true) {
         const qsizetype found = m_matcher.indexIn(text, next);
-        const qsizetype end = found + m_wanted.size();
-        if (found < 0 || end > to)
+        if (found < 0)
             break;
+        const qsizetype end = found + m_wanted.size();
         done.append(QStringView(text).mid(next, found - next));
         if (!accept(done.size(), done.isEmpty() ? edge : done.back(),
                     end < text.size() ? text.at(end) : edge))
@@ -99,29 +97,24 @@ Run::Pass Run::passDown(QString &text, qsizetype from, qsizetype to)
     return hasReplaced ? Pass::Replaced : Pass::FoundNothing;
 }
 
-Run::Pass Run::passUp(QString &text, qsizetype from, qsizetype floor)
+/// The hits before \a from.
+Loop::Pass Loop::passUp(QString &text, qsizetype from)
 {
     spend(text.size());
     QString behind = text.mid(from); // of the caret, turned round, so that it grows at its end
     std::reverse(behind.begin(), behind.end());
-    const auto putBehind = [&behind](QStringView part) {
-        for (qsizetype i = part.size(); i > 0; --i)
-            behind.append(part.at(i - 1));
-    };
     text.truncate(from);
     bool hasReplaced = false;
     while (true) {
         const qsizetype found = text.lastIndexOf(m_wanted);
-        if (found < floor)
+        if (found < 0)
             break;
-        putBehind(QStringView(text).mid(found + m_wanted.size()));
+        for (qsizetype i = text.size(); i > found + m_wanted.size(); --i)
+            behind.append(text.at(i - 1));
         if (!accept(found, found > 0 ? text.at(found - 1) : edge, behind.isEmpty() ? edge : behind.back()))
             return Pass::Over;
         text.truncate(found);
-        if (m_rescans)
-            text.append(m_replacement); // it lies before the caret
-        else
-            putBehind(m_replacement);
+        text.append(m_replacement); // it lies before the caret
         hasReplaced = true;
     }
     std::reverse(behind.begin(), behind.end());
@@ -129,27 +122,41 @@ Run::Pass Run::passUp(QString &text, qsizetype from, qsizetype floor)
     return hasReplaced ? Pass::Replaced : Pass::FoundNothing;
 }
 
-bool Run::goDown(QString text, int start, int end)
+bool Loop::goDown(QString text, int end)
 {
     allow(text.size());
-    Pass pass = passDown(text, end, text.size());
+    Pass pass = passDown(text, end);
     if (pass != Pass::Over)
-        pass = passDown(text, 0, m_rescans ? text.size() : start);
-    while (m_rescans && pass == Pass::Replaced)
-        pass = passDown(text, 0, text.size());
+        pass = passDown(text, 0);
+    while (pass == Pass::Replaced)
+        pass = passDown(text, 0);
     return pass != Pass::Over || m_steps.refused;
 }
 
-bool Run::goUp(QString text, int start, int end)
+bool Loop::goUp(QString text, int end)
 {
     allow(text.size());
-    const qsizetype behind = text.size() - end;
-    Pass pass = passUp(text, m_rescans ? end : start, 0);
+    Pass pass = passUp(text, end);
     if (pass != Pass::Over)
-        pass = passUp(text, text.size(), m_rescans ? 0 : text.size() - behind);
-    while (m_rescans && pass == Pass::Replaced)
-        pass = passUp(text, text.size(), 0);
+        pass = passUp(text, text.size());
+    while (pass == Pass::Replaced)
+        pass = passUp(text, text.size());
     return pass != Pass::Over || m_steps.refused;
+}
+
+std::optional<ReplaceAllPlan::Steps> stepsOfLoop(const QString &text, int end, const QString &wanted,
+                                                 const QString &replacement, int flags)
+{
+    Loop loop(wanted, replacement, flags & FindFlag::WholeWord);
+    const bool ends = flags & FindFlag::Down ? loop.goDown(text, end) : loop.goUp(text, end);
+    return ends ? std::optional(loop.steps()) : std::nullopt;
+}
+
+ReplaceAllPlan::Steps stepsOfRound(const QString &text, int start, int end, const QString &wanted,
+                                   const QString &replacement, int flags)
+{
+    ReplaceAllRound round(text, wanted, replacement, flags & FindFlag::WholeWord);
+    return flags & FindFlag::Down ? round.goDown(start, end) : round.goUp(start, end);
 }
 
 } // namespace
@@ -159,19 +166,15 @@ ReplaceAllPlan::Steps ReplaceAllPlan::after(const QString &text, int start, int 
 {
     if (wanted.isEmpty() || wanted.contains(u'\r'))
         return {};
-    const bool matchCase = flags & FindFlag::MatchCase;
-    const bool isWholeWord = flags & FindFlag::WholeWord;
-    const auto compared = [matchCase](const QString &s) { return matchCase ? s : TextSearch::lowered(s); };
-    const QString searched = compared(text);
-    const auto stepsOf = [&](bool rescans) -> std::optional<Steps> {
-        Run run(compared(wanted), compared(replacement), isWholeWord, rescans);
-        const bool ends =
-            flags & FindFlag::Down ? run.goDown(searched, start, end) : run.goUp(searched, start, end);
-        return ends ? std::optional(run.steps()) : std::nullopt;
+    const auto compared = [flags](const QString &s) {
+        return flags & FindFlag::MatchCase ? s : TextSearch::lowered(s);
     };
+    const QString searched = compared(text);
+    const QString hit = compared(wanted);
+    const QString putIn = compared(replacement);
+    const bool isEndless = !(flags & FindFlag::WholeWord) && putIn.contains(hit);
     std::optional<Steps> steps;
-    const bool isEndless = !isWholeWord && compared(replacement).contains(compared(wanted));
-    if (!isEndless)
-        steps = stepsOf(true);
-    return steps ? *steps : stepsOf(false).value_or(Steps());
+    if (!isEndless && !ReplaceAllRound::isAllThereIs(hit, putIn))
+        steps = stepsOfLoop(searched, end, hit, putIn, flags);
+    return steps ? *steps : stepsOfRound(searched, start, end, hit, putIn, flags);
 }

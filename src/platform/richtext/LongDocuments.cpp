@@ -6,11 +6,11 @@
 #include <QAbstractTextDocumentLayout>
 #include <QScrollBar>
 #include <QTextBlock>
-#include <QTextCursor>
-#include <QTextDocument>
 #include <QTextEdit>
 #include <QTextLayout>
 #include <QTextOption>
+#include <algorithm>
+#include <private/qtextdocument_p.h>
 
 namespace {
 
@@ -23,20 +23,19 @@ bool mayRunRightToLeft(QChar c)
     return c.isSurrogate() || c.direction() == QChar::DirR || c.direction() == QChar::DirAL;
 }
 
-bool mayRunRightToLeft(const QString &text)
+/// Goes over the runs themselves, since a copy of a long text would take longer than the search.
+bool mayRunRightToLeft(const QTextDocument &document, int from, int length)
 {
-    return std::any_of(text.cbegin(), text.cend(), [](QChar c) { return mayRunRightToLeft(c); });
-}
-
-QString textAt(QTextDocument &document, int from, int length)
-{
-    const int end = document.characterCount() - 1;
-    if (length > end / 2) // many runs are told many times faster at once than by a cursor
-        return document.toRawText().mid(from, length);
-    QTextCursor cursor(&document);
-    cursor.setPosition(qMin(from, end));
-    cursor.setPosition(qMin(from + length, end), QTextCursor::KeepAnchor);
-    return cursor.selectedText();
+    const auto &text = *QTextDocumentPrivate::get(&document);
+    const QString buffer = text.buffer();
+    auto run = text.find(from);
+    for (int end = run.atEnd() ? from : run.position(); !run.atEnd() && end < from + length; ++run) {
+        const QStringView part = QStringView(buffer).mid(run->stringPosition, run.size());
+        if (std::any_of(part.cbegin(), part.cend(), [](QChar c) { return mayRunRightToLeft(c); }))
+            return true;
+        end += run.size();
+    }
+    return false;
 }
 
 } // namespace
@@ -49,7 +48,7 @@ void LongDocuments::attach(QTextDocument &document)
 {
     m_document = &document;
     m_meetsRightToLeft = false;
-    m_isLeftToRight = !mayRunRightToLeft(document.toRawText());
+    m_isLeftToRight = !mayRunRightToLeft(document, 0, document.characterCount());
     setDirection(m_isLeftToRight ? Qt::LeftToRight : Qt::LayoutDirectionAuto);
     m_layout = new TypingLayout(document, m_view); // belongs to the document
     document.setDocumentLayout(m_layout);          // here, as this tells of a change that is none
@@ -70,7 +69,7 @@ void LongDocuments::beforeLayout(int from, int removed, int added)
     if (changed > manyCharacters && changed > m_document->characterCount() / 2)
         m_document->setLayoutEnabled(false);
     if (m_isLeftToRight && added > 0)
-        m_meetsRightToLeft = m_meetsRightToLeft || mayRunRightToLeft(textAt(*m_document, from, added));
+        m_meetsRightToLeft = m_meetsRightToLeft || mayRunRightToLeft(*m_document, from, added);
 }
 
 void LongDocuments::afterEdit()

@@ -1,7 +1,9 @@
 #include "TextReplacement.h"
 
+#include "RunEdits.h"
+
 #include <QTextCursor>
-#include <private/qtextdocument_p.h>
+#include <algorithm>
 
 namespace {
 
@@ -17,41 +19,55 @@ QTextCharFormat firstFormat(const QTextCursor &selection)
     return format;
 }
 
-/// Neither a picture nor the end of a line.
-bool isText(const QTextDocumentPrivate &document, const QTextFragmentData &run)
+void select(QTextCursor &cursor, int position, int length)
 {
-    const QChar first = document.buffer().at(run.stringPosition);
-    return first.category() != QChar::Separator_Paragraph &&
-           document.formatCollection()->format(run.format).objectType() == QTextFormat::NoObject;
+    cursor.setPosition(position);
+    cursor.setPosition(position + length, QTextCursor::KeepAnchor);
 }
 
-/// Qt keeps each run, a stretch of one format within a paragraph, as a node of a tree, which it would split
-/// and join with each replacement. So a run is put in anew, as a whole, with all that is replaced in it.
-///
-/// Returns how many of the replacements from \a index on have been made so, 0 where it is not for runs.
-int replaceInRun(QTextDocumentPrivate &document, const QList<int> &positions, int index, int length,
-                 const QString &text)
+bool holdsLineEnd(QTextCursor &cursor, int position, int length)
 {
-    constexpr int longest = 1000; // characters; to put in more would cost more than splits
-    const auto run = document.find(positions.at(index));
-    const int start = run.position();
-    const auto size = int(run->size_array[0]);
-    const int format = run->format;
-    if (size > longest || !isText(document, *run.value()))
-        return 0;
-    QString changed = document.buffer().mid(run->stringPosition, size);
-    int next = index;
-    for (; next < positions.size() && changed.size() <= longest; ++next) {
-        const int place = positions.at(next) - start;
-        if (place < 0 || place + length > changed.size())
-            break;
-        changed.replace(place, length, text);
+    select(cursor, position, length);
+    return cursor.selectedText().contains(QChar::ParagraphSeparator);
+}
+
+/// The first of \a positions that lie apart from each other, all ahead or all backwards. They are returned in
+/// the order of the text, as places in the text before any of them is replaced.
+QList<int> placesApart(QList<int>::const_iterator position, QList<int>::const_iterator end, int length,
+                       int newLength)
+{
+    QList<int> places{*position};
+    const auto isAhead = [&] { return position[1] >= position[0] + newLength; };
+    const auto isBackwards = [&] { return position[1] + length <= position[0]; };
+    if (position + 1 != end && isBackwards()) {
+        for (; position + 1 != end && isBackwards(); ++position)
+            places.append(position[1]);
+        std::reverse(places.begin(), places.end());
+        return places;
     }
-    if (next == index)
-        return 0;
-    document.remove(start, size);
-    document.insert(start, changed, format);
-    return next - index;
+    for (; position + 1 != end && isAhead(); ++position)
+        places.append(position[1] + int(places.size()) * (length - newLength));
+    return places;
+}
+
+void replaceAt(QTextCursor &cursor, int position, int length, const QString &text)
+{
+    select(cursor, position, length);
+    TextReplacement::replace(cursor, text);
+}
+
+/// What spans several runs, or a picture, is replaced behind all the others.
+void replaceApart(QTextCursor &cursor, const QList<int> &places, int length, const QString &text)
+{
+    RunEdits edits(*cursor.document());
+    QList<int> others;
+    for (int i = 0; i < places.size(); ++i) {
+        if (!edits.replace(places.at(i), length, text))
+            others.append(places.at(i) + i * int(text.size() - length));
+    }
+    edits.apply();
+    for (const int position : std::as_const(others))
+        replaceAt(cursor, position, length, text);
 }
 
 } // namespace
@@ -68,15 +84,15 @@ void TextReplacement::replace(QTextCursor &selection, const QString &text)
 void TextReplacement::replaceEach(QTextCursor &cursor, const QList<int> &positions, int length,
                                   const QString &text)
 {
-    auto &document = *QTextDocumentPrivate::get(cursor.document());
-    const bool isForRuns = !text.contains(u'\n');
-    for (int i = 0; i < positions.size();) {
-        const int done = isForRuns ? replaceInRun(document, positions, i, length, text) : 0;
-        if (done == 0) {
-            cursor.setPosition(positions.at(i));
-            cursor.setPosition(positions.at(i) + length, QTextCursor::KeepAnchor);
-            replace(cursor, text);
-        }
-        i += qMax(done, 1);
+    if (text.contains(u'\n') ||
+        (!positions.isEmpty() && holdsLineEnd(cursor, positions.constFirst(), length))) {
+        for (const int position : positions)
+            replaceAt(cursor, position, length, text);
+        return;
+    }
+    for (auto next = positions.cbegin(); next != positions.cend();) {
+        const QList<int> places = placesApart(next, positions.cend(), length, int(text.size()));
+        replaceApart(cursor, places, length, text);
+        next += places.size();
     }
 }
