@@ -2,6 +2,7 @@
 
 #include "RichTextProperties.h"
 #include "RtfHeader.h"
+#include "RtfScript.h"
 #include "RtfWords.h"
 
 #include <QBrush>
@@ -51,9 +52,11 @@ QString familyOf(const QTextCharFormat &format, const QFont &standard)
     return families.isEmpty() || families.constFirst().isEmpty() ? standard.family() : families.constFirst();
 }
 
-int weightOf(const QTextCharFormat &format, const QFont &standard)
+bool isBold(const QTextCharFormat &format, const QFont &standard)
 {
-    return format.hasProperty(QTextFormat::FontWeight) ? format.fontWeight() : standard.weight();
+    const int weight =
+        format.hasProperty(QTextFormat::FontWeight) ? format.fontWeight() : int(standard.weight());
+    return weight >= QFont::DemiBold;
 }
 
 QList<RtfSymbolFont::Kind> signsOf(const QList<QTextFormat> &formats)
@@ -72,29 +75,56 @@ bool hasLetters(QStringView text, RtfSymbolFont::Kind kind)
                        [=](QChar c) { return RtfSymbolFont::character(kind, c.unicode()) != c.unicode(); });
 }
 
+int halfPointsOf(const QTextCharFormat &format, const QFont &standard)
+{
+    constexpr int largestSize = 3276;
+    return qBound(1, qRound(2 * sizeOf(format, standard)), largestSize);
+}
+
+bool isItalic(const QTextCharFormat &format, const QFont &standard)
+{
+    return format.hasProperty(QTextFormat::FontItalic) ? format.fontItalic() : standard.italic();
+}
+
+constexpr int plainSize = 24; // half points
+
 } // namespace
 
 CharacterWords::CharacterWords(const QList<QTextFormat> &formats, RtfHeader &header)
     : m_formats(formats)
     , m_header(header)
-    , m_runs(formats.size())
-    , m_letterRuns(formats.size())
+    , m_runs(formats.size() * NeedCount)
     , m_signs(signsOf(formats))
     , m_addresses{QString()}
 {}
 
 CharacterWords::Run CharacterWords::run(int format, QStringView text)
 {
-    const bool losesFont =
-        m_signs.at(format) != RtfSymbolFont::Kind::None && hasLetters(text, m_signs.at(format));
-    Run &known = losesFont ? m_letterRuns[format] : m_runs[format];
+    const int needs = needsOf(format, text);
+    Run &known = m_runs[qsizetype(format) * NeedCount + needs];
     if (known.words < 0) {
         QTextCharFormat described = m_formats.at(format).toCharFormat();
-        if (losesFont)
+        if ((needs & NoSigns) != 0)
             described.clearProperty(QTextFormat::FontFamilies);
-        known = make(described);
+        known = make(described, needs);
     }
     return known;
+}
+
+int CharacterWords::needsOf(int format, QStringView text) const
+{
+    int needs = 0;
+    if (m_signs.at(format) != RtfSymbolFont::Kind::None && hasLetters(text, m_signs.at(format)))
+        needs |= NoSigns;
+    for (const QChar c : text) {
+        if (c < QChar(RtfScript::first))
+            continue;
+        if (RtfScript::isComplex(c.unicode()))
+            needs |= ComplexLook;
+        else if (RtfScript::isEastAsian(c.unicode()))
+            needs |= EastAsianLook;
+    }
+    return needs;
 }
 
 int CharacterWords::wordsAtCellStart(int format)
@@ -104,10 +134,10 @@ int CharacterWords::wordsAtCellStart(int format)
     return m_words.number(wordsOf(text));
 }
 
-CharacterWords::Run CharacterWords::make(const QTextCharFormat &format)
+CharacterWords::Run CharacterWords::make(const QTextCharFormat &format, int needs)
 {
     Run run;
-    run.words = m_words.number(wordsOf(format));
+    run.words = m_words.number(wordsOf(format, needs));
     if (format.isAnchor() && !format.anchorHref().isEmpty()) {
         run.link = int(m_addresses.indexOf(format.anchorHref()));
         if (run.link < 0) {
@@ -119,9 +149,10 @@ CharacterWords::Run CharacterWords::make(const QTextCharFormat &format)
     return run;
 }
 
-QByteArray CharacterWords::wordsOf(const QTextCharFormat &format)
+QByteArray CharacterWords::wordsOf(const QTextCharFormat &format, int needs)
 {
     QByteArray out;
+    appendAssociated(out, format, needs);
     appendFont(out, format);
     appendLines(out, format);
     appendPosition(out, format);
@@ -131,19 +162,42 @@ QByteArray CharacterWords::wordsOf(const QTextCharFormat &format)
     return out;
 }
 
+/// Readers take these scripts' fonts from here alone, so even the first is named.
+void CharacterWords::appendAssociated(QByteArray &out, const QTextCharFormat &format, int needs)
+{
+    if (needs < ComplexLook)
+        return;
+    const int font = m_header.fonts.number(familyOf(format, m_header.standard));
+    if ((needs & ComplexLook) != 0) {
+        RtfWords::append(out, "rtlch");
+        RtfWords::append(out, "af", font);
+        const int size = halfPointsOf(format, m_header.standard);
+        if (size != plainSize)
+            RtfWords::append(out, "afs", size);
+        if (isBold(format, m_header.standard))
+            RtfWords::append(out, "ab");
+        if (isItalic(format, m_header.standard))
+            RtfWords::append(out, "ai");
+        RtfWords::append(out, "ltrch");
+    }
+    if ((needs & EastAsianLook) != 0) {
+        RtfWords::append(out, "dbch");
+        RtfWords::append(out, "af", font);
+        RtfWords::append(out, "loch");
+    }
+}
+
 void CharacterWords::appendFont(QByteArray &out, const QTextCharFormat &format)
 {
-    constexpr int plainSize = 24; // half points
-    constexpr int largestSize = 3276;
     const int font = m_header.fonts.number(familyOf(format, m_header.standard));
     if (font != 0)
         RtfWords::append(out, "f", font);
-    const int size = qBound(1, qRound(2 * sizeOf(format, m_header.standard)), largestSize);
+    const int size = halfPointsOf(format, m_header.standard);
     if (size != plainSize)
         RtfWords::append(out, "fs", size);
-    if (weightOf(format, m_header.standard) >= QFont::DemiBold)
+    if (isBold(format, m_header.standard))
         RtfWords::append(out, "b");
-    if (format.hasProperty(QTextFormat::FontItalic) ? format.fontItalic() : m_header.standard.italic())
+    if (isItalic(format, m_header.standard))
         RtfWords::append(out, "i");
     if (format.fontCapitalization() == QFont::AllUppercase)
         RtfWords::append(out, "caps");

@@ -22,7 +22,8 @@ public:
     /// \a formats are the document's own, by index.
     CharacterWords(const QList<QTextFormat> &formats, RtfHeader &header);
 
-    /// Text in a font of signs whose characters a reader would take for signs goes without that font.
+    /// Text in a font of signs whose characters a reader would take for signs goes without that font. Text of
+    /// other scripts has its look a second time, in the words that other readers look for it in.
     Run run(int format, QStringView text = {});
 
     /// Run::words for the empty start of a cell, whose format tells the cell's colour besides the text's
@@ -38,8 +39,13 @@ public:
     QTextCharFormat format(int format) const { return m_formats.at(format).toCharFormat(); }
 
 private:
-    Run make(const QTextCharFormat &format);
-    QByteArray wordsOf(const QTextCharFormat &format);
+    /// What else than its format decides how text is written; bits of one number.
+    enum Need : quint8 { NoSigns = 1, ComplexLook = 2, EastAsianLook = 4, NeedCount = 8 };
+
+    int needsOf(int format, QStringView text) const;
+    Run make(const QTextCharFormat &format, int needs);
+    QByteArray wordsOf(const QTextCharFormat &format, int needs = 0);
+    void appendAssociated(QByteArray &out, const QTextCharFormat &format, int needs);
     void appendFont(QByteArray &out, const QTextCharFormat &format);
     void appendLines(QByteArray &out, const QTextCharFormat &format);
     void appendPosition(QByteArray &out, const QTextCharFormat &format) const;
@@ -47,8 +53,7 @@ private:
 
     QList<QTextFormat> m_formats;
     RtfHeader &m_header;
-    QList<Run> m_runs;                  ///< by format; without words until it was asked for
-    QList<Run> m_letterRuns;            ///< the same without a font of signs
+    QList<Run> m_runs;                  ///< by format and needs; without words until it was asked for
     QList<RtfSymbolFont::Kind> m_signs; ///< by format
     WordSet m_words;
     QStringList m_addresses;

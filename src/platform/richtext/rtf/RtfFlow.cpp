@@ -67,3 +67,21 @@ void RtfFlow::append(RtfFlow &&other)
         tables.push_back(std::move(table));
     other.clear();
 }
+
+RtfFlow RtfFlow::takeStart(int length)
+{
+    RtfFlow start;
+    start.text = text.left(length);
+    text.remove(0, length);
+    std::vector<Run> left;
+    int runStart = 0;
+    for (const Run run : runs) {
+        if (runStart < length)
+            start.runs.push_back({qMin(run.end, length), run.format});
+        if (run.end > length)
+            left.push_back({run.end - length, run.format});
+        runStart = run.end;
+    }
+    runs = std::move(left);
+    return start;
+}

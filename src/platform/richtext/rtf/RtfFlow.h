@@ -44,4 +44,6 @@ struct RtfFlow
     void endParagraph(const Item &properties);
     void addTable(std::unique_ptr<RtfTable> table);
     void append(RtfFlow &&other);
+    /// Takes the first \a length characters away from a flow without items.
+    RtfFlow takeStart(int length);
 };

@@ -20,6 +20,16 @@ void RtfFlowBuilder::endParagraph(int depth, const RtfFlow::Item &properties, bo
     m_paragraph.clear();
 }
 
+bool RtfFlowBuilder::splitLabel()
+{
+    RtfFlow text = std::move(m_label);
+    m_label = text.takeStart(int(text.text.indexOf(u'\t')) + 1);
+    text.append(std::move(m_paragraph));
+    m_paragraph = std::move(text);
+    m_isLabel = false;
+    return m_label.text.size() <= 1;
+}
+
 void RtfFlowBuilder::endCell(int depth)
 {
     setDepth(depth);

@@ -18,6 +18,10 @@ public:
     RtfFlow &paragraph() { return m_isLabel ? m_label : m_paragraph; }
     const RtfFlow &paragraph() const { return m_isLabel ? m_label : m_paragraph; }
     void setLabel(bool isLabel) { m_isLabel = isLabel; }
+    bool isLabel() const { return m_isLabel; }
+    /// What stands behind the first tab of the label is the paragraph's after all, and so is what follows.
+    /// True when that leaves no mark before the tab.
+    bool splitLabel();
     bool hasText() const { return !m_paragraph.text.isEmpty(); }
 
     /// Without \a keepsLabel the label goes, since the list shows it.

@@ -12,6 +12,9 @@
     row("uc", FallbackCount, Document) \
     row("rtlch", RightToLeftRun, Document) \
     row("ltrch", LeftToRightRun, Document) \
+    row("loch", LowAnsiRun, Document) \
+    row("hich", HighAnsiRun, Document) \
+    row("dbch", DoubleByteRun, Document) \
     row("u", Unicode, Document) \
     row("bin", Binary, Document) \
     \
@@ -180,6 +183,13 @@
     row("highlight", Highlight, Character) \
     row("lang", Language, Character) \
     row("cs", CharacterStyle, Character) \
+    row("af", AssociatedFont, Character) \
+    row("afs", AssociatedSize, Character) \
+    row("ab", AssociatedBold, Character) \
+    row("ai", AssociatedItalic, Character) \
+    row("astrike", AssociatedStrike, Character) \
+    row("aul", AssociatedUnderline, Character) \
+    row("acf", AssociatedForeground, Character) \
     \
     row("pard", ParagraphDefault, Paragraph) \
     row("s", ParagraphStyle, Paragraph) \

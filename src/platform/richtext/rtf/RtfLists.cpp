@@ -11,7 +11,7 @@ constexpr int mostNumbers = 1000;
 
 } // namespace
 
-RtfLists::RtfLists(RtfListOverrides &overrides, const RtfOldNumbering &oldNumbering)
+RtfLists::RtfLists(RtfListOverrides &overrides, RtfOldNumbering &oldNumbering)
     : m_overrides(overrides)
     , m_oldNumbering(oldNumbering)
 {}

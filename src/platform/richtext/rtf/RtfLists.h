@@ -12,10 +12,13 @@
 class RtfLists
 {
 public:
-    RtfLists(RtfListOverrides &overrides, const RtfOldNumbering &oldNumbering);
+    RtfLists(RtfListOverrides &overrides, RtfOldNumbering &oldNumbering);
 
     /// How the paragraph is marked; null when it is no item, or of a list that the file does not describe.
     const RtfListLevel *mark(const RtfParagraphState &paragraph);
+
+    /// For RtfParagraphState::oldNumbering: a bullet, for items of which nobody says how they are marked.
+    int bullet() { return m_oldNumbering.bullet(); }
 
     /// The list of the next paragraph of the text, -1 for none. Asked once for each, in order.
     int next(const RtfParagraphState &paragraph);
@@ -36,7 +39,7 @@ private:
     int add(const RtfListLevel &mark, int level);
 
     RtfListOverrides &m_overrides;
-    const RtfOldNumbering &m_oldNumbering;
+    RtfOldNumbering &m_oldNumbering;
     QList<List> m_lists;
     QHash<int, Levels> m_open; ///< by \ls
     int m_lastOldNumbering = 0;

@@ -22,6 +22,15 @@ int RtfOldNumbering::end()
     return int(m_marks.size());
 }
 
+int RtfOldNumbering::bullet()
+{
+    begin();
+    m_isMarked = true;
+    m_mark.kind = RtfListLevel::bulleted;
+    m_before = QStringLiteral("\u2022");
+    return end();
+}
+
 void RtfOldNumbering::close()
 {
     if (m_depth-- == m_textDepth)

@@ -16,6 +16,8 @@ public:
     void begin();
     /// The number of the mark that was read, 0 when it marks nothing.
     int end();
+    /// The number of a bullet that the file does not describe.
+    int bullet();
     void open() override { ++m_depth; }
     void close() override;
     void word(const RtfToken &token) override;

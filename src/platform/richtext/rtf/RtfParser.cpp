@@ -155,7 +155,7 @@ void RtfParser::text(QByteArrayView bytes)
     if (state().part)
         state().part->bytes(bytes);
     else if (m_states.size() > 1)
-        m_body.bytes(bytes, state().characters);
+        m_body.bytes(bytes, state().associated.look(state().characters));
 }
 
 void RtfParser::character(char16_t c)
@@ -164,7 +164,7 @@ void RtfParser::character(char16_t c)
     if (state().part)
         state().part->character(c);
     else if (m_states.size() > 1)
-        m_body.character(c, state().characters);
+        m_body.character(c, state().associated.look(state().characters, c));
 }
 
 void RtfParser::word(const RtfToken &token)
@@ -261,8 +261,12 @@ void RtfParser::documentWord(const RtfToken &token)
         m_body.forgetFont();
         m_fonts.setStandardFont(token.parameter);
         break;
+    case RtfWord::RightToLeftRun:
+    case RtfWord::LeftToRightRun:
+        pairOfRuns(token.word);
+        [[fallthrough]];
     default:
-        return pairOfRuns(token.word);
+        return state().associated.mark(token.word);
     }
 }
 
@@ -290,12 +294,15 @@ void RtfParser::characterWord(const RtfToken &token)
         here.characters = RtfCharacterState();
         here.characters.link = link;
         here.characterSet = 0;
+        here.associated = RtfAssociatedLooks();
     } else if (token.word == RtfWord::CharacterStyle) {
         const RtfStyleSheet::Style &style = m_styles.style(RtfStyleSheet::Kind::Character, token.parameter);
         here.characters.take(style.characters, style.characterSet);
         here.characterSet |= style.characterSet;
-    } else {
-        here.characterSet |= here.characters.apply(token);
+    } else if (!here.associated.apply(token)) {
+        const quint32 said = here.characters.apply(token);
+        here.characterSet |= said;
+        here.associated.overrule(said);
     }
 }
 

@@ -123,6 +123,7 @@ void RtfParser::beginInsertion()
     state().end = RtfState::End::Insertion;
     state().characters = RtfCharacterState();
     state().characterSet = 0;
+    state().associated = RtfAssociatedLooks();
     state().paragraph = RtfParagraphState();
     state().paragraphSet = 0;
 }
@@ -134,6 +135,7 @@ void RtfParser::beginNote()
     state().end = RtfState::End::Note;
     state().characters = RtfCharacterState();
     state().characterSet = 0;
+    state().associated = RtfAssociatedLooks();
     state().paragraph = RtfParagraphState();
     state().paragraphSet = 0;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "RtfAssociatedLooks.h"
 #include "RtfCharacterState.h"
 #include "RtfParagraphState.h"
 
@@ -24,6 +25,7 @@ struct RtfState
 
     RtfCharacterState characters;
     quint32 characterSet = 0; ///< the properties that the file itself asked for, which styles leave alone
+    RtfAssociatedLooks associated;
     RtfParagraphState paragraph;
     quint32 paragraphSet = 0;
     RtfPart *part = nullptr; ///< who hears what the group holds; null for the document's text

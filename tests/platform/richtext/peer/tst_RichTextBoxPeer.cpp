@@ -57,6 +57,7 @@ struct RichTextBoxPeer : testing::TestWithParam<Peer>
         written.setSelRightIndent(0);
     }
     void writeStyles();
+    void writeScripts();
     void writeParagraphs();
     void writeTable();
     void sendRound();
@@ -138,6 +139,29 @@ void RichTextBoxPeer::writeStyles()
     endParagraph();
 }
 
+void RichTextBoxPeer::writeScripts()
+{
+    add("before");
+    endParagraph();
+    written.setSelFontName(QStringLiteral("Liberation Serif"));
+    written.setSelFontSize(18);
+    written.setSelBold(true);
+    add("日本語");
+    endParagraph();
+    add("שלום");
+    endParagraph();
+    written.setSelBold(false);
+    written.setSelItalic(true);
+    add("Latin 日本 語、12 שלום, דג! กา end");
+    endParagraph();
+    written.setSelAlignment(1);
+    add("ימין abc");
+    endParagraph();
+    written.setSelItalic(false);
+    written.setSelFontSize(12);
+    add("日本 שלום plain");
+}
+
 void RichTextBoxPeer::writeParagraphs()
 {
     written.setSelAlignment(2);
@@ -182,6 +206,13 @@ TEST_P(RichTextBoxPeer, StylesComeBackCharacterByCharacter)
     EXPECT_EQ(firstDifference(returned, written), "");
 }
 
+TEST_P(RichTextBoxPeer, OtherScriptsComeBackCharacterByCharacter)
+{
+    writeScripts();
+    ASSERT_NO_FATAL_FAILURE(sendRound());
+    EXPECT_EQ(firstDifference(returned, written), "");
+}
+
 TEST_P(RichTextBoxPeer, ParagraphsComeBack)
 {
     writeParagraphs();
@@ -191,8 +222,6 @@ TEST_P(RichTextBoxPeer, ParagraphsComeBack)
 
 TEST_P(RichTextBoxPeer, BulletsComeBack)
 {
-    if (GetParam().program == std::string("abiword"))
-        GTEST_SKIP() << "abiword saves the text of list items inside the group that holds their mark";
     written.setSelBullet(true);
     add("one\ntwo");
     endParagraph();

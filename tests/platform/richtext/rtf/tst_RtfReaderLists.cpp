@@ -110,6 +110,50 @@ TEST(RtfReaderLists, OlderBullets)
     EXPECT_EQ(formatAt(read, 0).style(), QTextListFormat::ListDisc);
 }
 
+/// As abiword writes them: it says nothing of lists, and ends the group of the mark behind the item.
+TEST(RtfReaderLists, ItemsInTheGroupOfTheirMark)
+{
+    ReadDocument read(
+        framed("{\\listtext\\pard\\fi-360\\li720{\\f0{\\*\\listtag0}\\tab }{\\b one\\tab }{\\i x}{\\par}\n}"
+               "{\\listtext\\pard\\fi-360\\li720{\\f0\\tab two}{\\par}\n}"
+               "\\pard\\plain{after}{\\par}"));
+    EXPECT_EQ(read.text(), "one\tx|two|after");
+    EXPECT_TRUE(read.formatOf(QStringLiteral("one")).fontWeight() == QFont::Bold);
+    EXPECT_TRUE(read.formatOf(QStringLiteral("x")).fontItalic());
+    EXPECT_EQ(formatAt(read, 0).style(), QTextListFormat::ListDisc);
+    EXPECT_EQ(read.paragraph(0).textList(), read.paragraph(1).textList());
+    EXPECT_EQ(ParagraphFormat::leftIndent(read.paragraph(1).blockFormat()), 720);
+    EXPECT_FALSE(read.paragraph(2).textList());
+}
+
+TEST(RtfReaderLists, ItemsInTheGroupOfTheirMarkEndCells)
+{
+    ReadDocument read(framed("\\trowd\\cellx1440{\\listtext\\pard\\intbl{\\tab one}\\cell}\\row\\pard b"));
+    EXPECT_EQ(read.text(), "|one|b");
+    EXPECT_TRUE(read.paragraph(1).textList());
+}
+
+TEST(RtfReaderLists, MarksOfOpenGroupsAreKeptWhereNoListHasThem)
+{
+    EXPECT_EQ(textOf(listed("\\pard\\ls2{\\listtext V.\\tab one\\par}b")), "one|b");
+    EXPECT_EQ(textOf(framed("{\\listtext V.\\tab one\\par}b")), "V.\tone|b");
+    EXPECT_EQ(textOf(framed("{\\listtext one\\par two}b")), "one|twob");
+    EXPECT_EQ(textOf(listed("\\pard\\ls2{\\listtext V.\\tab one\\par two}b")), "one|twob");
+}
+
+TEST(RtfReaderLists, NumbersOfOpenGroupsStayNumbers)
+{
+    ReadDocument read(framed("\\pard{\\*\\pn\\pnlvlbody\\pndec}{\\pntext\\tab one\\par}"));
+    EXPECT_EQ(read.text(), "one");
+    EXPECT_EQ(formatAt(read, 0).style(), QTextListFormat::ListDecimal);
+}
+
+TEST(RtfReaderLists, MarksWithSeveralTabs)
+{
+    EXPECT_EQ(textOf(listed("\\pard\\ls2{\\listtext\\tab V.\\tab}one\\par")), "one");
+    EXPECT_EQ(textOf(listed("{\\pntext\\tab V\\tab\\tab}{\\*\\pn\\pnlvlbody\\pndec}one\\par")), "one");
+}
+
 struct Row
 {
     const char *name;

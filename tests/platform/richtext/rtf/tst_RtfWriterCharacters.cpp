@@ -20,6 +20,16 @@ std::string nameOf(const testing::TestParamInfo<FormatRow> &info)
 struct RtfWriterCharacters : testing::TestWithParam<FormatRow>
 {};
 
+struct ScriptRow
+{
+    const char *name;
+    const char16_t *text;
+    const char *written;
+};
+
+struct RtfWriterScripts : testing::TestWithParam<ScriptRow>
+{};
+
 QTextCharFormat bold()
 {
     QTextCharFormat format;
@@ -48,6 +58,38 @@ TEST_P(RtfWriterCharacters, AreToldFromPlainText)
     cursor.insertText(QStringLiteral("c"), QTextCharFormat());
     const QByteArray words = GetParam().words;
     EXPECT_EQ(bodyOf(document), words.isEmpty() ? QByteArray("abc\\par\n") : "a{" + words + " b}c\\par\n");
+}
+
+/// Other word processors keep a look of its own for each script and read it only where it is written so.
+TEST_P(RtfWriterScripts, HaveTheirLookInTheirOwnWords)
+{
+    PlainDocument document;
+    QTextCharFormat format = bold();
+    format.setFontItalic(true);
+    format.setFontPointSize(18);
+    format.setFontFamilies({QStringLiteral("Courier New")});
+    QTextCursor(&document).insertText(QString::fromUtf16(GetParam().text), format);
+    EXPECT_EQ(bodyOf(document), "{" + QByteArray(GetParam().written) + "\\par}\n");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, RtfWriterScripts,
+    testing::Values(
+        ScriptRow{"Latin", u"a", "\\f1\\fs36\\b\\i a"},
+        ScriptRow{"Greek", u"\u03b1\u201c", "\\f1\\fs36\\b\\i \\u945?\\u8220?"},
+        ScriptRow{"Hebrew", u"a\u05e9", "\\rtlch\\af1\\afs36\\ab\\ai\\ltrch\\f1\\fs36\\b\\i a\\u1513?"},
+        ScriptRow{"Thai", u"\u0e01", "\\rtlch\\af1\\afs36\\ab\\ai\\ltrch\\f1\\fs36\\b\\i \\u3585?"},
+        ScriptRow{"Japanese", u"\u65e5 a", "\\dbch\\af1\\loch\\f1\\fs36\\b\\i \\u26085? a"},
+        ScriptRow{"Emoji", u"\U0001F600", "\\dbch\\af1\\loch\\f1\\fs36\\b\\i \\u-10179?\\u-8704?"},
+        ScriptRow{"Both", u"\u05e9\u65e5",
+                  "\\rtlch\\af1\\afs36\\ab\\ai\\ltrch\\dbch\\af1\\loch\\f1\\fs36\\b\\i \\u1513?\\u26085?"}),
+    [](const auto &row) { return std::string(row.param.name); });
+
+TEST(RtfWriterScriptsPlain, NameTheirFontEvenThen)
+{
+    PlainDocument document;
+    document.setPlainText(QStringLiteral("\u05e9"));
+    EXPECT_EQ(bodyOf(document), QByteArray("{\\rtlch\\af0\\ltrch \\u1513?\\par}\n"));
 }
 
 using F = QTextCharFormat;
