@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QStyleOptionButton>
 #include <QStyleOptionTitleBar>
 
 namespace {
@@ -36,6 +37,20 @@ QPainterPath markOf(QStyle::SubControl button)
     return mark;
 }
 
+/// Fusion draws the outlines in the window's colour, about a third darker: on a dark window that is nothing.
+/// The window's colour of which they come out between the window's and its text's.
+QColor windowForOutlines(const QPalette &palette)
+{
+    constexpr float textPart = 0.65f;
+    constexpr int fusionDarkens = 150; // percent
+    const QColor window = palette.color(QPalette::Window);
+    const QColor text = palette.color(QPalette::WindowText);
+    const auto mix = [](float a, float b) { return a + (b - a) * textPart; };
+    return QColor::fromRgbF(mix(window.redF(), text.redF()), mix(window.greenF(), text.greenF()),
+                            mix(window.blueF(), text.blueF()))
+        .lighter(fusionDarkens);
+}
+
 } // namespace
 
 FlatTitleStyle::FlatTitleStyle()
@@ -50,6 +65,17 @@ void FlatTitleStyle::drawComplexControl(ComplexControl control, const QStyleOpti
         drawTitleBar(*titleBar, *painter, widget);
     else
         QProxyStyle::drawComplexControl(control, option, painter, widget);
+}
+
+void FlatTitleStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
+                                   const QWidget *widget) const
+{
+    const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
+    if (!button || (element != PE_IndicatorCheckBox && element != PE_IndicatorRadioButton))
+        return QProxyStyle::drawPrimitive(element, option, painter, widget);
+    QStyleOptionButton outlined(*button);
+    outlined.palette.setColor(QPalette::Window, windowForOutlines(button->palette));
+    QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
 }
 
 int FlatTitleStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const

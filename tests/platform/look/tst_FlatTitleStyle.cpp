@@ -1,8 +1,10 @@
+#include "Contrast.h"
 #include "FlatTitleStyle.h"
 #include "Palettes.h"
 
 #include <QImage>
 #include <QPainter>
+#include <QStyleOptionButton>
 #include <QStyleOptionTitleBar>
 #include <gtest/gtest.h>
 
@@ -28,6 +30,29 @@ QImage paint(QStyle::State state, QStyle::SubControls active = QStyle::SC_None)
     return image;
 }
 
+/// The most that anything in an unchecked box or button stands out from its window.
+double contrastOf(QStyle::PrimitiveElement element, const QPalette &palette, double pixelRatio)
+{
+    const FlatTitleStyle style;
+    QStyleOptionButton option;
+    option.rect = QRect(3, 3, style.pixelMetric(QStyle::PM_IndicatorWidth, nullptr, nullptr),
+                        style.pixelMetric(QStyle::PM_IndicatorHeight, nullptr, nullptr));
+    option.palette = palette;
+    option.state = QStyle::State_Enabled | QStyle::State_Off;
+    QImage image(QSize(20, 20) * pixelRatio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(pixelRatio);
+    const QColor window = palette.color(QPalette::Window);
+    image.fill(window);
+    {
+        QPainter painter(&image);
+        style.drawPrimitive(element, &option, &painter, nullptr);
+    }
+    double most = 1;
+    for (int x = 0; x < image.width() / 2; ++x)
+        most = std::max(most, contrast(image.pixelColor(x, image.height() / 2), window));
+    return most;
+}
+
 } // namespace
 
 TEST(FlatTitleStyle, TheBarIsFlatInThePalettesColours)
@@ -42,4 +67,15 @@ TEST(FlatTitleStyle, TheBarIsFlatInThePalettesColours)
 TEST(FlatTitleStyle, AButtonUnderTheMouseStandsOut)
 {
     EXPECT_NE(paint(QStyle::State_Active), paint(QStyle::State_Active, QStyle::SC_TitleBarCloseButton));
+}
+
+TEST(FlatTitleStyle, UncheckedBoxesAndButtonsStandOutFromTheWindow)
+{
+    constexpr double visible = 3.0;
+    for (const QPalette &palette : {Palettes::light(), Palettes::dark()}) {
+        for (const double pixelRatio : {1, 2}) {
+            EXPECT_GT(contrastOf(QStyle::PE_IndicatorRadioButton, palette, pixelRatio), visible);
+            EXPECT_GT(contrastOf(QStyle::PE_IndicatorCheckBox, palette, pixelRatio), visible);
+        }
+    }
 }

@@ -1,26 +1,7 @@
+#include "Contrast.h"
 #include "Palettes.h"
 
-#include <cmath>
 #include <gtest/gtest.h>
-
-namespace {
-
-double luminance(const QColor &color)
-{
-    const auto linear = [](double part) {
-        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor &a, const QColor &b)
-{
-    const double bright = std::max(luminance(a), luminance(b));
-    const double dim = std::min(luminance(a), luminance(b));
-    return (bright + 0.05) / (dim + 0.05);
-}
-
-} // namespace
 
 class ReadablePalette : public testing::TestWithParam<bool>
 {};
