@@ -46,6 +46,7 @@ protected:
             return QMimeData::retrieveData(type, wanted);
         QTextDocument document;
         RtfReader::read(data(richTextTypes().first()), document);
+        Pictures::nameByBytes(document); // the names of our own mean nothing elsewhere
         return document.toHtml();
     }
 

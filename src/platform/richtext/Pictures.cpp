@@ -65,12 +65,40 @@ QList<QTextFragment> pictureRuns(const QTextDocument &document)
     return runs;
 }
 
-/// Keeps \a image in the form that files take, as its making takes long and would be due at each writing.
-void keepBytes(QTextImageFormat &format, const QImage &image)
+/// In document order from the end, as a change may unite a run with the one behind it.
+QList<QTextFragment> pictureRunsFromEnd(const QTextDocument &document)
+{
+    QList<QTextFragment> runs = pictureRuns(document);
+    std::reverse(runs.begin(), runs.end());
+    return runs;
+}
+
+QByteArray asPng(const QImage &image)
 {
     QByteArray bytes;
     QBuffer buffer(&bytes);
-    if (!image.save(&buffer, "PNG"))
+    return image.save(&buffer, "PNG") ? bytes : QByteArray();
+}
+
+/// Empty where there is no picture. The kinds that every reader of HTML knows go as they came.
+QString dataUrl(const QTextDocument &document, const QTextImageFormat &format)
+{
+    const QByteArray kind = format.property(RichTextProperty::PictureKind).toByteArray();
+    const bool isJpeg = kind == "jpegblip";
+    const bool isKept = isJpeg || kind == "pngblip";
+    const QByteArray bytes = isKept ? format.property(RichTextProperty::PictureBytes).toByteArray()
+                                    : asPng(imageOf(document, format));
+    if (bytes.isEmpty())
+        return {};
+    const QString type = isJpeg ? QStringLiteral("image/jpeg") : QStringLiteral("image/png");
+    return QStringLiteral("data:%1;base64,%2").arg(type, QString::fromLatin1(bytes.toBase64()));
+}
+
+/// Keeps \a image in the form that files take, as its making takes long and would be due at each writing.
+void keepBytes(QTextImageFormat &format, const QImage &image)
+{
+    const QByteArray bytes = asPng(image);
+    if (bytes.isEmpty())
         return;
     format.setProperty(RichTextProperty::PictureBytes, bytes);
     format.setProperty(RichTextProperty::PictureKind, QByteArray("pngblip"));
@@ -118,11 +146,18 @@ QImage Pictures::selected(const QTextCursor &cursor)
     return imageOf(*cursor.document(), format.toImageFormat());
 }
 
+void Pictures::nameByBytes(QTextDocument &document)
+{
+    for (const QTextFragment &run : pictureRunsFromEnd(document)) {
+        const QString url = dataUrl(document, run.charFormat().toImageFormat());
+        if (!url.isEmpty())
+            rename(document, run, url);
+    }
+}
+
 void Pictures::shrinkTo(const QSizeF &page, QTextDocument &document)
 {
-    QList<QTextFragment> runs = pictureRuns(document);
-    std::reverse(runs.begin(), runs.end()); // a change may unite a run with the one behind it
-    for (const QTextFragment &run : runs) {
+    for (const QTextFragment &run : pictureRunsFromEnd(document)) {
         QTextImageFormat format = run.charFormat().toImageFormat();
         const QSizeF size = shownSize(document, format);
         const double belowFoot = QFontMetricsF(format.font()).height(); // where the line's letters reach

@@ -20,6 +20,9 @@ void move(QTextDocument &from, QTextDocument &to);
 /// The picture that is all of the selection of \a cursor; null when there is more, or none.
 QImage selected(const QTextCursor &cursor);
 
+/// Makes each picture's name hold its bytes, as a data: URL, so that HTML carries it.
+void nameByBytes(QTextDocument &document);
+
 /// Gives every picture of \a document whose line is larger than \a page, in pixels, the largest size that
 /// fits.
 void shrinkTo(const QSizeF &page, QTextDocument &document);

@@ -1,8 +1,10 @@
 #include "RichTextFixture.h"
 #include "RichTextProperties.h"
 
+#include <QBuffer>
 #include <QImage>
 #include <QMimeData>
+#include <QRegularExpression>
 
 namespace {
 
@@ -155,6 +157,40 @@ TEST_F(Clipboard, ASelectedPictureIsOfferedAsPicture)
     EXPECT_FALSE(copy()->hasImage());
     select(2, 3);
     EXPECT_FALSE(copy()->hasImage());
+}
+
+TEST_F(Clipboard, HtmlBringsThePicturesAlong)
+{
+    data.setImageData(picture());
+    box.setText(QStringLiteral("ab"));
+    box.setSelStart(1);
+    box.insertFromMimeData(&data);
+    select(0, 3);
+    const QString html = copy()->html();
+    const QRegularExpression named(QStringLiteral("<img src=\"data:image/png;base64,([^\"]*)\""));
+    const QByteArray bytes = named.match(html).captured(1).toLatin1();
+    EXPECT_EQ(QImage::fromData(QByteArray::fromBase64(bytes)).pixelColor(3, 3), QColor(Qt::red));
+
+    QMimeData htmlAlone;
+    htmlAlone.setHtml(html);
+    box.setText({});
+    box.insertFromMimeData(&htmlAlone);
+    EXPECT_EQ(box.Text().size(), 3);
+    const QByteArray size = "\\pngblip\\picw20\\pich10\\picwgoal300\\pichgoal150 ";
+    EXPECT_TRUE(box.TextRTF().contains(size + QByteArray::fromBase64(bytes).toHex()));
+    select(1, 2);
+    EXPECT_EQ(copy()->imageData().value<QImage>().pixelColor(3, 3), QColor(Qt::red));
+}
+
+TEST_F(Clipboard, HtmlBringsPhotographsAsTheyCame)
+{
+    QByteArray jpeg;
+    QBuffer buffer(&jpeg);
+    picture().save(&buffer, "JPG");
+    box.setTextRTF("{\\rtf1 a{\\pict\\jpegblip\\picwgoal300\\pichgoal150 " + jpeg.toHex() + "}b}");
+    select(0, 3);
+    EXPECT_TRUE(copy()->html().contains(
+        QStringLiteral("<img src=\"data:image/jpeg;base64,%1\"").arg(QString::fromLatin1(jpeg.toBase64()))));
 }
 
 TEST_F(Clipboard, PicturesOfTwoTextsStayApart)
