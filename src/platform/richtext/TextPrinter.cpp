@@ -1,6 +1,6 @@
 #include "TextPrinter.h"
 
-#include "LinkFinder.h"
+#include "PagePainter.h"
 #include "ParagraphFormat.h"
 #include "Pictures.h"
 #include "PrintJob.h"
@@ -14,10 +14,9 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextFrame>
+#include <numeric>
 
 namespace {
-
-using PaintContext = QAbstractTextDocumentLayout::PaintContext;
 
 constexpr int layoutDpi = 288; // fonts, by half points, and the screen's pixels come to whole dots
 
@@ -57,8 +56,8 @@ void scaleIndents(QTextDocument &document, double factor)
     edit.endEditBlock();
 }
 
-/// Qt paints the line before a page and the one behind it too. With a page's height between each two pages
-/// these fall off the paper.
+/// Qt paints the line before a page and the one behind it too. With room of a page's height above and below
+/// each page's text, as PagePainter has it, these fall off the paper.
 void partPages(QTextDocument &document, double distance)
 {
     QTextFrameFormat frame = document.rootFrame()->frameFormat();
@@ -86,40 +85,18 @@ void layOut(QTextDocument &document, const QPrinter &printer, QPaintDevice &devi
     RowsAcrossPages::alignTop(document);
 }
 
-/// The part of the document that page \a number, from 0, shows. Lines may begin or end in the paper's margin.
-QRectF areaOf(const QTextDocument &document, int number)
+/// The pages in the order in which they are printed. Copies are the printer's matter where it makes any.
+QList<int> printOrder(const QPrinter &printer, int count)
 {
-    const QSizeF size = document.pageSize();
-    const double height = size.height() / 3;
-    return {-size.width(), number * size.height() + height, 3 * size.width(), height};
-}
-
-using Marks = QList<QAbstractTextDocumentLayout::Selection>;
-
-/// Of each page its own, as the painting of a paragraph looks at every mark.
-QList<Marks> marksOfPages(const QTextDocument &document, const QTextCharFormat &look)
-{
-    QList<Marks> pages(document.pageCount());
-    for (const LinkFinder::Link &link : LinkFinder::between(document, 0, document.characterCount())) {
-        const QTextBlock paragraph = document.findBlock(link.first);
-        QTextCursor cursor(paragraph);
-        cursor.setPosition(link.first);
-        cursor.setPosition(link.end, QTextCursor::KeepAnchor);
-        const QRectF area = document.documentLayout()->blockBoundingRect(paragraph);
-        const int last = qMin(int(area.bottom() / document.pageSize().height()), int(pages.size()) - 1);
-        for (int page = int(area.top() / document.pageSize().height()); page <= last; ++page)
-            pages[page].append({cursor, look});
-    }
-    return pages;
-}
-
-void paint(const QTextDocument &document, const PaintContext &context, QPainter &painter)
-{
-    painter.save();
-    painter.translate(0, -context.clip.top());
-    painter.setClipRect(context.clip);
-    document.documentLayout()->draw(&painter, context);
-    painter.restore();
+    QList<int> pages(count);
+    std::iota(pages.begin(), pages.end(), 0);
+    if (printer.pageOrder() == QPrinter::LastPageFirst)
+        std::reverse(pages.begin(), pages.end());
+    const int copies = printer.supportsMultipleCopies() ? 1 : printer.copyCount();
+    QList<int> order;
+    for (int i = 0; i < copies * count; ++i)
+        order.append(pages.at(printer.collateCopies() ? i % count : i / copies));
+    return order;
 }
 
 } // namespace
@@ -132,17 +109,12 @@ void TextPrinter::print(QTextDocument &document, QPrinter &printer,
     PrintJob job(printer);
     const double factor = double(printer.logicalDpiX()) / layoutDpi;
     job.painter().scale(factor, factor);
-    const QList<Marks> marks = linkLook ? marksOfPages(document, *linkLook) : QList<Marks>();
-    const int count = document.pageCount();
-    for (int i = 0; i < count; ++i) {
-        if (i > 0)
+    const PagePainter pages(document, linkLook);
+    bool isFirst = true;
+    for (const int page : printOrder(printer, document.pageCount())) {
+        if (!std::exchange(isFirst, false))
             job.newPage();
-        const int page = printer.pageOrder() == QPrinter::LastPageFirst ? count - 1 - i : i;
-        PaintContext context;
-        context.palette.setColor(QPalette::Text, Qt::black);
-        context.clip = areaOf(document, page);
-        context.selections = marks.value(page);
-        paint(document, context, job.painter());
+        pages.paint(page, job.painter());
     }
     job.finish();
 }

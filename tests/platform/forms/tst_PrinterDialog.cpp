@@ -7,12 +7,14 @@
 #include "QtMessages.h"
 #include "ScratchHome.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPageSetupDialog>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QRadioButton>
+#include <QSpinBox>
 #include <gtest/gtest.h>
 
 namespace {
@@ -134,6 +136,25 @@ TEST_F(PrinterDialogTest, WithoutAPrinterAFileNamedAfterTheJobIsOffered)
         shown.reject();
     });
     EXPECT_EQ(errorNumberOf([&] { dialog.ShowPrinter(); }), ErrorNumber::DialogCancelled);
+}
+
+TEST_F(PrinterDialogTest, CopiesInAFileCanBeChosen)
+{
+    for (const bool collated : {true, false}) {
+        expectPrint([=](QPrintDialog &shown) {
+            auto *copies = shown.findChild<QSpinBox *>(QStringLiteral("copies"));
+            EXPECT_TRUE(copies->isEnabled());
+            copies->setValue(2);
+            auto *collate = shown.findChild<QCheckBox *>(QStringLiteral("collate"));
+            EXPECT_TRUE(collate->isEnabled());
+            collate->setChecked(collated);
+            pressPrint(shown);
+        });
+        dialog.ShowPrinter();
+        ASSERT_NE(dialog.hDC(), nullptr);
+        EXPECT_EQ(dialog.hDC()->copyCount(), 2);
+        EXPECT_EQ(dialog.hDC()->collateCopies(), collated);
+    }
 }
 
 TEST_F(PrinterDialogTest, AFileThatExistsIsAskedFor)

@@ -11,6 +11,7 @@
 #include <QPrinter>
 #include <QStandardPaths>
 #include <QTemporaryDir>
+#include <QTextList>
 #include <QTextTable>
 
 namespace {
@@ -105,6 +106,24 @@ TEST_F(Print, TheLastPageComesFirstWhereAskedFor)
     EXPECT_TRUE(pages.last().contains(QStringLiteral("first")));
 }
 
+TEST_F(Print, CopiesAreInTheFile)
+{
+    box.setText(QStringLiteral("first\n") + QStringLiteral("line\n").repeated(100) + QStringLiteral("last"));
+    const auto printed = [&] {
+        QString order;
+        for (const QString &page : print())
+            order += page.contains(QStringLiteral("first")) ? u'f' : u'l';
+        return order.toStdString();
+    };
+    printer.setCopyCount(3);
+    printer.setCollateCopies(true);
+    EXPECT_EQ(printed(), "flflfl");
+    printer.setCollateCopies(false);
+    EXPECT_EQ(printed(), "ffflll");
+    printer.setPageOrder(QPrinter::LastPageFirst);
+    EXPECT_EQ(printed(), "lllfff");
+}
+
 TEST_F(Print, AnInchIsAnInchAtAnyResolution)
 {
     box.setText(QStringLiteral("zero\ninch"));
@@ -132,6 +151,31 @@ TEST_F(Print, HangingLinesAndBulletsKeepTheirPlace)
     print();
     EXPECT_NEAR(leftOf("item"), paperMargin + 72, 1);
     EXPECT_NEAR(leftOf("first"), paperMargin + 36, 1);
+}
+
+TEST_F(Print, HollowBulletsHaveALineAsOnTheScreen)
+{
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        for (const bool isInCell : {false, true}) {
+            box.setText({});
+            QTextCursor cursor = box.textCursor();
+            if (isInCell) {
+                QTextTable &table = *cursor.insertTable(1, 2);
+                cursor = table.cellAt(0, 1).firstCursorPosition();
+            }
+            cursor.createList(QTextListFormat::ListCircle);
+            QTextBlockFormat format;
+            format.setLayoutDirection(direction);
+            cursor.mergeBlockFormat(format);
+            cursor.insertText(QStringLiteral("item"));
+            print();
+            const QRectF word = pdf.placeOf(QStringLiteral("item"));
+            const QRectF before =
+                word.translated(direction == Qt::LeftToRight ? -word.width() : word.width(), 0);
+            EXPECT_GT(dots(before, Qt::black), 100) << direction << isInCell;
+            EXPECT_LT(dots(before, Qt::black), 150) << direction << isInCell;
+        }
+    }
 }
 
 TEST_F(Print, SpaceBetweenParagraphsIsScaled)
@@ -356,6 +400,34 @@ TEST_F(Print, CellsCutByThePagesEdgeLoseNothing)
         return page.simplified().startsWith(QStringLiteral("three")); // its row began on the page before
     }));
     EXPECT_EQ(printed.last(), QStringLiteral("end"));
+}
+
+TEST_F(Print, ATableCutByThePagesEdgeIsClosed)
+{
+    for (const int pixels : {1, 2, 5}) {
+        QByteArray row = "\\trowd";
+        for (const char *edge : {"\\clbrdrt", "\\clbrdrl", "\\clbrdrb", "\\clbrdrr"})
+            row += edge + QByteArray("\\brdrs\\brdrw") + QByteArray::number(15 * pixels);
+        row +=
+            "\\cellx2880\\cellx5760\\intbl " + QByteArray("line\\par ").repeated(120) + "\\cell\\cell\\row";
+        box.setTextRTF("{\\rtf1 start\\par " + row + "\\pard the end\\par}");
+        const QStringList pages = print();
+        ASSERT_EQ(pages.size(), 3);
+        EXPECT_EQ(pages.join(QString()).count(QStringLiteral("line")), 120);
+        EXPECT_EQ(pages.join(QString()).count(QStringLiteral("start")), 1);
+
+        const double width = pixels * 0.75;
+        const QRectF top(paperMargin + 100, paperMargin, 10, 3 * width); // beside the text
+        const QRectF bottom(paperMargin + 100, 842 - paperMargin - 3 * width, 10, 3 * width);
+        const QRectF side(paperMargin + 1.5 * width, 0, 0.25, 842); // along the left line
+        for (const int page : {1, 2, 3}) {
+            const double rows = 4 * width - 0.5; // where it stands between two dots
+            EXPECT_NEAR(dots(top, Qt::black, page), page > 1 ? 40 * rows : 0, 20) << pixels << page;
+            EXPECT_NEAR(dots(bottom, Qt::black, page), page < 3 ? 40 * rows : 0, 20) << pixels << page;
+        }
+        const double wholeHeight = 4 * (297 / 25.4 * 72 - 2 * paperMargin - 2 * width);
+        EXPECT_NEAR(dots(side, Qt::black, 2), wholeHeight, 2.5) << pixels;
+    }
 }
 
 TEST_F(Print, AFileThatCannotBeWrittenIsAnErrorAndLeavesNothing)

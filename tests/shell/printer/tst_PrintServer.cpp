@@ -129,6 +129,19 @@ TEST_F(PrinterTest, ACancelledDialogIsNeverPrintedTo)
     EXPECT_EQ(newJobs(), 1);
 }
 
+TEST_F(PrinterTest, TheServerMakesTheCopies)
+{
+    expectPrint([](QPrintDialog &dialog) {
+        dialog.findChild<QSpinBox *>(QStringLiteral("copies"))->setValue(3);
+        pressPrint(dialog);
+    });
+    suite.choose("printall");
+    ASSERT_EQ(newJobs(), 1);
+    EXPECT_EQ(lastDocument().pages().size(), 1);
+    const char inTicket[] = "copies\0\4\0\0\0\3"; // a number of four bytes
+    EXPECT_TRUE(lastTicket().contains(QByteArray(inTicket, sizeof inTicket - 1)));
+}
+
 TEST_F(PrinterTest, ThePrinterAndItsPaperStayForTheNextJob)
 {
     expectPrint([](QPrintDialog &dialog) {
