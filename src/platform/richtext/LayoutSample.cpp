@@ -46,11 +46,6 @@ LayoutSample::LayoutSample(const QTextBlock &first, const QTextBlock &last)
     m_document.setPageSize(original.pageSize());
 }
 
-bool LayoutSample::fitsInWidth() const
-{
-    return m_document.size().width() <= m_document.pageSize().width();
-}
-
 bool LayoutSample::isSimple(const QTextBlock &original)
 {
     constexpr int longest = 10000; // a copy of more is no longer cheap

@@ -13,8 +13,8 @@ public:
     /// The copy of the paragraph \a number places behind the first.
     QTextBlock paragraph(int number) const { return m_document.findBlockByNumber(number); }
 
-    /// False when a line sticks out at the side, which would make the document wider.
-    bool fitsInWidth() const;
+    /// Pixels; more than the page's where a line sticks out at the side.
+    double width() const { return m_document.size().width(); }
 
     /// True when \a original can be copied: visible text of moderate length.
     static bool isSimple(const QTextBlock &original);

@@ -1,5 +1,7 @@
 #include "LinkMarks.h"
 
+#include "LongDocuments.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QScrollBar>
 #include <QTextEdit>
@@ -37,8 +39,9 @@ bool areMarked(const QTextEdit &view, const QList<LinkFinder::Link> &links)
 
 } // namespace
 
-LinkMarks::LinkMarks(QTextEdit &view)
+LinkMarks::LinkMarks(QTextEdit &view, const LongDocuments &documents)
     : m_view(view)
+    , m_documents(documents)
 {}
 
 void LinkMarks::setOn(bool on)
@@ -99,8 +102,6 @@ std::optional<LinkFinder::Link> LinkMarks::linkAt(const QPoint &point) const
 
 QList<LinkFinder::Link> LinkMarks::visibleLinks() const
 {
-    const QRect area = m_view.viewport()->rect();
-    const int first = m_view.cursorForPosition(area.topLeft()).position();
-    const int end = m_view.cursorForPosition(area.bottomRight()).position();
+    const auto [first, end] = m_documents.stretchInView();
     return LinkFinder::between(*m_view.document(), first, end);
 }

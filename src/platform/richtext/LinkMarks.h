@@ -4,6 +4,7 @@
 
 #include <QTextCharFormat>
 
+class LongDocuments;
 class QPoint;
 class QTextEdit;
 
@@ -14,7 +15,8 @@ class QTextEdit;
 class LinkMarks
 {
 public:
-    explicit LinkMarks(QTextEdit &view);
+    /// \a documents takes care of those that \a view shows.
+    LinkMarks(QTextEdit &view, const LongDocuments &documents);
 
     void setOn(bool on);
 
@@ -38,6 +40,7 @@ private:
     QList<LinkFinder::Link> visibleLinks() const;
 
     QTextEdit &m_view;
+    const LongDocuments &m_documents;
     bool m_on = false;
     std::optional<LinkFinder::Link> m_pressed;
 };

@@ -14,13 +14,15 @@
 
 namespace {
 
+/// Of characters beyond 16 bits the first half tells: those that run from the right stand in two stretches.
 bool mayRunRightToLeft(QChar c)
 {
     constexpr char16_t firstHebrew = 0x0590;
     if (c.unicode() < firstHebrew)
         return false;
-    // Halves of characters beyond 16 bits count, as some of those scripts run from the right.
-    return c.isSurrogate() || c.direction() == QChar::DirR || c.direction() == QChar::DirAL;
+    if (c.isSurrogate())
+        return c == u'\xD802' || c == u'\xD803' || c == u'\xD83A' || c == u'\xD83B';
+    return c.direction() == QChar::DirR || c.direction() == QChar::DirAL;
 }
 
 /// Goes over the runs themselves, since a copy of a long text would take longer than the search.
@@ -59,6 +61,11 @@ void LongDocuments::attach(QTextDocument &document)
 void LongDocuments::catchUp()
 {
     m_layout->catchUp();
+}
+
+std::pair<int, int> LongDocuments::stretchInView() const
+{
+    return m_layout->stretchInView();
 }
 
 /// Called when the text is changed and Qt's layout is about to learn of it.

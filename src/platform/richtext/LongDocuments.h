@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QObject>
+#include <utility>
 
 class QTextDocument;
 class QTextEdit;
@@ -27,6 +28,9 @@ public:
 
     /// To be called before the view changes its size.
     void catchUp();
+
+    /// Positions between which lies all that is in view, and perhaps some text more.
+    std::pair<int, int> stretchInView() const;
 
 private:
     void beforeLayout(int from, int removed, int added);

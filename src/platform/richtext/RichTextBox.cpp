@@ -32,7 +32,7 @@ void fill(QTextDocument &document, const QByteArray &bytes)
 RichTextBox::RichTextBox(QWidget *parent)
     : QTextEdit(parent)
     , m_longDocuments(*this)
-    , m_links(*this)
+    , m_links(*this, m_longDocuments)
 {
     setAccessibleName(tr("Text"));
     setAcceptRichText(true);

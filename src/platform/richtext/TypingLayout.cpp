@@ -1,11 +1,12 @@
 #include "TypingLayout.h"
 
+#include "CellLines.h"
 #include "EventGate.h"
 #include "LayoutSample.h"
 
 #include <QScrollBar>
 #include <QTextEdit>
-#include <QTextFrame>
+#include <QTextTable>
 #include <private/qtextdocument_p.h>
 
 namespace {
@@ -25,10 +26,27 @@ void moveTo(const QTextBlock &block, double y)
     block.layout()->setPosition({block.layout()->position().x(), y});
 }
 
-/// Neither in a table nor in a frame. Takes longer the more tables there are.
+/// The table or frame of the page that holds \a block; null when that is on the page itself. Takes longer the
+/// more tables there are.
+const QTextFrame *frameOnPage(const QTextBlock &block)
+{
+    const QTextFrame *page = block.document()->rootFrame();
+    const QTextFrame *frame = block.document()->frameAt(block.position());
+    while (frame != page && frame->parentFrame() != page)
+        frame = frame->parentFrame();
+    return frame == page ? nullptr : frame;
+}
+
 bool isOnPage(const QTextBlock &block)
 {
-    return block.isValid() && block.document()->frameAt(block.position()) == block.document()->rootFrame();
+    return block.isValid() && !frameOnPage(block);
+}
+
+/// The table of the page that \a block lies in a cell of, but not in a frame within.
+QTextTable *tableOf(const QTextBlock &block)
+{
+    auto *table = qobject_cast<QTextTable *>(block.document()->frameAt(block.position()));
+    return table && table->parentFrame() == block.document()->rootFrame() ? table : nullptr;
 }
 
 /// True when no table and no frame begins or ends between \a block and the paragraph before it.
@@ -131,6 +149,41 @@ int TypingLayout::hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) co
     return QTextDocumentLayout::hitTest(point, accuracy);
 }
 
+/// A hit would do, too, but where there is no text right at the point Qt goes on to the document's end.
+std::pair<int, int> TypingLayout::stretchInView() const
+{
+    const double bottomOfView = viewTop() + viewHeight();
+    if (isBehind() && bottomOfView > m_arrears->reach)
+        settle();
+    const bool startsBelowEdits = isBehind() && viewTop() > editedTop();
+    const bool endsBelowEdits = isBehind() && bottomOfView > editedTop();
+    return {startsBelowEdits ? lastUntouched().position() : stretchAt(viewTop()).first,
+            endsBelowEdits ? m_arrears->rightEnd : stretchAt(bottomOfView).second};
+}
+
+/// The paragraph or table at the height \a y, which is above all edits that Qt's layout has not seen.
+std::pair<int, int> TypingLayout::stretchAt(double y) const
+{
+    if (layoutStatus() < 100) { // to ask about paragraphs far below would lay out all above them
+        const int hit = QTextDocumentLayout::hitTest(QPointF(0, y), Qt::FuzzyHit);
+        return {hit, hit};
+    }
+    int above = -1; // the number of a paragraph that ends above
+    int below = document()->blockCount() - 1;
+    while (below - above > 1) {
+        const int middle = (above + below) / 2;
+        const QTextBlock block = document()->findBlockByNumber(middle);
+        (QTextDocumentLayout::blockBoundingRect(block).bottom() < y ? above : below) = middle;
+    }
+    // Cells beside each other end at several heights, and an empty paragraph before a table lies in its edge.
+    const QTextBlock first = document()->findBlockByNumber(qMax(above, 0));
+    const QTextBlock last = document()->findBlockByNumber(qMin(below + 1, document()->blockCount() - 1));
+    const QTextFrame *startFrame = frameOnPage(first);
+    const QTextFrame *endFrame = frameOnPage(last);
+    return {startFrame ? startFrame->firstPosition() : first.position(),
+            endFrame ? endFrame->lastPosition() : last.position() + last.length() - 1};
+}
+
 int TypingLayout::pageCount() const
 {
     settle();
@@ -172,10 +225,12 @@ QTextBlock TypingLayout::paragraphOf(int position) const
     return document()->findBlock(qMin(position, document()->characterCount() - 1));
 }
 
-/// The paragraph before the edits, or the first of all when that was edited.
+/// The paragraph of the page before the edits, or the first of all when that was edited.
 QTextBlock TypingLayout::lastUntouched() const
 {
     const QTextBlock edited = paragraphOf(m_arrears->from);
+    if (const QTextTable *table = tableOf(edited))
+        return paragraphOf(table->firstPosition() - 1);
     return edited.previous().isValid() ? edited.previous() : edited;
 }
 
@@ -210,8 +265,15 @@ void TypingLayout::documentChanged(int from, int removed, int added)
             m_pause.start();
         else
             catchUp();
-        return;
+    } else {
+        layOutAtOnce(from, removed, added);
     }
+    m_paragraphs = document()->blockCount();
+}
+
+/// Leaves an edit to Qt's layout.
+void TypingLayout::layOutAtOnce(int from, int removed, int added)
+{
     const bool isEverything = removed == 0 && added == document()->characterCount();
     if (isBehind() && from >= m_arrears->end)
         catchUp();
@@ -260,8 +322,7 @@ bool TypingLayout::canTake(int from, int removed, int added) const
         return false;
     const bool isInReach = !isBehind() || (from + removed < m_arrears->rightEnd && areArrearsNearView());
     return isInReach && layoutStatus() == 100 && text.isLayoutEnabled() && text.pageSize().height() <= 0 &&
-           text.defaultTextOption().textDirection() == Qt::LeftToRight &&
-           dynamicDocumentSize().width() <= text.pageSize().width() && !hasFloats(text);
+           !hasFloats(text);
 }
 
 void TypingLayout::note(int from, int removed, int added)
@@ -280,6 +341,8 @@ bool TypingLayout::layOut(int from, int added)
 {
     constexpr int mostParagraphs = 8;
     const QTextBlock first = document()->findBlock(from);
+    if (const QTextTable *table = tableOf(first))
+        return layOutInCell(*table, first, from + added);
     const QTextBlock before = first.previous();
     const QTextBlock start = before.isValid() ? before : first;
     const QTextBlock behind = document()->findBlock(from + added).next();
@@ -290,7 +353,8 @@ bool TypingLayout::layOut(int from, int added)
     const LayoutSample sample(start, behind);
     const QTextBlock sampleBehind = sample.paragraph(behind.blockNumber() - start.blockNumber());
     const double distance = before.isValid() ? top(before) - top(sample.paragraph(0)) : 0;
-    if (!sample.fitsInWidth() || !LayoutSample::isSameLayout(sampleBehind, behind) ||
+    if (sample.width() > widthOfAll() || mayHaveBeenWidest(first, behind) ||
+        !LayoutSample::isSameLayout(sampleBehind, behind) ||
         (before.isValid() && !LayoutSample::isSameLayout(sample.paragraph(0), before)))
         return false;
     for (QTextBlock block = first; block != behind; block = block.next()) {
@@ -300,6 +364,46 @@ bool TypingLayout::layOut(int from, int added)
         moveTo(block, distance + top(copy));
     }
     return moveBelow(behind, distance + top(sampleBehind));
+}
+
+/// Pixels; all that fits into the page does not make the document wider.
+double TypingLayout::widthOfAll() const
+{
+    return qMax(document()->pageSize().width(), dynamicDocumentSize().width());
+}
+
+/// True when the document may become narrower by an edit of the paragraphs from \a first on up to \a behind,
+/// whose lines are those from before.
+bool TypingLayout::mayHaveBeenWidest(const QTextBlock &first, const QTextBlock &behind) const
+{
+    if (widthOfAll() <= document()->pageSize().width())
+        return false;
+    if (document()->blockCount() < m_paragraphs)
+        return true;
+    for (QTextBlock block = first; block != behind; block = block.next()) {
+        const QTextLayout &layout = *block.layout();
+        const double margins = block.blockFormat().rightMargin() + 2 * document()->documentMargin();
+        for (int i = 0; i < layout.lineCount(); ++i) {
+            if (layout.lineAt(i).x() + layout.lineAt(i).naturalTextWidth() + margins > widthOfAll() - 1)
+                return true;
+        }
+    }
+    return false;
+}
+
+/// Lays out a paragraph in a cell whose edit ends at \a end; false when its table would not stay as it is.
+bool TypingLayout::layOutInCell(const QTextTable &table, const QTextBlock &paragraph, int end)
+{
+    const QTextBlock before = document()->findBlock(table.firstPosition() - 1);
+    const QTextBlock behind = document()->findBlock(table.lastPosition() + 1);
+    const bool keepsParagraphs = paragraph.contains(end) && document()->blockCount() == m_paragraphs;
+    if (!keepsParagraphs || !isOnPage(before) || !isOnPage(behind) || !isNearView(before) ||
+        !LayoutSample::isSimple(paragraph))
+        return false;
+    const QTextTableCell cell = table.cellAt(end);
+    const double width = tableCellBoundingRect(const_cast<QTextTable *>(&table), cell).width();
+    return CellLines::areFixed(table.format(), cell, width) && CellLines::layOutAgain(paragraph) &&
+           moveBelow(behind, top(behind));
 }
 
 /// Moves what is seen from \a behind on, so that this paragraph comes to lie at the height \a y; false when

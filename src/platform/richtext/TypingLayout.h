@@ -4,16 +4,18 @@
 #include <QTimer>
 #include <optional>
 #include <private/qtextdocumentlayout_p.h>
+#include <utility>
 
 class QTextEdit;
+class QTextTable;
 
 /// The layout of a document that is typed in, quick in long documents, too.
 ///
 /// With each key Qt's layout visits every paragraph below, which takes far too long where a hundred thousand
 /// follow. So a small edit in view is laid out here, as far as the view reaches, and Qt's layout catches up
 /// when the typing pauses, or before anybody asks about the rest. What is laid out here is taken from Qt's
-/// own layout of a copy of the few paragraphs around the edit. Where that is not sure to be right, as beside
-/// tables, Qt lays out everything at once.
+/// own layout of a copy of the few paragraphs around the edit. In a table only lines that keep their height
+/// are laid out here. Where that is not sure to be right, as beside tables, Qt lays out everything at once.
 class TypingLayout : public QTextDocumentLayout
 {
     Q_OBJECT
@@ -27,6 +29,9 @@ public:
 
     /// Brings everything to its place; costs nothing when it is there already.
     void catchUp();
+
+    /// Positions between which lies all that is in view, and while behind some text more.
+    std::pair<int, int> stretchInView() const;
 
     void draw(QPainter *painter, const PaintContext &context) override;
     int hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) const override;
@@ -52,15 +57,20 @@ private:
     };
 
     bool canTake(int from, int removed, int added) const;
+    void layOutAtOnce(int from, int removed, int added);
     void layOutBelow(int from, int removed, int added);
     void note(int from, int removed, int added);
     bool layOut(int from, int added);
+    bool layOutInCell(const QTextTable &table, const QTextBlock &paragraph, int end);
+    double widthOfAll() const;
+    bool mayHaveBeenWidest(const QTextBlock &first, const QTextBlock &behind) const;
     bool moveBelow(const QTextBlock &behind, double y);
     void showChange(const QTextBlock &behind, double shift);
     QTextBlock paragraphOf(int position) const;
     QTextBlock lastUntouched() const;
     double editedTop() const;
     QTextBlock paragraphAt(double y) const;
+    std::pair<int, int> stretchAt(double y) const;
     void settle() const;
     bool areArrearsNearView() const;
     bool isNearView(const QTextBlock &block) const;
@@ -68,6 +78,7 @@ private:
     double viewHeight() const;
 
     QTextEdit &m_view;
+    int m_paragraphs = 0; ///< when the layout last heard of an edit
     std::optional<Arrears> m_arrears;
     QTimer m_pause;
 };

@@ -32,6 +32,12 @@ protected:
         EXPECT_FALSE(isBehind());
         expectSameLayout();
     }
+    /// One of the first, in the plain view.
+    QTextTable &table()
+    {
+        return *qobject_cast<QTextTable *>(plain.document()->rootFrame()->childFrames().at(6));
+    }
+    void scrollToTable() { scrollTo(int(plainLayout().frameBoundingRect(&table()).top()) - 100); }
     QAbstractTextDocumentLayout &plainLayout() { return *plain.document()->documentLayout(); }
 };
 
@@ -160,6 +166,31 @@ TEST_F(Typing, LinksAreMarkedWhileTyping)
     EXPECT_EQ(marked, box.viewport()->grab().toImage());
 }
 
+TEST_F(Typing, AllThatIsInViewIsKnown)
+{
+    const QString words = QStringLiteral("some words ");
+    QTextDocument document;
+    QTextCursor cursor(&document);
+    for (int i = 0; i < 8; ++i) {
+        QTextTable *table = cursor.insertTable(2, 3);
+        table->cellAt(i % 2, i % 3).firstCursorPosition().insertText(words.repeated(40));
+        cursor.movePosition(QTextCursor::End);
+        cursor.insertText(words.repeated(40));
+        cursor.insertBlock(); // which the edge of the next table hides
+    }
+    showBoth(document);
+    for (int y = 0; y < box.verticalScrollBar()->maximum(); y += 5) {
+        scrollTo(y);
+        const auto [first, end] = layout().stretchInView();
+        const int bottom = y + box.viewport()->height();
+        for (QTextBlock block = box.document()->begin(); block.isValid(); block = block.next()) {
+            const QRectF area = layout().blockBoundingRect(block);
+            const bool isKnown = first <= block.position() && block.position() <= end;
+            EXPECT_TRUE(isKnown || area.bottom() <= y || area.top() >= bottom) << y;
+        }
+    }
+}
+
 TEST_F(Typing, ItemsBelowAreNumberedAnewAtOnce)
 {
     open();
@@ -172,15 +203,146 @@ TEST_F(Typing, ItemsBelowAreNumberedAnewAtOnce)
     expectSameLayout();
 }
 
+TEST_F(Typing, ACellIsSeenAtOnce)
+{
+    open(20);
+    scrollToTable();
+    const int position = table().cellAt(0, 0).firstPosition();
+    for (const char *text : {"x", "ii", " "}) {
+        type(position, QString::fromLatin1(text));
+        expectBehindAndRight();
+    }
+    remove(position, position + 2);
+    expectBehindAndRight();
+    layout().catchUp();
+    for (int i = 0; i < 2; ++i) {
+        type(table().cellAt(0, 1).firstPosition(), QStringLiteral("x"));
+        expectBehindAndRight();
+    }
+    edit(position, position + 2, [](QTextCursor &cursor) {
+        QTextCharFormat red;
+        red.setForeground(Qt::red);
+        cursor.mergeCharFormat(red);
+    });
+    expectBehindAndRight();
+    expectSameLayout();
+}
+
+TEST_F(Typing, ACellAndTheTextAroundIt)
+{
+    open(20);
+    scrollToTable();
+    const int above =
+        plain.document()->findBlock(table().firstPosition() - 1).previous().previous().position();
+    type(above, QStringLiteral("x"));
+    expectBehindAndRight();
+    type(table().cellAt(0, 0).firstPosition(), QStringLiteral("x"));
+    expectBehindAndRight();
+    type(plain.document()->findBlock(table().lastPosition() + 1).next().next().position(),
+         QStringLiteral("x"));
+    expectBehindAndRight();
+    remove(above, above + 1);
+    expectBehindAndRight();
+    expectSameLayout();
+}
+
+TEST_F(Typing, EveryPartOfATableIsPaintedRight)
+{
+    open(5);
+    for (int i = 0; i < 25 && !HasFailure(); ++i) {
+        SCOPED_TRACE(i);
+        scrollTo(i * 90);
+        const QTextBlock seen = plain.document()->findBlock(below(viewTop() + 100));
+        remove(seen.position(), seen.position() + 1);
+        expectSameView();
+        scrollTo(viewTop() + 120);
+        expectSameView();
+        scrollTo(viewTop() - 240);
+        expectSameView();
+    }
+    expectSameLayout();
+}
+
 // ---- What is left to Qt
+
+TEST_F(Typing, ALineMoreInACellMakesItHigher)
+{
+    open(20);
+    scrollToTable();
+    const int position = table().cellAt(0, 0).firstPosition();
+    type(position, manyWords);
+    expectSameView();
+    expectSameLayout();
+    remove(position, position + int(manyWords.size()));
+    expectSameView();
+    expectSameLayout();
+}
+
+TEST_F(Typing, AParagraphMoreInACellMakesItHigher)
+{
+    open(20);
+    scrollToTable();
+    const int position = table().cellAt(0, 0).firstPosition();
+    splitAt(position);
+    expectSameView();
+    expectSameLayout();
+    remove(position, position + 1);
+    expectSameView();
+    expectSameLayout();
+    edit(position, position + 4, [](QTextCursor &cursor) {
+        QTextCharFormat large;
+        large.setFontPointSize(20);
+        cursor.mergeCharFormat(large);
+    });
+    expectSameView();
+    expectSameLayout();
+}
+
+TEST_F(Typing, AWideWordWidensItsColumn)
+{
+    open(20);
+    scrollToTable();
+    const int position = table().cellAt(0, 0).firstPosition();
+    const QString word(25, u'w');
+    edit(position, position, [&](QTextCursor &cursor) {
+        QTextBlockFormat format;
+        format.setNonBreakableLines(true);
+        cursor.mergeBlockFormat(format);
+    });
+    type(position, word);
+    expectSameView();
+    expectSameLayout();
+    remove(position, position + 1); // the column shrinks with it
+    expectSameView();
+    expectSameLayout();
+}
+
+TEST_F(Typing, AColumnWithoutAWidthGrowsWithItsText)
+{
+    open(20);
+    scrollToTable();
+    for (const QList<QTextLength> &widths : {QList<QTextLength>(), QList<QTextLength>(3, QTextLength())}) {
+        edit(table().firstPosition(), table().firstPosition(), [&](QTextCursor &cursor) {
+            QTextTableFormat format = cursor.currentTable()->format();
+            format.setColumnWidthConstraints(widths);
+            cursor.currentTable()->setFormat(format);
+        });
+        const int position = table().cellAt(0, 0).firstPosition();
+        type(position, QStringLiteral("words "));
+        expectSameView();
+        expectSameLayout();
+        remove(position, position + 3);
+        expectSameView();
+        expectSameLayout();
+    }
+}
 
 TEST_F(Typing, EditsBesideTablesAreSeenAtOnce)
 {
     open(20);
-    QTextFrame *table = plain.document()->rootFrame()->childFrames().at(2);
-    scrollTo(int(plainLayout().frameBoundingRect(table).top()) - 100);
-    const QList<int> places = {table->firstPosition() - 2, table->firstPosition() - 1,
-                               table->lastPosition() + 2, table->lastPosition() + 1};
+    scrollToTable();
+    const QList<int> places = {table().firstPosition() - 2, table().firstPosition() - 1,
+                               table().lastPosition() + 2, table().lastPosition() + 1};
     for (const int position : places) {
         type(position, QStringLiteral("x"));
         expectSameView();

@@ -84,9 +84,13 @@ protected:
             break;
         }
     }
-    void run(int perTable)
+    void run(int perTable, const QString &word = QStringLiteral("some words "))
     {
-        open(perTable);
+        open(perTable, word);
+        compare();
+    }
+    void compare()
+    {
         int timesBehind = 0;
         for (int i = 0; i < rounds && !HasFailure(); ++i) {
             SCOPED_TRACE(i);
@@ -101,7 +105,7 @@ protected:
         }
         expectSameView();
         expectSameLayout();
-        EXPECT_GT(timesBehind, rounds / 5);
+        EXPECT_GT(timesBehind, rounds / 10);
     }
 
 private:
@@ -120,4 +124,30 @@ TEST_P(RandomTyping, LooksAsIfLaidOutAtOnceAmongTables)
     run(60);
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomTyping, ::testing::Range(0, 20));
+TEST_P(RandomTyping, LooksAsIfLaidOutAtOnceFromTheRight)
+{
+    run(60, QStringLiteral("\u05E9\u05DC\u05D5\u05DD or "));
+}
+
+TEST_P(RandomTyping, LooksAsIfLaidOutAtOnceInAWideDocument)
+{
+    open(60);
+    edit(viewTop() + 100, viewTop() + 100, [](QTextCursor &cursor) {
+        QTextBlockFormat format;
+        format.setNonBreakableLines(true);
+        cursor.mergeBlockFormat(format);
+        cursor.insertText(QStringLiteral("a wide line ").repeated(10));
+    });
+    compare();
+}
+
+class RandomTypingInTables : public RandomTyping
+{};
+
+TEST_P(RandomTypingInTables, LooksAsIfLaidOutAtOnce)
+{
+    run(8);
+}
+
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomTyping, ::testing::Range(0, 8));
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomTypingInTables, ::testing::Range(0, 8));
