@@ -15,8 +15,9 @@
 
 // The rich-text control beside a bare QTextEdit with the same document: opening, typing, moving, formatting.
 //
-//     QT_QPA_PLATFORM=offscreen bench_RichTextBox
+//     QT_QPA_PLATFORM=offscreen bench_RichTextBox [FILE]
 //
+// Without a file of rich text it makes its own.
 // Milliseconds from the event to the end of the painting, medians, and the ratio to the bare one in this run.
 
 namespace {
@@ -165,6 +166,11 @@ int cellPosition(Subject &subject)
     return tables.isEmpty() ? -1 : tables.at(tables.size() / 2)->firstPosition();
 }
 
+int paragraphAbove(Subject &subject, int cell)
+{
+    return subject.edit().document()->findBlock(cell).previous().previous().previous().position();
+}
+
 void benchTyping(Subject &box, Subject &bare)
 {
     const int length = box.edit().document()->characterCount() - 1;
@@ -186,6 +192,9 @@ void benchTyping(Subject &box, Subject &bare)
         box.moveTo(cell);
         bare.moveTo(cellPosition(bare));
         print("key in a middle table", box.key(Qt::Key_A), bare.key(Qt::Key_A));
+        box.moveTo(paragraphAbove(box, cell));
+        bare.moveTo(paragraphAbove(bare, cellPosition(bare)));
+        print("key two paragraphs above it", box.key(Qt::Key_A), bare.key(Qt::Key_A));
     }
     box.moveTo(5);
     (void)box.key(Qt::Key_Return);
@@ -235,18 +244,8 @@ void benchFormats(Subject &box, Subject &bare)
     print("bullets on everything", formatAll(box, [&] { control.setSelBullet(true); }));
 }
 
-void bench(const Mix &mix)
+void bench(const QByteArray &rich, const QString &path)
 {
-    const QByteArray rich = mixedRichText(mix);
-    QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("mixed.rtf"));
-    QFile file(path);
-    if (!file.open(QFile::WriteOnly) || file.write(rich) != rich.size())
-        return;
-    file.close();
-
-    std::printf("%s: %.1f MB of rich text, %d paragraphs\n  %-34s %8s %8s %7s\n", mix.name,
-                double(rich.size()) / 1e6, mix.paragraphs, "", "control", "bare", "ratio");
     Subject box(std::make_unique<RichTextBox>());
     auto &control = static_cast<RichTextBox &>(box.edit());
     control.setAutoURLDetection(true);
@@ -255,6 +254,8 @@ void bench(const Mix &mix)
         control.LoadFile(path);
         box.paint();
     });
+    std::printf("  %.1f MB of rich text, %d paragraphs\n  %-34s %8s %8s %7s\n", double(rich.size()) / 1e6,
+                control.document()->blockCount(), "", "control", "bare", "ratio");
     print("open to the first page", opening, milliseconds([&] {
               openBare(bare.edit(), rich);
               bare.paint();
@@ -263,6 +264,27 @@ void bench(const Mix &mix)
     bare.settle();
     benchTyping(box, bare);
     benchFormats(box, bare);
+}
+
+void bench(const Mix &mix)
+{
+    const QByteArray rich = mixedRichText(mix);
+    QTemporaryDir folder;
+    QFile file(folder.filePath(QStringLiteral("mixed.rtf")));
+    if (!file.open(QFile::WriteOnly) || file.write(rich) != rich.size())
+        return;
+    file.close();
+    std::printf("%s\n", mix.name);
+    bench(rich, file.fileName());
+}
+
+void bench(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QFile::ReadOnly))
+        return;
+    std::printf("%s\n", qUtf8Printable(path));
+    bench(file.readAll(), path);
 }
 
 void benchLinks()
@@ -286,6 +308,10 @@ void benchLinks()
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
+    if (argc == 2) {
+        bench(QFile::decodeName(argv[1]));
+        return 0;
+    }
     bench({"Large text", 75000, 4, 20});
     bench({"Many paragraphs", 100000, 2, 0});
     benchLinks();
