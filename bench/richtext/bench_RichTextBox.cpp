@@ -17,8 +17,8 @@
 //
 //     QT_QPA_PLATFORM=offscreen bench_RichTextBox [FILE]
 //
-// Without a file of rich text it makes its own.
-// Milliseconds from the event to the end of the painting, medians, and the ratio to the bare one in this run.
+// Without a file of rich text it makes its own. Milliseconds from the event to the end of the painting,
+// medians, and the ratio to the bare one in this run.
 
 namespace {
 

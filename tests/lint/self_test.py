@@ -44,6 +44,19 @@ class LintTest(unittest.TestCase):
             (self.root / name).unlink()
 
 
+class Arrows(LintTest):
+    lint = 'arrows.py'
+
+    def test_links_past_the_table_are_refused(self):
+        for command in ('target_link_libraries', 'target_include_directories', 'include_directories'):
+            self.assert_refused(f'quill_module()\n{command}(word PUBLIC shell)\n', f'{command} past the table',
+                                name='word/CMakeLists.txt', line=2)
+
+    def test_modules_pass(self):
+        self.assert_passes('# target_link_libraries() would go past the table\nquill_module(LINKS frame)\n',
+                           'word/CMakeLists.txt')
+
+
 class Connects(LintTest):
     lint = 'connects.py'
 
