@@ -341,7 +341,7 @@ bool TypingLayout::layOut(int from, int added)
 {
     constexpr int mostParagraphs = 8;
     const QTextBlock first = document()->findBlock(from);
-    if (const QTextTable *table = tableOf(first))
+    if (QTextTable *table = tableOf(first))
         return layOutInCell(*table, first, from + added);
     const QTextBlock before = first.previous();
     const QTextBlock start = before.isValid() ? before : first;
@@ -392,7 +392,7 @@ bool TypingLayout::mayHaveBeenWidest(const QTextBlock &first, const QTextBlock &
 }
 
 /// Lays out a paragraph in a cell whose edit ends at \a end; false when its table would not stay as it is.
-bool TypingLayout::layOutInCell(const QTextTable &table, const QTextBlock &paragraph, int end)
+bool TypingLayout::layOutInCell(QTextTable &table, const QTextBlock &paragraph, int end)
 {
     const QTextBlock before = document()->findBlock(table.firstPosition() - 1);
     const QTextBlock behind = document()->findBlock(table.lastPosition() + 1);
@@ -401,7 +401,7 @@ bool TypingLayout::layOutInCell(const QTextTable &table, const QTextBlock &parag
         !LayoutSample::isSimple(paragraph))
         return false;
     const QTextTableCell cell = table.cellAt(end);
-    const double width = tableCellBoundingRect(const_cast<QTextTable *>(&table), cell).width();
+    const double width = tableCellBoundingRect(&table, cell).width();
     return CellLines::areFixed(table.format(), cell, width) && CellLines::layOutAgain(paragraph) &&
            moveBelow(behind, top(behind));
 }

@@ -61,7 +61,7 @@ private:
     void layOutBelow(int from, int removed, int added);
     void note(int from, int removed, int added);
     bool layOut(int from, int added);
-    bool layOutInCell(const QTextTable &table, const QTextBlock &paragraph, int end);
+    bool layOutInCell(QTextTable &table, const QTextBlock &paragraph, int end);
     double widthOfAll() const;
     bool mayHaveBeenWidest(const QTextBlock &first, const QTextBlock &behind) const;
     bool moveBelow(const QTextBlock &behind, double y);
