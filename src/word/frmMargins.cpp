@@ -46,9 +46,9 @@ QWidget *frmMargins::buildSides()
     grid->setHorizontalSpacing(0);
     const std::array captions = {QStringLiteral("Left Margin (mm):"), QStringLiteral("Right Margin (mm):")};
     for (int side : {Left, Right}) {
-        Label2[side] = named("Label2", side, new QLabel(captions[side], sides));
-        Text1[side] = named("Text1", side, new QLineEdit(QStringLiteral("0"), sides));
-        UpDown1[side] = named("UpDown1", side, new UpDown(*Text1[side], 0, widest, sides));
+        Label2[side] = named({"Label2", side}, new QLabel(captions[side], sides));
+        Text1[side] = named({"Text1", side}, new QLineEdit(QStringLiteral("0"), sides));
+        UpDown1[side] = named({"UpDown1", side}, new UpDown(*Text1[side], 0, widest, sides));
         Label2[side]->setBuddy(Text1[side]);
         Label2[side]->setContentsMargins(0, 0, fontMetrics().height(), 0);
         Text1[side]->setAccessibleName(captions[side]);
@@ -67,8 +67,8 @@ QWidget *frmMargins::buildExtents()
     grid->setColumnStretch(1, 1);
     const std::array captions = {QStringLiteral("Current Paragraph"), QStringLiteral("Whole Document")};
     for (int extent : {CurrentParagraph, WholeDocument}) {
-        Option1[extent] = named("Option1", extent, new QRadioButton(Frame2));
-        Label1[extent] = named("Label1", extent, new QLabel(captions[extent], Frame2));
+        Option1[extent] = named({"Option1", extent}, new QRadioButton(Frame2));
+        Label1[extent] = named({"Label1", extent}, new QLabel(captions[extent], Frame2));
         Option1[extent]->setAccessibleName(captions[extent]);
         grid->addWidget(Option1[extent], extent, 0);
         grid->addWidget(Label1[extent], extent, 1);
