@@ -21,12 +21,12 @@ function(quill_targets out)
     set(${out} ${targets} PARENT_SCOPE)
 endfunction()
 
-# The targets that this folder of src/ links, each checked against the arrow table.
+# The targets that this folder of src/ links, each checked against the table of allowed dependencies.
 macro(quill_parse_links)
     cmake_parse_arguments(arg "" "" "LINKS" ${ARGN})
     quill_folder(folder src)
     foreach(link IN LISTS arg_LINKS)
-        quill_check_arrow(${folder} ${link})
+        quill_check_dependency(${folder} ${link})
     endforeach()
     quill_targets(links ${arg_LINKS})
 endmacro()

@@ -44,8 +44,8 @@ class LintTest(unittest.TestCase):
             (self.root / name).unlink()
 
 
-class Arrows(LintTest):
-    lint = 'arrows.py'
+class Links(LintTest):
+    lint = 'links.py'
 
     def test_links_past_the_table_are_refused(self):
         for command in ('target_link_libraries', 'target_include_directories', 'include_directories'):
@@ -187,26 +187,26 @@ class Layering(LintTest):
         self.plant('CMakeLists.txt', f'''
             cmake_minimum_required(VERSION 3.25)
             project(Tree LANGUAGES CXX)
-            include({HERE.parents[1]}/cmake/arrows.cmake)
+            include({HERE.parents[1]}/cmake/dependencies.cmake)
             include({HERE.parents[1]}/cmake/quill.cmake)
             add_subdirectory(src/platform/core)
             add_subdirectory(src/{linking})
             ''')
-        command = ['cmake', '-S', str(self.root), '-B', str(self.root / 'build')]
+        command = ['cmake', '-G', 'Ninja', '-S', str(self.root), '-B', str(self.root / 'build')]
         return subprocess.run(command, capture_output=True, text=True)
 
-    def test_an_arrow_of_the_table_passes(self):
+    def test_an_allowed_link_passes(self):
         found = self.configure('platform/forms', 'platform/core')
         self.assertEqual(found.returncode, 0, found.stderr)
 
-    def test_an_arrow_that_the_table_lacks_is_refused(self):
+    def test_a_link_that_the_table_lacks_is_refused(self):
         for linking, link in (('platform/archive', 'platform/forms'), ('platform/richtext/rtf', 'Qt6::Widgets'),
                               ('platform/forms', 'platform/controls'), ('word', 'shell')):
             with self.subTest(linking=linking, link=link):
                 found = self.configure(linking, link)
                 self.assertNotEqual(found.returncode, 0)
                 # CMake breaks the lines of a message.
-                self.assertIn(f'{linking} may not link {link}: cmake/arrows.cmake has no such arrow.',
+                self.assertIn(f'{linking} may not link {link}: cmake/dependencies.cmake does not allow it.',
                               ' '.join(found.stderr.split()))
 
 
