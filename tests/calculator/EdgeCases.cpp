@@ -1,13 +1,6 @@
 #include "EdgeCases.h"
 
-#include <limits>
-
-namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-
-} // namespace
+#include "FloatLimits.h"
 
 const QList<EdgeCase> &edgeCases()
 {

@@ -10,7 +10,7 @@ namespace {
 
 namespace Menu = StandardToolMenu;
 
-constexpr ToolMenuRow rows[] = {
+constexpr ToolMenuRow toolRows[] = {
     Menu::File,
     Menu::NewDocument,
     {{1, "mnuOwn", "&Own", nullptr, 0, nullptr}},
@@ -29,7 +29,7 @@ class ToolWithMenu : public ChildForm
 public:
     ToolWithMenu()
         : ChildForm(QStringLiteral("frmWithMenu"))
-        , m_menus(Menu::build(rows, *this))
+        , m_menus(Menu::build(toolRows, *this))
     {}
     QList<QMenu *> menus() const override { return m_menus; }
 

@@ -1,5 +1,5 @@
 #include "DialogDriver.h"
-#include "FindFlag.h"
+#include "FindWords.h"
 #include "LiteralLoop.h"
 #include "PrintQt.h"
 #include "RichTextBox.h"
@@ -16,13 +16,6 @@
 // Replacing in rich text: formats, undo, tables.
 
 namespace {
-
-constexpr int down = FindFlag::Down;
-
-QString latin(const char *text)
-{
-    return QString::fromLatin1(text);
-}
 
 struct ReplaceTest : testing::Test
 {
