@@ -1,5 +1,7 @@
 #include "FatalErrors.h"
 #include "QtMessages.h"
+#include "TestFile.h"
+#include "TestIsolation.h"
 
 #include <QApplication>
 #include <gtest/gtest.h>
@@ -15,5 +17,8 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     QtMessages::install();
     FatalErrors::refuseAll();
+    TestIsolation::install();
+    if (!TestFile::select(QCoreApplication::arguments()))
+        qFatal("no test is in the given file");
     return RUN_ALL_TESTS();
 }
