@@ -93,7 +93,7 @@ void replaceLiterally(RichTextBox &box, const QString &wanted, const QString &re
 }
 
 /// One case: a text whose letters are bold here and there, and what to do with it.
-struct Job
+struct ReplaceJob
 {
     QString text;
     QList<int> bold;
@@ -103,7 +103,7 @@ struct Job
     QString replacement;
     int flags;
 
-    explicit Job(QRandomGenerator &random)
+    explicit ReplaceJob(QRandomGenerator &random)
     {
         const auto some = [&random](int least, int most) {
             QString result;
@@ -155,7 +155,7 @@ TEST_F(ReplaceTest, LeavesWhatTheLoopLeavesAndIsOneUndoStep)
     RichTextBox literal;
     int compared = 0;
     for (int i = 0; i < 1500; ++i) {
-        const Job job(random);
+        const ReplaceJob job(random);
         if (!job.ends())
             continue;
         SCOPED_TRACE(testing::PrintToString(QStringList{job.text, job.wanted, job.replacement}));
