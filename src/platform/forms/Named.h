@@ -1,11 +1,7 @@
 #pragma once
 
 #include "ControlName.h"
-
-#include <QAbstractButton>
-#include <QGroupBox>
-#include <QLabel>
-#include <concepts>
+#include "HasCaption.h"
 
 // Every control is made by one call that also names it, so that a test, a style sheet or a person with an
 // inspector finds it, and says what it is to a screen reader.
@@ -27,19 +23,7 @@ Control *named(const ControlName &name, Control *control, const QString &spoken 
 
 /// Makes a button, a label or a group box with \a caption, which a screen reader says without its mnemonic
 /// unless \a spoken says more. The layout that takes the control gives it its parent.
-template<class Control>
-requires std::derived_from<Control, QAbstractButton> || std::derived_from<Control, QLabel> ||
-    std::derived_from<Control, QGroupBox>
-        Control *named(const ControlName &name, const QString &caption, const QString &spoken = {})
-{
-    auto *control = named(name, new Control(caption), spoken.isEmpty() ? withoutMnemonic(caption) : spoken);
-    if constexpr (std::derived_from<Control, QLabel>)
-        control->setTextFormat(Qt::PlainText);
-    return control;
-}
-
-/// Makes a control that shows no caption; a screen reader calls it \a spoken.
-template<class Control>
+template<HasCaption Control>
 Control *named(const ControlName &name, const QString &spoken = {})
 {
     return named(name, new Control, spoken);
