@@ -46,7 +46,7 @@ struct FindInDocumentTest : testing::Test
     }
     void settle() const
     {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
         QCoreApplication::processEvents();
     }
 };

@@ -24,7 +24,17 @@ Control *named(const ControlName &name, Control *control, const QString &spoken 
 /// Makes a button, a label or a group box with \a caption, which a screen reader says without its mnemonic
 /// unless \a spoken says more. The layout that takes the control gives it its parent.
 template<HasCaption Control>
-Control *named(const ControlName &name, const QString &spoken = {})
+Control *named(const ControlName &name, const QString &caption, const QString &spoken = {})
+{
+    auto *control = named(name, new Control(caption), spoken.isEmpty() ? withoutMnemonic(caption) : spoken);
+    if constexpr (std::derived_from<Control, QLabel>)
+        control->setTextFormat(Qt::PlainText);
+    return control;
+}
+
+/// Makes a control that shows no caption; a screen reader calls it \a spoken.
+template<class Control>
+requires(!HasCaption<Control>) Control *named(const ControlName &name, const QString &spoken = {})
 {
     return named(name, new Control, spoken);
 }
