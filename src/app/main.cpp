@@ -1,4 +1,6 @@
+#include "DefaultErrorBox.h"
 #include "EntryRoutine.h"
+#include "EventGate.h"
 #include "Look.h"
 #include "Paths.h"
 #include "SuiteApplication.h"
@@ -14,6 +16,7 @@ int main(int argc, char **argv)
     QGuiApplication::setDesktopFileName(QStringLiteral("quill-office-tools"));
     QGuiApplication::setQuitOnLastWindowClosed(
         false); // the process lives as long as the frame, not the splash
+    EventGate::setBox(showDefaultErrorBox);
     Look::apply();
     WindowTable::registerAll();
     EntryRoutine();

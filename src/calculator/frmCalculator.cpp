@@ -4,8 +4,10 @@
 #include "ChoiceList.h"
 #include "ErrorReports.h"
 #include "EventGate.h"
+#include "Named.h"
 #include "StandardToolMenu.h"
 #include "ThemeIcon.h"
+#include "WindowCommands.h"
 
 #include <QFontInfo>
 #include <QFrame>
@@ -34,7 +36,7 @@ constexpr ToolMenuRow menuRows[] = {
 struct ActionKey
 {
     const char *caption;
-    const char *accessibleName;
+    const char *spoken;
 };
 
 /// In the order of Operation, which is the index of the key.
@@ -43,31 +45,21 @@ constexpr ActionKey actionKeys[] = {
     {"/", "Divide"}, {"% =", "Percent"}, {"Clr", "Clear"},
 };
 
-QString element(const char *array, int index)
-{
-    return QStringLiteral("%1_%2").arg(QLatin1String(array)).arg(index);
-}
-
 QFont scaled(QFont font, double scale)
 {
     font.setPointSizeF(QFontInfo(font).pointSizeF() * scale); // also where the desktop gives it in pixels
     return font;
 }
 
-QLabel *label(const QString &name, const QString &caption, QWidget *parent)
-{
-    auto *result = new QLabel(caption, parent);
-    result->setObjectName(name);
-    return result;
-}
-
 } // namespace
 
 frmCalculator::frmCalculator()
     : ChildForm(QStringLiteral("frmCalculator"))
-    , txtresult(new QLineEdit(this))
-    , listDecimals(new ChoiceList(this))
-    , OKButton(new QPushButton(QStringLiteral("Close"), this))
+    , txtresult(named<QLineEdit>("txtresult", QStringLiteral("Entry and result")))
+    , listDecimals(named("listDecimals", new ChoiceList(this), QStringLiteral("Decimal places shown")))
+    , Option1{named<QRadioButton>({"Option1", 0}, QStringLiteral("Up"), QStringLiteral("Rounding up")),
+              named<QRadioButton>({"Option1", 1}, QStringLiteral("Down"), QStringLiteral("Rounding down"))}
+    , OKButton(named<QPushButton>("OKButton", QStringLiteral("Close")))
     , m_calculator(*this)
 {
     setCaption(QStringLiteral("Quill-Calculator"));
@@ -88,8 +80,6 @@ QSize frmCalculator::sizeHint() const
 
 void frmCalculator::buildField()
 {
-    txtresult->setObjectName(QStringLiteral("txtresult"));
-    txtresult->setAccessibleName(QStringLiteral("Entry and result"));
     txtresult->setAlignment(Qt::AlignRight);
     txtresult->setFont(scaled(txtresult->font(), fieldFontScale));
     setFocusProxy(txtresult);
@@ -99,25 +89,20 @@ void frmCalculator::buildKeys()
 {
     for (int i = 0; i < int(cmddigit.size()); ++i) {
         const QString digit = QString::number(i);
-        cmddigit[i] = key(element("cmddigit", i), digit, digit);
+        cmddigit[i] = key({"cmddigit", i}, digit, digit);
     }
-    cmddecimal = key(QStringLiteral("cmddecimal"), QStringLiteral("\u00B7"), QStringLiteral("Decimal point"));
+    cmddecimal = key("cmddecimal", QStringLiteral("\u00B7"), QStringLiteral("Decimal point"));
     cmddecimal->setFont(scaled(cmddecimal->font(), pointFontScale));
     for (int i = 0; i < int(cmdaction.size()); ++i) {
         const ActionKey &row = actionKeys[i];
-        cmdaction[i] = key(element("cmdaction", i), QString::fromLatin1(row.caption),
-                           QString::fromLatin1(row.accessibleName));
+        cmdaction[i] =
+            key({"cmdaction", i}, QString::fromLatin1(row.caption), QString::fromLatin1(row.spoken));
     }
-    OKButton->setObjectName(QStringLiteral("OKButton"));
-    OKButton->setAutoDefault(true);
 }
 
-QPushButton *frmCalculator::key(const QString &name, const QString &caption, const QString &accessibleName)
+QPushButton *frmCalculator::key(const ControlName &name, const QString &caption, const QString &spoken)
 {
-    auto *result = new QPushButton(caption, this);
-    result->setObjectName(name);
-    result->setAccessibleName(accessibleName);
-    result->setAutoDefault(true); // Return presses the key that has the focus
+    auto *result = named<QPushButton>(name, caption, spoken);
     result->setFont(scaled(result->font(), keyFontScale));
     result->setMinimumSize((QSizeF(keyWidth, keyHeight) * result->fontMetrics().height()).toSize());
     result->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored); // so that all grow evenly
@@ -126,15 +111,8 @@ QPushButton *frmCalculator::key(const QString &name, const QString &caption, con
 
 void frmCalculator::buildRounding()
 {
-    listDecimals->setObjectName(QStringLiteral("listDecimals"));
-    listDecimals->setAccessibleName(QStringLiteral("Decimal places shown"));
     for (int places = 0; places <= mostDecimals; ++places)
         listDecimals->addItem(QString::number(places));
-    Option1 = {new QRadioButton(QStringLiteral("Up"), this), new QRadioButton(QStringLiteral("Down"), this)};
-    Option1[0]->setAccessibleName(QStringLiteral("Rounding up"));
-    Option1[1]->setAccessibleName(QStringLiteral("Rounding down"));
-    for (int i = 0; i < int(Option1.size()); ++i)
-        Option1[i]->setObjectName(element("Option1", i));
 }
 
 void frmCalculator::layOut()
@@ -150,18 +128,16 @@ void frmCalculator::layOut()
     grid->setColumnStretch(1, 2);
 }
 
-QFrame *frmCalculator::frame(const QString &name, const QString &accessibleName)
+QFrame *frmCalculator::frame(const char *name, const QString &spoken)
 {
-    auto *result = new QFrame(this);
-    result->setObjectName(name);
-    result->setAccessibleName(accessibleName);
+    auto *result = named<QFrame>(name, spoken);
     result->setFrameShape(QFrame::StyledPanel);
     return result;
 }
 
 QFrame *frmCalculator::layOutDigits()
 {
-    QFrame *Frame1 = frame(QStringLiteral("Frame1"), QStringLiteral("Digits"));
+    QFrame *Frame1 = frame("Frame1", QStringLiteral("Digits"));
     auto *grid = new QGridLayout(Frame1);
     constexpr int columns = 3;
     for (int i = 1; i < int(cmddigit.size()); ++i)
@@ -173,7 +149,7 @@ QFrame *frmCalculator::layOutDigits()
 
 QFrame *frmCalculator::layOutActions()
 {
-    QFrame *Frame2 = frame(QStringLiteral("Frame2"), QStringLiteral("Operations"));
+    QFrame *Frame2 = frame("Frame2", QStringLiteral("Operations"));
     auto *grid = new QGridLayout(Frame2);
     const auto add = [&](Operation operation, int row, int column, int rows = 1) {
         grid->addWidget(cmdaction[int(operation)], row, column, rows, 1);
@@ -190,12 +166,12 @@ QFrame *frmCalculator::layOutActions()
 
 QFrame *frmCalculator::layOutRounding()
 {
-    QFrame *Frame3 = frame(QStringLiteral("Frame3"), QStringLiteral("Rounding"));
+    QFrame *Frame3 = frame("Frame3", QStringLiteral("Rounding"));
     auto *grid = new QGridLayout(Frame3);
-    grid->addWidget(label(QStringLiteral("Label1"), QStringLiteral("Show results to"), Frame3), 0, 0, 1, 2);
+    grid->addWidget(named<QLabel>("Label1", QStringLiteral("Show results to")), 0, 0, 1, 2);
     grid->addWidget(listDecimals, 1, 0);
-    grid->addWidget(label(QStringLiteral("Label2"), QStringLiteral("decimal places."), Frame3), 1, 1);
-    grid->addWidget(label(QStringLiteral("Label3"), QStringLiteral("Rounding"), Frame3), 2, 0, 1, 2);
+    grid->addWidget(named<QLabel>("Label2", QStringLiteral("decimal places.")), 1, 1);
+    grid->addWidget(named<QLabel>("Label3", QStringLiteral("Rounding")), 2, 0, 1, 2);
     grid->addWidget(Option1[0], 3, 0);
     grid->addWidget(Option1[1], 3, 1);
     grid->setRowStretch(4, 1);
@@ -222,11 +198,12 @@ void frmCalculator::orderTabs()
 
 void frmCalculator::bind()
 {
-    for (int i = 0; i < int(cmddigit.size()); ++i)
-        on(cmddigit[i], &QPushButton::clicked, this, [this, i] { cmddigit_Click(i); });
-    on(cmddecimal, &QPushButton::clicked, this, &frmCalculator::cmddecimal_Click);
-    for (int i = 0; i < int(cmdaction.size()); ++i)
-        on(cmdaction[i], &QPushButton::clicked, this, [this, i] { cmdaction_Click(i); });
+    WindowCommands::bind(*this, {
+                                    {"cmddigit", &frmCalculator::cmddigit_Click},
+                                    {"cmddecimal", &frmCalculator::cmddecimal_Click},
+                                    {"cmdaction", &frmCalculator::cmdaction_Click},
+                                    {"OKButton", &frmCalculator::OKButton_Click},
+                                });
     on(listDecimals, &QListWidget::currentRowChanged, this, &frmCalculator::listDecimals_Click);
     for (QRadioButton *option : Option1) {
         on(option, &QRadioButton::toggled, this, [this](bool chosen) {
@@ -234,7 +211,6 @@ void frmCalculator::bind()
                 Option1_Click();
         });
     }
-    on(OKButton, &QPushButton::clicked, this, &frmCalculator::OKButton_Click);
 }
 
 void frmCalculator::Form_Load()

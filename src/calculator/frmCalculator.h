@@ -6,6 +6,7 @@
 
 #include <array>
 
+class ControlName;
 class QFrame;
 class QLineEdit;
 class QListWidget;
@@ -15,6 +16,8 @@ class QRadioButton;
 /// The calculator's window: one field, its keys and the choice of rounding. Nothing outlives it.
 class frmCalculator : public ChildForm, private CalculatorDisplay
 {
+    Q_OBJECT
+
 public:
     frmCalculator();
 
@@ -37,8 +40,8 @@ private:
     void tellSecondPoint() override;
     void tellCalculationError(const RuntimeError &error) override;
 
-    QPushButton *key(const QString &name, const QString &caption, const QString &accessibleName);
-    QFrame *frame(const QString &name, const QString &accessibleName);
+    static QPushButton *key(const ControlName &name, const QString &caption, const QString &spoken);
+    static QFrame *frame(const char *name, const QString &spoken);
     void buildField();
     void buildKeys();
     void buildRounding();

@@ -3,11 +3,19 @@
 #include "Globals.h"
 #include "MainFrame.h"
 
+void ChildForm::takePlace()
+{
+    if (mainFrame)
+        mainFrame->adopt(*this);
+}
+
 void ChildForm::showModeless()
 {
     load();
+    if (!isLoaded())
+        return; // its load has unloaded it
     if (mainFrame)
-        mainFrame->place(*this);
+        mainFrame->bringForward(*this);
     else
         Form::showModeless();
 }
@@ -15,8 +23,14 @@ void ChildForm::showModeless()
 void ChildForm::dispose()
 {
     // The frame's window around this one goes with it.
-    if (QWidget *place = parentWidget())
-        place->close();
+    if (QWidget *outer = parentWidget())
+        outer->close();
     else
         Form::dispose();
+}
+
+const QWidget &ChildForm::outerWindow() const
+{
+    const QWidget *outer = parentWidget();
+    return outer ? *outer : *this;
 }

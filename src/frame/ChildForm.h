@@ -6,9 +6,12 @@
 
 class QMenu;
 
-/// A window that lives in the frame's child area.
+/// A window of the frame's child area. Its place and size are those of its window in the area, which it has
+/// from before Form_Load on.
 class ChildForm : public Form
 {
+    Q_OBJECT
+
 public:
     using Form::Form;
 
@@ -17,7 +20,11 @@ public:
     virtual QList<QMenu *> menus() const { return {}; }
 
     void showModeless() override;
+    void showModal(QWidget *owner) = delete;
 
 protected:
+    void takePlace() override;
     void dispose() override;
+    const QWidget &outerWindow() const override;
+    bool canBeModal() const override { return false; }
 };

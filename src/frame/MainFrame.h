@@ -2,6 +2,7 @@
 
 class ChildForm;
 class Form;
+class QMenu;
 class Toolbar;
 
 /// What the tools know of the frame.
@@ -22,7 +23,12 @@ public:
     virtual Form *ActiveForm() const = 0;
     virtual Toolbar &tbToolBar() const = 0;
 
-    /// Puts \a child into the child area, shows it there and makes it the active one; a child that stands
-    /// there already is brought forward.
-    virtual void place(ChildForm &child) = 0;
+    /// Gives \a child a window in the child area, which is not shown yet.
+    virtual void adopt(ChildForm &child) = 0;
+    /// Shows the window of \a child, if it has to be by restoring it, and makes it the active one.
+    virtual void bringForward(ChildForm &child) = 0;
+
+    /// Lists the open child windows at the end of \a menu, and replaces the list that an earlier call left
+    /// there. The active child is checked; a listed item brings its window forward.
+    virtual void fillWindowList(QMenu &menu) = 0;
 };

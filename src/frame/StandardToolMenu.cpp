@@ -17,6 +17,7 @@ void runStandard(Runs runs, ChildForm &window)
 {
     switch (runs) {
     case Runs::Own:
+    case Runs::WindowMenu:
         break;
     case Runs::NewDocument:
         mainFrame->LoadNewDoc();
@@ -42,6 +43,18 @@ void runStandard(Runs runs, ChildForm &window)
     }
 }
 
+void bind(const ToolMenuRow &row, ChildForm &window)
+{
+    if (row.runs == Runs::Own)
+        return;
+    auto *action = window.findChild<QAction *>(QString::fromLatin1(row.item.name));
+    if (row.runs == Runs::WindowMenu)
+        on(action->menu(), &QMenu::aboutToShow, &window,
+           [action] { mainFrame->fillWindowList(*action->menu()); });
+    else
+        on(action, &QAction::triggered, &window, [runs = row.runs, &window] { runStandard(runs, window); });
+}
+
 } // namespace
 
 QList<QMenu *> StandardToolMenu::build(std::span<const ToolMenuRow> rows, ChildForm &window)
@@ -50,11 +63,7 @@ QList<QMenu *> StandardToolMenu::build(std::span<const ToolMenuRow> rows, ChildF
     for (const ToolMenuRow &row : rows)
         items.push_back(row.item);
     const QList<QMenu *> menus = MenuBuilder::build(items, window);
-    for (const ToolMenuRow &row : rows) {
-        if (row.runs == Runs::Own)
-            continue;
-        auto *action = window.findChild<QAction *>(QString::fromLatin1(row.item.name));
-        on(action, &QAction::triggered, &window, [runs = row.runs, &window] { runStandard(runs, window); });
-    }
+    for (const ToolMenuRow &row : rows)
+        bind(row, window);
     return menus;
 }

@@ -9,8 +9,7 @@ class ChildForm;
 class QMenu;
 
 /// The items of the tool windows that lead back to the frame. A window's whole menu is one table of rows: its
-/// own ones, and of the rows below those that it takes as they are. Where a name or caption differs, the
-/// window writes a row of its own with what it runs.
+/// own ones, which its command table binds, and the rows below, as they are or renamed().
 namespace StandardToolMenu {
 
 using Runs = ToolMenuRow::Runs;
@@ -21,7 +20,7 @@ inline constexpr ToolMenuRow NewDocument{
 inline constexpr ToolMenuRow Close{{1, "mnuClose", "&Close", nullptr, 0, "window-close"}, Runs::CloseWindow};
 inline constexpr ToolMenuRow ExitTools{
     {1, "mnuexittools", "E&xit Quill-Office Tools", nullptr, 0, "application-exit"}, Runs::ExitTools};
-inline constexpr ToolMenuRow Window{{0, "mnuWindow", "&Window", nullptr, 0, nullptr}};
+inline constexpr ToolMenuRow Window{{0, "mnuWindow", "&Window", nullptr, 0, nullptr}, Runs::WindowMenu};
 inline constexpr ToolMenuRow Cascade{{1, "mnuCascade", "&Cascade", nullptr, 0, nullptr}, Runs::Cascade};
 inline constexpr ToolMenuRow TileHorizontal{{1, "mnuTileHorizontal", "Tile &Horizontal", nullptr, 0, nullptr},
                                             Runs::TileHorizontal};

@@ -11,6 +11,7 @@ struct ToolMenuRow
         NewDocument,
         CloseWindow,
         ExitTools,
+        WindowMenu, ///< the menu that ends in the list of open windows
         Cascade,
         TileHorizontal,
         TileVertical,
@@ -20,3 +21,11 @@ struct ToolMenuRow
     MenuRow item;
     Runs runs = Runs::Own;
 };
+
+/// \a row with a name and a caption of the window's own.
+constexpr ToolMenuRow renamed(ToolMenuRow row, const char *name, const char *caption)
+{
+    row.item.name = name;
+    row.item.caption = caption;
+    return row;
+}

@@ -22,7 +22,7 @@ void ChildMenus::follow(QMdiSubWindow *active)
     if (!active && !m_area.subWindowList().isEmpty())
         return; // the frame lost the focus, not the child
     QList<QAction *> wanted;
-    if (const auto *child = active ? dynamic_cast<ChildForm *>(active->widget()) : nullptr) {
+    if (const auto *child = active ? qobject_cast<ChildForm *>(active->widget()) : nullptr) {
         for (QMenu *menu : child->menus())
             wanted.append(menu->menuAction());
     }

@@ -38,11 +38,13 @@ void WindowList::fill(QMenu &menu, MdiArea &area)
     }
     int number = 0;
     for (QMdiSubWindow *child : area.childWindows()) {
+        if (child->isHidden())
+            continue;
         if (number == 0)
             menu.addSeparator()->setObjectName(listed);
         QAction *item = menu.addAction(captionOf(*child, ++number));
         item->setObjectName(listed);
-        item->setCheckable(child == area.currentSubWindow()); // no empty box before the others
+        item->setCheckable(child == area.activeChild()); // no empty box before the others
         item->setChecked(true);
         on(item, &QAction::triggered, child, [&area, child] { activate(area, *child); });
     }

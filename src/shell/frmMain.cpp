@@ -19,6 +19,7 @@
 #include "StatusBar.h"
 #include "Toolbar.h"
 #include "Twips.h"
+#include "WindowGeometry.h"
 #include "WindowList.h"
 
 #include <QCloseEvent>
@@ -34,17 +35,16 @@ constexpr int timerInterval = 500; // milliseconds
 constexpr StatusBar::Widths panelWidths = {17410, 2540, 2540};
 const QString settingsSection = QStringLiteral("Settings");
 
-int stored(const QString &key, int fallback, double dpi)
+/// The stored length in twips.
+double stored(const QString &key, int fallback)
 {
-    const QString text =
-        Settings::get(Paths::applicationTitle, settingsSection, key, QString::number(fallback));
-    return Twips::toPixels(double(Numbers::toSingle(text)), dpi);
+    return double(Numbers::toSingle(
+        Settings::get(Paths::applicationTitle, settingsSection, key, QString::number(fallback))));
 }
 
-void store(const QString &key, int pixels, double dpi)
+void store(const QString &key, double twips)
 {
-    Settings::save(Paths::applicationTitle, settingsSection, key,
-                   Numbers::singleText(float(Twips::fromPixels(pixels, dpi))));
+    Settings::save(Paths::applicationTitle, settingsSection, key, Numbers::singleText(float(twips)));
 }
 
 } // namespace
@@ -123,12 +123,10 @@ void frmMain::load()
 
 void frmMain::restorePosition()
 {
-    const double dpiX = logicalDpiX();
-    const double dpiY = logicalDpiY();
-    move(stored(QStringLiteral("MainLeft"), 1000, dpiX), y());
-    move(x(), stored(QStringLiteral("MainTop"), 1000, dpiY));
-    resize(stored(QStringLiteral("MainWidth"), 13200, dpiX), height());
-    resize(width(), stored(QStringLiteral("MainHeight"), 9000, dpiY));
+    WindowGeometry::setLeft(*this, stored(QStringLiteral("MainLeft"), 1000));
+    WindowGeometry::setTop(*this, stored(QStringLiteral("MainTop"), 1000));
+    WindowGeometry::setWidth(*this, stored(QStringLiteral("MainWidth"), 13200));
+    WindowGeometry::setHeight(*this, stored(QStringLiteral("MainHeight"), 9000));
     moveOntoScreen();
 }
 
@@ -144,10 +142,10 @@ void frmMain::moveOntoScreen()
 
 void frmMain::storePosition() const
 {
-    store(QStringLiteral("MainLeft"), x(), logicalDpiX());
-    store(QStringLiteral("MainTop"), y(), logicalDpiY());
-    store(QStringLiteral("MainWidth"), width(), logicalDpiX());
-    store(QStringLiteral("MainHeight"), height(), logicalDpiY());
+    store(QStringLiteral("MainLeft"), WindowGeometry::left(*this));
+    store(QStringLiteral("MainTop"), WindowGeometry::top(*this));
+    store(QStringLiteral("MainWidth"), WindowGeometry::width(*this));
+    store(QStringLiteral("MainHeight"), WindowGeometry::height(*this));
 }
 
 void frmMain::unload()
@@ -162,7 +160,7 @@ void frmMain::unload()
 bool frmMain::closeChildren()
 {
     for (QMdiSubWindow *child : m_area->childWindows()) {
-        if (auto *form = dynamic_cast<Form *>(child->widget()); form && !form->unload())
+        if (auto *form = qobject_cast<Form *>(child->widget()); form && !form->unload())
             return false;
     }
     return true;
@@ -209,8 +207,8 @@ void frmMain::Arrange(int kind)
 
 Form *frmMain::ActiveForm() const
 {
-    const QMdiSubWindow *active = m_area->currentSubWindow();
-    return active ? dynamic_cast<Form *>(active->widget()) : nullptr;
+    const QMdiSubWindow *active = m_area->activeChild();
+    return active ? qobject_cast<Form *>(active->widget()) : nullptr;
 }
 
 RichTextBox &frmMain::activeText() const
@@ -221,9 +219,19 @@ RichTextBox &frmMain::activeText() const
     return FileCommands::textOf(*active);
 }
 
-void frmMain::place(ChildForm &child)
+void frmMain::adopt(ChildForm &child)
 {
-    m_area->place(child);
+    m_area->adopt(child);
+}
+
+void frmMain::bringForward(ChildForm &child)
+{
+    m_area->bringForward(child);
+}
+
+void frmMain::fillWindowList(QMenu &menu)
+{
+    WindowList::fill(menu, *m_area);
 }
 
 void frmMain::Timer1_Timer()
@@ -263,7 +271,7 @@ void frmMain::mnuViewStatusBar_Click()
 
 void frmMain::mnuWindow_Popup()
 {
-    WindowList::fill(*menuItem(QStringLiteral("mnuWindow")).menu(), *m_area);
+    fillWindowList(*menuItem(QStringLiteral("mnuWindow")).menu());
 }
 
 void frmMain::mnutipsandtricks_Click()

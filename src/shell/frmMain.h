@@ -21,6 +21,8 @@ class StatusBar;
 /// FrameButtons, what they run is FrameCommands.
 class frmMain : public QMainWindow, public MainFrame
 {
+    Q_OBJECT
+
 public:
     frmMain();
     ~frmMain() override;
@@ -37,7 +39,9 @@ public:
     void Arrange(int kind) override;
     Form *ActiveForm() const override;
     Toolbar &tbToolBar() const override { return *m_toolBar; }
-    void place(ChildForm &child) override;
+    void adopt(ChildForm &child) override;
+    void bringForward(ChildForm &child) override;
+    void fillWindowList(QMenu &menu) override;
 
     /// The text of the active window at this moment. Throws RuntimeError 91 without one, 438 when it has no
     /// text.

@@ -2,11 +2,11 @@
 
 #include "CheckValue.h"
 #include "ErrorReports.h"
-#include "EventGate.h"
 #include "Globals.h"
 #include "Named.h"
 #include "Paths.h"
 #include "Settings.h"
+#include "WindowCommands.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -16,11 +16,10 @@
 
 frmOptions::frmOptions()
     : Form(QStringLiteral("frmOptions"))
-    , chkSplashTime(
-          named("chkSplashTime", new QCheckBox(QStringLiteral("Show Splash Screen at Start Up"), this)))
-    , cmdOK(named("cmdOK", new QPushButton(QStringLiteral("&OK"), this)))
-    , cmdCancel(named("cmdCancel", new QPushButton(QStringLiteral("&Cancel"), this)))
-    , cmdApply(named("cmdApply", new QPushButton(QStringLiteral("&Apply"), this)))
+    , chkSplashTime(named<QCheckBox>("chkSplashTime", QStringLiteral("Show Splash Screen at Start Up")))
+    , cmdOK(named<QPushButton>("cmdOK", QStringLiteral("&OK")))
+    , cmdCancel(named<QPushButton>("cmdCancel", QStringLiteral("&Cancel")))
+    , cmdApply(named<QPushButton>("cmdApply", QStringLiteral("&Apply")))
 {
     setCaption(QStringLiteral("Options"));
     auto *column = new QVBoxLayout(this);
@@ -29,9 +28,11 @@ frmOptions::frmOptions()
     column->addStretch();
     column->addWidget(buildButtons());
     buildSamples();
-    on(cmdOK, &QPushButton::clicked, this, &frmOptions::cmdOK_Click);
-    on(cmdCancel, &QPushButton::clicked, this, &frmOptions::cmdCancel_Click);
-    on(cmdApply, &QPushButton::clicked, this, &frmOptions::cmdApply_Click);
+    WindowCommands::bind(*this, {
+                                    {"cmdOK", &frmOptions::cmdOK_Click},
+                                    {"cmdCancel", &frmOptions::cmdCancel_Click},
+                                    {"cmdApply", &frmOptions::cmdApply_Click},
+                                });
 }
 
 QWidget *frmOptions::buildDefaults()
@@ -46,12 +47,10 @@ QWidget *frmOptions::buildDefaults()
 QWidget *frmOptions::buildHelp()
 {
     auto *help = new QGroupBox(QStringLiteral("Help"), this);
-    auto *text =
-        new QLabel(QStringLiteral("Make your choices then click Apply or OK to apply your choices. "
-                                  "Selecting OK also closes this page. Cancel closes this page without "
-                                  "saving your changes."),
-                   help);
-    text->setObjectName(QStringLiteral("Label4"));
+    auto *text = named<QLabel>(
+        "Label4", QStringLiteral("Make your choices then click Apply or OK to apply your choices. "
+                                 "Selecting OK also closes this page. Cancel closes this page "
+                                 "without saving your changes."));
     text->setWordWrap(true);
     text->setMinimumWidth(fontMetrics().averageCharWidth() * 56);
     (new QVBoxLayout(help))->addWidget(text);
@@ -74,12 +73,11 @@ QWidget *frmOptions::buildButtons()
 /// The empty frames of a panel that is never on show; other windows may still reach them by name.
 void frmOptions::buildSamples()
 {
-    auto *picOptions = new QWidget(this);
-    picOptions->setObjectName(QStringLiteral("picOptions"));
-    for (int number = 2; number <= 4; ++number) {
-        auto *sample = new QGroupBox(QStringLiteral("Sample %1").arg(number), picOptions);
-        sample->setObjectName(QStringLiteral("fraSample%1").arg(number));
-    }
+    auto *picOptions = named("picOptions", new QWidget(this));
+    auto *column = new QVBoxLayout(picOptions);
+    column->addWidget(named<QGroupBox>("fraSample2", QStringLiteral("Sample 2")));
+    column->addWidget(named<QGroupBox>("fraSample3", QStringLiteral("Sample 3")));
+    column->addWidget(named<QGroupBox>("fraSample4", QStringLiteral("Sample 4")));
     picOptions->hide();
 }
 

@@ -8,6 +8,8 @@ class QPushButton;
 /// The options dialog: whether the splash shows at start.
 class frmOptions : public Form
 {
+    Q_OBJECT
+
 public:
     frmOptions();
 

@@ -2,6 +2,7 @@
 
 #include "ErrorReports.h"
 #include "EventGate.h"
+#include "Named.h"
 #include "Version.h"
 
 #include <QGuiApplication>
@@ -20,15 +21,13 @@ const QSize pictureSize(480, 288);
 
 frmSplash::frmSplash()
     : Form(QStringLiteral("frmSplash"))
-    , lblVersion(new QLabel(this))
-    , Timer1(new QTimer(this))
+    , lblVersion(named("lblVersion", new QLabel(this)))
+    , Timer1(named("Timer1", new QTimer(this)))
 {
     setWindowFlags(Qt::FramelessWindowHint);
     setFixedSize(pictureSize);
-    lblVersion->setObjectName(QStringLiteral("lblVersion"));
     lblVersion->setStyleSheet(QStringLiteral("color: #dfe7ef;"));
     lblVersion->setAttribute(Qt::WA_TransparentForMouseEvents);
-    Timer1->setObjectName(QStringLiteral("Timer1"));
     Timer1->setInterval(shownFor);
     on(Timer1, &QTimer::timeout, this, &frmSplash::Timer1_Timer);
 }

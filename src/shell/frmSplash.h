@@ -8,6 +8,8 @@ class QTimer;
 /// The picture at start-up, with the version on it. It goes by itself, by a click or by a key.
 class frmSplash : public Form
 {
+    Q_OBJECT
+
 public:
     frmSplash();
 

@@ -177,11 +177,8 @@ void clsFindandReplace::finishCommand(Outcome outcome)
 {
     if (outcome == Outcome::TextIsEmpty)
         return;
-    const QPointer<clsFindandReplace> guard(this);
     if (outcome == Outcome::NotFound)
         Ask(QStringLiteral("Search Complete."));
-    if (!guard)
-        return; // the document went while the box was up
     giveFocus();
     Q_EMIT CommandDone();
 }

@@ -2,6 +2,7 @@
 
 #include "EventGate.h"
 #include "FindFlag.h"
+#include "Named.h"
 
 #include <QCheckBox>
 #include <QEvent>
@@ -16,14 +17,6 @@ namespace {
 
 constexpr int longestText = 1023; // a block of 1024 holds it and its end
 
-template<class Control>
-Control *named(const char *name, const QString &caption, QWidget *parent)
-{
-    auto *control = new Control(caption, parent);
-    control->setObjectName(QString::fromLatin1(name));
-    return control;
-}
-
 void setFlag(int &flags, int flag, bool on)
 {
     flags = on ? flags | flag : flags & ~flag;
@@ -33,17 +26,17 @@ void setFlag(int &flags, int flag, bool on)
 
 dlgFindReplace::dlgFindReplace(const FindRequest &initial, bool replaces, QWidget *owner)
     : QDialog(owner)
-    , txtFind(named<QLineEdit>("txtFind", {}, this))
-    , txtReplace(named<QLineEdit>("txtReplace", {}, this))
-    , chkWholeWord(named<QCheckBox>("chkWholeWord", QStringLiteral("Match &whole word only"), this))
-    , chkMatchCase(named<QCheckBox>("chkMatchCase", QStringLiteral("Match &case"), this))
-    , optUp(named<QRadioButton>("optUp", QStringLiteral("&Up"), this))
-    , optDown(named<QRadioButton>("optDown", QStringLiteral("&Down"), this))
-    , cmdFindNext(named<QPushButton>("cmdFindNext", QStringLiteral("&Find Next"), this))
-    , cmdReplace(named<QPushButton>("cmdReplace", QStringLiteral("&Replace"), this))
-    , cmdReplaceAll(named<QPushButton>("cmdReplaceAll", QStringLiteral("Replace &All"), this))
-    , cmdCancel(named<QPushButton>("cmdCancel", QStringLiteral("Cancel"), this))
-    , cmdHelp(named<QPushButton>("cmdHelp", QStringLiteral("&Help"), this))
+    , txtFind(named<QLineEdit>("txtFind", QStringLiteral("Find what")))
+    , txtReplace(named<QLineEdit>("txtReplace", QStringLiteral("Replace with")))
+    , chkWholeWord(named<QCheckBox>("chkWholeWord", QStringLiteral("Match &whole word only")))
+    , chkMatchCase(named<QCheckBox>("chkMatchCase", QStringLiteral("Match &case")))
+    , optUp(named<QRadioButton>("optUp", QStringLiteral("&Up")))
+    , optDown(named<QRadioButton>("optDown", QStringLiteral("&Down")))
+    , cmdFindNext(named<QPushButton>("cmdFindNext", QStringLiteral("&Find Next")))
+    , cmdReplace(named<QPushButton>("cmdReplace", QStringLiteral("&Replace")))
+    , cmdReplaceAll(named<QPushButton>("cmdReplaceAll", QStringLiteral("Replace &All")))
+    , cmdCancel(named<QPushButton>("cmdCancel", QStringLiteral("Cancel")))
+    , cmdHelp(named<QPushButton>("cmdHelp", QStringLiteral("&Help")))
     , m_flags(initial.flags)
 {
     setObjectName(QStringLiteral("dlgFindReplace"));
@@ -97,7 +90,7 @@ void dlgFindReplace::addField(QGridLayout &grid, int row, const char *name, cons
                               QLineEdit &field)
 {
     constexpr int shownCharacters = 32;
-    auto *label = named<QLabel>(name, caption, this);
+    auto *label = named<QLabel>(name, caption);
     label->setBuddy(&field);
     field.setMaxLength(longestText);
     field.setMinimumWidth(fontMetrics().averageCharWidth() * shownCharacters);
@@ -107,7 +100,7 @@ void dlgFindReplace::addField(QGridLayout &grid, int row, const char *name, cons
 
 QGroupBox *dlgFindReplace::buildDirection()
 {
-    auto *direction = named<QGroupBox>("fraDirection", QStringLiteral("Direction"), this);
+    auto *direction = named<QGroupBox>("fraDirection", QStringLiteral("Direction"));
     auto *row = new QHBoxLayout(direction);
     row->addWidget(optUp);
     row->addWidget(optDown);

@@ -8,6 +8,7 @@
 #include "Globals.h"
 #include "LinkOpener.h"
 #include "MainFrame.h"
+#include "Named.h"
 #include "Paths.h"
 #include "RichTextBox.h"
 #include "Toolbar.h"
@@ -30,30 +31,27 @@ constexpr int indentStep = 5;
 
 frmDocument::frmDocument()
     : ChildForm(QStringLiteral("frmDocument"))
-    , rtfTextBox(new RichTextBox(this))
+    , rtfTextBox(named("rtfTextBox", new RichTextBox(this), QStringLiteral("Document text")))
     , m_formatTimer(new QTimer(this))
     , dlgCommonDialog(this)
 {
     setCaption(QStringLiteral("Quill-Word Document"));
     setWindowIcon(QIcon(QStringLiteral(":/document.svg")));
-    rtfTextBox->setObjectName(QStringLiteral("rtfTextBox"));
-    rtfTextBox->setAccessibleName(QStringLiteral("Document text"));
     setFocusProxy(rtfTextBox);
     m_formatTimer->setSingleShot(true);
     m_formatTimer->setInterval(0);
-    addOperation(QStringLiteral("closeme"), [this] { closeme(); });
-    addOperation(QStringLiteral("bullet"), [this] { bullet(); });
-    addOperation(QStringLiteral("getmargins"), [this] { getmargins(); });
-    addOperation(QStringLiteral("getindent"), [this] { getindent(); });
-    addOperation(QStringLiteral("removeindent"), [this] { removeindent(); });
-    addOperation(QStringLiteral("unDirty"), [this] { unDirty(); });
-    addOperation(QStringLiteral("doclengthupdate"), [this] { doclengthupdate(); });
+    addOperation(QStringLiteral("closeme"), &frmDocument::closeme);
+    addOperation(QStringLiteral("bullet"), &frmDocument::bullet);
+    addOperation(QStringLiteral("getmargins"), &frmDocument::getmargins);
+    addOperation(QStringLiteral("getindent"), &frmDocument::getindent);
+    addOperation(QStringLiteral("removeindent"), &frmDocument::removeindent);
+    addOperation(QStringLiteral("unDirty"), &frmDocument::unDirty);
+    addOperation(QStringLiteral("doclengthupdate"), &frmDocument::doclengthupdate);
 }
 
 void frmDocument::Form_Load()
 {
-    FindDialog = new clsFindandReplace(this);
-    FindDialog->setObjectName(QStringLiteral("FindDialog"));
+    FindDialog = named("FindDialog", new clsFindandReplace(this));
     mainFrame->tbToolBar().setButtonsEnabled(1, lastWordButton, true);
     Form_Resize();
     EnableAutoURLDetection(*rtfTextBox);
@@ -76,8 +74,8 @@ QSize frmDocument::sizeHint() const
 void frmDocument::Form_Resize()
 {
     const double dpi = logicalDpiX();
-    const double width = qMax(Twips::fromPixels(this->width(), dpi) - 2 * edge, double(narrowest));
-    const double height = Twips::fromPixels(this->height(), dpi) - 2 * edge;
+    const double width = qMax(ScaleWidth() - 2 * edge, double(narrowest));
+    const double height = ScaleHeight() - 2 * edge;
     const int offset = Twips::toPixels(edge, dpi);
     rtfTextBox->setGeometry(offset, offset, Twips::toPixels(width, dpi), Twips::toPixels(height, dpi));
     rtfTextBox->setRightMargin(int(width)); // lines wrap at the control's edge
@@ -202,6 +200,7 @@ bool frmDocument::Form_QueryUnload()
 
 void frmDocument::Form_Terminate()
 {
+    FindDialog->Terminate(); // not only when this window is deleted: a handler of the dialog may still run
     mainFrame->checkForDocument();
 }
 

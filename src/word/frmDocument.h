@@ -12,6 +12,8 @@ class clsFindandReplace;
 /// caption is its identity, the full path once it has a file. The commands of the frame's menus are not here.
 class frmDocument : public ChildForm
 {
+    Q_OBJECT
+
 public:
     frmDocument();
 

@@ -7,6 +7,7 @@
 #include "Numbers.h"
 #include "RichTextBox.h"
 #include "UpDown.h"
+#include "WindowCommands.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -24,8 +25,8 @@ constexpr int widest = 75; // what the spin buttons reach
 
 frmMargins::frmMargins()
     : Form(QStringLiteral("frmMargins"))
-    , OKButton(named("OKButton", new QPushButton(QStringLiteral("OK"), this)))
-    , CancelButton(named("CancelButton", new QPushButton(QStringLiteral("Cancel"), this)))
+    , OKButton(named<QPushButton>("OKButton", QStringLiteral("OK")))
+    , CancelButton(named<QPushButton>("CancelButton", QStringLiteral("Cancel")))
 {
     setCaption(QStringLiteral("Set Page Margins"));
     auto *column = new QVBoxLayout(this);
@@ -34,8 +35,10 @@ frmMargins::frmMargins()
     column->addStretch();
     column->addWidget(buildButtons());
     setKeyButtons(*OKButton, *CancelButton);
-    on(OKButton, &QPushButton::clicked, this, &frmMargins::OKButton_Click);
-    on(CancelButton, &QPushButton::clicked, this, &frmMargins::CancelButton_Click);
+    WindowCommands::bind(*this, {
+                                    {"OKButton", &frmMargins::OKButton_Click},
+                                    {"CancelButton", &frmMargins::CancelButton_Click},
+                                });
 }
 
 QWidget *frmMargins::buildSides()
@@ -46,12 +49,12 @@ QWidget *frmMargins::buildSides()
     grid->setHorizontalSpacing(0);
     const std::array captions = {QStringLiteral("Left Margin (mm):"), QStringLiteral("Right Margin (mm):")};
     for (int side : {Left, Right}) {
-        Label2[side] = named({"Label2", side}, new QLabel(captions[side], sides));
-        Text1[side] = named({"Text1", side}, new QLineEdit(QStringLiteral("0"), sides));
+        Label2[side] = named<QLabel>({"Label2", side}, captions[side]);
+        Text1[side] = named<QLineEdit>({"Text1", side}, captions[side]);
+        Text1[side]->setText(QStringLiteral("0"));
         UpDown1[side] = named({"UpDown1", side}, new UpDown(*Text1[side], 0, widest, sides));
         Label2[side]->setBuddy(Text1[side]);
         Label2[side]->setContentsMargins(0, 0, fontMetrics().height(), 0);
-        Text1[side]->setAccessibleName(captions[side]);
         Text1[side]->setAlignment(Qt::AlignRight);
         grid->addWidget(Label2[side], side, 0);
         grid->addWidget(Text1[side], side, 1);
@@ -62,14 +65,13 @@ QWidget *frmMargins::buildSides()
 
 QWidget *frmMargins::buildExtents()
 {
-    auto *Frame2 = named("Frame2", new QGroupBox(QStringLiteral("Apply to:"), this));
+    auto *Frame2 = named<QGroupBox>("Frame2", QStringLiteral("Apply to:"));
     auto *grid = new QGridLayout(Frame2);
     grid->setColumnStretch(1, 1);
     const std::array captions = {QStringLiteral("Current Paragraph"), QStringLiteral("Whole Document")};
     for (int extent : {CurrentParagraph, WholeDocument}) {
-        Option1[extent] = named({"Option1", extent}, new QRadioButton(Frame2));
-        Label1[extent] = named({"Label1", extent}, new QLabel(captions[extent], Frame2));
-        Option1[extent]->setAccessibleName(captions[extent]);
+        Option1[extent] = named<QRadioButton>({"Option1", extent}, QString(), captions[extent]);
+        Label1[extent] = named<QLabel>({"Label1", extent}, captions[extent]);
         grid->addWidget(Option1[extent], extent, 0);
         grid->addWidget(Label1[extent], extent, 1);
     }
@@ -109,11 +111,13 @@ void frmMargins::Form_Load()
 /// An option's caption is a label of its own; a click on it chooses as well.
 void frmMargins::mousePressEvent(QMouseEvent *event)
 {
-    const QWidget *clicked = childAt(event->position().toPoint());
-    for (int extent : {CurrentParagraph, WholeDocument}) {
-        if (clicked == Label1[extent])
-            Option1[extent]->click();
-    }
+    run([&] {
+        const QWidget *clicked = childAt(event->position().toPoint());
+        for (int extent : {CurrentParagraph, WholeDocument}) {
+            if (clicked == Label1[extent])
+                Option1[extent]->click();
+        }
+    });
 }
 
 void frmMargins::OKButton_Click()

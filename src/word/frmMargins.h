@@ -15,6 +15,8 @@ class UpDown;
 /// yet the numbers are the text's own unit, twips.
 class frmMargins : public Form
 {
+    Q_OBJECT
+
 public:
     frmMargins();
 

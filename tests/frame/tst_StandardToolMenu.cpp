@@ -46,7 +46,7 @@ struct StandardToolMenuTest : testing::Test
     void choose(const char *name) const
     {
         tool->findChild<QAction *>(QString::fromLatin1(name))->trigger();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
     }
 };
 

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """Every event reaches its handler through the gate: on() for signals, run() inside what Qt calls later.
 
-Outside EventGate.h
+Outside the gate itself
 - connect() may only join a signal to a function of Qt's own (&Q...::name) or forward it to a signal that a header of
   ours declares (this, &Class::name); never to a lambda, a handler or a name in text. The session bus knows names
   only: there the SLOT of this is allowed, if its body is one run(...);
@@ -102,7 +102,7 @@ def offences(root):
     texts = {path: sources.code(sources.read(path)) for path in sources.files(root)}
     signals = own_signals(texts)
     return [(path, sources.line_of(code, position), fault)
-            for path, code in texts.items() if path.name != 'EventGate.h'
+            for path, code in texts.items() if path.stem != 'EventGate'
             for position, fault in faults(code, signals)]
 
 

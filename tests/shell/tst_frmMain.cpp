@@ -192,7 +192,7 @@ TEST_F(FrameTest, TheActiveChildsMenusTakeTheBar)
     EXPECT_FALSE(barHasFrameMenus());
     EXPECT_EQ(suite.frame().menuBar()->actions().value(0)->text(), QStringLiteral("&Own"));
     tool.unload();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
     EXPECT_TRUE(barHasFrameMenus());
     closeAllDocuments();
     EXPECT_TRUE(barHasFrameMenus());

@@ -42,7 +42,7 @@ struct FindInDocumentTest : testing::Test
     }
     void settle() const
     {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
         QCoreApplication::processEvents();
     }
 };

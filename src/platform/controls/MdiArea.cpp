@@ -1,9 +1,9 @@
 #include "MdiArea.h"
 
+#include "ChildWindow.h"
 #include "EventGate.h"
 
 #include <QEvent>
-#include <QMdiSubWindow>
 #include <QStyle>
 #include <algorithm>
 
@@ -25,32 +25,37 @@ MdiArea::MdiArea(QWidget *parent)
     setBackgroundFromPalette();
 }
 
-void MdiArea::place(QWidget &child)
-{
-    auto *window = qobject_cast<QMdiSubWindow *>(child.parentWidget());
-    if (!window)
-        window = addWindowFor(child);
-    else if (window->isMinimized())
-        window->showNormal();
-    setActiveSubWindow(window);
-    child.setFocus();
-}
-
-QMdiSubWindow *MdiArea::addWindowFor(QWidget &child)
+void MdiArea::adopt(QWidget &child)
 {
     // A frame that is not shown yet has not laid out this area.
     const QSize room = isVisible() ? viewport()->size() : child.sizeHint();
-    QMdiSubWindow *window = addSubWindow(&child);
-    window->setAttribute(Qt::WA_DeleteOnClose);
-    window->setWindowIcon(child.windowIcon());
-    on(&child, &QWidget::windowIconChanged, window,
-       [window](const QIcon &icon) { window->setWindowIcon(icon); });
+    auto *window = new ChildWindow(child);
+    addSubWindow(window);
     window->resize(child.sizeHint().boundedTo(room));
     const int places = std::max(1, (room.height() - window->height()) / cascadeStep() + 1);
     const int place = m_placed++ % places;
     window->move(place * cascadeStep(), place * cascadeStep());
-    window->show();
-    return window;
+}
+
+void MdiArea::bringForward(QWidget &child)
+{
+    auto *window = qobject_cast<QMdiSubWindow *>(child.parentWidget());
+    if (window->isMinimized())
+        window->showNormal();
+    else
+        window->show();
+    setActiveSubWindow(window);
+    child.setFocus();
+}
+
+QMdiSubWindow *MdiArea::activeChild() const
+{
+    if (QMdiSubWindow *current = currentSubWindow(); !current || !current->isHidden())
+        return current;
+    const QList<QMdiSubWindow *> history = subWindowList(ActivationHistoryOrder);
+    const auto shown = std::find_if(history.crbegin(), history.crend(),
+                                    [](const QMdiSubWindow *child) { return !child->isHidden(); });
+    return shown == history.crend() ? nullptr : *shown;
 }
 
 int MdiArea::cascadeStep() const
@@ -61,7 +66,7 @@ int MdiArea::cascadeStep() const
 
 void MdiArea::arrange(Arrangement arrangement)
 {
-    QMdiSubWindow *active = currentSubWindow();
+    QMdiSubWindow *active = activeChild();
     arrangeIcons();
     if (arrangement == Arrangement::Cascade)
         cascade();

@@ -5,14 +5,22 @@
 /// The child area of a frame, with the four arrangements of its children.
 class MdiArea : public QMdiArea
 {
+    Q_OBJECT
+
 public:
     enum class Arrangement { Cascade = 0, TileHorizontal = 1, TileVertical = 2, ArrangeIcons = 3 };
 
     explicit MdiArea(QWidget *parent = nullptr);
 
-    /// Puts \a child into a window of its own, a step right and down of the one before, or finds the window
-    /// that it has, and makes that the active one. The window is deleted with its child when it is closed.
-    void place(QWidget &child);
+    /// Gives \a child a window of its own, a step right and down of the one before. It is not shown yet. When
+    /// it is closed, it and its child are deleted once no handler runs any more.
+    void adopt(QWidget &child);
+    /// Shows the window of \a child, restores it where it is minimised, and makes it the active one.
+    void bringForward(QWidget &child);
+
+    /// The child on show that is active, or would be if the frame were, whatever dialog is in front; nullptr
+    /// where none is on show.
+    QMdiSubWindow *activeChild() const;
 
     /// Lays out the children that are not minimised (ArrangeIcons: leaves them) and rows the minimised ones
     /// along the bottom edge. A maximised child is restored by the first three.
@@ -26,7 +34,6 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    QMdiSubWindow *addWindowFor(QWidget &child);
     QList<QMdiSubWindow *> openChildren() const;
     QRect roomForOpenChildren() const;
     void cascade();

@@ -2,22 +2,92 @@
 
 #include "EventGate.h"
 #include "Forms.h"
+#include "Twips.h"
+#include "WindowGeometry.h"
 
 #include <QCloseEvent>
-#include <QEventLoop>
 #include <QKeyEvent>
 #include <QPushButton>
 
 Form::Form(const QString &name)
 {
     setObjectName(name);
-    setAttribute(Qt::WA_DeleteOnClose);
 }
 
 Form::~Form()
 {
     Forms::remove(*this);
+    leaveModalLoop();
 }
+
+// ---- Place and size
+
+QWidget &Form::outerWindow()
+{
+    return const_cast<QWidget &>(std::as_const(*this).outerWindow());
+}
+
+double Form::Left() const
+{
+    return WindowGeometry::left(outerWindow());
+}
+
+double Form::Top() const
+{
+    return WindowGeometry::top(outerWindow());
+}
+
+double Form::Width() const
+{
+    return WindowGeometry::width(outerWindow());
+}
+
+double Form::Height() const
+{
+    return WindowGeometry::height(outerWindow());
+}
+
+void Form::setLeft(double twips)
+{
+    WindowGeometry::setLeft(outerWindow(), twips);
+}
+
+void Form::setTop(double twips)
+{
+    WindowGeometry::setTop(outerWindow(), twips);
+}
+
+void Form::setWidth(double twips)
+{
+    WindowGeometry::setWidth(outerWindow(), twips);
+}
+
+void Form::setHeight(double twips)
+{
+    WindowGeometry::setHeight(outerWindow(), twips);
+}
+
+double Form::ScaleWidth() const
+{
+    return Twips::fromPixels(width(), logicalDpiX());
+}
+
+double Form::ScaleHeight() const
+{
+    return Twips::fromPixels(height(), logicalDpiY());
+}
+
+FormState Form::WindowState() const
+{
+    return WindowGeometry::state(outerWindow());
+}
+
+void Form::setWindowState(FormState state)
+{
+    WindowGeometry::setState(outerWindow(), state);
+}
+
+// ---- Life
 
 void Form::load()
 {
@@ -25,6 +95,7 @@ void Form::load()
         return;
     m_state = State::Loaded;
     Forms::add(*this);
+    takePlace();
     Form_Load();
 }
 
@@ -40,15 +111,25 @@ void Form::showModeless()
 
 void Form::showModal(QWidget *owner)
 {
+    if (!canBeModal())
+        throw RuntimeError(ErrorNumber::InvalidProcedureCall, {}, Name());
+    const EventGate::Running running; // so that the object lives on behind the loop
     setParent(owner, (windowFlags() & ~Qt::WindowType_Mask) | Qt::Dialog);
     setWindowModality(Qt::ApplicationModal);
     load();
     if (!isLoaded())
         return;
     QEventLoop loop;
-    connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
+    m_modalLoop = &loop;
     show();
     loop.exec();
+}
+
+/// Runs when the window is hidden, which an unload does too, and when it is deleted with its owner.
+void Form::leaveModalLoop()
+{
+    if (m_modalLoop)
+        m_modalLoop->quit();
 }
 
 bool Form::unload()
@@ -76,6 +157,7 @@ bool Form::finish()
     }
     m_state = State::Unloaded;
     Forms::remove(*this);
+    EventGate::deleteWhenIdle(this);
     Form_Terminate();
     return true;
 }
@@ -90,19 +172,6 @@ bool Form::hasMember(const QString &name) const
     return findChild<QObject *>(name) != nullptr;
 }
 
-void Form::call(const QString &name)
-{
-    const auto operation = m_operations.constFind(name);
-    if (operation == m_operations.constEnd())
-        throw RuntimeError(ErrorNumber::NoSuchMember, {}, name);
-    (*operation)();
-}
-
-void Form::addOperation(const QString &name, std::function<void()> operation)
-{
-    m_operations.insert(name, std::move(operation));
-}
-
 void Form::setKeyButtons(QPushButton &accept, QPushButton &cancel)
 {
     accept.setDefault(true);
@@ -110,13 +179,24 @@ void Form::setKeyButtons(QPushButton &accept, QPushButton &cancel)
     m_cancel = &cancel;
 }
 
+bool Form::pressKeyButton(int key)
+{
+    QPushButton *button = nullptr;
+    if (key == Qt::Key_Escape)
+        button = m_cancel;
+    else if (key == Qt::Key_Return || key == Qt::Key_Enter)
+        button =
+            qobject_cast<QPushButton *>(focusWidget()) ? static_cast<QPushButton *>(focusWidget()) : m_accept;
+    if (button)
+        button->click();
+    return button;
+}
+
 void Form::keyPressEvent(QKeyEvent *event)
 {
-    if (m_cancel && event->key() == Qt::Key_Escape)
-        m_cancel->click();
-    else if (m_accept && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
-        m_accept->click();
-    else
+    bool isPressed = false;
+    run([&] { isPressed = pressKeyButton(event->key()); });
+    if (!isPressed)
         QWidget::keyPressEvent(event);
 }
 
@@ -128,6 +208,13 @@ void Form::closeEvent(QCloseEvent *event)
     }
     event->ignore();
     run([&] { event->setAccepted(finish()); });
+}
+
+void Form::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    if (!event->spontaneous()) // a minimised window still waits
+        run([&] { leaveModalLoop(); });
 }
 
 void Form::resizeEvent(QResizeEvent *event)

@@ -19,6 +19,11 @@ void registerWindow(const QString &name, Instances instances, Factory factory);
 
 bool isRegistered(const QString &name);
 
+/// The window of class \a Window, registered under the name of the class. Throws RuntimeError 424 where it is
+/// not, 438 where the name belongs to a window of another class.
+template<HasMetaObject Window>
+Window &refer();
+
 /// The window \a name, by its kind the named instance or a new one. Throws RuntimeError 424 for a name that
 /// nobody registered.
 Form &refer(const QString &name);
@@ -32,3 +37,12 @@ void add(Form &form);
 void remove(Form &form);
 
 } // namespace Forms
+
+template<HasMetaObject Window>
+Window &Forms::refer()
+{
+    const QString name = QString::fromLatin1(Window::staticMetaObject.className());
+    if (auto *window = qobject_cast<Window *>(&refer(name)))
+        return *window;
+    throw RuntimeError(ErrorNumber::NoSuchMember, {}, name);
+}

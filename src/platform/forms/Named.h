@@ -1,11 +1,7 @@
 #pragma once
 
 #include "ControlName.h"
-
-#include <QAbstractButton>
-#include <QGroupBox>
-#include <QLabel>
-#include <concepts>
+#include "HasCaption.h"
 
 // Every control is made by one call that also names it, so that a test, a style sheet or a person with an
 // inspector finds it, and says what it is to a screen reader.
@@ -27,10 +23,8 @@ Control *named(const ControlName &name, Control *control, const QString &spoken 
 
 /// Makes a button, a label or a group box with \a caption, which a screen reader says without its mnemonic
 /// unless \a spoken says more. The layout that takes the control gives it its parent.
-template<class Control>
-requires std::derived_from<Control, QAbstractButton> || std::derived_from<Control, QLabel> ||
-    std::derived_from<Control, QGroupBox>
-        Control *named(const ControlName &name, const QString &caption, const QString &spoken = {})
+template<HasCaption Control>
+Control *named(const ControlName &name, const QString &caption, const QString &spoken = {})
 {
     auto *control = named(name, new Control(caption), spoken.isEmpty() ? withoutMnemonic(caption) : spoken);
     if constexpr (std::derived_from<Control, QLabel>)
@@ -40,7 +34,7 @@ requires std::derived_from<Control, QAbstractButton> || std::derived_from<Contro
 
 /// Makes a control that shows no caption; a screen reader calls it \a spoken.
 template<class Control>
-Control *named(const ControlName &name, const QString &spoken = {})
+requires(!HasCaption<Control>) Control *named(const ControlName &name, const QString &spoken = {})
 {
     return named(name, new Control, spoken);
 }

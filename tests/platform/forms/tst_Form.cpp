@@ -1,5 +1,6 @@
 #include "DialogDriver.h"
 #include "ErrorNumberOf.h"
+#include "FatalErrors.h"
 #include "Forms.h"
 #include "PrintQt.h"
 #include "ProbeForm.h"
@@ -260,4 +261,25 @@ TEST_F(FormTest, RunsItsOperationsByName)
     EXPECT_EQ(errorNumberOf([&] { form->call(QStringLiteral("mnuPrint_Click")); }),
               ErrorNumber::NoSuchMember);
     EXPECT_EQ(errorNumberOf([&] { form->call(QStringLiteral("fail")); }), ErrorNumber::DiskFull);
+}
+
+TEST_F(FormTest, AFailureWhileItIsClosedIsTold)
+{
+    FatalErrors fatal;
+    form->onQueryUnload = []() -> bool { throw RuntimeError(ErrorNumber::TypeMismatch); };
+    form->showModeless();
+    fatal.expect(ErrorNumber::TypeMismatch);
+    EXPECT_FALSE(form->close());
+    EXPECT_TRUE(form->isLoaded());
+}
+
+TEST_F(FormTest, AFailureWhileItIsResizedIsTold)
+{
+    FatalErrors fatal;
+    form->showModeless();
+    form->onResize = [] { throw RuntimeError(ErrorNumber::TypeMismatch); };
+    fatal.expect(ErrorNumber::TypeMismatch);
+    form->resize(form->size() + QSize(10, 10));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(fatal.ends().size(), 1);
 }

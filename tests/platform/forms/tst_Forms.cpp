@@ -33,7 +33,7 @@ struct FormsTest : testing::Test
         form.load();
         return form;
     }
-    static void settle() { QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); }
+    static void settle() { QCoreApplication::processEvents(); }
 };
 
 } // namespace

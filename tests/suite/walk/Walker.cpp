@@ -35,7 +35,7 @@ Walker::Walker(std::function<void(RunningSuite &)> prepare)
 void Walker::settle() const
 {
     QCoreApplication::processEvents();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
     QCoreApplication::processEvents();
 }
 

@@ -1,8 +1,7 @@
-#include "DialogDriver.h"
 #include "EventGate.h"
 #include "FatalErrors.h"
 #include "PrintQt.h"
-#include "ProbeForm.h"
+#include "RuntimeError.h"
 
 #include <QCoreApplication>
 #include <QDialog>
@@ -26,19 +25,29 @@ constexpr int mismatch = ErrorNumber::TypeMismatch;
 struct EventGateTest : testing::Test
 {
     FatalErrors fatal;
-    QStringList steps;
 };
 
-/// The real box and the real end, put away again behind the test.
-struct DefaultBoxTest : testing::Test
+/// A control whose key press fails.
+struct FailingControl : QWidget
 {
-    void SetUp() override
+    void keyPressEvent(QKeyEvent *) override { run(failStep); }
+};
+
+/// An engine that asks its owner through a reference.
+class Engine : public QObject
+{
+    Q_OBJECT
+
+public:
+    bool mayGoOn()
     {
-        EventGate::setBox({});
-        EventGate::setEnd([this](int code) { ended = code; });
+        bool cancel = false;
+        Q_EMIT progress(50, cancel);
+        return !cancel;
     }
-    void TearDown() override { FatalErrors::refuseAll(); }
-    int ended = 0;
+
+Q_SIGNALS:
+    void progress(int percent, bool &cancel);
 };
 
 struct Receiver : QObject
@@ -80,35 +89,9 @@ TEST_F(EventGateTest, TellsOfAQueuedStep)
 
 TEST_F(EventGateTest, TellsOfAnOverriddenEvent)
 {
-    ProbeForm form(steps);
-    form.onKey = failStep;
+    FailingControl control;
     fatal.expect(mismatch);
-    QTest::keyClick(&form, Qt::Key_A);
-}
-
-TEST_F(EventGateTest, TellsOfAClose)
-{
-    ProbeForm form(steps);
-    form.setAttribute(Qt::WA_DeleteOnClose, false);
-    form.onQueryUnload = [] {
-        failStep();
-        return true;
-    };
-    form.showModeless();
-    fatal.expect(mismatch);
-    EXPECT_FALSE(form.close());
-    EXPECT_TRUE(form.isLoaded());
-}
-
-TEST_F(EventGateTest, TellsOfAResize)
-{
-    ProbeForm form(steps);
-    form.showModeless();
-    form.onResize = failStep;
-    fatal.expect(mismatch);
-    form.resize(form.size() + QSize(10, 10));
-    QCoreApplication::processEvents();
-    EXPECT_EQ(fatal.ends().size(), 1);
+    QTest::keyClick(&control, Qt::Key_A);
 }
 
 TEST_F(EventGateTest, TellsOfAMenuCommand)
@@ -210,6 +193,88 @@ TEST_F(EventGateTest, BindsAMemberFunctionUntilItsObjectGoes)
     model.setRowCount(9); // nobody is left to hear
 }
 
+TEST_F(EventGateTest, AHandlerAnswersThroughAReference)
+{
+    Engine engine;
+    EXPECT_TRUE(engine.mayGoOn());
+    on(&engine, &Engine::progress, &engine, [](int percent, bool &cancel) { cancel = percent == 50; });
+    EXPECT_FALSE(engine.mayGoOn());
+}
+
+TEST_F(EventGateTest, AMemberFunctionAnswersThroughAReference)
+{
+    struct Owner : QObject
+    {
+        void engine_progress(int percent, bool &cancel) { cancel = percent == 50; }
+    } owner;
+    Engine engine;
+    on(&engine, &Engine::progress, &owner, &Owner::engine_progress);
+    EXPECT_FALSE(engine.mayGoOn());
+}
+
+TEST_F(EventGateTest, WhatHasToGoLivesUntilTheHandlerHasReturned)
+{
+    QPointer<QObject> object = new QObject;
+    run([&] {
+        EventGate::deleteWhenIdle(object);
+        processPendingEvents();
+        EXPECT_TRUE(object);
+    });
+    EXPECT_TRUE(object); // the code that called the handler may still need it
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(object);
+}
+
+TEST_F(EventGateTest, WhatHasToGoLivesUntilTheOutermostHandlerHasReturned)
+{
+    QPointer<QObject> object = new QObject;
+    QTimer timer;
+    on(&timer, &QTimer::timeout, &timer, [&] {
+        timer.stop();
+        EventGate::deleteWhenIdle(object);
+    });
+    run([&] {
+        timer.start(0);
+        while (timer.isActive())
+            processPendingEvents();
+        processPendingEvents();
+        EXPECT_TRUE(object);
+    });
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(object);
+}
+
+TEST_F(EventGateTest, WhatHasToGoGoesSoonWhereNoHandlerRuns)
+{
+    QPointer<QObject> object = new QObject;
+    EventGate::deleteWhenIdle(object);
+    EXPECT_TRUE(object);
+    processPendingEvents(); // a wait by itself deletes nothing
+    EXPECT_TRUE(object);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(object);
+}
+
+TEST_F(EventGateTest, WhatIsGoneAlreadyIsForgotten)
+{
+    auto *object = new QObject;
+    EventGate::deleteWhenIdle(object);
+    delete object;
+    QCoreApplication::processEvents();
+}
+
+TEST_F(EventGateTest, AFailedHandlerHasReturnedToo)
+{
+    QPointer<QObject> object = new QObject;
+    fatal.expect(mismatch);
+    run([&] {
+        EventGate::deleteWhenIdle(object);
+        failStep();
+    });
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(object);
+}
+
 TEST_F(EventGateTest, TellsOfWhateverWasThrown)
 {
     fatal.expect(7, QStringLiteral("Out of memory"));
@@ -227,34 +292,6 @@ TEST_F(EventGateTest, EndsWithoutABoxWhenAskedTo)
     fatal.expectEnd(EXIT_SUCCESS);
     EventGate::end(EXIT_SUCCESS);
     EXPECT_TRUE(fatal.seen().isEmpty());
-}
-
-TEST_F(DefaultBoxTest, IsCriticalAndNamesNumberAndText)
-{
-    DialogDriver dialogs;
-    dialogs
-        .expectBox(QStringLiteral("QuillOfficeToolsv2"),
-                   QStringLiteral("Run-time error '13':\n\nType mismatch"))
-        .icon(QMessageBox::Critical)
-        .buttons(QMessageBox::Ok);
-    run(failStep);
-    EXPECT_EQ(ended, EXIT_FAILURE);
-}
-
-TEST_F(DefaultBoxTest, StopsEveryOtherHandler)
-{
-    int ticks = 0;
-    QTimer timer;
-    on(&timer, &QTimer::timeout, &timer, [&] { ++ticks; });
-    timer.start(1);
-    DialogDriver dialogs;
-    dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [&](QMessageBox &box) {
-        QSignalSpy spy(&timer, &QTimer::timeout);
-        EXPECT_TRUE(spy.wait());
-        EXPECT_EQ(ticks, 0);
-        box.accept();
-    });
-    run(failStep);
 }
 
 TEST(EventGateDeathTest, EndsTheProcess)
@@ -289,3 +326,5 @@ TEST(EventGateDeathTest, ANormalEndLeavesTheLoopAndNoHandlerRunsAnyMore)
         },
         testing::ExitedWithCode(1), "");
 }
+
+#include "tst_EventGate.moc"

@@ -1,20 +1,23 @@
 #include "EventGate.h"
 
-#include "Paths.h"
-#include "Prompts.h"
 #include "RuntimeError.h"
 
 #include <QCoreApplication>
+#include <QList>
+#include <QPointer>
+#include <cstdio>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
-void showDefaultBox(int number, const QString &description)
+void printError(int number, const QString &description)
 {
-    MsgBox(QStringLiteral("Run-time error '%1':\n\n%2").arg(number).arg(description), MsgBoxStyle::Critical);
+    std::fprintf(stderr, "Run-time error '%d': %s\n", number, qPrintable(description));
 }
 
 bool failing = false;
+int handlersRunning = 0;
 
 /// A normal end lets the application object go as it should, so that what was copied stays with the desktop;
 /// but no handler runs any more.
@@ -28,7 +31,7 @@ void endProcess(int code)
 
 EventGate::Box &currentBox()
 {
-    static EventGate::Box current = showDefaultBox;
+    static EventGate::Box current = printError;
     return current;
 }
 
@@ -38,11 +41,32 @@ EventGate::End &currentEnd()
     return current;
 }
 
+QList<QPointer<QObject>> &doomed()
+{
+    static QList<QPointer<QObject>> objects;
+    return objects;
+}
+
+/// Runs as an event of its own, behind the code of Qt's that called the last handler.
+void deleteDoomed()
+{
+    if (handlersRunning > 0)
+        return; // the outermost one asks again
+    for (const QPointer<QObject> &object : std::exchange(doomed(), {}))
+        delete object;
+}
+
+void deleteDoomedSoon()
+{
+    if (!doomed().isEmpty() && QCoreApplication::instance())
+        QMetaObject::invokeMethod(QCoreApplication::instance(), deleteDoomed, Qt::QueuedConnection);
+}
+
 } // namespace
 
 void EventGate::setBox(Box replacement)
 {
-    currentBox() = replacement ? std::move(replacement) : showDefaultBox;
+    currentBox() = replacement ? std::move(replacement) : printError;
 }
 
 void EventGate::setEnd(End replacement)
@@ -84,4 +108,28 @@ void EventGate::failWithCurrentException() noexcept
         fail(ErrorNumber::InvalidProcedureCall,
              RuntimeError(ErrorNumber::InvalidProcedureCall).description());
     }
+}
+
+void EventGate::deleteWhenIdle(QObject *object)
+{
+    doomed().append(object);
+    if (handlersRunning == 0)
+        deleteDoomedSoon();
+}
+
+EventGate::Running::Running()
+{
+    ++handlersRunning;
+}
+
+EventGate::Running::~Running()
+{
+    if (--handlersRunning == 0)
+        deleteDoomedSoon();
+}
+
+void processPendingEvents()
+{
+    const EventGate::Running running; // also for a caller that is no handler itself
+    QCoreApplication::processEvents();
 }

@@ -6,8 +6,8 @@
 #include <tuple>
 #include <type_traits>
 
-/// The one road from an event to a handler. No exception crosses Qt's own frames: what a handler throws and
-/// nobody trapped shows the default error box and ends the process; while that box is up no other handler
+/// Every event reaches its handler through here. No exception crosses Qt's own frames: what a handler throws
+/// and nobody trapped shows the default error box and ends the process; while that box is up no other handler
 /// runs.
 ///
 /// What its caller has to trap (the load of a window, a toolbar key running a command) is a plain call
@@ -17,8 +17,9 @@ namespace EventGate {
 using Box = std::function<void(int number, const QString &description)>;
 using End = std::function<void(int code)>;
 
-/// Replaces the box and the end of the process, for tests; an empty function puts the real one back.
+/// Shows the default error from now on. Without a box the error goes to the standard error stream.
 void setBox(Box box);
+/// Replaces the end of the process, for tests; an empty function puts the real one back.
 void setEnd(End end);
 
 /// Ends the process at once with \a code; no window gets to ask.
@@ -33,10 +34,29 @@ bool isFailing();
 /// Tells of the exception being handled.
 void failWithCurrentException() noexcept;
 
+/// Deletes \a object once no handler runs any more, however many of them are waiting for events in the middle
+/// of their work. Until then the object can still be reached by them. An object that is deleted by others
+/// first is forgotten.
+void deleteWhenIdle(QObject *object);
+
+/// While one lives, a handler runs: nothing that waits in deleteWhenIdle() is deleted.
+class Running
+{
+public:
+    Running();
+    ~Running();
+    Running(const Running &) = delete;
+    Running &operator=(const Running &) = delete;
+};
+
 template<std::size_t Count, class Handler, class... Args>
 void callWithPrefix(Handler &handler, std::tuple<Args...> &args);
 
 } // namespace EventGate
+
+/// Runs the events that are pending, for a handler that waits. Other handlers run meanwhile; they may unload
+/// any window, also the caller's own, which lives on until the caller has returned.
+void processPendingEvents();
 
 /// Runs \a step as the body of an event: for overridden virtuals of Qt.
 template<class Step>
@@ -44,6 +64,7 @@ void run(Step &&step) noexcept
 {
     if (EventGate::isFailing())
         return;
+    const EventGate::Running running;
     try {
         step();
     } catch (...) {
@@ -52,7 +73,7 @@ void run(Step &&step) noexcept
 }
 
 /// Binds \a handler to a signal of \a sender for as long as \a context lives. The handler takes as many of
-/// the signal's arguments as it likes.
+/// the signal's arguments as it likes, and may answer through those that are references.
 template<class Sender, class Signal, class Handler>
 QMetaObject::Connection on(Sender *sender, Signal signal, const QObject *context, Handler handler)
 {

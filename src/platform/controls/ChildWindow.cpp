@@ -1,0 +1,26 @@
+#include "ChildWindow.h"
+
+#include "EventGate.h"
+
+#include <QCloseEvent>
+
+ChildWindow::ChildWindow(QWidget &child)
+{
+    setWidget(&child);
+    setWindowIcon(child.windowIcon());
+    on(&child, &QWidget::windowIconChanged, this, [this](const QIcon &icon) { setWindowIcon(icon); });
+}
+
+void ChildWindow::closeEvent(QCloseEvent *event)
+{
+    event->ignore();
+    run([&] {
+        // With this attribute the area lets the window go at once; the deletion that it stands for would come
+        // too early.
+        setAttribute(Qt::WA_DeleteOnClose, true);
+        QMdiSubWindow::closeEvent(event);
+        setAttribute(Qt::WA_DeleteOnClose, false);
+        if (event->isAccepted())
+            EventGate::deleteWhenIdle(this);
+    });
+}
