@@ -31,11 +31,16 @@ FakeFrame::~FakeFrame() = default;
 
 Form *FakeFrame::ActiveForm() const
 {
-    const QMdiSubWindow *active = m_area->currentSubWindow();
+    const QMdiSubWindow *active = m_area->activeChild();
     return active ? dynamic_cast<Form *>(active->widget()) : nullptr;
 }
 
-void FakeFrame::place(ChildForm &child)
+void FakeFrame::adopt(ChildForm &child)
 {
-    m_area->place(child);
+    m_area->adopt(child);
+}
+
+void FakeFrame::bringForward(ChildForm &child)
+{
+    m_area->bringForward(child);
 }

@@ -29,7 +29,9 @@ public:
     void Arrange(int kind) override { m_calls << QStringLiteral("Arrange %1").arg(kind); }
     Form *ActiveForm() const override;
     Toolbar &tbToolBar() const override { return *m_toolBar; }
-    void place(ChildForm &child) override;
+    void adopt(ChildForm &child) override;
+    void bringForward(ChildForm &child) override;
+    void fillWindowList(QMenu &) override { m_calls << QStringLiteral("fillWindowList"); }
 
     ScratchHome home;
     ScratchGlobals globals;

@@ -19,10 +19,12 @@ TEST_F(FakeFrameTest, RecordsWhatAToolAsks)
 {
     mainFrame->LoadNewDoc();
     mainFrame->Arrange(2);
+    QMenu menu;
+    mainFrame->fillWindowList(menu);
     mainFrame->checkForDocument();
     mainFrame->mnuFileExit_Click();
     EXPECT_EQ(frame.calls().join(u','),
-              QStringLiteral("LoadNewDoc,Arrange 2,checkForDocument,mnuFileExit_Click"));
+              QStringLiteral("LoadNewDoc,Arrange 2,fillWindowList,checkForDocument,mnuFileExit_Click"));
 }
 
 TEST_F(FakeFrameTest, ShowsWindowsAndKnowsTheActiveOne)
