@@ -4,6 +4,8 @@
 #include "TestIsolation.h"
 
 #include <QApplication>
+#include <cstdio>
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 /// Runs the tests of one program inside a QApplication, offscreen unless a test asked for another platform.
@@ -18,7 +20,9 @@ int main(int argc, char **argv)
     QtMessages::install();
     FatalErrors::refuseAll();
     TestIsolation::install();
-    if (!TestFile::select(QCoreApplication::arguments()))
-        qFatal("no test is in the given file");
+    if (!TestFile::select(QCoreApplication::arguments())) {
+        std::fputs("no test is in the given file\n", stderr);
+        return EXIT_FAILURE;
+    }
     return RUN_ALL_TESTS();
 }

@@ -92,8 +92,8 @@ TEST(Plugin, ADamagedOneIsAnError)
     const ScratchModule damaged("no module");
     const QString failure = failureOf<Echo>(damaged.name());
     EXPECT_TRUE(failure.startsWith(QStringLiteral("The module %1 cannot be used: ").arg(damaged.name())))
-        << failure;
-    EXPECT_FALSE(failure.endsWith(QStringLiteral("not installed"))) << failure;
+        << qUtf8Printable(failure);
+    EXPECT_FALSE(failure.endsWith(QStringLiteral("not installed"))) << qUtf8Printable(failure);
 }
 
 TEST(Plugin, AnotherInterfaceIsAnError)
