@@ -11,6 +11,7 @@
 #include <QStandardItemModel>
 #include <QTest>
 #include <QTextEdit>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 namespace {
