@@ -152,8 +152,10 @@ TEST_F(CalculatorWindowTest, TabFindsTheOptionThatIsOn)
 
 TEST_F(CalculatorWindowTest, SpaceAndReturnPressTheKeyWithTheFocus)
 {
-    QTest::keyClick(&window.control<QPushButton>("cmddigit", 4), Qt::Key_Space);
-    QTest::keyClick(&window.control<QPushButton>("cmddigit", 2), Qt::Key_Return);
+    window.control<QPushButton>("cmddigit", 4).setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    window.control<QPushButton>("cmddigit", 2).setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     EXPECT_EQ(window.field(), QStringLiteral("42"));
 }
 
