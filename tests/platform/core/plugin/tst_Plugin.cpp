@@ -10,7 +10,7 @@
 
 namespace {
 
-const QString echoModule = QStringLiteral("tests-platform-core-echo-plugin");
+const QString echoModule = QStringLiteral("tests-platform-core-plugin-mountain");
 
 QString fileOf(const QString &module)
 {
