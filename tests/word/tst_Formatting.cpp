@@ -317,6 +317,20 @@ TEST_F(Formatting, MarginsStartFromTheSelectionAndReachTheParagraph)
     EXPECT_EQ(text.SelIndent(), 0);
 }
 
+TEST_F(Formatting, ReturnOnCancelLeavesTheMargins)
+{
+    text.setText(QStringLiteral("one"));
+    expectMargins([](frmMargins &window) {
+        setMargins(window, "100", "200");
+        window.member<QPushButton>(QStringLiteral("CancelButton")).setFocus();
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        EXPECT_FALSE(window.isVisible());
+    });
+    suite.press("pageformat");
+    EXPECT_EQ(text.SelIndent(), 0);
+    EXPECT_EQ(text.SelRightIndent(), 0);
+}
+
 TEST_F(Formatting, TheWholeDocumentEndsSelectedFromPositionOne)
 {
     text.setText(QStringLiteral("one\ntwo\nthree"));

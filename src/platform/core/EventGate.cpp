@@ -3,11 +3,8 @@
 #include "RuntimeError.h"
 
 #include <QCoreApplication>
-#include <QList>
-#include <QPointer>
 #include <cstdio>
 #include <cstdlib>
-#include <utility>
 
 namespace {
 
@@ -17,7 +14,6 @@ void printError(int number, const QString &description)
 }
 
 bool failing = false;
-int handlersRunning = 0;
 
 /// A normal end lets the application object go as it should, so that what was copied stays with the desktop;
 /// but no handler runs any more.
@@ -39,27 +35,6 @@ EventGate::End &currentEnd()
 {
     static EventGate::End current = endProcess;
     return current;
-}
-
-QList<QPointer<QObject>> &doomed()
-{
-    static QList<QPointer<QObject>> objects;
-    return objects;
-}
-
-/// Runs as an event of its own, behind the code of Qt's that called the last handler.
-void deleteDoomed()
-{
-    if (handlersRunning > 0)
-        return; // the outermost one asks again
-    for (const QPointer<QObject> &object : std::exchange(doomed(), {}))
-        delete object;
-}
-
-void deleteDoomedSoon()
-{
-    if (!doomed().isEmpty() && QCoreApplication::instance())
-        QMetaObject::invokeMethod(QCoreApplication::instance(), deleteDoomed, Qt::QueuedConnection);
 }
 
 } // namespace
@@ -110,26 +85,8 @@ void EventGate::failWithCurrentException() noexcept
     }
 }
 
-void EventGate::deleteWhenIdle(QObject *object)
-{
-    doomed().append(object);
-    if (handlersRunning == 0)
-        deleteDoomedSoon();
-}
-
-EventGate::Running::Running()
-{
-    ++handlersRunning;
-}
-
-EventGate::Running::~Running()
-{
-    if (--handlersRunning == 0)
-        deleteDoomedSoon();
-}
-
 void processPendingEvents()
 {
-    const EventGate::Running running; // also for a caller that is no handler itself
+    const RunningHandler running; // also for a caller that is no handler itself
     QCoreApplication::processEvents();
 }

@@ -10,6 +10,7 @@
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTest>
+#include <QTimer>
 #include <QTextEdit>
 #include <gtest/gtest.h>
 
@@ -216,7 +217,7 @@ TEST_F(EventGateTest, WhatHasToGoLivesUntilTheHandlerHasReturned)
 {
     QPointer<QObject> object = new QObject;
     run([&] {
-        EventGate::deleteWhenIdle(object);
+        RunningHandler::deleteWhenNoneRuns(object);
         processPendingEvents();
         EXPECT_TRUE(object);
     });
@@ -231,7 +232,7 @@ TEST_F(EventGateTest, WhatHasToGoLivesUntilTheOutermostHandlerHasReturned)
     QTimer timer;
     on(&timer, &QTimer::timeout, &timer, [&] {
         timer.stop();
-        EventGate::deleteWhenIdle(object);
+        RunningHandler::deleteWhenNoneRuns(object);
     });
     run([&] {
         timer.start(0);
@@ -247,7 +248,7 @@ TEST_F(EventGateTest, WhatHasToGoLivesUntilTheOutermostHandlerHasReturned)
 TEST_F(EventGateTest, WhatHasToGoGoesSoonWhereNoHandlerRuns)
 {
     QPointer<QObject> object = new QObject;
-    EventGate::deleteWhenIdle(object);
+    RunningHandler::deleteWhenNoneRuns(object);
     EXPECT_TRUE(object);
     processPendingEvents(); // a wait by itself deletes nothing
     EXPECT_TRUE(object);
@@ -258,7 +259,7 @@ TEST_F(EventGateTest, WhatHasToGoGoesSoonWhereNoHandlerRuns)
 TEST_F(EventGateTest, WhatIsGoneAlreadyIsForgotten)
 {
     auto *object = new QObject;
-    EventGate::deleteWhenIdle(object);
+    RunningHandler::deleteWhenNoneRuns(object);
     delete object;
     QCoreApplication::processEvents();
 }
@@ -268,7 +269,7 @@ TEST_F(EventGateTest, AFailedHandlerHasReturnedToo)
     QPointer<QObject> object = new QObject;
     fatal.expect(mismatch);
     run([&] {
-        EventGate::deleteWhenIdle(object);
+        RunningHandler::deleteWhenNoneRuns(object);
         failStep();
     });
     QCoreApplication::processEvents();
