@@ -1,12 +1,15 @@
 # quill_module(LINKS ...)   the library of this folder of src/, from all its sources.
+# quill_interface(LINKS ...)   the same as a shared library: what the suite and a module loaded later have in common.
+# quill_plugin(LINKS ...)   a module of this folder's sources, beside the program, which class Plugin loads on first use.
 # quill_program(NAME LINKS ...)   the program of this folder, in <build>/app/ with all its data beside it.
-# quill_test(LINKS ... [LABEL ...])   the tests of this folder of tests/, one program, each test found by ctest.
+# quill_test(LINKS ... [LABEL ...])   the tests of this folder of tests/, one program; ctest runs each tst_*.cpp of it
+#                                     in a process of its own.
 #
 # Links name folders of src/ ("platform/core") or imported targets ("Qt6::Gui").
 
 function(quill_folder out base)
-    cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY ${CMAKE_SOURCE_DIR}/${base}
-               OUTPUT_VARIABLE folder)
+    cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY ${CMAKE_SOURCE_DIR} OUTPUT_VARIABLE folder)
+    string(REGEX REPLACE "^${base}/" "" folder ${folder})
     set(${out} ${folder} PARENT_SCOPE)
 endfunction()
 
@@ -21,12 +24,12 @@ function(quill_targets out)
     set(${out} ${targets} PARENT_SCOPE)
 endfunction()
 
-# The targets that this folder of src/ links, each checked against the arrow table.
+# The targets that this folder of src/ links, each checked against the table of allowed dependencies.
 macro(quill_parse_links)
     cmake_parse_arguments(arg "" "" "LINKS" ${ARGN})
     quill_folder(folder src)
     foreach(link IN LISTS arg_LINKS)
-        quill_check_arrow(${folder} ${link})
+        quill_check_dependency(${folder} ${link})
     endforeach()
     quill_targets(links ${arg_LINKS})
 endmacro()
@@ -38,6 +41,44 @@ function(quill_module)
     add_library(${name} STATIC ${sources})
     target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
     target_link_libraries(${name} PUBLIC ${links})
+endfunction()
+
+# What is loaded into a running program brings its static libraries' statics a second time, so it links shared ones.
+function(quill_check_shared from)
+    foreach(link IN LISTS ARGN)
+        if(link MATCHES "::")
+            continue()
+        endif()
+        quill_targets(target ${link})
+        get_target_property(type ${target} TYPE)
+        if(NOT type STREQUAL SHARED_LIBRARY)
+            message(FATAL_ERROR "${from} may not link ${link}: its statics would come twice; only quill_interface() may.")
+        endif()
+    endforeach()
+endfunction()
+
+macro(quill_shared_library kind)
+    quill_parse_links(${ARGN})
+    quill_check_shared(${folder} ${arg_LINKS})
+    quill_targets(name ${folder})
+    file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+    add_library(${name} ${kind} ${sources})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} PUBLIC ${links})
+    set(place app)
+    if(folder MATCHES "^tests/")
+        set(place tests/bin)
+    endif()
+    set_target_properties(${name} PROPERTIES LINKER_LANGUAGE CXX LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/${place})
+endmacro()
+
+function(quill_interface)
+    quill_shared_library(SHARED ${ARGN})
+endfunction()
+
+function(quill_plugin)
+    quill_shared_library(MODULE ${ARGN})
+    set_target_properties(${name} PROPERTIES PREFIX "")
 endfunction()
 
 # Builds a file of resources/ into every program that links this folder's library; the library itself would be
@@ -80,9 +121,13 @@ function(quill_test)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/bin)
     add_dependencies(${name} test-data)
     target_compile_definitions(${name} PRIVATE QUILL_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data")
-    set(properties TIMEOUT 120)
-    if(arg_LABEL)
-        list(APPEND properties LABELS ${arg_LABEL})
-    endif()
-    gtest_discover_tests(${name} TEST_PREFIX "${folder}/" NO_PRETTY_VALUES DISCOVERY_TIMEOUT 60 PROPERTIES ${properties})
+    foreach(source IN LISTS sources)
+        cmake_path(GET source FILENAME file)
+        if(NOT file MATCHES "^tst_")
+            continue()
+        endif()
+        cmake_path(GET source STEM test)
+        add_test(NAME ${folder}/${test} COMMAND ${name} --file=${file} --gtest_brief=1)
+        set_tests_properties(${folder}/${test} PROPERTIES TIMEOUT 600 SKIP_RETURN_CODE 77 LABELS "${arg_LABEL}")
+    endforeach()
 endfunction()

@@ -1,6 +1,7 @@
 #include "GCommonDialog.h"
 
 #include "CommonDialog.h"
+#include "NulTerminated.h"
 #include "Paths.h"
 #include "RuntimeError.h"
 
@@ -11,11 +12,6 @@ namespace {
 constexpr int white = 0xFFFFFF;
 constexpr int fileMustExist = 4096;
 constexpr int hookFlags = 32 | 64; // the class's own business
-
-QString upToNul(const QString &text)
-{
-    return text.left(text.indexOf(QChar(u'\0')));
-}
 
 /// The name in what a dialog gave, which is native; several chosen files have no one name.
 QString titleOf(const QString &path)

@@ -2,6 +2,7 @@
 
 #include "EnvironmentText.h"
 #include "FileAssociations.h"
+#include "NulTerminated.h"
 #include "Paths.h"
 #include "RuntimeError.h"
 
@@ -12,11 +13,6 @@ namespace {
 [[noreturn]] void fail(const QString &text)
 {
     throw RuntimeError(cRegistry::Failure, text, Paths::applicationTitle + QStringLiteral(".cRegistry"));
-}
-
-QString upToNul(const QString &text)
-{
-    return text.left(text.indexOf(QChar(u'\0')));
 }
 
 RegistryValue textValue(RegistryType type, const QString &text)

@@ -93,7 +93,7 @@ struct Binding
     const char *text;
 };
 
-constexpr Binding commands[] = {
+constexpr Binding buttonCommands[] = {
     {"New", "LoadNewDoc"},
     {"Open", "mnuFileOpen"},
     {"Save", "mnusaveonly"},
@@ -177,7 +177,7 @@ std::span<const ToolbarMenuRow> FrameButtons::lists()
 
 QString FrameButtons::commandOf(const QString &key)
 {
-    return textOf(key, commands).value_or(QString());
+    return textOf(key, buttonCommands).value_or(QString());
 }
 
 std::optional<QString> FrameButtons::hintTitle(const QString &key)

@@ -10,7 +10,7 @@
 namespace {
 
 /// The room before the first character and behind the last one separates words, too.
-constexpr QChar edge = u' ';
+constexpr QChar textEdge = u' ';
 
 /// The loop: what is put in is searched, too. Texts are as they are compared, so in lower case unless the
 /// case has to match.
@@ -85,8 +85,8 @@ Loop::Pass Loop::passDown(QString &text, qsizetype from)
             break;
         const qsizetype end = found + m_wanted.size();
         done.append(QStringView(text).mid(next, found - next));
-        if (!accept(done.size(), done.isEmpty() ? edge : done.back(),
-                    end < text.size() ? text.at(end) : edge))
+        if (!accept(done.size(), done.isEmpty() ? textEdge : done.back(),
+                    end < text.size() ? text.at(end) : textEdge))
             return Pass::Over;
         done.append(m_replacement);
         next = end;
@@ -111,7 +111,8 @@ Loop::Pass Loop::passUp(QString &text, qsizetype from)
             break;
         for (qsizetype i = text.size(); i > found + m_wanted.size(); --i)
             behind.append(text.at(i - 1));
-        if (!accept(found, found > 0 ? text.at(found - 1) : edge, behind.isEmpty() ? edge : behind.back()))
+        if (!accept(found, found > 0 ? text.at(found - 1) : textEdge,
+                    behind.isEmpty() ? textEdge : behind.back()))
             return Pass::Over;
         text.truncate(found);
         text.append(m_replacement); // it lies before the caret

@@ -46,22 +46,22 @@ void BareCalculator::press(int key)
     try {
         calculator.press(Operation(key));
     } catch (const RuntimeError &error) {
-        tell(QStringLiteral("thrown %1").arg(error.number()));
+        report(QStringLiteral("thrown %1").arg(error.number()));
     }
 }
 
 void BareCalculator::tellSecondPoint()
 {
-    tell(QStringLiteral("point"));
+    report(QStringLiteral("point"));
 }
 
 void BareCalculator::tellCalculationError(const RuntimeError &error)
 {
-    tell(QStringLiteral("error %1").arg(error.number()));
+    report(QStringLiteral("error %1").arg(error.number()));
 }
 
-void BareCalculator::tell(const QString &what)
+void BareCalculator::report(const QString &what)
 {
-    told.append(what);
-    fieldWhenTold.append(field);
+    reported.append(what);
+    fieldWhenReported.append(field);
 }

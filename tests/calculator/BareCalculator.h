@@ -17,8 +17,8 @@ public:
     void perform(const QString &keys);
 
     QString field;
-    QStringList told;
-    QStringList fieldWhenTold;
+    QStringList reported;
+    QStringList fieldWhenReported;
     Calculator calculator{*this};
 
     const CalculatorState &state() const { return calculator.state(); }
@@ -30,7 +30,7 @@ private:
     void setText(const QString &text) override { field = text; }
     void tellSecondPoint() override;
     void tellCalculationError(const RuntimeError &error) override;
-    void tell(const QString &what);
+    void report(const QString &what);
 
     int m_row = 2;
     bool m_up = false;

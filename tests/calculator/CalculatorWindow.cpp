@@ -22,6 +22,7 @@ void settle()
 
 CalculatorWindow::CalculatorWindow()
 {
+    Forms::registerWindow(windowName, Forms::Instances::One, [] { return new frmCalculator; });
     open();
 }
 
@@ -103,20 +104,20 @@ void CalculatorWindow::chooseOption(int index)
     QTest::mouseClick(&option, Qt::LeftButton, {}, QPoint(option.height() / 2, option.height() / 2));
 }
 
-void CalculatorWindow::expectTold(const QStringList &told)
+void CalculatorWindow::expectReports(const QStringList &reported)
 {
-    for (const QString &what : told) {
+    for (const QString &what : reported) {
         if (what == QLatin1String("point"))
-            suite.dialogs
+            frame.dialogs
                 .expectBox(QStringLiteral("Decimal Point entry not accepted."),
                            QStringLiteral("You cannot have two decimal points in one number!"))
                 .icon(QMessageBox::Information)
                 .buttons(QMessageBox::Ok);
         else if (what == QLatin1String("thrown 6"))
-            suite.dialogs.expectBox(QStringLiteral("System Error!"),
+            frame.dialogs.expectBox(QStringLiteral("System Error!"),
                                     QStringLiteral("An error has occurred - Code: 6 Description: Overflow"));
         else
-            suite.dialogs
+            frame.dialogs
                 .expectBox(QStringLiteral("Calculation error..."),
                            what == QLatin1String("error 11")
                                ? QStringLiteral("An error has occurred, Error Number: 11 : Division by zero")

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "CalculatorStep.h"
-#include "RunningSuite.h"
+#include "FakeFrame.h"
 #include "frmCalculator.h"
 
 #include <QPointer>
 
-/// The calculator's window in the running suite, used by mouse and keyboard. Boxes have to be expected.
+/// The calculator's window in a frame, used by mouse and keyboard. Boxes have to be expected.
 class CalculatorWindow
 {
 public:
@@ -23,13 +23,13 @@ public:
     void perform(const CalculatorStep &step);
     void perform(const QString &keys);
 
-    /// Expects the boxes for \a told, as BareCalculator keeps it, in this order.
-    void expectTold(const QStringList &told);
+    /// Expects the boxes for \a reported, as BareCalculator keeps it, in this order.
+    void expectReports(const QStringList &reported);
 
     template<class Control>
     Control &control(const char *name, int index = -1) const;
 
-    RunningSuite suite;
+    FakeFrame frame;
 
 private:
     void click(const char *array, int index);

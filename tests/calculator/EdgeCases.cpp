@@ -1,13 +1,6 @@
 #include "EdgeCases.h"
 
-#include <limits>
-
-namespace {
-
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
-
-} // namespace
+#include "FloatLimits.h"
 
 const QList<EdgeCase> &edgeCases()
 {
@@ -24,7 +17,7 @@ const QList<EdgeCase> &edgeCases()
         {"ZeroByZero", "0/0=", "", "error 6,thrown 6", notANumber, Equals},
         {"TooLargeAProduct", "{1E300}X{1E300}=", "", "error 6,thrown 6", infinity, Equals},
         {"AnOperatorAfterAnErrorGoesOn", "10/0+", "", "error 11", infinity, Add},
-        {"EqualsAfterAnErrorTellsAgain", "10/0==", "", "error 11,thrown 6,thrown 6", infinity, Equals},
+        {"EqualsAfterAnErrorReportsAgain", "10/0==", "", "error 11,thrown 6,thrown 6", infinity, Equals},
         {"ClearEndsAnError", "10/0=C2+3=", "5", "error 11,thrown 6", 5, Equals},
         {"PercentOfNothingDivides", "5/0%", "", "error 11", infinity, Percent},
         {"PercentOfAnInfinityIsTrapped", "10/0+1%", "", "error 11,error 6", infinity, Percent},
@@ -39,7 +32,7 @@ const QList<EdgeCase> &edgeCases()
         {"AndReadsAsOneNumber", ".5.+", "", "", 0.5, Add},
         {"TwoPointsReadAsZero", "..+", "", "", 0, Add},
         {"APointBehindADigitCounts", "5.5.", "5.5", "point", 0, None},
-        {"EachRefusalIsTold", "5...", "5.", "point,point", 0, None},
+        {"EachRefusalIsReported", "5...", "5.", "point,point", 0, None},
         {"ANewNumberTakesAPoint", "1.5+2.5", "2.5", "", 1.5, Add},
         {"ANewNumberStartsWithAPoint", "1.5+.", "0.", "", 1.5, Add},
         {"ClearAllowsAPoint", "1.5C.", "0.", "", 0, None},

@@ -10,7 +10,7 @@ struct EdgeCase
     const char *name;
     const char *keys; ///< as CalculatorStep::parse() reads them
     const char *field;
-    const char *told; ///< as BareCalculator keeps it, joined by commas
+    const char *reported; ///< as BareCalculator keeps it, joined by commas
     double result;
     Operation lastOperation;
 };

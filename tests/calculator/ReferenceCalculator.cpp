@@ -13,7 +13,7 @@ constexpr std::array<double, 9> adjustments = {-0.5,      -0.05,      -0.005,   
                                                -0.000005, -0.0000005, -0.00000005, -0.000000005};
 constexpr std::array<double, 9> powers = {1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, 100000000};
 
-/// Operations one by one, until the processor's status tells of an error.
+/// Operations one by one, until the processor's status shows an error.
 class Processor
 {
 public:
@@ -139,7 +139,7 @@ void ReferenceCalculator::cmddigit(int index)
 void ReferenceCalculator::cmddecimal()
 {
     if (DecimalPointState == QLatin1String("Used")) {
-        told.append(QStringLiteral("point"));
+        reported.append(QStringLiteral("point"));
         return;
     }
     if (txtresult.isEmpty()) {
@@ -172,7 +172,7 @@ void ReferenceCalculator::cmdaction(int index)
     Calculate(LastOperation);
     LastOperation = operators.at(std::size_t(index));
     if (index == 0 && !round(Result + RoundingAdjustment))
-        told.append(QStringLiteral("thrown 6"));
+        reported.append(QStringLiteral("thrown 6"));
 }
 
 void ReferenceCalculator::Calculate(const QString &operation)
@@ -192,7 +192,7 @@ void ReferenceCalculator::Calculate(const QString &operation)
     else if (operation == QLatin1String("%"))
         return percent();
     if (compute.error != 0)
-        told.append(errorText(compute.error));
+        reported.append(errorText(compute.error));
 }
 
 void ReferenceCalculator::percent()
@@ -210,9 +210,9 @@ void ReferenceCalculator::percent()
     else
         return;
     if (compute.error != 0)
-        told.append(errorText(compute.error));
+        reported.append(errorText(compute.error));
     else if (!round(Result + RoundingAdjustment))
-        told.append(errorText(6));
+        reported.append(errorText(6));
 }
 
 /// False for what cannot be rounded, which stays the Result.

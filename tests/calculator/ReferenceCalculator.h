@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-/// The calculator a second time, as plainly as its rules are told: texts for its states, the processor's own
+/// The calculator a second time, as plainly as its rules allow: texts for its states, the processor's own
 /// status for its errors.
 class ReferenceCalculator
 {
@@ -21,7 +21,7 @@ public:
     QString DecimalPointState;
     int Decimals = 2;
     double RoundingAdjustment = 0;
-    QStringList told; ///< "point", "error 11", "thrown 6"
+    QStringList reported; ///< "point", "error 11", "thrown 6"
 
     static double number(const QString &text);
     static QString shown(double value);

@@ -53,12 +53,12 @@ struct CalculatorTest : testing::Test
 
 } // namespace
 
-TEST_P(CalculatorEdgeTest, IsAsTold)
+TEST_P(CalculatorEdgeTest, ShowsAndReports)
 {
     BareCalculator bare;
     bare.perform(QString::fromUtf8(GetParam().keys));
     EXPECT_EQ(bare.field, QString::fromLatin1(GetParam().field));
-    EXPECT_EQ(bare.told.join(u','), QString::fromLatin1(GetParam().told));
+    EXPECT_EQ(bare.reported.join(u','), QString::fromLatin1(GetParam().reported));
     EXPECT_EQ(bare.state().LastOperation, GetParam().lastOperation);
     if (std::isnan(GetParam().result))
         EXPECT_TRUE(std::isnan(bare.state().Result));
@@ -76,7 +76,7 @@ TEST_P(CalculatorStateTest, LeadsOn)
     EXPECT_EQ(bare.state().Result, GetParam().result);
     EXPECT_EQ(bare.field, QString::fromLatin1(GetParam().field));
     EXPECT_EQ(bare.state().LastOperation, GetParam().after);
-    EXPECT_TRUE(bare.told.isEmpty());
+    EXPECT_TRUE(bare.reported.isEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -193,12 +193,12 @@ TEST_F(CalculatorTest, TheOptionsLeaveThePlaces)
     EXPECT_EQ(bare.state().RoundingAdjustment, -0.0005);
 }
 
-TEST_F(CalculatorTest, TheFieldIsBlankWhenAnErrorIsTold)
+TEST_F(CalculatorTest, TheFieldIsBlankWhenAnErrorIsReported)
 {
     bare.perform(QStringLiteral("10/0=C0/0%"));
-    EXPECT_EQ(bare.told, QStringList({QStringLiteral("error 11"), QStringLiteral("thrown 6"),
-                                      QStringLiteral("error 6")}));
-    EXPECT_EQ(bare.fieldWhenTold, QStringList({QString(), QString(), QString()}));
+    EXPECT_EQ(bare.reported, QStringList({QStringLiteral("error 11"), QStringLiteral("thrown 6"),
+                                          QStringLiteral("error 6")}));
+    EXPECT_EQ(bare.fieldWhenReported, QStringList({QString(), QString(), QString()}));
 }
 
 TEST_F(CalculatorTest, AnErrorLeavesOperandsAndSettings)
@@ -231,7 +231,7 @@ TEST_F(CalculatorTest, PercentKeepsTheOperationItAppliesTo)
 TEST_F(CalculatorTest, APercentErrorLeavesTheStoredValueUnrounded)
 {
     bare.perform(QStringLiteral("{1E300}+{1E300}%"));
-    EXPECT_EQ(bare.told, QStringList{QStringLiteral("error 6")});
+    EXPECT_EQ(bare.reported, QStringList{QStringLiteral("error 6")});
     EXPECT_TRUE(std::isinf(bare.state().Result));
     EXPECT_EQ(bare.field, QString());
     EXPECT_EQ(bare.state().LastOperation, Operation::Percent);

@@ -84,8 +84,9 @@ QString difference(const BareCalculator &bare, const ReferenceCalculator &refere
     const QString base = reference.PercentBase.isEmpty() ? QStringLiteral("None") : reference.PercentBase;
     if (bare.field != reference.txtresult)
         return QStringLiteral("field \"%1\" for \"%2\"").arg(bare.field, reference.txtresult);
-    if (bare.told != reference.told)
-        return QStringLiteral("told %1 for %2").arg(bare.told.join(u','), reference.told.join(u','));
+    if (bare.reported != reference.reported)
+        return QStringLiteral("reported %1 for %2")
+            .arg(bare.reported.join(u','), reference.reported.join(u','));
     if (!same(state.Result, reference.Result))
         return QStringLiteral("Result %1 for %2").arg(state.Result).arg(reference.Result);
     if (state.Operand != reference.Operand)
@@ -105,7 +106,7 @@ QString difference(const BareCalculator &bare, const ReferenceCalculator &refere
 
 TEST(CalculatorSequencesTest, RandomKeysLeadWhereTheRulesLead)
 {
-    std::set<QString> told;
+    std::set<QString> reported;
     int steps = 0;
     int numbers = 0;
     for (unsigned seed = 1; seed <= sequences; ++seed) {
@@ -124,10 +125,10 @@ TEST(CalculatorSequencesTest, RandomKeysLeadWhereTheRulesLead)
             ASSERT_EQ(difference(bare, reference), QString())
                 << "seed " << seed << ": " << qUtf8Printable(done);
         }
-        told.insert(bare.told.begin(), bare.told.end());
+        reported.insert(bare.reported.begin(), bare.reported.end());
     }
-    EXPECT_EQ(told, (std::set<QString>{QStringLiteral("point"), QStringLiteral("error 6"),
-                                       QStringLiteral("error 11"), QStringLiteral("thrown 6")}));
+    EXPECT_EQ(reported, (std::set<QString>{QStringLiteral("point"), QStringLiteral("error 6"),
+                                           QStringLiteral("error 11"), QStringLiteral("thrown 6")}));
     EXPECT_GT(numbers, steps / 4); // else the keys hardly ever met a number
 }
 

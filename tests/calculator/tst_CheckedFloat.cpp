@@ -1,4 +1,5 @@
 #include "CheckedFloat.h"
+#include "FloatLimits.h"
 #include "RuntimeError.h"
 
 #include <cmath>
@@ -8,8 +9,6 @@
 namespace {
 
 constexpr double largest = std::numeric_limits<double>::max();
-constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr double notANumber = std::numeric_limits<double>::quiet_NaN();
 
 CheckedFloat of(double value)
 {

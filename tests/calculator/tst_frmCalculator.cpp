@@ -4,13 +4,14 @@
 #include "Globals.h"
 #include "PrintQt.h"
 #include "ReferenceCalculator.h"
+#include "StandInTool.h"
 
 #include <QFrame>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMdiSubWindow>
-#include <QMenuBar>
+#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTest>
@@ -40,17 +41,17 @@ struct CalculatorWindowTest : testing::Test
     int row() const { return window.control<QListWidget>("listDecimals").currentRow(); }
 };
 
-QStringList listed(const char *told)
+QStringList listed(const char *reported)
 {
-    return QString::fromLatin1(told).split(u',', Qt::SkipEmptyParts);
+    return QString::fromLatin1(reported).split(u',', Qt::SkipEmptyParts);
 }
 
 } // namespace
 
-TEST_P(CalculatorWindowEdgeTest, IsAsTold)
+TEST_P(CalculatorWindowEdgeTest, ShowsAndReports)
 {
     CalculatorWindow window;
-    window.expectTold(listed(GetParam().told));
+    window.expectReports(listed(GetParam().reported));
     window.perform(QString::fromUtf8(GetParam().keys));
     EXPECT_EQ(window.field(), QString::fromLatin1(GetParam().field));
 }
@@ -69,7 +70,7 @@ TEST_F(CalculatorWindowTest, OpensBlankDownAndWithTwoPlaces)
     EXPECT_TRUE(window.control<QLineEdit>("txtresult").hasFocus());
 }
 
-TEST_F(CalculatorWindowTest, ReadsAsGiven)
+TEST_F(CalculatorWindowTest, HasItsCaptions)
 {
     for (int i = 0; i <= 9; ++i)
         EXPECT_EQ(caption("cmddigit", i), QString::number(i));
@@ -151,8 +152,10 @@ TEST_F(CalculatorWindowTest, TabFindsTheOptionThatIsOn)
 
 TEST_F(CalculatorWindowTest, SpaceAndReturnPressTheKeyWithTheFocus)
 {
-    QTest::keyClick(&window.control<QPushButton>("cmddigit", 4), Qt::Key_Space);
-    QTest::keyClick(&window.control<QPushButton>("cmddigit", 2), Qt::Key_Return);
+    window.control<QPushButton>("cmddigit", 4).setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    window.control<QPushButton>("cmddigit", 2).setFocus();
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
     EXPECT_EQ(window.field(), QStringLiteral("42"));
 }
 
@@ -211,7 +214,7 @@ TEST_F(CalculatorWindowTest, TheOptionsExcludeEachOther)
 
 TEST_F(CalculatorWindowTest, TheBoxesReplyIsKept)
 {
-    window.expectTold({QStringLiteral("point")});
+    window.expectReports({QStringLiteral("point")});
     window.perform(QStringLiteral("..."));
     EXPECT_EQ(lastAnswer, QStringLiteral("1"));
 }
@@ -219,7 +222,7 @@ TEST_F(CalculatorWindowTest, TheBoxesReplyIsKept)
 TEST_F(CalculatorWindowTest, TheFieldIsBlankBehindTheErrorBox)
 {
     QString behind = QStringLiteral("not seen");
-    window.suite.dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [&](QMessageBox &box) {
+    window.frame.dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [&](QMessageBox &box) {
         behind = window.field();
         QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
     });
@@ -248,9 +251,6 @@ TEST_F(CalculatorWindowTest, HasTheStandardToolMenu)
                                        QStringLiteral("mnuTileHorizontal Tile &Horizontal"),
                                        QStringLiteral("mnuTileVertical Tile &Vertical"),
                                        QStringLiteral("mnuArrangeIcons Arrange &Icons")}));
-    EXPECT_EQ(window.suite.frame().menuBar()->actions(),
-              QList<QAction *>(
-                  {window.form().menus().at(0)->menuAction(), window.form().menus().at(1)->menuAction()}));
 }
 
 TEST_F(CalculatorWindowTest, ItsMenusCallTheFrame)
@@ -258,29 +258,21 @@ TEST_F(CalculatorWindowTest, ItsMenusCallTheFrame)
     const auto choose = [this](const char *name) {
         window.form().findChild<QAction *>(QString::fromLatin1(name))->trigger();
     };
-    choose("mnuTileVertical");
-    EXPECT_EQ(window.form().parentWidget()->y(), 0);
-    choose("mnuNewQuillWord");
-    EXPECT_EQ(window.suite.active().Caption(), QStringLiteral("Document 2"));
-    window.suite.fatal.expectEnd(EXIT_SUCCESS);
-    choose("mnuexittools");
-}
-
-TEST_F(CalculatorWindowTest, TheToolbarOpensIt)
-{
-    window.closeBy("OKButton");
-    window.suite.press("Calculator");
-    EXPECT_EQ(window.suite.active().Name(), QStringLiteral("frmCalculator"));
+    for (const char *item : {"mnuNewQuillWord", "mnuCascade", "mnuTileHorizontal", "mnuTileVertical",
+                             "mnuArrangeIcons", "mnuexittools"})
+        choose(item);
+    EXPECT_EQ(window.frame.calls().join(u','),
+              QStringLiteral("LoadNewDoc,Arrange 0,Arrange 1,Arrange 2,Arrange 3,mnuFileExit_Click"));
 }
 
 TEST_F(CalculatorWindowTest, OpenedTwiceItIsTheSameWindow)
 {
     window.perform(QStringLiteral("12"));
-    window.suite.choose("mnuFileNew");
+    (new StandInTool(QStringLiteral("frmOther")))->showModeless();
     const frmCalculator *first = &window.form();
     window.open();
     EXPECT_EQ(&window.form(), first);
-    EXPECT_EQ(&window.suite.active(), first);
+    EXPECT_EQ(&window.frame.active(), first);
     EXPECT_EQ(window.field(), QStringLiteral("12"));
 }
 
@@ -320,12 +312,12 @@ TEST_F(CalculatorWindowTest, RandomKeysLeadWhereTheRulesLead)
             step = {CalculatorStep::Action, below(choice > 76 ? 7 : 6), {}};
         else if (choice >= 38)
             step = {CalculatorStep::Point, 0, {}};
-        const qsizetype before = reference.told.size();
+        const qsizetype before = reference.reported.size();
         reference.perform(step);
-        window.expectTold(reference.told.mid(before));
+        window.expectReports(reference.reported.mid(before));
         window.perform(step);
         ASSERT_FALSE(HasFailure()); // a box was not the expected one
         ASSERT_EQ(window.field(), reference.txtresult) << i << ": " << qUtf8Printable(step.describe());
     }
-    EXPECT_EQ(window.suite.dialogs.seen().size(), reference.told.size());
+    EXPECT_EQ(window.frame.dialogs.seen().size(), reference.reported.size());
 }

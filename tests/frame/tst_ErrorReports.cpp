@@ -14,7 +14,7 @@ namespace {
 
 } // namespace
 
-TEST(ErrorReports, ARecoverableErrorIsToldAndWorkGoesOn)
+TEST(ErrorReports, ARecoverableErrorIsShownAndWorkGoesOn)
 {
     DialogDriver dialogs;
     dialogs
@@ -26,14 +26,14 @@ TEST(ErrorReports, ARecoverableErrorIsToldAndWorkGoesOn)
     EXPECT_EQ(lastAnswer, QStringLiteral("1"));
 }
 
-TEST(ErrorReports, ACancelledDialogIsNotTold)
+TEST(ErrorReports, ACancelledDialogIsNotShown)
 {
     const DialogDriver dialogs;
     resumeNext([] { fail(ErrorNumber::DialogCancelled); });
     EXPECT_TRUE(dialogs.seen().isEmpty());
 }
 
-TEST(ErrorReports, IgnoredErrorsAreNotTold)
+TEST(ErrorReports, IgnoredErrorsAreNotShown)
 {
     const DialogDriver dialogs;
     ignoreErrors([] { fail(ErrorNumber::TypeMismatch); });

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr MenuRow rows[] = {
+constexpr MenuRow menuRows[] = {
     {0, "mnuOne", "&One", nullptr, 0, nullptr},
     {1, "mnuOneA", "&A", "Ctrl+Q", 0, "document-new"},
     {1, "mnuOneBar", "-", nullptr, MenuRow::Separator, nullptr},
@@ -19,7 +19,7 @@ constexpr MenuRow rows[] = {
 struct MenuBuilderTest : testing::Test
 {
     QWidget owner;
-    QList<QMenu *> bar = MenuBuilder::build(rows, owner);
+    QList<QMenu *> bar = MenuBuilder::build(menuRows, owner);
     QAction &item(const char *name) const { return *owner.findChild<QAction *>(QString::fromLatin1(name)); }
 };
 

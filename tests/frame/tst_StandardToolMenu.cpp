@@ -12,7 +12,7 @@ namespace Menu = StandardToolMenu;
 
 static_assert(renamed(Menu::Close, "mnuclosehelp", "&Close Help").runs == Menu::Runs::CloseWindow);
 
-constexpr ToolMenuRow rows[] = {
+constexpr ToolMenuRow toolRows[] = {
     Menu::File,
     Menu::NewDocument,
     {{1, "mnuOwn", "&Own", nullptr, 0, nullptr}},
@@ -31,7 +31,7 @@ class ToolWithMenu : public ChildForm
 public:
     ToolWithMenu()
         : ChildForm(QStringLiteral("frmWithMenu"))
-        , m_menus(Menu::build(rows, *this))
+        , m_menus(Menu::build(toolRows, *this))
     {}
     QList<QMenu *> menus() const override { return m_menus; }
 

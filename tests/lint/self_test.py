@@ -44,8 +44,8 @@ class LintTest(unittest.TestCase):
             (self.root / name).unlink()
 
 
-class Arrows(LintTest):
-    lint = 'arrows.py'
+class Links(LintTest):
+    lint = 'links.py'
 
     def test_links_past_the_table_are_refused(self):
         for command in ('target_link_libraries', 'target_include_directories', 'include_directories'):
@@ -66,7 +66,7 @@ class Connects(LintTest):
                        'other, &frmTool::Changed', 'handler'):
             self.assert_refused(f'connect(cmdGo, &QPushButton::clicked, {target});\n', 'bare connect')
 
-    def test_the_line_is_told(self):
+    def test_the_line_is_reported(self):
         self.assert_refused('int a;\n\nvoid f()\n{\n    QObject::connect(a,\n        &A::b,\n        [] {});\n}\n',
                             'bare connect', line=5)
 
@@ -158,16 +158,16 @@ class Events(LintTest):
 class Prompts(LintTest):
     lint = 'prompts.py'
 
-    def test_dialogs_past_the_door_are_refused(self):
+    def test_dialogs_outside_the_prompts_are_refused(self):
         for name in ('QMessageBox', 'QFileDialog', 'QInputDialog', 'QColorDialog', 'QFontDialog', 'QPrintDialog',
                      'QPageSetupDialog'):
             self.assert_refused(f'\nauto reply = {name}::ask(this);\n', name, line=2)
             self.assert_refused(f'#include <{name}>\n', name, name='platform/forms/Form.cpp')
 
-    def test_the_doors_pass(self):
-        for door in ('Prompts', 'CommonDialog'):
-            self.assert_passes('#include <QMessageBox>\n#include <QFileDialog>\n', f'platform/forms/{door}.cpp')
-            self.assert_refused('#include <QMessageBox>\n', 'QMessageBox', name=f'word/{door}.cpp')
+    def test_the_prompts_pass(self):
+        for prompt in ('Prompts', 'CommonDialog'):
+            self.assert_passes('#include <QMessageBox>\n#include <QFileDialog>\n', f'platform/forms/{prompt}.cpp')
+            self.assert_refused('#include <QMessageBox>\n', 'QMessageBox', name=f'word/{prompt}.cpp')
 
     def test_the_error_message_dialog_is_nowhere(self):
         self.assert_refused('QErrorMessage box;\n', 'QErrorMessage', name='platform/forms/Prompts.cpp')
@@ -220,36 +220,55 @@ class Formatting(LintTest):
 
 
 class Layering(LintTest):
-    """Configures a tree of two folders with the project's own build files."""
+    """Configures a small tree of folders with the project's own build files."""
 
-    def configure(self, linking, link):
-        for folder, links in (('platform/core', ''), (linking, f'LINKS {link}')):
-            self.plant(f'src/{folder}/CMakeLists.txt', f'quill_module({links})\n')
+    def configure(self, folders, extra=''):
+        for folder, declaration in folders.items():
+            self.plant(f'src/{folder}/CMakeLists.txt', declaration + '\n')
             self.plant(f'src/{folder}/Empty.cpp', 'int empty();\n')
-        self.plant('CMakeLists.txt', f'''
-            cmake_minimum_required(VERSION 3.25)
-            project(Tree LANGUAGES CXX)
-            include({HERE.parents[1]}/cmake/arrows.cmake)
-            include({HERE.parents[1]}/cmake/quill.cmake)
-            add_subdirectory(src/platform/core)
-            add_subdirectory(src/{linking})
-            ''')
-        command = ['cmake', '-S', str(self.root), '-B', str(self.root / 'build')]
+        self.plant('CMakeLists.txt', '\n'.join([
+            'cmake_minimum_required(VERSION 3.25)',
+            'project(Tree LANGUAGES CXX)',
+            f'include({HERE.parents[1]}/cmake/dependencies.cmake)',
+            f'include({HERE.parents[1]}/cmake/quill.cmake)',
+            extra,
+            *(f'add_subdirectory(src/{folder})' for folder in folders)]))
+        command = ['cmake', '-G', 'Ninja', '-S', str(self.root), '-B', str(self.root / 'build')]
         return subprocess.run(command, capture_output=True, text=True)
 
-    def test_an_arrow_of_the_table_passes(self):
-        found = self.configure('platform/forms', 'platform/core')
+    def assert_configures(self, *tree):
+        found = self.configure(*tree)
         self.assertEqual(found.returncode, 0, found.stderr)
 
-    def test_an_arrow_that_the_table_lacks_is_refused(self):
+    def assert_stops(self, message, *tree):
+        found = self.configure(*tree)
+        self.assertNotEqual(found.returncode, 0)
+        self.assertIn(message, ' '.join(found.stderr.split()))  # CMake breaks the lines of a message
+
+    def test_an_allowed_link_passes(self):
+        self.assert_configures({'platform/core': 'quill_module()', 'platform/forms': 'quill_module(LINKS platform/core)'})
+
+    def test_a_link_that_the_table_lacks_is_refused(self):
         for linking, link in (('platform/archive', 'platform/forms'), ('platform/richtext/rtf', 'Qt6::Widgets'),
                               ('platform/forms', 'platform/controls'), ('word', 'shell')):
             with self.subTest(linking=linking, link=link):
-                found = self.configure(linking, link)
-                self.assertNotEqual(found.returncode, 0)
-                # CMake breaks the lines of a message.
-                self.assertIn(f'{linking} may not link {link}: cmake/arrows.cmake has no such arrow.',
-                              ' '.join(found.stderr.split()))
+                self.assert_stops(f'{linking} may not link {link}: cmake/dependencies.cmake does not allow it.',
+                                  {linking: f'quill_module(LINKS {link})'})
+
+    def test_a_plugin_obeys_the_table(self):
+        self.assert_stops('view/plugin may not link platform/forms: cmake/dependencies.cmake does not allow it.',
+                          {'platform/forms': 'quill_module()', 'view/plugin': 'quill_plugin(LINKS platform/forms)'})
+
+    def test_a_plugin_that_links_its_interface_passes(self):
+        self.assert_configures({'view': 'quill_interface()', 'view/plugin': 'quill_plugin(LINKS view)'},
+                               'quill_allow(view/plugin TO view)')
+
+    def test_a_plugin_that_links_a_static_library_is_refused(self):
+        for declaration in ('quill_plugin', 'quill_interface'):
+            with self.subTest(declaration=declaration):
+                self.assert_stops('view may not link platform/forms: its statics would come twice',
+                                  {'platform/forms': 'quill_module()', 'view': f'{declaration}(LINKS platform/forms)'},
+                                  'quill_allow(view TO platform/forms)')
 
 
 if __name__ == '__main__':

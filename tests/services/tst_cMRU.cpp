@@ -1,4 +1,5 @@
 #include "ErrorNumberOf.h"
+#include "HostileNames.h"
 #include "PrintQt.h"
 #include "ScratchHome.h"
 #include "cMRU.h"
@@ -146,6 +147,18 @@ TEST_F(MruStorageTest, ComesBackAsItWasStored)
     other.DeSerialise(registry);
     EXPECT_EQ(other.MaxCount(), 7);
     EXPECT_EQ(itemsOf(other), itemsOf(list));
+}
+
+TEST_F(MruStorageTest, AnyNameComesBack)
+{
+    cMRU list;
+    for (const HostileName &name : HostileNames::texts())
+        list.Add(u'/' + name.text());
+    list.Serialise(registry);
+    cMRU other;
+    other.DeSerialise(registry);
+    EXPECT_EQ(itemsOf(other), itemsOf(list));
+    EXPECT_EQ(other.Count(), HostileNames::texts().size());
 }
 
 TEST_F(MruStorageTest, TheNumbersAndItemsHaveTheirNames)

@@ -5,6 +5,7 @@
 #include "ToolOpenings.h"
 #include "frmOptions.h"
 
+#include <QMenuBar>
 #include <gtest/gtest.h>
 
 namespace {
@@ -34,6 +35,17 @@ TEST_F(ToolOpeningsTest, ASingleInstanceToolOpensOnce)
         EXPECT_EQ(loaded(row.window), 1) << row.command;
         suite.active().unload();
     }
+}
+
+TEST_F(ToolOpeningsTest, TheToolbarOpensTheCalculatorWithItsMenus)
+{
+    suite.press("Calculator");
+    EXPECT_EQ(suite.active().Name(), QStringLiteral("frmCalculator"));
+    QList<QAction *> menus;
+    for (const QMenu *menu : dynamic_cast<ChildForm &>(suite.active()).menus())
+        menus << menu->menuAction();
+    EXPECT_EQ(menus.size(), 2);
+    EXPECT_EQ(suite.frame().menuBar()->actions(), menus);
 }
 
 TEST_F(ToolOpeningsTest, TheDiallerStartsAfreshInEachMode)

@@ -1,6 +1,7 @@
 #include "Forms.h"
 #include "FrameButtons.h"
 #include "Globals.h"
+#include "HostileNames.h"
 #include "MdiArea.h"
 #include "RunningSuite.h"
 #include "StandInTool.h"
@@ -195,6 +196,18 @@ TEST_F(FrameTest, TheActiveChildsMenusTakeTheBar)
     EXPECT_TRUE(barHasFrameMenus());
     closeAllDocuments();
     EXPECT_TRUE(barHasFrameMenus());
+}
+
+TEST_F(FrameTest, TheWindowMenuListsAnyCaption)
+{
+    QMenu *menu = suite.item("mnuWindow").menu();
+    for (const HostileName &name : HostileNames::texts()) {
+        suite.active().setCaption(name.text());
+        Q_EMIT menu->aboutToShow();
+        EXPECT_EQ(menu->actions().constLast()->text(),
+                  QStringLiteral("&1 ") + name.text().replace(u'&', QLatin1String("&&")))
+            << name.what;
+    }
 }
 
 TEST_F(FrameTest, TheWindowMenuListsTheChildren)

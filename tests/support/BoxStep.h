@@ -14,7 +14,7 @@ public:
     BoxStep &icon(QMessageBox::Icon icon);
     BoxStep &buttons(QMessageBox::StandardButtons buttons);
     BoxStep &defaultButton(QMessageBox::StandardButton button);
-    /// OK, unless told otherwise.
+    /// OK by default.
     BoxStep &press(QMessageBox::StandardButton button);
 
     bool matches(const QWidget &window) const override;

@@ -30,7 +30,7 @@ public:
     /// The codes that the process would have ended with, errors included.
     const QList<int> &ends() const { return m_ends; }
 
-    /// Every fatal error and every end fails the running test; so it is wherever no FatalErrors stands.
+    /// Every fatal error and every end fails the running test, as they do without a FatalErrors.
     static void refuseAll();
 
 private:

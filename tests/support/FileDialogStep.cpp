@@ -73,7 +73,7 @@ void FileDialogStep::answer(QWidget &window) const
         return;
     }
     edit->setText(*m_name);
-    // Not the button: it is disabled for a name that is missing, which the dialog has to tell of.
+    // Not the button: it is disabled for a missing name, which the dialog has to report.
     QTest::keyClick(edit, Qt::Key_Return);
 }
 

@@ -17,7 +17,7 @@ public:
     /// Without the dot.
     FileDialogStep &defaultSuffix(const QString &suffix);
     FileDialogStep &folder(const QString &folder);
-    /// The name that stands in the dialog when it comes up.
+    /// The name that is in the dialog when it comes up.
     FileDialogStep &suggests(const QString &name);
     FileDialogStep &accept(const QString &name);
     FileDialogStep &cancel();

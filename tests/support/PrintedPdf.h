@@ -4,14 +4,14 @@
 #include <QRectF>
 #include <QStringList>
 
-/// What stands on the pages of a PDF file, as other programs read it. Lengths are points, from the top left
+/// What is on the pages of a PDF file, as other programs read it. Lengths are points, from the top left
 /// corner of the paper.
 class PrintedPdf
 {
 public:
     explicit PrintedPdf(const QString &path);
 
-    /// The text of each page, laid out as it stands there.
+    /// The text of each page, laid out as on the page.
     QStringList pages() const;
     /// Of the first such word. Empty when there is none.
     QRectF placeOf(const QString &word) const;

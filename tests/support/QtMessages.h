@@ -7,7 +7,8 @@ namespace QtMessages {
 
 void install();
 
-/// Lets warnings that contain \a part pass until the end of the process.
+/// Lets warnings that contain \a part pass until the end of the test.
 void expect(const QString &part);
+void expectNone();
 
 } // namespace QtMessages

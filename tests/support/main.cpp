@@ -1,8 +1,18 @@
 #include "FatalErrors.h"
 #include "QtMessages.h"
+#include "TestFile.h"
+#include "TestIsolation.h"
 
 #include <QApplication>
+#include <cstdio>
+#include <cstdlib>
 #include <gtest/gtest.h>
+
+namespace {
+
+constexpr int skippedCode = 77; // ctest lists the file as skipped
+
+} // namespace
 
 /// Runs the tests of one program inside a QApplication, offscreen unless a test asked for another platform.
 int main(int argc, char **argv)
@@ -15,5 +25,12 @@ int main(int argc, char **argv)
     QApplication application(argc, argv);
     QtMessages::install();
     FatalErrors::refuseAll();
-    return RUN_ALL_TESTS();
+    TestIsolation::install();
+    if (!TestFile::select(QCoreApplication::arguments())) {
+        std::fputs("no test is in the given file\n", stderr);
+        return EXIT_FAILURE;
+    }
+    const int result = RUN_ALL_TESTS();
+    const bool isSkipped = testing::UnitTest::GetInstance()->skipped_test_count() > 0;
+    return result == EXIT_SUCCESS && isSkipped ? skippedCode : result;
 }

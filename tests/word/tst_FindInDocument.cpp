@@ -1,3 +1,4 @@
+#include "FindWords.h"
 #include "Form.h"
 #include "Paths.h"
 #include "RunningSuite.h"
@@ -13,11 +14,6 @@
 // Find and replace as a person meets it: in a document of the running suite.
 
 namespace {
-
-QString latin(const char *text)
-{
-    return QString::fromLatin1(text);
-}
 
 struct FindInDocumentTest : testing::Test
 {

@@ -1,5 +1,5 @@
 #include "DialogDriver.h"
-#include "FindFlag.h"
+#include "FindWords.h"
 #include "LiteralLoop.h"
 #include "PrintQt.h"
 #include "RichTextBox.h"
@@ -16,13 +16,6 @@
 // Replacing in rich text: formats, undo, tables.
 
 namespace {
-
-constexpr int down = FindFlag::Down;
-
-QString latin(const char *text)
-{
-    return QString::fromLatin1(text);
-}
 
 struct ReplaceTest : testing::Test
 {
@@ -100,7 +93,7 @@ void replaceLiterally(RichTextBox &box, const QString &wanted, const QString &re
 }
 
 /// One case: a text whose letters are bold here and there, and what to do with it.
-struct Job
+struct ReplaceJob
 {
     QString text;
     QList<int> bold;
@@ -110,7 +103,7 @@ struct Job
     QString replacement;
     int flags;
 
-    explicit Job(QRandomGenerator &random)
+    explicit ReplaceJob(QRandomGenerator &random)
     {
         const auto some = [&random](int least, int most) {
             QString result;
@@ -162,7 +155,7 @@ TEST_F(ReplaceTest, LeavesWhatTheLoopLeavesAndIsOneUndoStep)
     RichTextBox literal;
     int compared = 0;
     for (int i = 0; i < 1500; ++i) {
-        const Job job(random);
+        const ReplaceJob job(random);
         if (!job.ends())
             continue;
         SCOPED_TRACE(testing::PrintToString(QStringList{job.text, job.wanted, job.replacement}));

@@ -1,4 +1,4 @@
-#include "FindFlag.h"
+#include "FindWords.h"
 #include "LiteralLoop.h"
 #include "PrintQt.h"
 #include "ReplaceAllPlan.h"
@@ -7,11 +7,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-constexpr int up = 0;
-constexpr int down = FindFlag::Down;
-constexpr int matchCase = FindFlag::MatchCase;
-constexpr int wholeWord = FindFlag::WholeWord;
 
 struct Job
 {
@@ -100,11 +95,6 @@ bool holdsFindText(const Job &job)
 {
     return job.replacement.contains(job.wanted,
                                     job.flags & matchCase ? Qt::CaseSensitive : Qt::CaseInsensitive);
-}
-
-QString latin(const char *text)
-{
-    return QString::fromLatin1(text);
 }
 
 } // namespace

@@ -1,4 +1,4 @@
-#include "FindFlag.h"
+#include "FindWords.h"
 #include "LiteralLoop.h"
 #include "PrintQt.h"
 #include "TextSearch.h"
@@ -25,11 +25,6 @@ namespace {
 
 using TextSearch::Hit;
 using TextSearch::Word;
-
-constexpr int up = 0;
-constexpr int down = FindFlag::Down;
-constexpr int matchCase = FindFlag::MatchCase;
-constexpr int wholeWord = FindFlag::WholeWord;
 
 QString utf(const char *text)
 {

@@ -1,5 +1,5 @@
 #include "DialogDriver.h"
-#include "FindFlag.h"
+#include "FindWords.h"
 #include "LiteralLoop.h"
 #include "Paths.h"
 #include "PrintQt.h"
@@ -16,16 +16,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-constexpr int up = 0;
-constexpr int down = FindFlag::Down;
-constexpr int matchCase = FindFlag::MatchCase;
-constexpr int wholeWord = FindFlag::WholeWord;
-
-QString latin(const char *text)
-{
-    return QString::fromLatin1(text);
-}
 
 /// A window with a text, the object, and what it tells.
 struct FindTest : testing::Test

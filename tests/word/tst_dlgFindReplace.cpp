@@ -1,4 +1,4 @@
-#include "FindFlag.h"
+#include "FindWords.h"
 #include "PrintQt.h"
 #include "dlgFindReplace.h"
 
@@ -13,11 +13,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-QString latin(const char *text)
-{
-    return QString::fromLatin1(text);
-}
 
 /// The dialog over a window of its own, and what it asks for.
 struct FindDialogTest : testing::Test
@@ -60,8 +55,6 @@ struct FindDialogTest : testing::Test
         return requests.size() == 1 ? requests.constFirst().flags : -1;
     }
 };
-
-constexpr int down = FindFlag::Down;
 
 } // namespace
 

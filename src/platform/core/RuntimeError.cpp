@@ -19,6 +19,8 @@ QString platformText(int number)
         return QStringLiteral("Division by zero");
     case ErrorNumber::TypeMismatch:
         return QStringLiteral("Type mismatch");
+    case ErrorNumber::ModuleNotLoaded:
+        return QStringLiteral("Error in loading DLL");
     case ErrorNumber::FileNotFound:
         return QStringLiteral("File not found");
     case ErrorNumber::DeviceIoError:

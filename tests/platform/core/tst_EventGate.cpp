@@ -12,6 +12,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QTextEdit>
+#include <QTimer>
 #include <gtest/gtest.h>
 
 namespace {

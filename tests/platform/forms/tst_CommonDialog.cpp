@@ -2,6 +2,7 @@
 #include "DialogDriver.h"
 #include "ErrorNumberOf.h"
 #include "Files.h"
+#include "HostileNames.h"
 #include "PrintQt.h"
 #include "ScratchHome.h"
 
@@ -117,6 +118,25 @@ TEST_F(CommonDialogTest, AsksBeforeItTakesANameThatExists)
     dialog.ShowSave();
     EXPECT_EQ(dialog.FileName, path);
     EXPECT_EQ(Files::read(path), QByteArray("x"));
+}
+
+TEST_F(CommonDialogTest, OpensAndAsksAboutAnyName)
+{
+    for (const HostileName &name : HostileNames::files()) {
+        const QString file = name.text() + QStringLiteral(".rtf");
+        const QString path = home.file(file);
+        Files::write(path, "x");
+        dialogs.expectFileDialog(title).accept(file);
+        dialog.ShowOpen();
+        EXPECT_EQ(dialog.FileName, path) << name.what;
+        dialog.FileName.clear();
+        dialog.Flags = CommonDialog::OverwritePrompt;
+        dialogs.expectFileDialog(title).accept(file);
+        expectQuestion(QStringLiteral("%1 already exists.\nDo you want to replace it?").arg(file),
+                       QMessageBox::Yes);
+        dialog.ShowSave();
+        EXPECT_EQ(dialog.FileName, path) << name.what;
+    }
 }
 
 TEST_F(CommonDialogTest, TakesANameThatExistsWithoutAskingWhereNotTold)

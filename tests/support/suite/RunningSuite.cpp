@@ -24,8 +24,6 @@ RunningSuite::RunningSuite()
 RunningSuite::~RunningSuite()
 {
     delete mainFrame();
-    freshDocument = false;
-    lastAnswer.clear();
 }
 
 MainFrame *RunningSuite::mainFrame()

@@ -3,6 +3,7 @@
 #include "DialogDriver.h"
 #include "FatalErrors.h"
 #include "RichTextBox.h"
+#include "ScratchGlobals.h"
 #include "ScratchHome.h"
 #include "frmMain.h"
 
@@ -27,6 +28,7 @@ public:
     void type(const QString &words) const;
 
     ScratchHome home;
+    ScratchGlobals globals;
     FatalErrors fatal;
     DialogDriver dialogs;
 

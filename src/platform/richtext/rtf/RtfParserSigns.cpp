@@ -5,33 +5,33 @@
 
 namespace {
 
-struct Sign
+struct SignWord
 {
     RtfWord word;
     char16_t character;
 };
 
-constexpr auto signs = std::to_array<Sign>({{RtfWord::Tab, u'\t'},
-                                            {RtfWord::Line, QChar::LineSeparator},
-                                            {RtfWord::ClearedLine, QChar::LineSeparator},
-                                            {RtfWord::SoftLine, QChar::LineSeparator},
-                                            {RtfWord::ColumnBreak, QChar::LineSeparator},
-                                            {RtfWord::EmDash, 0x2014},
-                                            {RtfWord::EnDash, 0x2013},
-                                            {RtfWord::Bullet, 0x2022},
-                                            {RtfWord::LeftQuote, 0x2018},
-                                            {RtfWord::RightQuote, 0x2019},
-                                            {RtfWord::LeftDoubleQuote, 0x201C},
-                                            {RtfWord::RightDoubleQuote, 0x201D},
-                                            {RtfWord::EmSpace, 0x2003},
-                                            {RtfWord::EnSpace, 0x2002},
-                                            {RtfWord::QuarterEmSpace, 0x2005},
-                                            {RtfWord::Joiner, 0x200D},
-                                            {RtfWord::NonJoiner, 0x200C},
-                                            {RtfWord::BreakOpportunity, 0x200B},
-                                            {RtfWord::NoBreakOpportunity, 0x2060},
-                                            {RtfWord::LeftToRightMark, 0x200E},
-                                            {RtfWord::RightToLeftMark, 0x200F}});
+constexpr auto signs = std::to_array<SignWord>({{RtfWord::Tab, u'\t'},
+                                                {RtfWord::Line, QChar::LineSeparator},
+                                                {RtfWord::ClearedLine, QChar::LineSeparator},
+                                                {RtfWord::SoftLine, QChar::LineSeparator},
+                                                {RtfWord::ColumnBreak, QChar::LineSeparator},
+                                                {RtfWord::EmDash, 0x2014},
+                                                {RtfWord::EnDash, 0x2013},
+                                                {RtfWord::Bullet, 0x2022},
+                                                {RtfWord::LeftQuote, 0x2018},
+                                                {RtfWord::RightQuote, 0x2019},
+                                                {RtfWord::LeftDoubleQuote, 0x201C},
+                                                {RtfWord::RightDoubleQuote, 0x201D},
+                                                {RtfWord::EmSpace, 0x2003},
+                                                {RtfWord::EnSpace, 0x2002},
+                                                {RtfWord::QuarterEmSpace, 0x2005},
+                                                {RtfWord::Joiner, 0x200D},
+                                                {RtfWord::NonJoiner, 0x200C},
+                                                {RtfWord::BreakOpportunity, 0x200B},
+                                                {RtfWord::NoBreakOpportunity, 0x2060},
+                                                {RtfWord::LeftToRightMark, 0x200E},
+                                                {RtfWord::RightToLeftMark, 0x200F}});
 
 } // namespace
 
@@ -60,6 +60,6 @@ void RtfParser::sign(RtfWord word)
         return m_body.noteReference(state().characters);
     default:
         character(
-            std::find_if(signs.begin(), signs.end(), [&](Sign s) { return s.word == word; })->character);
+            std::find_if(signs.begin(), signs.end(), [&](SignWord s) { return s.word == word; })->character);
     }
 }

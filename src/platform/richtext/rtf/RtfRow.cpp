@@ -2,7 +2,7 @@
 
 namespace {
 
-constexpr int usualWidth = 1440;
+constexpr int usualCellWidth = 1440;
 
 } // namespace
 
@@ -11,7 +11,7 @@ void RtfRow::ensureCells(size_t count)
     const size_t described = cells.size();
     const int last = described == 0 ? left : cells.back().edge;
     const int before = described < 2 ? left : cells[described - 2].edge;
-    const int width = described == 0 ? usualWidth : qMax(1, last - before);
+    const int width = described == 0 ? usualCellWidth : qMax(1, last - before);
     for (size_t i = described; i < count; ++i) {
         Cell cell;
         cell.edge = last + width * int(i - described + 1);

@@ -13,22 +13,22 @@ namespace {
 constexpr int mostWords = 256;  // a row that is longer is no one's
 constexpr int farthest = 32767; // twips
 
-struct Row
+struct Spelling
 {
     RtfWord word;
     const char *spelling;
 };
-constexpr auto spellings = std::to_array<Row>({{RtfWord::TabStop, "tx"},
-                                               {RtfWord::BarTab, "tb"},
-                                               {RtfWord::TabRight, "tqr"},
-                                               {RtfWord::TabCenter, "tqc"},
-                                               {RtfWord::TabDecimal, "tqdec"},
-                                               {RtfWord::TabDots, "tldot"},
-                                               {RtfWord::TabMiddleDots, "tlmdot"},
-                                               {RtfWord::TabHyphens, "tlhyph"},
-                                               {RtfWord::TabUnderline, "tlul"},
-                                               {RtfWord::TabThickLine, "tlth"},
-                                               {RtfWord::TabEquals, "tleq"}});
+constexpr auto spellings = std::to_array<Spelling>({{RtfWord::TabStop, "tx"},
+                                                    {RtfWord::BarTab, "tb"},
+                                                    {RtfWord::TabRight, "tqr"},
+                                                    {RtfWord::TabCenter, "tqc"},
+                                                    {RtfWord::TabDecimal, "tqdec"},
+                                                    {RtfWord::TabDots, "tldot"},
+                                                    {RtfWord::TabMiddleDots, "tlmdot"},
+                                                    {RtfWord::TabHyphens, "tlhyph"},
+                                                    {RtfWord::TabUnderline, "tlul"},
+                                                    {RtfWord::TabThickLine, "tlth"},
+                                                    {RtfWord::TabEquals, "tleq"}});
 
 bool hasPlace(int row)
 {
@@ -41,7 +41,7 @@ bool hasPlace(int row)
 bool RtfTabStops::apply(const RtfToken &token, int &row)
 {
     const auto *known =
-        std::find_if(spellings.begin(), spellings.end(), [&](Row r) { return r.word == token.word; });
+        std::find_if(spellings.begin(), spellings.end(), [&](Spelling r) { return r.word == token.word; });
     if (known == spellings.end())
         return false;
     Entry entry;

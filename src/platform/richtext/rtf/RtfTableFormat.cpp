@@ -10,7 +10,7 @@
 
 namespace {
 
-double pixels(int twips)
+double toPixels(int twips)
 {
     return Twips::toPixels(twips, ParagraphFormat::layoutDpi());
 }
@@ -26,7 +26,7 @@ void setBorder(QTextTableFormat &format, const RtfTable &table, const RtfTableGr
         if (row.borderStyle == 0)
             continue;
         const QColor color = colors.color(row.borderColor);
-        format.setBorder(qMax(1.0, pixels(row.borderWidth)));
+        format.setBorder(qMax(1.0, toPixels(row.borderWidth)));
         format.setBorderStyle(QTextFrameFormat::BorderStyle(row.borderStyle));
         format.setBorderBrush(color.isValid() ? color : QColor(Qt::black));
         format.setBorderCollapse(true);
@@ -56,15 +56,15 @@ QTextTableFormat RtfTableFormat::table(const RtfTable &table, const RtfTableGrid
     QList<QTextLength> widths;
     for (size_t i = 1; i < grid.edges.size(); ++i) {
         edges.append(QString::number(grid.edges[i]));
-        const double width = pixels(grid.edges[i]) - pixels(grid.edges[i - 1]);
+        const double width = toPixels(grid.edges[i]) - toPixels(grid.edges[i - 1]);
         widths.append(QTextLength(QTextLength::FixedLength, qMax(1.0, width)));
     }
     format.setColumnWidthConstraints(widths);
     format.setProperty(RichTextProperty::RowTwips, edges.join(u' '));
     format.setCellSpacing(0);
-    format.setCellPadding(pixels(first.gap));
+    format.setCellPadding(toPixels(first.gap));
     if (grid.edges.front() > 0)
-        format.setLeftMargin(pixels(grid.edges.front()));
+        format.setLeftMargin(toPixels(grid.edges.front()));
     if (first.alignment != 0)
         format.setAlignment(Qt::Alignment(first.alignment));
     if (first.isRightToLeft)

@@ -75,19 +75,19 @@ TEST(RtfReaderDamage, DeepDestinations)
     EXPECT_GT(notes.document().toRawText().count(u'a'), 900);
 }
 
-struct Row
+struct DamageRow
 {
     const char *name;
     QByteArray rtf;
     const char *text;
 };
 
-void PrintTo(const Row &row, std::ostream *out)
+void PrintTo(const DamageRow &row, std::ostream *out)
 {
     *out << row.name;
 }
 
-class RtfReaderOddities : public testing::TestWithParam<Row>
+class RtfReaderOddities : public testing::TestWithParam<DamageRow>
 {};
 
 TEST_P(RtfReaderOddities, Reads)
@@ -95,7 +95,7 @@ TEST_P(RtfReaderOddities, Reads)
     EXPECT_EQ(textOf(GetParam().rtf), GetParam().text);
 }
 
-const Row rows[] = {
+const DamageRow damageRows[] = {
     {"Nothing", "", ""},
     {"OnlyBraces", "{}", ""},
     {"StrayBraces", "}}{\\rtf1 a}}}b", ""},
@@ -117,7 +117,7 @@ const Row rows[] = {
     {"NestedTablesWithoutTable", "{\\rtf1\\itap999999 a\\par\\pard b}", "a|b"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, RtfReaderOddities, testing::ValuesIn(rows),
+INSTANTIATE_TEST_SUITE_P(Rows, RtfReaderOddities, testing::ValuesIn(damageRows),
                          [](const auto &row) { return row.param.name; });
 
 TEST(RtfReaderDamage, ManyWordsOfOneKind)

@@ -41,19 +41,19 @@ std::string look(const QTextCharFormat &format)
     return look.join(u' ').toStdString();
 }
 
-struct Row
+struct FormattedRow
 {
     const char *name;
     const char *body; ///< the run that is looked at begins with X
     const char *look;
 };
 
-void PrintTo(const Row &row, std::ostream *out)
+void PrintTo(const FormattedRow &row, std::ostream *out)
 {
     *out << row.body;
 }
 
-class RtfReaderCharacters : public testing::TestWithParam<Row>
+class RtfReaderCharacters : public testing::TestWithParam<FormattedRow>
 {};
 
 TEST_P(RtfReaderCharacters, Reads)
@@ -65,7 +65,7 @@ TEST_P(RtfReaderCharacters, Reads)
     EXPECT_EQ(look(read.formatOf(QStringLiteral("X"))), GetParam().look);
 }
 
-const Row rows[] = {
+const FormattedRow formattedRows[] = {
     {"Plain", "X", "Serif 12"},
     {"Bold", "\\b X", "bold Serif 12"},
     {"BoldOff", "\\b a\\b0 X", "Serif 12"},
@@ -122,7 +122,7 @@ const Row rows[] = {
     {"LinkEnds", "{\\field{\\*\\fldinst HYPERLINK \"f\"}{\\fldrslt a}}X", "Serif 12"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, RtfReaderCharacters, testing::ValuesIn(rows),
+INSTANTIATE_TEST_SUITE_P(Rows, RtfReaderCharacters, testing::ValuesIn(formattedRows),
                          [](const auto &row) { return row.param.name; });
 
 TEST(RtfReaderFonts, OfAllShapesOfTables)

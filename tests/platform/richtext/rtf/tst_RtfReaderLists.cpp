@@ -154,19 +154,19 @@ TEST(RtfReaderLists, MarksWithSeveralTabs)
     EXPECT_EQ(textOf(listed("{\\pntext\\tab V\\tab\\tab}{\\*\\pn\\pnlvlbody\\pndec}one\\par")), "one");
 }
 
-struct Row
+struct ListRow
 {
     const char *name;
     const char *words;
     QTextListFormat::Style style;
 };
 
-void PrintTo(const Row &row, std::ostream *out)
+void PrintTo(const ListRow &row, std::ostream *out)
 {
     *out << row.words;
 }
 
-class RtfReaderOldNumbers : public testing::TestWithParam<Row>
+class RtfReaderOldNumbers : public testing::TestWithParam<ListRow>
 {};
 
 TEST_P(RtfReaderOldNumbers, Reads)
@@ -181,7 +181,7 @@ TEST_P(RtfReaderOldNumbers, Reads)
     EXPECT_EQ(format.intProperty(RichTextProperty::ListStart), 3);
 }
 
-const Row rows[] = {
+const ListRow listRows[] = {
     {"Decimal", "\\pndec", QTextListFormat::ListDecimal},
     {"UpperLetters", "\\pnucltr", QTextListFormat::ListUpperAlpha},
     {"LowerLetters", "\\pnlcltr", QTextListFormat::ListLowerAlpha},
@@ -189,7 +189,7 @@ const Row rows[] = {
     {"LowerRoman", "\\pnlcrm", QTextListFormat::ListLowerRoman},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, RtfReaderOldNumbers, testing::ValuesIn(rows),
+INSTANTIATE_TEST_SUITE_P(Rows, RtfReaderOldNumbers, testing::ValuesIn(listRows),
                          [](const auto &row) { return row.param.name; });
 
 } // namespace

@@ -33,7 +33,7 @@ std::string lookOf(const ReadDocument &read, const char16_t *text)
     return look.toStdString();
 }
 
-struct Row
+struct ScriptTextRow
 {
     const char *name;
     const char *body;
@@ -41,12 +41,12 @@ struct Row
     const char *look;
 };
 
-void PrintTo(const Row &row, std::ostream *out)
+void PrintTo(const ScriptTextRow &row, std::ostream *out)
 {
     *out << row.body;
 }
 
-class RtfReaderScripts : public testing::TestWithParam<Row>
+class RtfReaderScripts : public testing::TestWithParam<ScriptTextRow>
 {};
 
 TEST_P(RtfReaderScripts, Reads)
@@ -65,7 +65,7 @@ const char *const thai = "{\\rtlch\\afs36\\ab\\af3 \\ltrch\\hich\\af1\\loch\\f1\
 const char *const oldJapanese = "{\\fs21\\loch\\af0\\hich\\af0\\dbch\\f1 \\u26085\\'3f}";
 const char *const rightToLeft = "{\\ltrch\\fcs0 \\af0\\afs20 \\rtlch\\fcs1 \\f1\\fs36\\b \\u1513?, 12}";
 
-const Row rows[] = {
+const ScriptTextRow scriptTextRows[] = {
     {"Latin", latin, u"lat", "Sans 10 italic"},
     {"EastAsian", japanese, u"\u65E5", "A 18 bold"},
     {"BlankInEastAsian", japanese, u" ", "A 18 bold"},
@@ -88,7 +88,7 @@ const Row rows[] = {
     {"NoneInNotes", "{\\dbch\\afs36\\dbch \\u26085?{\\footnote x}}", u"x", "Serif 12"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, RtfReaderScripts, testing::ValuesIn(rows),
+INSTANTIATE_TEST_SUITE_P(Rows, RtfReaderScripts, testing::ValuesIn(scriptTextRows),
                          [](const auto &row) { return row.param.name; });
 
 TEST(RtfReaderScriptBytes, AreInTheCodePageOfTheirOwnFont)

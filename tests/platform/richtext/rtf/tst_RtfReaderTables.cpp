@@ -34,19 +34,19 @@ std::string cellsOf(const QTextTable &table)
     return cells.join(QStringLiteral("; ")).toStdString();
 }
 
-struct Row
+struct TableRow
 {
     const char *name;
     const char *body;
     const char *cells;
 };
 
-void PrintTo(const Row &row, std::ostream *out)
+void PrintTo(const TableRow &row, std::ostream *out)
 {
     *out << row.body;
 }
 
-class RtfReaderTable : public testing::TestWithParam<Row>
+class RtfReaderTable : public testing::TestWithParam<TableRow>
 {};
 
 TEST_P(RtfReaderTable, Reads)
@@ -56,7 +56,7 @@ TEST_P(RtfReaderTable, Reads)
     EXPECT_EQ(cellsOf(*tableOf(read)), GetParam().cells);
 }
 
-const Row rows[] = {
+const TableRow tableRows[] = {
     {"TwoRows",
      "\\trowd\\cellx1000\\cellx2000\\intbl a\\cell b\\cell\\row\\trowd\\cellx1000\\cellx2000 c\\cell "
      "d\\cell\\row",
@@ -98,7 +98,7 @@ const Row rows[] = {
      "0,0 a; 0,1 b; 0,2 c"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, RtfReaderTable, testing::ValuesIn(rows),
+INSTANTIATE_TEST_SUITE_P(Rows, RtfReaderTable, testing::ValuesIn(tableRows),
                          [](const auto &row) { return row.param.name; });
 
 TEST(RtfReaderTables, StandBetweenParagraphs)

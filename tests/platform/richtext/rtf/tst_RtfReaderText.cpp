@@ -5,19 +5,19 @@
 
 namespace {
 
-struct Row
+struct ReadRow
 {
     const char *name;
     const char *body;
     const char *text;
 };
 
-void PrintTo(const Row &row, std::ostream *out)
+void PrintTo(const ReadRow &row, std::ostream *out)
 {
     *out << row.body;
 }
 
-class RtfReaderText : public testing::TestWithParam<Row>
+class RtfReaderText : public testing::TestWithParam<ReadRow>
 {};
 
 TEST_P(RtfReaderText, Reads)
@@ -25,12 +25,12 @@ TEST_P(RtfReaderText, Reads)
     EXPECT_EQ(textOf(framed(GetParam().body)), GetParam().text);
 }
 
-std::string nameOf(const testing::TestParamInfo<Row> &info)
+std::string nameOf(const testing::TestParamInfo<ReadRow> &info)
 {
     return info.param.name;
 }
 
-const Row paragraphs[] = {
+const ReadRow paragraphs[] = {
     {"Nothing", "", ""},
     {"LastEndAddsNoParagraph", "a\\par b\\par", "a|b"},
     {"LastParagraphWithoutEnd", "a\\par b", "a|b"},
@@ -45,7 +45,7 @@ const Row paragraphs[] = {
     {"DeletedEndJoins", "a{\\deleted x\\par}b{\\revised c}", "abc"},
 };
 
-const Row signsAndBytes[] = {
+const ReadRow signsAndBytes[] = {
     {"Escapes", "\\{a\\}\\\\", "{a}\\"},
     {"Hyphens", "a\\-b\\_c\\~d", "a\u00ADb\u2011c\u00A0d"},
     {"Dashes", "\\emdash\\endash\\bullet", "\u2014\u2013\u2022"},
@@ -61,7 +61,7 @@ const Row signsAndBytes[] = {
     {"DateOfToday", "a\\chdate\\chtime b", "ab"},
 };
 
-const Row unicode[] = {
+const ReadRow unicode[] = {
     {"Fallback", "\\u8364?x", "\u20ACx"},
     {"FallbackByte", "\\u8364\\'80x", "\u20ACx"},
     {"FallbackOfTwo", "\\uc2\\u12354\\'82\\'a0x", "\u3042x"},
@@ -83,7 +83,7 @@ const Row unicode[] = {
     {"BothForms", "a{\\upr{x{y}}{\\*\\ud{\\u8364?}}}b", "a\u20ACb"},
 };
 
-const Row groups[] = {
+const ReadRow groups[] = {
     {"UnknownDestination", "a{\\*\\foo b{c}\\bin2 }}d}e", "ae"},
     {"UnknownGroup", "a{\\foo b{c}}d", "abcd"},
     {"BinaryOfText", "a\\bin3 }}}b", "ab"},
@@ -97,7 +97,7 @@ const Row groups[] = {
     {"Math", "{\\mmath{\\*\\moMath{\\mr x}{\\*\\mf{\\*\\mnum{\\mr 1}}{\\*\\mden{\\mr 2}}}}}", "x12"},
 };
 
-const Row fields[] = {
+const ReadRow fields[] = {
     {"Result", "{\\field{\\*\\fldinst PAGE}{\\fldrslt 7}}", "7"},
     {"NoResult", "a{\\field{\\*\\fldinst TIME}}b", "ab"},
     {"InstructionInGroups", "{\\field{\\*\\fldinst{\\b HYPER}{LINK \"u\"}}{\\fldrslt{t}}}", "t"},
@@ -106,7 +106,7 @@ const Row fields[] = {
     {"SymbolOfText", "{\\field{\\*\\fldinst SYMBOL 0x80}{\\fldrslt}}", "\u20AC"},
 };
 
-const Row notes[] = {
+const ReadRow notes[] = {
     {"WithReference", "a{\\super\\chftn{\\footnote\\pard{\\super\\chftn} n}}b\\par c\\par", "a1b|c|1 n"},
     {"WithoutReference", "a{\\footnote n}b", "a1b|1 n"},
     {"Two", "a{\\footnote m}b{\\footnote\\ftnalt n}", "a1b2|1 m|2 n"},
@@ -116,7 +116,7 @@ const Row notes[] = {
     {"NoteInANote", "a{\\footnote m{\\footnote n}}", "a1|2 n|1 m2"},
 };
 
-const Row shapes[] = {
+const ReadRow shapes[] = {
     {"Text", "a{\\shp{\\*\\shpinst\\shpleft0{\\sp{\\sn x}{\\sv 1}}{\\shptxt b\\par c\\par}}{\\shprslt z}}d",
      "a|b|c|d"},
     {"AtTheStart", "{\\shp{\\*\\shpinst{\\shptxt b}}}d\\par", "b|d"},
@@ -124,7 +124,7 @@ const Row shapes[] = {
     {"OnlyResult", "{\\shp{\\shprslt b}}a", "ba"},
 };
 
-const Row fallingOut[] = {
+const ReadRow fallingOut[] = {
     {"CellOutsideATable", "a\\cell b\\row c", "a|b|c"},
     {"InTableWithoutATable", "\\intbl a\\par\\pard b", "a|b"},
     {"Label", "{\\listtext 1.\\tab}a\\par", "1.\ta"},

@@ -1,4 +1,4 @@
-"""roads.py PROGRAM ROAD: walks one road through the suite."""
+"""scenarios.py PROGRAM SCENARIO: one run through the suite, as a user works with it."""
 import os
 import sys
 
@@ -102,7 +102,7 @@ def many_windows(program):
     suite.ended()
 
 
-ROADS = {
+SCENARIOS = {
     "FirstStart": first_start,
     "WritingADocument": writing_a_document,
     "ChangingAFile": changing_a_file,
@@ -113,10 +113,10 @@ ROADS = {
 
 
 def main():
-    program, road = sys.argv[1:]
+    program, scenario = sys.argv[1:]
     running = []
     try:
-        for suite in ROADS[road](program):
+        for suite in SCENARIOS[scenario](program):
             running.append(suite)
     finally:
         for suite in running:

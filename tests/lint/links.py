@@ -1,7 +1,7 @@
 #!/usr/bin/python3
-"""Folders of the sources link by quill_module() alone, which asks the table of arrows.
+"""Folders of the sources link by quill_module() and its kin alone, which ask the table of allowed dependencies.
 
-    arrows.py SRC
+    links.py SRC
 """
 
 import re
@@ -18,7 +18,7 @@ def offences(root):
     found = []
     for path in sorted(Path(root).rglob('CMakeLists.txt')):
         text = sources.read(path)
-        found += [(path, sources.line_of(text, match.start(1)), f'{match[1]} past the table of arrows')
+        found += [(path, sources.line_of(text, match.start(1)), f'{match[1]} past the table of allowed dependencies')
                   for match in PAST.finditer(text)]
     return found
 

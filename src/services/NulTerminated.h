@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QString>
+
+/// The text up to its first NUL, which ends it for the callers of the registry and of the dialogs.
+inline QString upToNul(const QString &text)
+{
+    return text.left(text.indexOf(QChar(u'\0')));
+}
