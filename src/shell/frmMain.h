@@ -65,6 +65,7 @@ private:
 
     void buildMenus();
     void buildToolBar();
+    void openRecovered();
     void restorePosition();
     void storePosition() const;
     void moveOntoScreen();

@@ -9,6 +9,7 @@
 #include "LinkOpener.h"
 #include "MainFrame.h"
 #include "Paths.h"
+#include "RecoveryCopy.h"
 #include "RichTextBox.h"
 #include "Toolbar.h"
 #include "Twips.h"
@@ -32,6 +33,7 @@ frmDocument::frmDocument()
     : ChildForm(QStringLiteral("frmDocument"))
     , rtfTextBox(new RichTextBox(this))
     , m_formatTimer(new QTimer(this))
+    , m_recovery(*rtfTextBox, *this)
     , dlgCommonDialog(this)
 {
     setCaption(QStringLiteral("Quill-Word Document"));
@@ -129,12 +131,23 @@ void frmDocument::removeindent()
 void frmDocument::unDirty()
 {
     m_dirty = false;
+    m_recovery.settled();
 }
 
 void frmDocument::doclengthupdate()
 {
     m_documentLength = qint32(rtfTextBox->TextRTF().size());
     m_dirty = false;
+    m_recovery.settled();
+}
+
+void frmDocument::recover(const RecoveryText &text, std::unique_ptr<RecoveryCopy> copy)
+{
+    rtfTextBox->setTextRTF(text.rtf);
+    rtfTextBox->setLineEnd(text.lineEnd);
+    setCaption(text.caption);
+    m_documentLength = -1; // asks at closing, whatever the length is then
+    m_recovery.adopt(std::move(copy));
 }
 
 void frmDocument::EnableAutoURLDetection(RichTextBox &textControl)
@@ -150,6 +163,7 @@ void frmDocument::DisableAutoURLDetection(RichTextBox &textControl)
 void frmDocument::rtfTextBox_Change()
 {
     m_dirty = true;
+    m_recovery.changed();
     m_formatTimer->start();
 }
 
@@ -202,6 +216,7 @@ bool frmDocument::Form_QueryUnload()
 
 void frmDocument::Form_Terminate()
 {
+    m_recovery.settled(); // every question has been answered
     mainFrame->checkForDocument();
 }
 

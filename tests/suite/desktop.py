@@ -34,6 +34,7 @@ class Suite:
             with open(self.settings_file, "w") as file:
                 file.write(settings)
         environment = dict(os.environ, HOME=self.home, XDG_CONFIG_HOME=os.path.join(self.home, ".config"),
+                           XDG_STATE_HOME=os.path.join(self.home, ".local", "state"),
                            XDG_RUNTIME_DIR=self.home, LC_ALL="C.UTF-8")
         os.chmod(self.home, 0o700)
         self.process = subprocess.Popen([program], env=environment, stderr=subprocess.PIPE, text=True)

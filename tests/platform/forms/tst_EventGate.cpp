@@ -229,6 +229,22 @@ TEST_F(EventGateTest, EndsWithoutABoxWhenAskedTo)
     EXPECT_TRUE(fatal.seen().isEmpty());
 }
 
+TEST_F(EventGateTest, RunsTheLastStepsBeforeTheBoxAndBeforeTheEnd)
+{
+    QStringList order;
+    const QObject context;
+    EventGate::beforeEnd(&context, []() { throw std::runtime_error("ignored"); });
+    EventGate::beforeEnd(&context, [&] { order += QStringLiteral("step"); });
+    {
+        const QObject gone;
+        EventGate::beforeEnd(&gone, [&] { order += QStringLiteral("of what is gone"); });
+    }
+    EventGate::setBox([&](int, const QString &) { order += QStringLiteral("box"); });
+    EventGate::setEnd([&](int) { order += QStringLiteral("end"); });
+    EventGate::fail(ErrorNumber::TypeMismatch, {});
+    EXPECT_EQ(order.join(u' '), QStringLiteral("step box step end"));
+}
+
 TEST_F(DefaultBoxTest, IsCriticalAndNamesNumberAndText)
 {
     DialogDriver dialogs;
