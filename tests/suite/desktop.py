@@ -23,6 +23,11 @@ def wait_for(what, condition):
     raise AssertionError(f"waited in vain for {what}")
 
 
+def read(path):
+    with open(path, "rb") as file:
+        return file.read()
+
+
 class Suite:
     """The running program with a home of its own."""
 
@@ -81,6 +86,14 @@ class Suite:
         assert self.process.returncode == code, self.process.stderr.read()
         complaints = self.process.stderr.read()
         assert not complaints, complaints
+
+    def recovery_copies(self):
+        """What the recovery copies hold."""
+        folder = os.path.join(self.home, ".local", "state", "QuillOfficeToolsv2", "recovery")
+        if not os.path.isdir(folder):
+            return []
+        names = [name for name in os.listdir(folder) if name.startswith("copy-") and "." not in name]
+        return [read(os.path.join(folder, name)) for name in names]
 
     def setting(self, key):
         with open(self.settings_file) as file:
