@@ -121,7 +121,6 @@ void frmMain::load()
     restorePosition();
     m_toolBar->setButtonsEnabled(1, FrameButtons::lastWordButton, false);
     LoadNewDoc();
-    openRecovered();
     Timer1->start();
 }
 

@@ -8,7 +8,7 @@
 /// The folder of recovery copies below the user's state folder, shared by all suites that run. A copy whose
 /// lock nobody holds is an orphan: its process has ended without saving or closing the document.
 ///
-/// Knows no window. Where the folder cannot be used, no copies are made and nothing is told.
+/// Knows no window. Where the folder cannot be used, no copies are made, and nobody hears of it.
 namespace RecoveryFolder {
 
 /// Its path; it need not exist.

@@ -254,6 +254,9 @@ TEST_F(RecoveryTest, TheOldestIsOpenedFirstAndAllAreCounted)
     ASSERT_EQ(documents().size(), 3);
     EXPECT_EQ(documents().at(1)->Caption(), QStringLiteral("/a.rtf"));
     EXPECT_EQ(documents().at(2)->Caption(), QStringLiteral("/b.rtf"));
+    EXPECT_NE(documents().at(1)->parentWidget()->pos(), documents().at(0)->parentWidget()->pos());
+    EXPECT_NE(documents().at(2)->parentWidget()->pos(), documents().at(1)->parentWidget()->pos());
+    EXPECT_FALSE(suite.frame().findChild<QWidget *>(QStringLiteral("panel_1"))->isVisible());
     EXPECT_EQ(suite.frame().statusBar()->currentMessage(),
               QStringLiteral("2 documents recovered from the last run."));
     EXPECT_TRUE(suite.dialogs.seen().isEmpty());
