@@ -14,6 +14,7 @@
 #include "MenuBuilder.h"
 #include "Numbers.h"
 #include "Paths.h"
+#include "RecoveredDocuments.h"
 #include "RichTextBox.h"
 #include "Settings.h"
 #include "StatusBar.h"
@@ -33,6 +34,8 @@ namespace {
 
 constexpr int timerInterval = 500; // milliseconds
 constexpr StatusBar::Widths panelWidths = {17410, 2540, 2540};
+constexpr int noticeTime = 30000; // milliseconds
+const QString documentCaption = QStringLiteral("Document ");
 const QString settingsSection = QStringLiteral("Settings");
 
 /// The stored length in twips.
@@ -121,6 +124,21 @@ void frmMain::load()
     Timer1->start();
 }
 
+/// No new document gets the number of a recovered one.
+void frmMain::openRecovered()
+{
+    const QStringList captions = RecoveredDocuments::open();
+    for (const QString &caption : captions) {
+        if (caption.startsWith(documentCaption))
+            m_documentCount = qMax(m_documentCount, caption.mid(documentCaption.size()).toInt());
+    }
+    if (captions.size() == 1)
+        m_statusBar->showMessage(QStringLiteral("1 document recovered from the last run."), noticeTime);
+    else if (!captions.isEmpty())
+        m_statusBar->showMessage(
+            QStringLiteral("%1 documents recovered from the last run.").arg(captions.size()), noticeTime);
+}
+
 void frmMain::restorePosition()
 {
     WindowGeometry::setLeft(*this, stored(QStringLiteral("MainLeft"), 1000));
@@ -177,7 +195,7 @@ void frmMain::LoadNewDoc()
     ++m_documentCount;
     Form &document = Forms::refer(QStringLiteral("frmDocument"));
     document.load();
-    document.setCaption(QStringLiteral("Document %1").arg(m_documentCount));
+    document.setCaption(documentCaption + QString::number(m_documentCount));
     document.showModeless();
     checkForDocument();
 }

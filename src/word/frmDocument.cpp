@@ -10,6 +10,7 @@
 #include "MainFrame.h"
 #include "Named.h"
 #include "Paths.h"
+#include "RecoveryCopy.h"
 #include "RichTextBox.h"
 #include "Toolbar.h"
 #include "Twips.h"
@@ -33,6 +34,7 @@ frmDocument::frmDocument()
     : ChildForm(QStringLiteral("frmDocument"))
     , rtfTextBox(named("rtfTextBox", new RichTextBox(this), QStringLiteral("Document text")))
     , m_formatTimer(new QTimer(this))
+    , m_recovery(*rtfTextBox, *this)
     , dlgCommonDialog(this)
 {
     setCaption(QStringLiteral("Quill-Word Document"));
@@ -127,12 +129,23 @@ void frmDocument::removeindent()
 void frmDocument::unDirty()
 {
     m_dirty = false;
+    m_recovery.settled();
 }
 
 void frmDocument::doclengthupdate()
 {
     m_documentLength = qint32(rtfTextBox->TextRTF().size());
     m_dirty = false;
+    m_recovery.settled();
+}
+
+void frmDocument::recover(const RecoveryText &text, std::unique_ptr<RecoveryCopy> copy)
+{
+    rtfTextBox->setTextRTF(text.rtf);
+    rtfTextBox->setLineEnd(text.lineEnd);
+    setCaption(text.caption);
+    m_documentLength = -1; // asks at closing, whatever the length is then
+    m_recovery.adopt(std::move(copy));
 }
 
 void frmDocument::EnableAutoURLDetection(RichTextBox &textControl)
@@ -148,6 +161,7 @@ void frmDocument::DisableAutoURLDetection(RichTextBox &textControl)
 void frmDocument::rtfTextBox_Change()
 {
     m_dirty = true;
+    m_recovery.changed();
     m_formatTimer->start();
 }
 
@@ -200,7 +214,11 @@ bool frmDocument::Form_QueryUnload()
 
 void frmDocument::Form_Terminate()
 {
+<<<<<<< HEAD
     FindDialog->Terminate(); // not only when this window is deleted: a handler of the dialog may still run
+=======
+    m_recovery.settled(); // every question has been answered
+>>>>>>> recovery
     mainFrame->checkForDocument();
 }
 

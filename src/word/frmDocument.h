@@ -2,6 +2,7 @@
 
 #include "ChildForm.h"
 #include "CommonDialog.h"
+#include "RecoveryKeeper.h"
 #include "RichTextFile.h"
 
 class QTimer;
@@ -29,6 +30,10 @@ public:
     /// Takes the length of the rich text as it is now for the saved state.
     void doclengthupdate();
     void DisableAutoURLDetection(RichTextBox &textControl);
+
+    /// Takes the content and the caption of \a text and counts as changed; \a copy, which holds the same,
+    /// goes on being this document's.
+    void recover(const RecoveryText &text, std::unique_ptr<RecoveryCopy> copy);
 
     QSize sizeHint() const override;
 
@@ -59,6 +64,7 @@ private:
     RichTextBox *rtfTextBox;
     clsFindandReplace *FindDialog = nullptr; ///< made on load
     QTimer *m_formatTimer;
+    RecoveryKeeper m_recovery;
     CommonDialog dlgCommonDialog;
     qint32 m_documentLength = 0;
     bool m_dirty = false;

@@ -3,7 +3,11 @@
 #include "RuntimeError.h"
 
 #include <QCoreApplication>
+<<<<<<< HEAD:src/platform/core/EventGate.cpp
 #include <cstdio>
+=======
+#include <QPointer>
+>>>>>>> recovery:src/platform/forms/EventGate.cpp
 #include <cstdlib>
 
 namespace {
@@ -37,6 +41,31 @@ EventGate::End &currentEnd()
     return current;
 }
 
+struct LastStep
+{
+    QPointer<const QObject> context;
+    std::function<void()> run;
+};
+
+/// Those whose context lives.
+QList<LastStep> &lastSteps()
+{
+    static QList<LastStep> steps;
+    steps.removeIf([](const LastStep &step) { return !step.context; });
+    return steps;
+}
+
+void runLastSteps() noexcept
+{
+    for (const LastStep &step : QList(lastSteps())) {
+        try {
+            step.run();
+        } catch (...) {
+            continue; // the process has to end whatever they meet
+        }
+    }
+}
+
 } // namespace
 
 void EventGate::setBox(Box replacement)
@@ -49,8 +78,14 @@ void EventGate::setEnd(End replacement)
     currentEnd() = replacement ? std::move(replacement) : endProcess;
 }
 
+void EventGate::beforeEnd(const QObject *context, std::function<void()> step)
+{
+    lastSteps().append({context, std::move(step)});
+}
+
 void EventGate::end(int code)
 {
+    runLastSteps();
     currentEnd()(code);
 }
 
@@ -64,6 +99,7 @@ void EventGate::fail(int number, const QString &description)
     if (failing)
         return;
     failing = true;
+    runLastSteps();
     currentBox()(number, description);
     end(EXIT_FAILURE);
     failing = false; // reached only where a test replaced the end

@@ -24,6 +24,10 @@ void setBox(Box box);
 /// Replaces the end of the process, for tests; an empty function puts the real one back.
 void setEnd(End end);
 
+/// Runs \a step before each end of the process that the suite makes itself, and before the default error box
+/// comes up, as long as \a context lives. What it throws is ignored.
+void beforeEnd(const QObject *context, std::function<void()> step);
+
 /// Ends the process at once with \a code; no window gets to ask.
 void end(int code);
 

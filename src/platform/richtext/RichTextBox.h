@@ -26,6 +26,9 @@ public:
     /// A plain file keeps the line ends it was loaded with. Throws RuntimeError as Files::write does; the old
     /// file then stands whole.
     void SaveFile(const QString &path, RichTextFile::Format format) const;
+    /// Which line ends SaveFile() writes into a plain file.
+    PlainText::LineEnd LineEnd() const { return m_loaded.lineEnd; }
+    void setLineEnd(PlainText::LineEnd lineEnd) { m_loaded.lineEnd = lineEnd; }
 
     QByteArray TextRTF() const;
     void setTextRTF(const QByteArray &rtf);
