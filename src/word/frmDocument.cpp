@@ -214,11 +214,8 @@ bool frmDocument::Form_QueryUnload()
 
 void frmDocument::Form_Terminate()
 {
-<<<<<<< HEAD
-    FindDialog->Terminate(); // not only when this window is deleted: a handler of the dialog may still run
-=======
     m_recovery.settled(); // every question has been answered
->>>>>>> recovery
+    FindDialog->Terminate(); // not only when this window is deleted: a handler of the dialog may still run
     mainFrame->checkForDocument();
 }
 

@@ -100,9 +100,6 @@ def many_windows(program):
     suite.ended()
 
 
-<<<<<<< HEAD:tests/suite/scenarios.py
-SCENARIOS = {
-=======
 def recovery_after_a_kill(program):
     suite = Suite(program)
     yield suite
@@ -202,8 +199,7 @@ def killed_while_saving(program):
                 os.remove(os.path.join(folder, left))
 
 
-ROADS = {
->>>>>>> recovery:tests/suite/roads.py
+SCENARIOS = {
     "FirstStart": first_start,
     "WritingADocument": writing_a_document,
     "ChangingAFile": changing_a_file,

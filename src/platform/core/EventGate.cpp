@@ -3,11 +3,8 @@
 #include "RuntimeError.h"
 
 #include <QCoreApplication>
-<<<<<<< HEAD:src/platform/core/EventGate.cpp
-#include <cstdio>
-=======
 #include <QPointer>
->>>>>>> recovery:src/platform/forms/EventGate.cpp
+#include <cstdio>
 #include <cstdlib>
 
 namespace {

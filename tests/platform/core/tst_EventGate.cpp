@@ -296,8 +296,6 @@ TEST_F(EventGateTest, EndsWithoutABoxWhenAskedTo)
     EXPECT_TRUE(fatal.seen().isEmpty());
 }
 
-<<<<<<< HEAD:tests/platform/core/tst_EventGate.cpp
-=======
 TEST_F(EventGateTest, RunsTheLastStepsBeforeTheBoxAndBeforeTheEnd)
 {
     QStringList order;
@@ -314,35 +312,6 @@ TEST_F(EventGateTest, RunsTheLastStepsBeforeTheBoxAndBeforeTheEnd)
     EXPECT_EQ(order.join(u' '), QStringLiteral("step box step end"));
 }
 
-TEST_F(DefaultBoxTest, IsCriticalAndNamesNumberAndText)
-{
-    DialogDriver dialogs;
-    dialogs
-        .expectBox(QStringLiteral("QuillOfficeToolsv2"),
-                   QStringLiteral("Run-time error '13':\n\nType mismatch"))
-        .icon(QMessageBox::Critical)
-        .buttons(QMessageBox::Ok);
-    run(failStep);
-    EXPECT_EQ(ended, EXIT_FAILURE);
-}
-
-TEST_F(DefaultBoxTest, StopsEveryOtherHandler)
-{
-    int ticks = 0;
-    QTimer timer;
-    on(&timer, &QTimer::timeout, &timer, [&] { ++ticks; });
-    timer.start(1);
-    DialogDriver dialogs;
-    dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [&](QMessageBox &box) {
-        QSignalSpy spy(&timer, &QTimer::timeout);
-        EXPECT_TRUE(spy.wait());
-        EXPECT_EQ(ticks, 0);
-        box.accept();
-    });
-    run(failStep);
-}
-
->>>>>>> recovery:tests/platform/forms/tst_EventGate.cpp
 TEST(EventGateDeathTest, EndsTheProcess)
 {
     EXPECT_EXIT(
