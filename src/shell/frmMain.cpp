@@ -31,7 +31,11 @@
 namespace {
 
 constexpr int timerInterval = 500; // milliseconds
-constexpr StatusBar::Widths panelWidths = {17410, 2540, 2540};
+constexpr StatusBarRow panels[] = {
+    {StatusBarRow::Kind::Text, 17410, "Ready..", "Ready.."},
+    {StatusBarRow::Kind::Date, 2540, "", "", Qt::AlignHCenter},
+    {StatusBarRow::Kind::Time, 2540, "", "", Qt::AlignHCenter},
+};
 const QString settingsSection = QStringLiteral("Settings");
 
 int stored(const QString &key, int fallback, double dpi)
@@ -51,7 +55,7 @@ void store(const QString &key, int pixels, double dpi)
 
 frmMain::frmMain()
     : m_toolBar(new Toolbar(this))
-    , m_statusBar(new StatusBar(QStringLiteral("Ready.."), panelWidths, this))
+    , m_statusBar(new StatusBar(panels, this))
     , m_area(new MdiArea(this))
     , Timer1(new QTimer(this))
     , m_dialog(this)
