@@ -12,12 +12,19 @@ namespace {
 
 constexpr mode_t open = 0755; ///< others may look in
 
+/// In memory where that can be: a test may make tens of thousands of files.
+QByteArray parentFolder()
+{
+    if (::access("/dev/shm", W_OK | X_OK) == 0)
+        return "/dev/shm";
+    return QByteArray::fromStdString(
+        std::filesystem::canonical(std::filesystem::temp_directory_path()).string());
+}
+
 } // namespace
 
 ScratchFolder::ScratchFolder()
-    : m_path(QByteArray::fromStdString(
-                 std::filesystem::canonical(std::filesystem::temp_directory_path()).string()) +
-             "/quill-test-XXXXXX")
+    : m_path(parentFolder() + "/quill-test-XXXXXX")
 {
     EXPECT_NE(::mkdtemp(m_path.data()), nullptr);
     EXPECT_EQ(::chmod(m_path.constData(), open), 0);

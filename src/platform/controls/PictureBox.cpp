@@ -116,7 +116,9 @@ void PictureBox::paintEvent(QPaintEvent *event)
 void PictureBox::draw(QPainter &painter, const QRect &exposed)
 {
     const QSize drawn = drawnSize();
-    const QImage &source = scaledDown((QSizeF(drawn) * devicePixelRatioF()).toSize());
+    const QSizeF pixels(drawn.width() * painter.deviceTransform().m11(),
+                        drawn.height() * painter.deviceTransform().m22());
+    const QImage &source = scaledDown(pixels.toSize());
     const double across = double(drawn.width()) / source.width();
     const double down = double(drawn.height()) / source.height();
     const QRect part =

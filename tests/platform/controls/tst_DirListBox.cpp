@@ -8,9 +8,9 @@
 #include "ScratchFolder.h"
 #include "ShownText.h"
 
-#include <QElapsedTimer>
 #include <QSignalSpy>
 #include <QTest>
+#include <ctime>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -148,12 +148,11 @@ TEST_F(DirListBoxTest, FiftyThousandFoldersAreListedAtOnce)
     constexpr int folders = 50'000;
     for (int i = 0; i < folders; ++i)
         scratch.addFolder("folder " + QByteArray::number(i));
-    QElapsedTimer clock;
-    clock.start();
+    const std::clock_t start = std::clock(); // of the processor: other programs do not count
     box.setPath(scratch.path());
     box.grab();
-    RecordProperty("milliseconds", int(clock.elapsed()));
-    std::cout << "50,000 folders: " << clock.elapsed() << " ms\n";
-    EXPECT_LT(clock.elapsed(), 5000); // a tenth of it on an idle machine
+    const double seconds = double(std::clock() - start) / CLOCKS_PER_SEC;
+    RecordProperty("milliseconds", int(seconds * 1000));
+    EXPECT_LT(seconds, 2); // without optimisation; a tenth of it with
     EXPECT_EQ(box.model()->rowCount(), depth + 1 + folders);
 }

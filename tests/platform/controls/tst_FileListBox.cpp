@@ -9,11 +9,11 @@
 #include "ShownText.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <QHelpEvent>
 #include <QScrollBar>
 #include <QTest>
 #include <QToolTip>
+#include <ctime>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -172,13 +172,12 @@ TEST_F(FileListBoxTest, FiftyThousandFilesAreListedAtOnce)
     constexpr int files = 50'000;
     for (int i = 0; i < files; ++i)
         scratch.addFile("file " + QByteArray::number(i) + ".txt");
-    QElapsedTimer clock;
-    clock.start();
+    const std::clock_t start = std::clock(); // of the processor: other programs do not count
     box.setPath(scratch.path());
     box.grab();
-    RecordProperty("milliseconds", int(clock.elapsed()));
-    std::cout << "50,000 files: " << clock.elapsed() << " ms\n";
-    EXPECT_LT(clock.elapsed(), 5000); // a tenth of it on an idle machine
+    const double seconds = double(std::clock() - start) / CLOCKS_PER_SEC;
+    RecordProperty("milliseconds", int(seconds * 1000));
+    EXPECT_LT(seconds, 2); // without optimisation; a tenth of it with
     ASSERT_EQ(box.ListCount(), files);
     EXPECT_EQ(box.List(9), QStringLiteral("file 9.txt"));
     EXPECT_EQ(box.List(files - 1), QStringLiteral("file 49999.txt"));

@@ -33,7 +33,7 @@ struct PictureBoxTest : testing::Test
     {
         QImage image((QSizeF(window.size()) * ratio).toSize(), QImage::Format_RGB32);
         image.setDevicePixelRatio(ratio);
-        image.fill(Qt::lime);
+        image.fill(QColor(0, 255, 0));
         window.render(&image);
         return image;
     }
@@ -141,7 +141,6 @@ TEST_F(PictureBoxTest, ItIsSharpOnAScreenOfTwoPixels)
     box.setStretch(true);
     box.setWidth(100 * 15);
     box.setHeight(5 * 15);
-    EXPECT_EQ(box.grab().toImage().devicePixelRatio(), 1);
     const QImage image = shown(2);
     EXPECT_EQ(image.pixelColor(100, 5), QColor(Qt::black));
     EXPECT_EQ(image.pixelColor(101, 5), QColor(Qt::white));
