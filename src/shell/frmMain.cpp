@@ -33,9 +33,13 @@
 namespace {
 
 constexpr int timerInterval = 500; // milliseconds
-constexpr StatusBar::Widths panelWidths = {17410, 2540, 2540};
 constexpr int noticeTime = 30000; // milliseconds
 const QString documentCaption = QStringLiteral("Document ");
+constexpr StatusBarRow panels[] = {
+    {StatusBarRow::Kind::Text, 17410, "Ready..", "Ready.."},
+    {StatusBarRow::Kind::Date, 2540, "", "", Qt::AlignHCenter},
+    {StatusBarRow::Kind::Time, 2540, "", "", Qt::AlignHCenter},
+};
 const QString settingsSection = QStringLiteral("Settings");
 
 /// The stored length in twips.
@@ -54,7 +58,7 @@ void store(const QString &key, double twips)
 
 frmMain::frmMain()
     : m_toolBar(new Toolbar(this))
-    , m_statusBar(new StatusBar(QStringLiteral("Ready.."), panelWidths, this))
+    , m_statusBar(new StatusBar(panels, this))
     , m_area(new MdiArea(this))
     , Timer1(new QTimer(this))
     , m_dialog(this)

@@ -169,6 +169,11 @@ class Prompts(LintTest):
             self.assert_passes('#include <QMessageBox>\n#include <QFileDialog>\n', f'platform/forms/{prompt}.cpp')
             self.assert_refused('#include <QMessageBox>\n', 'QMessageBox', name=f'word/{prompt}.cpp')
 
+    def test_an_input_box_is_one_of_our_own(self):
+        for name in ('platform/forms/InputBox.cpp', 'platform/forms/Prompts.cpp', 'tool/frmTool.cpp'):
+            self.assert_refused('#include <QInputDialog>\n', 'QInputDialog', name=name)
+        self.assert_refused('#include <QMessageBox>\n', 'QMessageBox', name='platform/forms/InputBox.cpp')
+
     def test_the_error_message_dialog_is_nowhere(self):
         self.assert_refused('QErrorMessage box;\n', 'QErrorMessage', name='platform/forms/Prompts.cpp')
 

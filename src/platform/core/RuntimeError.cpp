@@ -39,6 +39,8 @@ QString platformText(int number)
         return QStringLiteral("Invalid file format");
     case ErrorNumber::InvalidPropertyValue:
         return QStringLiteral("Invalid property value");
+    case ErrorNumber::InvalidPropertyIndex:
+        return QStringLiteral("Invalid property array index");
     case ErrorNumber::ObjectRequired:
         return QStringLiteral("Object required");
     case ErrorNumber::NoSuchMember:

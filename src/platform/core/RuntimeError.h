@@ -21,6 +21,7 @@ inline constexpr int PathNotFound = 76;
 inline constexpr int ObjectNotSet = 91;
 inline constexpr int InvalidFileFormat = 321;
 inline constexpr int InvalidPropertyValue = 380;
+inline constexpr int InvalidPropertyIndex = 381;
 inline constexpr int ObjectRequired = 424;
 inline constexpr int NoSuchMember = 438;
 inline constexpr int PrinterError = 482;
