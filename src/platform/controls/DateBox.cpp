@@ -3,9 +3,11 @@
 #include "EventGate.h"
 #include "RuntimeError.h"
 
+#include <QCalendarWidget>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QStyleOptionComboBox>
+#include <QTextCharFormat>
 
 DateBox::DateBox(QWidget *parent)
     : QDateEdit(QDate::currentDate(), parent)
@@ -16,6 +18,8 @@ DateBox::DateBox(QWidget *parent)
     if (!shortForm.contains(
             QLatin1String("yyyy"))) // a year of two digits cannot be told from another century's
         setDisplayFormat(QString(shortForm).replace(QLatin1String("yy"), QLatin1String("yyyy")));
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) // Qt's bright red is hard to read on dark
+        calendarWidget()->setWeekdayTextFormat(day, {});
     on(this, &QDateEdit::dateChanged, this, [this] { Q_EMIT Change(); });
 }
 

@@ -11,11 +11,27 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 
+namespace {
+
+/// Rows are as wide as the list, whatever is in the first one, which Qt measures for all.
+class RowDelegate : public PlainTextDelegate
+{
+public:
+    using PlainTextDelegate::PlainTextDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return {1, PlainTextDelegate::sizeHint(option, index).height()};
+    }
+};
+
+} // namespace
+
 ListBox::ListBox(QWidget *parent)
     : QListView(parent)
     , m_rows(new ListBoxRows(this))
 {
-    setItemDelegate(new PlainTextDelegate(this));
+    setItemDelegate(new RowDelegate(this));
     setUniformItemSizes(true);
     setModel(m_rows);
 }

@@ -16,7 +16,8 @@ QString PlainTextDelegate::displayText(const QVariant &value, const QLocale &) c
 bool PlainTextDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
                                   const QStyleOptionViewItem &option, const QModelIndex &index)
 {
-    const bool isCutOff = index.isValid() && sizeHint(option, index).width() > option.rect.width();
+    const bool isCutOff =
+        index.isValid() && QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
     if (event->type() != QEvent::ToolTip || !isCutOff)
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     run([&] {

@@ -29,6 +29,7 @@ QList<HostileName> names()
 {
     const QString markup = QStringLiteral("<b>x</b><img src=\"http://127.0.0.1:1/\">");
     const QString longName(300, u'w');
+    const QString joined = QStringLiteral("\u0645\u06CC\u200C\u062E").repeated(9);
     return {
         {"Markup", markup, markup},
         {"Ampersand", QStringLiteral("salt & pepper&lt;"), QStringLiteral("salt & pepper&lt;")},
@@ -41,7 +42,7 @@ QList<HostileName> names()
         {"TurnedDirection", QStringLiteral("photo\u202Egnp.exe\u2067\u200F"),
          QStringLiteral("photo") + mark + QStringLiteral("gnp.exe") + mark + mark},
         {"Long", longName, longName},
-        {"Joiners", QStringLiteral("\u0645\u06CC\u200C\u062E"), QStringLiteral("\u0645\u06CC\u200C\u062E")},
+        {"Joiners", joined, joined},
     };
 }
 

@@ -1,11 +1,13 @@
 #include "ErrorNumberOf.h"
 #include "ListView.h"
 
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
+#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QListView>
 #include <QSignalSpy>
+#include <QStyle>
 #include <QTest>
 #include <QTreeView>
 #include <gtest/gtest.h>
@@ -14,10 +16,12 @@ namespace {
 
 ListItem item(int number)
 {
+    static const QIcon icon = QApplication::style()->standardIcon(QStyle::SP_FileIcon);
     const QString text = QString::number(number);
     return {QStringLiteral("File") + text,
             QStringLiteral("name") + text,
-            {QStringLiteral("size") + text, QStringLiteral("date") + text}};
+            {QStringLiteral("size") + text, QStringLiteral("date") + text},
+            icon};
 }
 
 struct ListViewTest : testing::Test
@@ -240,8 +244,7 @@ TEST_F(ListViewTest, CopiesSelectedRowsWithTabs)
     view.setSelected(3, true);
     view.setSelected(1, true);
     key(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QGuiApplication::clipboard()->text(),
-              QStringLiteral("name1\tsize1\tdate1\nname3\tsize3\tdate3"));
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("name1\tsize1\tdate1\nname3\tsize3\tdate3"));
 }
 
 TEST_F(ListViewTest, ShowsIconsAndKeepsSelectionAndFocus)
