@@ -10,8 +10,11 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QTimerEvent>
 
 namespace {
+
+constexpr int leastPause = 50; // milliseconds from one layout of rows in quick succession to the next
 
 /// Rows are as wide as the list, whatever is in the first one, which Qt measures for all.
 class RowDelegate : public PlainTextDelegate
@@ -38,23 +41,50 @@ ListBox::ListBox(QWidget *parent)
 
 void ListBox::AddItem(const QString &text)
 {
-    m_rows->insert(m_sorted ? m_rows->sortedPlace(text) : ListCount(), {text});
+    addItems({text});
 }
 
 void ListBox::addItems(const QStringList &texts)
 {
     if (!m_sorted) {
-        m_rows->insert(ListCount(), texts);
+        m_rows->append(texts);
+        showSoon();
         return;
     }
     for (const QString &text : texts)
-        AddItem(text);
+        m_rows->insert(m_rows->sortedPlace(text), text);
+}
+
+void ListBox::showSoon()
+{
+    if (!isVisible() || !m_sinceShown.isValid() || m_sinceShown.hasExpired(leastPause))
+        showRows();
+    else if (!m_pause.isActive())
+        m_pause.start(leastPause, this);
+}
+
+void ListBox::showRows()
+{
+    m_pause.stop();
+    m_sinceShown.start();
+    m_rows->show();
+    if (m_waitingIndex >= 0)
+        select(m_waitingIndex);
+}
+
+void ListBox::timerEvent(QTimerEvent *event)
+{
+    if (event->timerId() == m_pause.timerId())
+        run([&] { showRows(); });
+    else
+        QListView::timerEvent(event);
 }
 
 void ListBox::RemoveItem(int index)
 {
     if (index < 0 || index >= ListCount())
         throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    showRows();
     const int selected = ListIndex();
     m_rows->remove(index);
     if (!MultiSelect() && (selected == index || selected < 0)) // Qt selects the neighbour
@@ -63,12 +93,13 @@ void ListBox::RemoveItem(int index)
 
 void ListBox::Clear()
 {
+    m_waitingIndex = -1;
     m_rows->clear();
 }
 
 int ListBox::ListCount() const
 {
-    return m_rows->rowCount();
+    return m_rows->count();
 }
 
 QString ListBox::List(int index) const
@@ -78,6 +109,8 @@ QString ListBox::List(int index) const
 
 int ListBox::ListIndex() const
 {
+    if (m_waitingIndex >= 0)
+        return m_waitingIndex;
     if (MultiSelect())
         return currentIndex().row();
     const QModelIndexList selected = selectionModel()->selectedRows();
@@ -86,17 +119,28 @@ int ListBox::ListIndex() const
 
 void ListBox::setListIndex(int index)
 {
-    const QModelIndex place = index == -1 ? QModelIndex() : row(index);
+    if (index != -1)
+        requireRow(index);
     if (index == ListIndex())
         return;
+    if (index < m_rows->rowCount())
+        select(index);
+    else
+        m_waitingIndex = index;
+    if (index >= 0)
+        Q_EMIT Click();
+}
+
+void ListBox::select(int index)
+{
+    m_waitingIndex = -1;
+    const QModelIndex place = m_rows->index(index);
     if (MultiSelect())
         selectionModel()->setCurrentIndex(place, QItemSelectionModel::NoUpdate);
     else if (place.isValid())
         setCurrentIndex(place);
     else
         clearSelection();
-    if (place.isValid())
-        Q_EMIT Click();
 }
 
 bool ListBox::MultiSelect() const
@@ -109,14 +153,18 @@ void ListBox::setMultiSelect(bool multiSelect)
     setSelectionMode(multiSelect ? ExtendedSelection : SingleSelection);
 }
 
-bool ListBox::Selected(int index) const
+bool ListBox::Selected(int index)
 {
-    return selectionModel()->isSelected(row(index));
+    requireRow(index);
+    showRows();
+    return selectionModel()->isSelected(m_rows->index(index));
 }
 
 void ListBox::setSelected(int index, bool selected)
 {
-    const QModelIndex place = row(index);
+    requireRow(index);
+    showRows();
+    const QModelIndex place = m_rows->index(index);
     if (selected && !MultiSelect())
         setCurrentIndex(place);
     else
@@ -127,6 +175,7 @@ void ListBox::setSelected(int index, bool selected)
 void ListBox::mousePressEvent(QMouseEvent *event)
 {
     run([&] {
+        showRows();
         m_indexAtPress = ListIndex();
         QListView::mousePressEvent(event);
     });
@@ -154,7 +203,9 @@ void ListBox::mouseDoubleClickEvent(QMouseEvent *event)
 void ListBox::keyPressEvent(QKeyEvent *event)
 {
     run([&] {
+        showRows();
         Q_EMIT KeyDown(event->key());
+        showRows();
         const int before = ListIndex();
         actOnKey(event);
         if (ListIndex() != before)
@@ -170,7 +221,7 @@ void ListBox::actOnKey(QKeyEvent *event)
         QListView::keyPressEvent(event);
 }
 
-void ListBox::copy() const
+void ListBox::copy()
 {
     QStringList lines;
     for (int i = 0; i < ListCount(); ++i) {
@@ -189,9 +240,8 @@ QItemSelectionModel::SelectionFlags ListBox::selectionCommand(const QModelIndex 
     return index.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
 }
 
-QModelIndex ListBox::row(int index) const
+void ListBox::requireRow(int index) const
 {
-    if (index >= 0 && index < ListCount())
-        return m_rows->index(index);
-    throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    if (index < 0 || index >= ListCount())
+        throw RuntimeError(ErrorNumber::InvalidPropertyValue);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QBasicTimer>
+#include <QElapsedTimer>
 #include <QListView>
 
 class ListBoxRows;
@@ -9,6 +11,9 @@ class ListBoxRows;
 /// One row at most is selected, and no click or key takes the selection back; with MultiSelect rows are
 /// selected as in a file manager, and Ctrl+A selects all. Typing finds a row; Ctrl+C copies the selected rows
 /// as lines, as they are shown.
+///
+/// Rows that are added in quick succession appear together, some milliseconds later, so that a fast log need
+/// not wait for the layout of all its rows with each line. All functions here know them at once.
 class ListBox : public QListView
 {
     Q_OBJECT
@@ -43,7 +48,7 @@ public:
     bool MultiSelect() const;
     void setMultiSelect(bool multiSelect);
     /// Throws RuntimeError 380 where there is no such row.
-    bool Selected(int index) const;
+    bool Selected(int index);
     void setSelected(int index, bool selected);
 
 Q_SIGNALS:
@@ -54,6 +59,7 @@ Q_SIGNALS:
     void KeyDown(int key);
 
 protected:
+    void timerEvent(QTimerEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
@@ -62,11 +68,17 @@ protected:
                                                          const QEvent *event) const override;
 
 private:
+    void showSoon();
+    void showRows();
+    void select(int index);
     void actOnKey(QKeyEvent *event);
-    void copy() const;
-    QModelIndex row(int index) const;
+    void copy();
+    void requireRow(int index) const;
 
     ListBoxRows *m_rows;
+    QElapsedTimer m_sinceShown;
+    QBasicTimer m_pause;
+    int m_waitingIndex = -1; // to be selected with the rows that wait
     int m_indexAtPress = -1;
     bool m_sorted = false;
 };

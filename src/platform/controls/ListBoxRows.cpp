@@ -4,7 +4,7 @@
 
 int ListBoxRows::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : int(m_rows.size());
+    return parent.isValid() ? 0 : m_shown;
 }
 
 QVariant ListBoxRows::data(const QModelIndex &index, int role) const
@@ -12,17 +12,20 @@ QVariant ListBoxRows::data(const QModelIndex &index, int role) const
     return role == Qt::DisplayRole && index.isValid() ? QVariant(m_rows.at(index.row())) : QVariant();
 }
 
-void ListBoxRows::insert(int row, const QStringList &texts)
+void ListBoxRows::show()
 {
-    if (texts.isEmpty())
+    if (m_shown == count())
         return;
-    beginInsertRows({}, row, row + int(texts.size()) - 1);
-    if (row == m_rows.size()) {
-        m_rows += texts;
-    } else {
-        m_rows.insert(row, texts.size(), {});
-        std::copy(texts.cbegin(), texts.cend(), m_rows.begin() + row);
-    }
+    beginInsertRows({}, m_shown, count() - 1);
+    m_shown = count();
+    endInsertRows();
+}
+
+void ListBoxRows::insert(int row, const QString &text)
+{
+    beginInsertRows({}, row, row);
+    m_rows.insert(row, text);
+    m_shown = count();
     endInsertRows();
 }
 
@@ -30,6 +33,7 @@ void ListBoxRows::remove(int row)
 {
     beginRemoveRows({}, row, row);
     m_rows.removeAt(row);
+    m_shown = count();
     endRemoveRows();
 }
 
@@ -37,6 +41,7 @@ void ListBoxRows::clear()
 {
     beginResetModel();
     m_rows.clear();
+    m_shown = 0;
     endResetModel();
 }
 

@@ -215,3 +215,40 @@ TEST_F(ListBoxTest, CopiesSelectedRowsAsLines)
     QTest::keyClick(&list, Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("alpha\ngamma"));
 }
+
+TEST_F(ListBoxTest, AFastLogIsKnownAtOnceAndShownSoon)
+{
+    constexpr int lines = 20000;
+    for (int i = 0; i < lines; ++i) {
+        list.AddItem(QString::number(i));
+        list.setListIndex(list.ListCount() - 1);
+        ASSERT_EQ(list.ListIndex(), list.ListCount() - 1);
+    }
+    EXPECT_EQ(clicks.count(), lines);
+    EXPECT_LT(list.model()->rowCount(), lines); // else each line waited for the layout of all
+    EXPECT_EQ(list.Text(), QString::number(lines - 1));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return list.model()->rowCount() == list.ListCount(); }));
+    EXPECT_EQ(list.ListIndex(), list.ListCount() - 1);
+    EXPECT_EQ(list.currentIndex().row(), list.ListCount() - 1);
+    EXPECT_TRUE(list.viewport()->rect().contains(middleOf(list.ListCount() - 1)));
+}
+
+TEST_F(ListBoxTest, WaitingRowsCanBeSelectedRemovedAndCleared)
+{
+    const auto addQuickly = [&] {
+        for (int i = 0; i < 10; ++i)
+            list.AddItem(QString::number(i));
+    };
+    addQuickly();
+    list.setListIndex(12);
+    list.RemoveItem(11);
+    EXPECT_EQ(list.Text(), QStringLiteral("9"));
+    addQuickly();
+    list.setListIndex(21);
+    list.Clear();
+    EXPECT_EQ(list.ListIndex(), -1);
+    addQuickly();
+    list.setListIndex(0);
+    QTest::keyClick(&list, Qt::Key_End);
+    EXPECT_EQ(list.ListIndex(), 9);
+}
