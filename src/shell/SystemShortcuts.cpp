@@ -42,7 +42,7 @@ void openAutostartFolder()
 }
 
 // The panels of the first desktop's settings have moved from one release to the next; their desktop files
-// tell which of them are there.
+// show which of them are installed.
 constexpr const char *gnomeAbout =
     "d:gnome-info-overview-panel | d:gnome-system-panel | c:gnome-control-center";
 
@@ -106,16 +106,25 @@ const Shortcut &shortcutOf(const QString &item)
     return *found;
 }
 
+std::optional<qint64> start(const Shortcut &shortcut)
+{
+    try {
+        return ToolLauncher::start(shortcut.tool);
+    } catch (const RuntimeError &) {
+        if (shortcut.way != Way::Open)
+            throw;
+        return std::nullopt;
+    }
+}
+
 } // namespace
 
 void SystemShortcuts::run(const QString &item)
 {
     const Shortcut &shortcut = shortcutOf(item);
-    const std::optional<qint64> id = ToolLauncher::start(shortcut.tool);
+    const std::optional<qint64> id = start(shortcut);
     if (!id && shortcut.otherwise)
         shortcut.otherwise();
-    else if (!id && shortcut.way != Way::Open)
-        throw RuntimeError(ErrorNumber::FileNotFound, {}, item);
     if (id && shortcut.way == Way::RunInSystemFolder)
         lastAnswer = QString::number(*id);
 }

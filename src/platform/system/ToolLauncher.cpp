@@ -128,6 +128,7 @@ QList<const char * ToolCandidates::*> searchOrder()
 
 std::optional<qint64> ToolLauncher::start(const ToolCandidates &candidates)
 {
+    QString broken;
     for (const char *ToolCandidates::*column : searchOrder()) {
         for (const QString &candidate :
              QString::fromLatin1(candidates.*column).split(QStringLiteral(" | "), Qt::SkipEmptyParts)) {
@@ -136,7 +137,10 @@ std::optional<qint64> ToolLauncher::start(const ToolCandidates &candidates)
                 continue;
             if (const std::optional<qint64> id = startDetached(command))
                 return id;
+            broken = command.first();
         }
     }
+    if (!broken.isEmpty())
+        throw RuntimeError(ErrorNumber::FileNotFound, {}, broken);
     return std::nullopt;
 }

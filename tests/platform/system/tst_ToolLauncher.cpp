@@ -1,3 +1,4 @@
+#include "ErrorNumberOf.h"
 #include "Files.h"
 #include "PrintQt.h"
 #include "ScratchHome.h"
@@ -104,6 +105,7 @@ TEST_F(ToolLauncherTest, AToolThatCannotBeStartedIsPassedOver)
     QFile::setPermissions(broken, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     install("second");
     EXPECT_EQ(started({nullptr, nullptr, nullptr, "c:broken | c:second"}), QStringLiteral("second|"));
+    EXPECT_EQ(errorNumberOf([&] { started({nullptr, nullptr, nullptr, "c:broken"}); }), 53);
 }
 
 TEST_F(ToolLauncherTest, ADesktopFileIsStartedWithoutThePlacesForFiles)
