@@ -3,11 +3,26 @@
 #include "EventGate.h"
 
 #include <QEvent>
+#include <QLayout>
 #include <QMdiSubWindow>
 #include <QStyle>
 #include <algorithm>
 
 namespace {
+
+constexpr double cascadePart = 2.0 / 3; // of the area's width and height
+
+/// A child that likes to grow gets its part of a large area.
+QSize sizeOf(const QWidget &child, const QSize &room)
+{
+    QSize size = child.sizeHint();
+    const QSize large = room * cascadePart;
+    if (child.sizePolicy().expandingDirections() & Qt::Horizontal)
+        size.setWidth(std::max(size.width(), large.width()));
+    if (child.sizePolicy().expandingDirections() & Qt::Vertical)
+        size.setHeight(std::max(size.height(), large.height()));
+    return size;
+}
 
 bool isIcon(const QMdiSubWindow *child)
 {
@@ -38,14 +53,15 @@ void MdiArea::place(QWidget &child)
 
 QMdiSubWindow *MdiArea::addWindowFor(QWidget &child)
 {
-    // A frame that is not shown yet has not laid out this area.
-    const QSize room = isVisible() ? viewport()->size() : child.sizeHint();
+    if (!isVisible() && this->window()->layout())
+        this->window()->layout()->activate(); // a frame that is not shown yet has not laid out this area
+    const QSize room = maximumViewportSize();
     QMdiSubWindow *window = addSubWindow(&child);
     window->setAttribute(Qt::WA_DeleteOnClose);
     window->setWindowIcon(child.windowIcon());
     on(&child, &QWidget::windowIconChanged, window,
        [window](const QIcon &icon) { window->setWindowIcon(icon); });
-    window->resize(child.sizeHint().boundedTo(room));
+    window->resize(sizeOf(child, room).boundedTo(room));
     const int places = std::max(1, (room.height() - window->height()) / cascadeStep() + 1);
     const int place = m_placed++ % places;
     window->move(place * cascadeStep(), place * cascadeStep());
@@ -97,7 +113,7 @@ void MdiArea::cascade()
 {
     const QRect room = roomForOpenChildren();
     const int step = cascadeStep();
-    const QSize size = room.size() * 2 / 3;
+    const QSize size = room.size() * cascadePart;
     const int places = std::max(1, (room.height() - size.height()) / step);
     int place = 0;
     for (QMdiSubWindow *child : openChildren()) {

@@ -11,7 +11,9 @@ public:
     explicit MdiArea(QWidget *parent = nullptr);
 
     /// Puts \a child into a window of its own, a step right and down of the one before, or finds the window
-    /// that it has, and makes that the active one. The window is deleted with its child when it is closed.
+    /// that it has, and makes that the active one. The window has the child's preferred size, or two thirds
+    /// of this area where that is more and the child's size policy is to expand; it is never larger than the
+    /// area. It is deleted with its child when it is closed.
     void place(QWidget &child);
 
     /// Lays out the children that are not minimised (ArrangeIcons: leaves them) and rows the minimised ones
