@@ -29,6 +29,7 @@ public:
     void DisableAutoURLDetection(RichTextBox &textControl);
 
     QSize sizeHint() const override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
     void Form_Load() override;
@@ -42,6 +43,7 @@ private:
     void rtfTextBox_SelChange();
     void rtfTextBox_LinkClicked(int first);
     void rtfTextBox_CtrlF();
+    void tbToolBar_ButtonClick();
 
     /// Shows the selection's formats on the toolbar while this is the active document.
     void UpdateFormatButtons();
