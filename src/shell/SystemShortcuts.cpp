@@ -1,12 +1,14 @@
 #include "SystemShortcuts.h"
 
 #include "Ask.h"
+#include "EventGate.h"
 #include "Globals.h"
 #include "RuntimeError.h"
 #include "ToolLauncher.h"
 
 #include <QDesktopServices>
 #include <QDir>
+#include <QMenu>
 #include <QStandardPaths>
 #include <QSysInfo>
 #include <QUrl>
@@ -96,14 +98,20 @@ constexpr Shortcut shortcuts[] = {
      openAutostartFolder},
 };
 
-const Shortcut &shortcutOf(const QString &item)
+/// nullptr for an item that is no shortcut.
+const Shortcut *find(const QString &item)
 {
     const auto *found =
         std::find_if(std::begin(shortcuts), std::end(shortcuts),
                      [&](const Shortcut &shortcut) { return item == QLatin1String(shortcut.item); });
-    if (found == std::end(shortcuts))
-        throw RuntimeError(ErrorNumber::InvalidProcedureCall, {}, item);
-    return *found;
+    return found == std::end(shortcuts) ? nullptr : found;
+}
+
+const Shortcut &shortcutOf(const QString &item)
+{
+    if (const Shortcut *found = find(item))
+        return *found;
+    throw RuntimeError(ErrorNumber::InvalidProcedureCall, {}, item);
 }
 
 std::optional<qint64> start(const Shortcut &shortcut)
@@ -127,4 +135,14 @@ void SystemShortcuts::run(const QString &item)
         shortcut.otherwise();
     if (id && shortcut.way == Way::RunInSystemFolder)
         lastAnswer = QString::number(*id);
+}
+
+void SystemShortcuts::greyMissing(QMenu &menu, QString (*itemOf)(const QAction &entry))
+{
+    on(&menu, &QMenu::aboutToShow, &menu, [&menu, itemOf] {
+        for (QAction *entry : menu.actions()) {
+            if (const Shortcut *shortcut = find(itemOf(*entry)))
+                entry->setEnabled(shortcut->otherwise || ToolLauncher::isThere(shortcut->tool));
+        }
+    });
 }

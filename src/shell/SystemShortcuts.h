@@ -1,5 +1,7 @@
 #pragma once
 
+class QAction;
+class QMenu;
 class QString;
 
 /// The menu items that start a tool of the desktop. Most desktops have a tool for most of them.
@@ -9,5 +11,9 @@ namespace SystemShortcuts {
 /// id in lastAnswer. Where the desktop has no such tool nothing happens; one that cannot be started is
 /// RuntimeError 53, unless the item only opens something.
 void run(const QString &item);
+
+/// Greys the items of \a menu whose tool the desktop has not got, anew each time the menu opens. \a itemOf
+/// gives the name of an entry's menu item.
+void greyMissing(QMenu &menu, QString (*itemOf)(const QAction &entry));
 
 } // namespace SystemShortcuts

@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QMenu>
 #include <QSysInfo>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -122,6 +123,25 @@ TEST(SystemShortcuts, AnItemWhoseToolIsMissingDoesNothing)
         EXPECT_EQ(errorNumberOf([&] { SystemShortcuts::run(QString::fromLatin1(item.name)); }), 0);
         EXPECT_EQ(lastAnswer, QStringLiteral("before"));
     }
+}
+
+TEST(SystemShortcuts, ItemsWhoseToolIsMissingAreGreyWhileItIs)
+{
+    const BareDesktop desktop;
+    QMenu menu;
+    for (const char *name : {"mnuDefrag", "mnuTskMgr", "mnuWinVer", "mnuOther"})
+        menu.addAction(QStringLiteral("item"))->setObjectName(QString::fromLatin1(name));
+    SystemShortcuts::greyMissing(menu, [](const QAction &entry) { return entry.objectName(); });
+    const auto enabled = [&] {
+        Q_EMIT menu.aboutToShow();
+        QList<bool> states;
+        for (const QAction *entry : menu.actions())
+            states << entry->isEnabled();
+        return states;
+    };
+    EXPECT_EQ(enabled(), QList<bool>({false, false, true, true}));
+    desktop.install("xfce4-taskmanager");
+    EXPECT_EQ(enabled(), QList<bool>({false, true, true, true}));
 }
 
 TEST(SystemShortcuts, AnUnknownItemIsAnError)

@@ -53,8 +53,8 @@ void MdiArea::place(QWidget &child)
 
 QMdiSubWindow *MdiArea::addWindowFor(QWidget &child)
 {
-    if (!isVisible() && this->window()->layout())
-        this->window()->layout()->activate(); // a frame that is not shown yet has not laid out this area
+    if (!isVisible())
+        layOutFrame();
     const QSize room = maximumViewportSize();
     QMdiSubWindow *window = addSubWindow(&child);
     window->setAttribute(Qt::WA_DeleteOnClose);
@@ -67,6 +67,15 @@ QMdiSubWindow *MdiArea::addWindowFor(QWidget &child)
     window->move(place * cascadeStep(), place * cascadeStep());
     window->show();
     return window;
+}
+
+/// A frame that is not shown lays nothing out by itself when its size changes.
+void MdiArea::layOutFrame()
+{
+    if (QLayout *frame = window()->layout()) {
+        frame->invalidate();
+        frame->activate();
+    }
 }
 
 int MdiArea::cascadeStep() const

@@ -29,6 +29,7 @@ protected:
 
 private:
     QMdiSubWindow *addWindowFor(QWidget &child);
+    void layOutFrame();
     QList<QMdiSubWindow *> openChildren() const;
     QRect roomForOpenChildren() const;
     void cascade();

@@ -19,6 +19,7 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QSplitter>
 #include <QTreeView>
 
 namespace {
@@ -120,9 +121,15 @@ QString nameOf(const QStringList &paths)
     return parts.join(QChar(u'\0'));
 }
 
-/// Names take the room that the other columns leave. A desktop's own dialog has no such list.
-void fitColumns(const QFileDialog &dialog)
+/// Names take the room that the other columns leave, and the folders beside the list are readable. A
+/// desktop's own dialog has neither.
+void fitParts(QFileDialog &dialog)
 {
+    constexpr QSize readable(760, 460); // pixels
+    constexpr int sidebar = 160;
+    dialog.resize(dialog.size().expandedTo(readable));
+    if (auto *splitter = dialog.findChild<QSplitter *>(QStringLiteral("splitter")))
+        splitter->setSizes({sidebar, readable.width() - sidebar});
     if (const auto *list = dialog.findChild<QTreeView *>(QStringLiteral("treeView"))) {
         list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
         list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
@@ -134,7 +141,7 @@ void prepareForBoth(QFileDialog &dialog, const CommonDialog &settings)
     dialog.setObjectName(QStringLiteral("FileDialog"));
     dialog.setOption(QFileDialog::HideNameFilterDetails); // the texts have patterns of their own
     dialog.setSidebarUrls(FilePlaces::complete(dialog.sidebarUrls(), FilePlaces::mountPoints()));
-    fitColumns(dialog);
+    fitParts(dialog);
     dialog.setNameFilters(FileFilter::toNameFilters(settings.Filter));
     dialog.selectNameFilter(dialog.nameFilters().value(settings.FilterIndex - 1));
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !(settings.Flags & CommonDialog::OverwritePrompt));

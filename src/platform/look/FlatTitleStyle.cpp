@@ -1,5 +1,6 @@
 #include "FlatTitleStyle.h"
 
+#include <QGroupBox>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOptionButton>
@@ -90,7 +91,7 @@ void FlatTitleStyle::drawPrimitive(PrimitiveElement element, const QStyleOption 
                                    const QWidget *widget) const
 {
     if (element == PE_FrameGroupBox)
-        return drawGroupFrame(*option, *painter);
+        return drawGroupFrame(*option, *painter, widget);
     const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
     if (!button || (element != PE_IndicatorCheckBox && element != PE_IndicatorRadioButton))
         return QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -132,14 +133,21 @@ int FlatTitleStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, 
     }
 }
 
-void FlatTitleStyle::drawGroupFrame(const QStyleOption &option, QPainter &painter) const
+void FlatTitleStyle::drawGroupFrame(const QStyleOption &option, QPainter &painter,
+                                    const QWidget *widget) const
 {
     constexpr float textPart = 0.3f;
     constexpr double radius = 2.5;
+    constexpr int gap = 3; // pixels between the title, which is above the frame, and the frame
+    const auto *box = qobject_cast<const QGroupBox *>(widget);
+    const bool hasTitle = box && !box->title().isEmpty();
+    const int title =
+        std::max(pixelMetric(PM_ExclusiveIndicatorHeight, &option, widget), option.fontMetrics.height());
+    const QRectF frame = QRectF(option.rect).adjusted(0.5, hasTitle ? title + gap + 0.5 : 0.5, -0.5, -0.5);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(outline(option.palette, textPart));
-    painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    painter.drawRoundedRect(frame, radius, radius);
     painter.restore();
 }
 

@@ -23,7 +23,7 @@ public:
     int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;
 
 private:
-    void drawGroupFrame(const QStyleOption &option, QPainter &painter) const;
+    void drawGroupFrame(const QStyleOption &option, QPainter &painter, const QWidget *widget) const;
     void drawTitleBar(const QStyleOptionTitleBar &option, QPainter &painter, const QWidget *widget) const;
     void drawTitleButtons(const QStyleOptionTitleBar &option, QPainter &painter, const QWidget *widget) const;
 };

@@ -98,6 +98,15 @@ TEST_F(ToolLauncherTest, TheFirstOfAColumnThatIsThereIsTaken)
               QStringLiteral("second|-a|b"));
 }
 
+TEST_F(ToolLauncherTest, WhetherAToolIsThereIsKnownWithoutStartingIt)
+{
+    const ToolCandidates candidates = {"c:first", nullptr, nullptr, "c:second -a"};
+    EXPECT_FALSE(ToolLauncher::isThere(candidates));
+    install("second");
+    EXPECT_TRUE(ToolLauncher::isThere(candidates));
+    EXPECT_FALSE(QFile::exists(home.file(QStringLiteral("log"))));
+}
+
 TEST_F(ToolLauncherTest, AToolThatCannotBeStartedIsPassedOver)
 {
     const QString broken = bin + QStringLiteral("/broken");
