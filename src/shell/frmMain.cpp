@@ -18,6 +18,7 @@
 #include "RichTextBox.h"
 #include "Settings.h"
 #include "StatusBar.h"
+#include "SystemShortcuts.h"
 #include "Toolbar.h"
 #include "Twips.h"
 #include "WindowGeometry.h"
@@ -29,6 +30,7 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QTimer>
+#include <QToolButton>
 
 namespace {
 
@@ -94,6 +96,10 @@ void frmMain::buildMenus()
         if (FrameCommands::exists(name))
             on(&menuItem(name), &QAction::triggered, this, [this, name] { FrameCommands::run(name, *this); });
     }
+    for (const char *name : {"mnuTools", "info"}) {
+        SystemShortcuts::greyMissing(*menuItem(QString::fromLatin1(name)).menu(),
+                                     [](const QAction &item) { return item.objectName(); });
+    }
     on(menuItem(QStringLiteral("mnuWindow")).menu(), &QMenu::aboutToShow, this, &frmMain::mnuWindow_Popup);
 }
 
@@ -103,6 +109,11 @@ void frmMain::buildToolBar()
     m_toolBar->setWindowTitle(QStringLiteral("Toolbar"));
     m_toolBar->setButtons(FrameButtons::rows());
     m_toolBar->setLists(FrameButtons::lists());
+    for (const char *key : {"tools", "btnwinfo"}) {
+        SystemShortcuts::greyMissing(
+            *m_toolBar->findChild<QToolButton *>(QString::fromLatin1(key))->menu(),
+            [](const QAction &entry) { return FrameButtons::commandOf(entry.objectName()); });
+    }
     on(m_toolBar, &Toolbar::ButtonClick, this, &frmMain::tbToolBar_ButtonClick);
     on(m_toolBar, &Toolbar::ButtonMenuClick, this, &frmMain::tbToolBar_ButtonMenuClick);
     addToolBar(m_toolBar);

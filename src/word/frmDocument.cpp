@@ -17,8 +17,10 @@
 #include "clsFindandReplace.h"
 
 #include <QIcon>
+#include <QKeyEvent>
 #include <QShortcut>
 #include <QTimer>
+#include <algorithm>
 
 namespace {
 
@@ -27,6 +29,10 @@ constexpr int narrowest = 200; // twips; the control is cut by a window that is 
 constexpr int lastWordButton = 24;
 constexpr int widestIndent = 50; // of a bullet; twips, as is the step
 constexpr int indentStep = 5;
+
+/// The keys of the Edit menu that a text control would take for itself.
+constexpr QKeyCombination editMenuKeys[] = {Qt::CTRL | Qt::Key_Z, Qt::CTRL | Qt::Key_X, Qt::CTRL | Qt::Key_C,
+                                            Qt::CTRL | Qt::Key_V};
 
 } // namespace
 
@@ -40,6 +46,8 @@ frmDocument::frmDocument()
     setCaption(QStringLiteral("Quill-Word Document"));
     setWindowIcon(QIcon(QStringLiteral(":/document.svg")));
     setFocusProxy(rtfTextBox);
+    rtfTextBox->installEventFilter(this);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     m_formatTimer->setSingleShot(true);
     m_formatTimer->setInterval(0);
     addOperation(QStringLiteral("closeme"), &frmDocument::closeme);
@@ -62,6 +70,7 @@ void frmDocument::Form_Load()
     on(rtfTextBox, &RichTextBox::SelChange, this, &frmDocument::rtfTextBox_SelChange);
     on(m_formatTimer, &QTimer::timeout, this, &frmDocument::UpdateFormatButtons);
     on(rtfTextBox, &RichTextBox::LinkClicked, this, &frmDocument::rtfTextBox_LinkClicked);
+    on(&mainFrame->tbToolBar(), &Toolbar::ButtonClick, this, &frmDocument::tbToolBar_ButtonClick);
     auto *find = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F), rtfTextBox);
     find->setContext(Qt::WidgetShortcut);
     on(find, &QShortcut::activated, this, &frmDocument::rtfTextBox_CtrlF);
@@ -200,6 +209,21 @@ void frmDocument::rtfTextBox_LinkClicked(int first)
 void frmDocument::rtfTextBox_CtrlF()
 {
     FindDialog->ShowReplace(*rtfTextBox);
+}
+
+/// A button that pressed itself shows the selection's format again where its command was refused.
+void frmDocument::tbToolBar_ButtonClick()
+{
+    m_formatTimer->start();
+}
+
+/// Leaves the keys of the frame's Edit menu to the menu, so that they do what its items do.
+bool frmDocument::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::ShortcutOverride)
+        return ChildForm::eventFilter(watched, event);
+    const QKeyCombination keys = static_cast<QKeyEvent *>(event)->keyCombination();
+    return std::ranges::find(editMenuKeys, keys) != std::end(editMenuKeys);
 }
 
 bool frmDocument::Form_QueryUnload()

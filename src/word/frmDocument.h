@@ -36,6 +36,7 @@ public:
     void recover(const RecoveryText &text, std::unique_ptr<RecoveryCopy> copy);
 
     QSize sizeHint() const override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
     void Form_Load() override;
@@ -49,6 +50,7 @@ private:
     void rtfTextBox_SelChange();
     void rtfTextBox_LinkClicked(int first);
     void rtfTextBox_CtrlF();
+    void tbToolBar_ButtonClick();
 
     /// Shows the selection's formats on the toolbar while this is the active document.
     void UpdateFormatButtons();

@@ -4,6 +4,8 @@
 #include "PromptOwner.h"
 #include "ShownText.h"
 
+#include <QApplication>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPointer>
@@ -17,7 +19,11 @@ constexpr int iconBits = 0x70;
 class YesNoBox : public QMessageBox
 {
 public:
-    using QMessageBox::QMessageBox;
+    explicit YesNoBox(QWidget *owner)
+        : QMessageBox(owner)
+    {
+        setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint); // no close button
+    }
 
 protected:
     void closeEvent(QCloseEvent *event) override { event->ignore(); }
@@ -84,6 +90,18 @@ QMessageBox::Icon iconOf(MsgBoxStyle style)
     }
 }
 
+/// Makes \a box so wide that its title bar has room for the title, in whatever font, and for its buttons.
+void fitTitle(QMessageBox &box)
+{
+    constexpr int frame = 120; // pixels
+    QFont font = QApplication::font("QMdiSubWindowTitleBar");
+    font.setBold(true);
+    const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + frame;
+    // The box sets its own size to what its layout needs; a minimum size would not last.
+    auto *grid = static_cast<QGridLayout *>(box.layout());
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 /// Shows \a box and deletes it, unless its owner went first. Returns the button pressed, the last one for a
 /// box that went with its owner.
 int ask(QPointer<QMessageBox> box, const QString &text, MsgBoxStyle style, const QString &title)
@@ -94,6 +112,7 @@ int ask(QPointer<QMessageBox> box, const QString &text, MsgBoxStyle style, const
     box->setText(ShownText::lines(text));
     box->setIcon(iconOf(style));
     addButtons(*box, style);
+    fitTitle(*box);
     const int button = box->exec();
     if (!box)
         return buttonsOf(style).last();

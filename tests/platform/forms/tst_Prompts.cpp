@@ -143,6 +143,37 @@ TEST_F(MsgBoxTest, EscapeAndTheWindowSystemDoNotLeaveAQuestion)
     EXPECT_EQ(replyTo(MsgBoxStyle::YesNo, tryToLeave), MsgBoxReply::No);
 }
 
+TEST_F(MsgBoxTest, AQuestionHasNoCloseButtonAnOkBoxHas)
+{
+    const auto hasCloseButton = [](const QMessageBox &box) {
+        return bool(box.windowFlags() & Qt::WindowCloseButtonHint);
+    };
+    replyTo(MsgBoxStyle::YesNo, [&](QMessageBox &box) {
+        EXPECT_FALSE(hasCloseButton(box));
+        EXPECT_TRUE(box.windowFlags() & Qt::WindowTitleHint);
+        box.button(QMessageBox::No)->click();
+    });
+    replyTo(MsgBoxStyle::Plain, [&](QMessageBox &box) {
+        EXPECT_TRUE(hasCloseButton(box));
+        box.accept();
+    });
+}
+
+TEST_F(MsgBoxTest, AShortTextLeavesRoomForALongTitle)
+{
+    constexpr int frame = 100; // pixels that a title bar's icon and buttons take
+    title = QStringLiteral("Quill-Office Tools - Error Message");
+    text = QStringLiteral("ok");
+    for (const MsgBoxStyle style : {MsgBoxStyle::Plain, MsgBoxStyle::YesNo}) {
+        replyTo(style, [&](QMessageBox &box) {
+            QFont bold = box.font();
+            bold.setBold(true);
+            EXPECT_GE(box.width(), QFontMetrics(bold).horizontalAdvance(title) + frame);
+            box.buttons().last()->click();
+        });
+    }
+}
+
 TEST_F(MsgBoxTest, ReturnTakesTheDefault)
 {
     EXPECT_EQ(replyTo(MsgBoxStyle::YesNo, [](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Return); }),
