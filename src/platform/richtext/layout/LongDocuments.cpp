@@ -1,7 +1,7 @@
 #include "LongDocuments.h"
 
 #include "EventGate.h"
-#include "TypingLayout.h"
+#include "QuickLayout.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QScrollBar>
@@ -10,7 +10,6 @@
 #include <QTextLayout>
 #include <QTextOption>
 #include <algorithm>
-#include <private/qtextdocument_p.h>
 
 namespace {
 
@@ -25,17 +24,13 @@ bool mayRunRightToLeft(QChar c)
     return c.direction() == QChar::DirR || c.direction() == QChar::DirAL;
 }
 
-/// Goes over the runs themselves, since a copy of a long text would take longer than the search.
 bool mayRunRightToLeft(const QTextDocument &document, int from, int length)
 {
-    const auto &text = *QTextDocumentPrivate::get(&document);
-    const QString buffer = text.buffer();
-    auto run = text.find(from);
-    for (int end = run.atEnd() ? from : run.position(); !run.atEnd() && end < from + length; ++run) {
-        const QStringView part = QStringView(buffer).mid(run->stringPosition, run.size());
-        if (std::any_of(part.cbegin(), part.cend(), [](QChar c) { return mayRunRightToLeft(c); }))
+    QTextBlock block = document.findBlock(from);
+    for (; block.isValid() && block.position() < from + length; block = block.next()) {
+        const QString text = block.text();
+        if (std::any_of(text.cbegin(), text.cend(), [](QChar c) { return mayRunRightToLeft(c); }))
             return true;
-        end += run.size();
     }
     return false;
 }
@@ -52,20 +47,19 @@ void LongDocuments::attach(QTextDocument &document)
     m_meetsRightToLeft = false;
     m_isLeftToRight = !mayRunRightToLeft(document, 0, document.characterCount());
     setDirection(m_isLeftToRight ? Qt::LeftToRight : Qt::LayoutDirectionAuto);
-    m_layout = new TypingLayout(document, m_view); // belongs to the document
-    document.setDocumentLayout(m_layout);          // here, as this tells of a change that is none
+    QuickLayout::install(document, m_view); // first, since the document then reports a change that is none
     on(&document, &QTextDocument::contentsChange, this, &LongDocuments::beforeLayout);
     on(&document, &QTextDocument::contentsChanged, this, &LongDocuments::afterEdit);
 }
 
 void LongDocuments::catchUp()
 {
-    m_layout->catchUp();
+    QuickLayout::catchUp(*m_document);
 }
 
 std::pair<int, int> LongDocuments::stretchInView() const
 {
-    return m_layout->stretchInView();
+    return QuickLayout::stretchInView(*m_document, m_view);
 }
 
 /// Called when the text is changed and Qt's layout is about to learn of it.

@@ -123,14 +123,14 @@ TypingLayout::TypingLayout(QTextDocument &document, QTextEdit &view)
 
 void TypingLayout::draw(QPainter *painter, const PaintContext &context)
 {
-    if (isBehind() && (!context.clip.isValid() || context.clip.bottom() > m_arrears->reach))
+    if (isBehind() && (!context.clip.isValid() || context.clip.bottom() > m_pending->visibleBottom))
         catchUp();
     PaintContext widened = context;
     if (isBehind() && context.clip.bottom() > editedTop()) {
         // Qt looks for the first and the last paragraph to paint by places that it noted before the edits.
         // They are right above the edits, and come late enough from the first paragraph left behind on.
         widened.clip.setTop(qMin(context.clip.top(), editedTop()));
-        widened.clip.setBottom(top(paragraphOf(m_arrears->rightEnd)) + 1);
+        widened.clip.setBottom(top(paragraphOf(m_pending->validUntil)) + 1);
     }
     QTextDocumentLayout::draw(painter, widened);
 }
@@ -153,12 +153,12 @@ int TypingLayout::hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) co
 std::pair<int, int> TypingLayout::stretchInView() const
 {
     const double bottomOfView = viewTop() + viewHeight();
-    if (isBehind() && bottomOfView > m_arrears->reach)
+    if (isBehind() && bottomOfView > m_pending->visibleBottom)
         settle();
     const bool startsBelowEdits = isBehind() && viewTop() > editedTop();
     const bool endsBelowEdits = isBehind() && bottomOfView > editedTop();
     return {startsBelowEdits ? lastUntouched().position() : stretchAt(viewTop()).first,
-            endsBelowEdits ? m_arrears->rightEnd : stretchAt(bottomOfView).second};
+            endsBelowEdits ? m_pending->validUntil : stretchAt(bottomOfView).second};
 }
 
 /// The paragraph or table at the height \a y, which is above all edits that Qt's layout has not seen.
@@ -200,13 +200,13 @@ QRectF TypingLayout::frameBoundingRect(QTextFrame *frame) const
 {
     if (frame != document()->rootFrame()) // which every selection asks about
         settle();
-    const double lag = isBehind() ? m_arrears->lag : 0;
-    return QTextDocumentLayout::frameBoundingRect(frame).adjusted(0, 0, 0, lag);
+    const double growth = isBehind() ? m_pending->heightDelta : 0;
+    return QTextDocumentLayout::frameBoundingRect(frame).adjusted(0, 0, 0, growth);
 }
 
 QRectF TypingLayout::blockBoundingRect(const QTextBlock &block) const
 {
-    if (isBehind() && block.position() >= m_arrears->rightEnd)
+    if (isBehind() && block.position() >= m_pending->validUntil)
         settle();
     return QTextDocumentLayout::blockBoundingRect(block);
 }
@@ -228,7 +228,7 @@ QTextBlock TypingLayout::paragraphOf(int position) const
 /// The paragraph of the page before the edits, or the first of all when that was edited.
 QTextBlock TypingLayout::lastUntouched() const
 {
-    const QTextBlock edited = paragraphOf(m_arrears->from);
+    const QTextBlock edited = paragraphOf(m_pending->from);
     if (const QTextTable *table = tableOf(edited))
         return paragraphOf(table->firstPosition() - 1);
     return edited.previous().isValid() ? edited.previous() : edited;
@@ -237,17 +237,17 @@ QTextBlock TypingLayout::lastUntouched() const
 /// All that Qt's layout knows is right above this height.
 double TypingLayout::editedTop() const
 {
-    return m_arrears->from < document()->begin().length() ? 0 : top(lastUntouched());
+    return m_pending->from < document()->begin().length() ? 0 : top(lastUntouched());
 }
 
 /// The first paragraph from the edits on that ends below \a y; invalid when a table is near, or the height is
-/// out of reach.
+/// below what is laid out.
 QTextBlock TypingLayout::paragraphAt(double y) const
 {
     QTextBlock block = lastUntouched();
-    while (y < m_arrears->reach && bottom(block) < y && followsParagraph(block.next()))
+    while (y < m_pending->visibleBottom && bottom(block) < y && followsParagraph(block.next()))
         block = block.next();
-    const bool isRight = y < m_arrears->reach && bottom(block) >= y && followsParagraph(block.next());
+    const bool isRight = y < m_pending->visibleBottom && bottom(block) >= y && followsParagraph(block.next());
     return isRight ? block : QTextBlock();
 }
 
@@ -275,9 +275,9 @@ void TypingLayout::documentChanged(int from, int removed, int added)
 void TypingLayout::layOutAtOnce(int from, int removed, int added)
 {
     const bool isEverything = removed == 0 && added == document()->characterCount();
-    if (isBehind() && from >= m_arrears->end)
+    if (isBehind() && from >= m_pending->end)
         catchUp();
-    if (isBehind() && from + removed >= m_arrears->from && !isEverything) {
+    if (isBehind() && from + removed >= m_pending->from && !isEverything) {
         note(from, removed, added);
         catchUp();
     } else {
@@ -295,8 +295,8 @@ void TypingLayout::catchUp()
 {
     if (!isBehind())
         return;
-    const int length = m_arrears->end - m_arrears->from;
-    layOutBelow(m_arrears->from, length - m_arrears->grown, length);
+    const int length = m_pending->end - m_pending->from;
+    layOutBelow(m_pending->from, length - m_pending->grown, length);
 }
 
 /// Has Qt lay out an edit, and put everything below it in its place.
@@ -304,7 +304,7 @@ void TypingLayout::layOutBelow(int from, int removed, int added)
 {
     const bool wasBehind = isBehind();
     m_pause.stop();
-    m_arrears.reset();
+    m_pending.reset();
     QTextDocumentLayout::documentChanged(from, removed, added);
     if (wasBehind && document()->isLayoutEnabled()) {
         Q_EMIT update();
@@ -320,20 +320,20 @@ bool TypingLayout::canTake(int from, int removed, int added) const
     if (added > mostCharacters || removed > mostCharacters ||
         text.blockCount() - text.findBlock(from).blockNumber() < fewParagraphs)
         return false;
-    const bool isInReach = !isBehind() || (from + removed < m_arrears->rightEnd && areArrearsNearView());
-    return isInReach && layoutStatus() == 100 && text.isLayoutEnabled() && text.pageSize().height() <= 0 &&
-           !hasFloats(text);
+    const bool isNearPending = !isBehind() || (from + removed < m_pending->validUntil && areEditsNearView());
+    return isNearPending && layoutStatus() == 100 && text.isLayoutEnabled() &&
+           text.pageSize().height() <= 0 && !hasFloats(text);
 }
 
 void TypingLayout::note(int from, int removed, int added)
 {
     const int grown = added - removed;
     if (!isBehind())
-        m_arrears = Arrears{from, from + removed, 0, from + removed + 1};
-    m_arrears->end = qMax(m_arrears->end, from + removed) + grown;
-    m_arrears->from = qMin(m_arrears->from, from);
-    m_arrears->grown += grown;
-    m_arrears->rightEnd += grown;
+        m_pending = PendingEdits{from, from + removed, 0, from + removed + 1};
+    m_pending->end = qMax(m_pending->end, from + removed) + grown;
+    m_pending->from = qMin(m_pending->from, from);
+    m_pending->grown += grown;
+    m_pending->validUntil += grown;
 }
 
 /// Lays out the paragraphs of an edit and what is seen below; false when that is not sure to be right.
@@ -410,15 +410,15 @@ bool TypingLayout::layOutInCell(QTextTable &table, const QTextBlock &paragraph, 
 /// it is more than paragraphs.
 bool TypingLayout::moveBelow(const QTextBlock &behind, double y)
 {
-    Arrears &arrears = *m_arrears;
-    const double before = top(behind) + (behind.position() < arrears.rightEnd ? 0 : arrears.lag);
+    PendingEdits &pending = *m_pending;
+    const double before = top(behind) + (behind.position() < pending.validUntil ? 0 : pending.heightDelta);
     const double shift = y - before;
-    arrears.lag += shift;
+    pending.heightDelta += shift;
     int firstUnseen = -1;
     bool isPage = true;
     for (QTextBlock block = behind; block.isValid(); block = block.next()) {
-        const bool isLeftBehind = block.position() >= arrears.rightEnd;
-        const double distance = isLeftBehind ? arrears.lag : shift;
+        const bool isLeftBehind = block.position() >= pending.validUntil;
+        const double distance = isLeftBehind ? pending.heightDelta : shift;
         if (!followsParagraph(block))
             isPage = isOnPage(block);
         if (!isPage && distance != 0)
@@ -428,12 +428,12 @@ bool TypingLayout::moveBelow(const QTextBlock &behind, double y)
         const double place = top(block) + distance;
         if (firstUnseen < 0 && place > viewTop() + 2 * viewHeight()) {
             firstUnseen = block.position();
-            arrears.reach = place;
+            pending.visibleBottom = place;
         }
-        // Qt's notes count the characters and pixels of the text before the edits.
-        if (firstUnseen >= 0 && isLeftBehind && block.position() > firstUnseen + qMax(0, arrears.grown) &&
-            qMin(place, top(block)) > arrears.reach) {
-            arrears.rightEnd = block.position();
+        // What Qt noted counts the characters and pixels of the text before the edits.
+        if (firstUnseen >= 0 && isLeftBehind && block.position() > firstUnseen + qMax(0, pending.grown) &&
+            qMin(place, top(block)) > pending.visibleBottom) {
+            pending.validUntil = block.position();
             showChange(behind, shift);
             return true;
         }
@@ -448,13 +448,13 @@ void TypingLayout::showChange(const QTextBlock &behind, double shift)
     constexpr double everything = 1e9;
     const double height = shift == 0 ? top(behind) - editedTop() : everything;
     Q_EMIT update(QRectF(0, editedTop(), everything, height));
-    const int whole = qRound(dynamicDocumentSize().height() + m_arrears->lag);
+    const int whole = qRound(dynamicDocumentSize().height() + m_pending->heightDelta);
     m_view.verticalScrollBar()->setMaximum(qMax(0, whole - m_view.viewport()->height()));
 }
 
-bool TypingLayout::areArrearsNearView() const
+bool TypingLayout::areEditsNearView() const
 {
-    return isNearView(lastUntouched()) && m_arrears->reach < viewTop() + 5 * viewHeight();
+    return isNearView(lastUntouched()) && m_pending->visibleBottom < viewTop() + 5 * viewHeight();
 }
 
 bool TypingLayout::isNearView(const QTextBlock &block) const

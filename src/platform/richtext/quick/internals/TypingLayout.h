@@ -12,7 +12,7 @@ class QTextTable;
 /// The layout of a document that is typed in, quick in long documents, too.
 ///
 /// With each key Qt's layout visits every paragraph below, which takes far too long where a hundred thousand
-/// follow. So a small edit in view is laid out here, as far as the view reaches, and Qt's layout catches up
+/// follow. So a small edit in view is laid out here, down to the end of the view, and Qt's layout catches up
 /// when the typing pauses, or before anybody asks about the rest. What is laid out here is taken from Qt's
 /// own layout of a copy of the few paragraphs around the edit. In a table only lines that keep their height
 /// are laid out here. Where that is not sure to be right, as beside tables, Qt lays out everything at once.
@@ -24,13 +24,13 @@ public:
     /// \a view is the one that shows the document.
     TypingLayout(QTextDocument &document, QTextEdit &view);
 
-    /// True while paragraphs below the view do not lie in their place.
-    bool isBehind() const { return m_arrears.has_value(); }
+    /// True while paragraphs below the view are not in their place.
+    bool isBehind() const { return m_pending.has_value(); }
 
     /// Brings everything to its place; costs nothing when it is there already.
     void catchUp();
 
-    /// Positions between which lies all that is in view, and while behind some text more.
+    /// Positions between which all text in view is, and perhaps some more around it.
     std::pair<int, int> stretchInView() const;
 
     void draw(QPainter *painter, const PaintContext &context) override;
@@ -46,14 +46,14 @@ protected:
 
 private:
     /// Edits that Qt's layout has not seen. Positions are those of the text as it is now.
-    struct Arrears
+    struct PendingEdits
     {
         int from = 0; ///< the text that was edited
         int end = 0;
-        int grown = 0;    ///< characters that came, less those that went
-        int rightEnd = 0; ///< paragraphs from here on lie where they lay before the edits
-        double lag = 0;   ///< pixels that those are too high
-        double reach = 0; ///< what is painted above this height is right
+        int grown = 0;            ///< characters that came, less those that went
+        int validUntil = 0;       ///< paragraphs from here on are still where they were before
+        double heightDelta = 0;   ///< pixels that those have yet to move down
+        double visibleBottom = 0; ///< everything above this height is in its place
     };
 
     bool canTake(int from, int removed, int added) const;
@@ -72,13 +72,13 @@ private:
     QTextBlock paragraphAt(double y) const;
     std::pair<int, int> stretchAt(double y) const;
     void settle() const;
-    bool areArrearsNearView() const;
+    bool areEditsNearView() const;
     bool isNearView(const QTextBlock &block) const;
     double viewTop() const;
     double viewHeight() const;
 
     QTextEdit &m_view;
     int m_paragraphs = 0; ///< when the layout last heard of an edit
-    std::optional<Arrears> m_arrears;
+    std::optional<PendingEdits> m_pending;
     QTimer m_pause;
 };

@@ -5,12 +5,11 @@
 
 class QTextDocument;
 class QTextEdit;
-class TypingLayout;
 
 /// Spares Qt's layout work that takes long in documents of a hundred thousand paragraphs. What is seen stays
 /// as Qt would lay it out.
 ///
-/// With each key Qt visits every paragraph below; TypingLayout puts that off until the typing pauses. There
+/// With each key Qt visits every paragraph below; QuickLayout puts that off until the typing pauses. There
 /// Qt spends half its time on searching the text for letters that run from right to left. So a document
 /// without any is declared to be left to right.
 ///
@@ -40,7 +39,6 @@ private:
 
     QTextEdit &m_view;
     QTextDocument *m_document = nullptr;
-    TypingLayout *m_layout = nullptr;
     bool m_isLeftToRight = false; ///< declared so
     bool m_meetsRightToLeft = false;
 };

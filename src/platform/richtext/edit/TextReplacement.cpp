@@ -1,6 +1,6 @@
 #include "TextReplacement.h"
 
-#include "RunEdits.h"
+#include "RunReplacement.h"
 
 #include <QTextCursor>
 #include <algorithm>
@@ -59,15 +59,9 @@ void replaceAt(QTextCursor &cursor, int position, int length, const QString &tex
 /// What spans several runs, or a picture, is replaced behind all the others.
 void replaceApart(QTextCursor &cursor, const QList<int> &places, int length, const QString &text)
 {
-    RunEdits edits(*cursor.document());
-    QList<int> others;
-    for (int i = 0; i < places.size(); ++i) {
-        if (!edits.replace(places.at(i), length, text))
-            others.append(places.at(i) + i * int(text.size() - length));
-    }
-    edits.apply();
-    for (const int position : std::as_const(others))
-        replaceAt(cursor, position, length, text);
+    const QList<int> left = RunReplacement::replace(*cursor.document(), places, length, text);
+    for (const int index : left)
+        replaceAt(cursor, places.at(index) + index * int(text.size() - length), length, text);
 }
 
 } // namespace
