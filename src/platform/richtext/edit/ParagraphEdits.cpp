@@ -14,8 +14,8 @@ namespace {
 constexpr int markWidth = 240; // twips, room for the mark itself
 constexpr int notInList = -1;
 
-/// Whenever an item comes or goes Qt visits all items of its list. So lists are kept short; nobody sees where
-/// one list of bullets ends and the next begins.
+/// Whenever an item comes or goes Qt visits all items of its list. So lists are kept short; no user sees
+/// where one list of bullets ends and the next begins.
 constexpr int mostItems = 200;
 
 /// Paragraphs in a row that all have the same format.
@@ -54,7 +54,7 @@ QList<Stretch> stretches(const QTextCursor &selection, const Choice &choice)
     return found;
 }
 
-/// One format change for each stretch of like paragraphs, as a change for each of many is dear.
+/// One format change for each stretch of like paragraphs, as a change for each of many is slow.
 void apply(const QTextCursor &selection, const Choice &choice, const Change &change)
 {
     QTextCursor edit(selection.document());
@@ -72,6 +72,11 @@ void apply(const QTextCursor &selection, const Choice &choice, const Change &cha
 bool all(const QTextBlock &)
 {
     return true;
+}
+
+bool isNotNumbered(const QTextBlock &block)
+{
+    return !block.textList() || ParagraphEdits::isBulleted(block);
 }
 
 /// The list of \a block if another paragraph may join it and then looks as one of our own bullets.
@@ -137,11 +142,12 @@ void ParagraphEdits::setRightIndent(const QTextCursor &selection, int indent)
     });
 }
 
-void ParagraphEdits::addBullets(const QTextCursor &selection, int distance)
+void ParagraphEdits::addBullets(const QTextCursor &selection, int distance, Numbered numbered)
 {
     const QTextDocument &document = *selection.document();
     const int hanging = distance + markWidth;
-    apply(selection, all, [&](QTextBlockFormat &format, const Stretch &stretch) {
+    const Choice choice = numbered == Numbered::Stay ? isNotNumbered : all;
+    apply(selection, choice, [&](QTextBlockFormat &format, const Stretch &stretch) {
         if (!isBulletFormat(document, format)) {
             const QTextBlock behind = document.findBlock(stretch.last).next();
             format.setObjectIndex(listFor(document.findBlock(stretch.first), behind));

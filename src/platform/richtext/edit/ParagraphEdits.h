@@ -13,9 +13,11 @@ bool isBulleted(const QTextBlock &block);
 void setIndent(const QTextCursor &selection, int indent);
 void setRightIndent(const QTextCursor &selection, int indent);
 
+enum class Numbered { BecomeBulleted, Stay };
+
 /// Gives a mark and hangs the text \a distance and the mark's own width behind it. Neighbouring bulleted
 /// paragraphs share one list; paragraphs that are bulleted already stay in theirs.
-void addBullets(const QTextCursor &selection, int distance);
+void addBullets(const QTextCursor &selection, int distance, Numbered numbered = Numbered::BecomeBulleted);
 
 /// Takes the paragraphs out of bulleted lists; numbered ones stay as they are.
 void removeBullets(const QTextCursor &selection);
