@@ -9,8 +9,8 @@ import sys
 
 import sources
 
-DOORS = ('platform/forms/Prompts.cpp', 'platform/forms/CommonDialog.cpp', 'platform/forms/FontDialog.h',
-         'platform/forms/FontDialog.cpp', 'platform/forms/PrinterDialog.cpp')
+DOORS = ('platform/forms/Prompts.cpp', 'platform/forms/CommonDialog.cpp', 'platform/forms/FontDialog.cpp',
+         'platform/forms/PrinterDialog.cpp')
 DIALOG = re.compile(r'\bQ(?:MessageBox|FileDialog|InputDialog|ColorDialog|FontDialog|PrintDialog|PageSetupDialog)\b')
 NOWHERE = re.compile(r'\bQErrorMessage\b')
 
