@@ -97,7 +97,7 @@ protected:
         scrollTo(box.verticalScrollBar()->value());
     }
     void layOutPlain() { plain.document()->markContentsDirty(0, plain.document()->characterCount()); }
-    /// The start of the first paragraph that lies below \a y.
+    /// The start of the first paragraph below \a y.
     int below(int y)
     {
         QTextBlock block = plain.document()->begin();
@@ -135,7 +135,7 @@ protected:
         other.setPosition(position);
         EXPECT_EQ(box.cursorRect(caret), plain.cursorRect(other)) << position;
     }
-    /// Every paragraph lies where it does when everything is laid out from the start.
+    /// Every paragraph is where it is when everything is laid out from the start.
     void expectSameLayout()
     {
         layOutPlain();

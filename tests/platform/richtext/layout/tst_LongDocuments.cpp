@@ -18,7 +18,7 @@ protected:
     }
     bool isLaidOut() { return box.document()->lastBlock().layout()->lineCount() > 0; }
 
-    /// Every paragraph lies where Qt lays it out in a document of the same content.
+    /// Every paragraph is where Qt lays it out in a document of the same content.
     void expectPlainLayout()
     {
         const std::unique_ptr<QTextDocument> plain(box.document()->clone());
@@ -95,7 +95,7 @@ TEST_F(LongDocument, EditsAtRandomWithTextFromTheRightAreLaidOutAsQtDoes)
     expectPlainLayout();
 }
 
-TEST_F(LongDocument, TextFromTheRightLiesRightWhenTyped)
+TEST_F(LongDocument, TextFromTheRightIsLaidOutWhenTyped)
 {
     open(3, QStringLiteral("words"));
     box.setSelStart(0);
@@ -106,7 +106,7 @@ TEST_F(LongDocument, TextFromTheRightLiesRightWhenTyped)
     expectPlainLayout();
 }
 
-TEST_F(LongDocument, TextFromTheRightLiesRightWhenLoadedOrUndone)
+TEST_F(LongDocument, TextFromTheRightIsLaidOutWhenLoadedOrUndone)
 {
     open(1, hebrew);
     EXPECT_EQ(paragraph(0).textDirection(), Qt::RightToLeft);

@@ -26,9 +26,9 @@ protected:
     }
     /// That \a question brought everything to its place, before it was answered.
     template<class Answer>
-    void expectCaughtUp(const Answer &ours, const Answer &theirs)
+    void expectCaughtUp(const Answer &actual, const Answer &expected)
     {
-        EXPECT_EQ(ours, theirs);
+        EXPECT_EQ(actual, expected);
         EXPECT_FALSE(isBehind());
         expectSameLayout();
     }
@@ -189,6 +189,51 @@ TEST_F(Typing, AllThatIsInViewIsKnown)
             EXPECT_TRUE(isKnown || area.bottom() <= y || area.top() >= bottom) << y;
         }
     }
+}
+
+TEST_F(Typing, TextBesideAPictureIsSeenAtOnce)
+{
+    open();
+    scrollTo(500);
+    const int position = below(600);
+    edit(position, position, [](QTextCursor &cursor) {
+        QTextImageFormat picture;
+        picture.setName(QStringLiteral("picture:none"));
+        picture.setWidth(40);
+        picture.setHeight(30);
+        cursor.insertImage(picture);
+        cursor.insertText(QStringLiteral("text behind it"));
+    });
+    expectSameView();
+    catchUp();
+    type(position, QStringLiteral("x"));
+    expectBehindAndRight();
+    type(position + 3, manyWords); // the picture stays in its line, text behind it wraps
+    expectBehindAndRight();
+    type(position, manyWords); // the picture comes to another line
+    expectBehindAndRight();
+    splitAt(position + 2);
+    expectBehindAndRight();
+    remove(position, position + 1);
+    expectBehindAndRight();
+    expectSameLayout();
+}
+
+TEST_F(Typing, APictureWithoutASizeIsLaidOutByQt)
+{
+    open();
+    scrollTo(500);
+    const int position = below(600);
+    QImage image(40, 30, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    const QUrl name(QStringLiteral("picture:own"));
+    box.document()->addResource(QTextDocument::ImageResource, name, image);
+    plain.document()->addResource(QTextDocument::ImageResource, name, image);
+    edit(position, position, [&](QTextCursor &cursor) { cursor.insertImage(name.toString()); });
+    catchUp();
+    type(position, QStringLiteral("x"));
+    expectSameView();
+    expectSameLayout();
 }
 
 TEST_F(Typing, ItemsBelowAreNumberedAnewAtOnce)
@@ -358,6 +403,43 @@ TEST_F(Typing, EditsBesideTablesAreSeenAtOnce)
     }
 }
 
+TEST_F(Typing, KeysBesideATableAreSeenAtOnce)
+{
+    open(20);
+    scrollToTable();
+    const QTextTable &shown = table();
+    const QList<int> places = {shown.firstPosition() - 1, shown.lastPosition() + 1};
+    for (const int position : places) {
+        type(position, QStringLiteral("x")); // where the paragraph was empty Qt hid it
+        expectSameView();
+        catchUp();
+        type(position, QStringLiteral("y"));
+        expectBehindAndRight();
+        expectSameHit({15, 150});
+        remove(position, position + 1);
+        expectBehindAndRight();
+        expectSameLayout();
+    }
+}
+
+TEST_F(Typing, AFormatOfACellOrBesideATableIsLaidOut)
+{
+    open(20);
+    scrollToTable();
+    const QTextTable &shown = table();
+    const QList<int> places = {shown.firstPosition() - 1, shown.firstPosition(), shown.lastPosition() + 1};
+    for (const int position : places) {
+        type(position, QStringLiteral("some words"));
+        edit(position, position, [](QTextCursor &cursor) {
+            QTextBlockFormat format;
+            format.setLeftMargin(30);
+            cursor.mergeBlockFormat(format);
+        });
+        expectSameView();
+        expectSameLayout();
+    }
+}
+
 TEST_F(Typing, ALineMoreAboveATableMovesIt)
 {
     open(20);
@@ -455,7 +537,7 @@ TEST_F(Typing, ScrollingFarShowsTheRightText)
     expectSameLayout();
     splitAt(below(viewTop() + 50));
     expectBehind();
-    scrollTo(0); // all above lies right
+    scrollTo(0); // all above is in its place
     expectBehindAndRight();
     scrollTo(plain.verticalScrollBar()->maximum());
     expectSameView();
@@ -496,7 +578,7 @@ TEST_F(Typing, TheEndOfTheBackgroundLayoutKeepsTheRange)
 {
     open();
     box.setTextRTF(box.TextRTF());
-    layout().hitTest({0, 1e6}, Qt::FuzzyHit); // lays out all of it; the size is told later
+    layout().hitTest({0, 1e6}, Qt::FuzzyHit); // lays out all of it; the size is reported later
     ASSERT_TRUE(isLaidOut());
     splitAt(5);
     expectBehind();

@@ -17,6 +17,21 @@ QTextBlockFormat withoutList(const QTextBlock &block)
     return format;
 }
 
+/// True when all objects in the text are pictures whose size the format gives, so that a copy needs not their
+/// bytes.
+bool areObjectsSized(const QTextBlock &block)
+{
+    if (!block.text().contains(QChar::ObjectReplacementCharacter))
+        return true;
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+        const QTextImageFormat picture = it.fragment().charFormat().toImageFormat();
+        const bool isSized = picture.isValid() && picture.width() > 0 && picture.height() > 0;
+        if (!isSized && it.fragment().text().contains(QChar::ObjectReplacementCharacter))
+            return false;
+    }
+    return true;
+}
+
 void fill(QTextCursor &copy, const QTextBlock &block)
 {
     copy.setBlockFormat(withoutList(block));
@@ -50,8 +65,8 @@ bool LayoutSample::isSimple(const QTextBlock &original)
 {
     constexpr int longest = 10000; // a copy of more is no longer cheap
     return original.isValid() && original.isVisible() && original.length() <= longest &&
-           !original.text().contains(QChar::ObjectReplacementCharacter) &&
-           original.layout()->preeditAreaText().isEmpty() && original.layout()->formats().isEmpty();
+           areObjectsSized(original) && original.layout()->preeditAreaText().isEmpty() &&
+           original.layout()->formats().isEmpty();
 }
 
 bool LayoutSample::isSameLayout(const QTextBlock &one, const QTextBlock &other)

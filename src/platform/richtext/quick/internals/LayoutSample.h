@@ -16,7 +16,7 @@ public:
     /// Pixels; more than the page's where a line sticks out at the side.
     double width() const { return m_document.size().width(); }
 
-    /// True when \a original can be copied: visible text of moderate length.
+    /// True when \a original can be copied: visible text of moderate length, and pictures of a known size.
     static bool isSimple(const QTextBlock &original);
 
     /// True when the lines of both hold the same characters at the same places of the paragraph.

@@ -13,7 +13,7 @@ public:
     explicit RunEdits(QTextDocument &document);
 
     /// Notes that \a text comes in place of the \a length characters at \a position in the document as it is.
-    /// Each position lies behind what the one before replaces, and \a text has no line end. False when those
+    /// Each position is behind what the one before replaces, and \a text has no line end. False when those
     /// characters are not text of a single run; then nothing is noted.
     bool replace(int position, int length, const QString &text);
 

@@ -9,8 +9,8 @@ class QTextDocumentPrivate;
 /// them the one that they had.
 ///
 /// A run is a stretch of text of one format, a node in Qt's tree of them. Qt changes text by taking nodes out
-/// and putting others in, microseconds each, and tells every cursor about each. Here the nodes stay and come
-/// to mean another part of the document's buffer. Qt and the cursors are told nothing but that the text has
+/// and putting others in, microseconds each, and notifies every cursor of each. Here the nodes stay and come
+/// to mean another part of the document's buffer. Qt and the cursors only hear that the text has
 /// changed, so all the runs together have to keep their length.
 class RunExchange : public QAbstractUndoItem
 {
@@ -29,7 +29,7 @@ public:
         Part other; ///< what it is to show
     };
 
-    /// \a runs ascend, and each lies in one paragraph.
+    /// \a runs ascend, and each is within one paragraph.
     RunExchange(QTextDocumentPrivate &document, const QList<Run> &runs);
 
     void undo() override { exchange(); }

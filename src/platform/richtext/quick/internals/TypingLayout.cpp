@@ -1,8 +1,8 @@
 #include "TypingLayout.h"
 
-#include "CellLines.h"
 #include "EventGate.h"
 #include "LayoutSample.h"
+#include "UnmovedLines.h"
 
 #include <QScrollBar>
 #include <QTextEdit>
@@ -42,7 +42,7 @@ bool isOnPage(const QTextBlock &block)
     return block.isValid() && !frameOnPage(block);
 }
 
-/// The table of the page that \a block lies in a cell of, but not in a frame within.
+/// The table of the page that \a block is in a cell of, but not in a frame within.
 QTextTable *tableOf(const QTextBlock &block)
 {
     auto *table = qobject_cast<QTextTable *>(block.document()->frameAt(block.position()));
@@ -54,6 +54,13 @@ bool followsParagraph(const QTextBlock &block)
 {
     return block.isValid() && block.position() > 0 &&
            block.document()->characterAt(block.position() - 1) == QChar::ParagraphSeparator;
+}
+
+/// \a block, or where that begins a table or a frame, the paragraph behind it.
+QTextBlock behindFrame(const QTextBlock &block)
+{
+    const QTextFrame *frame = block.isValid() && !followsParagraph(block) ? frameOnPage(block) : nullptr;
+    return frame ? block.document()->findBlock(frame->lastPosition() + 1) : block;
 }
 
 bool areSimple(const QTextBlock &first, const QTextBlock &last)
@@ -149,7 +156,7 @@ int TypingLayout::hitTest(const QPointF &point, Qt::HitTestAccuracy accuracy) co
     return QTextDocumentLayout::hitTest(point, accuracy);
 }
 
-/// A hit would do, too, but where there is no text right at the point Qt goes on to the document's end.
+/// A hit would do, too, but where there is no text right at the point Qt lays out up to the document's end.
 std::pair<int, int> TypingLayout::stretchInView() const
 {
     const double bottomOfView = viewTop() + viewHeight();
@@ -175,7 +182,7 @@ std::pair<int, int> TypingLayout::stretchAt(double y) const
         const QTextBlock block = document()->findBlockByNumber(middle);
         (QTextDocumentLayout::blockBoundingRect(block).bottom() < y ? above : below) = middle;
     }
-    // Cells beside each other end at several heights, and an empty paragraph before a table lies in its edge.
+    // Cells beside each other end at several heights, and an empty paragraph before a table is in its edge.
     const QTextBlock first = document()->findBlockByNumber(qMax(above, 0));
     const QTextBlock last = document()->findBlockByNumber(qMin(below + 1, document()->blockCount() - 1));
     const QTextFrame *startFrame = frameOnPage(first);
@@ -231,7 +238,11 @@ QTextBlock TypingLayout::lastUntouched() const
     const QTextBlock edited = paragraphOf(m_pending->from);
     if (const QTextTable *table = tableOf(edited))
         return paragraphOf(table->firstPosition() - 1);
-    return edited.previous().isValid() ? edited.previous() : edited;
+    const QTextBlock before = edited.previous();
+    if (!before.isValid())
+        return edited;
+    const QTextFrame *frame = followsParagraph(edited) ? nullptr : frameOnPage(before);
+    return frame ? paragraphOf(frame->firstPosition() - 1) : before;
 }
 
 /// All that Qt's layout knows is right above this height.
@@ -261,7 +272,7 @@ void TypingLayout::documentChanged(int from, int removed, int added)
     }
     if (canTake(from, removed, added)) {
         note(from, removed, added);
-        if (layOut(from, added))
+        if (layOutUnmoved(from, removed, added) || layOut(from, added))
             m_pause.start();
         else
             catchUp();
@@ -287,7 +298,7 @@ void TypingLayout::layOutAtOnce(int from, int removed, int added)
 
 void TypingLayout::timerEvent(QTimerEvent *event)
 {
-    catchUp(); // Qt goes on where it was
+    catchUp(); // Qt continues where it was
     QTextDocumentLayout::timerEvent(event);
 }
 
@@ -308,7 +319,7 @@ void TypingLayout::layOutBelow(int from, int removed, int added)
     QTextDocumentLayout::documentChanged(from, removed, added);
     if (wasBehind && document()->isLayoutEnabled()) {
         Q_EMIT update();
-        Q_EMIT documentSizeChanged(dynamicDocumentSize()); // Qt keeps silent when it last told the same
+        Q_EMIT documentSizeChanged(dynamicDocumentSize()); // Qt does not emit the same size twice
     }
 }
 
@@ -341,8 +352,6 @@ bool TypingLayout::layOut(int from, int added)
 {
     constexpr int mostParagraphs = 8;
     const QTextBlock first = document()->findBlock(from);
-    if (QTextTable *table = tableOf(first))
-        return layOutInCell(*table, first, from + added);
     const QTextBlock before = first.previous();
     const QTextBlock start = before.isValid() ? before : first;
     const QTextBlock behind = document()->findBlock(from + added).next();
@@ -391,22 +400,33 @@ bool TypingLayout::mayHaveBeenWidest(const QTextBlock &first, const QTextBlock &
     return false;
 }
 
-/// Lays out a paragraph in a cell whose edit ends at \a end; false when its table would not stay as it is.
-bool TypingLayout::layOutInCell(QTextTable &table, const QTextBlock &paragraph, int end)
+/// Lays out the paragraph of an edit where that moves nothing else; false where it would. Qt hides an empty
+/// paragraph beside a table, so outside of cells the edit may not empty it, nor fill it.
+bool TypingLayout::layOutUnmoved(int from, int removed, int added)
 {
-    const QTextBlock before = document()->findBlock(table.firstPosition() - 1);
-    const QTextBlock behind = document()->findBlock(table.lastPosition() + 1);
-    const bool keepsParagraphs = paragraph.contains(end) && document()->blockCount() == m_paragraphs;
-    if (!keepsParagraphs || !isOnPage(before) || !isOnPage(behind) || !isNearView(before) ||
-        !LayoutSample::isSimple(paragraph))
+    const QTextBlock paragraph = document()->findBlock(from);
+    const bool isText = removed == 0 || added == 0; // a change of formats counts as both
+    const bool keepsParagraphs = paragraph.contains(from + added) && document()->blockCount() == m_paragraphs;
+    if (!isText || !keepsParagraphs || !LayoutSample::isSimple(paragraph) || !isNearView(lastUntouched()))
         return false;
-    const QTextTableCell cell = table.cellAt(end);
-    const double width = tableCellBoundingRect(&table, cell).width();
-    return CellLines::areFixed(table.format(), cell, width) && CellLines::layOutAgain(paragraph) &&
-           moveBelow(behind, top(behind));
+    QTextTable *table = tableOf(paragraph);
+    const bool isOrWasEmpty = qMin(paragraph.length(), paragraph.length() + removed - added) <= 1;
+    const QTextBlock behind =
+        behindFrame(table ? document()->findBlock(table->lastPosition() + 1) : paragraph.next());
+    if (!behind.isValid() || mayHaveBeenWidest(paragraph, paragraph.next()))
+        return false;
+    if (table ? !isFixedCell(*table, from) : isOrWasEmpty || !isOnPage(paragraph))
+        return false;
+    return UnmovedLines::layOutAgain(paragraph) && moveBelow(behind, top(behind));
 }
 
-/// Moves what is seen from \a behind on, so that this paragraph comes to lie at the height \a y; false when
+bool TypingLayout::isFixedCell(QTextTable &table, int position) const
+{
+    const QTextTableCell cell = table.cellAt(position);
+    return UnmovedLines::isFixed(table.format(), cell, tableCellBoundingRect(&table, cell).width());
+}
+
+/// Moves what is seen from \a behind on, so that this paragraph begins at the height \a y; false when
 /// it is more than paragraphs.
 bool TypingLayout::moveBelow(const QTextBlock &behind, double y)
 {

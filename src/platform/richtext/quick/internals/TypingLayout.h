@@ -13,9 +13,10 @@ class QTextTable;
 ///
 /// With each key Qt's layout visits every paragraph below, which takes far too long where a hundred thousand
 /// follow. So a small edit in view is laid out here, down to the end of the view, and Qt's layout catches up
-/// when the typing pauses, or before anybody asks about the rest. What is laid out here is taken from Qt's
-/// own layout of a copy of the few paragraphs around the edit. In a table only lines that keep their height
-/// are laid out here. Where that is not sure to be right, as beside tables, Qt lays out everything at once.
+/// when the typing pauses, or before anything asks about the rest. What is laid out here is taken from Qt's
+/// own layout of a copy of the few paragraphs around the edit. In a table, and beside one, only lines that
+/// keep their height are laid out here. Where that is not sure to be right Qt lays out everything at
+/// once.
 class TypingLayout : public QTextDocumentLayout
 {
     Q_OBJECT
@@ -61,7 +62,8 @@ private:
     void layOutBelow(int from, int removed, int added);
     void note(int from, int removed, int added);
     bool layOut(int from, int added);
-    bool layOutInCell(QTextTable &table, const QTextBlock &paragraph, int end);
+    bool layOutUnmoved(int from, int removed, int added);
+    bool isFixedCell(QTextTable &table, int position) const;
     double widthOfAll() const;
     bool mayHaveBeenWidest(const QTextBlock &first, const QTextBlock &behind) const;
     bool moveBelow(const QTextBlock &behind, double y);

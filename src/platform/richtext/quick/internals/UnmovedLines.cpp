@@ -1,4 +1,4 @@
-#include "CellLines.h"
+#include "UnmovedLines.h"
 
 #include <QTextBlock>
 #include <QTextLayout>
@@ -6,7 +6,7 @@
 #include <QTextTableFormat>
 #include <algorithm>
 
-bool CellLines::areFixed(const QTextTableFormat &table, const QTextTableCell &cell, double width)
+bool UnmovedLines::isFixed(const QTextTableFormat &table, const QTextTableCell &cell, double width)
 {
     const QList<QTextLength> columns = table.columnWidthConstraints();
     const int end = cell.column() + cell.columnSpan();
@@ -19,9 +19,12 @@ bool CellLines::areFixed(const QTextTableFormat &table, const QTextTableCell &ce
     return width <= fixed + rounding;
 }
 
-bool CellLines::layOutAgain(const QTextBlock &paragraph)
+bool UnmovedLines::layOutAgain(const QTextBlock &paragraph)
 {
     QTextLayout &layout = *paragraph.layout();
+    if (paragraph.blockFormat().nonBreakableLines() ||
+        layout.textOption().textDirection() != paragraph.textDirection())
+        return false;
     QList<QRectF> areas;
     for (int i = 0; i < layout.lineCount(); ++i)
         areas.append(layout.lineAt(i).rect());
