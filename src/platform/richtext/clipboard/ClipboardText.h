@@ -16,7 +16,7 @@ bool isRichText(const QMimeData &data);
 /// The rich text of \a data; empty when it offers none.
 QByteArray richText(const QMimeData &data);
 
-/// True when a picture is to be taken before the HTML beside it, which only tells where the picture lies.
+/// True when a picture is to be taken before the HTML beside it, which only names the picture's place.
 bool isPicture(const QMimeData &data);
 
 } // namespace ClipboardText

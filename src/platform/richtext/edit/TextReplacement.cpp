@@ -31,7 +31,7 @@ bool holdsLineEnd(QTextCursor &cursor, int position, int length)
     return cursor.selectedText().contains(QChar::ParagraphSeparator);
 }
 
-/// The first of \a positions that lie apart from each other, all ahead or all backwards. They are returned in
+/// The first of \a positions that do not overlap, all ahead or all backwards. They are returned in
 /// the order of the text, as places in the text before any of them is replaced.
 QList<int> placesApart(QList<int>::const_iterator position, QList<int>::const_iterator end, int length,
                        int newLength)

@@ -8,8 +8,8 @@ class QTextCursor;
 /// Puts text in place of other text in a document.
 namespace TextReplacement {
 
-/// Puts \a text in place of the selection, in the format of the selection's first character. The caret comes
-/// to lie behind it. One undo step.
+/// Puts \a text in place of the selection, in the format of the selection's first character. The caret ends
+/// up behind it. One undo step.
 void replace(QTextCursor &selection, const QString &text);
 
 /// Puts \a text in place of \a length characters at each of \a positions, one after the other, as replace()

@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Of characters beyond 16 bits the first half tells: those that run from the right stand in two stretches.
+/// Of characters beyond 16 bits the first half decides: those that run from the right are in two ranges.
 bool mayRunRightToLeft(QChar c)
 {
     constexpr char16_t firstHebrew = 0x0590;
@@ -90,7 +90,7 @@ void LongDocuments::setDirection(Qt::LayoutDirection direction)
     m_document->setDefaultTextOption(option);
 }
 
-/// The layout begins anew. It is not to tell its size before it has come to what is seen: that would scroll.
+/// The layout begins anew. It does not report its size before it has come to what is seen: that would scroll.
 void LongDocuments::layOutVisible()
 {
     QAbstractTextDocumentLayout *layout = m_document->documentLayout();
@@ -100,7 +100,7 @@ void LongDocuments::layOutVisible()
     layout->hitTest(QPointF(0, bottom), Qt::FuzzyHit);
     layout->blockSignals(wereBlocked);
     const bool isFinished = m_document->lastBlock().layout()->lineCount() > 0;
-    if (isFinished) // otherwise it tells the size as it goes on
+    if (isFinished) // otherwise it reports the size as it continues
         Q_EMIT layout->documentSizeChanged(layout->documentSize());
     m_view.viewport()->update();
 }

@@ -28,7 +28,7 @@ public:
     /// To be called before the view changes its size.
     void catchUp();
 
-    /// Positions between which lies all that is in view, and perhaps some text more.
+    /// Positions between which all text in view is, and perhaps some more around it.
     std::pair<int, int> stretchInView() const;
 
 private:

@@ -11,7 +11,7 @@ using LinkFinder::Link;
 
 const QRegularExpression &address()
 {
-    // A name begins where no other letter, digit or sign of a name stands before it.
+    // A name begins where no other letter, digit or sign of a name is before it.
     static const QRegularExpression expression(
         QStringLiteral(R"((?<![\w@.+-])(?:(?:(?:https?|ftp|file)://|mailto:|www\.(?=\w))[^\s<>"\x{FFFC}]+)"
                        R"(|\w[\w.+-]{0,63}@\w[\w-]*(?:\.\w[\w-]*)+))"),
@@ -28,7 +28,7 @@ bool endsUnopened(QStringView text)
     return kind >= 0 && text.count(closing.at(kind)) > text.count(opening.at(kind));
 }
 
-/// An address ends before the punctuation of the sentence that it stands in.
+/// An address ends before the punctuation of the sentence around it.
 qsizetype lengthWithoutPunctuation(QStringView text)
 {
     static const QString punctuation = QStringLiteral(".,;:!?'*\u2019\u201D\u00BB\u2026");

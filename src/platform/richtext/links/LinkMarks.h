@@ -20,7 +20,7 @@ public:
 
     void setOn(bool on);
 
-    /// What lies over a link's own format; none while links are not marked.
+    /// What is laid over a link's own format; none while links are not marked.
     std::optional<QTextCharFormat> look() const;
 
     /// To be called before the view is painted.

@@ -9,7 +9,7 @@ class QTextDocument;
 /// paper is next to nothing.
 namespace HollowBullets {
 
-/// Where they stand in \a document, which has pages; by the page, from 0.
+/// Where they are in \a document, which has pages; by the page, from 0.
 QMultiHash<int, QRectF> circles(const QTextDocument &document);
 
 } // namespace HollowBullets

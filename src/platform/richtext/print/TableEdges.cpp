@@ -24,7 +24,7 @@ double lineWidth(const QTextTable &table)
 QRectF upperLine(const QRectF &table, double width)
 {
     const QRectF line(table.left(), std::floor(table.top()) - width, table.width(), width);
-    return line.adjusted(-2 * width, 0, 2 * width, 0); // the outer lines stand beside
+    return line.adjusted(-2 * width, 0, 2 * width, 0); // the outer lines are beside it
 }
 
 } // namespace

@@ -227,10 +227,10 @@ TEST_F(TextReplacementTest, OtherCursorsStayInTheText)
     EXPECT_EQ(atTheEnd.position(), 14);
 }
 
-TEST_F(TextReplacementTest, TellsOneChangeThatReachesFromTheFirstToTheLast)
+TEST_F(TextReplacementTest, ReportsOneChangeThatReachesFromTheFirstToTheLast)
 {
     load("{\\rtf1 a cat {\\b cat}\\par more cat and more}");
-    ASSERT_TRUE(document.documentLayout()); // without one nothing is told
+    ASSERT_TRUE(document.documentLayout()); // without one nothing is reported
     QSignalSpy changes(&document, &QTextDocument::contentsChange);
     replaceEach({2, 8, 19}, 3, "mouse");
     ASSERT_EQ(changes.size(), 1);

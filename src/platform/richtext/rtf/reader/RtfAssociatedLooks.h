@@ -7,8 +7,8 @@
 /// the text is in.
 ///
 /// The text is in the script marked last. A mark that associated words such as \af follow is none: it only
-/// tells whom these are about. Where the text runs from right to left, all of it counts as complex, and
-/// elsewhere the letters of complex scripts, which some writers leave without a mark.
+/// says which of them these are about. Where the text runs from right to left, all of it counts as complex,
+/// and elsewhere the letters of complex scripts, which some writers leave without a mark.
 class RtfAssociatedLooks
 {
 public:

@@ -5,7 +5,7 @@
 
 struct RtfToken;
 
-/// How characters look, as far as control words say; \a Property tells them apart in sets.
+/// How characters look, as far as control words say; \a Property names them in sets.
 struct RtfCharacterState
 {
     enum Property : quint32 {

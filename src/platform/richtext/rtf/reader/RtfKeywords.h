@@ -21,7 +21,7 @@ enum class RtfSubject : quint8 {
     Character,
     Paragraph,
     Row,
-    Sign,  ///< stands for text or ends a paragraph
+    Sign,  ///< is text or ends a paragraph
     Detail ///< understood inside one destination only
 };
 

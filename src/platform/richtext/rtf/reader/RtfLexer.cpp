@@ -118,7 +118,7 @@ void RtfLexer::readParameter(RtfToken &token)
     token.parameter = int(isNegative ? -value : value);
 }
 
-/// \'xx; without two digits it stands for nothing, and what follows is text.
+/// \'xx; without two digits it has no meaning, and what follows is text.
 RtfToken RtfLexer::byte()
 {
     ++m_at;

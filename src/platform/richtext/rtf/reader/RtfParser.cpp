@@ -57,7 +57,7 @@ void RtfParser::read(const RtfToken &found)
     }
 }
 
-/// Passes over what stands in for a \u. A group's end, or another \u, ends that as well.
+/// Passes over the fallback of a \u. A group's end, or another \u, ends that as well.
 bool RtfParser::skipsFallback(RtfToken &token)
 {
     const bool isUnicode = token.word == RtfWord::Unicode;

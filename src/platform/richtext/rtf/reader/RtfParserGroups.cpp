@@ -87,7 +87,7 @@ void RtfParser::pictureDestination(RtfWord word)
     }
 }
 
-/// The groups of shapes, objects and formulas that are not told here are transparent: their text is text.
+/// The groups of shapes, objects and formulas that are not named here are transparent: their text is text.
 void RtfParser::shapeDestination(RtfWord word)
 {
     switch (word) {

@@ -10,7 +10,7 @@ public:
     virtual ~RtfPart() = default;
 
     virtual void open() {}  ///< a group inside the part's own begins
-    virtual void close() {} ///< it ends; the part's own group is not told
+    virtual void close() {} ///< it ends; not called for the part's own group
     virtual void word(const RtfToken &) {}
     virtual void bytes(QByteArrayView) {}
     virtual void character(char16_t) {}

@@ -29,7 +29,7 @@ struct RtfState
     RtfParagraphState paragraph;
     quint32 paragraphSet = 0;
     RtfPart *part = nullptr; ///< who hears what the group holds; null for the document's text
-    int fallbackCount = 1;   ///< characters behind a \u that stand in for it
+    int fallbackCount = 1;   ///< characters behind a \u that are its fallback
     End end = End::Nothing;
     bool isPair = false; ///< holds the same text twice, in the code page and in Unicode
     bool isNestedRow = false;

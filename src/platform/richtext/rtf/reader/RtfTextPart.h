@@ -6,7 +6,7 @@
 
 class RtfCodePage;
 
-/// A group whose text is wanted as it stands, such as a field's instruction.
+/// A group whose text is wanted as it is, such as a field's instruction.
 class RtfTextPart : public RtfPart
 {
 public:

@@ -22,11 +22,11 @@ public:
     /// \a formats are the document's own, by index.
     CharacterWords(const QList<QTextFormat> &formats, RtfHeader &header);
 
-    /// Text in a font of signs whose characters a reader would take for signs goes without that font. Text of
-    /// other scripts has its look a second time, in the words that other readers look for it in.
+    /// Text in a font of signs whose characters a reader would take for signs is written without that font.
+    /// Text of other scripts has its look a second time, in the words that other readers look for it in.
     Run run(int format, QStringView text = {});
 
-    /// Run::words for the empty start of a cell, whose format tells the cell's colour besides the text's
+    /// Run::words for the empty start of a cell, whose format has the cell's colour besides the text's
     /// format.
     int wordsAtCellStart(int format);
 

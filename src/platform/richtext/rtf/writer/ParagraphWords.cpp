@@ -50,10 +50,10 @@ int stepsIn(const QTextBlockFormat &format, const QTextList *list)
     return format.indent() + (list ? list->format().indent() : 0);
 }
 
-/// An item of a list says its indents even where they are 0, as those of the list would stand in for them.
+/// An item of a list says its indents even where they are 0, as those of the list would apply instead.
 QByteArray indents(const QTextBlockFormat &format, const QTextList *list, double step)
 {
-    constexpr int hanging = -360; // the mark of an item whose paragraph does not say where it stands
+    constexpr int hanging = -360; // the mark of an item whose paragraph does not say where it is
     const int steps = stepsIn(format, list);
     const int left = ParagraphFormat::leftIndent(format) + toTwips(steps * step);
     const int first = ParagraphFormat::firstLineIndent(format);

@@ -16,7 +16,7 @@ public:
     struct Paragraph
     {
         int words = -1;                  ///< equal for formats that are written alike
-        const QTextList *list = nullptr; ///< the list whose mark stands before it
+        const QTextList *list = nullptr; ///< the list whose mark is before it
     };
 
     /// \a formats are those of \a document, by index.

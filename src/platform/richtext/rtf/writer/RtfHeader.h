@@ -6,7 +6,7 @@
 
 #include <QFont>
 
-/// What stands before the text of a document being written; the text fills it and it is written last.
+/// What precedes the text of a document being written; the text fills it and it is written last.
 struct RtfHeader
 {
     explicit RtfHeader(const QFont &standardFont)

@@ -13,10 +13,11 @@ public:
     /// Makes room at once for about \a size bytes.
     void reserve(qsizetype size) { m_out.reserve(size); }
 
-    /// The character words from here to the end of the paragraph, told from plain text.
+    /// The character words from here to the end of the paragraph, as changes from plain text.
     void setCharacters(int number, const QByteArray &words);
 
-    /// The paragraph words from here on, told from a paragraph without properties, inside \a depth tables.
+    /// The paragraph words from here on, as changes from a paragraph without properties, inside \a depth
+    /// tables.
     void setParagraph(int number, const QByteArray &words, int depth);
 
     void text(QStringView text);

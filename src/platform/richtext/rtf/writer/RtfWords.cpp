@@ -8,7 +8,7 @@ namespace {
 
 constexpr qsizetype longestEscape = 9; // "\u-12345?"
 
-/// True for what stands for itself.
+/// True for characters that are written as they are.
 constexpr std::array<bool, 128> plain = [] {
     std::array<bool, 128> table = {};
     for (int c = ' '; c < 0x7F; ++c)

@@ -15,7 +15,7 @@ void append(QByteArray &out, const char *word, int number);
 inline constexpr int largestLength = 32767;
 void appendLength(QByteArray &out, const char *word, int length);
 
-/// \a text in ASCII: every character that means something to the format, or lies outside ASCII, escaped. The
+/// \a text in ASCII: every character that means something to the format, or is outside ASCII, escaped. The
 /// text must not follow a control word that is still open.
 void appendText(QByteArray &out, QStringView text);
 

@@ -40,7 +40,7 @@ QByteArray RtfWriter::writeSelection(const QTextCursor &cursor)
 {
     const QTextDocument &document = *cursor.document();
     int end = cursor.selectionEnd();
-    // No cursor reaches behind the last paragraph's end: that goes along where the paragraph is selected
+    // No cursor reaches behind the last paragraph's end: that is included where the paragraph is selected
     // whole.
     const QTextBlock last = document.lastBlock();
     const bool hasLast =

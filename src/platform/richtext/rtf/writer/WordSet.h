@@ -4,7 +4,7 @@
 #include <QHash>
 #include <QList>
 
-/// Runs of control words, each kept once, so that equal ones are told by their number.
+/// Runs of control words, each kept once, so that equal ones have the same number.
 class WordSet
 {
 public:

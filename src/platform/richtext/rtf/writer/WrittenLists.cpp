@@ -28,7 +28,7 @@ void appendCount(QByteArray &out, qsizetype count)
     out.append("\\'").append(QByteArray::number(count, 16).rightJustified(2, '0'));
 }
 
-/// The text around an item's number; the number stands as the byte of its level, told by its place.
+/// The text around an item's number; the number is given as the byte of its level, found by its place.
 void appendLevelText(QByteArray &out, const QTextListFormat &format, int level)
 {
     out.append("{\\leveltext");

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// What tells a format from the plain one, in a fixed order.
+/// How a format differs from the plain one, in a fixed order.
 std::string look(const QTextCharFormat &format)
 {
     QStringList look;

@@ -47,7 +47,7 @@ QTextCharFormat link(const QString &address)
 
 } // namespace
 
-TEST_P(RtfWriterCharacters, AreToldFromPlainText)
+TEST_P(RtfWriterCharacters, AreChangesFromPlainText)
 {
     PlainDocument document;
     QTextCharFormat format;
@@ -135,7 +135,7 @@ INSTANTIATE_TEST_SUITE_P(
         FormatRow{"Language", [](F &f) { f.setProperty(RichTextProperty::Language, 1029); }, "\\lang1029"}),
     nameOf);
 
-TEST(RtfWriterCharacterRuns, TellsWhatDiffersFromThePlainSizeOfTheFormat)
+TEST(RtfWriterCharacterRuns, WritesWhatDiffersFromThePlainSizeOfTheFormat)
 {
     QTextDocument document;
     document.setDefaultFont(QFont(QStringLiteral("Arial"), 9));

@@ -23,7 +23,7 @@ struct RtfWriterParagraphs : testing::TestWithParam<ParagraphRow>
 
 } // namespace
 
-TEST_P(RtfWriterParagraphs, AreToldFromOneWithoutProperties)
+TEST_P(RtfWriterParagraphs, AreChangesFromOneWithoutProperties)
 {
     PlainDocument document;
     QTextBlockFormat format;

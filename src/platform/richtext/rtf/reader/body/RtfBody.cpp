@@ -172,7 +172,7 @@ void RtfBody::addParagraph(const RtfState &state, int depth)
     m_behindNumber = -1;
 
     RtfParagraphState paragraph = state.paragraph;
-    // Some writers keep the group of the mark open until the item ends, and tell the mark nowhere.
+    // Some writers keep the group of the mark open until the item ends, and describe the mark nowhere.
     if (builder().isLabel() && builder().splitLabel() && !m_lists.mark(paragraph))
         paragraph.oldNumbering = m_lists.bullet();
     const RtfListLevel *mark = m_lists.mark(paragraph);

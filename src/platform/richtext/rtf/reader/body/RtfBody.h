@@ -33,7 +33,7 @@ public:
 
     void beginLabel() { setLabel(true); }
     void endLabel() { setLabel(false); }
-    /// Text that stands as paragraphs of its own where it is met, such as a shape's. False when too many are
+    /// Text that becomes paragraphs of its own where it is met, such as a shape's. False when too many are
     /// open inside each other; the text then belongs to the paragraph.
     bool beginInsertion();
     void endInsertion(const RtfState &inside, const RtfState &outside);

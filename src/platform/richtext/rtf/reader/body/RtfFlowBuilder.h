@@ -10,7 +10,7 @@
 ///
 /// Depths: 0 is the text outside tables, 1 a table, 2 a table in a cell of it. A table ends where a paragraph
 /// of a lower depth does. What has neither an end of a row nor a described row is no table; its paragraphs
-/// stand as they are.
+/// are kept as they are.
 class RtfFlowBuilder
 {
 public:
@@ -19,12 +19,12 @@ public:
     const RtfFlow &paragraph() const { return m_isLabel ? m_label : m_paragraph; }
     void setLabel(bool isLabel) { m_isLabel = isLabel; }
     bool isLabel() const { return m_isLabel; }
-    /// What stands behind the first tab of the label is the paragraph's after all, and so is what follows.
+    /// The text behind the first tab of the label is the paragraph's after all, and so is what follows.
     /// True when that leaves no mark before the tab.
     bool splitLabel();
     bool hasText() const { return !m_paragraph.text.isEmpty(); }
 
-    /// Without \a keepsLabel the label goes, since the list shows it.
+    /// Without \a keepsLabel the label is dropped, since the list shows it.
     void endParagraph(int depth, const RtfFlow::Item &properties, bool keepsLabel);
     void endCell(int depth);
     void endRow(int depth);

@@ -23,7 +23,7 @@ int RtfFormats::number(const RtfCharacterState &state)
 int RtfFormats::number(const RtfParagraphState &state, bool isInList)
 {
     RtfParagraphState key = state;
-    // What says where the paragraph stands rather than how it looks.
+    // What says where the paragraph is rather than how it looks.
     key.level = key.oldNumbering = key.isInTable = key.tableDepth = 0;
     key.list = isInList;
     const auto [entry, isNew] = m_paragraphNumbers.try_emplace(key, int(m_paragraphs.size()));

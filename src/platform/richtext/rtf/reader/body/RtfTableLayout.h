@@ -16,7 +16,7 @@ public:
     /// square.
     std::vector<RtfTableGrid> grids();
 
-    /// The table's cell whose text stands behind that of \a part in the same cell of the grid, -1 for none.
+    /// The table's cell whose text follows that of \a part in the same cell of the grid, -1 for none.
     int nextPart(int part) const { return m_nextParts[size_t(part)]; }
 
 private:

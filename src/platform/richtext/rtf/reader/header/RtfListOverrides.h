@@ -8,7 +8,7 @@ class RtfListOverrides : public RtfPart
 public:
     explicit RtfListOverrides(const RtfListTable &lists);
 
-    /// How items of \a level in the list \a number look; nothing when the file does not tell.
+    /// How items of \a level in the list \a number look; nothing when the file does not say.
     const RtfListLevel *level(int number, int level);
 
     void begin();
