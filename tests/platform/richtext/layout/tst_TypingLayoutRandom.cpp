@@ -105,8 +105,9 @@ protected:
         }
         expectSameView();
         expectSameLayout();
-        if (QuickLayout::isAvailable())
+        if (QuickLayout::isAvailable()) {
             EXPECT_GT(timesBehind, rounds / 10);
+        }
     }
 
 private:

@@ -405,9 +405,9 @@ bool TypingLayout::mayHaveBeenWidest(const QTextBlock &first, const QTextBlock &
 bool TypingLayout::layOutUnmoved(int from, int removed, int added)
 {
     const QTextBlock paragraph = document()->findBlock(from);
-    const bool isText = removed == 0 || added == 0; // a change of formats counts as both
+    // A change of the paragraph's format reaches beyond it.
     const bool keepsParagraphs = paragraph.contains(from + added) && document()->blockCount() == m_paragraphs;
-    if (!isText || !keepsParagraphs || !LayoutSample::isSimple(paragraph) || !isNearView(lastUntouched()))
+    if (!keepsParagraphs || !LayoutSample::isSimple(paragraph) || !isNearView(lastUntouched()))
         return false;
     QTextTable *table = tableOf(paragraph);
     const bool isOrWasEmpty = qMin(paragraph.length(), paragraph.length() + removed - added) <= 1;
