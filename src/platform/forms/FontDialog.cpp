@@ -28,6 +28,18 @@ QString sizeText(double size)
     return QString::number(size, 'g', 6);
 }
 
+/// Without the foundry, which Qt appends in brackets where several offer the same family.
+QStringList scalableFamilies()
+{
+    QStringList families;
+    for (const QString &family : QFontDatabase::families()) {
+        if (!QFontDatabase::isPrivateFamily(family) && QFontDatabase::isSmoothlyScalable(family))
+            families.append(family.section(QStringLiteral(" ["), 0, 0));
+    }
+    families.removeDuplicates();
+    return families;
+}
+
 void selectRow(QListWidget &list, int row)
 {
     list.setCurrentRow(row);
@@ -141,9 +153,7 @@ QWidget *FontDialog::buildSample()
 
 void FontDialog::fillFamilies()
 {
-    for (const QString &family : QFontDatabase::families()) {
-        if (QFontDatabase::isPrivateFamily(family) || !QFontDatabase::isSmoothlyScalable(family))
-            continue;
+    for (const QString &family : scalableFamilies()) {
         auto *item = new QListWidgetItem(family, lstFont);
         item->setData(familyRole, family);
     }

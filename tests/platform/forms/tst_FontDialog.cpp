@@ -153,6 +153,17 @@ TEST_F(FontDialogTest, AnInstalledFamilyIsListedOnceInItsGivenSpelling)
     EXPECT_EQ(dialog.FontName, installed.toLower());
 }
 
+TEST_F(FontDialogTest, FamiliesAreListedOnceWithoutTheirFoundries)
+{
+    choose([](FontDialog &window) {
+        auto &fonts = control<QListWidget>(window, "lstFont");
+        EXPECT_TRUE(fonts.findItems(QStringLiteral("["), Qt::MatchContains).isEmpty());
+        for (int row = 0; row < fonts.count(); ++row)
+            EXPECT_EQ(fonts.findItems(fonts.item(row)->text(), Qt::MatchExactly).size(), 1)
+                << fonts.item(row)->text().toStdString();
+    });
+}
+
 TEST_F(FontDialogTest, WithoutANameTheDesktopsFontIsShown)
 {
     dialog.FontName.clear();
