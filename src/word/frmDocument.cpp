@@ -109,7 +109,6 @@ void frmDocument::bullet()
 
 void frmDocument::getmargins()
 {
-    requireUnlocked();
     Forms::refer(QStringLiteral("frmMargins")).showModal(window());
     freshDocumentSettled();
 }
@@ -119,9 +118,15 @@ void frmDocument::getindent()
     if (rtfTextBox->BulletIndent() >= widestIndent)
         return;
     rtfTextBox->setBulletIndent(rtfTextBox->BulletIndent() + indentStep);
-    // Twice, so that the indent reaches the paragraph and its bullet stays as it was.
-    bullet();
-    bullet();
+    applyBulletIndent();
+}
+
+/// Intended: of a selection that is part bulleted all paragraphs get bullets, as when bullets are switched
+/// off and on again. Those with a number keep it.
+void frmDocument::applyBulletIndent()
+{
+    requireUnlocked();
+    rtfTextBox->applyBulletIndent();
 }
 
 void frmDocument::removeindent()
@@ -131,8 +136,7 @@ void frmDocument::removeindent()
     if (rtfTextBox->BulletIndent() < indentStep)
         rtfTextBox->setBulletIndent(0);
     rtfTextBox->setBulletIndent(rtfTextBox->BulletIndent() - indentStep); // -5 is refused: it ends here
-    bullet();
-    bullet();
+    applyBulletIndent();
 }
 
 void frmDocument::unDirty()

@@ -56,6 +56,7 @@ private:
     void UpdateFormatButtons();
     /// Throws RuntimeError 70 for a locked document.
     void requireUnlocked() const;
+    void applyBulletIndent();
     void freshDocumentSettled();
     void askToSave();
     /// Shows the save dialog until a file has been named and written.

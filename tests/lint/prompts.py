@@ -10,8 +10,8 @@ import sys
 
 import sources
 
-PROMPTS = ('platform/forms/Prompts.cpp', 'platform/forms/CommonDialog.cpp', 'platform/forms/FontDialog.h',
-           'platform/forms/FontDialog.cpp', 'platform/forms/PrinterDialog.cpp')
+PROMPTS = ('platform/forms/Prompts.cpp', 'platform/forms/CommonDialog.cpp', 'platform/forms/FontDialog.cpp',
+           'platform/forms/PrinterDialog.cpp')
 DIALOG = re.compile(r'\bQ(?:MessageBox|FileDialog|InputDialog|ColorDialog|FontDialog|PrintDialog|PageSetupDialog)\b')
 NOWHERE = re.compile(r'\bQ(?:ErrorMessage|InputDialog)\b')
 

@@ -245,6 +245,24 @@ class Layering(LintTest):
         found = self.configure(*tree)
         self.assertEqual(found.returncode, 0, found.stderr)
 
+    def test_private_headers_of_another_Qt_are_refused(self):
+        quick = HERE.parents[1] / 'src/platform/richtext/quick'
+        folder = self.root / 'src/platform/richtext/quick'
+        shutil.copytree(quick, folder)
+        self.plant('CMakeLists.txt', f'''
+            cmake_minimum_required(VERSION 3.25)
+            project(Probe LANGUAGES NONE)
+            set(Qt6_VERSION 6.4.3)
+            set(QUILL_QT_PRIVATE ON)
+            include({HERE.parents[1]}/cmake/dependencies.cmake)
+            include({HERE.parents[1]}/cmake/quill.cmake)
+            add_subdirectory(src/platform/richtext/quick)
+            ''')
+        command = ['cmake', '-G', 'Ninja', '-S', str(self.root), '-B', str(self.root / 'build')]
+        found = subprocess.run(command, capture_output=True, text=True)
+        self.assertNotEqual(found.returncode, 0)
+        self.assertIn('and this is Qt 6.4.3', ' '.join(found.stderr.split()))
+
     def assert_stops(self, message, *tree):
         found = self.configure(*tree)
         self.assertNotEqual(found.returncode, 0)

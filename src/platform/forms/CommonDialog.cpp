@@ -235,7 +235,7 @@ void CommonDialog::ShowColor()
 
 void CommonDialog::ShowFont()
 {
-    QFont font(FontName);
+    QFont font(FontName.isEmpty() ? QFontInfo(QFont()).family() : FontName);
     if (FontSize > 0)
         font.setPointSizeF(FontSize);
     font.setBold(FontBold);
@@ -246,7 +246,7 @@ void CommonDialog::ShowFont()
     shown->setWindowTitle(DialogTitle);
     const bool cancelError = CancelError; // as above
     if (shown->exec() == QDialog::Accepted)
-        takeFont(shown->selectedFont(), shown->color());
+        takeFont(shown->currentFont(), shown->color());
     else if (cancelError)
         throw RuntimeError(ErrorNumber::DialogCancelled);
 }
