@@ -1,4 +1,5 @@
-# quill_module(LINKS ...)   the library of this folder of src/, from all its sources.
+# quill_module(LINKS ... [PRIVATE ...] [WITHOUT ...])   the library of this folder of src/, from all its sources.
+#     What it links as PRIVATE its users do not see; the subfolders WITHOUT names are left out.
 # quill_interface(LINKS ...)   the same as a shared library: what the suite and a module loaded later have in common.
 # quill_plugin(LINKS ...)   a module of this folder's sources, beside the program, which class Plugin loads on first use.
 # quill_program(NAME LINKS ...)   the program of this folder, in <build>/app/ with all its data beside it.
@@ -6,6 +7,9 @@
 #                                     in a process of its own.
 #
 # Links name folders of src/ ("platform/core") or imported targets ("Qt6::Gui").
+#
+# A folder below that has no CMakeLists.txt of its own belongs to the module or the tests around it. Sources include
+# each other by file name alone, wherever in a module they are.
 
 function(quill_folder out base)
     cmake_path(RELATIVE_PATH CMAKE_CURRENT_SOURCE_DIR BASE_DIRECTORY ${CMAKE_SOURCE_DIR} OUTPUT_VARIABLE folder)
@@ -26,21 +30,46 @@ endfunction()
 
 # The targets that this folder of src/ links, each checked against the table of allowed dependencies.
 macro(quill_parse_links)
-    cmake_parse_arguments(arg "" "" "LINKS" ${ARGN})
+    cmake_parse_arguments(arg "" "" "LINKS;PRIVATE;WITHOUT" ${ARGN})
     quill_folder(folder src)
-    foreach(link IN LISTS arg_LINKS)
+    foreach(link IN LISTS arg_LINKS arg_PRIVATE)
         quill_check_dependency(${folder} ${link})
     endforeach()
     quill_targets(links ${arg_LINKS})
+    quill_targets(private_links ${arg_PRIVATE})
+endmacro()
+
+# The folder and those below it that belong to the same module.
+function(quill_folders_of_module out folder)
+    set(folders ${folder})
+    file(GLOB entries CONFIGURE_DEPENDS LIST_DIRECTORIES true ${folder}/*)
+    foreach(entry IN LISTS entries)
+        if(IS_DIRECTORY ${entry} AND NOT EXISTS ${entry}/CMakeLists.txt)
+            quill_folders_of_module(below ${entry})
+            list(APPEND folders ${below})
+        endif()
+    endforeach()
+    set(${out} ${folders} PARENT_SCOPE)
+endfunction()
+
+# The folders and sources of the module or the tests in the current folder, without the subfolders named.
+macro(quill_find_sources)
+    quill_folders_of_module(folders ${CMAKE_CURRENT_SOURCE_DIR})
+    foreach(left IN ITEMS ${ARGN})
+        list(FILTER folders EXCLUDE REGEX "^${CMAKE_CURRENT_SOURCE_DIR}/${left}(/|$)")
+    endforeach()
+    list(TRANSFORM folders APPEND "/*.cpp" OUTPUT_VARIABLE implementations)
+    list(TRANSFORM folders APPEND "/*.h" OUTPUT_VARIABLE headers)
+    file(GLOB sources CONFIGURE_DEPENDS ${implementations} ${headers})
 endmacro()
 
 function(quill_module)
     quill_parse_links(${ARGN})
     quill_targets(name ${folder})
-    file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+    quill_find_sources(${arg_WITHOUT})
     add_library(${name} STATIC ${sources})
-    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
-    target_link_libraries(${name} PUBLIC ${links})
+    target_include_directories(${name} PUBLIC ${folders})
+    target_link_libraries(${name} PUBLIC ${links} PRIVATE ${private_links})
 endfunction()
 
 # What is loaded into a running program brings its static libraries' statics a second time, so it links shared ones.
@@ -115,8 +144,9 @@ function(quill_test)
     quill_folder(folder tests)
     quill_targets(links ${arg_LINKS})
     string(REPLACE "/" "-" name "test/${folder}")
-    file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+    quill_find_sources()
     add_executable(${name} ${sources})
+    target_include_directories(${name} PRIVATE ${folders})
     target_link_libraries(${name} PRIVATE test-support ${links})
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/bin)
     add_dependencies(${name} test-data)

@@ -127,10 +127,12 @@ class OwnMemory(threading.Thread):
 
 
 def run(command, out, patience):
-    """Seconds, peak memory and peak of its own memory in bytes of one run, which is ended after the patience."""
+    """Seconds, peak memory and peak of its own memory in bytes of one run, which is ended after the patience. It runs
+    in the folder of its output, where it may leave the file's pictures too."""
     with open(out, "wb") as file:
         start = time.monotonic()
-        process = subprocess.Popen(command, stdout=file, stderr=subprocess.DEVNULL)
+        process = subprocess.Popen(command, stdout=file, stderr=subprocess.DEVNULL,
+                                   cwd=os.path.dirname(out))
         own = OwnMemory(process.pid)
         end = threading.Timer(patience, process.kill)
         end.start()
@@ -168,6 +170,7 @@ def main():
     parser.add_argument("--sizes", type=int, nargs="*", default=SIZES, help="in MB")
     parser.add_argument("--patience", type=int, default=300, help="seconds after which a run is ended, marked >")
     arguments = parser.parse_args()
+    tool = os.path.abspath(arguments.tool)
     patience = arguments.patience
     abiword, unrtf = shutil.which("abiword"), shutil.which("unrtf")
 
@@ -176,7 +179,7 @@ def main():
         for size in arguments.sizes:
             file = os.path.join(folder, f"{size}.rtf")
             make(file, size)
-            rows = [measure("rtf text", [arguments.tool, "text", file], out, arguments.runs, file, patience)]
+            rows = [measure("rtf text", [tool, "text", file], out, arguments.runs, file, patience)]
             few = arguments.runs if size == 1 else 1
             if unrtf:
                 rows.append(measure("unrtf --text", [unrtf, "--text", file], out, max(few, 3), file, patience))
@@ -187,7 +190,7 @@ def main():
             if size != 10:
                 continue
             again = os.path.join(folder, "again.rtf")
-            rows = [measure("rtf save", [arguments.tool, "save", file, again], out, arguments.runs, file, patience)]
+            rows = [measure("rtf save", [tool, "save", file, again], out, arguments.runs, file, patience)]
             if abiword:
                 rows.append(measure("abiword --to=rtf", [abiword, "--to=rtf", "-o", again, file], out, 1, file, patience))
             report(f"saving {size} MB", rows)

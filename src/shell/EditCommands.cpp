@@ -1,14 +1,37 @@
 #include "EditCommands.h"
 
 #include "ErrorReports.h"
-#include "Keystroke.h"
 #include "RichTextBox.h"
 #include "frmMain.h"
 
+#include <QAbstractSpinBox>
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMetaMethod>
 
 namespace {
+
+enum class Effect { Reads, Changes };
+
+/// The control that holds the text of \a control: combo and spin boxes take the focus for a line edit inside.
+QWidget *textControlOf(QWidget *control)
+{
+    if (qobject_cast<QComboBox *>(control) || qobject_cast<QAbstractSpinBox *>(control))
+        return control->findChild<QLineEdit *>(QString(), Qt::FindDirectChildrenOnly);
+    return control;
+}
+
+/// Text controls have these operations under the same names, but no common class.
+void callFocused(const char *operation, Effect effect)
+{
+    QWidget *control = textControlOf(QApplication::focusWidget());
+    if (!control || (effect == Effect::Changes && control->property("readOnly").toBool()))
+        return;
+    const QMetaObject &type = *control->metaObject();
+    type.method(type.indexOfMethod(operation)).invoke(control); // one that is missing does nothing
+}
 
 void assignClipboard(const frmMain &frame)
 {
@@ -22,26 +45,26 @@ void assignClipboard(const frmMain &frame)
 
 void EditCommands::mnuEditUndo_Click()
 {
-    Keystroke::sendControl(Qt::Key_Z);
+    callFocused("undo()", Effect::Changes);
 }
 
 void EditCommands::mnuEditCut_Click()
 {
-    Keystroke::sendControl(Qt::Key_X);
+    callFocused("cut()", Effect::Changes);
 }
 
 void EditCommands::mnuEditCopy_Click()
 {
-    Keystroke::sendControl(Qt::Key_C);
+    callFocused("copy()", Effect::Reads);
 }
 
 void EditCommands::mnuEditPaste_Click(frmMain &frame)
 {
     ignoreErrors([&] { assignClipboard(frame); });
-    Keystroke::sendControl(Qt::Key_V);
+    callFocused("paste()", Effect::Changes);
 }
 
 void EditCommands::mnupasteimage_Click()
 {
-    Keystroke::sendControl(Qt::Key_V);
+    callFocused("paste()", Effect::Changes);
 }

@@ -2,15 +2,15 @@
 
 class frmMain;
 
-/// The commands of the Edit menu. They work by keystrokes to whatever control has the focus, without waiting
-/// for their processing.
+/// The commands of the Edit menu. Undo, cut, copy and paste are the focused control's own; where the focus is
+/// in none that has them, nothing happens. A control that may not be changed is only copied from.
 namespace EditCommands {
 
 void mnuEditUndo_Click();
 void mnuEditCut_Click();
 void mnuEditCopy_Click();
-/// Inserts the clipboard's plain text into the active document and then sends the keystroke, so plain text
-/// comes twice. Ignores all errors.
+/// Inserts the clipboard's plain text into the active document and then pastes into the focused control, so
+/// plain text comes twice. Ignores all errors.
 void mnuEditPaste_Click(frmMain &frame);
 void mnupasteimage_Click();
 

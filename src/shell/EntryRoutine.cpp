@@ -32,6 +32,7 @@ void EntryRoutine()
         mainFrame = frame;
         frame->load();
         frame->show();
+        frame->openRecovered();
     } catch (const RuntimeError &error) {
         ReportFatalError(error.number(), error.description());
     }

@@ -20,7 +20,7 @@ public:
     void mnuFileSave_Click();
     void mnuFileSaveAs_Click();
 
-    /// True, and told in a box, when a window has \a name for its caption, letter for letter.
+    /// True, and shown in a box, when a window has \a name for its caption, letter for letter.
     static bool refuseOpenFile(const QString &name);
     /// The text of \a form. Throws RuntimeError 438 when it has none.
     static RichTextBox &textOf(const Form &form);

@@ -24,6 +24,12 @@ Value valueOf(const std::optional<Value> &state)
     return *state;
 }
 
+void requireUnlocked(const RichTextBox &text)
+{
+    if (text.Locked())
+        throw RuntimeError(ErrorNumber::PermissionDenied);
+}
+
 } // namespace
 
 FormatCommands::FormatCommands(frmMain &frame)
@@ -33,8 +39,7 @@ FormatCommands::FormatCommands(frmMain &frame)
 RichTextBox &FormatCommands::text() const
 {
     RichTextBox &text = m_frame.activeText();
-    if (text.Locked())
-        throw RuntimeError(ErrorNumber::PermissionDenied);
+    requireUnlocked(text);
     return text;
 }
 
@@ -71,27 +76,31 @@ void FormatCommands::Align(int alignment)
     text().setSelAlignment(alignment);
 }
 
+// The dialogs open on a locked document too; what was chosen then goes nowhere.
+
 void FormatCommands::FontColour()
 {
-    RichTextBox &document = text();
+    RichTextBox &document = m_frame.activeText();
     CommonDialog &dialog = m_frame.dlgCommonDialog();
     dialog.DialogTitle = QStringLiteral("Colour Picker");
     dialog.CancelError = false;
     dialog.Flags = fullColorDialog;
     ignoreErrors([&] { dialog.Color = ColorNumber::of(valueOf(document.SelColor())); });
     dialog.ShowColor();
+    requireUnlocked(document);
     document.setSelColor(ColorNumber::toColor(dialog.Color));
 }
 
 void FormatCommands::Font()
 {
-    RichTextBox &document = text();
+    RichTextBox &document = m_frame.activeText();
     CommonDialog &dialog = m_frame.dlgCommonDialog();
     dialog.DialogTitle = QStringLiteral("Font Chooser");
     dialog.CancelError = false;
     dialog.Flags = fullFontDialog;
     takeFont(document);
     dialog.ShowFont();
+    requireUnlocked(document);
     giveFont(document);
 }
 

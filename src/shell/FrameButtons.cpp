@@ -22,7 +22,7 @@ constexpr ToolbarRow buttons[] = {
     {15, "Center", "Center", "format-justify-center", Style::Group},
     {16, "Align Right", "Align Right", "format-justify-right", Style::Group},
     {17, "Font Colour", "Font Colour", "format-text-color"},
-    {18, "Font", "Font Face", "preferences-desktop-font"},
+    {18, "Font", "Font Face", "font-face"},
     {19, "pageformat", "Set Margins", "distribute-horizontal-margin"},
     {20, "bullet", "Bullets", "format-list-unordered"},
     {21, "indent", "Increase Bullet Indent", "format-indent-more"},

@@ -1,12 +1,14 @@
 #include "SystemShortcuts.h"
 
 #include "Ask.h"
+#include "EventGate.h"
 #include "Globals.h"
 #include "RuntimeError.h"
 #include "ToolLauncher.h"
 
 #include <QDesktopServices>
 #include <QDir>
+#include <QMenu>
 #include <QStandardPaths>
 #include <QSysInfo>
 #include <QUrl>
@@ -42,7 +44,7 @@ void openAutostartFolder()
 }
 
 // The panels of the first desktop's settings have moved from one release to the next; their desktop files
-// tell which of them are there.
+// show which of them are installed.
 constexpr const char *gnomeAbout =
     "d:gnome-info-overview-panel | d:gnome-system-panel | c:gnome-control-center";
 
@@ -96,14 +98,31 @@ constexpr Shortcut shortcuts[] = {
      openAutostartFolder},
 };
 
-const Shortcut &shortcutOf(const QString &item)
+/// nullptr for an item that is no shortcut.
+const Shortcut *find(const QString &item)
 {
     const auto *found =
         std::find_if(std::begin(shortcuts), std::end(shortcuts),
                      [&](const Shortcut &shortcut) { return item == QLatin1String(shortcut.item); });
-    if (found == std::end(shortcuts))
-        throw RuntimeError(ErrorNumber::InvalidProcedureCall, {}, item);
-    return *found;
+    return found == std::end(shortcuts) ? nullptr : found;
+}
+
+const Shortcut &shortcutOf(const QString &item)
+{
+    if (const Shortcut *found = find(item))
+        return *found;
+    throw RuntimeError(ErrorNumber::InvalidProcedureCall, {}, item);
+}
+
+std::optional<qint64> start(const Shortcut &shortcut)
+{
+    try {
+        return ToolLauncher::start(shortcut.tool);
+    } catch (const RuntimeError &) {
+        if (shortcut.way != Way::Open)
+            throw;
+        return std::nullopt;
+    }
 }
 
 } // namespace
@@ -111,11 +130,19 @@ const Shortcut &shortcutOf(const QString &item)
 void SystemShortcuts::run(const QString &item)
 {
     const Shortcut &shortcut = shortcutOf(item);
-    const std::optional<qint64> id = ToolLauncher::start(shortcut.tool);
+    const std::optional<qint64> id = start(shortcut);
     if (!id && shortcut.otherwise)
         shortcut.otherwise();
-    else if (!id && shortcut.way != Way::Open)
-        throw RuntimeError(ErrorNumber::FileNotFound, {}, item);
     if (id && shortcut.way == Way::RunInSystemFolder)
         lastAnswer = QString::number(*id);
+}
+
+void SystemShortcuts::greyMissing(QMenu &menu, QString (*itemOf)(const QAction &entry))
+{
+    on(&menu, &QMenu::aboutToShow, &menu, [&menu, itemOf] {
+        for (QAction *entry : menu.actions()) {
+            if (const Shortcut *shortcut = find(itemOf(*entry)))
+                entry->setEnabled(shortcut->otherwise || ToolLauncher::isThere(shortcut->tool));
+        }
+    });
 }

@@ -1,13 +1,19 @@
 #pragma once
 
+class QAction;
+class QMenu;
 class QString;
 
 /// The menu items that start a tool of the desktop. Most desktops have a tool for most of them.
 namespace SystemShortcuts {
 
-/// Starts what stands behind the menu item \a item, and does not wait. Items of the system folder leave the
-/// process id in lastAnswer. Throws RuntimeError 53 when no tool is there, unless the item only opens
-/// something: then nothing is shown.
+/// Starts the tool of the menu item \a item, and does not wait. Items of the system folder leave the process
+/// id in lastAnswer. Where the desktop has no such tool nothing happens; one that cannot be started is
+/// RuntimeError 53, unless the item only opens something.
 void run(const QString &item);
+
+/// Greys the items of \a menu whose tool the desktop has not got, anew each time the menu opens. \a itemOf
+/// gives the name of an entry's menu item.
+void greyMissing(QMenu &menu, QString (*itemOf)(const QAction &entry));
 
 } // namespace SystemShortcuts

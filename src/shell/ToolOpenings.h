@@ -25,7 +25,7 @@ struct Row
 
 std::span<const Row> rows();
 
-/// Opens what \a row tells. What the window's load throws reaches the caller.
+/// Opens the window that \a row names. What the window's load throws reaches the caller.
 void open(const Row &row, frmMain &frame);
 
 } // namespace ToolOpenings

@@ -14,9 +14,11 @@
 #include "MenuBuilder.h"
 #include "Numbers.h"
 #include "Paths.h"
+#include "RecoveredDocuments.h"
 #include "RichTextBox.h"
 #include "Settings.h"
 #include "StatusBar.h"
+#include "SystemShortcuts.h"
 #include "Toolbar.h"
 #include "Twips.h"
 #include "WindowGeometry.h"
@@ -28,11 +30,18 @@
 #include <QMenuBar>
 #include <QScreen>
 #include <QTimer>
+#include <QToolButton>
 
 namespace {
 
 constexpr int timerInterval = 500; // milliseconds
-constexpr StatusBar::Widths panelWidths = {17410, 2540, 2540};
+constexpr int noticeTime = 30000; // milliseconds
+const QString documentCaption = QStringLiteral("Document ");
+constexpr StatusBarRow panels[] = {
+    {StatusBarRow::Kind::Text, 17410, "Ready..", "Ready.."},
+    {StatusBarRow::Kind::Date, 2540, "", "", Qt::AlignHCenter},
+    {StatusBarRow::Kind::Time, 2540, "", "", Qt::AlignHCenter},
+};
 const QString settingsSection = QStringLiteral("Settings");
 
 /// The stored length in twips.
@@ -51,7 +60,7 @@ void store(const QString &key, double twips)
 
 frmMain::frmMain()
     : m_toolBar(new Toolbar(this))
-    , m_statusBar(new StatusBar(QStringLiteral("Ready.."), panelWidths, this))
+    , m_statusBar(new StatusBar(panels, this))
     , m_area(new MdiArea(this))
     , Timer1(new QTimer(this))
     , m_dialog(this)
@@ -87,6 +96,10 @@ void frmMain::buildMenus()
         if (FrameCommands::exists(name))
             on(&menuItem(name), &QAction::triggered, this, [this, name] { FrameCommands::run(name, *this); });
     }
+    for (const char *name : {"mnuTools", "info"}) {
+        SystemShortcuts::greyMissing(*menuItem(QString::fromLatin1(name)).menu(),
+                                     [](const QAction &item) { return item.objectName(); });
+    }
     on(menuItem(QStringLiteral("mnuWindow")).menu(), &QMenu::aboutToShow, this, &frmMain::mnuWindow_Popup);
 }
 
@@ -96,6 +109,11 @@ void frmMain::buildToolBar()
     m_toolBar->setWindowTitle(QStringLiteral("Toolbar"));
     m_toolBar->setButtons(FrameButtons::rows());
     m_toolBar->setLists(FrameButtons::lists());
+    for (const char *key : {"tools", "btnwinfo"}) {
+        SystemShortcuts::greyMissing(
+            *m_toolBar->findChild<QToolButton *>(QString::fromLatin1(key))->menu(),
+            [](const QAction &entry) { return FrameButtons::commandOf(entry.objectName()); });
+    }
     on(m_toolBar, &Toolbar::ButtonClick, this, &frmMain::tbToolBar_ButtonClick);
     on(m_toolBar, &Toolbar::ButtonMenuClick, this, &frmMain::tbToolBar_ButtonMenuClick);
     addToolBar(m_toolBar);
@@ -119,6 +137,21 @@ void frmMain::load()
     m_toolBar->setButtonsEnabled(1, FrameButtons::lastWordButton, false);
     LoadNewDoc();
     Timer1->start();
+}
+
+/// No new document gets the number of a recovered one.
+void frmMain::openRecovered()
+{
+    const QStringList captions = RecoveredDocuments::open();
+    for (const QString &caption : captions) {
+        if (caption.startsWith(documentCaption))
+            m_documentCount = qMax(m_documentCount, caption.mid(documentCaption.size()).toInt());
+    }
+    if (captions.size() == 1)
+        m_statusBar->showMessage(QStringLiteral("1 document recovered from the last run."), noticeTime);
+    else if (!captions.isEmpty())
+        m_statusBar->showMessage(
+            QStringLiteral("%1 documents recovered from the last run.").arg(captions.size()), noticeTime);
 }
 
 void frmMain::restorePosition()
@@ -177,7 +210,7 @@ void frmMain::LoadNewDoc()
     ++m_documentCount;
     Form &document = Forms::refer(QStringLiteral("frmDocument"));
     document.load();
-    document.setCaption(QStringLiteral("Document %1").arg(m_documentCount));
+    document.setCaption(documentCaption + QString::number(m_documentCount));
     document.showModeless();
     checkForDocument();
 }

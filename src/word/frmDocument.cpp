@@ -10,14 +10,17 @@
 #include "MainFrame.h"
 #include "Named.h"
 #include "Paths.h"
+#include "RecoveryCopy.h"
 #include "RichTextBox.h"
 #include "Toolbar.h"
 #include "Twips.h"
 #include "clsFindandReplace.h"
 
 #include <QIcon>
+#include <QKeyEvent>
 #include <QShortcut>
 #include <QTimer>
+#include <algorithm>
 
 namespace {
 
@@ -27,17 +30,24 @@ constexpr int lastWordButton = 24;
 constexpr int widestIndent = 50; // of a bullet; twips, as is the step
 constexpr int indentStep = 5;
 
+/// The keys of the Edit menu that a text control would take for itself.
+constexpr QKeyCombination editMenuKeys[] = {Qt::CTRL | Qt::Key_Z, Qt::CTRL | Qt::Key_X, Qt::CTRL | Qt::Key_C,
+                                            Qt::CTRL | Qt::Key_V};
+
 } // namespace
 
 frmDocument::frmDocument()
     : ChildForm(QStringLiteral("frmDocument"))
     , rtfTextBox(named("rtfTextBox", new RichTextBox(this), QStringLiteral("Document text")))
     , m_formatTimer(new QTimer(this))
+    , m_recovery(*rtfTextBox, *this)
     , dlgCommonDialog(this)
 {
     setCaption(QStringLiteral("Quill-Word Document"));
     setWindowIcon(QIcon(QStringLiteral(":/document.svg")));
     setFocusProxy(rtfTextBox);
+    rtfTextBox->installEventFilter(this);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     m_formatTimer->setSingleShot(true);
     m_formatTimer->setInterval(0);
     addOperation(QStringLiteral("closeme"), &frmDocument::closeme);
@@ -60,6 +70,7 @@ void frmDocument::Form_Load()
     on(rtfTextBox, &RichTextBox::SelChange, this, &frmDocument::rtfTextBox_SelChange);
     on(m_formatTimer, &QTimer::timeout, this, &frmDocument::UpdateFormatButtons);
     on(rtfTextBox, &RichTextBox::LinkClicked, this, &frmDocument::rtfTextBox_LinkClicked);
+    on(&mainFrame->tbToolBar(), &Toolbar::ButtonClick, this, &frmDocument::tbToolBar_ButtonClick);
     auto *find = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F), rtfTextBox);
     find->setContext(Qt::WidgetShortcut);
     on(find, &QShortcut::activated, this, &frmDocument::rtfTextBox_CtrlF);
@@ -98,7 +109,6 @@ void frmDocument::bullet()
 
 void frmDocument::getmargins()
 {
-    requireUnlocked();
     Forms::refer(QStringLiteral("frmMargins")).showModal(window());
     freshDocumentSettled();
 }
@@ -108,9 +118,15 @@ void frmDocument::getindent()
     if (rtfTextBox->BulletIndent() >= widestIndent)
         return;
     rtfTextBox->setBulletIndent(rtfTextBox->BulletIndent() + indentStep);
-    // Twice, so that the indent reaches the paragraph and its bullet stays as it was.
-    bullet();
-    bullet();
+    applyBulletIndent();
+}
+
+/// Intended: of a selection that is part bulleted all paragraphs get bullets, as when bullets are switched
+/// off and on again. Those with a number keep it.
+void frmDocument::applyBulletIndent()
+{
+    requireUnlocked();
+    rtfTextBox->applyBulletIndent();
 }
 
 void frmDocument::removeindent()
@@ -120,19 +136,29 @@ void frmDocument::removeindent()
     if (rtfTextBox->BulletIndent() < indentStep)
         rtfTextBox->setBulletIndent(0);
     rtfTextBox->setBulletIndent(rtfTextBox->BulletIndent() - indentStep); // -5 is refused: it ends here
-    bullet();
-    bullet();
+    applyBulletIndent();
 }
 
 void frmDocument::unDirty()
 {
     m_dirty = false;
+    m_recovery.settled();
 }
 
 void frmDocument::doclengthupdate()
 {
     m_documentLength = qint32(rtfTextBox->TextRTF().size());
     m_dirty = false;
+    m_recovery.settled();
+}
+
+void frmDocument::recover(const RecoveryText &text, std::unique_ptr<RecoveryCopy> copy)
+{
+    rtfTextBox->setTextRTF(text.rtf);
+    rtfTextBox->setLineEnd(text.lineEnd);
+    setCaption(text.caption);
+    m_documentLength = -1; // asks at closing, whatever the length is then
+    m_recovery.adopt(std::move(copy));
 }
 
 void frmDocument::EnableAutoURLDetection(RichTextBox &textControl)
@@ -148,6 +174,7 @@ void frmDocument::DisableAutoURLDetection(RichTextBox &textControl)
 void frmDocument::rtfTextBox_Change()
 {
     m_dirty = true;
+    m_recovery.changed();
     m_formatTimer->start();
 }
 
@@ -188,6 +215,21 @@ void frmDocument::rtfTextBox_CtrlF()
     FindDialog->ShowReplace(*rtfTextBox);
 }
 
+/// A button that pressed itself shows the selection's format again where its command was refused.
+void frmDocument::tbToolBar_ButtonClick()
+{
+    m_formatTimer->start();
+}
+
+/// Leaves the keys of the frame's Edit menu to the menu, so that they do what its items do.
+bool frmDocument::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() != QEvent::ShortcutOverride)
+        return ChildForm::eventFilter(watched, event);
+    const QKeyCombination keys = static_cast<QKeyEvent *>(event)->keyCombination();
+    return std::ranges::find(editMenuKeys, keys) != std::end(editMenuKeys);
+}
+
 bool frmDocument::Form_QueryUnload()
 {
     DisableAutoURLDetection(*rtfTextBox);
@@ -200,6 +242,7 @@ bool frmDocument::Form_QueryUnload()
 
 void frmDocument::Form_Terminate()
 {
+    m_recovery.settled(); // every question has been answered
     FindDialog->Terminate(); // not only when this window is deleted: a handler of the dialog may still run
     mainFrame->checkForDocument();
 }

@@ -2,6 +2,7 @@
 
 #include "ChildForm.h"
 #include "CommonDialog.h"
+#include "RecoveryKeeper.h"
 #include "RichTextFile.h"
 
 class QTimer;
@@ -30,7 +31,12 @@ public:
     void doclengthupdate();
     void DisableAutoURLDetection(RichTextBox &textControl);
 
+    /// Takes the content and the caption of \a text and counts as changed; \a copy, which holds the same,
+    /// goes on being this document's.
+    void recover(const RecoveryText &text, std::unique_ptr<RecoveryCopy> copy);
+
     QSize sizeHint() const override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 protected:
     void Form_Load() override;
@@ -44,11 +50,13 @@ private:
     void rtfTextBox_SelChange();
     void rtfTextBox_LinkClicked(int first);
     void rtfTextBox_CtrlF();
+    void tbToolBar_ButtonClick();
 
     /// Shows the selection's formats on the toolbar while this is the active document.
     void UpdateFormatButtons();
     /// Throws RuntimeError 70 for a locked document.
     void requireUnlocked() const;
+    void applyBulletIndent();
     void freshDocumentSettled();
     void askToSave();
     /// Shows the save dialog until a file has been named and written.
@@ -59,6 +67,7 @@ private:
     RichTextBox *rtfTextBox;
     clsFindandReplace *FindDialog = nullptr; ///< made on load
     QTimer *m_formatTimer;
+    RecoveryKeeper m_recovery;
     CommonDialog dlgCommonDialog;
     qint32 m_documentLength = 0;
     bool m_dirty = false;

@@ -129,8 +129,10 @@ void frmMargins::OKButton_Click()
         document.setSelStart(1); // the first character's paragraph is reached through the selection's extent
         document.setSelLength(int(document.Text().size()));
     }
-    document.setSelIndent(left);
-    document.setSelRightIndent(right);
+    if (!document.Locked()) {
+        document.setSelIndent(left);
+        document.setSelRightIndent(right);
+    }
     unload();
 }
 

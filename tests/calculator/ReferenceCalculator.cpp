@@ -222,8 +222,10 @@ bool ReferenceCalculator::round(double adjusted)
     if (!std::isfinite(adjusted))
         return false;
     const double power = powers.at(std::size_t(Decimals));
-    const double scaled = adjusted * power;
+    double scaled = adjusted * power;
     if (std::isfinite(scaled)) {
+        if (std::fabs(scaled) < 1e15) // a half is what fifteen digits show as one
+            scaled = number(shown(scaled));
         const double below = std::floor(scaled);
         const double rest = scaled - below;
         const bool up = rest > 0.5 || (rest == 0.5 && std::fmod(below, 2) != 0);

@@ -162,6 +162,7 @@ TEST_F(CalculatorTest, RoundsHalvesToEvenWhenUp)
     bare.perform(QStringLiteral("u"));
     EXPECT_EQ(afterEquals(QStringLiteral("2.125")), QStringLiteral("2.12"));
     EXPECT_EQ(afterEquals(QStringLiteral("2.375")), QStringLiteral("2.38"));
+    EXPECT_EQ(afterEquals(QStringLiteral("2.135")), QStringLiteral("2.14"));
     EXPECT_EQ(afterEquals(QStringLiteral("[0]2.5")), QStringLiteral("2"));
     EXPECT_EQ(afterEquals(QStringLiteral("3.5")), QStringLiteral("4"));
 }
@@ -171,8 +172,20 @@ TEST_F(CalculatorTest, DownCarriesAnExactHalfToItsEvenNeighbour)
     EXPECT_EQ(afterEquals(QStringLiteral("[0]4")), QStringLiteral("4"));
     EXPECT_EQ(afterEquals(QStringLiteral("5")), QStringLiteral("4"));
     EXPECT_EQ(afterEquals(QStringLiteral("[2]1.24")), QStringLiteral("1.24"));
+    EXPECT_EQ(afterEquals(QStringLiteral("1.25")), QStringLiteral("1.24"));
+    EXPECT_EQ(afterEquals(QStringLiteral("1.239")), QStringLiteral("1.23"));
     EXPECT_EQ(afterEquals(QStringLiteral("7")), QStringLiteral("7"));
     EXPECT_EQ(afterEquals(QStringLiteral("0.25")), QStringLiteral("0.24"));
+}
+
+TEST_F(CalculatorTest, ResultsBelowATenThousandthHaveAnExponent)
+{
+    bare.perform(QStringLiteral("u"));
+    EXPECT_EQ(afterEquals(QStringLiteral("[8]0.0001")), QStringLiteral("0.0001"));
+    EXPECT_EQ(afterEquals(QStringLiteral("0.00009999")), QStringLiteral("9.999E-05"));
+    EXPECT_EQ(afterEquals(QStringLiteral("0.00001")), QStringLiteral("1E-05"));
+    EXPECT_EQ(afterEquals(QStringLiteral("0.00000001")), QStringLiteral("1E-08"));
+    EXPECT_EQ(afterEquals(QStringLiteral("0.000000001")), QStringLiteral("0"));
 }
 
 TEST_F(CalculatorTest, APlaceThatCannotBeChosenCountsAsTwo)

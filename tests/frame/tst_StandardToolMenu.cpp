@@ -10,11 +10,13 @@ namespace {
 
 namespace Menu = StandardToolMenu;
 
+static_assert(renamed(Menu::Close, "mnuclosehelp", "&Close Help").runs == Menu::Runs::CloseWindow);
+
 constexpr ToolMenuRow toolRows[] = {
     Menu::File,
     Menu::NewDocument,
     {{1, "mnuOwn", "&Own", nullptr, 0, nullptr}},
-    {{1, "mnuclosehelp", "&Close Help", nullptr, 0, nullptr}, Menu::Runs::CloseWindow},
+    renamed(Menu::Close, "mnuclosehelp", "&Close Help"),
     Menu::ExitTools,
     Menu::Window,
     Menu::Cascade,
@@ -91,6 +93,25 @@ TEST_F(StandardToolMenuTest, ArrangesTheChildren)
     tool->parentWidget()->move(40, 40);
     choose("mnuArrangeIcons");
     EXPECT_EQ(child.geometry().bottomLeft(), area.rect().bottomLeft());
+}
+
+TEST_F(StandardToolMenuTest, ItsWindowMenuEndsInTheOpenWindows)
+{
+    QMenu &menu = *tool->menus().last();
+    Q_EMIT menu.aboutToShow();
+    Q_EMIT menu.aboutToShow(); // the list of an earlier opening is replaced
+    QStringList entries;
+    for (const QAction *item : menu.actions().mid(4))
+        entries << item->text();
+    EXPECT_EQ(entries.join(u'|'), QStringLiteral("|&1 Document 1|&2 "));
+    menu.actions().at(5)->trigger();
+    EXPECT_EQ(suite.active().Name(), QStringLiteral("frmDocument"));
+}
+
+TEST_F(StandardToolMenuTest, ARenamedRowKeepsItsIcon)
+{
+    const auto *close = tool->findChild<QAction *>(QStringLiteral("mnuclosehelp"));
+    EXPECT_FALSE(close->icon().isNull());
 }
 
 TEST_F(StandardToolMenuTest, ExitsTheProgram)

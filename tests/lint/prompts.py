@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""Every question goes through the prompts of platform/forms: no other file names a dialog class of Qt's.
+"""Every question goes through the prompts of platform/forms: no other file names a dialog class of Qt's. A line of
+text is asked for by InputBox, never by Qt's own dialog.
 
     prompts.py SRC
 """
@@ -9,10 +10,10 @@ import sys
 
 import sources
 
-PROMPTS = ('platform/forms/Prompts.cpp', 'platform/forms/CommonDialog.cpp', 'platform/forms/FontDialog.h',
-           'platform/forms/FontDialog.cpp', 'platform/forms/PrinterDialog.cpp')
+PROMPTS = ('platform/forms/Prompts.cpp', 'platform/forms/CommonDialog.cpp', 'platform/forms/FontDialog.cpp',
+           'platform/forms/PrinterDialog.cpp')
 DIALOG = re.compile(r'\bQ(?:MessageBox|FileDialog|InputDialog|ColorDialog|FontDialog|PrintDialog|PageSetupDialog)\b')
-NOWHERE = re.compile(r'\bQErrorMessage\b')
+NOWHERE = re.compile(r'\bQ(?:ErrorMessage|InputDialog)\b')
 
 
 def offences(root):

@@ -110,7 +110,49 @@ class Connects(LintTest):
         self.assert_refused('timer.callOnTimeout([this] { go(); });\n', 'callOnTimeout')
 
     def test_the_gate_itself_passes(self):
-        self.assert_passes('return QObject::connect(sender, signal, context, [] {});\n', 'platform/forms/EventGate.h')
+        self.assert_passes('return QObject::connect(sender, signal, context, [] {});\n', 'platform/core/EventGate.h')
+
+
+class Waits(LintTest):
+    lint = 'waits.py'
+
+    def test_own_event_loops_are_refused(self):
+        for wait in ('QCoreApplication::processEvents();', 'QEventLoop loop;', 'menu.exec(QCursor::pos());',
+                     'dialog->exec();', 'QMenu::exec(items);'):
+            self.assert_refused(f'\n{wait}\n', 'a wait past processPendingEvents()', line=2)
+
+    def test_waits_through_the_gate_pass(self):
+        self.assert_passes('processPendingEvents();\n// processEvents() would be wrong here\nvoid exec(int);\n')
+
+    def test_the_owners_pass(self):
+        self.assert_passes('QCoreApplication::processEvents();\n', 'platform/core/EventGate.cpp')
+        self.assert_passes('QEventLoop loop;\nloop.exec();\n', 'platform/forms/Form.cpp')
+        self.assert_refused('QEventLoop loop;\n', 'a wait', name='word/EventGate.cpp')
+
+
+class Events(LintTest):
+    lint = 'events.py'
+
+    def test_work_outside_run_is_refused(self):
+        for body in ('go();', 'm_list.clear();', 'if (event->key() == 1) go();', 'Base::otherEvent(event);',
+                     'Base::keyPressEvent(event); run([&] { go(); }); go();'):
+            self.assert_refused(f'\nvoid Tool::keyPressEvent(QKeyEvent *event)\n{{\n    {body}\n}}\n',
+                                'outside run()', line=2)
+        self.assert_refused('bool Tool::eventFilter(QObject *watched, QEvent *event)\n{\n    go();\n}\n', 'eventFilter()')
+        self.assert_refused('class Tool\n{\n    void closeEvent(QCloseEvent *) override { go(); }\n};\n', 'closeEvent()',
+                            name='tool/Tool.h', line=3)
+
+    def test_gated_work_passes(self):
+        self.assert_passes('void Tool::keyPressEvent(QKeyEvent *event)\n{\n    QWidget::keyPressEvent(event);\n'
+                           '    if (!event->spontaneous())\n        run([&] { go(one(two)); });\n}\n')
+        self.assert_passes('bool Tool::eventFilter(QObject *watched, QEvent *event)\n{\n'
+                           '    const int key = static_cast<QKeyEvent *>(event)->key();\n'
+                           '    run([&] { go(key); });\n    return QObject::eventFilter(watched, event);\n}\n')
+        self.assert_passes('class Tool\n{\n    void closeEvent(QCloseEvent *event) override { event->ignore(); }\n};\n',
+                           'tool/Tool.h')
+
+    def test_calls_of_events_pass(self):
+        self.assert_passes('void f(QObject *o, QEvent *e)\n{\n    o->event(e);\n}\nvoid closeEvent(QCloseEvent *event);\n')
 
 
 class Prompts(LintTest):
@@ -126,6 +168,11 @@ class Prompts(LintTest):
         for prompt in ('Prompts', 'CommonDialog'):
             self.assert_passes('#include <QMessageBox>\n#include <QFileDialog>\n', f'platform/forms/{prompt}.cpp')
             self.assert_refused('#include <QMessageBox>\n', 'QMessageBox', name=f'word/{prompt}.cpp')
+
+    def test_an_input_box_is_one_of_our_own(self):
+        for name in ('platform/forms/InputBox.cpp', 'platform/forms/Prompts.cpp', 'tool/frmTool.cpp'):
+            self.assert_refused('#include <QInputDialog>\n', 'QInputDialog', name=name)
+        self.assert_refused('#include <QMessageBox>\n', 'QMessageBox', name='platform/forms/InputBox.cpp')
 
     def test_the_error_message_dialog_is_nowhere(self):
         self.assert_refused('QErrorMessage box;\n', 'QErrorMessage', name='platform/forms/Prompts.cpp')
@@ -197,6 +244,24 @@ class Layering(LintTest):
     def assert_configures(self, *tree):
         found = self.configure(*tree)
         self.assertEqual(found.returncode, 0, found.stderr)
+
+    def test_private_headers_of_another_Qt_are_refused(self):
+        quick = HERE.parents[1] / 'src/platform/richtext/quick'
+        folder = self.root / 'src/platform/richtext/quick'
+        shutil.copytree(quick, folder)
+        self.plant('CMakeLists.txt', f'''
+            cmake_minimum_required(VERSION 3.25)
+            project(Probe LANGUAGES NONE)
+            set(Qt6_VERSION 6.4.3)
+            set(QUILL_QT_PRIVATE ON)
+            include({HERE.parents[1]}/cmake/dependencies.cmake)
+            include({HERE.parents[1]}/cmake/quill.cmake)
+            add_subdirectory(src/platform/richtext/quick)
+            ''')
+        command = ['cmake', '-G', 'Ninja', '-S', str(self.root), '-B', str(self.root / 'build')]
+        found = subprocess.run(command, capture_output=True, text=True)
+        self.assertNotEqual(found.returncode, 0)
+        self.assertIn('and this is Qt 6.4.3', ' '.join(found.stderr.split()))
 
     def assert_stops(self, message, *tree):
         found = self.configure(*tree)

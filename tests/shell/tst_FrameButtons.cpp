@@ -1,9 +1,13 @@
+#include "Contrast.h"
 #include "FrameButtons.h"
+#include "Palettes.h"
 #include "RunningSuite.h"
 #include "Toolbar.h"
 #include "frmOptions.h"
 
+#include <QApplication>
 #include <QMenu>
+#include <QTest>
 #include <QToolButton>
 #include <gtest/gtest.h>
 
@@ -139,6 +143,24 @@ struct FrameButtonsTest : testing::Test
     }
 };
 
+/// How much the opaque parts of a small \a icon stand out from \a ground.
+double meanContrast(const QIcon &icon, const QColor &ground)
+{
+    const QImage image = icon.pixmap(16, 16).toImage();
+    double sum = 0;
+    int count = 0;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            const QColor color = image.pixelColor(x, y);
+            if (color.alphaF() < 0.5f)
+                continue;
+            sum += contrast(color, ground);
+            ++count;
+        }
+    }
+    return count ? sum / count : 0;
+}
+
 } // namespace
 
 TEST_F(FrameButtonsTest, TheLiveBarIsTheWholeBar)
@@ -154,6 +176,34 @@ TEST_F(FrameButtonsTest, EveryButtonHasAPictureForSharpScreens)
         const QIcon icon = suite.frame().tbToolBar().button(row.position).icon();
         EXPECT_EQ(icon.pixmap(QSize(16, 16), 2).size(), QSize(32, 32)) << row.key;
     }
+}
+
+TEST_F(FrameButtonsTest, EveryPictureStandsOutInLightAndDark)
+{
+    constexpr double visible = 2;
+    const QPalette before = QGuiApplication::palette();
+    for (const QPalette &palette : {Palettes::light(), Palettes::dark()}) {
+        QApplication::setPalette(palette);
+        QCoreApplication::processEvents();
+        for (const ToolbarRow &row : FrameButtons::rows()) {
+            if (!row.key)
+                continue;
+            const QIcon icon = suite.frame().tbToolBar().button(row.position).icon();
+            EXPECT_GT(meanContrast(icon, palette.color(QPalette::Window)), visible) << row.key;
+        }
+    }
+    QApplication::setPalette(before);
+}
+
+TEST_F(FrameButtonsTest, AButtonThatALockedDocumentRefusedIsReleasedAgain)
+{
+    const Toolbar &toolbar = suite.frame().tbToolBar();
+    suite.choose("mnutipsandtricks");
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(toolbar.isPressed(QStringLiteral("Align Left")));
+    suite.press("Center");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !toolbar.isPressed(QStringLiteral("Center")); }));
+    EXPECT_TRUE(toolbar.isPressed(QStringLiteral("Align Left")));
 }
 
 TEST_F(FrameButtonsTest, TheMainPartOfADropDownShowsAHint)

@@ -10,6 +10,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QMenu>
 #include <QSysInfo>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -64,9 +65,13 @@ struct BareDesktop
 
     void install(const char *tool) const
     {
+        install(tool, "#!/bin/sh\nprintf '%s' \"$$ $*\" >'" + log.toUtf8() + ".part'\n/bin/mv '" +
+                          log.toUtf8() + ".part' '" + log.toUtf8() + "'\n");
+    }
+    void install(const char *tool, const QByteArray &script) const
+    {
         const QString program = bin + QStringLiteral("/the-tool");
-        Files::write(program, "#!/bin/sh\nprintf '%s' \"$$ $*\" >'" + log.toUtf8() + ".part'\n/bin/mv '" +
-                                  log.toUtf8() + ".part' '" + log.toUtf8() + "'\n");
+        Files::write(program, script);
         QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         Files::write(home.file(QStringLiteral("data/applications/%1.desktop").arg(QLatin1String(tool))),
                      "[Desktop Entry]\nExec=the-tool --from " + QByteArray(tool) + '\n');
@@ -99,17 +104,44 @@ TEST_P(SystemShortcutTest, StartsItsTool)
 INSTANTIATE_TEST_SUITE_P(Items, SystemShortcutTest, testing::ValuesIn(items),
                          [](const auto &row) { return std::string(row.param.name); });
 
-TEST(SystemShortcuts, AMissingToolIsAnErrorUnlessItOnlyOpens)
+TEST_P(SystemShortcutTest, AToolThatCannotBeStartedIsAnErrorUnlessItOnlyOpens)
+{
+    if (GetParam().hasSubstitute)
+        return;
+    desktop.install(GetParam().tool, "#!/nonexistent/interpreter\n");
+    EXPECT_EQ(errorNumberOf([&] { SystemShortcuts::run(item); }), GetParam().isOpen ? 0 : 53);
+    EXPECT_EQ(lastAnswer, QStringLiteral("before"));
+}
+
+TEST(SystemShortcuts, AnItemWhoseToolIsMissingDoesNothing)
 {
     const BareDesktop desktop;
     for (const Item &item : items) {
         if (item.hasSubstitute)
             continue;
         SCOPED_TRACE(item.name);
-        EXPECT_EQ(errorNumberOf([&] { SystemShortcuts::run(QString::fromLatin1(item.name)); }),
-                  item.isOpen ? 0 : 53);
+        EXPECT_EQ(errorNumberOf([&] { SystemShortcuts::run(QString::fromLatin1(item.name)); }), 0);
         EXPECT_EQ(lastAnswer, QStringLiteral("before"));
     }
+}
+
+TEST(SystemShortcuts, ItemsWhoseToolIsMissingAreGreyWhileItIs)
+{
+    const BareDesktop desktop;
+    QMenu menu;
+    for (const char *name : {"mnuDefrag", "mnuTskMgr", "mnuWinVer", "mnuOther"})
+        menu.addAction(QStringLiteral("item"))->setObjectName(QString::fromLatin1(name));
+    SystemShortcuts::greyMissing(menu, [](const QAction &entry) { return entry.objectName(); });
+    const auto enabled = [&] {
+        Q_EMIT menu.aboutToShow();
+        QList<bool> states;
+        for (const QAction *entry : menu.actions())
+            states << entry->isEnabled();
+        return states;
+    };
+    EXPECT_EQ(enabled(), QList<bool>({false, false, true, true}));
+    desktop.install("xfce4-taskmanager");
+    EXPECT_EQ(enabled(), QList<bool>({false, true, true, true}));
 }
 
 TEST(SystemShortcuts, AnUnknownItemIsAnError)

@@ -82,6 +82,18 @@ TEST_F(OptionsTest, EscapeCancelsAndReturnTakes)
     EXPECT_EQ(showSplash, 1);
 }
 
+TEST_F(OptionsTest, ReturnOnCancelCancels)
+{
+    showSplash = 0;
+    open("mnuViewOptions", [](frmOptions &window) {
+        box(window).setChecked(true);
+        window.member<QPushButton>(QStringLiteral("cmdCancel")).setFocus();
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        EXPECT_FALSE(window.isVisible());
+    });
+    EXPECT_EQ(showSplash, 0);
+}
+
 TEST_F(OptionsTest, AnErrorInTheLoadEndsTheProgram)
 {
     showSplash = 7; // no value of a check box
@@ -92,7 +104,7 @@ TEST_F(OptionsTest, AnErrorInTheLoadEndsTheProgram)
     open("mnuToolsOptions", [](frmOptions &window) { click(window, "cmdCancel"); });
 }
 
-TEST_F(OptionsTest, ReadsAsGiven)
+TEST_F(OptionsTest, ShowsItsCaptions)
 {
     open("mnuToolsOptions", [](frmOptions &window) {
         EXPECT_EQ(window.Caption(), QStringLiteral("Options"));

@@ -23,6 +23,11 @@ def wait_for(what, condition):
     raise AssertionError(f"waited in vain for {what}")
 
 
+def read(path):
+    with open(path, "rb") as file:
+        return file.read()
+
+
 class Suite:
     """The running program with a home of its own."""
 
@@ -34,6 +39,7 @@ class Suite:
             with open(self.settings_file, "w") as file:
                 file.write(settings)
         environment = dict(os.environ, HOME=self.home, XDG_CONFIG_HOME=os.path.join(self.home, ".config"),
+                           XDG_STATE_HOME=os.path.join(self.home, ".local", "state"),
                            XDG_RUNTIME_DIR=self.home, LC_ALL="C.UTF-8")
         os.chmod(self.home, 0o700)
         self.process = subprocess.Popen([program], env=environment, stderr=subprocess.PIPE, text=True)
@@ -80,6 +86,14 @@ class Suite:
         assert self.process.returncode == code, self.process.stderr.read()
         complaints = self.process.stderr.read()
         assert not complaints, complaints
+
+    def recovery_copies(self):
+        """What the recovery copies hold."""
+        folder = os.path.join(self.home, ".local", "state", "QuillOfficeToolsv2", "recovery")
+        if not os.path.isdir(folder):
+            return []
+        names = [name for name in os.listdir(folder) if name.startswith("copy-") and "." not in name]
+        return [read(os.path.join(folder, name)) for name in names]
 
     def setting(self, key):
         with open(self.settings_file) as file:

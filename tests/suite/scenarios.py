@@ -1,13 +1,11 @@
 """scenarios.py PROGRAM SCENARIO: one run through the suite, as a user works with it."""
 import os
+import random
 import sys
+import tempfile
+import time
 
-from desktop import Suite, wait_for, xdotool
-
-
-def read(path):
-    with open(path, "rb") as file:
-        return file.read()
+from desktop import Suite, read, wait_for, xdotool
 
 
 def first_start(program):
@@ -102,6 +100,105 @@ def many_windows(program):
     suite.ended()
 
 
+def recovery_after_a_kill(program):
+    suite = Suite(program)
+    yield suite
+    suite.frame()
+    suite.type("words that nobody saved")
+    wait_for("the recovery copy", lambda: any(b"words that nobody saved" in copy for copy in suite.recovery_copies()))
+    suite.kill()
+    again = Suite(program, home=suite.home, settings=None)
+    yield again
+    again.frame()
+    again.type("Still: ")
+    again.menu("f", "c")
+    again.answer("Save Changes?...", "alt+y")
+    again.answer("Save as RTF?...", "alt+y")
+    again.file_dialog("Save As RTF", again.path("letter"))
+    wait_for("the file", lambda: os.path.exists(again.path("letter.rtf")))
+    assert b"Still: words that nobody saved" in read(again.path("letter.rtf"))
+    again.frame()
+    again.menu("f", "x")  # what is left is the untouched first document
+    again.ended()
+    assert not again.recovery_copies()
+
+
+def recovery_after_an_error(program):
+    suite = Suite(program)
+    yield suite
+    folder = suite.path("stick")
+    name = os.path.join(folder, "notes.txt")
+    os.mkdir(folder)
+    with open(name, "wb") as file:
+        file.write(b"one\r\n")
+    suite.frame()
+    suite.key("ctrl+o")
+    suite.file_dialog("Open", name)
+    suite.frame()
+    suite.type("zero ")
+    os.remove(name)
+    os.rmdir(folder)
+    suite.menu("f", "s")
+    suite.answer("QuillOfficeToolsv2", "Return")
+    suite.ended(code=1)
+    again = Suite(program, home=suite.home, settings=None)
+    yield again
+    again.frame()
+    os.mkdir(folder)
+    again.menu("f", "s")  # under the name that it had
+    wait_for("the file", lambda: os.path.exists(name))
+    assert read(name) == b"zero one\r\n", read(name)
+    again.menu("f", "x")
+    again.ended()
+    assert not again.recovery_copies()
+
+
+def two_suites(program):
+    suite = Suite(program)
+    yield suite
+    first = suite.frame()
+    suite.type("of the first suite")
+    wait_for("the recovery copy", lambda: any(b"of the first suite" in copy for copy in suite.recovery_copies()))
+    second = Suite(program, home=suite.home, settings=None)
+    yield second
+    wait_for("the second frame", lambda: second.frame() != first)
+    second.menu("f", "x")
+    second.ended()  # nothing has been asked: it has no document of the first one
+    assert len(suite.recovery_copies()) == 1
+    wait_for("the first frame", lambda: suite.frame() == first)
+    suite.menu("f", "x")
+    suite.answer("Save Changes?...", "alt+n")
+    suite.ended()
+    assert not suite.recovery_copies()
+
+
+def killed_while_saving(program):
+    lines, kills = 20000, 5
+    folder = tempfile.mkdtemp(prefix="quill-saves-")
+    name = os.path.join(folder, "long.rtf")
+    with open(name, "wb") as file:
+        file.write(b"{\\rtf1\\ansi " + b"a line\\par\n" * lines + b"}")
+    for _ in range(kills):
+        suite = Suite(program)
+        yield suite
+        suite.frame()
+        suite.key("ctrl+o")
+        suite.file_dialog("Open", name)
+        suite.frame()
+        suite.type("zero ")
+        before = read(name)
+        suite.menu("f", "s")
+        wait_for("the save", lambda: len(os.listdir(folder)) > 1 or read(name) != before)
+        time.sleep(random.random() / 20)
+        suite.kill()
+        after = read(name)
+        assert after == before or after.count(b"zero ") == before.count(b"zero ") + 1, after[:200]
+        assert after.count(b"a line") == lines and after.rstrip().endswith(b"}"), after[-200:]
+        for left in os.listdir(folder):
+            if left != "long.rtf":
+                os.remove(os.path.join(folder, left))
+
+
 SCENARIOS = {
     "FirstStart": first_start,
     "WritingADocument": writing_a_document,
@@ -109,6 +206,10 @@ SCENARIOS = {
     "PositionSurvives": position_survives,
     "BrokenSettings": broken_settings,
     "ManyWindows": many_windows,
+    "RecoveryAfterAKill": recovery_after_a_kill,
+    "RecoveryAfterAnError": recovery_after_an_error,
+    "TwoSuites": two_suites,
+    "KilledWhileSaving": killed_while_saving,
 }
 
 

@@ -49,6 +49,11 @@ BoxStep &DialogDriver::expectBox(const QString &title, const QString &text)
     return add(std::make_unique<BoxStep>(title, text));
 }
 
+InputStep &DialogDriver::expectInput(const QString &title, const QString &prompt)
+{
+    return add(std::make_unique<InputStep>(title, prompt));
+}
+
 FileDialogStep &DialogDriver::expectFileDialog(const QString &title)
 {
     return add(std::make_unique<FileDialogStep>(title));

@@ -2,6 +2,7 @@
 
 #include "BoxStep.h"
 #include "FileDialogStep.h"
+#include "InputStep.h"
 #include "SeenDialog.h"
 #include "WindowStep.h"
 
@@ -24,6 +25,7 @@ public:
     DialogDriver &operator=(const DialogDriver &) = delete;
 
     BoxStep &expectBox(const QString &title, const QString &text);
+    InputStep &expectInput(const QString &title, const QString &prompt);
     FileDialogStep &expectFileDialog(const QString &title);
     /// A modal window of class \a Window with the objectName \a name. \a act may open further dialogs; a
     /// window that is still open behind it has to be answered by the next step.

@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <optional>
 
+class QFileDialog;
+
 /// Types a name into a file dialog and accepts it, or cancels the dialog. Nothing is checked but the title
 /// and what was asked for here.
 class FileDialogStep : public DialogStep
@@ -12,7 +14,7 @@ class FileDialogStep : public DialogStep
 public:
     explicit FileDialogStep(const QString &title);
 
-    /// The filters as the dialog shows them, "Text Files (*.txt)".
+    /// The texts of the filters, as the dialog shows them: "Text Files (*.txt)".
     FileDialogStep &filters(const QStringList &filters);
     /// Without the dot.
     FileDialogStep &defaultSuffix(const QString &suffix);
@@ -27,6 +29,8 @@ public:
     QString describe() const override;
 
 private:
+    static QStringList shownFilters(const QFileDialog &dialog);
+
     QString m_title;
     std::optional<QStringList> m_filters;
     std::optional<QString> m_suffix;

@@ -20,6 +20,7 @@ ScratchHome::ScratchHome()
     : m_home(qgetenv("HOME"))
     , m_config(qgetenv("XDG_CONFIG_HOME"))
     , m_data(qgetenv("XDG_DATA_HOME"))
+    , m_state(qgetenv("XDG_STATE_HOME"))
     , m_machine(RegistryStore::setMachineFolder(file(QStringLiteral("machine"))))
 {
     QDir(path()).mkpath(QStringLiteral(".config"));
@@ -27,6 +28,7 @@ ScratchHome::ScratchHome()
     qputenv("HOME", path().toUtf8());
     qputenv("XDG_CONFIG_HOME", file(QStringLiteral(".config")).toUtf8());
     qputenv("XDG_DATA_HOME", file(QStringLiteral(".local/share")).toUtf8());
+    qputenv("XDG_STATE_HOME", file(QStringLiteral(".local/state")).toUtf8());
 }
 
 ScratchHome::~ScratchHome()
@@ -35,4 +37,5 @@ ScratchHome::~ScratchHome()
     restore("HOME", m_home);
     restore("XDG_CONFIG_HOME", m_config);
     restore("XDG_DATA_HOME", m_data);
+    restore("XDG_STATE_HOME", m_state);
 }

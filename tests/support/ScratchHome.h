@@ -2,8 +2,8 @@
 
 #include <QTemporaryDir>
 
-/// An empty home, configuration and data folder and an empty registry for one test; what the environment said
-/// is put back.
+/// An empty home, configuration, data and state folder and an empty registry for one test; what the
+/// environment said is put back.
 class ScratchHome
 {
 public:
@@ -18,5 +18,6 @@ private:
     QByteArray m_home;
     QByteArray m_config;
     QByteArray m_data;
+    QByteArray m_state;
     QString m_machine;
 };

@@ -1,6 +1,7 @@
 #include "SeenDialog.h"
 
 #include <QAbstractButton>
+#include <QLabel>
 #include <QPushButton>
 
 namespace {
@@ -29,6 +30,8 @@ SeenDialog SeenDialog::of(const QWidget &window)
     seen.title = window.windowTitle();
     if (const auto *box = qobject_cast<const QMessageBox *>(&window))
         addBox(seen, *box);
+    else if (const auto *prompt = window.findChild<QLabel *>(QStringLiteral("lblPrompt")))
+        seen.text = prompt->text();
     return seen;
 }
 

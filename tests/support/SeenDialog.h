@@ -3,8 +3,8 @@
 #include <QMessageBox>
 #include <QStringList>
 
-/// What stood on the screen when a modal window came up. Texts are without mnemonics; what only a message box
-/// has is empty for other windows.
+/// What was on the screen when a modal window came up. Captions are without mnemonics; what only a message
+/// box has is empty for other windows, but an input box has its prompt as text.
 struct SeenDialog
 {
     QString objectName;

@@ -1,3 +1,4 @@
+#include "FontDialog.h"
 #include "Globals.h"
 #include "RunningSuite.h"
 #include "Toolbar.h"
@@ -5,7 +6,6 @@
 
 #include <QClipboard>
 #include <QColorDialog>
-#include <QFontDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
@@ -196,7 +196,7 @@ TEST_F(Formatting, TheFontDialogGivesAllSeven)
     select(0, 3);
     text.setSelBold(true);
     text.setSelFontSize(14);
-    suite.dialogs.expectWindow<QFontDialog>(QStringLiteral("FontDialog"), [](QFontDialog &dialog) {
+    suite.dialogs.expectWindow<FontDialog>(QStringLiteral("FontDialog"), [](FontDialog &dialog) {
         EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Font Chooser"));
         EXPECT_TRUE(dialog.currentFont().bold());
         EXPECT_EQ(dialog.currentFont().pointSizeF(), 14);
@@ -225,7 +225,7 @@ TEST_F(Formatting, TheFontDialogHasTheColour)
 {
     text.setText(QStringLiteral("abc"));
     select(0, 3);
-    suite.dialogs.expectWindow<QFontDialog>(QStringLiteral("FontDialog"), [](QFontDialog &dialog) {
+    suite.dialogs.expectWindow<FontDialog>(QStringLiteral("FontDialog"), [](FontDialog &dialog) {
         dialog.findChild<QPushButton *>(QStringLiteral("cmdColor"))->click();
         dialog.accept();
     });
@@ -241,8 +241,8 @@ TEST_F(Formatting, ACancelledFontMakesAMixedSelectionUniform)
 {
     partBold();
     select(0, 6);
-    suite.dialogs.expectWindow<QFontDialog>(QStringLiteral("FontDialog"),
-                                            [](QFontDialog &dialog) { dialog.reject(); });
+    suite.dialogs.expectWindow<FontDialog>(QStringLiteral("FontDialog"),
+                                           [](FontDialog &dialog) { dialog.reject(); });
     suite.press("Font");
     EXPECT_EQ(text.SelBold(), false);
 }
@@ -295,6 +295,58 @@ TEST_F(Formatting, AnIndentBelowFiveIsSetToZeroAndNoFurther)
     EXPECT_EQ(text.SelBullet(), true); // it ends before the toggles
 }
 
+TEST_F(Formatting, IndentsKeepANumber)
+{
+    text.setText(QStringLiteral("one\ntwo"));
+    select(0, 7);
+    text.textCursor().createList(QTextListFormat::ListDecimal);
+    const QByteArray numbered = text.TextRTF();
+    suite.press("indent");
+    suite.press("indent");
+    suite.press("removeindent");
+    EXPECT_EQ(text.BulletIndent(), 5);
+    EXPECT_EQ(text.TextRTF(), numbered);
+}
+
+TEST_F(Formatting, IndentsKeepTheFirstLineOfAPlainParagraph)
+{
+    text.setTextRTF("{\\rtf1\\pard\\fi-360\\li720 hanging\\par}");
+    const QByteArray hanging = text.TextRTF();
+    suite.press("indent");
+    suite.press("removeindent");
+    EXPECT_EQ(text.TextRTF(), hanging);
+}
+
+TEST_F(Formatting, AnIndentIsOneUndoStep)
+{
+    text.setText(QStringLiteral("one\ntwo"));
+    select(0, 7);
+    suite.press("bullet");
+    const QByteArray bulleted = text.TextRTF();
+    suite.press("indent");
+    EXPECT_NE(text.TextRTF(), bulleted);
+    suite.press("undo");
+    EXPECT_EQ(text.TextRTF(), bulleted);
+    suite.press("undo");
+    EXPECT_EQ(text.SelBullet(), false);
+}
+
+TEST_F(Formatting, AnIndentGivesAllOfAMixedSelectionBulletsButTheNumberedOnes)
+{
+    text.setText(QStringLiteral("one\ntwo\nthree"));
+    select(0, 0);
+    suite.press("bullet");
+    select(9, 0);
+    text.textCursor().createList(QTextListFormat::ListDecimal);
+    select(0, 13);
+    suite.press("indent");
+    select(0, 7);
+    EXPECT_EQ(text.SelBullet(), true);
+    select(9, 0);
+    EXPECT_EQ(text.SelBullet(), false);
+    EXPECT_NE(text.textCursor().currentList(), nullptr);
+}
+
 // ---- Margins
 
 TEST_F(Formatting, MarginsStartFromTheSelectionAndReachTheParagraph)
@@ -315,6 +367,20 @@ TEST_F(Formatting, MarginsStartFromTheSelectionAndReachTheParagraph)
     EXPECT_EQ(text.SelRightIndent(), 200);
     text.setSelStart(5);
     EXPECT_EQ(text.SelIndent(), 0);
+}
+
+TEST_F(Formatting, ReturnOnCancelLeavesTheMargins)
+{
+    text.setText(QStringLiteral("one"));
+    expectMargins([](frmMargins &window) {
+        setMargins(window, "100", "200");
+        window.member<QPushButton>(QStringLiteral("CancelButton")).setFocus();
+        QTest::keyClick(window.focusWidget(), Qt::Key_Return);
+        EXPECT_FALSE(window.isVisible());
+    });
+    suite.press("pageformat");
+    EXPECT_EQ(text.SelIndent(), 0);
+    EXPECT_EQ(text.SelRightIndent(), 0);
 }
 
 TEST_F(Formatting, TheWholeDocumentEndsSelectedFromPositionOne)
@@ -436,8 +502,58 @@ TEST_F(Formatting, ALockedDocumentRefusesEverything)
     tips.setSelLength(6);
     const QByteArray before = tips.TextRTF();
     QGuiApplication::clipboard()->setText(QStringLiteral("ab"));
-    for (const char *key :
-         {"Bold", "Center", "Font", "Font Colour", "bullet", "indent", "pageformat", "Paste", "Cut", "undo"})
+    for (const char *key : {"Bold", "Center", "bullet", "indent", "Paste", "Cut", "undo"})
         suite.press(key);
     EXPECT_EQ(tips.TextRTF(), before);
+}
+
+TEST_F(Formatting, TheDialogsOpenOnALockedDocumentAndLeaveItAsItIs)
+{
+    suite.choose("mnutipsandtricks");
+    RichTextBox &tips = suite.text();
+    tips.setSelStart(0);
+    tips.setSelLength(6);
+    const QByteArray before = tips.TextRTF();
+    suite.dialogs.expectWindow<FontDialog>(QStringLiteral("FontDialog"), [&](FontDialog &dialog) {
+        EXPECT_EQ(dialog.currentFont().family(), tips.SelFontName());
+        dialog.setCurrentFont(QFont(QStringLiteral("Liberation Mono"), 30));
+        dialog.accept();
+    });
+    suite.press("Font");
+    suite.dialogs.expectWindow<QColorDialog>(QStringLiteral("ColorDialog"), [](QColorDialog &dialog) {
+        dialog.setCurrentColor(Qt::green);
+        dialog.accept();
+    });
+    suite.press("Font Colour");
+    for (const char *extent : {"Label1_0", "Label1_1"}) {
+        expectMargins([extent](frmMargins &window) {
+            setMargins(window, "40", "50");
+            click(window, extent);
+            click(window, "OKButton");
+        });
+        suite.press("pageformat");
+    }
+    EXPECT_EQ(tips.TextRTF(), before);
+    EXPECT_EQ(tips.SelStart(), 1); // as in any document
+    suite.choose("mnuFileClose");  // and asks nothing
+}
+
+TEST_F(Formatting, OneUndoTakesBackOneWord)
+{
+    suite.type(QStringLiteral("one two"));
+    suite.press("undo");
+    EXPECT_EQ(text.Text(), QStringLiteral("one "));
+    suite.choose("mnuEditUndo");
+    EXPECT_EQ(text.Text(), QString());
+}
+
+TEST_F(Formatting, AFontThatIsNotInstalledAndAHalfSizeStay)
+{
+    text.setTextRTF("{\\rtf1{\\fonttbl{\\f0 Calibri Of Nowhere;}}\\f0\\fs21 abc}");
+    select(0, 3);
+    suite.dialogs.expectWindow<FontDialog>(QStringLiteral("FontDialog"),
+                                           [](FontDialog &dialog) { dialog.accept(); });
+    suite.press("Font");
+    EXPECT_EQ(text.SelFontName(), QStringLiteral("Calibri Of Nowhere"));
+    EXPECT_EQ(text.SelFontSize(), 10.5);
 }

@@ -163,7 +163,7 @@ TEST_F(DocumentTest, TheOpenDialogIsAsGiven)
 {
     fileDialog("Open")
         .filters({QStringLiteral("Rtf Files (*.rtf)"), QStringLiteral("Text Files (*.txt)"),
-                  QStringLiteral("All Files (*)")})
+                  QStringLiteral("All Files (*.*)")})
         .folder(Paths::appPath() + QStringLiteral("/docs"))
         .cancel();
     suite.press("Open");
@@ -235,7 +235,7 @@ TEST_F(DocumentTest, SavingAnUnnamedDocumentAsTextConfirms)
     textQuestion().press(QMessageBox::Yes);
     fileDialog("Save As TXT")
         .filters(
-            {QStringLiteral("Text Files (*.txt *.bat *.dat *.log *.ini)"), QStringLiteral("Al Files (*)")})
+            {QStringLiteral("Text Files (*.txt;*.bat;*.dat;*.log;*.ini)"), QStringLiteral("Al Files (*.*)")})
         .folder(Paths::appPath() + QStringLiteral("/docs"))
         .accept(path("what.txt"));
     suite.press("Save");

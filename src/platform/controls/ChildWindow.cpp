@@ -21,6 +21,6 @@ void ChildWindow::closeEvent(QCloseEvent *event)
         QMdiSubWindow::closeEvent(event);
         setAttribute(Qt::WA_DeleteOnClose, false);
         if (event->isAccepted())
-            EventGate::deleteWhenIdle(this);
+            RunningHandler::deleteWhenNoneRuns(this);
     });
 }

@@ -4,10 +4,25 @@
 #include "EventGate.h"
 
 #include <QEvent>
+#include <QLayout>
 #include <QStyle>
 #include <algorithm>
 
 namespace {
+
+constexpr double cascadePart = 2.0 / 3; // of the area's width and height
+
+/// A child that likes to grow gets its part of a large area.
+QSize sizeOf(const QWidget &child, const QSize &room)
+{
+    QSize size = child.sizeHint();
+    const QSize large = room * cascadePart;
+    if (child.sizePolicy().expandingDirections() & Qt::Horizontal)
+        size.setWidth(std::max(size.width(), large.width()));
+    if (child.sizePolicy().expandingDirections() & Qt::Vertical)
+        size.setHeight(std::max(size.height(), large.height()));
+    return size;
+}
 
 bool isIcon(const QMdiSubWindow *child)
 {
@@ -27,11 +42,12 @@ MdiArea::MdiArea(QWidget *parent)
 
 void MdiArea::adopt(QWidget &child)
 {
-    // A frame that is not shown yet has not laid out this area.
-    const QSize room = isVisible() ? viewport()->size() : child.sizeHint();
+    if (!isVisible())
+        layOutFrame();
+    const QSize room = maximumViewportSize();
     auto *window = new ChildWindow(child);
     addSubWindow(window);
-    window->resize(child.sizeHint().boundedTo(room));
+    window->resize(sizeOf(child, room).boundedTo(room));
     const int places = std::max(1, (room.height() - window->height()) / cascadeStep() + 1);
     const int place = m_placed++ % places;
     window->move(place * cascadeStep(), place * cascadeStep());
@@ -56,6 +72,15 @@ QMdiSubWindow *MdiArea::activeChild() const
     const auto shown = std::find_if(history.crbegin(), history.crend(),
                                     [](const QMdiSubWindow *child) { return !child->isHidden(); });
     return shown == history.crend() ? nullptr : *shown;
+}
+
+/// A frame that is not shown lays nothing out by itself when its size changes.
+void MdiArea::layOutFrame()
+{
+    if (QLayout *frame = window()->layout()) {
+        frame->invalidate();
+        frame->activate();
+    }
 }
 
 int MdiArea::cascadeStep() const
@@ -102,7 +127,7 @@ void MdiArea::cascade()
 {
     const QRect room = roomForOpenChildren();
     const int step = cascadeStep();
-    const QSize size = room.size() * 2 / 3;
+    const QSize size = room.size() * cascadePart;
     const int places = std::max(1, (room.height() - size.height()) / step);
     int place = 0;
     for (QMdiSubWindow *child : openChildren()) {

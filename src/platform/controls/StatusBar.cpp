@@ -1,27 +1,29 @@
 #include "StatusBar.h"
 
+#include "ControlName.h"
 #include "EventGate.h"
+#include "RuntimeError.h"
+#include "ShownText.h"
+#include "StatusBarPanel.h"
 #include "Twips.h"
 
 #include <QDateTime>
-#include <QLabel>
 #include <QLocale>
 #include <QTimer>
 
 namespace {
 
+constexpr int noSuchElement = 35601;
 constexpr int tick = 1000; // milliseconds; shows a minute within a second of its turn, also after a suspend
 
 } // namespace
 
-StatusBar::StatusBar(const QString &text, const Widths &widths, QWidget *parent)
+StatusBar::StatusBar(std::span<const StatusBarRow> rows, QWidget *parent)
     : QStatusBar(parent)
+    , m_rows(rows)
 {
-    QLabel *label = addPanel(QStringLiteral("panel_1"), widths.text, true);
-    label->setText(text);
-    label->setToolTip(text);
-    m_date = addPanel(QStringLiteral("panel_2"), widths.date, false);
-    m_time = addPanel(QStringLiteral("panel_3"), widths.time, false);
+    for (const StatusBarRow &row : rows)
+        addPanel(row);
     followClock();
 
     auto *clock = new QTimer(this);
@@ -29,28 +31,42 @@ StatusBar::StatusBar(const QString &text, const Widths &widths, QWidget *parent)
     clock->start(tick);
 }
 
-QLabel *StatusBar::addPanel(const QString &name, int twips, bool yields)
+void StatusBar::addPanel(const StatusBarRow &row)
 {
-    auto *panel = new QLabel(this);
-    panel->setObjectName(name);
-    const int width = Twips::toPixels(twips, logicalDpiX());
-    if (yields) {
-        panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-        panel->setMaximumWidth(width);
-        panel->setIndent(fontMetrics().averageCharWidth());
-        addWidget(panel, 1);
-    } else {
+    auto *panel = new StatusBarPanel(this);
+    m_panels += panel;
+    panel->setObjectName(ControlName("panel", int(m_panels.size())).text());
+    panel->setText(QString::fromUtf8(row.text));
+    panel->setToolTip(ShownText::toolTip(QString::fromUtf8(row.toolTip)));
+    panel->setAlignment(row.alignment | Qt::AlignVCenter);
+    const int width = Twips::toPixels(row.width, logicalDpiX());
+    if (row.kind != StatusBarRow::Kind::Text) {
         panel->setFixedWidth(width);
-        panel->setAlignment(Qt::AlignCenter);
         addWidget(panel);
+        return;
     }
-    return panel;
+    panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    panel->setIndent(fontMetrics().averageCharWidth());
+    if (row.width > 0)
+        panel->setMaximumWidth(width);
+    addWidget(panel, 1);
+}
+
+StatusBarPanel &StatusBar::Panels(int position) const
+{
+    if (position < 1 || position > m_panels.size())
+        throw RuntimeError(noSuchElement, {}, objectName());
+    return *m_panels[position - 1];
 }
 
 void StatusBar::followClock()
 {
     const QDateTime now = QDateTime::currentDateTime();
     const QLocale locale;
-    m_date->setText(locale.toString(now.date(), QLocale::ShortFormat));
-    m_time->setText(locale.toString(now.time(), QLocale::ShortFormat));
+    for (qsizetype i = 0; i < m_panels.size(); ++i) {
+        if (m_rows[size_t(i)].kind == StatusBarRow::Kind::Date)
+            m_panels[i]->setText(locale.toString(now.date(), QLocale::ShortFormat));
+        else if (m_rows[size_t(i)].kind == StatusBarRow::Kind::Time)
+            m_panels[i]->setText(locale.toString(now.time(), QLocale::ShortFormat));
+    }
 }

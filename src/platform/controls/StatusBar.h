@@ -1,28 +1,27 @@
 #pragma once
 
+#include "StatusBarRow.h"
+
 #include <QStatusBar>
+#include <span>
 
-class QLabel;
+class StatusBarPanel;
 
-/// A status bar of three panels: a fixed text, the date and the time of day, which follow the clock by
-/// themselves. The text's panel yields before the clock does when the window is narrow.
+/// A status bar whose panels are rows of a table. Date and time follow the clock by themselves. Texts yield
+/// before the clock does when the window is narrow.
 class StatusBar : public QStatusBar
 {
 public:
-    /// Panel widths in twips.
-    struct Widths
-    {
-        int text;
-        int date;
-        int time;
-    };
+    explicit StatusBar(std::span<const StatusBarRow> rows, QWidget *parent = nullptr);
 
-    StatusBar(const QString &text, const Widths &widths, QWidget *parent = nullptr);
+    /// The panel at \a position, from 1 at the left; its objectName is "panel_1" and so on. Throws
+    /// RuntimeError 35601 when there is none.
+    StatusBarPanel &Panels(int position) const;
 
 private:
-    QLabel *addPanel(const QString &name, int twips, bool yields);
+    void addPanel(const StatusBarRow &row);
     void followClock();
 
-    QLabel *m_date = nullptr;
-    QLabel *m_time = nullptr;
+    std::span<const StatusBarRow> m_rows;
+    QList<StatusBarPanel *> m_panels;
 };

@@ -1,5 +1,6 @@
 #include "ThemeIcon.h"
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QPalette>
 #include <optional>
@@ -46,6 +47,9 @@ void followPalette()
 
 QIcon ThemeIcon::named(const QString &name)
 {
+    const QString own = QStringLiteral(":/icons/%1.svg").arg(name);
+    if (QFile::exists(own))
+        return QIcon(own);
     followPalette();
     return QIcon::fromTheme(name);
 }

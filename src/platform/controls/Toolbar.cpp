@@ -10,11 +10,9 @@
 
 namespace {
 
-const int noSuchElement = 35601;
-
 [[noreturn]] void refuse(const QString &which)
 {
-    throw RuntimeError(noSuchElement, QStringLiteral("Element not found"), which);
+    throw RuntimeError(ErrorNumber::ElementNotFound, {}, which);
 }
 
 void setPressedLook(QAction &action, bool pressed)

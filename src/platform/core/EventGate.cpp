@@ -3,11 +3,9 @@
 #include "RuntimeError.h"
 
 #include <QCoreApplication>
-#include <QList>
 #include <QPointer>
 #include <cstdio>
 #include <cstdlib>
-#include <utility>
 
 namespace {
 
@@ -17,7 +15,6 @@ void printError(int number, const QString &description)
 }
 
 bool failing = false;
-int handlersRunning = 0;
 
 /// A normal end lets the application object go as it should, so that what was copied stays with the desktop;
 /// but no handler runs any more.
@@ -41,25 +38,29 @@ EventGate::End &currentEnd()
     return current;
 }
 
-QList<QPointer<QObject>> &doomed()
+struct LastStep
 {
-    static QList<QPointer<QObject>> objects;
-    return objects;
+    QPointer<const QObject> context;
+    std::function<void()> run;
+};
+
+/// Those whose context lives.
+QList<LastStep> &lastSteps()
+{
+    static QList<LastStep> steps;
+    steps.removeIf([](const LastStep &step) { return !step.context; });
+    return steps;
 }
 
-/// Runs as an event of its own, behind the code of Qt's that called the last handler.
-void deleteDoomed()
+void runLastSteps() noexcept
 {
-    if (handlersRunning > 0)
-        return; // the outermost one asks again
-    for (const QPointer<QObject> &object : std::exchange(doomed(), {}))
-        delete object;
-}
-
-void deleteDoomedSoon()
-{
-    if (!doomed().isEmpty() && QCoreApplication::instance())
-        QMetaObject::invokeMethod(QCoreApplication::instance(), deleteDoomed, Qt::QueuedConnection);
+    for (const LastStep &step : QList(lastSteps())) {
+        try {
+            step.run();
+        } catch (...) {
+            continue; // the process has to end whatever they meet
+        }
+    }
 }
 
 } // namespace
@@ -74,8 +75,14 @@ void EventGate::setEnd(End replacement)
     currentEnd() = replacement ? std::move(replacement) : endProcess;
 }
 
+void EventGate::beforeEnd(const QObject *context, std::function<void()> step)
+{
+    lastSteps().append({context, std::move(step)});
+}
+
 void EventGate::end(int code)
 {
+    runLastSteps();
     currentEnd()(code);
 }
 
@@ -89,6 +96,7 @@ void EventGate::fail(int number, const QString &description)
     if (failing)
         return;
     failing = true;
+    runLastSteps();
     currentBox()(number, description);
     end(EXIT_FAILURE);
     failing = false; // reached only where a test replaced the end
@@ -110,26 +118,8 @@ void EventGate::failWithCurrentException() noexcept
     }
 }
 
-void EventGate::deleteWhenIdle(QObject *object)
-{
-    doomed().append(object);
-    if (handlersRunning == 0)
-        deleteDoomedSoon();
-}
-
-EventGate::Running::Running()
-{
-    ++handlersRunning;
-}
-
-EventGate::Running::~Running()
-{
-    if (--handlersRunning == 0)
-        deleteDoomedSoon();
-}
-
 void processPendingEvents()
 {
-    const EventGate::Running running; // also for a caller that is no handler itself
+    const RunningHandler running; // also for a caller that is no handler itself
     QCoreApplication::processEvents();
 }

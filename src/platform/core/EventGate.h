@@ -1,5 +1,7 @@
 #pragma once
 
+#include "RunningHandler.h"
+
 #include <QObject>
 #include <QString>
 #include <functional>
@@ -22,6 +24,10 @@ void setBox(Box box);
 /// Replaces the end of the process, for tests; an empty function puts the real one back.
 void setEnd(End end);
 
+/// Runs \a step before each end of the process that the suite makes itself, and before the default error box
+/// comes up, as long as \a context lives. What it throws is ignored.
+void beforeEnd(const QObject *context, std::function<void()> step);
+
 /// Ends the process at once with \a code; no window gets to ask.
 void end(int code);
 
@@ -33,21 +39,6 @@ bool isFailing();
 
 /// Tells of the exception being handled.
 void failWithCurrentException() noexcept;
-
-/// Deletes \a object once no handler runs any more, however many of them are waiting for events in the middle
-/// of their work. Until then the object can still be reached by them. An object that is deleted by others
-/// first is forgotten.
-void deleteWhenIdle(QObject *object);
-
-/// While one lives, a handler runs: nothing that waits in deleteWhenIdle() is deleted.
-class Running
-{
-public:
-    Running();
-    ~Running();
-    Running(const Running &) = delete;
-    Running &operator=(const Running &) = delete;
-};
 
 template<std::size_t Count, class Handler, class... Args>
 void callWithPrefix(Handler &handler, std::tuple<Args...> &args);
@@ -64,7 +55,7 @@ void run(Step &&step) noexcept
 {
     if (EventGate::isFailing())
         return;
-    const EventGate::Running running;
+    const RunningHandler running;
     try {
         step();
     } catch (...) {

@@ -1,5 +1,6 @@
 #include "Files.h"
 
+#include "FileNames.h"
 #include "RuntimeError.h"
 
 #include <QFile>
@@ -153,7 +154,7 @@ void writeBy(Sibling (*make)(const QByteArray &target), const QString &path, con
 QByteArray Files::read(const QString &path)
 {
     // Not blocking, so that a pipe without a writer is refused instead of waited for.
-    const Descriptor file(::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    const Descriptor file(::open(FileNames::toBytes(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!file.isOpen())
         fail(path);
     struct stat state = {};

@@ -18,6 +18,14 @@ QString shortText(double value, int digits)
     return QString::number(value, 'g', digits).toUpper();
 }
 
+/// \a value as its decimals show it: 213.49999999999997, which is 2.135 times 100, is 213.5. A number whose
+/// decimals are all whole stays as it is.
+double inDecimals(double value)
+{
+    constexpr double allWhole = 1e15;
+    return std::fabs(value) < allWhole ? shortText(value, doubleDigits).toDouble() : value;
+}
+
 QString withoutBlanks(QString text)
 {
     static const QRegularExpression blanks(QStringLiteral("[ \\t\\r\\n]"));
@@ -67,7 +75,7 @@ double Numbers::rounded(double value, int places)
     const double scaled = value * scale;
     if (std::isinf(scaled))
         return value; // so large a number has no decimals to lose
-    return std::nearbyint(scaled) / scale;
+    return std::nearbyint(inDecimals(scaled)) / scale;
 }
 
 float Numbers::toSingle(const QString &text)

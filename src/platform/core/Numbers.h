@@ -18,8 +18,9 @@ QString doubleText(double value);
 /// of its sign, so the result is always finite.
 double leadingNumber(const QString &text);
 
-/// \a value rounded to \a places decimals, 0 to 8, an exact half to the even neighbour. Throws RuntimeError 6
-/// for an infinity or what is not a number.
+/// \a value rounded to \a places decimals, 0 to 8, an exact half to the even neighbour. What is a half is
+/// seen in the value's text of 15 digits, so 2.135 and 1.245 are halves at two places although no float is
+/// either of them. Throws RuntimeError 6 for an infinity or what is not a number.
 double rounded(double value, int places);
 
 /// The whole of \a text as a number, outer blanks aside. Throws RuntimeError 13 when it is none, 6 when the

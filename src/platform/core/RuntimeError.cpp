@@ -39,6 +39,8 @@ QString platformText(int number)
         return QStringLiteral("Invalid file format");
     case ErrorNumber::InvalidPropertyValue:
         return QStringLiteral("Invalid property value");
+    case ErrorNumber::InvalidPropertyIndex:
+        return QStringLiteral("Invalid property array index");
     case ErrorNumber::ObjectRequired:
         return QStringLiteral("Object required");
     case ErrorNumber::NoSuchMember:
@@ -47,6 +49,12 @@ QString platformText(int number)
         return QStringLiteral("Printer error");
     case ErrorNumber::DialogCancelled:
         return QStringLiteral("Cancel was selected.");
+    case ErrorNumber::IndexOutOfBounds:
+        return QStringLiteral("Index out of bounds");
+    case ErrorNumber::ElementNotFound:
+        return QStringLiteral("Element not found");
+    case ErrorNumber::KeyNotUnique:
+        return QStringLiteral("Key is not unique in collection");
     default:
         return QStringLiteral("Application-defined or object-defined error");
     }

@@ -21,10 +21,14 @@ inline constexpr int PathNotFound = 76;
 inline constexpr int ObjectNotSet = 91;
 inline constexpr int InvalidFileFormat = 321;
 inline constexpr int InvalidPropertyValue = 380;
+inline constexpr int InvalidPropertyIndex = 381;
 inline constexpr int ObjectRequired = 424;
 inline constexpr int NoSuchMember = 438;
 inline constexpr int PrinterError = 482;
 inline constexpr int DialogCancelled = 32755;
+inline constexpr int IndexOutOfBounds = 35600;
+inline constexpr int ElementNotFound = 35601;
+inline constexpr int KeyNotUnique = 35602;
 } // namespace ErrorNumber
 
 /// A failure that a handler may trap. Untrapped, it ends the process with the default error box.

@@ -4,6 +4,7 @@
 #include "DialogHook.h"
 #include "EventGate.h"
 #include "FileFilter.h"
+#include "FilePlaces.h"
 #include "FontDialog.h"
 #include "OwnedDialog.h"
 #include "Paths.h"
@@ -16,7 +17,10 @@
 #include <QFileInfo>
 #include <QFileSystemModel>
 #include <QGridLayout>
+#include <QHeaderView>
 #include <QLineEdit>
+#include <QSplitter>
+#include <QTreeView>
 
 namespace {
 
@@ -26,6 +30,12 @@ constexpr int white = 0xFFFFFF;
 QString folderFor(const QString &initDir)
 {
     return initDir.isEmpty() ? QString() : Paths::native(initDir);
+}
+
+/// The index of the filter that \a dialog shows, from 1.
+int filterIndex(const QFileDialog &dialog)
+{
+    return int(dialog.nameFilters().indexOf(dialog.selectedNameFilter())) + 1;
 }
 
 /// Asks the hook before it takes what was chosen.
@@ -40,8 +50,7 @@ public:
             return;
         // The desktop's own dialogs are down by the time when they ask.
         setOption(DontUseNativeDialog);
-        on(this, &QFileDialog::filterSelected, this,
-           [this](const QString &filter) { m_hook->TypeChange(int(nameFilters().indexOf(filter)) + 1); });
+        on(this, &QFileDialog::filterSelected, this, [this] { m_hook->TypeChange(filterIndex(*this)); });
         // The dialog's own signal does not tell of a folder whose name was typed.
         if (auto *files = findChild<QFileSystemModel *>())
             on(files, &QFileSystemModel::rootPathChanged, this,
@@ -112,9 +121,27 @@ QString nameOf(const QStringList &paths)
     return parts.join(QChar(u'\0'));
 }
 
+/// Names take the room that the other columns leave, and the folders beside the list are readable. A
+/// desktop's own dialog has neither.
+void fitParts(QFileDialog &dialog)
+{
+    constexpr QSize readable(760, 460); // pixels
+    constexpr int sidebar = 160;
+    dialog.resize(dialog.size().expandedTo(readable));
+    if (auto *splitter = dialog.findChild<QSplitter *>(QStringLiteral("splitter")))
+        splitter->setSizes({sidebar, readable.width() - sidebar});
+    if (const auto *list = dialog.findChild<QTreeView *>(QStringLiteral("treeView"))) {
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+        list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    }
+}
+
 void prepareForBoth(QFileDialog &dialog, const CommonDialog &settings)
 {
     dialog.setObjectName(QStringLiteral("FileDialog"));
+    dialog.setOption(QFileDialog::HideNameFilterDetails); // the texts have patterns of their own
+    dialog.setSidebarUrls(FilePlaces::complete(dialog.sidebarUrls(), FilePlaces::mountPoints()));
+    fitParts(dialog);
     dialog.setNameFilters(FileFilter::toNameFilters(settings.Filter));
     dialog.selectNameFilter(dialog.nameFilters().value(settings.FilterIndex - 1));
     dialog.setOption(QFileDialog::DontConfirmOverwrite, !(settings.Flags & CommonDialog::OverwritePrompt));
@@ -145,7 +172,7 @@ void prepareToOpen(QFileDialog &dialog, const CommonDialog &settings)
 void takeChoice(const QFileDialog &dialog, CommonDialog &settings)
 {
     settings.FileName = nameOf(dialog.selectedFiles());
-    settings.FilterIndex = int(dialog.nameFilters().indexOf(dialog.selectedNameFilter())) + 1;
+    settings.FilterIndex = filterIndex(dialog);
     if (const auto *box = dialog.findChild<QCheckBox *>(readOnlyName)) {
         settings.Flags &= ~CommonDialog::ReadOnly;
         settings.Flags |= box->isChecked() ? CommonDialog::ReadOnly : 0;
@@ -208,7 +235,7 @@ void CommonDialog::ShowColor()
 
 void CommonDialog::ShowFont()
 {
-    QFont font(FontName);
+    QFont font(FontName.isEmpty() ? QFontInfo(QFont()).family() : FontName);
     if (FontSize > 0)
         font.setPointSizeF(FontSize);
     font.setBold(FontBold);
@@ -219,7 +246,7 @@ void CommonDialog::ShowFont()
     shown->setWindowTitle(DialogTitle);
     const bool cancelError = CancelError; // as above
     if (shown->exec() == QDialog::Accepted)
-        takeFont(shown->selectedFont(), shown->color());
+        takeFont(shown->currentFont(), shown->color());
     else if (cancelError)
         throw RuntimeError(ErrorNumber::DialogCancelled);
 }

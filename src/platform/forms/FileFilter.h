@@ -6,8 +6,9 @@
 /// "Text Files (*.txt)|*.txt|All Files (*.*)|*.*".
 namespace FileFilter {
 
-/// The entries as the toolkit wants them, "Text Files (*.txt)"; "*.*" stands for every file, also one without
-/// a dot. A text without a pattern behind it is dropped.
+/// The entries for a dialog that hides what a filter matches: each text, which may have patterns of its own
+/// in brackets, and behind it the patterns that count, "All Files (*.*) (*)". "*.*" stands for every file,
+/// also one without a dot. A text without a pattern behind it is dropped.
 QStringList toNameFilters(const QString &filter);
 
 } // namespace FileFilter

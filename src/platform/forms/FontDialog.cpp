@@ -1,42 +1,218 @@
 #include "FontDialog.h"
 
 #include "EventGate.h"
+#include "Named.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
 #include <QColorDialog>
-#include <QLabel>
+#include <QDialogButtonBox>
+#include <QDoubleValidator>
+#include <QFontDatabase>
+#include <QGroupBox>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 
+namespace {
+
+constexpr int familyRole = Qt::UserRole;
+constexpr double smallestSize = 1; // points
+constexpr double largestSize = 1638;
+
+enum Style { Bold = 1, Italic = 2 }; // rows of the list of styles, added up
+
+/// Sizes are shown and typed with a decimal point, whatever the desktop's language.
+QString sizeText(double size)
+{
+    return QString::number(size, 'g', 6);
+}
+
+/// Without the foundry, which Qt appends in brackets where several offer the same family.
+QStringList scalableFamilies()
+{
+    QStringList families;
+    for (const QString &family : QFontDatabase::families()) {
+        if (!QFontDatabase::isPrivateFamily(family) && QFontDatabase::isSmoothlyScalable(family))
+            families.append(family.section(QStringLiteral(" ["), 0, 0));
+    }
+    families.removeDuplicates();
+    return families;
+}
+
+void selectRow(QListWidget &list, int row)
+{
+    list.setCurrentRow(row);
+    list.scrollToItem(list.currentItem(), QAbstractItemView::PositionAtCenter);
+}
+
+QVBoxLayout *column(QWidget *owner, const QString &caption, QWidget *buddy)
+{
+    auto *label = new QLabel(caption, owner);
+    label->setBuddy(buddy);
+    auto *column = new QVBoxLayout;
+    column->addWidget(label);
+    return column;
+}
+
+} // namespace
+
 FontDialog::FontDialog(const QFont &font, const QColor &color, QWidget *owner)
-    : QFontDialog(font, owner)
+    : QDialog(owner)
     , m_color(color)
-    , m_button(new QPushButton(this))
+    , lstFont(named<QListWidget>("lstFont", QStringLiteral("Font")))
+    , lstStyle(named<QListWidget>("lstStyle", QStringLiteral("Font style")))
+    , txtSize(named<QLineEdit>("txtSize", QStringLiteral("Size")))
+    , lstSize(named<QListWidget>("lstSize", QStringLiteral("Sizes")))
+    , chkStrikeout(
+          named<QCheckBox>("chkStrikeout", QStringLiteral("Stri&keout"), QStringLiteral("Strikeout")))
+    , chkUnderline(
+          named<QCheckBox>("chkUnderline", QStringLiteral("&Underline"), QStringLiteral("Underline")))
+    , cmdColor(named<QPushButton>("cmdColor", QString(), QStringLiteral("Colour")))
+    , lblSample(named<QLabel>("lblSample", QStringLiteral("AaBbYyZz"), QStringLiteral("Sample")))
+    , m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this))
 {
     setObjectName(QStringLiteral("FontDialog"));
-    setOptions(DontUseNativeDialog | ScalableFonts); // no desktop's own dialog has the colour
+    auto *rows = new QVBoxLayout(this);
+    rows->addWidget(buildChoices(), 1);
+    auto *lower = new QHBoxLayout;
+    lower->addWidget(buildEffects());
+    lower->addWidget(buildSample(), 1);
+    rows->addLayout(lower);
+    rows->addWidget(m_buttons);
+    fillFamilies();
     setCurrentFont(font);
-    addColorRow();
     showColor();
-    on(m_button, &QPushButton::clicked, this, &FontDialog::chooseColor);
+    on(lstFont, &QListWidget::currentRowChanged, this, &FontDialog::showSample);
+    on(lstStyle, &QListWidget::currentRowChanged, this, &FontDialog::showSample);
+    on(txtSize, &QLineEdit::textChanged, this, &FontDialog::txtSize_Change);
+    on(lstSize, &QListWidget::itemSelectionChanged, this, &FontDialog::lstSize_Click);
+    on(chkStrikeout, &QCheckBox::toggled, this, &FontDialog::showSample);
+    on(chkUnderline, &QCheckBox::toggled, this, &FontDialog::showSample);
+    on(cmdColor, &QPushButton::clicked, this, &FontDialog::cmdColor_Click);
+    on(m_buttons, &QDialogButtonBox::accepted, this, &FontDialog::accept);
+    on(m_buttons, &QDialogButtonBox::rejected, this, &FontDialog::reject);
+    lstFont->setFocus();
 }
 
-/// Below the check boxes of the effects.
-void FontDialog::addColorRow()
+QWidget *FontDialog::buildChoices()
 {
-    m_button->setObjectName(QStringLiteral("cmdColor"));
-    m_button->setAutoDefault(false);
-    auto *label = new QLabel(QStringLiteral("&Colour"), this);
-    label->setBuddy(m_button);
+    auto *choices = new QWidget(this);
+    auto *columns = new QHBoxLayout(choices);
+    columns->setContentsMargins({});
+    QVBoxLayout *fonts = column(choices, QStringLiteral("&Font"), lstFont);
+    fonts->addWidget(lstFont);
+    QVBoxLayout *styles = column(choices, QStringLiteral("Font st&yle"), lstStyle);
+    styles->addWidget(lstStyle);
+    QVBoxLayout *sizes = column(choices, QStringLiteral("&Size"), txtSize);
+    sizes->addWidget(txtSize);
+    sizes->addWidget(lstSize);
+    columns->addLayout(fonts, 4);
+    columns->addLayout(styles, 2);
+    columns->addLayout(sizes, 1);
+    lstStyle->addItems({QStringLiteral("Regular"), QStringLiteral("Bold"), QStringLiteral("Italic"),
+                        QStringLiteral("Bold Italic")});
+    for (const int size : QFontDatabase::standardSizes())
+        lstSize->addItem(sizeText(size));
+    auto *valid = new QDoubleValidator(smallestSize, largestSize, 1, txtSize);
+    valid->setLocale(QLocale::c());
+    valid->setNotation(QDoubleValidator::StandardNotation);
+    txtSize->setValidator(valid);
+    return choices;
+}
+
+QWidget *FontDialog::buildEffects()
+{
+    auto *effects = named<QGroupBox>("fraEffects", QStringLiteral("Effects"), QStringLiteral("Effects"));
+    auto *rows = new QVBoxLayout(effects);
+    rows->addWidget(chkStrikeout);
+    rows->addWidget(chkUnderline);
+    auto *label = new QLabel(QStringLiteral("&Colour"), effects);
+    label->setBuddy(cmdColor);
+    cmdColor->setAutoDefault(false);
     auto *row = new QHBoxLayout;
     row->addWidget(label);
-    row->addWidget(m_button);
+    row->addWidget(cmdColor);
     row->addStretch();
-    auto *effects = qobject_cast<QBoxLayout *>(findChild<QCheckBox *>()->parentWidget()->layout());
-    effects->addLayout(row);
+    rows->addLayout(row);
+    return effects;
 }
 
-void FontDialog::chooseColor()
+QWidget *FontDialog::buildSample()
+{
+    constexpr int sampleHeight = 80; // pixels; a larger font is cut
+    auto *sample = named<QGroupBox>("fraSample", QStringLiteral("Sample"), QStringLiteral("Sample"));
+    auto *rows = new QVBoxLayout(sample);
+    lblSample->setAlignment(Qt::AlignCenter);
+    lblSample->setFixedHeight(sampleHeight);
+    lblSample->setMinimumWidth(3 * sampleHeight);
+    lblSample->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    rows->addWidget(lblSample);
+    return sample;
+}
+
+void FontDialog::fillFamilies()
+{
+    for (const QString &family : scalableFamilies()) {
+        auto *item = new QListWidgetItem(family, lstFont);
+        item->setData(familyRole, family);
+    }
+}
+
+void FontDialog::chooseFamily(const QString &family)
+{
+    const QList<QListWidgetItem *> found = lstFont->findItems(family, Qt::MatchFixedString);
+    if (found.isEmpty()) {
+        auto *missing = new QListWidgetItem(QStringLiteral("%1 (not installed)").arg(family));
+        lstFont->insertItem(0, missing);
+        missing->setData(familyRole, family);
+        selectRow(*lstFont, 0);
+    } else {
+        found.first()->setData(familyRole, family); // in the spelling that was given
+        selectRow(*lstFont, lstFont->row(found.first()));
+    }
+}
+
+QFont FontDialog::currentFont() const
+{
+    QFont font(lstFont->currentItem()->data(familyRole).toString());
+    font.setPointSizeF(txtSize->text().toDouble());
+    font.setBold((lstStyle->currentRow() & Bold) != 0);
+    font.setItalic((lstStyle->currentRow() & Italic) != 0);
+    font.setStrikeOut(chkStrikeout->isChecked());
+    font.setUnderline(chkUnderline->isChecked());
+    return font;
+}
+
+void FontDialog::setCurrentFont(const QFont &font)
+{
+    chooseFamily(font.family());
+    selectRow(*lstStyle, (font.bold() ? Bold : 0) + (font.italic() ? Italic : 0));
+    txtSize->setText(sizeText(font.pointSizeF()));
+    chkStrikeout->setChecked(font.strikeOut());
+    chkUnderline->setChecked(font.underline());
+    txtSize_Change();
+}
+
+/// The list shows the size that is typed, or none.
+void FontDialog::txtSize_Change()
+{
+    const QList<QListWidgetItem *> same = lstSize->findItems(txtSize->text(), Qt::MatchExactly);
+    const QSignalBlocker quiet(lstSize);
+    lstSize->clearSelection();
+    if (!same.isEmpty())
+        selectRow(*lstSize, lstSize->row(same.first()));
+    m_buttons->button(QDialogButtonBox::Ok)->setEnabled(txtSize->hasAcceptableInput());
+    showSample();
+}
+
+void FontDialog::lstSize_Click()
+{
+    if (!lstSize->selectedItems().isEmpty())
+        txtSize->setText(lstSize->selectedItems().first()->text());
+}
+
+void FontDialog::cmdColor_Click()
 {
     const QColor chosen = QColorDialog::getColor(m_color, this, QStringLiteral("Colour"));
     if (!chosen.isValid())
@@ -45,10 +221,16 @@ void FontDialog::chooseColor()
     showColor();
 }
 
+void FontDialog::showSample()
+{
+    if (lstFont->currentItem() && txtSize->hasAcceptableInput())
+        lblSample->setFont(currentFont());
+}
+
 void FontDialog::showColor()
 {
-    QPixmap swatch(m_button->iconSize());
+    QPixmap swatch(cmdColor->iconSize());
     swatch.fill(m_color);
-    m_button->setIcon(swatch);
-    m_button->setText(m_color.name());
+    cmdColor->setIcon(swatch);
+    cmdColor->setText(m_color.name());
 }

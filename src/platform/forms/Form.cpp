@@ -113,7 +113,7 @@ void Form::showModal(QWidget *owner)
 {
     if (!canBeModal())
         throw RuntimeError(ErrorNumber::InvalidProcedureCall, {}, Name());
-    const EventGate::Running running; // so that the object lives on behind the loop
+    const RunningHandler running; // so that the object lives on behind the loop
     setParent(owner, (windowFlags() & ~Qt::WindowType_Mask) | Qt::Dialog);
     setWindowModality(Qt::ApplicationModal);
     load();
@@ -157,7 +157,7 @@ bool Form::finish()
     }
     m_state = State::Unloaded;
     Forms::remove(*this);
-    EventGate::deleteWhenIdle(this);
+    RunningHandler::deleteWhenNoneRuns(this);
     Form_Terminate();
     return true;
 }
@@ -202,12 +202,8 @@ void Form::keyPressEvent(QKeyEvent *event)
 
 void Form::closeEvent(QCloseEvent *event)
 {
-    if (!isLoaded()) {
-        event->setAccepted(m_state != State::Unloading);
-        return;
-    }
     event->ignore();
-    run([&] { event->setAccepted(finish()); });
+    run([&] { event->setAccepted(isLoaded() ? finish() : m_state != State::Unloading); });
 }
 
 void Form::hideEvent(QHideEvent *event)

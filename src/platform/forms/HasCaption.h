@@ -8,4 +8,4 @@
 /// A control that is made with a caption.
 template<class Control>
 concept HasCaption = std::derived_from<Control, QAbstractButton> || std::derived_from<Control, QLabel> ||
-                     std::derived_from<Control, QGroupBox>;
+    std::derived_from<Control, QGroupBox>;

@@ -1,21 +1,29 @@
 #include "Prompts.h"
 
 #include "Paths.h"
+#include "PromptOwner.h"
+#include "ShownText.h"
 
 #include <QApplication>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPointer>
 
 namespace {
 
+constexpr int buttonBits = 0x0f;
 constexpr int iconBits = 0x70;
 
 /// A question that only Yes or No answers: left by Escape it would take No, and No may discard a document.
 class YesNoBox : public QMessageBox
 {
 public:
-    using QMessageBox::QMessageBox;
+    explicit YesNoBox(QWidget *owner)
+        : QMessageBox(owner)
+    {
+        setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint); // no close button
+    }
 
 protected:
     void closeEvent(QCloseEvent *event) override { event->ignore(); }
@@ -29,6 +37,41 @@ protected:
 bool has(MsgBoxStyle style, MsgBoxStyle flag)
 {
     return (int(style) & int(flag)) == int(flag);
+}
+
+/// The buttons of \a style in their order.
+QList<QMessageBox::StandardButton> buttonsOf(MsgBoxStyle style)
+{
+    switch (MsgBoxStyle(int(style) & buttonBits)) {
+    case MsgBoxStyle::YesNo:
+        return {QMessageBox::Yes, QMessageBox::No};
+    case MsgBoxStyle::OkCancel:
+        return {QMessageBox::Ok, QMessageBox::Cancel};
+    default:
+        return {QMessageBox::Ok};
+    }
+}
+
+int replyOf(int button)
+{
+    switch (button) {
+    case QMessageBox::Yes:
+        return MsgBoxReply::Yes;
+    case QMessageBox::No:
+        return MsgBoxReply::No;
+    case QMessageBox::Cancel:
+        return MsgBoxReply::Cancel;
+    default:
+        return MsgBoxReply::Ok;
+    }
+}
+
+void addButtons(QMessageBox &box, MsgBoxStyle style)
+{
+    const auto buttons = buttonsOf(style);
+    for (const QMessageBox::StandardButton button : buttons)
+        box.addButton(button);
+    box.setDefaultButton(has(style, MsgBoxStyle::DefaultButton2) ? buttons.last() : buttons.first());
 }
 
 QMessageBox::Icon iconOf(MsgBoxStyle style)
@@ -47,21 +90,32 @@ QMessageBox::Icon iconOf(MsgBoxStyle style)
     }
 }
 
-QWidget *owner()
+/// Makes \a box so wide that its title bar has room for the title, in whatever font, and for its buttons.
+void fitTitle(QMessageBox &box)
 {
-    QWidget *modal = QApplication::activeModalWidget();
-    return modal ? modal : QApplication::activeWindow();
+    constexpr int frame = 120; // pixels
+    QFont font = QApplication::font("QMdiSubWindowTitleBar");
+    font.setBold(true);
+    const int width = QFontMetrics(font).horizontalAdvance(box.windowTitle()) + frame;
+    // The box sets its own size to what its layout needs; a minimum size would not last.
+    auto *grid = static_cast<QGridLayout *>(box.layout());
+    grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
-/// Shows \a box and deletes it, unless its owner went first. Returns the button pressed.
+/// Shows \a box and deletes it, unless its owner went first. Returns the button pressed, the last one for a
+/// box that went with its owner.
 int ask(QPointer<QMessageBox> box, const QString &text, MsgBoxStyle style, const QString &title)
 {
     box->setObjectName(QStringLiteral("MsgBox"));
     box->setWindowTitle(title.isEmpty() ? Paths::applicationTitle : title);
     box->setTextFormat(Qt::PlainText);
-    box->setText(text);
+    box->setText(ShownText::lines(text));
     box->setIcon(iconOf(style));
+    addButtons(*box, style);
+    fitTitle(*box);
     const int button = box->exec();
+    if (!box)
+        return buttonsOf(style).last();
     delete box;
     return button;
 }
@@ -70,14 +124,7 @@ int ask(QPointer<QMessageBox> box, const QString &text, MsgBoxStyle style, const
 
 int MsgBox(const QString &text, MsgBoxStyle style, const QString &title)
 {
-    if (!has(style, MsgBoxStyle::YesNo)) {
-        auto *box = new QMessageBox(owner());
-        box->setStandardButtons(QMessageBox::Ok);
-        ask(box, text, style, title);
-        return MsgBoxReply::Ok;
-    }
-    auto *box = new YesNoBox(owner());
-    box->setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-    box->setDefaultButton(QMessageBox::Yes);
-    return ask(box, text, style, title) == QMessageBox::Yes ? MsgBoxReply::Yes : MsgBoxReply::No;
+    QMessageBox *box =
+        has(style, MsgBoxStyle::YesNo) ? new YesNoBox(promptOwner()) : new QMessageBox(promptOwner());
+    return replyOf(ask(box, text, style, title));
 }

@@ -3,7 +3,7 @@
 #include <QDBusMessage>
 #include <QObject>
 
-/// Whether the desktop's user wants light or dark windows, as the desktop's settings portal tells.
+/// Whether the desktop's user wants light or dark windows, by the desktop's settings portal.
 class ColorScheme : public QObject
 {
     Q_OBJECT

@@ -1,5 +1,6 @@
 #include "FlatTitleStyle.h"
 
+#include <QGroupBox>
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOptionButton>
@@ -37,18 +38,37 @@ QPainterPath markOf(QStyle::SubControl button)
     return mark;
 }
 
-/// Fusion draws the outlines in the window's colour, about a third darker: on a dark window that is nothing.
-/// The window's colour of which they come out between the window's and its text's.
+/// From \a a, \a part 0, to \a b, \a part 1.
+QColor mixed(const QColor &a, const QColor &b, float part)
+{
+    const auto mix = [part](float from, float to) { return from + (to - from) * part; };
+    return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()), mix(a.blueF(), b.blueF()));
+}
+
+/// Between the window's colour and its text's.
+QColor outline(const QPalette &palette, float textPart)
+{
+    return mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), textPart);
+}
+
+/// Fusion draws the outlines in the window's colour, about a third darker, which a dark window hides. With
+/// this window's colour they come out between the real one and the text's.
 QColor windowForOutlines(const QPalette &palette)
 {
     constexpr float textPart = 0.65f;
     constexpr int fusionDarkens = 150; // percent
-    const QColor window = palette.color(QPalette::Window);
-    const QColor text = palette.color(QPalette::WindowText);
-    const auto mix = [](float a, float b) { return a + (b - a) * textPart; };
-    return QColor::fromRgbF(mix(window.redF(), text.redF()), mix(window.greenF(), text.greenF()),
-                            mix(window.blueF(), text.blueF()))
-        .lighter(fusionDarkens);
+    return outline(palette, textPart).lighter(fusionDarkens);
+}
+
+/// The selected entry has a tint of the selection's colour, on which the window's icons and text stand out as
+/// they do on the menu itself.
+QPalette menuPalette(QPalette palette)
+{
+    constexpr float highlightPart = 0.35f;
+    palette.setColor(QPalette::Highlight,
+                     mixed(palette.color(QPalette::Base), palette.color(QPalette::Highlight), highlightPart));
+    palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
+    return palette;
 }
 
 } // namespace
@@ -70,12 +90,33 @@ void FlatTitleStyle::drawComplexControl(ComplexControl control, const QStyleOpti
 void FlatTitleStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                                    const QWidget *widget) const
 {
+    if (element == PE_FrameGroupBox)
+        return drawGroupFrame(*option, *painter, widget);
     const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
     if (!button || (element != PE_IndicatorCheckBox && element != PE_IndicatorRadioButton))
         return QProxyStyle::drawPrimitive(element, option, painter, widget);
     QStyleOptionButton outlined(*button);
     outlined.palette.setColor(QPalette::Window, windowForOutlines(button->palette));
     QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
+}
+
+void FlatTitleStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                                 const QWidget *widget) const
+{
+    const auto *item = qstyleoption_cast<const QStyleOptionMenuItem *>(option);
+    if (!item || (element != CE_MenuItem && element != CE_MenuBarItem))
+        return QProxyStyle::drawControl(element, option, painter, widget);
+    QStyleOptionMenuItem tinted(*item);
+    tinted.palette = menuPalette(item->palette);
+    QProxyStyle::drawControl(element, &tinted, painter, widget);
+}
+
+int FlatTitleStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                              QStyleHintReturn *returned) const
+{
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+        return 0; // as the push buttons of the windows
+    return QProxyStyle::styleHint(hint, option, widget, returned);
 }
 
 int FlatTitleStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const
@@ -92,6 +133,24 @@ int FlatTitleStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, 
     }
 }
 
+void FlatTitleStyle::drawGroupFrame(const QStyleOption &option, QPainter &painter,
+                                    const QWidget *widget) const
+{
+    constexpr float textPart = 0.3f;
+    constexpr double radius = 2.5;
+    constexpr int gap = 3; // pixels between the title, which is above the frame, and the frame
+    const auto *box = qobject_cast<const QGroupBox *>(widget);
+    const bool hasTitle = box && !box->title().isEmpty();
+    const int title =
+        std::max(pixelMetric(PM_ExclusiveIndicatorHeight, &option, widget), option.fontMetrics.height());
+    const QRectF frame = QRectF(option.rect).adjusted(0.5, hasTitle ? title + gap + 0.5 : 0.5, -0.5, -0.5);
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(outline(option.palette, textPart));
+    painter.drawRoundedRect(frame, radius, radius);
+    painter.restore();
+}
+
 void FlatTitleStyle::drawTitleBar(const QStyleOptionTitleBar &option, QPainter &painter,
                                   const QWidget *widget) const
 {
@@ -105,8 +164,9 @@ void FlatTitleStyle::drawTitleBar(const QStyleOptionTitleBar &option, QPainter &
     if (option.titleBarFlags & Qt::WindowSystemMenuHint)
         option.icon.paint(&painter, icon);
     const QRect label = subControlRect(CC_TitleBar, &option, SC_TitleBarLabel, widget).adjusted(4, 0, -4, 0);
-    // Of a path the name at its end tells most.
-    const QString text = painter.fontMetrics().elidedText(option.text, Qt::ElideLeft, label.width());
+    // The option's text is elided at its end already; the name there matters most in a path.
+    const QString title = widget ? widget->windowTitle() : option.text;
+    const QString text = painter.fontMetrics().elidedText(title, Qt::ElideLeft, label.width());
     painter.drawText(label, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, text);
     drawTitleButtons(option, painter, widget);
     painter.restore();

@@ -4,8 +4,9 @@
 
 class QStyleOptionTitleBar;
 
-/// Fusion with flat title bars on the child windows, in the palette's colours, toolbars so compact that the
-/// frame's fits into its first width, and check boxes and radio buttons that are seen on dark windows too.
+/// Fusion with flat title bars on the child windows that show the end of a long title, menus and frames that
+/// suit light and dark windows, toolbars so compact that the frame's fits into its first width, and push
+/// buttons without icons.
 class FlatTitleStyle : public QProxyStyle
 {
 public:
@@ -15,9 +16,14 @@ public:
                             const QWidget *widget) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget) const override;
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget) const override;
+    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                  QStyleHintReturn *returned) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override;
 
 private:
+    void drawGroupFrame(const QStyleOption &option, QPainter &painter, const QWidget *widget) const;
     void drawTitleBar(const QStyleOptionTitleBar &option, QPainter &painter, const QWidget *widget) const;
     void drawTitleButtons(const QStyleOptionTitleBar &option, QPainter &painter, const QWidget *widget) const;
 };

@@ -35,9 +35,11 @@ void Look::apply()
 {
     const bool darkAlready = desktopPaletteIsDark();
     QApplication::setStyle(new FlatTitleStyle);
+    // A text control's menu leaves out the keys that the frame's menu has, so some entries showed one.
+    QCoreApplication::setAttribute(Qt::AA_DontShowShortcutsInContextMenus);
     setFont();
     auto *scheme = new ColorScheme(QCoreApplication::instance());
-    if (!darkAlready) // else the desktop's own dark palette stands
+    if (!darkAlready) // else the desktop's own dark palette is kept
         setColors(scheme->prefersDark());
     on(scheme, &ColorScheme::changed, scheme, setColors);
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/quill-office-tools.svg")));

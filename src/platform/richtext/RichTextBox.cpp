@@ -38,8 +38,8 @@ RichTextBox::RichTextBox(QWidget *parent)
     setAcceptRichText(true);
     viewport()->setMouseTracking(true); // for the pointer above links
     setPaper();
-    on(this, &QTextEdit::selectionChanged, this, &RichTextBox::tellSelection);
-    on(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::tellSelection);
+    on(this, &QTextEdit::selectionChanged, this, &RichTextBox::reportSelection);
+    on(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::reportSelection);
     setText({});
 }
 
@@ -76,7 +76,7 @@ void RichTextBox::replaceDocument(std::unique_ptr<QTextDocument> document, const
     shown->setModified(false);
     m_longDocuments.attach(*shown);
     on(shown, &QTextDocument::contentsChange, this, [this] { m_isChanged = true; });
-    on(shown, &QTextDocument::contentsChanged, this, &RichTextBox::tellChange);
+    on(shown, &QTextDocument::contentsChanged, this, &RichTextBox::reportChange);
     m_formats.forget();
     m_links.forget();
     m_loaded = loaded;
@@ -85,7 +85,7 @@ void RichTextBox::replaceDocument(std::unique_ptr<QTextDocument> document, const
     if (!isFirst)
         delete old;
     m_isChanged = true;
-    tellChange();
+    reportChange();
 }
 
 void RichTextBox::LoadFile(const QString &path)
@@ -132,16 +132,16 @@ QVariant RichTextBox::loadResource(int, const QUrl &name)
     return name.scheme() == QLatin1String("data") ? QVariant() : QVariant(QByteArray());
 }
 
-// ---- Telling
+// ---- Reports
 
-/// Told when the edit is over: a listener in its midst would find the text half laid out.
-void RichTextBox::tellChange()
+/// Reported when the edit is over: a listener in its midst would find the text half laid out.
+void RichTextBox::reportChange()
 {
     if (std::exchange(m_isChanged, false))
         Q_EMIT Change();
 }
 
-void RichTextBox::tellSelection()
+void RichTextBox::reportSelection()
 {
     Q_EMIT SelChange();
 }
@@ -206,7 +206,7 @@ void RichTextBox::setSelText(const QString &text)
     textCursor().insertText(text);
 }
 
-// ---- Layout and manners
+// ---- Layout
 
 int RichTextBox::RightMargin() const
 {

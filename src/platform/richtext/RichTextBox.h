@@ -4,6 +4,7 @@
 #include "LongDocuments.h"
 #include "RichTextFile.h"
 #include "SelectionFormats.h"
+#include "UndoSteps.h"
 
 #include <QTextEdit>
 
@@ -24,8 +25,11 @@ public:
     /// Throws RuntimeError as Files::read does; the content is then as before.
     void LoadFile(const QString &path);
     /// A plain file keeps the line ends it was loaded with. Throws RuntimeError as Files::write does; the old
-    /// file then stands whole.
+    /// file is then left whole.
     void SaveFile(const QString &path, RichTextFile::Format format) const;
+    /// Which line ends SaveFile() writes into a plain file.
+    PlainText::LineEnd LineEnd() const { return m_loaded.lineEnd; }
+    void setLineEnd(PlainText::LineEnd lineEnd) { m_loaded.lineEnd = lineEnd; }
 
     QByteArray TextRTF() const;
     void setTextRTF(const QByteArray &rtf);
@@ -69,6 +73,9 @@ public:
     /// Twips; the distance of bullet and text that setSelBullet() gives. Throws RuntimeError 380 below 0.
     int BulletIndent() const;
     void setBulletIndent(int indent);
+    /// Brings BulletIndent() to the bulleted paragraphs of the selection, as one undo step. Numbered ones
+    /// stay as they are, and so does a selection without bullets; in a mixed one all others become bulleted.
+    void applyBulletIndent();
     /// Twips, of the first line; the other lines keep their distance from it.
     std::optional<int> SelIndent() const;
     void setSelIndent(int indent);
@@ -85,7 +92,7 @@ public:
     /// RuntimeError as PrintJob does.
     void SelPrint(QPrinter *device) const;
 
-    /// Marks web and mail addresses in the text and tells of clicks on them; the document itself is not
+    /// Marks web and mail addresses in the text and reports clicks on them; the document itself is not
     /// changed.
     void setAutoURLDetection(bool on);
     /// What the link that begins at \a first points to: the address that a real link carries, else its text.
@@ -119,14 +126,15 @@ private:
     void replaceDocument(std::unique_ptr<QTextDocument> document, const RichTextFile::Loaded &loaded);
     void setPaper();
     void wrap();
-    void tellChange();
-    void tellSelection();
+    void reportChange();
+    void reportSelection();
     CharacterStates characters() const;
     ParagraphStates paragraphs() const;
 
     mutable SelectionFormats m_formats;
     LongDocuments m_longDocuments;
     LinkMarks m_links;
+    UndoSteps m_undoSteps;
     RichTextFile::Loaded m_loaded;
     bool m_isChanged = false; ///< since the latest Change
     int m_bulletIndent = 0;

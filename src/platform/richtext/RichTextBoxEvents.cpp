@@ -48,10 +48,12 @@ void RichTextBox::focusInEvent(QFocusEvent *event)
 void RichTextBox::keyPressEvent(QKeyEvent *event)
 {
     run([&] {
+        m_undoSteps.beforeKey(*event, textCursor());
         if (!Locked() && endsList(*event, textCursor()))
             ParagraphEdits::leaveList(textCursor());
         else
             QTextEdit::keyPressEvent(event);
+        m_undoSteps.afterKey(textCursor());
     });
 }
 

@@ -160,6 +160,12 @@ void RichTextBox::setBulletIndent(int indent)
     m_bulletIndent = indent;
 }
 
+void RichTextBox::applyBulletIndent()
+{
+    if (SelBullet() != false)
+        ParagraphEdits::addBullets(textCursor(), m_bulletIndent, ParagraphEdits::Numbered::Stay);
+}
+
 std::optional<int> RichTextBox::SelIndent() const
 {
     return paragraphs().indent;

@@ -7,14 +7,15 @@
 #include <unistd.h>
 
 // The file is its owner's alone: whoever could open it could also hold it for ever.
-FileLock::FileLock(const QString &path)
+FileLock::FileLock(const QString &path, IfTaken ifTaken)
     : m_fd(::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600))
 {
     if (m_fd < 0) {
         m_error = errno;
         return;
     }
-    while (::flock(m_fd, LOCK_EX) != 0) {
+    const int operation = ifTaken == IfTaken::Wait ? LOCK_EX : LOCK_EX | LOCK_NB;
+    while (::flock(m_fd, operation) != 0) {
         if (errno != EINTR) {
             m_error = errno;
             return;

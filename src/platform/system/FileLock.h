@@ -7,8 +7,11 @@
 class FileLock
 {
 public:
-    /// Makes the file \a path where it is missing and waits until nobody else holds it.
-    explicit FileLock(const QString &path);
+    enum class IfTaken { Wait, GiveUp };
+
+    /// Makes the file \a path where it is missing. Where somebody else holds it, waits for its end or, with
+    /// GiveUp, is left unheld with EWOULDBLOCK.
+    explicit FileLock(const QString &path, IfTaken ifTaken = IfTaken::Wait);
     ~FileLock();
     FileLock(const FileLock &) = delete;
     FileLock &operator=(const FileLock &) = delete;

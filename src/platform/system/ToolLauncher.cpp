@@ -34,7 +34,7 @@ constexpr Terminal terminals[] = {
     {"gnome-terminal", "--"},       {"xfce4-terminal", "-x"},      {"xterm", "-e"},
 };
 
-bool isThere(const QString &program)
+bool isProgram(const QString &program)
 {
     return !program.isEmpty() && !QStandardPaths::findExecutable(program).isEmpty();
 }
@@ -44,7 +44,7 @@ QStringList inTerminal(const QStringList &command)
 {
     for (const Terminal &terminal : terminals) {
         QStringList whole(QString::fromLatin1(terminal.program));
-        if (!isThere(whole.first()))
+        if (!isProgram(whole.first()))
             continue;
         if (terminal.option)
             whole << QString::fromLatin1(terminal.option);
@@ -70,8 +70,8 @@ QStringList commandOfEntry(const QString &id)
     const DesktopEntry entry = DesktopEntry::parse(Files::read(file));
     const QString tried = entry.text(QStringLiteral("TryExec"));
     const QStringList command = entry.command();
-    const bool isGone = entry.isTrue(QStringLiteral("Hidden")) || (!tried.isEmpty() && !isThere(tried)) ||
-                        !isThere(command.value(0));
+    const bool isGone = entry.isTrue(QStringLiteral("Hidden")) || (!tried.isEmpty() && !isProgram(tried)) ||
+                        !isProgram(command.value(0));
     if (isGone)
         return {};
     return entry.isTrue(QStringLiteral("Terminal")) ? inTerminal(command) : command;
@@ -89,7 +89,7 @@ QStringList commandOf(const QString &candidate)
         }
     }
     const QStringList command = what.split(u' ');
-    if (!isThere(command.first()))
+    if (!isProgram(command.first()))
         return {};
     if (candidate.startsWith(QLatin1String("t:")))
         return inTerminal(command);
@@ -124,19 +124,40 @@ QList<const char * ToolCandidates::*> searchOrder()
     return order;
 }
 
-} // namespace
-
-std::optional<qint64> ToolLauncher::start(const ToolCandidates &candidates)
+/// Hands the commands of the candidates that are there to \a take, in the order in which they are wanted,
+/// until it returns true. Returns whether it did.
+template<class Take>
+bool findCommand(const ToolCandidates &candidates, Take take)
 {
     for (const char *ToolCandidates::*column : searchOrder()) {
         for (const QString &candidate :
              QString::fromLatin1(candidates.*column).split(QStringLiteral(" | "), Qt::SkipEmptyParts)) {
             const QStringList command = commandOf(candidate);
-            if (command.isEmpty())
-                continue;
-            if (const std::optional<qint64> id = startDetached(command))
-                return id;
+            if (!command.isEmpty() && take(command))
+                return true;
         }
     }
-    return std::nullopt;
+    return false;
+}
+
+} // namespace
+
+bool ToolLauncher::isThere(const ToolCandidates &candidates)
+{
+    return findCommand(candidates, [](const QStringList &) { return true; });
+}
+
+std::optional<qint64> ToolLauncher::start(const ToolCandidates &candidates)
+{
+    std::optional<qint64> id;
+    QString broken;
+    const bool isStarted = findCommand(candidates, [&](const QStringList &command) {
+        id = startDetached(command);
+        if (!id)
+            broken = command.first();
+        return id.has_value();
+    });
+    if (!isStarted && !broken.isEmpty())
+        throw RuntimeError(ErrorNumber::FileNotFound, {}, broken);
+    return id;
 }

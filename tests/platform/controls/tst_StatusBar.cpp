@@ -1,7 +1,9 @@
+#include "ErrorNumberOf.h"
+#include "PrintQt.h"
 #include "StatusBar.h"
+#include "StatusBarPanel.h"
 
 #include <QDateTime>
-#include <QLabel>
 #include <QLocale>
 #include <QTest>
 #include <QTimer>
@@ -9,10 +11,16 @@
 
 namespace {
 
+constexpr StatusBarRow rows[] = {
+    {StatusBarRow::Kind::Text, 17410, "Ready..", "<Ready..>"},
+    {StatusBarRow::Kind::Date, 2540, "", "", Qt::AlignHCenter},
+    {StatusBarRow::Kind::Time, 2540, "", "", Qt::AlignRight},
+};
+
 struct StatusBarTest : testing::Test
 {
-    StatusBar bar{QStringLiteral("Ready.."), {17410, 2540, 2540}};
-    QLabel &panel(int index) const { return *bar.findChild<QLabel *>(QStringLiteral("panel_%1").arg(index)); }
+    StatusBar bar{rows};
+    StatusBarPanel &panel(int position) const { return bar.Panels(position); }
 };
 
 } // namespace
@@ -26,8 +34,40 @@ TEST_F(StatusBarTest, PanelsHaveTheirWidths)
     EXPECT_EQ(panel(3).width(), 169);
 }
 
+TEST_F(StatusBarTest, PanelsAreAsTheirRowsSay)
+{
+    EXPECT_EQ(panel(1).objectName(), QStringLiteral("panel_1"));
+    EXPECT_EQ(panel(1).Text(), QStringLiteral("Ready.."));
+    EXPECT_EQ(panel(1).toolTip(), QStringLiteral("<qt>&lt;Ready..&gt;</qt>"));
+    EXPECT_EQ(panel(1).alignment(), Qt::AlignLeft | Qt::AlignVCenter);
+    EXPECT_EQ(panel(2).alignment(), Qt::AlignCenter);
+    EXPECT_EQ(panel(3).alignment(), Qt::AlignRight | Qt::AlignVCenter);
+    EXPECT_EQ(panel(3).toolTip(), QString());
+    EXPECT_EQ(errorNumberOf([&] { panel(0); }), 35601);
+    EXPECT_EQ(errorNumberOf([&] { panel(4); }), 35601);
+}
+
+TEST_F(StatusBarTest, ATextWithoutAWidthTakesTheBar)
+{
+    constexpr StatusBarRow one[] = {{StatusBarRow::Kind::Text, 0, "Ready.."}};
+    StatusBar wide{one};
+    wide.resize(1600, 24);
+    wide.show();
+    EXPECT_GT(wide.Panels(1).width(), 1500);
+}
+
+TEST_F(StatusBarTest, ATextIsShownPlainOnOneLine)
+{
+    const QString message = QStringLiteral("adding: <b>a</b>\n\u202Eb & %1");
+    panel(1).setText(message);
+    EXPECT_EQ(panel(1).Text(), message);
+    EXPECT_EQ(panel(1).text(), QStringLiteral("adding: <b>a</b>\uFFFD\uFFFDb & %1"));
+    EXPECT_EQ(panel(1).textFormat(), Qt::PlainText);
+}
+
 TEST_F(StatusBarTest, TheTextYieldsToTheClock)
 {
+    panel(1).setText(QString(1000, u'x'));
     bar.resize(600, 24);
     bar.show();
     EXPECT_EQ(panel(3).width(), 169);

@@ -10,6 +10,7 @@
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTest>
+#include <QTimer>
 #include <QTextEdit>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -217,7 +218,7 @@ TEST_F(EventGateTest, WhatHasToGoLivesUntilTheHandlerHasReturned)
 {
     QPointer<QObject> object = new QObject;
     run([&] {
-        EventGate::deleteWhenIdle(object);
+        RunningHandler::deleteWhenNoneRuns(object);
         processPendingEvents();
         EXPECT_TRUE(object);
     });
@@ -232,7 +233,7 @@ TEST_F(EventGateTest, WhatHasToGoLivesUntilTheOutermostHandlerHasReturned)
     QTimer timer;
     on(&timer, &QTimer::timeout, &timer, [&] {
         timer.stop();
-        EventGate::deleteWhenIdle(object);
+        RunningHandler::deleteWhenNoneRuns(object);
     });
     run([&] {
         timer.start(0);
@@ -248,7 +249,7 @@ TEST_F(EventGateTest, WhatHasToGoLivesUntilTheOutermostHandlerHasReturned)
 TEST_F(EventGateTest, WhatHasToGoGoesSoonWhereNoHandlerRuns)
 {
     QPointer<QObject> object = new QObject;
-    EventGate::deleteWhenIdle(object);
+    RunningHandler::deleteWhenNoneRuns(object);
     EXPECT_TRUE(object);
     processPendingEvents(); // a wait by itself deletes nothing
     EXPECT_TRUE(object);
@@ -259,7 +260,7 @@ TEST_F(EventGateTest, WhatHasToGoGoesSoonWhereNoHandlerRuns)
 TEST_F(EventGateTest, WhatIsGoneAlreadyIsForgotten)
 {
     auto *object = new QObject;
-    EventGate::deleteWhenIdle(object);
+    RunningHandler::deleteWhenNoneRuns(object);
     delete object;
     QCoreApplication::processEvents();
 }
@@ -269,7 +270,7 @@ TEST_F(EventGateTest, AFailedHandlerHasReturnedToo)
     QPointer<QObject> object = new QObject;
     fatal.expect(mismatch);
     run([&] {
-        EventGate::deleteWhenIdle(object);
+        RunningHandler::deleteWhenNoneRuns(object);
         failStep();
     });
     QCoreApplication::processEvents();
@@ -293,6 +294,22 @@ TEST_F(EventGateTest, EndsWithoutABoxWhenAskedTo)
     fatal.expectEnd(EXIT_SUCCESS);
     EventGate::end(EXIT_SUCCESS);
     EXPECT_TRUE(fatal.seen().isEmpty());
+}
+
+TEST_F(EventGateTest, RunsTheLastStepsBeforeTheBoxAndBeforeTheEnd)
+{
+    QStringList order;
+    const QObject context;
+    EventGate::beforeEnd(&context, []() { throw std::runtime_error("ignored"); });
+    EventGate::beforeEnd(&context, [&] { order += QStringLiteral("step"); });
+    {
+        const QObject gone;
+        EventGate::beforeEnd(&gone, [&] { order += QStringLiteral("of what is gone"); });
+    }
+    EventGate::setBox([&](int, const QString &) { order += QStringLiteral("box"); });
+    EventGate::setEnd([&](int) { order += QStringLiteral("end"); });
+    EventGate::fail(ErrorNumber::TypeMismatch, {});
+    EXPECT_EQ(order.join(u' '), QStringLiteral("step box step end"));
 }
 
 TEST(EventGateDeathTest, EndsTheProcess)

@@ -22,6 +22,9 @@ TEST(RuntimeErrorTest, TakesThePlatformsTextWhereNoneIsGiven)
     EXPECT_EQ(RuntimeError(11).description(), QStringLiteral("Division by zero"));
     EXPECT_EQ(RuntimeError(13).description(), QStringLiteral("Type mismatch"));
     EXPECT_EQ(RuntimeError(32755).description(), QStringLiteral("Cancel was selected."));
+    EXPECT_EQ(RuntimeError(35600).description(), QStringLiteral("Index out of bounds"));
+    EXPECT_EQ(RuntimeError(35601).description(), QStringLiteral("Element not found"));
+    EXPECT_EQ(RuntimeError(35602).description(), QStringLiteral("Key is not unique in collection"));
     EXPECT_EQ(RuntimeError(1234).description(),
               QStringLiteral("Application-defined or object-defined error"));
 }

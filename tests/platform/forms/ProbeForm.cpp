@@ -36,7 +36,10 @@ void ProbeForm::Form_Terminate()
     onTerminate();
 }
 
-void ProbeForm::keyPressEvent(QKeyEvent *)
+void ProbeForm::keyPressEvent(QKeyEvent *event)
 {
-    run([&] { onKey(); });
+    if (onKey)
+        run([&] { onKey(); });
+    else
+        Form::keyPressEvent(event);
 }

@@ -7,18 +7,29 @@
 /// A window that writes down the steps of its life and fails or refuses where a test tells it to.
 class ProbeForm : public Form
 {
+    Q_OBJECT
+
 public:
     explicit ProbeForm(QStringList &steps, const QString &name = QStringLiteral("frmProbe"));
     ~ProbeForm() override { m_steps << QStringLiteral("deleted"); }
 
     using Form::addOperation;
+    using Form::setKeyButtons;
+
+    // Operations for other windows.
+    void mnuSave_Click() { m_steps << QStringLiteral("saved"); }
+    void AutoDial(const QString &number, int mode)
+    {
+        m_steps << QStringLiteral("dialled %1 by %2").arg(number, QString::number(mode));
+    }
+    void fail() { throw RuntimeError(ErrorNumber::DiskFull); }
 
     std::function<void()> onLoad = [] {};
     std::function<bool()> onQueryUnload = [] { return true; };
     std::function<void()> onUnload = [] {};
     std::function<void()> onTerminate = [] {};
     std::function<void()> onResize = [] {};
-    std::function<void()> onKey = [] {};
+    std::function<void()> onKey = [] {}; ///< empty for what a window does with its keys
 
 protected:
     void Form_Load() override;

@@ -8,6 +8,9 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QTest>
+#include <QTreeView>
 #include <gtest/gtest.h>
 
 namespace {
@@ -50,10 +53,52 @@ TEST_F(CommonDialogTest, OpensAnExistingFile)
     const QString path = made("one.rtf");
     dialogs.expectFileDialog(title)
         .folder(home.path())
-        .filters({QStringLiteral("Rich Text Format (*.rtf)"), QStringLiteral("All Files (*)")})
+        .filters({QStringLiteral("Rich Text Format (*.rtf)"), QStringLiteral("All Files (*.*)")})
         .accept(QStringLiteral("one.rtf"));
     dialog.ShowOpen();
     EXPECT_EQ(dialog.FileName, path);
+}
+
+TEST_F(CommonDialogTest, TheListsColumnsAreWholeAndWithinTheList)
+{
+    made("a letter with rather a long name that has to give way.rtf");
+    dialogs.expectWindow<QFileDialog>(QStringLiteral("FileDialog"), [](QFileDialog &shown) {
+        shown.setViewMode(QFileDialog::Detail);
+        const auto *list = shown.findChild<QTreeView *>(QStringLiteral("treeView"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
+        const QHeaderView &header = *list->header();
+        EXPECT_EQ(header.length(), list->viewport()->width());
+        for (int column = 1; column < header.count(); ++column) {
+            const QString text = list->model()->index(0, column, list->rootIndex()).data().toString();
+            EXPECT_GT(header.sectionSize(column), list->fontMetrics().horizontalAdvance(text)) << column;
+        }
+        shown.reject();
+    });
+    dialog.ShowOpen();
+}
+
+TEST_F(CommonDialogTest, OffersTheUsualFoldersBesideTheList)
+{
+    QDir(home.path()).mkdir(QStringLiteral("Documents"));
+    dialogs.expectWindow<QFileDialog>(QStringLiteral("FileDialog"), [this](QFileDialog &shown) {
+        EXPECT_TRUE(
+            shown.sidebarUrls().contains(QUrl::fromLocalFile(home.file(QStringLiteral("Documents")))));
+        shown.reject();
+    });
+    dialog.ShowOpen();
+}
+
+TEST_F(CommonDialogTest, AllFilesAreThoseWithoutADotToo)
+{
+    made("README");
+    dialog.FilterIndex = 2;
+    dialogs.expectWindow<QFileDialog>(QStringLiteral("FileDialog"), [](QFileDialog &shown) {
+        const auto *list = shown.findChild<QTreeView *>(QStringLiteral("treeView"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return list->model()->rowCount(list->rootIndex()) == 1; }));
+        shown.reject();
+    });
+    dialog.ShowOpen();
+    EXPECT_EQ(dialog.FilterIndex, 2);
 }
 
 TEST_F(CommonDialogTest, OpensByTheDefaultExtension)

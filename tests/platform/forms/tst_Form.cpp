@@ -1,13 +1,14 @@
 #include "DialogDriver.h"
 #include "ErrorNumberOf.h"
+#include "EventGate.h"
 #include "FatalErrors.h"
 #include "Forms.h"
 #include "PrintQt.h"
 #include "ProbeForm.h"
 #include "Prompts.h"
 
-#include <QCoreApplication>
-#include <QEventLoop>
+#include <QApplication>
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -25,12 +26,47 @@ struct FormTest : testing::Test
     ~FormTest() override { delete form; }
 
     /// Runs what is left to do once the handlers have returned.
-    void settle()
-    {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QCoreApplication::processEvents();
-    }
+    void settle() { QCoreApplication::processEvents(); }
     static QStringList list(const char *text) { return QString::fromLatin1(text).split(u' '); }
+};
+
+/// A window for keys: a field, a box and the two buttons.
+struct FormKeysTest : FormTest
+{
+    QLineEdit *field = new QLineEdit(form);
+    QCheckBox *box = new QCheckBox(form);
+    QPushButton *ok = new QPushButton(form);
+    QPushButton *cancel = new QPushButton(form);
+    QStringList pressed;
+
+    FormKeysTest()
+    {
+        form->onKey = {};
+        form->setKeyButtons(*ok, *cancel);
+        on(ok, &QPushButton::clicked, form, [this] { pressed << QStringLiteral("ok"); });
+        on(cancel, &QPushButton::clicked, form, [this] { pressed << QStringLiteral("cancel"); });
+        form->showModeless();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(form));
+    }
+
+    QStringList pressedBy(Qt::Key key, QWidget *focused)
+    {
+        pressed.clear();
+        focused->setFocus();
+        EXPECT_EQ(QApplication::focusWidget(), focused);
+        QTest::keyClick(QApplication::focusWidget(), key);
+        return pressed;
+    }
+};
+
+/// Is no class of its own to findChild().
+class WithoutMetaObject : public QWidget
+{};
+
+template<class Control>
+concept CanBeMember = requires(const Form &form)
+{
+    form.member<Control>(QString());
 };
 
 } // namespace
@@ -166,6 +202,62 @@ TEST_F(FormTest, AModalShowReturnsWhenTheWindowWasUnloaded)
         window.unload();
     });
     form->showModal(nullptr);
+    EXPECT_EQ(steps, list("load query unload terminate"));
+    settle();
+    EXPECT_FALSE(form);
+}
+
+TEST_F(FormTest, AModalWindowIsReadAfterItIsDown)
+{
+    auto *answer = new QLineEdit(form);
+    answer->setObjectName(QStringLiteral("Password"));
+    DialogDriver dialogs;
+    dialogs.expectWindow<ProbeForm>(QStringLiteral("frmProbe"), [&](ProbeForm &window) {
+        answer->setText(QStringLiteral("secret"));
+        window.unload();
+    });
+    run([&] {
+        form->showModal(nullptr);
+        processPendingEvents();
+        ASSERT_TRUE(form);
+        EXPECT_EQ(form->member<QLineEdit>(QStringLiteral("Password")).text(), QStringLiteral("secret"));
+    });
+    settle();
+    EXPECT_FALSE(form);
+}
+
+TEST_F(FormTest, AModalShowReturnsWhenTheWindowWasHidden)
+{
+    DialogDriver dialogs;
+    dialogs.expectWindow<ProbeForm>(QStringLiteral("frmProbe"), [&](ProbeForm &window) { window.hide(); });
+    form->showModal(nullptr);
+    EXPECT_TRUE(form->isLoaded());
+    EXPECT_EQ(steps, list("load"));
+
+    dialogs.expectWindow<ProbeForm>(QStringLiteral("frmProbe"), [&](ProbeForm &window) { window.unload(); });
+    form->showModal(nullptr); // a second time, without a second load
+    EXPECT_EQ(steps, list("load query unload terminate"));
+}
+
+TEST_F(FormTest, ClosedWhileItsHandlerWaitsItLivesUntilTheHandlerReturns)
+{
+    form->showModeless();
+    QTimer closing;
+    on(&closing, &QTimer::timeout, form, [&] {
+        closing.stop();
+        form->close(); // as the title bar does
+    });
+    form->onKey = [&] {
+        closing.start(0);
+        while (closing.isActive())
+            processPendingEvents();
+        processPendingEvents();
+        ASSERT_TRUE(form);
+        EXPECT_FALSE(form->isLoaded());
+        EXPECT_FALSE(form->isVisible());
+    };
+    QTest::keyClick(form, Qt::Key_A);
+    settle();
     EXPECT_FALSE(form);
     EXPECT_EQ(steps, list("load query unload terminate deleted"));
 }
@@ -182,20 +274,14 @@ TEST_F(FormTest, AModalWindowAsksBeforeItGoes)
     dialogs.expectWindow<ProbeForm>(QStringLiteral("frmProbe"), close);
     dialogs.expectBox(QStringLiteral("QuillOfficeToolsv2"), QStringLiteral("Leave?")).press(QMessageBox::Yes);
     form->showModal(nullptr);
-    EXPECT_FALSE(form);
+    EXPECT_FALSE(form->isLoaded());
 }
 
 TEST_F(FormTest, AModalWindowThatUnloadsItselfWhileLoadingIsNotWaitedFor)
 {
     form->onLoad = [&] { form->unload(); };
     DialogDriver nothingComesUp;
-    // From inside a loop, as a command is: what it leaves to be deleted waits for that loop.
-    QEventLoop loop;
-    QTimer::singleShot(0, &loop, [&] {
-        form->showModal(nullptr);
-        loop.quit();
-    });
-    loop.exec();
+    form->showModal(nullptr);
     settle();
     EXPECT_FALSE(form);
     EXPECT_EQ(steps, list("load query unload terminate deleted"));
@@ -253,11 +339,16 @@ TEST_F(FormTest, GivesItsControlsByName)
 
 TEST_F(FormTest, RunsItsOperationsByName)
 {
-    int ran = 0;
-    form->addOperation(QStringLiteral("mnuSave_Click"), [&] { ++ran; });
-    form->addOperation(QStringLiteral("fail"), [] { throw RuntimeError(ErrorNumber::DiskFull); });
+    form->addOperation(QStringLiteral("mnuSave_Click"), &ProbeForm::mnuSave_Click);
+    form->addOperation(QStringLiteral("AutoDial"), &ProbeForm::AutoDial);
+    form->addOperation(QStringLiteral("fail"), &ProbeForm::fail);
     form->call(QStringLiteral("mnuSave_Click"));
-    EXPECT_EQ(ran, 1);
+    form->call(QStringLiteral("AutoDial"), QStringLiteral("0123"), 2);
+    EXPECT_EQ(steps, QStringList({QStringLiteral("saved"), QStringLiteral("dialled 0123 by 2")}));
+    EXPECT_EQ(errorNumberOf([&] { form->call(QStringLiteral("AutoDial"), QStringLiteral("0123")); }),
+              ErrorNumber::NoSuchMember);
+    EXPECT_EQ(errorNumberOf([&] { form->call(QStringLiteral("AutoDial"), 1, 2); }),
+              ErrorNumber::NoSuchMember);
     EXPECT_EQ(errorNumberOf([&] { form->call(QStringLiteral("mnuPrint_Click")); }),
               ErrorNumber::NoSuchMember);
     EXPECT_EQ(errorNumberOf([&] { form->call(QStringLiteral("fail")); }), ErrorNumber::DiskFull);
@@ -283,3 +374,71 @@ TEST_F(FormTest, AFailureWhileItIsResizedIsTold)
     QCoreApplication::processEvents();
     EXPECT_EQ(fatal.ends().size(), 1);
 }
+
+TEST_F(FormKeysTest, ReturnPressesTheButtonThatHasTheFocus)
+{
+    EXPECT_EQ(pressedBy(Qt::Key_Return, cancel), list("cancel"));
+    EXPECT_EQ(pressedBy(Qt::Key_Enter, cancel), list("cancel"));
+    EXPECT_EQ(pressedBy(Qt::Key_Return, ok), list("ok"));
+}
+
+TEST_F(FormKeysTest, ReturnElsewherePressesTheDefaultButton)
+{
+    EXPECT_EQ(pressedBy(Qt::Key_Return, field), list("ok"));
+    EXPECT_EQ(pressedBy(Qt::Key_Enter, box), list("ok"));
+}
+
+TEST_F(FormKeysTest, EscapePressesCancelFromEverywhere)
+{
+    for (QWidget *focused : std::initializer_list<QWidget *>{field, box, ok, cancel})
+        EXPECT_EQ(pressedBy(Qt::Key_Escape, focused), list("cancel"));
+}
+
+TEST_F(FormKeysTest, OtherKeysAreLeftToTheControl)
+{
+    EXPECT_TRUE(pressedBy(Qt::Key_A, field).isEmpty());
+    EXPECT_EQ(field->text(), QStringLiteral("a"));
+}
+
+TEST_F(FormTest, MeasuresItselfInTwips)
+{
+    form->showModeless();
+    form->setLeft(1500);
+    form->setTop(750);
+    form->setWidth(6000);
+    form->setHeight(3000);
+    const double twipsToThePixel = 1440.0 / form->logicalDpiX();
+    EXPECT_EQ(form->pos(), QPoint(qRound(1500 / twipsToThePixel), qRound(750 / twipsToThePixel)));
+    EXPECT_EQ(form->size(), QSize(qRound(6000 / twipsToThePixel), qRound(3000 / twipsToThePixel)));
+    EXPECT_EQ(form->Left(), form->x() * twipsToThePixel);
+    EXPECT_EQ(form->Top(), form->y() * twipsToThePixel);
+    EXPECT_EQ(form->Width(), form->width() * twipsToThePixel);
+    EXPECT_EQ(form->Height(), form->height() * twipsToThePixel);
+    EXPECT_EQ(form->ScaleWidth(), form->Width());
+    EXPECT_EQ(form->ScaleHeight(), form->Height());
+}
+
+TEST_F(FormTest, ASizeIsRoundedOnce)
+{
+    form->setWidth(1007); // 67.13 pixels of 15 twips
+    EXPECT_EQ(form->width(), qRound(1007 * form->logicalDpiX() / 1440.0));
+    form->setWidth(form->Width());
+    EXPECT_EQ(form->width(), qRound(1007 * form->logicalDpiX() / 1440.0));
+}
+
+TEST_F(FormTest, KnowsItsState)
+{
+    form->showModeless();
+    EXPECT_EQ(form->WindowState(), FormState::Normal);
+    form->setWindowState(FormState::Maximized);
+    EXPECT_EQ(form->WindowState(), FormState::Maximized);
+    EXPECT_TRUE(form->isMaximized());
+    form->setWindowState(FormState::Minimized);
+    EXPECT_EQ(form->WindowState(), FormState::Minimized);
+    EXPECT_FALSE(form->isMaximized());
+    form->setWindowState(FormState::Normal);
+    EXPECT_EQ(form->WindowState(), FormState::Normal);
+}
+
+static_assert(CanBeMember<QLineEdit> && CanBeMember<Form>);
+static_assert(!CanBeMember<WithoutMetaObject>, "findChild() would return any QWidget for it");

@@ -104,3 +104,26 @@ TEST_F(FormsTest, AnUnknownNameIsToldByError424)
 {
     EXPECT_EQ(errorNumberOf([] { Forms::refer(QStringLiteral("frmGone")); }), ErrorNumber::ObjectRequired);
 }
+
+TEST_F(FormsTest, AWindowIsReferredToByItsClass)
+{
+    Forms::registerWindow(QStringLiteral("ProbeForm"), Forms::Instances::One,
+                          [this] { return new ProbeForm(steps, QStringLiteral("ProbeForm")); });
+    ProbeForm &first = Forms::refer<ProbeForm>();
+    EXPECT_EQ(&Forms::refer<ProbeForm>(), &first);
+    EXPECT_EQ(&Forms::refer(QStringLiteral("ProbeForm")), &first);
+    delete &first;
+}
+
+TEST_F(FormsTest, AClassThatIsNotRegisteredIsRefused)
+{
+    EXPECT_EQ(errorNumberOf([] { Forms::refer<Form>(); }), ErrorNumber::ObjectRequired);
+}
+
+TEST_F(FormsTest, ANameOfAnotherClassIsRefused)
+{
+    Forms::registerWindow(QStringLiteral("ProbeForm"), Forms::Instances::One,
+                          [] { return new Form(QStringLiteral("ProbeForm")); });
+    EXPECT_EQ(errorNumberOf([] { Forms::refer<ProbeForm>(); }), ErrorNumber::NoSuchMember);
+    delete &Forms::refer(QStringLiteral("ProbeForm"));
+}

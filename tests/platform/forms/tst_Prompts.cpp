@@ -69,6 +69,44 @@ TEST_F(MsgBoxTest, ReturnsTheGivenNumbers)
     EXPECT_EQ(MsgBox(text, MsgBoxStyle::YesNo, title), 7);
 }
 
+TEST_F(MsgBoxTest, OkAndCancelHaveTheirNumbers)
+{
+    constexpr auto both = QMessageBox::Ok | QMessageBox::Cancel;
+    dialogs.expectBox(title, text).buttons(both).defaultButton(QMessageBox::Ok).press(QMessageBox::Ok);
+    EXPECT_EQ(MsgBox(text, MsgBoxStyle::OkCancel | MsgBoxStyle::Question, title), 1);
+    dialogs.expectBox(title, text).buttons(both).press(QMessageBox::Cancel);
+    EXPECT_EQ(MsgBox(text, MsgBoxStyle::OkCancel, title), 2);
+}
+
+TEST_F(MsgBoxTest, EscapeAndTheWindowSystemCancel)
+{
+    EXPECT_EQ(replyTo(MsgBoxStyle::OkCancel, [](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Escape); }),
+              MsgBoxReply::Cancel);
+    EXPECT_EQ(replyTo(MsgBoxStyle::OkCancel, [](QMessageBox &box) { box.close(); }), MsgBoxReply::Cancel);
+}
+
+TEST_F(MsgBoxTest, TheSecondButtonCanBeTheDefault)
+{
+    constexpr MsgBoxStyle style = MsgBoxStyle::YesNo | MsgBoxStyle::Question | MsgBoxStyle::DefaultButton2;
+    EXPECT_EQ(int(style), 4 + 32 + 256);
+    dialogs.expectBox(title, text)
+        .icon(QMessageBox::Question)
+        .buttons(QMessageBox::Yes | QMessageBox::No)
+        .defaultButton(QMessageBox::No)
+        .press(QMessageBox::Yes);
+    EXPECT_EQ(MsgBox(text, style, title), MsgBoxReply::Yes);
+    EXPECT_EQ(replyTo(style, [](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Return); }),
+              MsgBoxReply::No);
+    dialogs.expectBox(title, text).defaultButton(QMessageBox::Cancel).press(QMessageBox::Ok);
+    EXPECT_EQ(MsgBox(text, MsgBoxStyle::OkCancel | MsgBoxStyle::DefaultButton2, title), MsgBoxReply::Ok);
+}
+
+TEST_F(MsgBoxTest, ShowsLineEndsOfAnyKindAndMarksWhatHides)
+{
+    dialogs.expectBox(title, QStringLiteral("Delete\na\nb\uFFFDc ?"));
+    MsgBox(QStringLiteral("Delete\ra\r\nb\u202Ec ?"), MsgBoxStyle::Plain, title);
+}
+
 TEST_F(MsgBoxTest, TakesTheApplicationTitleWhereNoneIsGiven)
 {
     dialogs.expectBox(QStringLiteral("QuillOfficeToolsv2"), text);
@@ -105,6 +143,37 @@ TEST_F(MsgBoxTest, EscapeAndTheWindowSystemDoNotLeaveAQuestion)
     EXPECT_EQ(replyTo(MsgBoxStyle::YesNo, tryToLeave), MsgBoxReply::No);
 }
 
+TEST_F(MsgBoxTest, AQuestionHasNoCloseButtonAnOkBoxHas)
+{
+    const auto hasCloseButton = [](const QMessageBox &box) {
+        return bool(box.windowFlags() & Qt::WindowCloseButtonHint);
+    };
+    replyTo(MsgBoxStyle::YesNo, [&](QMessageBox &box) {
+        EXPECT_FALSE(hasCloseButton(box));
+        EXPECT_TRUE(box.windowFlags() & Qt::WindowTitleHint);
+        box.button(QMessageBox::No)->click();
+    });
+    replyTo(MsgBoxStyle::Plain, [&](QMessageBox &box) {
+        EXPECT_TRUE(hasCloseButton(box));
+        box.accept();
+    });
+}
+
+TEST_F(MsgBoxTest, AShortTextLeavesRoomForALongTitle)
+{
+    constexpr int frame = 100; // pixels that a title bar's icon and buttons take
+    title = QStringLiteral("Quill-Office Tools - Error Message");
+    text = QStringLiteral("ok");
+    for (const MsgBoxStyle style : {MsgBoxStyle::Plain, MsgBoxStyle::YesNo}) {
+        replyTo(style, [&](QMessageBox &box) {
+            QFont bold = box.font();
+            bold.setBold(true);
+            EXPECT_GE(box.width(), QFontMetrics(bold).horizontalAdvance(title) + frame);
+            box.buttons().last()->click();
+        });
+    }
+}
+
 TEST_F(MsgBoxTest, ReturnTakesTheDefault)
 {
     EXPECT_EQ(replyTo(MsgBoxStyle::YesNo, [](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Return); }),
@@ -117,4 +186,8 @@ TEST_F(MsgBoxTest, OutlivesItsOwner)
     owner->show();
     ASSERT_TRUE(QTest::qWaitForWindowActive(owner));
     EXPECT_EQ(replyTo(MsgBoxStyle::YesNo, [&](QMessageBox &) { delete owner; }), MsgBoxReply::No);
+    owner = new QWidget;
+    owner->show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(owner));
+    EXPECT_EQ(replyTo(MsgBoxStyle::OkCancel, [&](QMessageBox &) { delete owner; }), MsgBoxReply::Cancel);
 }

@@ -48,11 +48,11 @@ QDBusVariant StandInPortal::Read(const QString &, const QString &) const
 
 void StandInPortal::turnTo(uint scheme)
 {
-    tell(QStringLiteral("accent-color"), 0);
-    tell(QStringLiteral("color-scheme"), scheme);
+    announce(QStringLiteral("accent-color"), 0);
+    announce(QStringLiteral("color-scheme"), scheme);
 }
 
-void StandInPortal::tell(const QString &key, uint value)
+void StandInPortal::announce(const QString &key, uint value)
 {
     QDBusMessage change = QDBusMessage::createSignal(path, QStringLiteral("org.freedesktop.portal.Settings"),
                                                      QStringLiteral("SettingChanged"));

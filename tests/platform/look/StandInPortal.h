@@ -3,7 +3,7 @@
 #include <QDBusVariant>
 #include <QThread>
 
-/// The desktop's settings portal, as far as it tells of light and dark, on a thread and a connection of its
+/// The desktop's settings portal, as far as light and dark go, on a thread and a connection of its
 /// own: the suite waits for its answer.
 class StandInPortal : public QObject
 {
@@ -20,7 +20,7 @@ public Q_SLOTS:
     QDBusVariant Read(const QString &nameSpace, const QString &key) const;
 
 private:
-    static void tell(const QString &key, uint value);
+    static void announce(const QString &key, uint value);
 
     QThread m_thread;
     uint m_scheme;

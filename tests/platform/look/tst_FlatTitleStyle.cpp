@@ -2,8 +2,12 @@
 #include "FlatTitleStyle.h"
 #include "Palettes.h"
 
+#include <QDialogButtonBox>
 #include <QImage>
+#include <QMdiArea>
+#include <QMdiSubWindow>
 #include <QPainter>
+#include <QPushButton>
 #include <QStyleOptionButton>
 #include <QStyleOptionTitleBar>
 #include <gtest/gtest.h>
@@ -28,6 +32,58 @@ QImage paint(QStyle::State state, QStyle::SubControls active = QStyle::SC_None)
     QPainter painter(&image);
     style.drawComplexControl(QStyle::CC_TitleBar, &bar, &painter, nullptr);
     return image;
+}
+
+/// The title bar of a child window that is too narrow for \a title.
+QImage barWithTitle(const QString &title)
+{
+    FlatTitleStyle style;
+    QMdiArea area;
+    area.setStyle(&style);
+    auto *window = new QMdiSubWindow;
+    window->setStyle(&style);
+    window->setWidget(new QWidget);
+    area.addSubWindow(window);
+    window->setWindowTitle(title);
+    window->resize(300, 100);
+    area.resize(400, 200);
+    area.show();
+    return window->grab(QRect(0, 0, window->width(), 20)).toImage();
+}
+
+/// The most that the frame of a group box stands out from its window.
+double contrastOfGroupFrame(const QPalette &palette)
+{
+    const FlatTitleStyle style;
+    QStyleOptionFrame option;
+    option.rect = QRect(2, 2, 60, 30);
+    option.palette = palette;
+    QImage image(64, 34, QImage::Format_RGB32);
+    const QColor window = palette.color(QPalette::Window);
+    image.fill(window);
+    {
+        QPainter painter(&image);
+        style.drawPrimitive(QStyle::PE_FrameGroupBox, &option, &painter, nullptr);
+    }
+    double most = 1;
+    for (int x = 0; x < image.width(); ++x)
+        most = std::max(most, contrast(image.pixelColor(x, image.height() / 2), window));
+    return most;
+}
+
+/// The ground of a selected menu entry.
+QColor selectedMenuGround(const QPalette &palette)
+{
+    const FlatTitleStyle style;
+    QStyleOptionMenuItem option;
+    option.rect = QRect(0, 0, 120, 24);
+    option.palette = palette;
+    option.menuItemType = QStyleOptionMenuItem::Normal;
+    option.state = QStyle::State_Enabled | QStyle::State_Selected;
+    QImage image(option.rect.size(), QImage::Format_RGB32);
+    QPainter painter(&image);
+    style.drawControl(QStyle::CE_MenuItem, &option, &painter, nullptr);
+    return image.pixelColor(option.rect.center());
 }
 
 /// The most that anything in an unchecked box or button stands out from its window.
@@ -62,6 +118,39 @@ TEST(FlatTitleStyle, TheBarIsFlatInThePalettesColours)
     EXPECT_EQ(active.pixelColor(110, 1), ground);
     EXPECT_EQ(active.pixelColor(110, barSize.height() - 2), ground);
     EXPECT_EQ(paint(QStyle::State_None).pixelColor(110, 1), Palettes::light().color(QPalette::Button));
+}
+
+TEST(FlatTitleStyle, ALongTitleShowsItsEnd)
+{
+    const QString folders = QStringLiteral("/home/somebody/a/folder/with/rather/a/long/name/and/more/");
+    const QString name = QStringLiteral("letter.rtf");
+    EXPECT_NE(barWithTitle(folders + name), barWithTitle(folders + QStringLiteral("figures.txt")));
+    EXPECT_EQ(barWithTitle(folders + name), barWithTitle(QStringLiteral("/mnt") + folders + name));
+}
+
+TEST(FlatTitleStyle, GroupFramesAndMenuEntriesAreSeenInLightAndDark)
+{
+    constexpr double visible = 1.6;
+    constexpr double readable = 7;
+    for (const QPalette &palette : {Palettes::light(), Palettes::dark()}) {
+        EXPECT_GT(contrastOfGroupFrame(palette), visible);
+        // Icons have the colour of the text, selected or not.
+        EXPECT_GT(contrast(selectedMenuGround(palette), palette.color(QPalette::Text)), readable);
+    }
+}
+
+TEST(FlatTitleStyle, ASelectedMenuEntryStandsOutFromTheOthers)
+{
+    for (const QPalette &palette : {Palettes::light(), Palettes::dark()})
+        EXPECT_GT(contrast(selectedMenuGround(palette), palette.color(QPalette::Base)), 1.3);
+}
+
+TEST(FlatTitleStyle, PushButtonsOfBoxesHaveNoIcons)
+{
+    FlatTitleStyle style;
+    QDialogButtonBox box;
+    box.setStyle(&style);
+    EXPECT_TRUE(box.addButton(QDialogButtonBox::Save)->icon().isNull());
 }
 
 TEST(FlatTitleStyle, AButtonUnderTheMouseStandsOut)

@@ -37,7 +37,7 @@ protected:
 
 } // namespace
 
-TEST_F(Links, AClickTellsOfTheAddress)
+TEST_F(Links, AClickReportsTheAddress)
 {
     open(QStringLiteral("see www.example.org, please"));
     const QSignalSpy clicks(&box, &RichTextBox::LinkClicked);
@@ -49,7 +49,7 @@ TEST_F(Links, AClickTellsOfTheAddress)
     EXPECT_EQ(box.linkTarget(first), QStringLiteral("www.example.org"));
 }
 
-TEST_F(Links, AClickElsewhereTellsNothing)
+TEST_F(Links, AClickElsewhereReportsNothing)
 {
     open(QStringLiteral("see www.example.org, please\n"));
     const QSignalSpy clicks(&box, &RichTextBox::LinkClicked);
@@ -89,7 +89,7 @@ TEST_F(Links, AReleaseOverAnotherAddressIsNoClick)
     EXPECT_EQ(clicks.size(), 0);
 }
 
-TEST_F(Links, ADoubleClickSelectsAndTellsOnce)
+TEST_F(Links, ADoubleClickSelectsAndReportsOnce)
 {
     open(QStringLiteral("see www.example.org, please"));
     const QSignalSpy clicks(&box, &RichTextBox::LinkClicked);
@@ -98,7 +98,7 @@ TEST_F(Links, ADoubleClickSelectsAndTellsOnce)
     EXPECT_EQ(clicks.size(), 1);
 }
 
-TEST_F(Links, AClickIsToldInALockedText)
+TEST_F(Links, AClickIsReportedInALockedText)
 {
     open(QStringLiteral("see www.example.org, please"));
     box.setLocked(true);

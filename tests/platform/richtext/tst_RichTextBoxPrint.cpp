@@ -421,7 +421,7 @@ TEST_F(Print, ATableCutByThePagesEdgeIsClosed)
         const QRectF bottom(paperMargin + 100, 842 - paperMargin - 3 * width, 10, 3 * width);
         const QRectF side(paperMargin + 1.5 * width, 0, 0.25, 842); // along the left line
         for (const int page : {1, 2, 3}) {
-            const double rows = 4 * width - 0.5; // where it stands between two dots
+            const double rows = 4 * width - 0.5; // where it falls between two dots
             EXPECT_NEAR(dots(top, Qt::black, page), page > 1 ? 40 * rows : 0, 20) << pixels << page;
             EXPECT_NEAR(dots(bottom, Qt::black, page), page < 3 ? 40 * rows : 0, 20) << pixels << page;
         }

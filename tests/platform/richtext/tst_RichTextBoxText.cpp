@@ -201,7 +201,7 @@ TEST_F(Text, SelectingAndPaintingLinksIsNoChange)
     EXPECT_FALSE(box.document()->isModified());
 }
 
-TEST_F(Text, AChangeIsToldWhenTheTextIsLaidOut)
+TEST_F(Text, AChangeIsReportedWhenTheTextIsLaidOut)
 {
     box.setText(QStringLiteral("one"));
     show();
@@ -213,7 +213,7 @@ TEST_F(Text, AChangeIsToldWhenTheTextIsLaidOut)
     EXPECT_GT(height, before);
 }
 
-TEST_F(Text, EveryMoveOfTheSelectionIsTold)
+TEST_F(Text, EveryMoveOfTheSelectionIsReported)
 {
     box.setText(QStringLiteral("one two"));
     QSignalSpy moves(&box, &RichTextBox::SelChange);
@@ -247,7 +247,7 @@ TEST_F(Text, LockedKeepsTheUserFromEditing)
     EXPECT_EQ(box.Text(), QStringLiteral("oxe two"));
 }
 
-TEST_F(Text, FocusIsTold)
+TEST_F(Text, FocusIsReported)
 {
     const QSignalSpy focus(&box, &RichTextBox::GotFocus);
     QFocusEvent in(QEvent::FocusIn);

@@ -1,3 +1,4 @@
+#include "ErrorNumberOf.h"
 #include "Files.h"
 #include "PrintQt.h"
 #include "ScratchHome.h"
@@ -97,6 +98,15 @@ TEST_F(ToolLauncherTest, TheFirstOfAColumnThatIsThereIsTaken)
               QStringLiteral("second|-a|b"));
 }
 
+TEST_F(ToolLauncherTest, WhetherAToolIsThereIsKnownWithoutStartingIt)
+{
+    const ToolCandidates candidates = {"c:first", nullptr, nullptr, "c:second -a"};
+    EXPECT_FALSE(ToolLauncher::isThere(candidates));
+    install("second");
+    EXPECT_TRUE(ToolLauncher::isThere(candidates));
+    EXPECT_FALSE(QFile::exists(home.file(QStringLiteral("log"))));
+}
+
 TEST_F(ToolLauncherTest, AToolThatCannotBeStartedIsPassedOver)
 {
     const QString broken = bin + QStringLiteral("/broken");
@@ -104,6 +114,7 @@ TEST_F(ToolLauncherTest, AToolThatCannotBeStartedIsPassedOver)
     QFile::setPermissions(broken, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     install("second");
     EXPECT_EQ(started({nullptr, nullptr, nullptr, "c:broken | c:second"}), QStringLiteral("second|"));
+    EXPECT_EQ(errorNumberOf([&] { started({nullptr, nullptr, nullptr, "c:broken"}); }), 53);
 }
 
 TEST_F(ToolLauncherTest, ADesktopFileIsStartedWithoutThePlacesForFiles)

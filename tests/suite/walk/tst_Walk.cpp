@@ -26,14 +26,6 @@ struct Walk : testing::Test
     }
 };
 
-const QStringList withoutTool = {
-    QStringLiteral("mnuComponents 53"),     QStringLiteral("mnuIntOpts 53"),
-    QStringLiteral("mnuSecurityCtr 53"),    QStringLiteral("mnuCleanUp 53"),
-    QStringLiteral("mnuRestore 53"),        QStringLiteral("mnuAddRemove 53"),
-    QStringLiteral("mnuManageFirewall 53"), QStringLiteral("mnuTskMgr 53"),
-    QStringLiteral("mnuBasicSysInfo 53"),   QStringLiteral("mnuDirectXDiag 53"),
-};
-
 void nothing(RunningSuite &)
 {}
 
@@ -57,7 +49,7 @@ TEST_F(Walk, EveryMenuItemInADocument)
 {
     Walker walker(document);
     walker.chooseEveryMenuItem();
-    EXPECT_EQ(walker.errors(), withoutTool);
+    EXPECT_EQ(walker.errors(), QStringList());
     EXPECT_EQ(walker.ends(), QStringList(QStringLiteral("mnuFileExit")));
     EXPECT_GE(walker.steps().size(), 60);
 }
@@ -66,7 +58,7 @@ TEST_F(Walk, EveryMenuItemWithNothingOpen)
 {
     Walker walker(nothing);
     walker.chooseEveryMenuItem();
-    EXPECT_EQ(walker.errors(), withoutTool);
+    EXPECT_EQ(walker.errors(), QStringList());
     EXPECT_EQ(walker.ends(), QStringList(QStringLiteral("mnuFileExit")));
 }
 

@@ -1,5 +1,6 @@
 #include "DialogDriver.h"
 #include "Form.h"
+#include "InputBox.h"
 #include "PrintQt.h"
 #include "Prompts.h"
 
@@ -180,7 +181,7 @@ TEST(DialogDriverTest, TheWrongFileDialogFails)
         QFileDialog dialog(nullptr, QStringLiteral("Save"), QStringLiteral("/etc"));
         dialog.exec();
     });
-    EXPECT_TRUE(has(failures, "dialog.nameFilters()")) << failures;
+    EXPECT_TRUE(has(failures, "shownFilters(dialog)")) << failures;
     EXPECT_TRUE(has(failures, "dialog.defaultSuffix()")) << failures;
     EXPECT_TRUE(has(failures, "dialog.directory()")) << failures;
     EXPECT_TRUE(has(failures, "edit->text()")) << failures;
@@ -195,4 +196,19 @@ TEST(DialogDriverDeathTest, AQuestionThatComesForEverEndsTheTest)
                 askYesNo();
         },
         testing::ExitedWithCode(EXIT_FAILURE), "");
+}
+
+TEST(DialogDriverTest, AWrongSuggestionOrPromptFails)
+{
+    const std::string failures = failuresOf([&] {
+        DialogDriver dialogs;
+        dialogs.expectInput(title, QStringLiteral("Name:")).suggests(QStringLiteral("one"));
+        EXPECT_EQ(InputBox(QStringLiteral("Name:"), {}, QStringLiteral("two")), QStringLiteral("two"));
+        dialogs.expectInput(title, QStringLiteral("Name:"));
+        EXPECT_EQ(InputBox(QStringLiteral("Other:")), QString());
+    });
+    EXPECT_TRUE(has(failures, "an input box, title \"QuillOfficeToolsv2\", prompt \"Name:\"")) << failures;
+    EXPECT_TRUE(has(failures, "unexpected: InputBox, title \"QuillOfficeToolsv2\", text \"Other:\""))
+        << failures;
+    EXPECT_TRUE(has(failures, "never came up: an input box")) << failures;
 }

@@ -13,7 +13,7 @@ double pixels(int length)
     return Twips::toPixels(length, ParagraphFormat::layoutDpi());
 }
 
-/// What came without twips, as pasted HTML does, tells them by its pixels.
+/// The property, or what the pixels amount to where there is none, as in pasted HTML.
 int twips(const QTextBlockFormat &format, int id, double shown)
 {
     return format.hasProperty(id) ? format.intProperty(id) : ParagraphFormat::toTwips(shown);
@@ -73,7 +73,11 @@ void ParagraphFormat::setIndents(QTextBlockFormat &format, int left, int right, 
     keep(format, RichTextProperty::LeftIndent, left);
     keep(format, RichTextProperty::RightIndent, right);
     keep(format, RichTextProperty::FirstLineIndent, firstLine);
-    applyToLayout(format);
+    // All that is given, also 0: without a property the pixels count.
+    const bool inList = format.objectIndex() != -1;
+    format.setLeftMargin(pixels(left));
+    format.setRightMargin(pixels(right));
+    format.setTextIndent(inList ? 0 : pixels(firstLine));
 }
 
 void ParagraphFormat::setSpacing(QTextBlockFormat &format, int before, int after)
@@ -100,12 +104,4 @@ void ParagraphFormat::setLineSpacing(QTextBlockFormat &format, int spacing, bool
         format.setLineHeight(pixels(-spacing), QTextBlockFormat::FixedHeight);
     else
         format.setLineHeight(pixels(spacing), QTextBlockFormat::MinimumHeight);
-}
-
-void ParagraphFormat::applyToLayout(QTextBlockFormat &format)
-{
-    const bool inList = format.objectIndex() != -1;
-    format.setLeftMargin(pixels(leftIndent(format)));
-    format.setRightMargin(pixels(rightIndent(format)));
-    format.setTextIndent(inList ? 0 : pixels(firstLineIndent(format)));
 }

@@ -21,15 +21,13 @@ int firstLineIndent(const QTextBlockFormat &format);
 int spaceBefore(const QTextBlockFormat &format);
 int spaceAfter(const QTextBlockFormat &format);
 
-/// All in twips; negative values are allowed where the format knows them (the two indents of lines).
+/// All in twips; negative values are allowed where the format knows them (the two indents of lines). To be
+/// called again after a change of list membership.
 void setIndents(QTextBlockFormat &format, int left, int right, int firstLine);
 void setSpacing(QTextBlockFormat &format, int before, int after);
 
 /// \a spacing in twips as the file gives it: 0 automatic, negative exact, else at least; with \a isMultiple
 /// in 240ths of a line.
 void setLineSpacing(QTextBlockFormat &format, int spacing, bool isMultiple);
-
-/// Lays out again what the properties say, after a change of list membership.
-void applyToLayout(QTextBlockFormat &format);
 
 } // namespace ParagraphFormat

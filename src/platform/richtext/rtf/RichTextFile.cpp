@@ -66,7 +66,7 @@ QString RichTextFile::text(const QTextCursor &selection)
 {
     if (!selection.hasComplexSelection())
         return withLineFeeds(selection.selectedText());
-    // Cells of a table tell their texts one by one, and no cursor has the stretch across them.
+    // Cells of a table give their texts one by one, and no cursor has the stretch across them.
     const int first = selection.selectionStart();
     return text(*selection.document()).mid(first, selection.selectionEnd() - first);
 }

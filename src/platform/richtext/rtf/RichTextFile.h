@@ -23,7 +23,7 @@ struct Loaded
 /// Throws RuntimeError as Files::read does; \a document is then untouched.
 Loaded load(const QString &path, QTextDocument &document);
 
-/// Throws RuntimeError as Files::write does; the old file then stands whole.
+/// Throws RuntimeError as Files::write does; the old file is then left whole.
 void save(const QString &path, const QTextDocument &document, Format format, PlainText::LineEnd lineEnd);
 
 /// The plain characters, one for each position of \a document, paragraphs and forced lines ending in "\n".

@@ -2,8 +2,8 @@
 
 #include <QChar>
 
-/// The scripts that the format keeps formats of their own for. Which text is in one of these is told by its
-/// characters; blanks and punctuation belong to all.
+/// The scripts that the format keeps formats of their own for. Which text is in one of these is decided by
+/// its characters; blanks and punctuation belong to all.
 namespace RtfScript {
 
 /// No character before it is in any of them.

@@ -10,13 +10,13 @@
 
 namespace {
 
-struct Peer
+struct WordProcessor
 {
     const char *program;
     QStringList (*arguments)(const QString &in, const QString &folder);
 };
 
-const Peer peers[] = {
+const WordProcessor wordProcessors[] = {
     {"abiword",
      [](const QString &in, const QString &folder) {
          return QStringList{QStringLiteral("--to=rtf"), QStringLiteral("-o"),
@@ -35,7 +35,7 @@ const Peer peers[] = {
 
 /// A document with every formatting, saved here, opened and saved again by another word processor, and opened
 /// here again.
-struct RichTextBoxPeer : testing::TestWithParam<Peer>
+struct RichTextBoxInterop : testing::TestWithParam<WordProcessor>
 {
     ScratchHome home;
     RichTextBox written;
@@ -113,7 +113,7 @@ std::string firstDifference(RichTextBox &returned, RichTextBox &written)
 
 } // namespace
 
-void RichTextBoxPeer::writeStyles()
+void RichTextBoxInterop::writeStyles()
 {
     add("plain ");
     written.setSelBold(true);
@@ -139,7 +139,7 @@ void RichTextBoxPeer::writeStyles()
     endParagraph();
 }
 
-void RichTextBoxPeer::writeScripts()
+void RichTextBoxInterop::writeScripts()
 {
     add("before");
     endParagraph();
@@ -162,7 +162,7 @@ void RichTextBoxPeer::writeScripts()
     add("日本 שלום plain");
 }
 
-void RichTextBoxPeer::writeParagraphs()
+void RichTextBoxInterop::writeParagraphs()
 {
     written.setSelAlignment(2);
     add("centred");
@@ -177,7 +177,7 @@ void RichTextBoxPeer::writeParagraphs()
     add("after");
 }
 
-void RichTextBoxPeer::writeTable()
+void RichTextBoxInterop::writeTable()
 {
     QTextTable *table = written.textCursor().insertTable(2, 2);
     for (int cell = 0; cell < 4; ++cell)
@@ -186,7 +186,7 @@ void RichTextBoxPeer::writeTable()
             .insertText(QStringLiteral("cell %1").arg(cell));
 }
 
-void RichTextBoxPeer::sendRound()
+void RichTextBoxInterop::sendRound()
 {
     const QString in = home.file(QStringLiteral("in.rtf"));
     const QString folder = home.file(QStringLiteral("out"));
@@ -199,28 +199,28 @@ void RichTextBoxPeer::sendRound()
     returned.LoadFile(folder + QStringLiteral("/in.rtf"));
 }
 
-TEST_P(RichTextBoxPeer, StylesComeBackCharacterByCharacter)
+TEST_P(RichTextBoxInterop, StylesComeBackCharacterByCharacter)
 {
     writeStyles();
     ASSERT_NO_FATAL_FAILURE(sendRound());
     EXPECT_EQ(firstDifference(returned, written), "");
 }
 
-TEST_P(RichTextBoxPeer, OtherScriptsComeBackCharacterByCharacter)
+TEST_P(RichTextBoxInterop, OtherScriptsComeBackCharacterByCharacter)
 {
     writeScripts();
     ASSERT_NO_FATAL_FAILURE(sendRound());
     EXPECT_EQ(firstDifference(returned, written), "");
 }
 
-TEST_P(RichTextBoxPeer, ParagraphsComeBack)
+TEST_P(RichTextBoxInterop, ParagraphsComeBack)
 {
     writeParagraphs();
     ASSERT_NO_FATAL_FAILURE(sendRound());
     EXPECT_EQ(firstDifference(returned, written), "");
 }
 
-TEST_P(RichTextBoxPeer, BulletsComeBack)
+TEST_P(RichTextBoxInterop, BulletsComeBack)
 {
     written.setSelBullet(true);
     add("one\ntwo");
@@ -230,7 +230,7 @@ TEST_P(RichTextBoxPeer, BulletsComeBack)
     EXPECT_EQ(firstDifference(returned, written), "");
 }
 
-TEST_P(RichTextBoxPeer, TableAndPictureComeBack)
+TEST_P(RichTextBoxInterop, TableAndPictureComeBack)
 {
     QImage picture(30, 20, QImage::Format_RGB32);
     picture.fill(Qt::blue);
@@ -244,5 +244,5 @@ TEST_P(RichTextBoxPeer, TableAndPictureComeBack)
     EXPECT_EQ(returned.TextRTF().count("\\row"), 2);
 }
 
-INSTANTIATE_TEST_SUITE_P(Peers, RichTextBoxPeer, testing::ValuesIn(peers),
-                         [](const auto &peer) { return std::string(peer.param.program); });
+INSTANTIATE_TEST_SUITE_P(WordProcessors, RichTextBoxInterop, testing::ValuesIn(wordProcessors),
+                         [](const auto &tested) { return std::string(tested.param.program); });

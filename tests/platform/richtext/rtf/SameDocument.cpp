@@ -16,7 +16,7 @@ QTextCharFormat withoutName(QTextCharFormat format)
     return format;
 }
 
-/// Without the list, and without saying left where that goes without saying.
+/// Without the list, and without left alignment where that is the default.
 QTextBlockFormat plainly(QTextBlockFormat format)
 {
     format.setObjectIndex(-1);

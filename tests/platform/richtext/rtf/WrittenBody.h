@@ -14,7 +14,7 @@ public:
     PlainDocument() { setDefaultFont(QFont(QStringLiteral("Arial"), 12)); }
 };
 
-/// What stands in \a bytes behind the header and its tables, without the last brace.
+/// The part of \a bytes behind the header and its tables, without the last brace.
 inline QByteArray bodyOf(const QByteArray &bytes)
 {
     constexpr std::array<const char *, 5> header = {"{\\rtf1", "{\\colortbl", "{\\*\\listtable", "{\\list\\",

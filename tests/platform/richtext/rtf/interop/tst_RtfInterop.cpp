@@ -13,7 +13,7 @@
 namespace {
 
 /// What we write, opened by another word processor.
-struct RtfPeer : testing::Test
+struct RtfInterop : testing::Test
 {
     void SetUp() override
     {
@@ -45,7 +45,7 @@ struct RtfPeer : testing::Test
 
 } // namespace
 
-TEST_F(RtfPeer, FindsTheSameParagraphs)
+TEST_F(RtfInterop, FindsTheSameParagraphs)
 {
     QTextDocument document;
     document.setHtml(
@@ -54,7 +54,7 @@ TEST_F(RtfPeer, FindsTheSameParagraphs)
     EXPECT_EQ(linesSeen(document).join(u'|').toStdString(), "Příliš|a b \\{c} 😀 d|שלום|one|two|Ж日本");
 }
 
-TEST_F(RtfPeer, FindsTheSameCells)
+TEST_F(RtfInterop, FindsTheSameCells)
 {
     QTextDocument document;
     QTextTable *table = QTextCursor(&document).insertTable(3, 2);

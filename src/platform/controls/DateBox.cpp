@@ -1,0 +1,55 @@
+#include "DateBox.h"
+
+#include "EventGate.h"
+#include "RuntimeError.h"
+
+#include <QCalendarWidget>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QStyleOptionComboBox>
+#include <QTextCharFormat>
+
+DateBox::DateBox(QWidget *parent)
+    : QDateEdit(QDate::currentDate(), parent)
+{
+    setDateRange(QDate(1753, 1, 1), QDate(9999, 12, 31));
+    setCalendarPopup(true);
+    const QString shortForm = locale().dateFormat(QLocale::ShortFormat);
+    if (!shortForm.contains(
+            QLatin1String("yyyy"))) // a year of two digits cannot be told from another century's
+        setDisplayFormat(QString(shortForm).replace(QLatin1String("yy"), QLatin1String("yyyy")));
+    for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) // Qt's bright red is hard to read on dark
+        calendarWidget()->setWeekdayTextFormat(day, {});
+    on(this, &QDateEdit::dateChanged, this, [this] { Q_EMIT Change(); });
+}
+
+void DateBox::setValue(const QDate &date)
+{
+    if (!date.isValid() || date < minimumDate() || date > maximumDate())
+        throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    setDate(date);
+}
+
+void DateBox::keyPressEvent(QKeyEvent *event)
+{
+    run([&] {
+        const bool isAltDown = event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier;
+        if (event->key() == Qt::Key_F4 || isAltDown)
+            openCalendar();
+        else
+            QDateEdit::keyPressEvent(event);
+    });
+}
+
+/// Qt opens it for the mouse alone.
+void DateBox::openCalendar()
+{
+    QStyleOptionComboBox option;
+    option.initFrom(this);
+    option.editable = true;
+    option.subControls = QStyle::SC_All;
+    const QRect arrow = style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxArrow, this);
+    QMouseEvent press(QEvent::MouseButtonPress, arrow.center(), mapToGlobal(arrow.center()), Qt::LeftButton,
+                      Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(this, &press);
+}

@@ -1,0 +1,63 @@
+#include "DirListBox.h"
+
+#include "EventGate.h"
+#include "Folder.h"
+#include "FolderRowsModel.h"
+#include "NameDelegate.h"
+#include "RuntimeError.h"
+
+#include <QDir>
+#include <QKeyEvent>
+
+DirListBox::DirListBox(QWidget *parent)
+    : QListView(parent)
+    , m_rows(new FolderRowsModel(this))
+{
+    setModel(m_rows);
+    setItemDelegate(new NameDelegate(this));
+    setUniformItemSizes(true);
+    setEditTriggers(NoEditTriggers);
+    on(this, &QListView::doubleClicked, this, &DirListBox::open);
+    try {
+        list(QDir::homePath());
+    } catch (const RuntimeError &) {
+        list(QStringLiteral("/"));
+    }
+}
+
+void DirListBox::setPath(const QString &path)
+{
+    const QString before = m_path;
+    list(path);
+    if (m_path != before)
+        Q_EMIT Change();
+}
+
+void DirListBox::list(const QString &path)
+{
+    const QString clean = QDir::cleanPath(path);
+    m_rows->setFolder(clean, Folder::subfolders(clean, Folder::Hidden::Left));
+    m_path = clean;
+    const QModelIndex folder = m_rows->index(m_rows->folderRow());
+    setCurrentIndex(folder);
+    scrollTo(folder, PositionAtCenter);
+}
+
+void DirListBox::open(const QModelIndex &index)
+{
+    if (!index.isValid())
+        return;
+    try {
+        setPath(m_rows->pathAt(index.row()));
+    } catch (const RuntimeError &) {
+        return; // its icon says why
+    }
+}
+
+void DirListBox::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        run([&] { open(currentIndex()); });
+    else
+        QListView::keyPressEvent(event);
+}

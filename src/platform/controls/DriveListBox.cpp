@@ -1,0 +1,70 @@
+#include "DriveListBox.h"
+
+#include "EventGate.h"
+#include "ShownText.h"
+#include "ThemeIcon.h"
+#include "Volume.h"
+
+#include <QDir>
+
+namespace {
+
+constexpr int leastLetters = 12;
+
+QString iconOf(Volume::Kind kind)
+{
+    switch (kind) {
+    case Volume::Kind::Home:
+        return QStringLiteral("user-home");
+    case Volume::Kind::Removable:
+        return QStringLiteral("drive-removable-media");
+    case Volume::Kind::Network:
+        return QStringLiteral("folder-remote");
+    default:
+        return QStringLiteral("drive-harddisk");
+    }
+}
+
+} // namespace
+
+DriveListBox::DriveListBox(QWidget *parent)
+    : QComboBox(parent)
+{
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(leastLetters);
+    fill(Volume::all());
+    setCurrentIndex(findData(QDir::homePath()));
+    connect(this, &QComboBox::activated, this, &DriveListBox::Change);
+}
+
+QString DriveListBox::Drive() const
+{
+    return currentData().toString();
+}
+
+void DriveListBox::showPopup()
+{
+    run([&] { fill(Volume::all()); });
+    QComboBox::showPopup();
+}
+
+/// A selected place that is gone stays in the list until another is chosen.
+void DriveListBox::fill(const QList<Volume> &volumes)
+{
+    const QString path = Drive();
+    const QString text = currentText();
+    const QIcon icon = itemIcon(currentIndex());
+    clear();
+    for (const Volume &volume : volumes)
+        add(volume);
+    if (!path.isEmpty() && findData(path) < 0)
+        addItem(icon, text, path);
+    setCurrentIndex(findData(path));
+}
+
+void DriveListBox::add(const Volume &volume)
+{
+    const QString name = ShownText::line(volume.name);
+    const QString path = ShownText::line(volume.path);
+    addItem(ThemeIcon::named(iconOf(volume.kind)), QStringLiteral("%1 (%2)").arg(name, path), volume.path);
+}

@@ -1,0 +1,36 @@
+#include "FolderRowsModel.h"
+
+#include "Folder.h"
+#include "NameDelegate.h"
+#include "ThemeIcon.h"
+
+void FolderRowsModel::setFolder(const QString &path, const QStringList &subfolders)
+{
+    QStringList names = {QStringLiteral("/")};
+    names += path.split(u'/', Qt::SkipEmptyParts);
+    m_above = {names.first()};
+    for (const QString &name : names.sliced(1))
+        m_above += Folder::join(m_above.last(), name);
+    setNames(names + subfolders);
+}
+
+QString FolderRowsModel::pathAt(int row) const
+{
+    return row <= folderRow() ? m_above.value(row) : Folder::join(m_above.last(), names().value(row));
+}
+
+QVariant FolderRowsModel::data(const QModelIndex &index, int role) const
+{
+    if (role == Qt::DecorationRole)
+        return ThemeIcon::named(iconAt(index.row()));
+    if (role == NameDelegate::DepthRole)
+        return qMin(index.row(), folderRow() + 1);
+    return NameListModel::data(index, role);
+}
+
+QString FolderRowsModel::iconAt(int row) const
+{
+    if (row <= folderRow())
+        return QStringLiteral("folder-open");
+    return Folder::canOpen(pathAt(row)) ? QStringLiteral("folder") : QStringLiteral("folder-locked");
+}

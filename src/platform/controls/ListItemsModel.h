@@ -1,0 +1,64 @@
+#pragma once
+
+#include "ColumnHeader.h"
+#include "ListItem.h"
+
+#include <QAbstractTableModel>
+#include <QHash>
+#include <vector>
+
+/// The rows and columns of a list view. Both are numbered from 1; a number without a row or column is
+/// RuntimeError 35600, a key without a row 35601. A row that is referred to stays where it is until rows are
+/// added or removed.
+class ListItemsModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    int Count() const { return int(m_items.size()); }
+    const ListItem &Item(int index) const;
+    const ListItem &Item(const QString &key) const;
+    /// The number of the row with \a key.
+    int IndexOf(const QString &key) const;
+
+    /// Adds behind the last row. Throws RuntimeError 35602 where a row has the key already.
+    void Add(ListItem item);
+    /// Adds many rows at once, or none where one's key is not unique (RuntimeError 35602).
+    void addItems(std::vector<ListItem> items);
+    void Remove(int index);
+    void Remove(const QString &key) { Remove(IndexOf(key)); }
+    /// Removes all rows; the columns stay.
+    void Clear();
+    void setChecked(int index, bool checked);
+
+    void setColumnHeaders(const QList<ColumnHeader> &headers);
+    const ColumnHeader &columnHeader(int index) const;
+    bool hasCheckboxes() const { return m_hasCheckboxes; }
+    void setCheckboxes(bool shown);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+Q_SIGNALS:
+    /// A person checked or unchecked the row.
+    void ItemCheck(int index);
+
+private:
+    void indexKeys(const std::vector<ListItem> &items, int firstRow);
+    void updateIndex() const;
+    int rowOf(int index) const;
+    QString textOf(const QModelIndex &index) const;
+    QVariant alignmentOf(int column) const;
+
+    std::vector<ListItem> m_items;
+    QList<ColumnHeader> m_headers;
+    mutable QHash<QString, int> m_rowOfKey; // brought up to date when a key is used
+    mutable bool m_isIndexCurrent = true;
+    bool m_hasCheckboxes = false;
+};

@@ -1,0 +1,20 @@
+#include "NameListModel.h"
+
+#include "ShownText.h"
+
+void NameListModel::setNames(const QStringList &names)
+{
+    beginResetModel();
+    m_names = names;
+    endResetModel();
+}
+
+int NameListModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_names.size());
+}
+
+QVariant NameListModel::data(const QModelIndex &index, int role) const
+{
+    return role == Qt::DisplayRole ? ShownText::line(m_names.value(index.row())) : QVariant();
+}

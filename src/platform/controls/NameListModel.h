@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QAbstractListModel>
+#include <QStringList>
+
+/// File names in rows. They are kept as they are and shown as ShownText has them.
+class NameListModel : public QAbstractListModel
+{
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    const QStringList &names() const { return m_names; }
+    void setNames(const QStringList &names);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+
+private:
+    QStringList m_names;
+};

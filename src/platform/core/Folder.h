@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QStringList>
+
+/// What a folder holds, in the order that a person looks for it: by the rules of the locale, without regard
+/// to case, "page 9" before "page 10". Names are as FileNames has them.
+///
+/// The functions throw RuntimeError: 76 when \a path is no folder or is not absolute, 70 when it may not be
+/// read, 57 or 75 when reading fails.
+namespace Folder {
+
+enum class Hidden { Left, Taken }; ///< whether names that begin with a dot are taken
+
+/// The folders in \a path, and the links to folders; neither "." nor "..".
+QStringList subfolders(const QString &path, Hidden hidden);
+
+/// Everything else in \a path, a link that leads nowhere too.
+QStringList files(const QString &path, Hidden hidden);
+
+/// True when the folder \a path can be listed and entered.
+bool canOpen(const QString &path);
+
+/// \a path followed by \a name.
+QString join(const QString &path, const QString &name);
+
+} // namespace Folder

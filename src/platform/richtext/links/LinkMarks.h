@@ -1,0 +1,46 @@
+#pragma once
+
+#include "LinkFinder.h"
+
+#include <QTextCharFormat>
+
+class LongDocuments;
+class QPoint;
+class QTextEdit;
+
+/// Shows the links of a text: their look, the pointer above them, and which one was clicked.
+///
+/// Only what is in view is looked at, and the look is laid over the text when it is painted. So neither the
+/// document nor its layout changes, and a document's length costs nothing.
+class LinkMarks
+{
+public:
+    /// \a documents takes care of those that \a view shows.
+    LinkMarks(QTextEdit &view, const LongDocuments &documents);
+
+    void setOn(bool on);
+
+    /// What is laid over a link's own format; none while links are not marked.
+    std::optional<QTextCharFormat> look() const;
+
+    /// To be called before the view is painted.
+    void markVisible();
+
+    /// To be called before the view shows another document.
+    void forget();
+
+    /// The mouse in the view: the left button's press and release, and a move. A release gives the link that
+    /// was pressed too, unless text was selected on the way.
+    void press(const QPoint &point);
+    std::optional<LinkFinder::Link> release(const QPoint &point);
+    void hover(const QPoint &point);
+
+private:
+    std::optional<LinkFinder::Link> linkAt(const QPoint &point) const;
+    QList<LinkFinder::Link> visibleLinks() const;
+
+    QTextEdit &m_view;
+    const LongDocuments &m_documents;
+    bool m_on = false;
+    std::optional<LinkFinder::Link> m_pressed;
+};

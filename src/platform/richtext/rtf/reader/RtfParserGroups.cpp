@@ -1,0 +1,190 @@
+#include "RtfParser.h"
+
+#include "RtfCodePage.h"
+#include "RtfFieldInstruction.h"
+
+void RtfParser::beginPart(RtfPart &part, RtfState::End end)
+{
+    state().part = &part;
+    state().end = end;
+}
+
+void RtfParser::destination(RtfWord word)
+{
+    switch (word) {
+    case RtfWord::FontTable:
+        m_body.forgetFont();
+        m_fonts.begin();
+        return beginPart(m_fonts, RtfState::End::FontTable);
+    case RtfWord::ColorTable:
+        m_colors.begin();
+        return beginPart(m_colors, RtfState::End::Nothing);
+    case RtfWord::StyleSheet:
+        m_styles.begin();
+        return beginPart(m_styles, RtfState::End::StyleSheet);
+    case RtfWord::ListTable:
+        m_listTable.begin();
+        return beginPart(m_listTable, RtfState::End::Nothing);
+    case RtfWord::ListOverrideTable:
+        m_listOverrides.begin();
+        return beginPart(m_listOverrides, RtfState::End::Nothing);
+    case RtfWord::Pn:
+        m_oldNumbering.begin();
+        return beginPart(m_oldNumbering, RtfState::End::OldNumbering);
+    case RtfWord::ListText:
+    case RtfWord::PnText:
+        m_body.beginLabel();
+        state().end = RtfState::End::Label;
+        break;
+    case RtfWord::Footnote:
+        return beginNote();
+    case RtfWord::UnicodePair:
+        state().isPair = true;
+        break;
+    case RtfWord::NestedRow:
+        state().isNestedRow = true;
+        break;
+    case RtfWord::Field:
+    case RtfWord::FieldInstruction:
+    case RtfWord::FieldResult:
+        return fieldDestination(word);
+    case RtfWord::Picture:
+    case RtfWord::ShapePicture:
+    case RtfWord::NonShapePicture:
+        return pictureDestination(word);
+    default:
+        return shapeDestination(word);
+    }
+}
+
+void RtfParser::fieldDestination(RtfWord word)
+{
+    if (word == RtfWord::Field) {
+        m_fields.emplace_back();
+        state().end = RtfState::End::Field;
+    } else if (word == RtfWord::FieldInstruction) {
+        m_text.begin(*m_fonts.font(RtfCharacterState::standardFont).page);
+        beginPart(m_text, RtfState::End::Instruction);
+    } else if (!m_fields.empty()) {
+        if (m_fields.back().hasResult)
+            m_lexer.skipGroup();
+        else if (m_fields.back().link != 0)
+            state().characters.link = m_fields.back().link;
+    }
+}
+
+/// Many files have a picture twice, the second time for readers that do not know the first form.
+void RtfParser::pictureDestination(RtfWord word)
+{
+    if (word == RtfWord::Picture) {
+        m_picture.begin();
+        beginPart(m_picture, RtfState::End::Picture);
+    } else if (word == RtfWord::ShapePicture) {
+        m_hasShapePicture = false;
+    } else if (m_hasShapePicture) {
+        m_hasShapePicture = false;
+        m_lexer.skipGroup();
+    }
+}
+
+/// The groups of shapes, objects and formulas that are not named here are transparent: their text is text.
+void RtfParser::shapeDestination(RtfWord word)
+{
+    switch (word) {
+    case RtfWord::Shape:
+        m_hasShape = false;
+        break;
+    case RtfWord::ShapeInstance:
+        m_hasShape = true;
+        break;
+    case RtfWord::ShapeResult:
+        if (m_hasShape)
+            m_lexer.skipGroup();
+        break;
+    case RtfWord::ShapeText:
+    case RtfWord::TextBoxText:
+        return beginInsertion();
+    case RtfWord::ShapePropertyName:
+        m_text.begin(RtfCodePage::page(RtfCodePage::standard));
+        return beginPart(m_text, RtfState::End::PropertyName);
+    case RtfWord::ShapePropertyValue:
+        if (m_propertyName != QLatin1String("pib"))
+            m_lexer.skipGroup();
+        break;
+    default:
+        break;
+    }
+}
+
+void RtfParser::beginInsertion()
+{
+    if (!m_body.beginInsertion())
+        return;
+    state().end = RtfState::End::Insertion;
+    state().characters = RtfCharacterState();
+    state().characterSet = 0;
+    state().associated = RtfAssociatedLooks();
+    state().paragraph = RtfParagraphState();
+    state().paragraphSet = 0;
+}
+
+void RtfParser::beginNote()
+{
+    if (!m_body.beginNote(state().characters))
+        return;
+    state().end = RtfState::End::Note;
+    state().characters = RtfCharacterState();
+    state().characterSet = 0;
+    state().associated = RtfAssociatedLooks();
+    state().paragraph = RtfParagraphState();
+    state().paragraphSet = 0;
+}
+
+/// \a ended is the group that has ended; the state is that of the group around it again.
+void RtfParser::end(const RtfState &ended)
+{
+    switch (ended.end) {
+    case RtfState::End::Nothing:
+        break;
+    case RtfState::End::FontTable:
+        return m_fonts.end();
+    case RtfState::End::StyleSheet:
+        return m_styles.end();
+    case RtfState::End::Label:
+        return m_body.endLabel();
+    case RtfState::End::OldNumbering:
+        state().paragraph.oldNumbering = m_oldNumbering.end();
+        break;
+    case RtfState::End::Instruction:
+        return endInstruction(ended);
+    case RtfState::End::Field:
+        m_fields.pop_back();
+        break;
+    case RtfState::End::Picture: {
+        const QTextImageFormat format = m_picture.end();
+        m_hasShapePicture = !format.name().isEmpty();
+        return m_body.picture(format, ended.characters);
+    }
+    case RtfState::End::Note:
+        return m_body.endNote(ended);
+    case RtfState::End::Insertion:
+        return m_body.endInsertion(ended, state());
+    case RtfState::End::PropertyName:
+        m_propertyName = m_text.end().trimmed();
+        break;
+    }
+}
+
+void RtfParser::endInstruction(const RtfState &ended)
+{
+    const RtfFieldInstruction instruction = RtfFieldInstruction::parse(m_text.end());
+    if (m_fields.empty())
+        return;
+    Field &field = m_fields.back();
+    if (!instruction.address.isEmpty())
+        field.link = m_formats.linkTo(instruction.address);
+    if (instruction.sign < 0)
+        return;
+    m_body.sign(char16_t(instruction.sign), instruction.font, ended.characters);
+    field.hasResult = true;
+}

@@ -1,0 +1,348 @@
+#include "RtfBody.h"
+
+#include "RtfCodePage.h"
+
+namespace {
+
+constexpr size_t mostStories = 8; // open inside each other
+constexpr int enoughText = 1 << 17;
+constexpr size_t enoughItems = 1 << 12;
+
+/// What would be a mark of its own to the document becomes something harmless.
+char16_t harmless(char16_t c)
+{
+    switch (c) {
+    case u'\t':
+        return c;
+    case u'\n':
+    case u'\v':
+    case u'\r':
+    case QChar::ParagraphSeparator:
+        return QChar::LineSeparator;
+    case QChar::ObjectReplacementCharacter:
+    case 0xFDD0: // the document's own signs for where frames begin
+    case 0xFDD1: // and end
+        return QChar::ReplacementCharacter;
+    default:
+        return c < u' ' ? char16_t(QChar::ReplacementCharacter) : c;
+    }
+}
+
+} // namespace
+
+RtfBody::RtfBody(const RtfFontTable &fonts, RtfFormats &formats, RtfLists &lists, RtfDocumentFiller &filler)
+    : m_fonts(fonts)
+    , m_formats(formats)
+    , m_lists(lists)
+    , m_filler(filler)
+    , m_stories(1)
+{}
+
+void RtfBody::select(const RtfCharacterState &state)
+{
+    if (m_font && state == m_selected)
+        return;
+    flushBytes();
+    m_selected = state;
+    m_format = m_formats.number(state);
+    m_font = &m_fonts.font(state.font);
+}
+
+void RtfBody::forgetFont()
+{
+    flushBytes();
+    m_font = nullptr;
+}
+
+void RtfBody::startText(const RtfCharacterState &state)
+{
+    Story &story = m_stories.back();
+    if (story.owesNumber) {
+        story.owesNumber = false;
+        number(story.note, state);
+        character(u' ', state);
+    }
+    select(state);
+}
+
+void RtfBody::bytes(QByteArrayView bytes, const RtfCharacterState &state)
+{
+    if (!state.isShown())
+        return;
+    startText(state);
+    if (m_font->page->isMultiByte()) {
+        m_bytes.append(bytes);
+        return;
+    }
+    QString &text = builder().paragraph().text;
+    const qsizetype start = text.size();
+    m_font->page->append(text, bytes);
+    endRun(start);
+}
+
+void RtfBody::flushBytes()
+{
+    if (m_bytes.isEmpty())
+        return;
+    QString &text = builder().paragraph().text;
+    const qsizetype start = text.size();
+    m_font->page->append(text, m_bytes);
+    m_bytes.clear();
+    for (qsizetype i = start; i < text.size(); ++i)
+        text[i] = QChar(harmless(text.at(i).unicode()));
+    endRun(start);
+}
+
+/// The text from \a start on is new, and in the selected format.
+void RtfBody::endRun(qsizetype start)
+{
+    RtfFlow &paragraph = builder().paragraph();
+    QString &text = paragraph.text;
+    if (text.size() == start)
+        return;
+    if (m_font->signs != RtfSymbolFont::Kind::None) {
+        for (qsizetype i = start; i < text.size(); ++i)
+            text[i] = QChar(RtfSymbolFont::character(m_font->signs, text.at(i).unicode()));
+    }
+    paragraph.endRun(m_format);
+}
+
+void RtfBody::character(char16_t c, const RtfCharacterState &state)
+{
+    if (!state.isShown())
+        return;
+    startText(state);
+    flushBytes();
+    m_hasSurrogates = m_hasSurrogates || QChar::isSurrogate(c);
+    QString &text = builder().paragraph().text;
+    text.append(QChar(c == QChar::LineSeparator ? c : harmless(c)));
+    endRun(text.size() - 1);
+}
+
+void RtfBody::sign(char16_t place, const QString &font, const RtfCharacterState &state)
+{
+    const RtfSymbolFont::Kind kind = RtfSymbolFont::kind(font, false);
+    const char byte = char(place);
+    QString text;
+    if (kind != RtfSymbolFont::Kind::None)
+        text = QChar(RtfSymbolFont::character(kind, place));
+    else if (place <= 0xFF)
+        RtfCodePage::page(RtfCodePage::standard).append(text, QByteArrayView(&byte, 1));
+    else
+        text = QChar(place);
+    for (const QChar c : std::as_const(text))
+        character(c.unicode(), state);
+}
+
+void RtfBody::picture(const QTextImageFormat &format, const RtfCharacterState &state)
+{
+    if (!state.isShown() || format.name().isEmpty())
+        return;
+    startText(state);
+    flushBytes();
+    builder().paragraph().addText(QString(QChar::ObjectReplacementCharacter),
+                                  m_formats.addPicture(format, state));
+}
+
+bool RtfBody::hasText()
+{
+    flushBytes();
+    return builder().hasText();
+}
+
+void RtfBody::replaceLoneSurrogates()
+{
+    QString &text = builder().paragraph().text;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const bool isPair =
+            text.at(i).isHighSurrogate() && i + 1 < text.size() && text.at(i + 1).isLowSurrogate();
+        if (isPair)
+            ++i;
+        else if (text.at(i).isSurrogate())
+            text[i] = QChar::ReplacementCharacter;
+    }
+    m_hasSurrogates = false;
+}
+
+void RtfBody::addParagraph(const RtfState &state, int depth)
+{
+    flushBytes();
+    if (m_hasSurrogates)
+        replaceLoneSurrogates();
+    m_behindNumber = -1;
+
+    RtfParagraphState paragraph = state.paragraph;
+    // Some writers keep the group of the mark open until the item ends, and describe the mark nowhere.
+    if (builder().isLabel() && builder().splitLabel() && !m_lists.mark(paragraph))
+        paragraph.oldNumbering = m_lists.bullet();
+    const RtfListLevel *mark = m_lists.mark(paragraph);
+    if (mark && mark->hasIndents) {
+        if ((state.paragraphSet & RtfParagraphState::LeftIndent) == 0)
+            paragraph.left = mark->left;
+        if ((state.paragraphSet & RtfParagraphState::FirstLine) == 0)
+            paragraph.firstLine = mark->firstLine;
+    }
+    if (m_breaksPage)
+        paragraph.breaksPage = 1;
+    m_breaksPage = false;
+
+    RtfCharacterState end = state.characters;
+    end.link = 0;
+    RtfFlow::Item item;
+    item.list = m_lists.next(paragraph);
+    item.format = m_formats.number(paragraph, item.list >= 0);
+    item.markFormat = m_formats.number(end);
+    builder().endParagraph(depth, item, item.list < 0);
+    drain();
+}
+
+/// The document takes over what is complete, so that a large file is not held twice.
+void RtfBody::drain()
+{
+    RtfFlow &flow = builder().flow();
+    const bool isEnough = flow.text.size() > enoughText || flow.items.size() > enoughItems;
+    if (m_stories.size() > 1 || builder().isInTable() || !isEnough)
+        return;
+    m_filler.append(flow);
+    flow.clear();
+    m_isBegun = true;
+}
+
+void RtfBody::endParagraph(const RtfState &state)
+{
+    if (state.characters.isShown()) // else it is one with the next
+        addParagraph(state, state.paragraph.depth());
+}
+
+void RtfBody::breakPage(const RtfState &state)
+{
+    if (hasText())
+        addParagraph(state, state.paragraph.depth());
+    m_breaksPage = true;
+}
+
+RtfRowReader &RtfBody::row(const RtfState &state)
+{
+    return builder().row(state.isNestedRow ? 2 : 1);
+}
+
+void RtfBody::endCell(const RtfState &state, bool isNested)
+{
+    const int depth = isNested ? qMax(2, state.paragraph.depth()) : 1;
+    const bool isKnown = builder().isInTable() || builder().row(depth).isDescribed();
+    if (!isKnown && state.paragraph.depth() == 0) {
+        addParagraph(state, 0);
+        return;
+    }
+    addParagraph(state, depth);
+    builder().endCell(depth);
+}
+
+void RtfBody::endRow(const RtfState &state)
+{
+    const int depth = state.isNestedRow ? qMax(2, state.paragraph.depth()) : 1;
+    if (hasText())
+        addParagraph(state, depth);
+    builder().endRow(depth);
+}
+
+void RtfBody::setLabel(bool isLabel)
+{
+    flushBytes();
+    builder().setLabel(isLabel);
+}
+
+bool RtfBody::beginInsertion()
+{
+    flushBytes();
+    if (m_stories.size() >= mostStories)
+        return false;
+    m_stories.emplace_back();
+    return true;
+}
+
+void RtfBody::endInsertion(const RtfState &inside, const RtfState &outside)
+{
+    if (hasText())
+        addParagraph(inside, inside.paragraph.depth());
+    builder().finish();
+    RtfFlow flow = std::move(builder().flow());
+    m_stories.pop_back();
+    const int depth = outside.paragraph.depth();
+    if (hasText())
+        addParagraph(outside, depth);
+    builder().append(depth, std::move(flow));
+}
+
+/// Text in raised letters right before a note is the note's own mark.
+bool RtfBody::followsMark() const
+{
+    const RtfFlow &paragraph = m_stories.back().builder.paragraph();
+    return !paragraph.runs.empty() && paragraph.text.size() != m_behindNumber &&
+           m_formats.characters(paragraph.runs.back().format).verticalAlignment() ==
+               QTextCharFormat::AlignSuperScript;
+}
+
+bool RtfBody::beginNote(const RtfCharacterState &state)
+{
+    flushBytes();
+    if (m_stories.size() >= mostStories)
+        return false;
+    const bool hasReference = std::exchange(m_stories.back().hasReference, false);
+    const bool hasOwnMark = !hasReference && followsMark();
+    if (!hasOwnMark)
+        ++m_noteCount;
+    if (!hasOwnMark && !hasReference)
+        number(m_noteCount, state);
+    Story note;
+    note.isNote = true;
+    note.note = hasOwnMark ? 0 : m_noteCount;
+    note.owesNumber = !hasOwnMark;
+    m_stories.push_back(std::move(note));
+    return true;
+}
+
+void RtfBody::endNote(const RtfState &state)
+{
+    startText(state.characters);
+    if (hasText() || builder().flow().isEmpty())
+        addParagraph(state, state.paragraph.depth());
+    builder().finish();
+    m_notes.append(std::move(builder().flow()));
+    m_stories.pop_back();
+}
+
+void RtfBody::noteReference(const RtfCharacterState &state)
+{
+    Story &story = m_stories.back();
+    if (!state.isShown())
+        return;
+    story.owesNumber = false;
+    story.hasReference = !story.isNote;
+    if (!story.isNote)
+        number(m_noteCount + 1, state);
+    else if (story.note > 0)
+        number(story.note, state);
+}
+
+void RtfBody::number(int number, const RtfCharacterState &state)
+{
+    RtfCharacterState raised = state;
+    raised.script = RtfCharacterState::Superscript;
+    const QByteArray digits = QByteArray::number(number);
+    for (const char digit : digits)
+        character(char16_t(digit), raised);
+    m_behindNumber = builder().paragraph().text.size();
+}
+
+void RtfBody::finish(const RtfState &state)
+{
+    RtfFlow &flow = builder().flow();
+    const bool isEmpty = !m_isBegun && flow.isEmpty() && !builder().isInTable() && m_notes.isEmpty();
+    if (hasText() || isEmpty)
+        addParagraph(state, state.paragraph.depth());
+    builder().finish();
+    flow.append(std::move(m_notes));
+    m_filler.append(flow);
+    flow.clear();
+}

@@ -1,0 +1,87 @@
+#pragma once
+
+#include "RtfDocumentFiller.h"
+#include "RtfFlowBuilder.h"
+#include "RtfFontTable.h"
+#include "RtfFormats.h"
+#include "RtfLists.h"
+#include "RtfState.h"
+
+#include <vector>
+
+/// The text of the document: characters into runs, runs into paragraphs, notes behind the end.
+class RtfBody
+{
+public:
+    RtfBody(const RtfFontTable &fonts, RtfFormats &formats, RtfLists &lists, RtfDocumentFiller &filler);
+
+    void bytes(QByteArrayView bytes, const RtfCharacterState &state);
+    void character(char16_t c, const RtfCharacterState &state);
+    /// The sign of \a font at \a place.
+    void sign(char16_t place, const QString &font, const RtfCharacterState &state);
+    void picture(const QTextImageFormat &format, const RtfCharacterState &state);
+    /// Fonts are about to change.
+    void forgetFont();
+
+    void endParagraph(const RtfState &state);
+    /// Ends the paragraph if it has begun; the next one begins a page.
+    void breakPage(const RtfState &state);
+    void setNextBreaksPage(bool breaks) { m_breaksPage = breaks; }
+    void endCell(const RtfState &state, bool isNested);
+    void endRow(const RtfState &state);
+    RtfRowReader &row(const RtfState &state);
+
+    void beginLabel() { setLabel(true); }
+    void endLabel() { setLabel(false); }
+    /// Text that becomes paragraphs of its own where it is met, such as a shape's. False when too many are
+    /// open inside each other; the text then belongs to the paragraph.
+    bool beginInsertion();
+    void endInsertion(const RtfState &inside, const RtfState &outside);
+    bool beginNote(const RtfCharacterState &state);
+    void endNote(const RtfState &state);
+    void noteReference(const RtfCharacterState &state);
+
+    /// Brings all that is left into the document.
+    void finish(const RtfState &state);
+
+private:
+    struct Story ///< the text itself, a note or an insertion
+    {
+        RtfFlowBuilder builder;
+        bool isNote = false;
+        int note = 0;              ///< the number of a note, 0 when it has a mark of its own
+        bool owesNumber = false;   ///< that number has yet to be put before the note
+        bool hasReference = false; ///< the number of the next note in this text is written
+    };
+
+    RtfFlowBuilder &builder() { return m_stories.back().builder; }
+    void select(const RtfCharacterState &state);
+    void startText(const RtfCharacterState &state);
+    bool followsMark() const;
+    void flushBytes();
+    void endRun(qsizetype start);
+    void number(int number, const RtfCharacterState &state);
+    void addParagraph(const RtfState &state, int depth);
+    bool hasText();
+    void replaceLoneSurrogates();
+    void setLabel(bool isLabel);
+    void drain();
+
+    const RtfFontTable &m_fonts;
+    RtfFormats &m_formats;
+    RtfLists &m_lists;
+    RtfDocumentFiller &m_filler;
+    std::vector<Story> m_stories;
+    RtfFlow m_notes;
+    int m_noteCount = 0;
+    bool m_breaksPage = false;
+
+    // What text is read with
+    RtfCharacterState m_selected;
+    int m_format = 0;
+    const RtfFontTable::Font *m_font = nullptr;
+    QByteArray m_bytes; ///< of a multi-byte page, until the next that is no byte
+    bool m_hasSurrogates = false;
+    qsizetype m_behindNumber = -1; ///< place in the paragraph behind a note's number
+    bool m_isBegun = false;        ///< the document has items already
+};

@@ -1,0 +1,131 @@
+#include "RtfFormats.h"
+
+#include "ParagraphFormat.h"
+#include "RichTextProperties.h"
+#include "RtfColorTable.h"
+#include "RtfFontTable.h"
+#include "RtfTabStops.h"
+
+RtfFormats::RtfFormats(const RtfFontTable &fonts, const RtfColorTable &colors, const RtfTabStops &stops)
+    : m_fonts(fonts)
+    , m_colors(colors)
+    , m_stops(stops)
+{}
+
+int RtfFormats::number(const RtfCharacterState &state)
+{
+    const auto [entry, isNew] = m_characterNumbers.try_emplace(state, int(m_characters.size()));
+    if (isNew)
+        m_characters.append(make(state));
+    return entry->second;
+}
+
+int RtfFormats::number(const RtfParagraphState &state, bool isInList)
+{
+    RtfParagraphState key = state;
+    // What says where the paragraph is rather than how it looks.
+    key.level = key.oldNumbering = key.isInTable = key.tableDepth = 0;
+    key.list = isInList;
+    const auto [entry, isNew] = m_paragraphNumbers.try_emplace(key, int(m_paragraphs.size()));
+    if (isNew)
+        m_paragraphs.append(make(key, isInList));
+    return entry->second;
+}
+
+int RtfFormats::addPicture(const QTextImageFormat &format, const RtfCharacterState &state)
+{
+    QTextCharFormat picture = make(state);
+    picture.merge(format);
+    picture.setObjectType(QTextFormat::ImageObject);
+    m_characters.append(picture);
+    return int(m_characters.size()) - 1;
+}
+
+int RtfFormats::linkTo(const QString &address)
+{
+    m_links.append(address);
+    return int(m_links.size());
+}
+
+QTextCharFormat RtfFormats::make(const RtfCharacterState &state) const
+{
+    constexpr double halfPointsPerPoint = 2;
+    constexpr int leastRaised = 4; // half points: Qt makes two thirds of it, in whole points
+    const bool isRaised = state.script != RtfCharacterState::Normal;
+    const int halfPoints = isRaised ? qMax(state.halfPoints, leastRaised) : state.halfPoints;
+    QTextCharFormat format;
+    format.setFontFamilies({m_fonts.font(state.font).family});
+    format.setFontPointSize(halfPoints / halfPointsPerPoint);
+    if ((state.switches & RtfCharacterState::Bold) != 0)
+        format.setFontWeight(QFont::Bold);
+    if ((state.switches & RtfCharacterState::Italic) != 0)
+        format.setFontItalic(true);
+    if ((state.switches & RtfCharacterState::Strike) != 0)
+        format.setFontStrikeOut(true);
+    if ((state.switches & RtfCharacterState::Caps) != 0)
+        format.setFontCapitalization(QFont::AllUppercase);
+    else if ((state.switches & RtfCharacterState::SmallCaps) != 0)
+        format.setFontCapitalization(QFont::SmallCaps);
+    if (state.underline != QTextCharFormat::NoUnderline)
+        format.setUnderlineStyle(QTextCharFormat::UnderlineStyle(state.underline));
+    if (state.language != 0)
+        format.setProperty(RichTextProperty::Language, state.language);
+    if (state.link != 0) {
+        format.setAnchor(true);
+        format.setAnchorHref(m_links.at(state.link - 1));
+    }
+    setPosition(format, state);
+    setColors(format, state);
+    return format;
+}
+
+void RtfFormats::setPosition(QTextCharFormat &format, const RtfCharacterState &state) const
+{
+    if (state.script == RtfCharacterState::Subscript)
+        format.setVerticalAlignment(QTextCharFormat::AlignSubScript);
+    else if (state.script == RtfCharacterState::Superscript)
+        format.setVerticalAlignment(QTextCharFormat::AlignSuperScript);
+    if (state.shift != 0) {
+        constexpr double percent = 100;
+        format.setProperty(RichTextProperty::BaselineShift, state.shift);
+        format.setBaselineOffset(percent * state.shift / state.halfPoints);
+    }
+}
+
+void RtfFormats::setColors(QTextCharFormat &format, const RtfCharacterState &state) const
+{
+    const QColor foreground = m_colors.color(state.foreground);
+    if (foreground.isValid())
+        format.setForeground(foreground);
+    const QColor highlight = m_colors.background(state.highlight);
+    const QColor background = highlight.isValid() ? highlight : m_colors.background(state.shading);
+    if (background.isValid())
+        format.setBackground(background);
+}
+
+QTextBlockFormat RtfFormats::make(const RtfParagraphState &state, bool isInList) const
+{
+    QTextBlockFormat format;
+    if (state.alignment != 0)
+        format.setAlignment(Qt::Alignment(state.alignment));
+    if (state.isRightToLeft != 0)
+        format.setLayoutDirection(Qt::RightToLeft);
+    if (state.left != 0 || state.right != 0 || state.firstLine != 0)
+        ParagraphFormat::setIndents(format, state.left, state.right, state.firstLine);
+    if (isInList)
+        format.setTextIndent(0); // the mark hangs there
+    if (state.before != 0 || state.after != 0)
+        ParagraphFormat::setSpacing(format, state.before, state.after);
+    if (state.spacing != 0)
+        ParagraphFormat::setLineSpacing(format, state.spacing, state.isMultiple != 0);
+    if (state.tabs != 0) {
+        format.setTabPositions(m_stops.tabs(state.tabs));
+        format.setProperty(RichTextProperty::TabStops, m_stops.words(state.tabs));
+    }
+    const QColor shading = m_colors.background(state.shading);
+    if (shading.isValid())
+        format.setBackground(shading);
+    if (state.breaksPage != 0)
+        format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    return format;
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "RtfSymbolFont.h"
+#include "WordSet.h"
+
+#include <QList>
+#include <QTextFormat>
+
+struct RtfHeader;
+
+/// The control words of a document's character formats, made once for each format.
+class CharacterWords
+{
+public:
+    struct Run
+    {
+        int words = -1; ///< equal for formats that are written alike
+        int link = 0;   ///< equal for formats that lead to the same address; 0 for none
+        bool isPicture = false;
+    };
+
+    /// \a formats are the document's own, by index.
+    CharacterWords(const QList<QTextFormat> &formats, RtfHeader &header);
+
+    /// Text in a font of signs whose characters a reader would take for signs is written without that font.
+    /// Text of other scripts has its look a second time, in the words that other readers look for it in.
+    Run run(int format, QStringView text = {});
+
+    /// Run::words for the empty start of a cell, whose format has the cell's colour besides the text's
+    /// format.
+    int wordsAtCellStart(int format);
+
+    /// What differs from plain text, for Run::words.
+    const QByteArray &words(int number) const { return m_words.at(number); }
+
+    /// For Run::link.
+    const QString &address(int link) const { return m_addresses.at(link); }
+
+    QTextCharFormat format(int format) const { return m_formats.at(format).toCharFormat(); }
+
+private:
+    /// What else than its format decides how text is written; bits of one number.
+    enum Need : quint8 { NoSigns = 1, ComplexLook = 2, EastAsianLook = 4, NeedCount = 8 };
+
+    int needsOf(int format, QStringView text) const;
+    Run make(const QTextCharFormat &format, int needs);
+    QByteArray wordsOf(const QTextCharFormat &format, int needs = 0);
+    void appendAssociated(QByteArray &out, const QTextCharFormat &format, int needs);
+    void appendFont(QByteArray &out, const QTextCharFormat &format);
+    void appendLines(QByteArray &out, const QTextCharFormat &format);
+    void appendPosition(QByteArray &out, const QTextCharFormat &format) const;
+    void appendColours(QByteArray &out, const QTextCharFormat &format);
+
+    QList<QTextFormat> m_formats;
+    RtfHeader &m_header;
+    QList<Run> m_runs;                  ///< by format and needs; without words until it was asked for
+    QList<RtfSymbolFont::Kind> m_signs; ///< by format
+    WordSet m_words;
+    QStringList m_addresses;
+};

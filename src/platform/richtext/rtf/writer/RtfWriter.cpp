@@ -1,0 +1,51 @@
+#include "RtfWriter.h"
+
+#include "RtfBodyWriter.h"
+#include "RtfHeader.h"
+
+#include <QFont>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+
+namespace {
+
+/// Without a desktop to ask, a document's font is as empty as what rich text calls plain.
+QFont standardFont(const QTextDocument &document)
+{
+    QFont font = document.defaultFont();
+    if (font.family().isEmpty())
+        font.setFamily(QStringLiteral("Times New Roman"));
+    if (font.pointSizeF() <= 0 && font.pixelSize() <= 0)
+        font.setPointSize(12);
+    return font;
+}
+
+QByteArray writeRange(const QTextDocument &document, int from, int to)
+{
+    RtfHeader header(standardFont(document));
+    QByteArray bytes = RtfBodyWriter(document, from, to, header).write();
+    bytes.prepend(header.bytes());
+    return bytes.append("}\n");
+}
+
+} // namespace
+
+QByteArray RtfWriter::write(const QTextDocument &document)
+{
+    return writeRange(document, 0, document.characterCount());
+}
+
+QByteArray RtfWriter::writeSelection(const QTextCursor &cursor)
+{
+    const QTextDocument &document = *cursor.document();
+    int end = cursor.selectionEnd();
+    // No cursor reaches behind the last paragraph's end: that is included where the paragraph is selected
+    // whole.
+    const QTextBlock last = document.lastBlock();
+    const bool hasLast =
+        end == last.position() + last.length() - 1 && cursor.selectionStart() <= last.position();
+    if (hasLast && cursor.hasSelection())
+        ++end;
+    return writeRange(document, cursor.selectionStart(), end);
+}

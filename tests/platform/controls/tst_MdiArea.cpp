@@ -1,0 +1,55 @@
+#include "MdiArea.h"
+
+#include <QMainWindow>
+#include <QMdiSubWindow>
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct Child : QWidget
+{
+    explicit Child(QSizePolicy::Policy policy) { setSizePolicy(policy, policy); }
+    QSize sizeHint() const override { return {600, 400}; }
+};
+
+struct MdiAreaTest : testing::Test
+{
+    QMainWindow frame;
+    MdiArea *area = new MdiArea(&frame);
+
+    MdiAreaTest() { frame.setCentralWidget(area); }
+    QMdiSubWindow &placed(QSizePolicy::Policy policy)
+    {
+        auto *child = new Child(policy);
+        area->place(*child);
+        return static_cast<QMdiSubWindow &>(*child->parentWidget());
+    }
+};
+
+} // namespace
+
+TEST_F(MdiAreaTest, AChildThatExpandsFollowsALargeFrame)
+{
+    frame.resize(1800, 1200);
+    const QMdiSubWindow &first = placed(QSizePolicy::Expanding); // before the frame is shown
+    EXPECT_EQ(first.size(), QSize(1200, 800));
+    frame.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&frame));
+    EXPECT_EQ(first.size(), QSize(1200, 800));
+    EXPECT_EQ(placed(QSizePolicy::Expanding).size(), QSize(1200, 800));
+}
+
+TEST_F(MdiAreaTest, AChildWithASizeOfItsOwnKeepsIt)
+{
+    frame.resize(1800, 1200);
+    EXPECT_EQ(placed(QSizePolicy::Preferred).size(), QSize(600, 400));
+}
+
+TEST_F(MdiAreaTest, InASmallFrameTheChildsOwnSizeIsBoundedByTheArea)
+{
+    frame.resize(880, 500);
+    EXPECT_EQ(placed(QSizePolicy::Expanding).size(), QSize(600, 400));
+    frame.resize(500, 300);
+    EXPECT_EQ(placed(QSizePolicy::Expanding).size(), QSize(500, 300));
+}

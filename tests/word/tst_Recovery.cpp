@@ -1,0 +1,324 @@
+#include "EntryRoutine.h"
+#include "EventGate.h"
+#include "Files.h"
+#include "Forms.h"
+#include "Globals.h"
+#include "RecoveryFolder.h"
+#include "RunningSuite.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QSignalSpy>
+#include <QStatusBar>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int patience = 20000; // milliseconds
+
+QString onlyCopy()
+{
+    const QDir folder(RecoveryFolder::path());
+    const QStringList names = folder.entryList({QStringLiteral("copy-??????")}, QDir::Files);
+    return names.size() == 1 ? folder.filePath(names.front()) : QString();
+}
+
+/// What the copies hold at the moment, whoever holds their locks.
+QByteArray kept()
+{
+    const QString path = onlyCopy();
+    return path.isEmpty() ? QByteArray() : Files::read(path);
+}
+
+bool waitForKept(const char *words)
+{
+    return QTest::qWaitFor([&] { return kept().contains(words); }, patience);
+}
+
+QStringList allFiles()
+{
+    return QDir(RecoveryFolder::path()).entryList({QStringLiteral("copy-*")}, QDir::Files);
+}
+
+void leaveBehind(const QString &caption, const QByteArray &words,
+                 PlainText::LineEnd lineEnd = PlainText::LineEnd::Lf)
+{
+    const auto copy = RecoveryFolder::makeCopy();
+    ASSERT_TRUE(copy->write({caption, lineEnd, "{\\rtf1\\ansi " + words + "}"}));
+}
+
+struct RecoveryTest : testing::Test
+{
+    RunningSuite suite;
+
+    QTimer &timer() const { return *suite.active().findChild<QTimer *>(QStringLiteral("tmrRecovery")); }
+    /// Nothing is kept by itself from now on.
+    void stopTheClock() const { timer().setInterval(1000 * patience); }
+    void hurry() const { timer().setInterval(1); }
+    /// Ends the suite without a question, as a kill does, and starts it again.
+    static void restart()
+    {
+        delete mainFrame;
+        EntryRoutine();
+    }
+    static QList<Form *> documents() { return Forms::named(QStringLiteral("frmDocument")); }
+    static QString textOf(const Form &document)
+    {
+        return document.member<RichTextBox>(QStringLiteral("rtfTextBox")).Text();
+    }
+};
+
+} // namespace
+
+TEST_F(RecoveryTest, AnUntouchedDocumentIsNotKept)
+{
+    EXPECT_FALSE(timer().isActive());
+    suite.fatal.expectEnd(EXIT_SUCCESS);
+    EventGate::end(EXIT_SUCCESS);
+    EXPECT_TRUE(allFiles().isEmpty());
+}
+
+TEST_F(RecoveryTest, AChangedDocumentIsKeptAfterSomeSeconds)
+{
+    EXPECT_GE(timer().interval(), 1000);
+    EXPECT_LE(timer().interval(), 10000);
+    hurry();
+    suite.type(QStringLiteral("first"));
+    ASSERT_TRUE(waitForKept("first"));
+    EXPECT_TRUE(kept().contains("Document 1"));
+    suite.type(QStringLiteral(" second"));
+    EXPECT_TRUE(waitForKept("first second"));
+}
+
+TEST_F(RecoveryTest, TypingWithoutAPauseIsKeptToo)
+{
+    timer().setInterval(200);
+    bool isKept = false;
+    for (QDeadlineTimer end(patience); !isKept && !end.hasExpired(); QTest::qWait(20)) {
+        suite.type(QStringLiteral("x"));
+        isKept = kept().contains("xxx");
+    }
+    EXPECT_TRUE(isKept);
+}
+
+TEST_F(RecoveryTest, ASavedDocumentIsKeptNoLonger)
+{
+    const QString path = suite.home.file(QStringLiteral("letter.rtf"));
+    hurry();
+    suite.type(QStringLiteral("words"));
+    ASSERT_TRUE(waitForKept("words"));
+    suite.dialogs.expectFileDialog(QStringLiteral("Save As RTF")).accept(path);
+    suite.choose("mnuFileSave");
+    EXPECT_TRUE(Files::read(path).contains("words"));
+    EXPECT_TRUE(allFiles().isEmpty());
+    suite.type(QStringLiteral(" and more"));
+    ASSERT_TRUE(waitForKept("words and more"));
+    EXPECT_TRUE(kept().contains("letter.rtf"));
+    suite.choose("mnusaveonly");
+    EXPECT_TRUE(allFiles().isEmpty());
+}
+
+TEST_F(RecoveryTest, ADocumentClosedUnsavedIsKeptNoLonger)
+{
+    hurry();
+    suite.type(QStringLiteral("words"));
+    ASSERT_TRUE(waitForKept("words"));
+    suite.dialogs.expectBox(QStringLiteral("Save Changes?..."), QStringLiteral("Save Changes to Document 1"))
+        .press(QMessageBox::No);
+    suite.choose("mnuFileClose");
+    EXPECT_TRUE(allFiles().isEmpty());
+}
+
+TEST_F(RecoveryTest, ASaveStopsAWriteThatIsUnderWay)
+{
+    hurry();
+    const QString path = suite.home.file(QStringLiteral("long.rtf"));
+    suite.text().setText(QStringLiteral("a long document\n").repeated(100000));
+    ASSERT_TRUE(QTest::qWaitFor([] { return !onlyCopy().isEmpty(); }, patience)); // empty at first
+    suite.dialogs.expectFileDialog(QStringLiteral("Save As RTF")).accept(path);
+    suite.choose("mnuFileSave");
+    EXPECT_TRUE(allFiles().isEmpty());
+}
+
+TEST_F(RecoveryTest, AFileThatCouldNotBeSavedIsKept)
+{
+    stopTheClock();
+    suite.type(QStringLiteral("words"));
+    suite.active().setCaption(QStringLiteral("/nonexistent/letter.rtf"));
+    suite.fatal.expect(ErrorNumber::PathNotFound); // as a failed save ends the suite
+    suite.choose("mnusaveonly");
+    EXPECT_TRUE(kept().contains("words"));
+    EXPECT_TRUE(kept().contains("/nonexistent/letter.rtf"));
+}
+
+TEST_F(RecoveryTest, TheErrorBoxFindsEverythingKept)
+{
+    stopTheClock();
+    suite.type(QStringLiteral("one"));
+    suite.choose("mnuFileNew");
+    stopTheClock();
+    suite.type(QStringLiteral("two"));
+    qsizetype copies = 0;
+    EventGate::setBox([&](int, const QString &) {
+        copies = QDir(RecoveryFolder::path()).entryList({QStringLiteral("copy-??????")}, QDir::Files).size();
+    });
+    suite.fatal.expectEnd(EXIT_FAILURE);
+    EventGate::fail(ErrorNumber::TypeMismatch, {});
+    EXPECT_EQ(copies, 2);
+}
+
+TEST_F(RecoveryTest, AnEndWithoutABoxFindsEverythingKept)
+{
+    stopTheClock();
+    suite.type(QStringLiteral("one"));
+    suite.fatal.expectEnd(EXIT_FAILURE);
+    EventGate::end(EXIT_FAILURE);
+    EXPECT_TRUE(kept().contains("one"));
+}
+
+TEST_F(RecoveryTest, ANewNameIsKept)
+{
+    hurry();
+    suite.type(QStringLiteral("words"));
+    ASSERT_TRUE(waitForKept("Document 1"));
+    suite.active().setCaption(QStringLiteral("/home/me/letter.rtf"));
+    EXPECT_TRUE(waitForKept("/home/me/letter.rtf"));
+}
+
+TEST_F(RecoveryTest, AFolderThatCannotBeUsedIsHarmless)
+{
+    QDir(suite.home.path()).mkpath(QStringLiteral(".local"));
+    const QString state = suite.home.file(QStringLiteral(".local/state"));
+    Files::write(state, "a file");
+    hurry();
+    suite.type(QStringLiteral("words"));
+    EXPECT_TRUE(timer().isActive());
+    QSignalSpy ticks(&timer(), &QTimer::timeout);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ticks.size() > 2; }, patience));
+    EXPECT_TRUE(suite.dialogs.seen().isEmpty());
+    ASSERT_TRUE(QFile::remove(state));
+    EXPECT_TRUE(waitForKept("words")); // as soon as it can be
+}
+
+TEST_F(RecoveryTest, AfterAnEndTheTextIsBack)
+{
+    hurry();
+    suite.type(QStringLiteral("words"));
+    ASSERT_TRUE(waitForKept("words"));
+    const QString path = onlyCopy();
+    restart();
+    ASSERT_EQ(documents().size(), 2);
+    EXPECT_EQ(documents().front()->Caption(), QStringLiteral("Document 1"));
+    EXPECT_EQ(textOf(*documents().front()), QString());
+    EXPECT_EQ(textOf(*documents().back()), QStringLiteral("words"));
+    EXPECT_EQ(suite.frame().statusBar()->currentMessage(),
+              QStringLiteral("1 document recovered from the last run."));
+    EXPECT_EQ(onlyCopy(), path); // until it is saved or closed
+    restart();
+    EXPECT_EQ(documents().size(), 2);
+}
+
+TEST_F(RecoveryTest, RecoveredDocumentsCountAsChanged)
+{
+    leaveBehind(QStringLiteral("/gone/letter.rtf"), "letter");
+    restart();
+    EXPECT_EQ(suite.active().Caption(), QStringLiteral("/gone/letter.rtf"));
+    suite.dialogs
+        .expectBox(QStringLiteral("Save Changes?..."), QStringLiteral("Save Changes to /gone/letter.rtf"))
+        .press(QMessageBox::No);
+    suite.choose("mnuFileClose");
+    EXPECT_TRUE(allFiles().isEmpty());
+}
+
+TEST_F(RecoveryTest, AnEmptyRecoveredDocumentAsksToo)
+{
+    leaveBehind(QStringLiteral("/home/me/emptied.rtf"), {});
+    restart();
+    freshDocument = true; // as File, New leaves it
+    suite.text().clearFocus();
+    suite.text().setFocus();
+    suite.dialogs
+        .expectBox(QStringLiteral("Save Changes?..."), QStringLiteral("Save Changes to /home/me/emptied.rtf"))
+        .press(QMessageBox::No);
+    suite.choose("mnuFileClose");
+}
+
+TEST_F(RecoveryTest, TheOldestIsOpenedFirstAndAllAreCounted)
+{
+    leaveBehind(QStringLiteral("/a.rtf"), "a");
+    QTest::qSleep(20); // file times are that coarse
+    leaveBehind(QStringLiteral("/b.rtf"), "b");
+    restart();
+    ASSERT_EQ(documents().size(), 3);
+    EXPECT_EQ(documents().at(1)->Caption(), QStringLiteral("/a.rtf"));
+    EXPECT_EQ(documents().at(2)->Caption(), QStringLiteral("/b.rtf"));
+    EXPECT_NE(documents().at(1)->parentWidget()->pos(), documents().at(0)->parentWidget()->pos());
+    EXPECT_NE(documents().at(2)->parentWidget()->pos(), documents().at(1)->parentWidget()->pos());
+    EXPECT_FALSE(suite.frame().findChild<QWidget *>(QStringLiteral("panel_1"))->isVisible());
+    EXPECT_EQ(suite.frame().statusBar()->currentMessage(),
+              QStringLiteral("2 documents recovered from the last run."));
+    EXPECT_TRUE(suite.dialogs.seen().isEmpty());
+}
+
+TEST_F(RecoveryTest, NoNewDocumentGetsTheNumberOfARecoveredOne)
+{
+    leaveBehind(QStringLiteral("Document 3"), "third");
+    restart();
+    EXPECT_EQ(documents().front()->Caption(), QStringLiteral("Document 1"));
+    EXPECT_EQ(documents().back()->Caption(), QStringLiteral("Document 3"));
+    suite.choose("mnuFileNew");
+    EXPECT_EQ(suite.active().Caption(), QStringLiteral("Document 4"));
+}
+
+TEST_F(RecoveryTest, APlainFileKeepsItsLineEnds)
+{
+    const QString path = suite.home.file(QStringLiteral("notes.txt"));
+    Files::write(path, "one\r\ntwo\r\n");
+    suite.dialogs.expectFileDialog(QStringLiteral("Open")).accept(path);
+    suite.choose("mnuFileOpen");
+    hurry();
+    suite.type(QStringLiteral("zero "));
+    ASSERT_TRUE(waitForKept("zero one"));
+    ASSERT_TRUE(QFile::remove(path)); // and the file may have gone
+    restart();
+    EXPECT_EQ(suite.active().Caption(), path);
+    suite.choose("mnusaveonly");
+    EXPECT_EQ(Files::read(path), "zero one\r\ntwo\r\n");
+    EXPECT_TRUE(allFiles().isEmpty());
+}
+
+TEST_F(RecoveryTest, ARecoveredFileIsNotOpenedTwice)
+{
+    const QString path = suite.home.file(QStringLiteral("notes.txt"));
+    Files::write(path, "as it is on disk");
+    leaveBehind(path, "as it was typed");
+    restart();
+    suite.dialogs.expectFileDialog(QStringLiteral("Open")).accept(path);
+    suite.dialogs
+        .expectBox(QStringLiteral("File already open..."),
+                   path + QStringLiteral(" is already open. Cannot load the same file twice!"))
+        .press(QMessageBox::Ok);
+    suite.choose("mnuFileOpen");
+    EXPECT_EQ(documents().size(), 2);
+}
+
+TEST_F(RecoveryTest, ADamagedCopyIsLeftAsItIs)
+{
+    leaveBehind(QStringLiteral("/b.rtf"), "b");
+    const QString path = onlyCopy();
+    Files::write(path, "not a copy");
+    restart();
+    EXPECT_EQ(documents().size(), 1);
+    EXPECT_EQ(suite.frame().statusBar()->currentMessage(), QString());
+    EXPECT_EQ(Files::read(path), "not a copy");
+}
+
+TEST_F(RecoveryTest, ACopyCutShortGivesWhatCanBeRead)
+{
+    ASSERT_TRUE(RecoveryFolder::makeCopy()->write(
+        {QStringLiteral("/cut.rtf"), PlainText::LineEnd::Lf, "{\\rtf1 the begin"}));
+    restart();
+    EXPECT_EQ(textOf(suite.active()), QStringLiteral("the begin"));
+}
