@@ -1,5 +1,7 @@
 #include "FileNames.h"
 
+#include "SurrogatePair.h"
+
 namespace {
 
 constexpr char16_t escapeBase = 0xdc00;
@@ -18,11 +20,6 @@ qsizetype sequenceAt(QByteArrayView bytes)
 bool isEscape(QChar character)
 {
     return character.unicode() >= escapeBase + 0x80 && character.unicode() <= escapeBase + 0xff;
-}
-
-bool isPair(const QString &text, qsizetype first)
-{
-    return text[first].isHighSurrogate() && first + 1 < text.size() && text[first + 1].isLowSurrogate();
 }
 
 } // namespace
@@ -49,7 +46,7 @@ QByteArray FileNames::toBytes(const QString &name)
     bytes.reserve(name.size());
     qsizetype plain = 0; // where the run without escapes begins
     for (qsizetype i = 0; i < name.size(); ++i) {
-        if (isPair(name, i)) {
+        if (isSurrogatePair(name, i)) {
             ++i;
         } else if (isEscape(name[i])) {
             bytes += QStringView(name).sliced(plain, i - plain).toUtf8();

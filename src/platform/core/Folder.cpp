@@ -21,7 +21,7 @@ struct DirCloser
 };
 using OpenFolder = std::unique_ptr<DIR, DirCloser>;
 
-[[noreturn]] void fail(const QString &path, int code)
+[[noreturn]] void failAt(const QString &path, int code)
 {
     throw RuntimeError::fromErrno(code == ENOENT ? ENOTDIR : code, path);
 }
@@ -29,10 +29,10 @@ using OpenFolder = std::unique_ptr<DIR, DirCloser>;
 OpenFolder open(const QString &path)
 {
     if (!path.startsWith(u'/'))
-        fail(path, ENOTDIR);
+        failAt(path, ENOTDIR);
     OpenFolder folder(::opendir(FileNames::toBytes(path).constData()));
     if (!folder)
-        fail(path, errno);
+        failAt(path, errno);
     return folder;
 }
 
@@ -63,7 +63,7 @@ QStringList read(const QString &path, Folder::Hidden hidden, bool folders)
         errno = 0; // a link that leads nowhere has set it
     }
     if (errno != 0)
-        fail(path, errno);
+        failAt(path, errno);
     return names;
 }
 

@@ -1,5 +1,7 @@
 #include "ShownText.h"
 
+#include "SurrogatePair.h"
+
 namespace {
 
 constexpr QChar mark = QChar::ReplacementCharacter;
@@ -13,16 +15,11 @@ bool isHidden(QChar character)
            (code >= 0x2060 && code <= 0x206f) || code == 0xfeff;
 }
 
-bool isPair(const QString &text, qsizetype first)
-{
-    return text[first].isHighSurrogate() && first + 1 < text.size() && text[first + 1].isLowSurrogate();
-}
-
 QString marked(const QString &text, QStringView spared)
 {
     QString shown = text;
     for (qsizetype i = 0; i < text.size(); ++i) {
-        if (isPair(text, i))
+        if (isSurrogatePair(text, i))
             ++i;
         else if (text[i].isSurrogate() || (isHidden(text[i]) && !spared.contains(text[i])))
             shown[i] = mark;

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr StatusBarRow rows[] = {
+constexpr StatusBarRow panelRows[] = {
     {StatusBarRow::Kind::Text, 17410, "Ready..", "<Ready..>"},
     {StatusBarRow::Kind::Date, 2540, "", "", Qt::AlignHCenter},
     {StatusBarRow::Kind::Time, 2540, "", "", Qt::AlignRight},
@@ -19,7 +19,7 @@ constexpr StatusBarRow rows[] = {
 
 struct StatusBarTest : testing::Test
 {
-    StatusBar bar{rows};
+    StatusBar bar{panelRows};
     StatusBarPanel &panel(int position) const { return bar.Panels(position); }
 };
 

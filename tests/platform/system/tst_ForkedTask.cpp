@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int patience = 20000; // milliseconds
+constexpr int childPatience = 20000; // milliseconds
 
 /// A pipe between this process and those that it forks.
 struct Pipe
@@ -29,7 +29,7 @@ struct Pipe
     {
         pollfd waiting = {ends[0], POLLIN, 0};
         char sign = 0;
-        if (::poll(&waiting, 1, patience) != 1)
+        if (::poll(&waiting, 1, childPatience) != 1)
             return -1;
         return ::read(ends[0], &sign, 1) == 1 ? sign : 0;
     }
