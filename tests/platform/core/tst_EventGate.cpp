@@ -10,7 +10,6 @@
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTest>
-#include <QTimer>
 #include <QTextEdit>
 #include <QTimer>
 #include <gtest/gtest.h>
