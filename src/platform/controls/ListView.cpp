@@ -14,6 +14,7 @@
 #include <QKeyEvent>
 #include <QListView>
 #include <QTreeView>
+#include <algorithm>
 
 namespace {
 
@@ -98,11 +99,8 @@ void ListView::setView(int view)
     m_view = view;
     if (view != table)
         arrangeIcons();
-    const bool hadFocus = currentWidget()->hasFocus();
     setCurrentWidget(&pane());
     setFocusProxy(&pane());
-    if (hadFocus)
-        pane().setFocus();
     pane().scrollTo(m_selection->currentIndex());
 }
 
