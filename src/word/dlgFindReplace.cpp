@@ -41,7 +41,6 @@ dlgFindReplace::dlgFindReplace(const FindRequest &initial, bool replaces, QWidge
 {
     setObjectName(QStringLiteral("dlgFindReplace"));
     setWindowTitle(replaces ? QStringLiteral("Replace") : QStringLiteral("Find"));
-    setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_ShowWithoutActivating); // whoever opens it says where the focus is
     auto *row = new QHBoxLayout(this);
     row->addLayout(buildFields(replaces), 1);
@@ -128,7 +127,10 @@ void dlgFindReplace::bind()
     on(cmdReplaceAll, &QPushButton::clicked, this, [this] { send(FindFlag::ReplaceAll); });
     on(cmdHelp, &QPushButton::clicked, this, [this] { send(FindFlag::ShowHelp); });
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
-    on(this, &QDialog::finished, this, [this] { send(FindFlag::DialogTerm); });
+    on(this, &QDialog::finished, this, [this] {
+        RunningHandler::deleteWhenNoneRuns(this);
+        send(FindFlag::DialogTerm);
+    });
 }
 
 void dlgFindReplace::fill(const FindRequest &initial)

@@ -224,10 +224,13 @@ void frmDocument::tbToolBar_ButtonClick()
 /// Leaves the keys of the frame's Edit menu to the menu, so that they do what its items do.
 bool frmDocument::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() != QEvent::ShortcutOverride)
-        return ChildForm::eventFilter(watched, event);
-    const QKeyCombination keys = static_cast<QKeyEvent *>(event)->keyCombination();
-    return std::ranges::find(editMenuKeys, keys) != std::end(editMenuKeys);
+    bool isMenuKey = false;
+    run([&] {
+        isMenuKey = event->type() == QEvent::ShortcutOverride &&
+                    std::ranges::find(editMenuKeys, static_cast<QKeyEvent *>(event)->keyCombination()) !=
+                        std::end(editMenuKeys);
+    });
+    return isMenuKey || ChildForm::eventFilter(watched, event);
 }
 
 bool frmDocument::Form_QueryUnload()
@@ -242,7 +245,7 @@ bool frmDocument::Form_QueryUnload()
 
 void frmDocument::Form_Terminate()
 {
-    m_recovery.settled(); // every question has been answered
+    m_recovery.settled();    // every question has been answered
     FindDialog->Terminate(); // not only when this window is deleted: a handler of the dialog may still run
     mainFrame->checkForDocument();
 }

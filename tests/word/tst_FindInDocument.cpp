@@ -70,6 +70,24 @@ TEST_F(FindInDocumentTest, CtrlFOpensTheReplaceFormWithTheWordAtTheCaret)
     EXPECT_EQ(suite.frame().ActiveForm(), &suite.active());
 }
 
+TEST_F(FindInDocumentTest, ADocumentClosedWhileTheSearchIsCompleteTakesItsDialogAlong)
+{
+    write("one");
+    ctrlF();
+    const QPointer<Form> document = &suite.active();
+    const QPointer<QWidget> form = dialog();
+    field("txtFind").setText(latin("nowhere"));
+    suite.dialogs.expectWindow<QMessageBox>(latin("MsgBox"), [&](QMessageBox &box) {
+        document->unload();
+        EXPECT_FALSE(form->isVisible());
+        box.accept();
+    });
+    click("cmdFindNext");
+    settle();
+    EXPECT_FALSE(document);
+    EXPECT_FALSE(form);
+}
+
 TEST_F(FindInDocumentTest, OtherKeysWithFOpenNothing)
 {
     write("one");

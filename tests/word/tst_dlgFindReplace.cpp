@@ -157,7 +157,7 @@ TEST_F(FindDialogTest, EveryWayOutTellsOnceAndDeletesIt)
         leave();
         ASSERT_EQ(requests.size(), 1);
         EXPECT_EQ(requests.constFirst().flags, down | FindFlag::DialogTerm);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCoreApplication::processEvents();
         EXPECT_TRUE(dialog.isNull());
     }
 }

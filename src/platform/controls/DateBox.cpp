@@ -25,7 +25,7 @@ DateBox::DateBox(QWidget *parent)
 
 void DateBox::setValue(const QDate &date)
 {
-    if (!date.isValid() || date < minimumDate() || date > maximumDate())
+    if (date < minimumDate() || date > maximumDate()) // what is no date comes before all
         throw RuntimeError(ErrorNumber::InvalidPropertyValue);
     setDate(date);
 }

@@ -74,9 +74,13 @@ void ListBox::showRows()
 
 void ListBox::timerEvent(QTimerEvent *event)
 {
-    if (event->timerId() == m_pause.timerId())
-        run([&] { showRows(); });
-    else
+    bool isOwn = false;
+    run([&] {
+        isOwn = event->timerId() == m_pause.timerId();
+        if (isOwn)
+            showRows();
+    });
+    if (!isOwn)
         QListView::timerEvent(event);
 }
 
@@ -226,7 +230,7 @@ void ListBox::copy()
     QStringList lines;
     for (int i = 0; i < ListCount(); ++i) {
         if (Selected(i))
-            lines.append(shownText(List(i)));
+            lines.append(ShownText::line(List(i)));
     }
     if (!lines.isEmpty())
         QGuiApplication::clipboard()->setText(lines.join(u'\n'));

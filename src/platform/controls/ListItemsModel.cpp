@@ -176,7 +176,7 @@ QVariant ListItemsModel::headerData(int section, Qt::Orientation orientation, in
     if (orientation != Qt::Horizontal || section < 0 || section >= m_headers.size())
         return {};
     if (role == Qt::DisplayRole)
-        return shownText(m_headers.at(section).Text);
+        return ShownText::line(m_headers.at(section).Text);
     return role == Qt::TextAlignmentRole ? alignmentOf(section) : QVariant();
 }
 

@@ -14,6 +14,7 @@
 #include <QKeyEvent>
 #include <QListView>
 #include <QTreeView>
+#include <algorithm>
 
 namespace {
 
@@ -98,11 +99,8 @@ void ListView::setView(int view)
     m_view = view;
     if (view != table)
         arrangeIcons();
-    const bool hadFocus = currentWidget()->hasFocus();
     setCurrentWidget(&pane());
     setFocusProxy(&pane());
-    if (hadFocus)
-        pane().setFocus();
     pane().scrollTo(m_selection->currentIndex());
 }
 
@@ -201,10 +199,12 @@ std::vector<bool> ListView::selectedRows() const
 bool ListView::eventFilter(QObject *watched, QEvent *event)
 {
     bool isDone = false;
-    if (event->type() == QEvent::KeyPress && watched == &pane())
-        run([&] { isDone = actOnKey(*static_cast<QKeyEvent *>(event)); });
-    else if (event->type() == QEvent::MouseButtonDblClick && watched == pane().viewport())
-        run([&] { Q_EMIT DblClick(); });
+    run([&] {
+        if (event->type() == QEvent::KeyPress && watched == &pane())
+            isDone = actOnKey(*static_cast<QKeyEvent *>(event));
+        else if (event->type() == QEvent::MouseButtonDblClick && watched == pane().viewport())
+            Q_EMIT DblClick();
+    });
     return isDone || QStackedWidget::eventFilter(watched, event);
 }
 
@@ -244,9 +244,9 @@ void ListView::copy() const
 
 QString ListView::line(const ListItem &item) const
 {
-    QString text = shownText(item.Text);
+    QString text = ShownText::line(item.Text);
     for (const QString &subItem : item.SubItems)
-        text += u'\t' + shownText(subItem);
+        text += u'\t' + ShownText::line(subItem);
     return text;
 }
 

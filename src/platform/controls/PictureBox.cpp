@@ -154,9 +154,9 @@ void PictureBox::mouseMoveEvent(QMouseEvent *event)
 
 void PictureBox::mouseReleaseEvent(QMouseEvent *event)
 {
-    const QPointF at = event->position();
-    const bool isClick = event->button() == Qt::LeftButton && rect().contains(at.toPoint());
     run([&] {
+        const QPointF at = event->position();
+        const bool isClick = event->button() == Qt::LeftButton && rect().contains(at.toPoint());
         Q_EMIT MouseUp(event->button(), twipsX(at.x()), twipsY(at.y()));
         if (isClick)
             Q_EMIT Click();

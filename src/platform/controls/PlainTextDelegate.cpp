@@ -5,25 +5,23 @@
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
-#include <QTextDocument>
 #include <QToolTip>
 
 QString PlainTextDelegate::displayText(const QVariant &value, const QLocale &) const
 {
-    return shownText(value.toString());
+    return ShownText::line(value.toString());
 }
 
 bool PlainTextDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
                                   const QStyleOptionViewItem &option, const QModelIndex &index)
 {
-    const bool isCutOff =
-        index.isValid() && QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
-    if (event->type() != QEvent::ToolTip || !isCutOff)
-        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    bool isCutOff = false;
     run([&] {
-        const QString text = shownText(index.data().toString());
-        QToolTip::showText(event->globalPos(), Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal),
-                           view->viewport(), option.rect);
+        isCutOff = event->type() == QEvent::ToolTip && index.isValid() &&
+                   QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
+        if (isCutOff)
+            QToolTip::showText(event->globalPos(), ShownText::toolTip(index.data().toString()),
+                               view->viewport(), option.rect);
     });
-    return true;
+    return isCutOff || QStyledItemDelegate::helpEvent(event, view, option, index);
 }

@@ -2,8 +2,8 @@
 
 #include <QStyledItemDelegate>
 
-/// Shows the texts of a list or tree as shownText() has them. Where a text is cut off, its tool tip has all
-/// of it. The texts of the model stay as they are.
+/// Shows the texts of a list or tree as ShownText::line() has them. Where a text is cut off, its tool tip has
+/// all of it. The texts of the model stay as they are.
 class PlainTextDelegate : public QStyledItemDelegate
 {
 public:

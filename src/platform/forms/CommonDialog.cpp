@@ -6,7 +6,6 @@
 #include "FileFilter.h"
 #include "FilePlaces.h"
 #include "FontDialog.h"
-#include "OwnedDialog.h"
 #include "Paths.h"
 #include "RuntimeError.h"
 
@@ -21,6 +20,7 @@
 #include <QLineEdit>
 #include <QSplitter>
 #include <QTreeView>
+#include <memory>
 
 namespace {
 
@@ -200,19 +200,18 @@ void CommonDialog::ShowSave()
 void CommonDialog::showFileDialog(Kind kind)
 {
     const QString folder = folderFor(InitDir);
-    const OwnedDialog<QFileDialog> shown(
+    const std::unique_ptr<QFileDialog> shown(
         kind == Kind::Save ? new HookedDialog(m_owner, DialogTitle, folder, Hook)
                            : new OpenDialog(m_owner, DialogTitle, folder, Hook, DefaultExt));
     kind == Kind::Save ? prepareToSave(*shown, *this) : prepareToOpen(*shown, *this);
     if (Hook)
         Hook->InitDialog(shown->winId());
-    const bool cancelError = CancelError; // the owner, and this with it, may go while the dialog is up
     const bool accepted = shown->exec() == QDialog::Accepted;
     if (accepted)
         takeChoice(*shown, *this);
-    if (shown && Hook)
+    if (Hook)
         Hook->DialogClose();
-    if (!accepted && cancelError)
+    if (!accepted && CancelError)
         throw RuntimeError(ErrorNumber::DialogCancelled);
 }
 
@@ -220,16 +219,15 @@ void CommonDialog::ShowColor()
 {
     for (int i = 0; i < int(CustomColors.size()); ++i)
         QColorDialog::setCustomColor(i, ColorNumber::toColor(CustomColors[std::size_t(i)]));
-    const OwnedDialog<QColorDialog> shown(new QColorDialog(ColorNumber::toColor(Color), m_owner));
+    const std::unique_ptr<QColorDialog> shown(new QColorDialog(ColorNumber::toColor(Color), m_owner));
     shown->setObjectName(QStringLiteral("ColorDialog"));
     shown->setWindowTitle(DialogTitle);
-    const bool cancelError = CancelError; // as above
     const bool accepted = shown->exec() == QDialog::Accepted;
     if (accepted)
         Color = ColorNumber::of(shown->selectedColor());
-    for (int i = 0; shown && i < int(CustomColors.size()); ++i)
+    for (int i = 0; i < int(CustomColors.size()); ++i)
         CustomColors[std::size_t(i)] = ColorNumber::of(QColorDialog::customColor(i));
-    if (!accepted && cancelError)
+    if (!accepted && CancelError)
         throw RuntimeError(ErrorNumber::DialogCancelled);
 }
 
@@ -242,12 +240,11 @@ void CommonDialog::ShowFont()
     font.setItalic(FontItalic);
     font.setStrikeOut(FontStrikethru);
     font.setUnderline(FontUnderline);
-    const OwnedDialog<FontDialog> shown(new FontDialog(font, ColorNumber::toColor(Color), m_owner));
+    const std::unique_ptr<FontDialog> shown(new FontDialog(font, ColorNumber::toColor(Color), m_owner));
     shown->setWindowTitle(DialogTitle);
-    const bool cancelError = CancelError; // as above
     if (shown->exec() == QDialog::Accepted)
         takeFont(shown->currentFont(), shown->color());
-    else if (cancelError)
+    else if (CancelError)
         throw RuntimeError(ErrorNumber::DialogCancelled);
 }
 
@@ -264,7 +261,6 @@ void CommonDialog::takeFont(const QFont &font, const QColor &color)
 
 void CommonDialog::ShowPrinter()
 {
-    const bool cancelError = CancelError; // as above
-    if (!m_printer.show(m_owner, DialogTitle, Flags, PrintJobName) && cancelError)
+    if (!m_printer.show(m_owner, DialogTitle, Flags, PrintJobName) && CancelError)
         throw RuntimeError(ErrorNumber::DialogCancelled);
 }

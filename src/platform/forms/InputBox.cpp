@@ -1,7 +1,6 @@
 #include "InputBox.h"
 
 #include "Named.h"
-#include "OwnedDialog.h"
 #include "Paths.h"
 #include "PromptOwner.h"
 #include "ShownText.h"
@@ -63,8 +62,8 @@ QDialogButtonBox *InputDialog::buildButtons()
 
 QString InputBox(const QString &prompt, const QString &title, const QString &text)
 {
-    const OwnedDialog box(new InputDialog(prompt, text, promptOwner()));
+    const auto box = std::make_unique<InputDialog>(prompt, text, promptOwner());
     box->setObjectName(QStringLiteral("InputBox"));
     box->setWindowTitle(ShownText::line(title.isEmpty() ? Paths::applicationTitle : title));
-    return box->exec() == QDialog::Accepted && box ? box->text() : QString();
+    return box->exec() == QDialog::Accepted ? box->text() : QString();
 }

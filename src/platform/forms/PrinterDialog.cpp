@@ -1,7 +1,6 @@
 #include "PrinterDialog.h"
 
 #include "CommonDialog.h"
-#include "OwnedDialog.h"
 #include "PageSetupFields.h"
 
 #include <QDir>
@@ -32,12 +31,11 @@ void setLayout(QPrinter &printer, const QPageLayout &layout)
 
 bool showPageSetup(QWidget *owner, const QString &title, QPrinter &printer)
 {
-    const OwnedDialog<QPageSetupDialog> shown(new QPageSetupDialog(&printer, owner));
+    const std::unique_ptr<QPageSetupDialog> shown(new QPageSetupDialog(&printer, owner));
     shown->setObjectName(QStringLiteral("PageSetupDialog"));
     shown->setWindowTitle(title);
     PageSetupFields::show(printer.pageLayout(), *shown);
-    // Not the class's own exec(), which uses the dialog once more when its owner took it along.
-    if (shown->QDialog::exec() != QDialog::Accepted)
+    if (shown->exec() != QDialog::Accepted)
         return false;
     setLayout(printer, PageSetupFields::layout(*shown));
     return true;
@@ -62,7 +60,7 @@ const QDialog *acceptedProperties(const QPrintDialog &dialog)
 
 bool showPrint(QWidget *owner, const QString &title, int flags, QPrinter &printer)
 {
-    const OwnedDialog<QPrintDialog> shown(new QPrintDialog(&printer, owner));
+    const std::unique_ptr<QPrintDialog> shown(new QPrintDialog(&printer, owner));
     shown->setObjectName(QStringLiteral("PrintDialog"));
     shown->setWindowTitle(title);
     shown->setOption(QAbstractPrintDialog::PrintSelection, !(flags & CommonDialog::NoSelection));
@@ -81,24 +79,23 @@ bool showPrint(QWidget *owner, const QString &title, int flags, QPrinter &printe
 
 } // namespace
 
-std::shared_ptr<QPrinter> PrinterDialog::printer()
+QPrinter &PrinterDialog::printer()
 {
     if (!m_printer)
-        m_printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
-    return m_printer;
+        m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    return *m_printer;
 }
 
 bool PrinterDialog::show(QWidget *owner, const QString &title, int flags, const QString &jobName)
 {
-    // The owner, and this with it, may go while a dialog is up.
-    const std::shared_ptr<QPrinter> printer = this->printer();
+    QPrinter &chosen = printer();
     m_isChosen = false;
     if (flags & CommonDialog::PrintSetup)
-        return showPageSetup(owner, title, *printer);
-    printer->setDocName(jobName);
-    if (printer->outputFormat() == QPrinter::PdfFormat)
-        printer->setOutputFileName(fileFor(jobName));
-    if (!showPrint(owner, title, flags, *printer))
+        return showPageSetup(owner, title, chosen);
+    chosen.setDocName(jobName);
+    if (chosen.outputFormat() == QPrinter::PdfFormat)
+        chosen.setOutputFileName(fileFor(jobName));
+    if (!showPrint(owner, title, flags, chosen))
         return false;
     m_isChosen = flags & CommonDialog::ReturnDevice;
     return true;

@@ -21,8 +21,8 @@ public:
     QPrinter *device() const { return m_isChosen ? m_printer.get() : nullptr; }
 
 private:
-    std::shared_ptr<QPrinter> printer();
+    QPrinter &printer();
 
-    std::shared_ptr<QPrinter> m_printer; ///< none before the first use
+    std::unique_ptr<QPrinter> m_printer; ///< none before the first use
     bool m_isChosen = false;
 };

@@ -8,7 +8,7 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QMessageBox>
-#include <QPointer>
+#include <memory>
 
 namespace {
 
@@ -102,9 +102,8 @@ void fitTitle(QMessageBox &box)
     grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
-/// Shows \a box and deletes it, unless its owner went first. Returns the button pressed, the last one for a
-/// box that went with its owner.
-int ask(QPointer<QMessageBox> box, const QString &text, MsgBoxStyle style, const QString &title)
+/// Shows \a box and returns the button pressed.
+int ask(std::unique_ptr<QMessageBox> box, const QString &text, MsgBoxStyle style, const QString &title)
 {
     box->setObjectName(QStringLiteral("MsgBox"));
     box->setWindowTitle(title.isEmpty() ? Paths::applicationTitle : title);
@@ -113,18 +112,14 @@ int ask(QPointer<QMessageBox> box, const QString &text, MsgBoxStyle style, const
     box->setIcon(iconOf(style));
     addButtons(*box, style);
     fitTitle(*box);
-    const int button = box->exec();
-    if (!box)
-        return buttonsOf(style).last();
-    delete box;
-    return button;
+    return box->exec();
 }
 
 } // namespace
 
 int MsgBox(const QString &text, MsgBoxStyle style, const QString &title)
 {
-    QMessageBox *box =
-        has(style, MsgBoxStyle::YesNo) ? new YesNoBox(promptOwner()) : new QMessageBox(promptOwner());
-    return replyOf(ask(box, text, style, title));
+    std::unique_ptr<QMessageBox> box(has(style, MsgBoxStyle::YesNo) ? new YesNoBox(promptOwner())
+                                                                    : new QMessageBox(promptOwner()));
+    return replyOf(ask(std::move(box), text, style, title));
 }

@@ -87,8 +87,8 @@ QImage treeWith(const QString &text)
 
 TEST_P(HostileNameTest, ControlsAndTurnsOfDirectionBecomeMarks)
 {
-    EXPECT_EQ(shownText(stored), shown);
-    EXPECT_EQ(shownText(shown), shown);
+    EXPECT_EQ(ShownText::line(stored), shown);
+    EXPECT_EQ(ShownText::line(shown), shown);
 }
 
 TEST_P(HostileNameTest, IsShownRawOnOneLine)

@@ -1,7 +1,9 @@
 #include "CommonDialog.h"
 #include "DialogDriver.h"
 #include "ErrorNumberOf.h"
+#include "EventGate.h"
 #include "Files.h"
+#include "Form.h"
 #include "HostileNames.h"
 #include "PrintQt.h"
 #include "ScratchHome.h"
@@ -9,6 +11,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QPointer>
 #include <QTest>
 #include <QTreeView>
 #include <gtest/gtest.h>
@@ -219,11 +222,20 @@ TEST_F(CommonDialogTest, KeepsItsSettingsFromOneShowingToTheNext)
     EXPECT_EQ(dialog.FileName, home.file(QStringLiteral("one.rtf")));
 }
 
-TEST_F(CommonDialogTest, OutlivesItsOwner)
+TEST_F(CommonDialogTest, AWindowUnloadedWhileItsDialogIsUpLivesUntilItsHandlerReturns)
 {
-    auto *owner = new QWidget;
-    CommonDialog owned(owner);
-    owned.CancelError = true;
-    dialogs.expectWindow<QFileDialog>(QStringLiteral("FileDialog"), [&](QFileDialog &) { delete owner; });
-    EXPECT_EQ(errorNumberOf([&] { owned.ShowSave(); }), ErrorNumber::DialogCancelled);
+    QPointer<Form> owner = new Form(QStringLiteral("frmOwner"));
+    owner->showModeless();
+    dialogs.expectWindow<QFileDialog>(QStringLiteral("FileDialog"), [&](QFileDialog &shown) {
+        owner->unload();
+        shown.reject();
+    });
+    run([&] {
+        CommonDialog owned(owner);
+        owned.CancelError = true;
+        EXPECT_EQ(errorNumberOf([&] { owned.ShowSave(); }), ErrorNumber::DialogCancelled);
+        EXPECT_TRUE(owner);
+    });
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(owner);
 }

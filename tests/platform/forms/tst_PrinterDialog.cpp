@@ -207,23 +207,3 @@ TEST_F(PrinterDialogTest, ACancelledPageSetupChangesNothing)
     ASSERT_NE(dialog.hDC(), nullptr);
     EXPECT_EQ(dialog.hDC()->pageLayout().orientation(), QPageLayout::Portrait);
 }
-
-TEST_F(PrinterDialogTest, OutlivesItsOwner)
-{
-    for (const int flags : {printFlags, int(CommonDialog::PrintSetup)}) {
-        auto *owner = new QWidget;
-        auto owned = std::make_unique<CommonDialog>(owner);
-        owned->Flags = flags;
-        owned->CancelError = true;
-        const auto end = [&](QDialog &) {
-            owned.reset();
-            delete owner;
-        };
-        if (flags == printFlags)
-            expectPrint(end);
-        else
-            dialogs.expectWindow<QPageSetupDialog>(QStringLiteral("PageSetupDialog"), end);
-        CommonDialog &shown = *owned;
-        EXPECT_EQ(errorNumberOf([&] { shown.ShowPrinter(); }), ErrorNumber::DialogCancelled);
-    }
-}

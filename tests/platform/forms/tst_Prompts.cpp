@@ -179,15 +179,3 @@ TEST_F(MsgBoxTest, ReturnTakesTheDefault)
     EXPECT_EQ(replyTo(MsgBoxStyle::YesNo, [](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Return); }),
               MsgBoxReply::Yes);
 }
-
-TEST_F(MsgBoxTest, OutlivesItsOwner)
-{
-    auto *owner = new QWidget;
-    owner->show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(owner));
-    EXPECT_EQ(replyTo(MsgBoxStyle::YesNo, [&](QMessageBox &) { delete owner; }), MsgBoxReply::No);
-    owner = new QWidget;
-    owner->show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(owner));
-    EXPECT_EQ(replyTo(MsgBoxStyle::OkCancel, [&](QMessageBox &) { delete owner; }), MsgBoxReply::Cancel);
-}

@@ -298,7 +298,7 @@ void TypingLayout::layOutAtOnce(int from, int removed, int added)
 
 void TypingLayout::timerEvent(QTimerEvent *event)
 {
-    catchUp(); // Qt continues where it was
+    run([&] { catchUp(); }); // Qt continues where it was
     QTextDocumentLayout::timerEvent(event);
 }
 
