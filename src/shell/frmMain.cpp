@@ -70,6 +70,7 @@ frmMain::frmMain()
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Tallowick - Quill-Office Tools"));
+    setContextMenuPolicy(Qt::NoContextMenu); // Qt's own would hide the toolbar behind the View menu's back
     buildMenus();
     buildToolBar();
     m_statusBar->setObjectName(QStringLiteral("sbStatusBar"));

@@ -56,6 +56,11 @@ struct GCommonDialogTest : testing::Test
     }
 };
 
+QString shownFilter(const QFileDialog &dialog)
+{
+    return dialog.findChild<QComboBox *>(QStringLiteral("fileTypeCombo"))->currentText();
+}
+
 /// Notes what it hears of, and refuses \a refusals times.
 struct NotingHook : DialogHook
 {
@@ -130,7 +135,7 @@ TEST_F(GCommonDialogTest, TheChosenFilterComesBack)
 {
     made("one.zip");
     onDialog([](QFileDialog &dialog) {
-        EXPECT_EQ(dialog.selectedNameFilter(), QStringLiteral("Zip Files (*.ZIP) (*.ZIP)"));
+        EXPECT_EQ(shownFilter(dialog), QStringLiteral("Zip Files (*.ZIP)"));
         chooseNextFilter(dialog);
         take(dialog, QStringLiteral("one.zip"));
     });
@@ -142,7 +147,7 @@ TEST_F(GCommonDialogTest, AFilterIndexOutsideShowsTheFirst)
 {
     open.FilterIndex = 7;
     onDialog([](QFileDialog &dialog) {
-        EXPECT_EQ(dialog.selectedNameFilter(), QStringLiteral("Zip Files (*.ZIP) (*.ZIP)"));
+        EXPECT_EQ(shownFilter(dialog), QStringLiteral("Zip Files (*.ZIP)"));
         dialog.reject();
     });
     EXPECT_FALSE(common.VBGetOpenFileName(open));

@@ -9,6 +9,8 @@
 #include "Toolbar.h"
 #include "mMain.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenuBar>
@@ -175,6 +177,14 @@ TEST_F(FrameTest, TheViewItemsShowAndHideTheBars)
     suite.choose("mnuViewToolbar");
     EXPECT_FALSE(suite.frame().tbToolBar().isVisible());
     EXPECT_FALSE(suite.item("mnuViewToolbar").isChecked());
+}
+
+TEST_F(FrameTest, NoContextMenuHidesTheToolbarBesideTheViewMenu)
+{
+    QWidget *bar = suite.frame().findChild<QStatusBar *>(QStringLiteral("sbStatusBar"));
+    QContextMenuEvent asked(QContextMenuEvent::Mouse, QPoint(5, 5), bar->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(bar, &asked);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
 }
 
 TEST_F(FrameTest, TheStatusBarReadsReady)

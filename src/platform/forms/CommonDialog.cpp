@@ -11,6 +11,7 @@
 
 #include <QCheckBox>
 #include <QColorDialog>
+#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -32,9 +33,12 @@ QString folderFor(const QString &initDir)
     return initDir.isEmpty() ? QString() : Paths::native(initDir);
 }
 
-/// The index of the filter that \a dialog shows, from 1.
+/// The index of the filter that \a dialog shows, from 1. Where the dialog is Qt's own its list knows; the
+/// dialog itself gives the text without the patterns.
 int filterIndex(const QFileDialog &dialog)
 {
+    if (const auto *filters = dialog.findChild<QComboBox *>(QStringLiteral("fileTypeCombo")))
+        return filters->currentIndex() + 1;
     return int(dialog.nameFilters().indexOf(dialog.selectedNameFilter())) + 1;
 }
 
