@@ -8,8 +8,9 @@
 
 using namespace std::chrono_literals;
 
-RecoveryKeeper::RecoveryKeeper(const RichTextBox &text, const Form &window)
-    : m_text(text)
+RecoveryKeeper::RecoveryKeeper(const RichTextBox &text, Form &window)
+    : QObject(&window)
+    , m_text(text)
     , m_window(window)
     , m_timer(this)
 {

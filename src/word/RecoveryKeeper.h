@@ -18,8 +18,8 @@ class RichTextBox;
 class RecoveryKeeper : public QObject
 {
 public:
-    /// \a window has the text's caption.
-    RecoveryKeeper(const RichTextBox &text, const Form &window);
+    /// \a window owns this and has the text's caption.
+    RecoveryKeeper(const RichTextBox &text, Form &window);
     ~RecoveryKeeper() override;
 
     void changed();

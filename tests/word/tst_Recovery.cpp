@@ -164,7 +164,6 @@ TEST_F(RecoveryTest, TheErrorBoxFindsEverythingKept)
     EventGate::setBox([&](int, const QString &) {
         copies = QDir(RecoveryFolder::path()).entryList({QStringLiteral("copy-??????")}, QDir::Files).size();
     });
-    suite.fatal.expectEnd(EXIT_FAILURE);
     EventGate::fail(ErrorNumber::TypeMismatch, {});
     EXPECT_EQ(copies, 2);
 }
@@ -234,11 +233,14 @@ TEST_F(RecoveryTest, RecoveredDocumentsCountAsChanged)
 
 TEST_F(RecoveryTest, AnEmptyRecoveredDocumentAsksToo)
 {
-    leaveBehind(QStringLiteral("/home/me/emptied.rtf"), {});
+    ASSERT_TRUE(RecoveryFolder::makeCopy()->write(
+        {QStringLiteral("/home/me/emptied.rtf"), PlainText::LineEnd::Lf, suite.text().TextRTF()}));
     restart();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&suite.frame()));
     freshDocument = true; // as File, New leaves it
     suite.text().clearFocus();
     suite.text().setFocus();
+    ASSERT_FALSE(freshDocument); // a change is not known any more
     suite.dialogs
         .expectBox(QStringLiteral("Save Changes?..."), QStringLiteral("Save Changes to /home/me/emptied.rtf"))
         .press(QMessageBox::No);

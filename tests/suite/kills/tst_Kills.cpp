@@ -1,4 +1,5 @@
 #include "ForkedTask.h"
+#include "Form.h"
 #include "Paths.h"
 #include "RecoveryFolder.h"
 #include "RegistryFile.h"
@@ -13,7 +14,7 @@ namespace {
 
 constexpr int kills = 100;
 constexpr int patience = 60000; // milliseconds
-constexpr int lines = 2000;
+constexpr int lines = 300;
 constexpr int longestWait = 40; // milliseconds; some saves
 
 const QString settingsSection = QStringLiteral("Settings");
