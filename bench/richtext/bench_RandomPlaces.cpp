@@ -68,17 +68,23 @@ QByteArray document()
     return rich + "}";
 }
 
-bool isInTable(const QTextBlock &block)
+/// By the number of the paragraph: the cells, and what is beside a table.
+QHash<int, Kind> aroundTables(const QTextDocument &document)
 {
-    return block.isValid() && block.document()->frameAt(block.position()) != block.document()->rootFrame();
+    QHash<int, Kind> kinds;
+    for (const QTextFrame *table : document.rootFrame()->childFrames()) {
+        const int first = document.findBlock(table->firstPosition()).blockNumber();
+        const int last = document.findBlock(table->lastPosition()).blockNumber();
+        for (int number = first; number <= last; ++number)
+            kinds.insert(number, Cell);
+        kinds.insert(first - 1, BesideTable);
+        kinds.insert(last + 1, BesideTable);
+    }
+    return kinds;
 }
 
 Kind kindOf(const QTextBlock &block)
 {
-    if (isInTable(block))
-        return Cell;
-    if (isInTable(block.previous()) || isInTable(block.next()))
-        return BesideTable;
     if (block.textList())
         return List;
     if (block.text().contains(QChar::ObjectReplacementCharacter))
@@ -105,8 +111,11 @@ public:
         m_box.setTextRTF(document());
         const auto isLaidOut = [this] { return m_box.document()->lastBlock().layout()->lineCount() > 0; };
         (void)QTest::qWaitFor(isLaidOut, 60000);
-        for (QTextBlock block = m_box.document()->begin(); block.isValid(); block = block.next())
-            m_paragraphs[kindOf(block)].append(block.blockNumber());
+        const QHash<int, Kind> kinds = aroundTables(*m_box.document());
+        for (QTextBlock block = m_box.document()->begin(); block.isValid(); block = block.next()) {
+            const auto known = kinds.constFind(block.blockNumber());
+            m_paragraphs[known == kinds.cend() ? kindOf(block) : *known].append(block.blockNumber());
+        }
     }
 
     void typeAt(Kind kind, QRandomGenerator &random)
