@@ -15,7 +15,7 @@
 // Typing at places drawn at random in 10 MB of rich text: in text, lists, cells and headings, beside pictures
 // and tables.
 //
-//     QT_QPA_PLATFORM=offscreen bench_RandomPlaces [SEED]
+//     QT_QPA_PLATFORM=offscreen bench_RandomPlaces [SEED [PLACES]]
 //
 // Milliseconds of the process from the event to the end of the painting, so that a busy machine does not
 // count. Prints the median, the 99th percentile and the
@@ -23,7 +23,6 @@
 
 namespace {
 
-constexpr int places = 50;
 constexpr int keysEach = 20;
 constexpr int returnsEach = 2;
 
@@ -182,7 +181,8 @@ void printKinds(const char *what, const QList<Time> &times)
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    const quint32 seed = argc == 2 ? QByteArray(argv[1]).toUInt() : 1;
+    const quint32 seed = argc > 1 ? QByteArray(argv[1]).toUInt() : 1;
+    const int places = argc > 2 ? QByteArray(argv[2]).toInt() : 50;
     QRandomGenerator random(seed);
     Typist typist;
     typist.begin();

@@ -30,8 +30,10 @@ bool QuickLayout::isAvailable()
     return false;
 }
 
-void QuickLayout::install(QTextDocument &, QTextEdit &)
-{}
+void QuickLayout::install(QTextDocument &document, QTextEdit &)
+{
+    (void)document.documentLayout(); // Qt makes its own when it is first asked for
+}
 
 bool QuickLayout::isBehind(const QTextDocument &)
 {
