@@ -15,7 +15,7 @@
 // Typing at places drawn at random in 10 MB of rich text: in text, lists, cells and headings, beside pictures
 // and tables.
 //
-//     QT_QPA_PLATFORM=offscreen bench_RandomPlaces [SEED]
+//     QT_QPA_PLATFORM=offscreen bench_RandomPlaces [SEED [PLACES]]
 //
 // Milliseconds of the process from the event to the end of the painting, so that a busy machine does not
 // count. Prints the median, the 99th percentile and the
@@ -23,7 +23,6 @@
 
 namespace {
 
-constexpr int places = 50;
 constexpr int keysEach = 20;
 constexpr int returnsEach = 2;
 
@@ -68,17 +67,23 @@ QByteArray document()
     return rich + "}";
 }
 
-bool isInTable(const QTextBlock &block)
+/// By the number of the paragraph: the cells, and what is beside a table.
+QHash<int, Kind> aroundTables(const QTextDocument &document)
 {
-    return block.isValid() && block.document()->frameAt(block.position()) != block.document()->rootFrame();
+    QHash<int, Kind> kinds;
+    for (const QTextFrame *table : document.rootFrame()->childFrames()) {
+        const int first = document.findBlock(table->firstPosition()).blockNumber();
+        const int last = document.findBlock(table->lastPosition()).blockNumber();
+        for (int number = first; number <= last; ++number)
+            kinds.insert(number, Cell);
+        kinds.insert(first - 1, BesideTable);
+        kinds.insert(last + 1, BesideTable);
+    }
+    return kinds;
 }
 
 Kind kindOf(const QTextBlock &block)
 {
-    if (isInTable(block))
-        return Cell;
-    if (isInTable(block.previous()) || isInTable(block.next()))
-        return BesideTable;
     if (block.textList())
         return List;
     if (block.text().contains(QChar::ObjectReplacementCharacter))
@@ -105,8 +110,11 @@ public:
         m_box.setTextRTF(document());
         const auto isLaidOut = [this] { return m_box.document()->lastBlock().layout()->lineCount() > 0; };
         (void)QTest::qWaitFor(isLaidOut, 60000);
-        for (QTextBlock block = m_box.document()->begin(); block.isValid(); block = block.next())
-            m_paragraphs[kindOf(block)].append(block.blockNumber());
+        const QHash<int, Kind> kinds = aroundTables(*m_box.document());
+        for (QTextBlock block = m_box.document()->begin(); block.isValid(); block = block.next()) {
+            const auto known = kinds.constFind(block.blockNumber());
+            m_paragraphs[known == kinds.cend() ? kindOf(block) : *known].append(block.blockNumber());
+        }
     }
 
     void typeAt(Kind kind, QRandomGenerator &random)
@@ -173,7 +181,8 @@ void printKinds(const char *what, const QList<Time> &times)
 int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
-    const quint32 seed = argc == 2 ? QByteArray(argv[1]).toUInt() : 1;
+    const quint32 seed = argc > 1 ? QByteArray(argv[1]).toUInt() : 1;
+    const int places = argc > 2 ? QByteArray(argv[2]).toInt() : 50;
     QRandomGenerator random(seed);
     Typist typist;
     typist.begin();

@@ -36,7 +36,7 @@ protected:
     {
         box.setTextRTF(RtfWriter::write(document));
         show();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }, longestWait));
         QTextDocument *copy = box.document()->clone(&plain);
         copy->clearUndoRedoStacks();
         plain.setPalette(box.palette());
@@ -45,7 +45,7 @@ protected:
         plain.show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&plain));
         copy->size(); // lays out all of it
-        ASSERT_TRUE(QTest::qWaitFor([&] { return haveSameRange(); }));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return haveSameRange(); }, longestWait));
     }
 
     QAbstractTextDocumentLayout &layout() { return *box.document()->documentLayout(); }
@@ -150,6 +150,7 @@ protected:
         EXPECT_FALSE(isBehind());
     }
 
+    static constexpr int longestWait = 60000; // milliseconds; of a busy machine
     QTextEdit plain;
 
 private:

@@ -14,8 +14,9 @@ protected:
     {
         box.setText((text + u'\n').repeated(paragraphs));
         show();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }, longestWait));
     }
+    static constexpr int longestWait = 60000; // milliseconds; of a busy machine
     bool isLaidOut() { return box.document()->lastBlock().layout()->lineCount() > 0; }
 
     /// Every paragraph is where Qt lays it out in a document of the same content.
@@ -135,11 +136,11 @@ TEST_F(LongDocument, AFormatOfEverythingLeavesTheViewWhereItIs)
     all.mergeCharFormat(italic);
     EXPECT_EQ(changes.size(), 1);
     EXPECT_EQ(bar.value(), place);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }, longestWait));
     EXPECT_EQ(bar.value(), place);
     expectPlainLayout();
     box.undo();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }, longestWait));
     expectPlainLayout();
 }
 
@@ -148,10 +149,10 @@ TEST_F(LongDocument, RemovingNearlyEverythingLaysOutTheRest)
     open(8000, QStringLiteral("Some words that make a paragraph"));
     select(20, int(box.Text().size()));
     box.setSelText(QStringLiteral("x"));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }, longestWait));
     expectPlainLayout();
     EXPECT_TRUE(QTest::qWaitFor([&] { return box.verticalScrollBar()->maximum() == 0; }));
     box.undo();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }, longestWait));
     expectPlainLayout();
 }

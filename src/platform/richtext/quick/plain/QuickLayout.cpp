@@ -8,19 +8,23 @@
 
 namespace {
 
-QTextBlock paragraphAt(const QTextDocument &document, double y)
+/// The table or frame of the page that holds \a position, or else the paragraph there: its first and its last
+/// position.
+std::pair<int, int> partAt(const QTextDocument &document, int position)
 {
-    return document.findBlock(document.documentLayout()->hitTest(QPointF(0, y), Qt::FuzzyHit));
-}
-
-/// The table or frame of the page that holds \a block; null when that is on the page itself.
-const QTextFrame *frameOnPage(const QTextBlock &block)
-{
-    const QTextFrame *page = block.document()->rootFrame();
-    const QTextFrame *frame = block.document()->frameAt(block.position());
+    const QTextFrame *page = document.rootFrame();
+    const QTextFrame *frame = document.frameAt(position);
     while (frame != page && frame->parentFrame() != page)
         frame = frame->parentFrame();
-    return frame == page ? nullptr : frame;
+    if (frame != page)
+        return {frame->firstPosition(), frame->lastPosition()};
+    const QTextBlock paragraph = document.findBlock(position);
+    return {paragraph.position(), paragraph.position() + paragraph.length() - 1};
+}
+
+int positionAt(const QTextDocument &document, double y)
+{
+    return qMax(0, document.documentLayout()->hitTest(QPointF(0, y), Qt::FuzzyHit));
 }
 
 } // namespace
@@ -30,8 +34,10 @@ bool QuickLayout::isAvailable()
     return false;
 }
 
-void QuickLayout::install(QTextDocument &, QTextEdit &)
-{}
+void QuickLayout::install(QTextDocument &document, QTextEdit &)
+{
+    (void)document.documentLayout(); // Qt makes its own when it is first asked for
+}
 
 bool QuickLayout::isBehind(const QTextDocument &)
 {
@@ -41,14 +47,12 @@ bool QuickLayout::isBehind(const QTextDocument &)
 void QuickLayout::catchUp(QTextDocument &)
 {}
 
-/// Cells beside each other end at several heights, so that the whole table counts as in view.
+/// A hit between two parts may give either, so that one more counts on each side.
 std::pair<int, int> QuickLayout::stretchInView(const QTextDocument &document, const QTextEdit &view)
 {
     const int top = view.verticalScrollBar()->value();
-    const QTextBlock first = paragraphAt(document, top);
-    const QTextBlock last = paragraphAt(document, top + view.viewport()->height());
-    const QTextFrame *startFrame = frameOnPage(first);
-    const QTextFrame *endFrame = frameOnPage(last);
-    return {startFrame ? startFrame->firstPosition() : first.position(),
-            endFrame ? endFrame->lastPosition() : last.position() + last.length() - 1};
+    const int first = partAt(document, positionAt(document, top)).first;
+    const int last = partAt(document, positionAt(document, top + view.viewport()->height())).second;
+    const int end = document.characterCount() - 1;
+    return {partAt(document, qMax(0, first - 1)).first, partAt(document, qMin(end, last + 1)).second};
 }
