@@ -64,7 +64,7 @@ QByteArray document()
     QByteArray rich = "{\\rtf1\\ansi{\\fonttbl{\\f0 Liberation Sans;}}\\f0\\fs20\n";
     for (int number = 1; rich.size() < size; ++number)
         rich += chapter(number);
-    return rich + "}";
+    return rich + "\\pard The end\\par}";
 }
 
 /// By the number of the paragraph: the cells, and what is beside a table.

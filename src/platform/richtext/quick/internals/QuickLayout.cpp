@@ -6,7 +6,7 @@ namespace {
 
 TypingLayout &layoutOf(const QTextDocument &document)
 {
-    return *qobject_cast<TypingLayout *>(document.documentLayout());
+    return *static_cast<TypingLayout *>(document.documentLayout()); // which install() has given it
 }
 
 } // namespace

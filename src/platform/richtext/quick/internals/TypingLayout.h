@@ -19,8 +19,6 @@ class QTextTable;
 /// once.
 class TypingLayout : public QTextDocumentLayout
 {
-    Q_OBJECT
-
 public:
     /// \a view is the one that shows the document.
     TypingLayout(QTextDocument &document, QTextEdit &view);
