@@ -229,7 +229,7 @@ TEST_F(Formatting, TheFontDialogHasTheColour)
         dialog.findChild<QPushButton *>(QStringLiteral("cmdColor"))->click();
         dialog.accept();
     });
-    suite.dialogs.expectWindow<QColorDialog>(QString(), [](QColorDialog &dialog) {
+    suite.dialogs.expectWindow<QColorDialog>(QStringLiteral("ColorDialog"), [](QColorDialog &dialog) {
         dialog.setCurrentColor(Qt::darkGreen);
         dialog.accept();
     });

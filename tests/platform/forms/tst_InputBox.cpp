@@ -92,11 +92,3 @@ TEST_F(InputBoxTest, ALongPromptStaysOnTheScreen)
         box.reject();
     });
 }
-
-TEST_F(InputBoxTest, OutlivesItsOwner)
-{
-    auto *owner = new QWidget;
-    owner->show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(owner));
-    EXPECT_EQ(answerTo([&](QDialog &) { delete owner; }), QString());
-}

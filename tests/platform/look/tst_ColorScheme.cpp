@@ -7,15 +7,13 @@
 
 TEST(ColorScheme, WithoutAPortalItIsLight)
 {
-    const PrivateBus bus;
-    ASSERT_TRUE(bus.isRunning());
+    ASSERT_TRUE(PrivateBus::isRunning());
     EXPECT_FALSE(ColorScheme(nullptr).prefersDark());
 }
 
 TEST(ColorScheme, ThePortalTellsAndTurns)
 {
-    const PrivateBus bus;
-    ASSERT_TRUE(bus.isRunning());
+    ASSERT_TRUE(PrivateBus::isRunning());
     StandInPortal portal(1);
     ColorScheme scheme(nullptr);
     EXPECT_TRUE(scheme.prefersDark());
@@ -28,8 +26,7 @@ TEST(ColorScheme, ThePortalTellsAndTurns)
 
 TEST(ColorScheme, NoPreferenceIsLight)
 {
-    const PrivateBus bus;
-    ASSERT_TRUE(bus.isRunning());
+    ASSERT_TRUE(PrivateBus::isRunning());
     const StandInPortal portal(0);
     EXPECT_FALSE(ColorScheme(nullptr).prefersDark());
 }
