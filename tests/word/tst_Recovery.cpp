@@ -2,6 +2,7 @@
 #include "EventGate.h"
 #include "Files.h"
 #include "Forms.h"
+#include "FullDisk.h"
 #include "Globals.h"
 #include "RecoveryFolder.h"
 #include "RunningSuite.h"
@@ -124,6 +125,20 @@ TEST_F(RecoveryTest, ASavedDocumentIsKeptNoLonger)
     EXPECT_TRUE(kept().contains("letter.rtf"));
     suite.choose("mnusaveonly");
     EXPECT_TRUE(allFiles().isEmpty());
+}
+
+TEST_F(RecoveryTest, AWriteThatFailedIsMadeUpForAtTheEnd)
+{
+    hurry();
+    suite.type(QStringLiteral("words"));
+    {
+        const FullDisk disk(0);
+        ASSERT_TRUE(QSignalSpy(&timer(), &QTimer::timeout).wait()); // the write that begins now fails
+    }
+    EXPECT_FALSE(kept().contains("words"));
+    suite.fatal.expectEnd(EXIT_FAILURE);
+    EventGate::end(EXIT_FAILURE);
+    EXPECT_TRUE(kept().contains("words"));
 }
 
 TEST_F(RecoveryTest, ADocumentClosedUnsavedIsKeptNoLonger)
