@@ -2,7 +2,7 @@
 
 #include <QProcess>
 
-/// A session bus of the test's own, taken for the session's until it goes.
+/// A session bus of the test's own, used as the session's as long as this exists.
 class PrivateBus
 {
 public:

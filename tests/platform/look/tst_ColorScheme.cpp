@@ -12,7 +12,7 @@ TEST(ColorScheme, WithoutAPortalItIsLight)
     EXPECT_FALSE(ColorScheme(nullptr).prefersDark());
 }
 
-TEST(ColorScheme, ThePortalTellsAndTurns)
+TEST(ColorScheme, FollowsThePortal)
 {
     const PrivateBus bus;
     ASSERT_TRUE(bus.isRunning());
@@ -22,7 +22,7 @@ TEST(ColorScheme, ThePortalTellsAndTurns)
     QSignalSpy turns(&scheme, &ColorScheme::changed);
     portal.turnTo(2);
     ASSERT_TRUE(turns.wait());
-    ASSERT_EQ(turns.size(), 1); // other settings are not its business
+    ASSERT_EQ(turns.size(), 1); // other settings are ignored
     EXPECT_FALSE(turns[0][0].toBool());
 }
 
