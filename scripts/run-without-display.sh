@@ -1,6 +1,6 @@
 #!/bin/sh
 # run-without-display.sh PROGRAM PICTURE
-# Starts PROGRAM on a virtual display, keeps a picture of its frame and ends it again: nobody could use it there.
+# Starts PROGRAM on a virtual display, keeps a picture of its frame and ends it again, since no user could reach it there.
 set -eu
 if [ -z "${DISPLAY:-}" ]; then
     echo "No display: starting on a virtual one."

@@ -109,12 +109,12 @@ def measure(name, command, painted=False):
 def main():
     keeper = display.Display()  # without a client the virtual display starts over between two runs
     suite = measure("suite", [os.path.abspath(sys.argv[1])], painted=True)
-    for peer in ("abiword", "focuswriter"):
-        if shutil.which(peer):
-            other = measure(peer, [peer])
-            print(f"{'':12} suite painted takes {suite / other:.2f} of {peer}'s first window")
+    for program in ("abiword", "focuswriter"):
+        if shutil.which(program):
+            other = measure(program, [program])
+            print(f"{'':12} suite painted takes {suite / other:.2f} of {program}'s first window")
         else:
-            print(f"{peer}: not installed")
+            print(f"{program}: not installed")
     keeper.close()
 
 

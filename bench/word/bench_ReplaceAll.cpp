@@ -11,7 +11,7 @@
 #include <cstdio>
 
 // Replaces every "harvest" of a file by "gathering" and undoes it, for bench_replace_all.py, which makes the
-// file and prints what this measures beside its peer.
+// file and prints what this measures beside the reference program.
 //
 //     QT_QPA_PLATFORM=offscreen bench_ReplaceAll FILE
 

@@ -3,7 +3,7 @@
 
 100,000 hits in 10 MB of text with runs of several looks, the same file for both. Printed are the median times from
 the command to the painted page, our undo, and our memory while replacing as a multiple of that before; then the
-peer's times as multiples of ours: of its command Replace All, and of the bare call of its scripting interface, which
+reference program's times as multiples of ours: of its command Replace All, and of the bare call of its scripting interface, which
 shows nothing on a page. It keeps no undo of so many hits. Needs libreoffice-writer and python3-uno.
 """
 
@@ -18,7 +18,7 @@ import time
 PARAGRAPHS = 100_000
 LOOKS = ("{text}", r"{{\b {text}}}", r"{{\cf1\i {text}}}", r"{{\f1\fs24 {text}}}")
 WORDS = "garden spade water seed shade radish tulip long basket rose letter early morning north south bed".split()
-WHOLE_TEXT, MATCH_CASE = 0x10000, 0x400  # as the peer records them in a macro
+WHOLE_TEXT, MATCH_CASE = 0x10000, 0x400  # as the reference program records them in a macro
 PIPE = "quill_bench_replace_all"
 
 
@@ -85,8 +85,8 @@ def replace_by_call(_, document):
     return timed(lambda: document.replaceAll(search))
 
 
-def peer(file, folder, replace):
-    """Milliseconds that the peer takes for it."""
+def reference(file, folder, replace):
+    """Milliseconds that the reference program takes for it."""
     import uno
     office = subprocess.Popen(["soffice", "--headless", "--norestore", f"-env:UserInstallation=file://{folder}/profile",
                                f"--accept=pipe,name={PIPE};urp;"], stderr=subprocess.DEVNULL, start_new_session=True)
@@ -96,7 +96,7 @@ def peer(file, folder, replace):
         document = desktop.loadComponentFromURL(uno.systemPathToFileUrl(file), "_blank", 0, ())
         time_taken = replace(context, document)
         if document.Text.String.count("gathering") != PARAGRAPHS:
-            raise SystemExit("the peer has not replaced everything")
+            raise SystemExit("the reference program has not replaced everything")
     finally:
         os.killpg(office.pid, signal.SIGKILL)
         office.wait()
@@ -106,7 +106,7 @@ def peer(file, folder, replace):
 def main():
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("program", help="bench_ReplaceAll of a release build")
-    parser.add_argument("--runs", type=int, default=5, help="of our own program; the peer runs once")
+    parser.add_argument("--runs", type=int, default=5, help="of our own program; the reference program runs once")
     arguments = parser.parse_args()
     with tempfile.TemporaryDirectory() as folder:
         file = os.path.join(folder, "document.rtf")
@@ -117,8 +117,8 @@ def main():
         print(f"  replace all         {median['replacing']:8.0f} ms")
         print(f"  undo of it          {median['undoing']:8.0f} ms")
         print(f"  memory while at it  {median['memory']:8.2f} x that before", flush=True)
-        for name, replace in (("the peer's command", replace_by_command), ("its bare call", replace_by_call)):
-            taken = peer(file, folder, replace)
+        for name, replace in (("reference command", replace_by_command), ("reference call", replace_by_call)):
+            taken = reference(file, folder, replace)
             print(f"  {name:19} {taken:8.0f} ms   {taken / median['replacing']:8.1f} x ours", flush=True)
 
 

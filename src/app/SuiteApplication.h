@@ -2,8 +2,8 @@
 
 #include <QApplication>
 
-/// The application object. It is the net under the event gate: an exception that came past every handler's
-/// own gate ends in the default error box all the same.
+/// The application object. It backs up the event gate: an exception that no gate caught still ends in the
+/// default error box.
 class SuiteApplication : public QApplication
 {
 public:

@@ -50,9 +50,9 @@ void Calculator::enterDecimalPoint()
 {
     const QString text = m_display.text();
     if (m_state.DecimalPointState == DecimalPoint::Used) {
-        m_display.tellSecondPoint();
+        m_display.showSecondPointBox();
     } else if (text.isEmpty()) {
-        m_display.setText(QStringLiteral("0.")); // the point that starts a number is not counted
+        m_display.setText(QStringLiteral("0.")); // Intended: this point does not count as used
     } else {
         m_display.setText(text + u'.');
         m_state.DecimalPointState = DecimalPoint::Used;
@@ -61,6 +61,7 @@ void Calculator::enterDecimalPoint()
 
 void Calculator::press(Operation key)
 {
+    // Intended: the result that is shown may have a point already, and the next digits are appended to it.
     m_state.DecimalPointState = DecimalPoint::NotUsed;
     switch (key) {
     case Operation::Equals:
@@ -94,6 +95,7 @@ void Calculator::pressPercent()
 {
     readOperand();
     m_state.PercentBase = m_state.LastOperation;
+    // Intended: the next operation key computes the percentage once more, from the result that is shown.
     m_state.LastOperation = Operation::Percent;
     Calculate(Operation::Percent);
 }
@@ -127,7 +129,7 @@ void Calculator::Calculate(Operation operation)
     try {
         compute(operation);
     } catch (const RuntimeError &error) {
-        m_display.tellCalculationError(error);
+        m_display.showCalculationErrorBox(error);
     }
 }
 
@@ -154,7 +156,7 @@ void Calculator::compute(Operation operation)
     case Operation::Percent:
         computePercent();
         break;
-    case Operation::Equals: // the total goes on into the next operation
+    case Operation::Equals: // Intended: a number entered after "=" is ignored
         break;
     }
 }
@@ -176,7 +178,7 @@ void Calculator::computePercent()
     case Operation::Divide:
         store(result / operand * 100);
         break;
-    default:
+    default: // Intended: without a base the field stays blank
         return;
     }
     roundAndShow();
@@ -192,6 +194,7 @@ void Calculator::store(const CheckedFloat &value)
 
 void Calculator::roundAndShow()
 {
+    // Intended: the adjustment becomes part of the total, so pressing "=" again may lower it again.
     m_state.Result += m_state.RoundingAdjustment;
     m_state.Result = Numbers::rounded(m_state.Result, m_state.Decimals);
     m_display.setText(Numbers::doubleText(m_state.Result));

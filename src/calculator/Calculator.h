@@ -19,7 +19,7 @@ public:
     void enterDigit(int digit);
     void enterDecimalPoint();
 
-    /// The action key of \a key. A float error is told by the display and leaves its infinity or
+    /// The action key of \a key. A float error is shown by the display and leaves its infinity or
     /// not-a-number as the Result. To round that at "=" throws RuntimeError 6: the field is blank then,
     /// everything else is done.
     void press(Operation key);

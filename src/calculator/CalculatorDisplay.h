@@ -4,7 +4,7 @@
 
 class RuntimeError;
 
-/// What a calculator shows and says.
+/// The output of a calculator: its field and its message boxes.
 class CalculatorDisplay
 {
 public:
@@ -14,6 +14,6 @@ public:
     virtual QString text() const = 0;
     virtual void setText(const QString &text) = 0;
 
-    virtual void tellSecondPoint() = 0;
-    virtual void tellCalculationError(const RuntimeError &error) = 0;
+    virtual void showSecondPointBox() = 0;
+    virtual void showCalculationErrorBox(const RuntimeError &error) = 0;
 };

@@ -25,7 +25,7 @@ constexpr double keyHeight = 1.7; // the same
 constexpr double keyFontScale = 1.25;
 constexpr double pointFontScale = 1.6; // over the keys' own: a dot is small
 constexpr double fieldFontScale = 1.9;
-constexpr double roominess = 1.2; // over what the layout needs
+constexpr double spaciousness = 1.2; // over what the layout needs
 
 constexpr ToolMenuRow menuRows[] = {
     StandardToolMenu::File,           StandardToolMenu::NewDocument,  StandardToolMenu::Close,
@@ -75,7 +75,7 @@ frmCalculator::frmCalculator()
 
 QSize frmCalculator::sizeHint() const
 {
-    return ChildForm::sizeHint() * roominess;
+    return ChildForm::sizeHint() * spaciousness;
 }
 
 void frmCalculator::buildField()
@@ -260,13 +260,13 @@ void frmCalculator::setText(const QString &text)
     txtresult->setText(text);
 }
 
-void frmCalculator::tellSecondPoint()
+void frmCalculator::showSecondPointBox()
 {
     Ask(QStringLiteral("You cannot have two decimal points in one number!"), MsgBoxStyle::Information,
         QStringLiteral("Decimal Point entry not accepted."));
 }
 
-void frmCalculator::tellCalculationError(const RuntimeError &error)
+void frmCalculator::showCalculationErrorBox(const RuntimeError &error)
 {
     Ask(QStringLiteral("An error has occurred, Error Number: %1 : %2")
             .arg(error.number())

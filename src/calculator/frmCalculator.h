@@ -13,7 +13,7 @@ class QListWidget;
 class QPushButton;
 class QRadioButton;
 
-/// The calculator's window: one field, its keys and the choice of rounding. Nothing outlives it.
+/// The calculator's window: one field, its keys and the choice of rounding. Nothing is stored.
 class frmCalculator : public ChildForm, private CalculatorDisplay
 {
     Q_OBJECT
@@ -37,8 +37,8 @@ private:
 
     QString text() const override;
     void setText(const QString &text) override;
-    void tellSecondPoint() override;
-    void tellCalculationError(const RuntimeError &error) override;
+    void showSecondPointBox() override;
+    void showCalculationErrorBox(const RuntimeError &error) override;
 
     static QPushButton *key(const ControlName &name, const QString &caption, const QString &spoken);
     static QFrame *frame(const char *name, const QString &spoken);

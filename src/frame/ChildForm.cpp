@@ -22,7 +22,7 @@ void ChildForm::showModeless()
 
 void ChildForm::dispose()
 {
-    // The frame's window around this one goes with it.
+    // The child area's window around this one is closed with it.
     if (QWidget *outer = parentWidget())
         outer->close();
     else

@@ -8,7 +8,7 @@ void ReportFatalError(int number, const QString &description);
 /// The box "System Error!"; a cancelled dialog (32755) shows nothing.
 void ReportRecoverableError(int number, const QString &description);
 
-/// Runs \a step and reports what it throws by ReportRecoverableError; execution then goes on behind it.
+/// Runs \a step and reports what it throws by ReportRecoverableError; the caller then continues.
 template<class Step>
 void resumeNext(Step &&step)
 {

@@ -12,7 +12,7 @@ extern MainFrame *mainFrame;
 /// 1 shows the splash at start, 0 does not.
 extern qint16 showSplash;
 
-/// A document has just been made or loaded: the next focus arrival in its text clears its dirty state.
+/// A document has just been made or loaded: the next time its text gets the focus its dirty state is cleared.
 extern bool freshDocument;
 
 /// The most recent message-box reply or launched-process identifier, as decimal text.

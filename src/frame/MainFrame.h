@@ -13,7 +13,8 @@ public:
 
     /// Opens a new document window, numbers it and shows it.
     virtual void LoadNewDoc() = 0;
-    /// Shows or hides the document commands by what is open. Called after a document has come or gone.
+    /// Shows or hides the document commands by what is open. Called after a document has been opened or
+    /// closed.
     virtual void checkForDocument() = 0;
     /// Unloads the frame, and with it the program.
     virtual void mnuFileExit_Click() = 0;

@@ -8,7 +8,7 @@
 class ChildForm;
 class QMenu;
 
-/// The items of the tool windows that lead back to the frame. A window's whole menu is one table of rows: its
+/// The menu items of the tool windows that call the frame. A window's whole menu is one table of rows: its
 /// own ones, which its command table binds, and the rows below, as they are or renamed().
 namespace StandardToolMenu {
 

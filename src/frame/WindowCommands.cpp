@@ -15,7 +15,7 @@ namespace {
     throw RuntimeError(ErrorNumber::NoSuchMember, {}, QString::fromLatin1(name));
 }
 
-/// A toolbar tells itself which of its buttons was clicked.
+/// A toolbar button is bound through the signal of its toolbar, which gives the key that was clicked.
 void bindKey(Toolbar &toolbar, const QString &key, QWidget &window, const std::function<void()> &run)
 {
     on(&toolbar, &Toolbar::ButtonClick, &window, [key, run](const QString &clicked) {

@@ -9,8 +9,10 @@ namespace EditCommands {
 void mnuEditUndo_Click();
 void mnuEditCut_Click();
 void mnuEditCopy_Click();
-/// Inserts the clipboard's plain text into the active document and then pastes into the focused control, so
-/// plain text comes twice. Ignores all errors.
+/// Inserts the clipboard's plain text into the active document and then pastes into the focused control.
+/// Ignores all errors.
+///
+/// Intended: where the document has the focus, plain text is pasted twice.
 void mnuEditPaste_Click(frmMain &frame);
 void mnupasteimage_Click();
 

@@ -112,7 +112,7 @@ void FileCommands::mnuFileSaveAs_Click()
     dialog.InitDir = Paths::appPath() + QStringLiteral("\\docs");
     dialog.DefaultExt = QStringLiteral("txt");
     dialog.Filter = QStringLiteral("Text Files (*.txt;*.bat;*.dat;*.log;*.ini)|*.txt;*.bat;*.dat;*.log;*.ini"
-                                   "|Al Files (*.*)|*.*");
+                                   "|Al Files (*.*)|*.*"); // Intended: "Al"
     saveAs(RichTextFile::Format::Text);
 }
 

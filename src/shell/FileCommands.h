@@ -15,7 +15,7 @@ public:
     void mnuFileNew_Click();
     void mnuFileOpen_Click();
     void mnuFileClose_Click();
-    /// Not trapped: a failure to save, or an active window without text, is an untrapped error.
+    /// Catches nothing: a failure to save, or an active window without text, ends the process.
     void SaveCurrentDocument();
     void mnuFileSave_Click();
     void mnuFileSaveAs_Click();

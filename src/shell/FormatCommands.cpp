@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int fullColorDialog = 3;     // start with the given colour, show the full dialog
+constexpr int fullColorDialog = 3;     // start with the current colour, show the full dialog
 constexpr int fullFontDialog = 164099; // screen and printer fonts, effects, scalable ones
 
 /// A mixed state has no value to hand over; the step fails as any other.
@@ -76,7 +76,7 @@ void FormatCommands::Align(int alignment)
     text().setSelAlignment(alignment);
 }
 
-// The dialogs open on a locked document too; what was chosen then goes nowhere.
+// The dialogs open on a locked document too; what was chosen is then ignored.
 
 void FormatCommands::FontColour()
 {

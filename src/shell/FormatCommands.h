@@ -4,7 +4,7 @@ class QString;
 class RichTextBox;
 class frmMain;
 
-/// The formatting buttons of the toolbar, which work on the selection of the active document. They trap
+/// The formatting buttons of the toolbar, which work on the selection of the active document. They catch
 /// nothing: the toolbar ignores what they throw. A locked document refuses them with RuntimeError 70.
 class FormatCommands
 {

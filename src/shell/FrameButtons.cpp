@@ -67,7 +67,7 @@ constexpr ToolbarMenuRow entries[] = {
     {"tools", "Component Services Config", "components", "plugins"},
     {"tools", "Edit Windows Start Up Options", "dwinstart", "system-run"},
     {"tools", "Group Policy Editor", "gpedit", "document-edit"},
-    {"tools", "Iinternet Options (IE)", "intopts", "preferences-system-network"},
+    {"tools", "Iinternet Options (IE)", "intopts", "preferences-system-network"}, // Intended: "Iinternet"
     {"tools", "Windows Security Centre", "securityctr", "security-high"},
     {"tools", nullptr, nullptr, nullptr},
     {"tools", "Clean Up Hard Disks", "ddiskclean", "edit-clear-all"},
@@ -151,7 +151,7 @@ constexpr Binding hints[] = {
     {"Print", "Print Options..."},
     {"QuillZip", "QuillZip Options..."},
     {"btnwinfo", "Network Info. Options..."},
-    {"tools", "Print Options..."},
+    {"tools", "Print Options..."}, // Intended: the title of the Print button's hint
 };
 
 std::optional<QString> textOf(const QString &key, std::span<const Binding> bindings)

@@ -20,7 +20,7 @@ std::optional<QString> hintTitle(const QString &key);
 
 /// The last button of the word-processing group, which begins at 1.
 inline constexpr int lastWordButton = 24;
-/// The first button of that group that goes when no document is open.
+/// The first button of that group that is hidden when no document is open.
 inline constexpr int firstDocumentButton = 3;
 
 } // namespace FrameButtons

@@ -5,7 +5,7 @@
 class frmMain;
 
 /// What the frame's commands run. A command is called by the name of its menu item; the few that only a
-/// button has go by the button's key or by what they do.
+/// button has are called by the button's key or by what they do.
 namespace FrameCommands {
 
 /// Runs \a name; a name without a command does nothing. What the command throws reaches the caller: the menu

@@ -2,8 +2,10 @@
 
 class frmMain;
 
-/// The print commands, which work on the active window. Each step's error is reported and the next step then
-/// runs: so a cancelled dialog comes to the printing all the same, and there finds no device.
+/// The print commands, which work on the active window.
+///
+/// Intended: each step's error is reported and the next step then runs. After a cancelled dialog the printing
+/// is still tried, and fails since there is no device.
 class PrintCommands
 {
 public:

@@ -137,7 +137,7 @@ void SystemShortcuts::run(const QString &item)
         lastAnswer = QString::number(*id);
 }
 
-void SystemShortcuts::greyMissing(QMenu &menu, QString (*itemOf)(const QAction &entry))
+void SystemShortcuts::disableMissing(QMenu &menu, QString (*itemOf)(const QAction &entry))
 {
     on(&menu, &QMenu::aboutToShow, &menu, [&menu, itemOf] {
         for (QAction *entry : menu.actions()) {

@@ -12,8 +12,8 @@ namespace SystemShortcuts {
 /// RuntimeError 53, unless the item only opens something.
 void run(const QString &item);
 
-/// Greys the items of \a menu whose tool the desktop has not got, anew each time the menu opens. \a itemOf
+/// Disables the items of \a menu whose tool is not installed, each time the menu opens. \a itemOf
 /// gives the name of an entry's menu item.
-void greyMissing(QMenu &menu, QString (*itemOf)(const QAction &entry));
+void disableMissing(QMenu &menu, QString (*itemOf)(const QAction &entry));
 
 } // namespace SystemShortcuts

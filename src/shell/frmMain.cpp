@@ -70,7 +70,8 @@ frmMain::frmMain()
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Tallowick - Quill-Office Tools"));
-    setContextMenuPolicy(Qt::NoContextMenu); // Qt's own would hide the toolbar behind the View menu's back
+    setContextMenuPolicy(
+        Qt::NoContextMenu); // Qt's own would hide the toolbar and leave the View menu checked
     buildMenus();
     buildToolBar();
     m_statusBar->setObjectName(QStringLiteral("sbStatusBar"));
@@ -98,8 +99,8 @@ void frmMain::buildMenus()
             on(&menuItem(name), &QAction::triggered, this, [this, name] { FrameCommands::run(name, *this); });
     }
     for (const char *name : {"mnuTools", "info"}) {
-        SystemShortcuts::greyMissing(*menuItem(QString::fromLatin1(name)).menu(),
-                                     [](const QAction &item) { return item.objectName(); });
+        SystemShortcuts::disableMissing(*menuItem(QString::fromLatin1(name)).menu(),
+                                        [](const QAction &item) { return item.objectName(); });
     }
     on(menuItem(QStringLiteral("mnuWindow")).menu(), &QMenu::aboutToShow, this, &frmMain::mnuWindow_Popup);
 }
@@ -111,7 +112,7 @@ void frmMain::buildToolBar()
     m_toolBar->setButtons(FrameButtons::rows());
     m_toolBar->setLists(FrameButtons::lists());
     for (const char *key : {"tools", "btnwinfo"}) {
-        SystemShortcuts::greyMissing(
+        SystemShortcuts::disableMissing(
             *m_toolBar->findChild<QToolButton *>(QString::fromLatin1(key))->menu(),
             [](const QAction &entry) { return FrameButtons::commandOf(entry.objectName()); });
     }
@@ -275,8 +276,8 @@ void frmMain::Timer1_Timer()
     const Form *active = ActiveForm();
     if (!active || active->Name() == m_lastChild)
         return;
-    // The last child is never noted, so this runs at each tick: a tool never keeps the word-processing
-    // buttons.
+    // Intended: m_lastChild is never set, so this runs at each tick, and a tool never keeps the
+    // word-processing buttons.
     m_toolBar->setButtonsVisible(1, FrameButtons::lastWordButton,
                                  active->Name() == QLatin1String("frmDocument"));
 }

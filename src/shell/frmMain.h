@@ -30,8 +30,8 @@ public:
     /// Restores the stored position and opens the first document. Throws RuntimeError 13 for a stored
     /// position that is no number.
     void load();
-    /// Opens what an earlier run left behind and says so in the status bar. Not before the frame is shown:
-    /// the windows are placed in its room.
+    /// Opens the recovery copies of an earlier run and says so in the status bar. Called once the frame is
+    /// shown, since the windows are placed in its child area.
     void openRecovered();
     /// Closes every child first, which may ask questions; then stores the position and ends the program.
     void unload();

@@ -5,7 +5,7 @@
 class QLabel;
 class QTimer;
 
-/// The picture at start-up, with the version on it. It goes by itself, by a click or by a key.
+/// The picture at start-up, with the version on it. It closes by itself, by a click or by a key.
 class frmSplash : public Form
 {
     Q_OBJECT

@@ -7,7 +7,7 @@ class QTextEdit;
 namespace CaretPlacing {
 
 /// Gives \a view the selection of \a cursor and scrolls to it. Where the text there has not been laid out the
-/// view stays as it is, since scrolling would lay out everything above at once.
+/// view stays as it is, since scrolling would compute the layout of everything above at once.
 void set(QTextEdit &view, const QTextCursor &cursor);
 
 } // namespace CaretPlacing

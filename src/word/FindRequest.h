@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// What the find dialog asks for, and what stands in it at that moment.
+/// What the find dialog asks for, and what its fields hold at that moment.
 struct FindRequest
 {
     int flags = 0; ///< bitwise OR of FindFlag

@@ -6,7 +6,7 @@ class QString;
 namespace LinkOpener {
 
 /// Hands \a target (an address with or without its scheme, or a mail address) to the desktop's default
-/// handler. Nothing is told when there is none.
+/// handler. Nothing happens when there is none.
 void open(const QString &target);
 
 } // namespace LinkOpener

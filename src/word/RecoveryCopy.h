@@ -8,7 +8,7 @@
 class RecoveryCopy
 {
 public:
-    /// Takes over \a path and its lock, if nobody else holds it.
+    /// Takes over \a path and its lock, if no other process holds it.
     explicit RecoveryCopy(const QString &path);
 
     const QString &path() const { return m_path; }

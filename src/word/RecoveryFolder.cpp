@@ -30,7 +30,7 @@ void makeFolder()
         ::mkdir(QFile::encodeName(folder).constData(), 0700);
 }
 
-/// Held while copies come or are looked for, so that nobody takes one that is just being made.
+/// Held while copies are made or looked for, so that no process takes one that is just being made.
 FileLock lockFolder()
 {
     return FileLock(RecoveryFolder::path() + QStringLiteral("/lock"));

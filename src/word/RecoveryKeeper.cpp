@@ -53,7 +53,7 @@ void RecoveryKeeper::adopt(std::unique_ptr<RecoveryCopy> copy)
     m_copy = std::move(copy);
 }
 
-/// Runs until what has been written is known to be there: a full disk may have room again.
+/// Runs until what has been written is known to be there: a full disk may have free space again.
 void RecoveryKeeper::Timer_Timer()
 {
     if (m_writing.isRunning()) {

@@ -23,7 +23,7 @@ public:
     ~RecoveryKeeper() override;
 
     void changed();
-    /// The text needs no copy any more: it has been saved, or given up.
+    /// The text needs no copy any more: it has been saved or discarded.
     void settled();
     /// The text is what \a copy holds.
     void adopt(std::unique_ptr<RecoveryCopy> copy);

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// The room before the first character and behind the last one separates words, too.
+/// The positions before the first character and behind the last one separate words, too.
 constexpr QChar textEdge = u' ';
 
 /// The loop: what is put in is searched, too. Texts are as they are compared, so in lower case unless the
@@ -47,8 +47,8 @@ private:
     ReplaceAllPlan::Steps m_steps;
 };
 
-/// The loop may also go on for ever, or nearly so, where the replacement merely gives rise to new hits. A
-/// hundred times round the text and what may come into it is more than any text of use asks for.
+/// The loop may also run for ever, or nearly so, where the replacement merely gives rise to new hits. No
+/// realistic text needs more than a hundred passes over itself and what is put in.
 void Loop::allow(qsizetype length)
 {
     constexpr int rounds = 100;
@@ -115,7 +115,7 @@ Loop::Pass Loop::passUp(QString &text, qsizetype from)
                     behind.isEmpty() ? textEdge : behind.back()))
             return Pass::Over;
         text.truncate(found);
-        text.append(m_replacement); // it lies before the caret
+        text.append(m_replacement); // it is before the caret
         hasReplaced = true;
     }
     std::reverse(behind.begin(), behind.end());

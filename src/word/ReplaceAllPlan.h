@@ -4,10 +4,10 @@
 #include <QString>
 #include <optional>
 
-/// Where a replace-all replaces. Told by itself it is a loop: replace the selection, read the text again,
-/// search, and so on until nothing is found. Here its steps are worked out in a few passes over one text.
+/// Where a replace-all replaces. It is defined as a loop: replace the selection, read the text again, search,
+/// and so on until nothing is found. Here the result of the loop is computed in a few passes over one text.
 ///
-/// Where the replacement holds what is searched for, the loop would go round for ever. Then each occurrence
+/// Where the replacement holds what is searched for, the loop would never end. Then each occurrence
 /// that was there from the start is replaced once, on the way round to where the run began.
 namespace ReplaceAllPlan {
 

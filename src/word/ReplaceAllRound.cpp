@@ -56,7 +56,7 @@ bool ReplaceAllRound::passDown(qsizetype from, qsizetype to)
     }
 }
 
-/// The hits before \a from, down to \a floor. What was replaced before lies ahead of them, and has moved
+/// The hits before \a from, down to \a floor. What was replaced before is ahead of them, and has moved
 /// them.
 bool ReplaceAllRound::passUp(qsizetype from, qsizetype floor)
 {
@@ -90,7 +90,7 @@ bool ReplaceAllRound::accept(qsizetype hit, qsizetype growth, QChar before, QCha
     return true;
 }
 
-/// The room before the first character and behind the last one separates words, too.
+/// The positions before the first character and behind the last one separate words, too.
 QChar ReplaceAllRound::at(qsizetype position) const
 {
     return position >= 0 && position < m_text.size() ? m_text.at(position) : u' ';

@@ -12,7 +12,7 @@ qsizetype findDown(const QString &text, int from, const QString &wanted)
     return found < 0 && from > 0 ? text.indexOf(wanted) : found;
 }
 
-/// The last one that lies wholly before \a end.
+/// The last one that ends at or before \a end.
 qsizetype lastBefore(const QString &text, qsizetype end, const QString &wanted)
 {
     const qsizetype from = qMin(end, text.size()) - wanted.size();

@@ -3,8 +3,8 @@
 #include <QString>
 #include <optional>
 
-/// The searches of find and replace, over a text alone. Positions lie between characters and count from 0,
-/// unless told otherwise.
+/// The searches of find and replace, over a text alone. Positions are between characters and count from 0,
+/// unless stated otherwise.
 namespace TextSearch {
 
 struct Hit
@@ -25,7 +25,8 @@ struct Word
 };
 
 /// The occurrence of \a wanted next to the selection from \a start to \a end, in the direction of \a flags
-/// (FindFlag). The search wraps once. A hit that is no whole word is told as refused, not passed over.
+/// (FindFlag). The search wraps once. Intended: a hit that is no whole word ends the search as refused; it is
+/// not skipped.
 std::optional<Hit> find(const QString &text, int start, int end, const QString &wanted, int flags);
 
 /// What a search begins with: the text selected from \a start to \a end, without outer blanks, or without a

@@ -147,13 +147,13 @@ clsFindandReplace::Outcome clsFindandReplace::findNext(const FindRequest &reques
     const auto hit = search(request);
     bool cancel = false;
     Q_EMIT FoundNext(hit.has_value(), hit ? hit->position : 0, request.findText, cancel);
-    return hit || cancel ? Outcome::Told : Outcome::NotFound;
+    return hit || cancel ? Outcome::Handled : Outcome::NotFound;
 }
 
 clsFindandReplace::Outcome clsFindandReplace::replace(const FindRequest &request)
 {
     if (!hasSelection())
-        return Outcome::Told;
+        return Outcome::Handled;
     bool cancel = false;
     Q_EMIT BeforeReplace(m_control->SelStart() + 1, request.findText, request.replaceText, cancel);
     if (!cancel)

@@ -17,7 +17,7 @@ class clsFindandReplace : public QObject
 
 public:
     explicit clsFindandReplace(QObject *parent = nullptr);
-    /// Closes an open dialog; nobody is told.
+    /// Closes an open dialog without emitting Terminated.
     ~clsFindandReplace() override;
 
     /// Opens the dialog over \a control with the word at the caret, and closes the one before. Returns false,
@@ -51,7 +51,7 @@ Q_SIGNALS:
     void CommandDone();
 
 private:
-    enum class Outcome { Told, NotFound, TextIsEmpty };
+    enum class Outcome { Handled, NotFound, TextIsEmpty };
 
     bool open(RichTextBox &control, bool replaces);
     QString takeWordAtCaret();

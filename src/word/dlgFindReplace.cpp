@@ -142,7 +142,8 @@ void dlgFindReplace::fill(const FindRequest &initial)
     QRadioButton *chosen = m_flags & FindFlag::Down ? optDown : optUp;
     QRadioButton *other = chosen == optDown ? optUp : optDown;
     chosen->setChecked(true);
-    other->setFocusPolicy(Qt::ClickFocus); // the Tab key goes to the chosen one, as it does after a click
+    other->setFocusPolicy(
+        Qt::ClickFocus); // the Tab key stops at the chosen one alone, as it does after a click
     txtFind->selectAll();
     txtFind->setFocus();
     txtFind_Change();

@@ -12,7 +12,7 @@ class QLineEdit;
 class QPushButton;
 class QRadioButton;
 
-/// The modeless dialog of find and replace. It tells what is asked for and knows nothing of any text; it
+/// The modeless dialog of find and replace. It emits what is asked for and knows nothing of any text; it
 /// deletes itself once it is closed.
 class dlgFindReplace : public QDialog
 {

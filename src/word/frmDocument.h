@@ -32,7 +32,7 @@ public:
     void DisableAutoURLDetection(RichTextBox &textControl);
 
     /// Takes the content and the caption of \a text and counts as changed; \a copy, which holds the same,
-    /// goes on being this document's.
+    /// stays this document's.
     void recover(const RecoveryText &text, std::unique_ptr<RecoveryCopy> copy);
 
     QSize sizeHint() const override;
@@ -61,7 +61,7 @@ private:
     void askToSave();
     /// Shows the save dialog until a file has been named and written.
     void saveActiveForm(RichTextFile::Format format);
-    /// Returns false when the file could not be written, so that another name can be given.
+    /// Returns false when the file could not be written, so that another name can be chosen.
     bool writeActiveForm(const QString &name, RichTextFile::Format format);
 
     RichTextBox *rtfTextBox;

@@ -126,7 +126,7 @@ void frmMargins::OKButton_Click()
     const int right = Numbers::toInteger(Text1[Right]->text());
     RichTextBox &document = text();
     if (Option1[WholeDocument]->isChecked()) {
-        document.setSelStart(1); // the first character's paragraph is reached through the selection's extent
+        document.setSelStart(1); // Intended: the selection begins behind the first character
         document.setSelLength(int(document.Text().size()));
     }
     if (!document.Locked()) {

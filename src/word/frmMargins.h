@@ -11,8 +11,9 @@ class QRadioButton;
 class RichTextBox;
 class UpDown;
 
-/// Left and right margin of the active document's current paragraph or of all. Its labels say millimetres,
-/// yet the numbers are the text's own unit, twips.
+/// Left and right margin of the active document's current paragraph or of all.
+///
+/// Intended: its labels say millimetres, but the numbers are twips, the text's own unit.
 class frmMargins : public Form
 {
     Q_OBJECT

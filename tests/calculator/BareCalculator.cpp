@@ -50,12 +50,12 @@ void BareCalculator::press(int key)
     }
 }
 
-void BareCalculator::tellSecondPoint()
+void BareCalculator::showSecondPointBox()
 {
     report(QStringLiteral("point"));
 }
 
-void BareCalculator::tellCalculationError(const RuntimeError &error)
+void BareCalculator::showCalculationErrorBox(const RuntimeError &error)
 {
     report(QStringLiteral("error %1").arg(error.number()));
 }

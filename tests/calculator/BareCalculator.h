@@ -6,7 +6,7 @@
 
 #include <QStringList>
 
-/// A calculator without a window, set up as the window's load does. What it says is kept: "point", "error
+/// A calculator without a window, set up as the window's load does. What it reports is kept: "point", "error
 /// 11", and "thrown 6" for what its keys throw.
 class BareCalculator : private CalculatorDisplay
 {
@@ -28,8 +28,8 @@ private:
 
     QString text() const override { return field; }
     void setText(const QString &text) override { field = text; }
-    void tellSecondPoint() override;
-    void tellCalculationError(const RuntimeError &error) override;
+    void showSecondPointBox() override;
+    void showCalculationErrorBox(const RuntimeError &error) override;
     void report(const QString &what);
 
     int m_row = 2;

@@ -68,7 +68,7 @@ TEST_P(CalculatorEdgeTest, ShowsAndReports)
 
 INSTANTIATE_TEST_SUITE_P(Cases, CalculatorEdgeTest, testing::ValuesIn(edgeCases()), nameOf<EdgeCase>);
 
-TEST_P(CalculatorStateTest, LeadsOn)
+TEST_P(CalculatorStateTest, ReachesTheExpectedState)
 {
     BareCalculator bare;
     bare.perform(QLatin1Char('u') + QString::fromLatin1(GetParam().before));

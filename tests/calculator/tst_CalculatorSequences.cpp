@@ -104,7 +104,7 @@ QString difference(const BareCalculator &bare, const ReferenceCalculator &refere
 
 } // namespace
 
-TEST(CalculatorSequencesTest, RandomKeysLeadWhereTheRulesLead)
+TEST(CalculatorSequencesTest, RandomKeysGiveTheReferenceResults)
 {
     std::set<QString> reported;
     int steps = 0;

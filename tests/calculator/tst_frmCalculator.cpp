@@ -126,7 +126,7 @@ TEST_F(CalculatorWindowTest, EveryControlHasAName)
     EXPECT_EQ(window.control<QPushButton>("cmdaction", 3).accessibleName(), QStringLiteral("Multiply"));
 }
 
-TEST_F(CalculatorWindowTest, TabLeadsAlongTheRows)
+TEST_F(CalculatorWindowTest, TabFollowsTheRows)
 {
     QStringList order;
     QTest::mouseClick(&window.control<QLineEdit>("txtresult"), Qt::LeftButton);
@@ -292,7 +292,7 @@ TEST_F(CalculatorWindowTest, ClosedAndOpenedAgainItIsFresh)
     }
 }
 
-TEST_F(CalculatorWindowTest, RandomKeysLeadWhereTheRulesLead)
+TEST_F(CalculatorWindowTest, RandomKeysGiveTheReferenceResults)
 {
     const QStringList texts = {QString(), QStringLiteral("12abc"), QStringLiteral("-7.5"),
                                QStringLiteral("1E+3"), QStringLiteral("1E300")};

@@ -14,7 +14,7 @@ namespace {
 
 } // namespace
 
-TEST(ErrorReports, ARecoverableErrorIsShownAndWorkGoesOn)
+TEST(ErrorReports, ARecoverableErrorIsShownAndWorkContinues)
 {
     DialogDriver dialogs;
     dialogs

@@ -42,7 +42,7 @@ private:
 struct StandardToolMenuTest : testing::Test
 {
     RunningSuite suite;
-    ToolWithMenu *tool = new ToolWithMenu; // goes with its own closing
+    ToolWithMenu *tool = new ToolWithMenu; // deleted when it is closed
     StandardToolMenuTest() { tool->showModeless(); }
 
     void choose(const char *name) const

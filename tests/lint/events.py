@@ -31,7 +31,7 @@ def end_of(code, start):
 
 
 def ungated(body):
-    """The body without what run() is given."""
+    """The body without the arguments of run()."""
     while gated := GATED.search(body):
         body = body[:gated.start()] + body[end_of(body, gated.end() - 1):]
     return body

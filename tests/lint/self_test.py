@@ -57,6 +57,54 @@ class Links(LintTest):
                            'word/CMakeLists.txt')
 
 
+class Excerpts(LintTest):
+    lint = 'excerpts.py'
+    source = 'class Tool\n{\npublic:\n    void go();\n\nprivate:\n    int m_count;\n};\n'
+
+    def setUp(self):
+        super().setUp()
+        self.guide_folder = self.root
+        self.root = self.root / 'src'
+        self.plant('tool/Tool.h', self.source)
+
+    def run_on(self, code, comment='<!-- src/tool/Tool.h -->\n'):
+        (self.guide_folder / 'CONTRIBUTING.md').write_text(f'# Guide\n\n{comment}```cpp\n{code}```\n', encoding='utf-8')
+        return self.run_lint()
+
+    def assert_passes(self, code, **arguments):
+        with self.subTest(code=code):
+            found = self.run_on(code, **arguments)
+            self.assertEqual((found.returncode, found.stdout), (0, ''), found.stderr)
+
+    def assert_refused(self, code, message, line=5, **arguments):
+        with self.subTest(code=code):
+            found = self.run_on(code, **arguments)
+            self.assertEqual(found.returncode, 1, found.stderr)
+            self.assertIn(f'CONTRIBUTING.md:{line}:', found.stdout)
+            self.assertIn(message, found.stdout)
+
+    def test_excerpts_pass(self):
+        self.assert_passes(self.source)
+        self.assert_passes('class Tool\n{\n...\n    int m_count;\n};\n')
+        self.assert_passes('    void go();\n    // ...\n};\n')
+
+    def test_other_lines_are_refused(self):
+        self.assert_refused('class Tool\n{\npublic:\n    int go();\n', 'not in src/tool/Tool.h')
+        self.assert_refused('class Tool\n    void go();\n', 'not in src/tool/Tool.h')
+        self.assert_refused('class Tool\n...\n    int m_number;\n', 'not in src/tool/Tool.h', line=7)
+        self.assert_refused('    int m_count;\n...\n    void go();\n', 'not in src/tool/Tool.h', line=7)
+
+    def test_a_block_names_a_file_that_exists(self):
+        self.assert_refused('int a;\n', 'names no file', line=4, comment='')
+        self.assert_refused('int a;\n', 'names no file', line=6, comment='<!-- src/tool/Tool.h -->\n\n')
+        self.assert_refused('int a;\n', 'src/tool/Gone.h does not exist', comment='<!-- src/tool/Gone.h -->\n')
+
+    def test_a_missing_guide_is_refused(self):
+        found = self.run_lint()
+        self.assertEqual(found.returncode, 1)
+        self.assertIn('CONTRIBUTING.md:1: is missing', found.stdout)
+
+
 class Connects(LintTest):
     lint = 'connects.py'
 

@@ -61,7 +61,7 @@ QString shownFilter(const QFileDialog &dialog)
     return dialog.findChild<QComboBox *>(QStringLiteral("fileTypeCombo"))->currentText();
 }
 
-/// Notes what it hears of, and refuses \a refusals times.
+/// Records its calls, and refuses \a refusals times.
 struct NotingHook : DialogHook
 {
     QStringList notes;
@@ -118,7 +118,7 @@ TEST_F(GCommonDialogTest, ACancelGivesFalseAndChangesNothing)
     EXPECT_EQ(common.ExtendedError(), 0);
 }
 
-TEST_F(GCommonDialogTest, ColonsMayStandForBarsInAFilter)
+TEST_F(GCommonDialogTest, ColonsMayReplaceBarsInAFilter)
 {
     made("one.zip");
     open.Filter = QStringLiteral("Zip Files (*.zip):*.zip:All Files (*.*):*.*");

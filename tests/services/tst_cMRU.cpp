@@ -77,7 +77,7 @@ TEST(cMRU, AddingTheNewestAgainChangesNothing)
     EXPECT_EQ(itemsOf(listOf(QStringLiteral("a b c c"))).join(u' '), QStringLiteral("c b a"));
 }
 
-TEST(cMRU, CaseTellsTextsApart)
+TEST(cMRU, TextsThatDifferInCaseAreDistinct)
 {
     EXPECT_EQ(itemsOf(listOf(QStringLiteral("a A"))).join(u' '), QStringLiteral("A a"));
 }
@@ -120,7 +120,7 @@ TEST(cMRU, AnIndexOutsideIsAnError)
     EXPECT_EQ(errorNumberOf([] { cMRU().item(1); }), 9);
 }
 
-TEST(cMRU, GoesAsASimpleModelDoes)
+TEST(cMRU, AgreesWithASimpleModel)
 {
     QRandomGenerator random(11);
     cMRU list;

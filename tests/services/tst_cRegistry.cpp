@@ -320,7 +320,7 @@ TEST_F(RegistryTest, AnAssociationWritesOnlyWhatWasAskedFor)
         EXPECT_EQ(classText(absent), QStringLiteral("none")) << absent;
 }
 
-TEST_F(RegistryTest, GivenTextsGoBeforeTheUsualOnes)
+TEST_F(RegistryTest, TheCallersTextsReplaceTheUsualOnes)
 {
     registry.CreateEXEAssociation({.exePath = QStringLiteral("/opt/quill"),
                                    .className = QStringLiteral("Q"),

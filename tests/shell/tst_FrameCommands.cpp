@@ -63,7 +63,7 @@ TEST_F(FrameCommandsTest, ThereIsNoHelpFileToSearch)
     suite.choose("mnuHelpSearchForHelpOn");
 }
 
-TEST_F(FrameCommandsTest, TellsThisComputersNameAndAddress)
+TEST_F(FrameCommandsTest, ShowsThisComputersNameAndAddress)
 {
     suite.choose("mnuFileClose"); // it needs no document
     const QString title = QStringLiteral("This Computer's Name....");

@@ -131,7 +131,7 @@ TEST(SystemShortcuts, ItemsWhoseToolIsMissingAreGreyWhileItIs)
     QMenu menu;
     for (const char *name : {"mnuDefrag", "mnuTskMgr", "mnuWinVer", "mnuOther"})
         menu.addAction(QStringLiteral("item"))->setObjectName(QString::fromLatin1(name));
-    SystemShortcuts::greyMissing(menu, [](const QAction &entry) { return entry.objectName(); });
+    SystemShortcuts::disableMissing(menu, [](const QAction &entry) { return entry.objectName(); });
     const auto enabled = [&] {
         Q_EMIT menu.aboutToShow();
         QList<bool> states;
@@ -150,7 +150,7 @@ TEST(SystemShortcuts, AnUnknownItemIsAnError)
               ErrorNumber::InvalidProcedureCall);
 }
 
-TEST(SystemShortcuts, TheVersionIsToldInABoxWhereNoToolTellsIt)
+TEST(SystemShortcuts, TheVersionIsShownInABoxWhereNoToolShowsIt)
 {
     BareDesktop desktop;
     desktop.dialogs

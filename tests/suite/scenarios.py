@@ -104,8 +104,8 @@ def recovery_after_a_kill(program):
     suite = Suite(program)
     yield suite
     suite.frame()
-    suite.type("words that nobody saved")
-    wait_for("the recovery copy", lambda: any(b"words that nobody saved" in copy for copy in suite.recovery_copies()))
+    suite.type("words that are not saved")
+    wait_for("the recovery copy", lambda: any(b"words that are not saved" in copy for copy in suite.recovery_copies()))
     suite.kill()
     again = Suite(program, home=suite.home, settings=None)
     yield again
@@ -116,7 +116,7 @@ def recovery_after_a_kill(program):
     again.answer("Save as RTF?...", "alt+y")
     again.file_dialog("Save As RTF", again.path("letter"))
     wait_for("the file", lambda: os.path.exists(again.path("letter.rtf")))
-    assert b"Still: words that nobody saved" in read(again.path("letter.rtf"))
+    assert b"Still: words that are not saved" in read(again.path("letter.rtf"))
     again.frame()
     again.menu("f", "x")  # what is left is the untouched first document
     again.ended()

@@ -10,9 +10,9 @@
 #include <memory>
 #include <vector>
 
-/// Answers the real dialogs that a test provokes, in the order of the steps given. A modal window that no
+/// Answers the real dialogs that a test provokes, in the order of the steps. A modal window that no
 /// step expects fails the test and is left by its gentlest way out; so does a step that no window came up
-/// for, when the driver goes.
+/// for, when the driver is deleted.
 ///
 ///     DialogDriver dialogs;
 ///     dialogs.expectBox("Save Changes?...", "Save Changes to Document 1").press(QMessageBox::No);

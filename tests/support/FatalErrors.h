@@ -3,8 +3,8 @@
 #include <QList>
 #include <QString>
 
-/// Stands in for the default error box and the end of the process, so that both are tested in-process: they
-/// are recorded, and the event loop goes on. One that was not expected fails the test, as does one that did
+/// Replaces the default error box and the end of the process, so that both are tested in-process: they
+/// are recorded, and the event loop continues. One that was not expected fails the test, as does one that did
 /// not come.
 class FatalErrors
 {
@@ -23,7 +23,7 @@ public:
     /// The next error has this number and, unless that is empty, this \a description. The end that follows an
     /// error belongs to it.
     void expect(int number, const QString &description = {});
-    /// The process ends without an error that nobody trapped.
+    /// The process ends without an uncaught error.
     void expectEnd(int code);
 
     const QList<Error> &seen() const { return m_seen; }

@@ -27,7 +27,7 @@ int main(int argc, char **argv)
     FatalErrors::refuseAll();
     TestIsolation::install();
     if (!TestFile::select(QCoreApplication::arguments())) {
-        std::fputs("no test is in the given file\n", stderr);
+        std::fputs("the file has no test\n", stderr);
         return EXIT_FAILURE;
     }
     const int result = RUN_ALL_TESTS();

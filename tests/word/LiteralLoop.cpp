@@ -111,7 +111,7 @@ void LiteralLoop::replaceOriginals(const QString &wanted, const QString &replace
 {
     const bool matchCase = flags & FindFlag::MatchCase;
     const auto grown = int(replacement.size() - wanted.size());
-    const auto behind = int(text.size()) - selEnd; // characters that stood behind the selection
+    const auto behind = int(text.size()) - selEnd; // characters that were behind the selection
     int before = selStart;                         // and before it
     replaceSelection(replacement);
     if (flags & FindFlag::Down) {

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// Find and replace on a plain text as it is told, step by step and character by character: slow, and easy to
-/// be sure of. What the suite does quickly is measured against it.
+/// Find and replace on a plain text by its definition, step by step and character by character: slow, and
+/// easy to be sure of. What the suite does quickly is measured against it.
 class LiteralLoop
 {
 public:

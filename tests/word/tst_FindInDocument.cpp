@@ -109,7 +109,7 @@ TEST_F(FindInDocumentTest, ASecondCtrlFOpensTheDialogAnew)
     EXPECT_EQ(field("txtFind").text(), latin("two"));
 }
 
-TEST_F(FindInDocumentTest, FindNextGoesRoundAndTellsWhenThereIsNothing)
+TEST_F(FindInDocumentTest, FindNextWrapsAndShowsWhenThereIsNothing)
 {
     write("one two one");
     ctrlF();
@@ -171,7 +171,7 @@ TEST_F(FindInDocumentTest, EscapeClosesTheDialogAlone)
     EXPECT_NE(suite.frame().ActiveForm(), nullptr);
 }
 
-TEST_F(FindInDocumentTest, TheDialogGoesWithItsDocument)
+TEST_F(FindInDocumentTest, TheDialogIsClosedWithItsDocument)
 {
     write("one");
     ctrlF();

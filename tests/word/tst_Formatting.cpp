@@ -258,7 +258,7 @@ TEST_F(Formatting, TheBulletButtonInverts)
     select(0, 3);
     EXPECT_EQ(text.SelBullet(), std::nullopt);
     EXPECT_FALSE(pressed("bullet"));
-    suite.press("bullet"); // a mixed state goes
+    suite.press("bullet"); // a mixed state is cleared
     EXPECT_EQ(text.SelBullet(), false);
     suite.press("bullet");
     EXPECT_EQ(text.SelBullet(), true);

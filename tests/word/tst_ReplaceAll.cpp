@@ -72,7 +72,7 @@ QTextCharFormat formatAt(const QTextDocument &document, int position)
     return block.charFormat();
 }
 
-/// The loop as it is told, on a control.
+/// The loop that defines a replace-all, on a control.
 void replaceLiterally(RichTextBox &box, const QString &wanted, const QString &replacement, int flags)
 {
     while (box.SelLength() > 0) {
@@ -229,7 +229,7 @@ TEST_F(ReplaceTest, TextInPlaceOfAPictureIsText)
     EXPECT_FALSE(formatAt(*box.document(), 1).isImageFormat());
 }
 
-TEST_F(ReplaceTest, OneChangeIsToldForAll)
+TEST_F(ReplaceTest, OneChangeSignalIsEmittedForAll)
 {
     box.setText(latin("one one one one"));
     select(0, 3);
@@ -299,7 +299,7 @@ TEST_F(ReplaceTest, ALineEndInTheFindTextDoesNotReachIntoAnotherCell)
     EXPECT_TRUE(box.Text().endsWith(latin("ba"))) << testing::PrintToString(box.Text());
 }
 
-TEST_F(ReplaceTest, CellsThatAreSelectedAreReplacedAndTheRestGoesOn)
+TEST_F(ReplaceTest, CellsThatAreSelectedAreReplacedAndSoIsTheRest)
 {
     load("{\\rtf1 \\trowd\\cellx1000\\cellx2000\\intbl x\\cell y\\cell\\row\\pard cat and cat}");
     const auto *table = qobject_cast<QTextTable *>(box.document()->rootFrame()->childFrames().value(0));
@@ -334,11 +334,11 @@ TEST_F(ReplaceTest, TheViewStaysWhereALongTextIsStillToBeLaidOut)
     EXPECT_EQ(shown->SelStart(), shown->Text().lastIndexOf(latin("another")) + 7);
     EXPECT_EQ(shown->document()->lastBlock().layout()->lineCount(), 0) << "it was laid out at once";
     EXPECT_EQ(shown->verticalScrollBar()->value(), scrolled);
-    QTest::keyClick(shown, Qt::Key_Right); // which goes where the caret is
+    QTest::keyClick(shown, Qt::Key_Right); // which scrolls to the caret
     EXPECT_GT(shown->verticalScrollBar()->value(), 1000);
 }
 
-TEST_F(ReplaceTest, TheViewGoesToTheCaretInAnOrdinaryText)
+TEST_F(ReplaceTest, TheViewScrollsToTheCaretInAnOrdinaryText)
 {
     box.resize(400, 300);
     box.show();

@@ -156,7 +156,7 @@ TEST(ReplaceAllPlan, WholeWordsThatHoldTheFindTextEndAtTheRefusedOne)
     EXPECT_EQ(planned(job), (Result{latin("concat concat"), 6}));
 }
 
-TEST(ReplaceAllPlan, TheSelectionGoesWhateverItIs)
+TEST(ReplaceAllPlan, TheSelectionIsReplacedWhateverItIs)
 {
     EXPECT_EQ(planned({latin("xyz a"), 0, 3, latin("a"), latin("b"), down}), (Result{latin("b b"), 3}));
     EXPECT_EQ(planned({latin("xyz"), 0, 3, latin("nowhere"), latin(""), down}), (Result{latin(""), 0}));

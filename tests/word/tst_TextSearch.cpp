@@ -139,7 +139,7 @@ TEST_P(WordRows, IsTaken)
 INSTANTIATE_TEST_SUITE_P(TextSearch, SearchRows, testing::ValuesIn(rows), rowName<Row>);
 INSTANTIATE_TEST_SUITE_P(TextSearch, WordRows, testing::ValuesIn(wordRows), rowName<WordRow>);
 
-TEST(TextSearch, FindsWhatTheToldStepsFind)
+TEST(TextSearch, FindsWhatTheLiteralStepsFind)
 {
     QRandomGenerator random(1);
     const auto some = [&random](int most) {
@@ -149,19 +149,19 @@ TEST(TextSearch, FindsWhatTheToldStepsFind)
         return text;
     };
     for (int i = 0; i < 20000; ++i) {
-        LiteralLoop told;
-        told.text = some(12);
-        told.selStart = random.bounded(int(told.text.size()) + 1);
-        told.selEnd = told.selStart + random.bounded(int(told.text.size()) + 1 - told.selStart);
+        LiteralLoop loop;
+        loop.text = some(12);
+        loop.selStart = random.bounded(int(loop.text.size()) + 1);
+        loop.selEnd = loop.selStart + random.bounded(int(loop.text.size()) + 1 - loop.selStart);
         const QString wanted = some(3);
         const int flags = random.bounded(8);
-        const auto expected = told.search(wanted, flags);
-        const auto hit = TextSearch::find(told.text, told.selStart, told.selEnd, wanted, flags);
+        const auto expected = loop.search(wanted, flags);
+        const auto hit = TextSearch::find(loop.text, loop.selStart, loop.selEnd, wanted, flags);
         ASSERT_EQ(hit.has_value(), expected.found)
-            << qUtf8Printable(told.text) << '|' << qUtf8Printable(wanted);
+            << qUtf8Printable(loop.text) << '|' << qUtf8Printable(wanted);
         if (hit) {
             ASSERT_EQ(*hit, (Hit{expected.position, expected.end}))
-                << qUtf8Printable(told.text) << '|' << qUtf8Printable(wanted) << '|' << flags;
+                << qUtf8Printable(loop.text) << '|' << qUtf8Printable(wanted) << '|' << flags;
         }
     }
 }

@@ -17,7 +17,7 @@
 
 namespace {
 
-/// A window with a text, the object, and what it tells.
+/// A window with a text, the object, and the events that it emits.
 struct FindTest : testing::Test
 {
     ScratchHome home;
@@ -25,7 +25,7 @@ struct FindTest : testing::Test
     QWidget window;
     RichTextBox box{&window};
     std::unique_ptr<clsFindandReplace> find = std::make_unique<clsFindandReplace>();
-    QStringList told;
+    QStringList events;
     bool cancelFound = false;
     bool cancelReplace = false;
     bool cancelReplaceAll = false;
@@ -42,25 +42,25 @@ struct FindTest : testing::Test
         QObject::connect(find.get(), &clsFindandReplace::FoundNext, &window,
                          [this](bool found, int position, const QString &text, bool &cancel) {
                              EXPECT_FALSE(cancel);
-                             told += latin("FoundNext %1 %2 %3").arg(found).arg(position).arg(text);
+                             events += latin("FoundNext %1 %2 %3").arg(found).arg(position).arg(text);
                              cancel = cancelFound;
                          });
         QObject::connect(find.get(), &clsFindandReplace::BeforeReplace, &window,
                          [this](int position, const QString &text, const QString &by, bool &cancel) {
                              EXPECT_FALSE(cancel);
-                             told += latin("BeforeReplace %1 %2 %3").arg(position).arg(text, by);
+                             events += latin("BeforeReplace %1 %2 %3").arg(position).arg(text, by);
                              cancel = cancelReplace;
                          });
         QObject::connect(find.get(), &clsFindandReplace::BeforeReplaceAll, &window,
                          [this](const QString &text, const QString &by, bool &cancel) {
                              EXPECT_FALSE(cancel);
-                             told += latin("BeforeReplaceAll %1 %2").arg(text, by);
+                             events += latin("BeforeReplaceAll %1 %2").arg(text, by);
                              cancel = cancelReplaceAll;
                          });
         QObject::connect(find.get(), &clsFindandReplace::Terminated, &window,
-                         [this] { told += latin("Terminated"); });
+                         [this] { events += latin("Terminated"); });
         QObject::connect(find.get(), &clsFindandReplace::CommandDone, &window,
-                         [this] { told += latin("CommandDone"); });
+                         [this] { events += latin("CommandDone"); });
     }
     void select(int start, int length = 0)
     {
@@ -76,7 +76,7 @@ struct FindTest : testing::Test
     }
     void ask(int flags, const char *text, const char *by = "")
     {
-        told.clear();
+        events.clear();
         find->Messages_WMArrival({flags, latin(text), latin(by)});
     }
     void findNext(const char *text, int flags = down) { ask(flags | FindFlag::FindNext, text); }
@@ -124,7 +124,7 @@ TEST_F(FindTest, OpensWithTheWordAtTheCaret)
     EXPECT_EQ(find->hWndDialog()->parentWidget(), &window);
 }
 
-TEST_F(FindTest, OpensWithTheSelectionAsItStands)
+TEST_F(FindTest, OpensWithTheSelectionUnchanged)
 {
     open("one  two three", 3, 6);
     EXPECT_EQ(control<QLineEdit>("txtFind").text(), latin("two"));
@@ -180,9 +180,9 @@ TEST_F(FindTest, ASecondOpeningClosesTheFirstDialog)
 {
     open("one");
     const QPointer<dlgFindReplace> first = find->hWndDialog();
-    told.clear();
+    events.clear();
     ASSERT_TRUE(find->ShowFind(box));
-    EXPECT_EQ(told, QStringList(latin("Terminated")));
+    EXPECT_EQ(events, QStringList(latin("Terminated")));
     EXPECT_NE(find->hWndDialog(), first.data());
     QCoreApplication::processEvents();
     EXPECT_TRUE(first.isNull());
@@ -201,9 +201,9 @@ TEST_F(FindTest, TerminateClosesTheDialog)
     open("one");
     find->Terminate();
     EXPECT_EQ(find->hWndDialog(), nullptr);
-    EXPECT_EQ(told, QStringList(latin("Terminated")));
+    EXPECT_EQ(events, QStringList(latin("Terminated")));
     find->Terminate();
-    EXPECT_EQ(told.size(), 1);
+    EXPECT_EQ(events.size(), 1);
 }
 
 TEST_F(FindTest, TheUserClosesTheDialog)
@@ -211,27 +211,27 @@ TEST_F(FindTest, TheUserClosesTheDialog)
     open("one");
     QTest::keyClick(find->hWndDialog(), Qt::Key_Escape);
     EXPECT_EQ(find->hWndDialog(), nullptr);
-    EXPECT_EQ(told, QStringList(latin("Terminated")));
+    EXPECT_EQ(events, QStringList(latin("Terminated")));
 }
 
-TEST_F(FindTest, TheDialogGoesWithTheObjectAndNobodyIsTold)
+TEST_F(FindTest, TheDialogIsDeletedWithTheObjectAndNoEventIsEmitted)
 {
     open("one");
     const QPointer<dlgFindReplace> dialog = find->hWndDialog();
     find.reset();
     QCoreApplication::processEvents();
     EXPECT_TRUE(dialog.isNull());
-    EXPECT_TRUE(told.isEmpty());
+    EXPECT_TRUE(events.isEmpty());
 }
 
 // ---- Requests
 
-TEST_F(FindTest, FindNextSelectsAndTells)
+TEST_F(FindTest, FindNextSelectsAndEmitsItsEvents)
 {
     open("one two one", 0, 3);
     findNext("one");
     EXPECT_EQ(selection(), Selection(8, 11));
-    EXPECT_EQ(told, QStringList({latin("FoundNext 1 9 one"), latin("CommandDone")}));
+    EXPECT_EQ(events, QStringList({latin("FoundNext 1 9 one"), latin("CommandDone")}));
     findNext("one"); // round to the beginning, silently
     EXPECT_EQ(selection(), Selection(0, 3));
     findNext("one", up);
@@ -266,7 +266,7 @@ TEST_F(FindTest, NoHitAnywhereShowsTheBox)
     open("one two", 0, 3);
     expectSearchComplete();
     findNext("three");
-    EXPECT_EQ(told, QStringList({latin("FoundNext 0 0 three"), latin("CommandDone")}));
+    EXPECT_EQ(events, QStringList({latin("FoundNext 0 0 three"), latin("CommandDone")}));
     EXPECT_EQ(selection(), Selection(0, 3));
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     EXPECT_TRUE(box.hasFocus());
@@ -284,7 +284,7 @@ TEST_F(FindTest, ACancelledSearchShowsNoBox)
     open("one");
     cancelFound = true;
     findNext("three");
-    EXPECT_EQ(told, QStringList({latin("FoundNext 0 0 three"), latin("CommandDone")}));
+    EXPECT_EQ(events, QStringList({latin("FoundNext 0 0 three"), latin("CommandDone")}));
 }
 
 TEST_F(FindTest, ARefusedHitCountsAsFoundAndSelectsNothing)
@@ -292,7 +292,7 @@ TEST_F(FindTest, ARefusedHitCountsAsFoundAndSelectsNothing)
     open("cats cat", 4);
     select(0);
     findNext("cat", down | wholeWord);
-    EXPECT_EQ(told, QStringList({latin("FoundNext 1 0 cat"), latin("CommandDone")}));
+    EXPECT_EQ(events, QStringList({latin("FoundNext 1 0 cat"), latin("CommandDone")}));
     EXPECT_EQ(selection(), Selection(3, 3));
     findNext("cat", down | wholeWord);
     EXPECT_EQ(selection(), Selection(5, 8));
@@ -303,7 +303,7 @@ TEST_F(FindTest, TypingIsNotSeenByTheSearch)
     open("one two", 0, 3);
     select(0);
     QTest::keyClicks(&box, latin("12"));
-    findNext("two"); // lies two characters further back by now
+    findNext("two"); // is two characters further back by now
     EXPECT_EQ(selection(), Selection(4, 7));
     EXPECT_EQ(box.SelText(), latin("e t"));
 }
@@ -325,8 +325,8 @@ TEST_F(FindTest, ReplaceReplacesAndFindsTheNext)
     replace("one", "1");
     EXPECT_EQ(box.Text(), latin("1 two one"));
     EXPECT_EQ(selection(), Selection(6, 9));
-    EXPECT_EQ(told, QStringList(
-                        {latin("BeforeReplace 1 one 1"), latin("FoundNext 1 7 one"), latin("CommandDone")}));
+    EXPECT_EQ(events, QStringList({latin("BeforeReplace 1 one 1"), latin("FoundNext 1 7 one"),
+                                   latin("CommandDone")}));
     expectSearchComplete();
     replace("one", "1");
     EXPECT_EQ(box.Text(), latin("1 two 1"));
@@ -338,7 +338,7 @@ TEST_F(FindTest, ReplaceTakesWhateverIsSelected)
     open("one two one", 4, 3);
     replace("one", "1");
     EXPECT_EQ(box.Text(), latin("one 1 one"));
-    EXPECT_EQ(told.constFirst(), latin("BeforeReplace 5 one 1"));
+    EXPECT_EQ(events.constFirst(), latin("BeforeReplace 5 one 1"));
 }
 
 TEST_F(FindTest, ReplaceReadsTheTextAgain)
@@ -357,7 +357,7 @@ TEST_F(FindTest, ReplaceWithNothingSelectedNeitherReplacesNorReports)
     select(2);
     replace("nowhere", "x");
     EXPECT_EQ(box.Text(), latin("one two"));
-    EXPECT_EQ(told, QStringList(latin("CommandDone")));
+    EXPECT_EQ(events, QStringList(latin("CommandDone")));
     EXPECT_NE(find->hWndDialog(), nullptr);
 }
 
@@ -368,7 +368,7 @@ TEST_F(FindTest, ACancelledReplaceSearchesAllTheSame)
     replace("one", "1");
     EXPECT_EQ(box.Text(), latin("one two one"));
     EXPECT_EQ(selection(), Selection(8, 11));
-    EXPECT_EQ(told.value(1), latin("FoundNext 1 9 one"));
+    EXPECT_EQ(events.value(1), latin("FoundNext 1 9 one"));
 }
 
 TEST_F(FindTest, ReplaceStopsWhenNothingIsLeft)
@@ -376,16 +376,16 @@ TEST_F(FindTest, ReplaceStopsWhenNothingIsLeft)
     open("one", 0, 3);
     replace("one", "");
     EXPECT_EQ(box.Text(), QString());
-    EXPECT_EQ(told, QStringList(latin("BeforeReplace 1 one ")));
+    EXPECT_EQ(events, QStringList(latin("BeforeReplace 1 one ")));
 }
 
-TEST_F(FindTest, ReplaceAllTellsOnceAndShowsNoBox)
+TEST_F(FindTest, ReplaceAllEmitsOneEventAndShowsNoBox)
 {
     open("one two one", 0, 3);
     replaceAll("one", "1");
     EXPECT_EQ(box.Text(), latin("1 two 1"));
     EXPECT_EQ(selection(), Selection(7, 7));
-    EXPECT_EQ(told, QStringList(latin("BeforeReplaceAll one 1")));
+    EXPECT_EQ(events, QStringList(latin("BeforeReplaceAll one 1")));
     EXPECT_TRUE(box.hasFocus());
     replaceAll("one", "1"); // nothing is selected
     EXPECT_EQ(box.Text(), latin("1 two 1"));
@@ -394,7 +394,7 @@ TEST_F(FindTest, ReplaceAllTellsOnceAndShowsNoBox)
 TEST_F(FindTest, ReplaceAllWithoutAHitShowsNothing)
 {
     open("one two", 0, 3);
-    replaceAll("nowhere", "x"); // the selection goes all the same
+    replaceAll("nowhere", "x"); // the selection is replaced all the same
     EXPECT_EQ(box.Text(), latin("x two"));
 }
 
@@ -426,22 +426,22 @@ TEST_F(FindTest, TheHelpBitSwallowsEveryRequestButTheClosing)
 {
     find->setShowHelp(FindFlag::ShowHelp);
     open("one two one", 0, 3);
-    told.clear();
+    events.clear();
     control<QAbstractButton>("cmdHelp").click();
     control<QAbstractButton>("cmdFindNext").click();
     control<QAbstractButton>("cmdReplace").click();
     control<QAbstractButton>("cmdReplaceAll").click();
-    EXPECT_TRUE(told.isEmpty());
+    EXPECT_TRUE(events.isEmpty());
     EXPECT_EQ(box.Text(), latin("one two one"));
     control<QAbstractButton>("cmdCancel").click();
-    EXPECT_EQ(told, QStringList(latin("Terminated")));
+    EXPECT_EQ(events, QStringList(latin("Terminated")));
 }
 
 TEST_F(FindTest, AWordWithNoneOfTheBitsEndsAtOnce)
 {
     open("one one", 0, 3);
     ask(down | matchCase | wholeWord, "one", "x");
-    EXPECT_TRUE(told.isEmpty());
+    EXPECT_TRUE(events.isEmpty());
     EXPECT_EQ(selection(), Selection(0, 3));
 }
 
@@ -463,7 +463,7 @@ TEST_F(FindTest, AControlThatIsGoneIsLeftAlone)
     ASSERT_TRUE(find->ShowReplace(*other));
     delete other;
     findNext("one");
-    EXPECT_TRUE(told.isEmpty());
+    EXPECT_TRUE(events.isEmpty());
 }
 
 TEST_F(FindTest, TheLongestFindTextIsFound)

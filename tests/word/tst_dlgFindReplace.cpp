@@ -146,7 +146,7 @@ TEST_F(FindDialogTest, ReturnFindsTheNext)
     EXPECT_EQ(askedBy(Qt::Key_Return), down | FindFlag::ReplaceAll);
 }
 
-TEST_F(FindDialogTest, EveryWayOutTellsOnceAndDeletesIt)
+TEST_F(FindDialogTest, EveryWayOfClosingIsReportedOnceAndDeletesIt)
 {
     const std::function<void()> ways[] = {[this] { key(Qt::Key_Escape); },
                                           [this] { control<QPushButton>("cmdCancel").click(); },
@@ -183,7 +183,7 @@ TEST_F(FindDialogTest, EveryControlHasItsLetter)
     EXPECT_EQ(askedBy(Qt::Key_A, Qt::AltModifier), options | FindFlag::ReplaceAll);
 }
 
-TEST_F(FindDialogTest, TheTabKeyGoesAsOneReads)
+TEST_F(FindDialogTest, TheTabKeyFollowsTheReadingOrder)
 {
     open({down, latin("x"), {}});
     for (const char *name : {"txtFind", "txtReplace", "chkWholeWord", "chkMatchCase", "optDown",

@@ -159,7 +159,7 @@ TEST_F(DocumentTest, OpensAFileUnderItsPath)
     EXPECT_EQ(suite.active().Caption(), QStringLiteral("Document 1"));
 }
 
-TEST_F(DocumentTest, TheOpenDialogIsAsGiven)
+TEST_F(DocumentTest, TheOpenDialogHasItsTitleAndFilters)
 {
     fileDialog("Open")
         .filters({QStringLiteral("Rtf Files (*.rtf)"), QStringLiteral("Text Files (*.txt)"),

@@ -2,7 +2,7 @@
 
 class QCheckBox;
 
-/// The number that a check box stands for: 0 cleared, 1 checked, 2 greyed.
+/// The state of a check box as a number: 0 cleared, 1 checked, 2 greyed.
 namespace CheckValue {
 
 int of(const QCheckBox &box);

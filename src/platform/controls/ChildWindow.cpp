@@ -15,8 +15,8 @@ void ChildWindow::closeEvent(QCloseEvent *event)
 {
     event->ignore();
     run([&] {
-        // With this attribute the area lets the window go at once; the deletion that it stands for would come
-        // too early.
+        // With this attribute the area removes the window at once. The deletion that the attribute asks for
+        // would be too early.
         setAttribute(Qt::WA_DeleteOnClose, true);
         QMdiSubWindow::closeEvent(event);
         setAttribute(Qt::WA_DeleteOnClose, false);

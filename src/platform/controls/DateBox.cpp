@@ -15,8 +15,7 @@ DateBox::DateBox(QWidget *parent)
     setDateRange(QDate(1753, 1, 1), QDate(9999, 12, 31));
     setCalendarPopup(true);
     const QString shortForm = locale().dateFormat(QLocale::ShortFormat);
-    if (!shortForm.contains(
-            QLatin1String("yyyy"))) // a year of two digits cannot be told from another century's
+    if (!shortForm.contains(QLatin1String("yyyy"))) // two digits do not say which century is meant
         setDisplayFormat(QString(shortForm).replace(QLatin1String("yy"), QLatin1String("yyyy")));
     for (const Qt::DayOfWeek day : {Qt::Saturday, Qt::Sunday}) // Qt's bright red is hard to read on dark
         calendarWidget()->setWeekdayTextFormat(day, {});

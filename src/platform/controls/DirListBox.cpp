@@ -36,7 +36,7 @@ void DirListBox::setPath(const QString &path)
 void DirListBox::list(const QString &path)
 {
     const QString clean = QDir::cleanPath(path);
-    m_rows->setFolder(clean, Folder::subfolders(clean, Folder::Hidden::Left));
+    m_rows->setFolder(clean, Folder::subfolders(clean, Folder::Hidden::Skip));
     m_path = clean;
     const QModelIndex folder = m_rows->index(m_rows->folderRow());
     setCurrentIndex(folder);

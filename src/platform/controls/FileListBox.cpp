@@ -22,7 +22,7 @@ FileListBox::FileListBox(QWidget *parent)
 
 QStringList FileListBox::readFiles(const QString &path) const
 {
-    return Folder::files(path, m_hidden ? Folder::Hidden::Taken : Folder::Hidden::Left);
+    return Folder::files(path, m_hidden ? Folder::Hidden::Include : Folder::Hidden::Skip);
 }
 
 void FileListBox::setPath(const QString &path)

@@ -13,10 +13,10 @@ namespace {
 constexpr double cascadePart = 2.0 / 3; // of the area's width and height
 
 /// A child that likes to grow gets its part of a large area.
-QSize sizeOf(const QWidget &child, const QSize &room)
+QSize sizeOf(const QWidget &child, const QSize &space)
 {
     QSize size = child.sizeHint();
-    const QSize large = room * cascadePart;
+    const QSize large = space * cascadePart;
     if (child.sizePolicy().expandingDirections() & Qt::Horizontal)
         size.setWidth(std::max(size.width(), large.width()));
     if (child.sizePolicy().expandingDirections() & Qt::Vertical)
@@ -44,11 +44,11 @@ void MdiArea::adopt(QWidget &child)
 {
     if (!isVisible())
         layOutFrame();
-    const QSize room = maximumViewportSize();
+    const QSize space = maximumViewportSize();
     auto *window = new ChildWindow(child);
     addSubWindow(window);
-    window->resize(sizeOf(child, room).boundedTo(room));
-    const int places = std::max(1, (room.height() - window->height()) / cascadeStep() + 1);
+    window->resize(sizeOf(child, space).boundedTo(space));
+    const int places = std::max(1, (space.height() - window->height()) / cascadeStep() + 1);
     const int place = m_placed++ % places;
     window->move(place * cascadeStep(), place * cascadeStep());
 }
@@ -113,26 +113,26 @@ QList<QMdiSubWindow *> MdiArea::openChildren() const
     return open;
 }
 
-QRect MdiArea::roomForOpenChildren() const
+QRect MdiArea::spaceForOpenChildren() const
 {
-    QRect room = viewport()->rect();
+    QRect space = viewport()->rect();
     for (const QMdiSubWindow *child : subWindowList()) {
         if (isIcon(child))
-            room.setBottom(std::min(room.bottom(), child->geometry().top() - 1));
+            space.setBottom(std::min(space.bottom(), child->geometry().top() - 1));
     }
-    return room;
+    return space;
 }
 
 void MdiArea::cascade()
 {
-    const QRect room = roomForOpenChildren();
+    const QRect space = spaceForOpenChildren();
     const int step = cascadeStep();
-    const QSize size = room.size() * cascadePart;
-    const int places = std::max(1, (room.height() - size.height()) / step);
+    const QSize size = space.size() * cascadePart;
+    const int places = std::max(1, (space.height() - size.height()) / step);
     int place = 0;
     for (QMdiSubWindow *child : openChildren()) {
         child->showNormal();
-        child->setGeometry(QRect(room.topLeft() + QPoint(step, step) * (place % places), size));
+        child->setGeometry(QRect(space.topLeft() + QPoint(step, step) * (place % places), size));
         child->raise();
         ++place;
     }
@@ -140,18 +140,18 @@ void MdiArea::cascade()
 
 void MdiArea::tile(Qt::Orientation direction)
 {
-    const QRect room = roomForOpenChildren();
+    const QRect space = spaceForOpenChildren();
     QList<QMdiSubWindow *> open = openChildren();
     std::reverse(open.begin(), open.end()); // the active child takes the first strip
     const int count = int(open.size());
-    const int length = direction == Qt::Vertical ? room.height() : room.width();
+    const int length = direction == Qt::Vertical ? space.height() : space.width();
     for (int i = 0; i < count; ++i) {
         const int from = length * i / count;
         const int extent = length * (i + 1) / count - from;
         open[i]->showNormal();
         open[i]->setGeometry(direction == Qt::Vertical
-                                 ? QRect(room.left(), room.top() + from, room.width(), extent)
-                                 : QRect(room.left() + from, room.top(), extent, room.height()));
+                                 ? QRect(space.left(), space.top() + from, space.width(), extent)
+                                 : QRect(space.left() + from, space.top(), extent, space.height()));
     }
 }
 

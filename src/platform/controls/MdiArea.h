@@ -38,7 +38,7 @@ protected:
 private:
     void layOutFrame();
     QList<QMdiSubWindow *> openChildren() const;
-    QRect roomForOpenChildren() const;
+    QRect spaceForOpenChildren() const;
     void cascade();
     void tile(Qt::Orientation direction);
     void arrangeIcons();

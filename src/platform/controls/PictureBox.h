@@ -18,7 +18,7 @@ public:
     void setPicture(const QImage &picture);
 
     /// Whether the picture is drawn into the rectangle whatever its size. Without it the rectangle takes the
-    /// picture's own size at once; a width or height set later cuts the picture or leaves room beside it.
+    /// picture's own size at once; a width or height set later cuts the picture or leaves a gap beside it.
     bool Stretch() const { return m_stretch; }
     void setStretch(bool stretch);
 

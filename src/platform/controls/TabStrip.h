@@ -3,7 +3,7 @@
 #include <QTabWidget>
 
 /// Pages of which one is in front, each with a tab. Tabs are numbered from 0; a number without a tab is
-/// RuntimeError 380. Ctrl+Tab goes to the next one.
+/// RuntimeError 380. Ctrl+Tab brings the next one to the front.
 class TabStrip : public QTabWidget
 {
 public:

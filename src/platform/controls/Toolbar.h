@@ -9,8 +9,8 @@
 
 class QToolButton;
 
-/// A toolbar whose buttons are rows of a table, reached by position or by key. It tells which key was clicked
-/// and runs no command itself.
+/// A toolbar whose buttons are rows of a table, reached by position or by key. It emits the key that was
+/// clicked and runs no command itself.
 class Toolbar : public QToolBar
 {
     Q_OBJECT

@@ -8,12 +8,12 @@
 #include <tuple>
 #include <type_traits>
 
-/// Every event reaches its handler through here. No exception crosses Qt's own frames: what a handler throws
-/// and nobody trapped shows the default error box and ends the process; while that box is up no other handler
-/// runs.
+/// Every handler of an event runs through this gate. No exception passes through Qt's own code: an exception
+/// that the handler does not catch shows the default error box and ends the process. While that box is up no
+/// other handler runs.
 ///
-/// What its caller has to trap (the load of a window, a toolbar key running a command) is a plain call
-/// instead.
+/// Where the caller has to catch an error (the load of a window, a toolbar key running a command) a plain
+/// call is used instead of a signal.
 namespace EventGate {
 
 using Box = std::function<void(int number, const QString &description)>;
@@ -31,13 +31,13 @@ void beforeEnd(const QObject *context, std::function<void()> step);
 /// Ends the process at once with \a code; no window gets to ask.
 void end(int code);
 
-/// The default error box, then the end. Does nothing while another failure is being told.
+/// The default error box, then the end. Does nothing while the box of another failure is up.
 void fail(int number, const QString &description);
 
 /// True while the box is up.
 bool isFailing();
 
-/// Tells of the exception being handled.
+/// Fails with the exception that is being handled.
 void failWithCurrentException() noexcept;
 
 template<std::size_t Count, class Handler, class... Args>

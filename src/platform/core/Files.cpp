@@ -167,7 +167,7 @@ QByteArray Files::read(const QString &path)
     qsizetype size = 0;
     for (;;) {
         if (size == bytes.size())
-            bytes.resize(size + 65536); // the file grew, or does not tell its size
+            bytes.resize(size + 65536); // the file grew, or does not report its size
         const ssize_t got = ::read(file.get(), bytes.data() + size, size_t(bytes.size() - size));
         if (got < 0 && errno == EINTR)
             continue;

@@ -45,11 +45,11 @@ bool isFolder(DIR *folder, const dirent &entry)
     return ::fstatat(::dirfd(folder), entry.d_name, &state, 0) == 0 && S_ISDIR(state.st_mode);
 }
 
-bool isTaken(QByteArrayView name, Folder::Hidden hidden)
+bool isIncluded(QByteArrayView name, Folder::Hidden hidden)
 {
     if (name == QByteArrayView(".") || name == QByteArrayView(".."))
         return false;
-    return hidden == Folder::Hidden::Taken || !name.startsWith('.');
+    return hidden == Folder::Hidden::Include || !name.startsWith('.');
 }
 
 QStringList read(const QString &path, Folder::Hidden hidden, bool folders)
@@ -58,9 +58,9 @@ QStringList read(const QString &path, Folder::Hidden hidden, bool folders)
     QStringList names;
     errno = 0;
     while (const dirent *entry = ::readdir(folder.get())) {
-        if (isTaken(entry->d_name, hidden) && isFolder(folder.get(), *entry) == folders)
+        if (isIncluded(entry->d_name, hidden) && isFolder(folder.get(), *entry) == folders)
             names += FileNames::fromBytes(entry->d_name);
-        errno = 0; // a link that leads nowhere has set it
+        errno = 0; // a broken link has set it
     }
     if (errno != 0)
         failAt(path, errno);

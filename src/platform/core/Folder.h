@@ -9,12 +9,12 @@
 /// read, 57 or 75 when reading fails.
 namespace Folder {
 
-enum class Hidden { Left, Taken }; ///< whether names that begin with a dot are taken
+enum class Hidden { Skip, Include }; ///< what happens to names that begin with a dot
 
 /// The folders in \a path, and the links to folders; neither "." nor "..".
 QStringList subfolders(const QString &path, Hidden hidden);
 
-/// Everything else in \a path, a link that leads nowhere too.
+/// Everything else in \a path, broken links too.
 QStringList files(const QString &path, Hidden hidden);
 
 /// True when the folder \a path can be listed and entered.

@@ -14,7 +14,7 @@ QString singleText(float value);
 QString doubleText(double value);
 
 /// The longest beginning of \a text that reads as a number ("12.5.", "1E+3 lines"), blanks skipped wherever
-/// they stand; 0 when there is none. Never an error: a number beyond the range of a double is the largest one
+/// they are; 0 when there is none. Never an error: a number beyond the range of a double is the largest one
 /// of its sign, so the result is always finite.
 double leadingNumber(const QString &text);
 

@@ -9,7 +9,7 @@ namespace Paths {
 inline const QString applicationTitle = QStringLiteral("QuillOfficeToolsv2");
 
 /// The program's folder without a trailing separator: the folder of the executable where the suite's data
-/// stands beside it, else the per-user data folder that the launcher of an installed package fills.
+/// is beside it, else the per-user data folder that the launcher of an installed package fills.
 QString appPath();
 
 /// \a name, in which "\" may separate, as a path of this system. Used at the moment a file is touched and

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// Where the publisher is found. The host names stand in publisher.ini in the program's folder.
+/// Where the publisher is found. The host names are in publisher.ini in the program's folder.
 namespace Publisher {
 
 /// The page \a path, which begins with "/", of the publisher's web server.

@@ -9,25 +9,25 @@ namespace {
 
 int running = 0;
 
-QList<QPointer<QObject>> &doomed()
+QList<QPointer<QObject>> &pendingDeletions()
 {
     static QList<QPointer<QObject>> objects;
     return objects;
 }
 
-/// Runs as an event of its own, behind the code of Qt's that called the last handler.
-void deleteDoomed()
+/// Runs as an event of its own, after the Qt code that called the last handler has returned.
+void deletePending()
 {
     if (running > 0)
         return; // the outermost one asks again
-    for (const QPointer<QObject> &object : std::exchange(doomed(), {}))
+    for (const QPointer<QObject> &object : std::exchange(pendingDeletions(), {}))
         delete object;
 }
 
-void deleteDoomedSoon()
+void deletePendingSoon()
 {
-    if (!doomed().isEmpty() && QCoreApplication::instance())
-        QMetaObject::invokeMethod(QCoreApplication::instance(), deleteDoomed, Qt::QueuedConnection);
+    if (!pendingDeletions().isEmpty() && QCoreApplication::instance())
+        QMetaObject::invokeMethod(QCoreApplication::instance(), deletePending, Qt::QueuedConnection);
 }
 
 } // namespace
@@ -40,12 +40,12 @@ RunningHandler::RunningHandler()
 RunningHandler::~RunningHandler()
 {
     if (--running == 0)
-        deleteDoomedSoon();
+        deletePendingSoon();
 }
 
 void RunningHandler::deleteWhenNoneRuns(QObject *object)
 {
-    doomed().append(object);
+    pendingDeletions().append(object);
     if (running == 0)
-        deleteDoomedSoon();
+        deletePendingSoon();
 }

@@ -2,8 +2,9 @@
 
 class QObject;
 
-/// While one lives, a handler runs. No window dies under its own handler: what has to go waits until none
-/// runs, however many of them wait for events in the middle of their work.
+/// Marks a running handler for as long as it exists. No window is deleted while a handler runs, since the
+/// handler may be the window's own: deletions wait until none runs, also where several handlers are nested in
+/// waits for events.
 class RunningHandler
 {
 public:

@@ -31,11 +31,11 @@ inline constexpr int ElementNotFound = 35601;
 inline constexpr int KeyNotUnique = 35602;
 } // namespace ErrorNumber
 
-/// A failure that a handler may trap. Untrapped, it ends the process with the default error box.
+/// A failure that a handler may catch. Uncaught, it ends the process with the default error box.
 class RuntimeError : public std::exception
 {
 public:
-    /// An empty \a description stands for the platform's own text for \a number.
+    /// An empty \a description means the platform's own text for \a number.
     explicit RuntimeError(int number, const QString &description = {}, const QString &source = {});
 
     int number() const { return m_number; }

@@ -91,7 +91,7 @@ void Settings::save(const QString &application, const QString &section, const QS
     const QString path = fileName(application);
     QDir().mkpath(QFileInfo(path).path());
     QLockFile lock(path + QStringLiteral(".lock"));
-    lock.tryLock(2000); // where no lock can be had the write tells why
+    lock.tryLock(2000); // without the lock the write itself reports the reason
 
     const QByteArray before = QFileInfo::exists(path) ? Files::read(path) : QByteArray();
     Ini ini = parse(before);

@@ -10,7 +10,7 @@ QString get(const QString &application, const QString &section, const QString &k
 
 /// Stores \a value at once and makes what is missing. A file that could not be understood is kept beside the
 /// new one with ".damaged" behind its name. Throws RuntimeError 70, 61 or another file error when the file
-/// cannot be written; it then stands as before.
+/// cannot be written; it is then unchanged.
 void save(const QString &application, const QString &section, const QString &key, const QString &value);
 
 /// The INI file of \a application.

@@ -56,7 +56,7 @@ public:
         // The desktop's own dialogs are down by the time when they ask.
         setOption(DontUseNativeDialog);
         on(this, &QFileDialog::filterSelected, this, [this] { m_hook->TypeChange(filterIndex(*this)); });
-        // The dialog's own signal does not tell of a folder whose name was typed.
+        // The dialog's own signal is not emitted for a folder whose name was typed.
         if (auto *files = findChild<QFileSystemModel *>())
             on(files, &QFileSystemModel::rootPathChanged, this,
                [this](const QString &folderNow) { m_hook->FolderChange(folderNow); });
@@ -93,7 +93,7 @@ protected:
     void accept() override
     {
         const auto *edit = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        const bool isMissing = edit && !edit->text().startsWith(u'"') && // several names stand in quotes
+        const bool isMissing = edit && !edit->text().startsWith(u'"') && // several names are in quotes
                                !QFileInfo::exists(directory().absoluteFilePath(edit->text()));
         setDefaultSuffix(isMissing ? m_suffix : QString());
         QFileDialog::accept();
@@ -126,8 +126,8 @@ QString nameOf(const QStringList &paths)
     return parts.join(QChar(u'\0'));
 }
 
-/// Names take the room that the other columns leave, and the folders beside the list are readable. A
-/// desktop's own dialog has neither.
+/// The names' column takes the width that the other columns leave, and the folders beside the list are
+/// readable. A desktop's own dialog has neither.
 void fitParts(QFileDialog &dialog)
 {
     constexpr QSize readable(760, 460); // pixels

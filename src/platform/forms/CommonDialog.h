@@ -54,7 +54,7 @@ public:
     bool FontStrikethru = false;
     bool FontUnderline = false;
 
-    QString PrintJobName; ///< what the print queue shows; also names the file that stands in for a printer
+    QString PrintJobName; ///< what the print queue shows; also names the PDF file where there is no printer
 
     // A cancelled dialog leaves what was to be chosen as it was and, with CancelError, throws RuntimeError
     // 32755.

@@ -2,5 +2,5 @@
 
 #include <QString>
 
-/// The box of an error that nobody trapped: critical, under the application title.
+/// The box of an error that no handler caught: critical, under the application title.
 void showDefaultErrorBox(int number, const QString &description);

@@ -169,7 +169,7 @@ void FontDialog::chooseFamily(const QString &family)
         missing->setData(familyRole, family);
         selectRow(*lstFont, 0);
     } else {
-        found.first()->setData(familyRole, family); // in the spelling that was given
+        found.first()->setData(familyRole, family); // in the caller's spelling
         selectRow(*lstFont, lstFont->row(found.first()));
     }
 }

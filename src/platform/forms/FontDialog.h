@@ -10,7 +10,7 @@ class QLineEdit;
 class QListWidget;
 class QPushButton;
 
-/// Chooses a font with its effects and its colour. What nobody changes comes back as it was given, also a
+/// Chooses a font with its effects and its colour. What the user does not change comes back as it was, also a
 /// family that is not installed and a size between whole points.
 class FontDialog : public QDialog
 {

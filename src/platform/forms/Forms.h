@@ -25,7 +25,7 @@ template<HasMetaObject Window>
 Window &refer();
 
 /// The window \a name, by its kind the named instance or a new one. Throws RuntimeError 424 for a name that
-/// nobody registered.
+/// is not registered.
 Form &refer(const QString &name);
 
 const QList<Form *> &loaded();

@@ -3,7 +3,7 @@
 #include <QMetaObject>
 #include <concepts>
 
-/// A class with Q_OBJECT of its own. Without the macro a class goes by its base's name, and findChild() takes
+/// A class with Q_OBJECT of its own. Without the macro a class has its base's name, and findChild() takes
 /// any object of the base for it.
 template<class Class>
 concept HasMetaObject = requires

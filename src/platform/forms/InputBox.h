@@ -2,6 +2,6 @@
 
 #include <QString>
 
-/// Asks for one line of text under \a prompt, with \a text in the box to begin with. An empty \a title stands
-/// for the application title. Returns what was typed, an empty text when the box was cancelled.
+/// Asks for one line of text under \a prompt, with \a text in the box to begin with. An empty \a title
+/// means the application title. Returns what was typed, an empty text when the box was cancelled.
 QString InputBox(const QString &prompt, const QString &title = {}, const QString &text = {});

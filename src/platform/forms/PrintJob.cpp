@@ -78,7 +78,7 @@ void PrintJob::finish()
 void PrintJob::deliverFile()
 {
     const QByteArray bytes = Files::read(m_scratch.fileName());
-    if (!isWholePdf(bytes)) // nobody told when the disk was full
+    if (!isWholePdf(bytes)) // Qt does not report a full disk
         throw RuntimeError(ErrorNumber::DiskFull, {}, m_scratch.fileName());
     Files::write(m_file, bytes);
 }

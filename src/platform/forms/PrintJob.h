@@ -5,7 +5,7 @@
 
 class QPrinter;
 
-/// One job on a printer, or on the PDF file that stands in for one: pages painted one after the other and
+/// One job on a printer, or on a PDF file where there is none: pages painted one after the other and
 /// handed over at the end. A file is written whole or not at all.
 class PrintJob
 {
@@ -21,7 +21,7 @@ public:
     /// Throws RuntimeError 482.
     void newPage();
     /// Hands the job over. Throws RuntimeError 482 when the print server does not take it, and for a file as
-    /// Files::write does; an old file then stands as it was.
+    /// Files::write does; an old file is then unchanged.
     void finish();
 
 private:

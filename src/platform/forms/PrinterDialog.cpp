@@ -73,7 +73,7 @@ bool showPrint(QWidget *owner, const QString &title, int flags, QPrinter &printe
     const QDialog *properties = accepted ? acceptedProperties(*shown) : nullptr;
     if (!accepted)
         printer.setPrinterName(nameBefore);
-    // Qt has given the printer its usual paper again.
+    // Qt has put the printer back to its usual paper.
     setLayout(printer, properties ? PageSetupFields::layout(*properties) : layoutBefore);
     return accepted;
 }

@@ -91,7 +91,7 @@ QMessageBox::Icon iconOf(MsgBoxStyle style)
     }
 }
 
-/// Makes \a box so wide that its title bar has room for the title, in whatever font, and for its buttons.
+/// Makes \a box so wide that its title bar fits the title, in whatever font, and for its buttons.
 void fitTitle(QMessageBox &box)
 {
     constexpr int frame = 120; // pixels

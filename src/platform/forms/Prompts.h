@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The doors to a question. Each shows the real dialog and returns when it has been answered.
+/// Message boxes. Each shows the real dialog and returns when it has been answered.
 
 /// One kind of buttons, one icon, and which button is the default, joined by "|".
 enum class MsgBoxStyle : int {
@@ -28,7 +28,7 @@ inline constexpr int Yes = 6;
 inline constexpr int No = 7;
 } // namespace MsgBoxReply
 
-/// Shows \a text, plain, with the icon and the buttons of \a style. An empty \a title stands for the
+/// Shows \a text, plain, with the icon and the buttons of \a style. An empty \a title means the
 /// application title. Returns a MsgBoxReply; Escape and the window system leave an OK box by OK and an
 /// OK/Cancel box by Cancel, a Yes/No box not at all.
 int MsgBox(const QString &text, MsgBoxStyle style = MsgBoxStyle::Plain, const QString &title = {});

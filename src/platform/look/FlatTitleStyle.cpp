@@ -62,8 +62,8 @@ QColor windowForOutlines(const QPalette &palette)
     return outline(palette, textPart).lighter(fusionDarkens);
 }
 
-/// The selected entry has a tint of the selection's colour, on which the window's icons and text stand out as
-/// they do on the menu itself.
+/// The selected entry has a tint of the selection's colour, on which the window's icons and text are as
+/// readable as on the menu itself.
 QPalette menuPalette(QPalette palette)
 {
     constexpr float highlightPart = 0.35f;

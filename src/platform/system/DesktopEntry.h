@@ -17,7 +17,7 @@ public:
     /// cannot be understood.
     QStringList command() const;
 
-    /// \a text as it stands behind "=".
+    /// \a text as it is written behind "=".
     static QString escaped(const QString &text);
     /// \a argument as one word of an Exec key, taken literally. Quoted only where it has to be: not every
     /// desktop understands a program in quotes.

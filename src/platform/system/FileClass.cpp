@@ -47,7 +47,7 @@ QString plain(const QString &text)
     });
 }
 
-/// A pattern with these signs would stand for more than one extension, or for none.
+/// A pattern with these signs would match more than one extension, or for none.
 bool isExtension(const QString &section)
 {
     return section.size() > 1 && section.startsWith(u'.') && plain(section) == section &&
@@ -65,7 +65,7 @@ QStringList patternsOf(const RegistryStore &store, const QString &className)
     return patterns;
 }
 
-/// \a command, in which "%1" stands for the file, as an Exec key has it.
+/// \a command, in which "%1" is replaced by the file, as an Exec key has it.
 QString execOf(const QString &command)
 {
     QStringList words = QProcess::splitCommand(command);
@@ -83,7 +83,7 @@ QString programOf(const QString &command)
     return QFileInfo(Paths::native(QProcess::splitCommand(command).value(0))).completeBaseName();
 }
 
-/// The icon of a program goes by that program's name. \a text ends with "," and an index.
+/// The icon of a program has that program's name. \a text ends with "," and an index.
 QString iconOf(const QString &text)
 {
     return programOf(text.left(text.lastIndexOf(u',')));

@@ -4,7 +4,7 @@
 
 class RegistryStore;
 
-/// A kind of file as the keys of its class tell it, in the words of the desktop.
+/// A kind of file, read from the registry keys of its class, in the desktop's terms.
 struct FileClass
 {
     struct Action
@@ -27,6 +27,6 @@ struct FileClass
     /// Without extension.
     QString fileName() const { return QStringLiteral("quill-") + id; }
 
-    /// The class \a className as it stands in \a store; empty where there is none.
+    /// The class \a className read from \a store; empty where there is none.
     static FileClass read(const RegistryStore &store, const QString &className);
 };

@@ -2,8 +2,8 @@
 
 #include <QString>
 
-/// A lock against other processes, held as long as it lives. The kernel frees it when its process dies,
-/// however it dies.
+/// A lock against other processes, held as long as this object exists. The kernel frees it when its process
+/// ends, however it ends.
 class FileLock
 {
 public:

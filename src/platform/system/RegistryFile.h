@@ -19,7 +19,7 @@ public:
     RegistryResult read(RegistryKey &root) const;
 
     /// Runs \a edit on the newest tree and stores what it made of it. When \a edit or the writing fails, the
-    /// old file stands whole.
+    /// old file is unchanged.
     RegistryResult change(const Edit &edit) const;
 
 private:

@@ -6,7 +6,7 @@
 
 /// The tree of one root as the bytes of its file:
 /// {"keys": [{"name": "Software", "values": [{"n": "Count", "t": 4, "d": 2}], "keys": []}]}
-/// where "t" is the type and the data stand under "s" (text), "d" (number) or "b" (bytes in hexadecimal).
+/// where "t" is the type and the data are under "s" (text), "d" (number) or "b" (bytes in hexadecimal).
 namespace RegistryJson {
 
 /// The same tree always gives the same bytes.

@@ -7,5 +7,5 @@ enum class RegistryResult : int {
     NoRights = 5,      ///< also: a key that cannot go, since it has subkeys or is a root
     WriteFault = 29,   ///< a full disk, or another failure to write
     InvalidPath = 161, ///< a key name too long, or keys too deep
-    Unreadable = 1009, ///< the store is damaged; it is left as it stands
+    Unreadable = 1009, ///< the store is damaged; it is left as it is
 };

@@ -81,7 +81,7 @@ QList<RegistryStore::Place> RegistryStore::places(Root root, const QString &sect
     return {};
 }
 
-/// Shows \a look each key that stands behind \a section, until it is content.
+/// Calls \a look with each key that \a section names, until it returns true.
 template<class Look>
 void RegistryStore::look(Root root, const QString &section, Look &&look) const
 {

@@ -7,7 +7,7 @@
 /// The registry of this computer: the user's root and the machine's, a file each, and the classes of both as
 /// one. Sections are key paths below a root, parted by "\"; an empty one is the root itself.
 ///
-/// What the values mean, and what a failure says, is told elsewhere.
+/// It knows neither what the values mean nor how a failure is shown.
 class RegistryStore
 {
 public:
@@ -22,7 +22,7 @@ public:
     RegistryStore();
     RegistryStore(const QString &userFile, const QString &machineFile);
 
-    /// Where the machine's file of every store made from now on stands; for tests. Gives the folder before.
+    /// The path of the machine's file for every store made from now on; for tests. Gives the folder before.
     static QString setMachineFolder(const QString &folder);
 
     // What cannot be read is absent.

@@ -22,7 +22,7 @@ constexpr Column columns[] = {
     {"XFCE", &ToolCandidates::xfce},
 };
 
-/// A terminal, and what stands between it and the words of a command.
+/// A terminal, and the option that precedes the words of a command.
 struct Terminal
 {
     const char *program;

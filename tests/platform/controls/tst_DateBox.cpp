@@ -29,7 +29,7 @@ TEST_F(DateBoxTest, StartsWithToday)
     EXPECT_LE(another.Value(), QDate::currentDate());
 }
 
-TEST_F(DateBoxTest, TellsOfAnotherDateAlone)
+TEST_F(DateBoxTest, EmitsChangeOnlyForAnotherDate)
 {
     box.setValue(leapDay);
     EXPECT_EQ(box.Value(), leapDay);

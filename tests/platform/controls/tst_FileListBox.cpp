@@ -137,7 +137,7 @@ TEST_F(FileListBoxTest, RefreshOfAFolderThatIsGoneEmptiesTheList)
     EXPECT_EQ(box.Path(), scratch.path() + QStringLiteral("/inner"));
 }
 
-TEST_F(FileListBoxTest, HostileNamesAreShownPlainlyAndLeadToTheirFiles)
+TEST_F(FileListBoxTest, HostileNamesAreShownPlainlyAndOpenTheirFiles)
 {
     for (const QByteArray &name : hostileFileNames)
         scratch.addFile(name, name);

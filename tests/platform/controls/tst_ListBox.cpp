@@ -100,7 +100,7 @@ TEST_F(ListBoxTest, ADragIsAClickAtItsEnd)
     EXPECT_EQ(clicks.count(), 1);
 }
 
-TEST_F(ListBoxTest, ADoubleClickIsToldAlsoBesideTheRows)
+TEST_F(ListBoxTest, ADoubleClickBesideTheRowsIsEmittedToo)
 {
     QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, middleOf(2));
     EXPECT_EQ(doubleClicks.count(), 1);
@@ -128,7 +128,7 @@ TEST_F(ListBoxTest, TypingFindsARow)
     EXPECT_EQ(list.ListIndex(), 2);
 }
 
-TEST_F(ListBoxTest, TellsOfKeys)
+TEST_F(ListBoxTest, EmitsKeys)
 {
     QSignalSpy keys(&list, &ListBox::KeyDown);
     QTest::keyClick(&list, Qt::Key_Delete);

@@ -171,7 +171,7 @@ TEST_F(ListViewTest, TypingFindsARowByItsTextWhereverWasClicked)
     EXPECT_EQ(selected(), QList<int>{3});
 }
 
-TEST_F(ListViewTest, ADoubleClickIsToldAlsoBesideTheRows)
+TEST_F(ListViewTest, ADoubleClickBesideTheRowsIsEmittedToo)
 {
     QSignalSpy doubleClicks(&view, &ListView::DblClick);
     QTest::mouseDClick(pane().viewport(), Qt::LeftButton, {}, cell(2).center());
@@ -180,7 +180,7 @@ TEST_F(ListViewTest, ADoubleClickIsToldAlsoBesideTheRows)
     EXPECT_EQ(doubleClicks.count(), 2);
 }
 
-TEST_F(ListViewTest, TellsOfKeysAndOfClicksOnHeaders)
+TEST_F(ListViewTest, EmitsKeysAndClicksOnHeaders)
 {
     QSignalSpy keys(&view, &ListView::KeyDown);
     QSignalSpy columns(&view, &ListView::ColumnClick);

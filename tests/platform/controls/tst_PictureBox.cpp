@@ -162,7 +162,7 @@ TEST_F(PictureBoxTest, AHugeRectangleIsDrawnWhereItIsSeen)
     EXPECT_EQ(image.pixelColor(380, 110), QColor(Qt::blue));
 }
 
-TEST_F(PictureBoxTest, TheMouseIsToldOfInTwips)
+TEST_F(PictureBoxTest, MouseEventsAreInTwips)
 {
     box.setPicture(halves(40, 20));
     box.setTop(300);

@@ -53,7 +53,7 @@ TEST_F(ToolbarTest, ButtonsAreReachedByPositionAndByKey)
     EXPECT_EQ(errorNumberOf([&] { toolbar.button(QStringLiteral("print")); }), 35601);
 }
 
-TEST_F(ToolbarTest, RangesReachWhatLiesBetween)
+TEST_F(ToolbarTest, RangesIncludeTheSeparatorsBetween)
 {
     toolbar.setButtonsVisible(2, 24, false);
     toolbar.setButtonsEnabled(1, 5, false);
@@ -65,7 +65,7 @@ TEST_F(ToolbarTest, RangesReachWhatLiesBetween)
     EXPECT_TRUE(toolbar.button(26).isEnabled());
 }
 
-TEST_F(ToolbarTest, AClickTellsTheKey)
+TEST_F(ToolbarTest, AClickEmitsTheKey)
 {
     QSignalSpy clicks(&toolbar, &Toolbar::ButtonClick);
     click("Print");
@@ -73,7 +73,7 @@ TEST_F(ToolbarTest, AClickTellsTheKey)
     EXPECT_EQ(clicks[0][0].toString(), QStringLiteral("Print"));
 }
 
-TEST_F(ToolbarTest, AListEntryTellsItsKey)
+TEST_F(ToolbarTest, AListEntryEmitsItsKey)
 {
     QSignalSpy entries(&toolbar, &Toolbar::ButtonMenuClick);
     QSignalSpy buttons(&toolbar, &Toolbar::ButtonClick);

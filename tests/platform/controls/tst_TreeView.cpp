@@ -79,7 +79,7 @@ TEST_F(TreeViewTest, ClearsAll)
     EXPECT_EQ(tree.Text(root), QStringLiteral("Address Book"));
 }
 
-TEST_F(TreeViewTest, AClickIsToldEachTime)
+TEST_F(TreeViewTest, EachClickIsEmitted)
 {
     click(rowOf({0, 1}).center());
     click(rowOf({0, 1}).center());

@@ -59,7 +59,7 @@ struct Receiver : QObject
 
 } // namespace
 
-TEST_F(EventGateTest, TellsOfAClick)
+TEST_F(EventGateTest, ReportsAnErrorInAClick)
 {
     QPushButton button;
     on(&button, &QPushButton::clicked, &button, failStep);
@@ -68,7 +68,7 @@ TEST_F(EventGateTest, TellsOfAClick)
     EXPECT_EQ(fatal.ends(), QList<int>{EXIT_FAILURE});
 }
 
-TEST_F(EventGateTest, TellsOfATimer)
+TEST_F(EventGateTest, ReportsAnErrorInATimer)
 {
     QTimer timer;
     timer.setSingleShot(true);
@@ -78,7 +78,7 @@ TEST_F(EventGateTest, TellsOfATimer)
     EXPECT_TRUE(QSignalSpy(&timer, &QTimer::timeout).wait());
 }
 
-TEST_F(EventGateTest, TellsOfAQueuedStep)
+TEST_F(EventGateTest, ReportsAnErrorInAQueuedStep)
 {
     QObject context;
     QMetaObject::invokeMethod(
@@ -88,14 +88,14 @@ TEST_F(EventGateTest, TellsOfAQueuedStep)
     EXPECT_EQ(fatal.ends().size(), 1);
 }
 
-TEST_F(EventGateTest, TellsOfAnOverriddenEvent)
+TEST_F(EventGateTest, ReportsAnErrorInAnOverriddenEvent)
 {
     FailingControl control;
     fatal.expect(mismatch);
     QTest::keyClick(&control, Qt::Key_A);
 }
 
-TEST_F(EventGateTest, TellsOfAMenuCommand)
+TEST_F(EventGateTest, ReportsAnErrorInAMenuCommand)
 {
     QMenu menu;
     QAction *action = menu.addAction(QStringLiteral("Fail"));
@@ -105,17 +105,17 @@ TEST_F(EventGateTest, TellsOfAMenuCommand)
     QTest::keyClick(&menu, Qt::Key_Return);
 }
 
-TEST_F(EventGateTest, TellsOfAChangedText)
+TEST_F(EventGateTest, ReportsAnErrorOfAChangedText)
 {
     QTextEdit edit;
     on(&edit, &QTextEdit::textChanged, &edit, failStep);
     fatal.expect(mismatch);
-    // Told at its source, it does not fall into the trap of whoever changed the text.
+    // Reported where it is thrown, it does not reach the catch of the code that changed the text.
     EXPECT_NO_THROW(edit.setPlainText(QStringLiteral("one")));
     EXPECT_EQ(edit.toPlainText(), QStringLiteral("one"));
 }
 
-TEST_F(EventGateTest, TellsOfADestroyedSender)
+TEST_F(EventGateTest, ReportsAnErrorOfADestroyedSender)
 {
     QObject context;
     auto *sender = new QObject;
@@ -127,7 +127,7 @@ TEST_F(EventGateTest, TellsOfADestroyedSender)
 TEST_F(EventGateTest, AFailureInANestedLoopDoesNotReachTheTrapAroundIt)
 {
     QDialog dialog;
-    bool trapped = false;
+    bool caught = false;
     QTimer timer;
     timer.setSingleShot(true);
     on(&timer, &QTimer::timeout, &dialog, [&] {
@@ -139,9 +139,9 @@ TEST_F(EventGateTest, AFailureInANestedLoopDoesNotReachTheTrapAroundIt)
     try {
         dialog.exec();
     } catch (const RuntimeError &) {
-        trapped = true;
+        caught = true;
     }
-    EXPECT_FALSE(trapped);
+    EXPECT_FALSE(caught);
 }
 
 TEST_F(EventGateTest, NoOtherHandlerRunsWhileTheBoxIsUp)
@@ -179,7 +179,7 @@ TEST_F(EventGateTest, GivesAHandlerAsManyArgumentsAsItTakes)
     EXPECT_EQ(seen, QStringList({QStringLiteral("none"), QStringLiteral("0"), QStringLiteral("0-2")}));
 }
 
-TEST_F(EventGateTest, BindsAMemberFunctionUntilItsObjectGoes)
+TEST_F(EventGateTest, BindsAMemberFunctionUntilItsObjectIsDeleted)
 {
     QTextEdit edit;
     QStandardItemModel model;
@@ -191,7 +191,7 @@ TEST_F(EventGateTest, BindsAMemberFunctionUntilItsObjectGoes)
     model.setRowCount(5);
     EXPECT_EQ(receiver->taken, 4);
     receiver.reset();
-    model.setRowCount(9); // nobody is left to hear
+    model.setRowCount(9); // the handler's object is deleted
 }
 
 TEST_F(EventGateTest, AHandlerAnswersThroughAReference)
@@ -245,7 +245,7 @@ TEST_F(EventGateTest, WhatHasToGoLivesUntilTheOutermostHandlerHasReturned)
     EXPECT_FALSE(object);
 }
 
-TEST_F(EventGateTest, WhatHasToGoGoesSoonWhereNoHandlerRuns)
+TEST_F(EventGateTest, DeletesSoonWhereNoHandlerRuns)
 {
     QPointer<QObject> object = new QObject;
     RunningHandler::deleteWhenNoneRuns(object);
@@ -256,7 +256,7 @@ TEST_F(EventGateTest, WhatHasToGoGoesSoonWhereNoHandlerRuns)
     EXPECT_FALSE(object);
 }
 
-TEST_F(EventGateTest, WhatIsGoneAlreadyIsForgotten)
+TEST_F(EventGateTest, IgnoresAnObjectThatIsDeletedAlready)
 {
     auto *object = new QObject;
     RunningHandler::deleteWhenNoneRuns(object);
@@ -276,7 +276,7 @@ TEST_F(EventGateTest, AFailedHandlerHasReturnedToo)
     EXPECT_FALSE(object);
 }
 
-TEST_F(EventGateTest, TellsOfWhateverWasThrown)
+TEST_F(EventGateTest, ReportsWhateverWasThrown)
 {
     fatal.expect(7, QStringLiteral("Out of memory"));
     fatal.expect(5, QStringLiteral("strange"));
@@ -316,12 +316,12 @@ TEST(EventGateDeathTest, EndsTheProcess)
     EXPECT_EXIT(
         {
             EventGate::setBox(
-                [](int number, const QString &) { std::fprintf(stderr, "told of %d\n", number); });
+                [](int number, const QString &) { std::fprintf(stderr, "reported %d\n", number); });
             EventGate::setEnd({});
             run(failStep);
             std::fprintf(stderr, "went on\n");
         },
-        testing::ExitedWithCode(EXIT_FAILURE), "told of 13\n$");
+        testing::ExitedWithCode(EXIT_FAILURE), "reported 13\n$");
 }
 
 TEST(EventGateDeathTest, ANormalEndLeavesTheLoopAndNoHandlerRunsAnyMore)

@@ -16,7 +16,7 @@ struct FileNamesTest : testing::TestWithParam<NameRow>
 
 } // namespace
 
-TEST_P(FileNamesTest, BytesAndTextLeadToEachOther)
+TEST_P(FileNamesTest, BytesAndTextConvertBothWays)
 {
     EXPECT_EQ(FileNames::fromBytes(GetParam().bytes), GetParam().text);
     EXPECT_EQ(FileNames::toBytes(GetParam().text), GetParam().bytes);

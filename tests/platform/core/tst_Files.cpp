@@ -95,7 +95,7 @@ TEST_F(FilesTest, RefusesWhatIsNoFile)
               ErrorNumber::PathNotFound);
 }
 
-TEST_F(FilesTest, TellsAPathThroughAFile)
+TEST_F(FilesTest, ReportsAPathThroughAFile)
 {
     Files::write(path, "one");
     EXPECT_EQ(errorNumberOf([&] { Files::read(path + QStringLiteral("/x")); }), ErrorNumber::PathNotFound);
@@ -148,7 +148,7 @@ TEST_F(FilesTest, ANewFileFollowsTheMask)
     EXPECT_EQ(state.st_mode & 0777, 0640u);
 }
 
-TEST_F(FilesTest, WithoutPermissionTheFileStands)
+TEST_F(FilesTest, WithoutPermissionTheFileIsUnchanged)
 {
     const AsUser user(home.path());
     Files::write(path, "one");

@@ -14,11 +14,11 @@ namespace {
 struct FolderTest : testing::Test
 {
     ScratchFolder scratch;
-    QStringList files(Folder::Hidden hidden = Folder::Hidden::Left) const
+    QStringList files(Folder::Hidden hidden = Folder::Hidden::Skip) const
     {
         return Folder::files(scratch.path(), hidden);
     }
-    QStringList subfolders(Folder::Hidden hidden = Folder::Hidden::Left) const
+    QStringList subfolders(Folder::Hidden hidden = Folder::Hidden::Skip) const
     {
         return Folder::subfolders(scratch.path(), hidden);
     }
@@ -26,7 +26,7 @@ struct FolderTest : testing::Test
 
 } // namespace
 
-TEST_F(FolderTest, FilesAndFoldersAreToldApart)
+TEST_F(FolderTest, FilesAndFoldersAreSeparated)
 {
     scratch.addFile("note.txt");
     scratch.addFolder("inner");
@@ -45,8 +45,8 @@ TEST_F(FolderTest, HiddenNamesAreTakenOnWish)
     scratch.addFolder(".config");
     EXPECT_EQ(files(), QStringList());
     EXPECT_EQ(subfolders(), QStringList());
-    EXPECT_EQ(files(Folder::Hidden::Taken), QStringList(QStringLiteral(".profile")));
-    EXPECT_EQ(subfolders(Folder::Hidden::Taken), QStringList(QStringLiteral(".config")));
+    EXPECT_EQ(files(Folder::Hidden::Include), QStringList(QStringLiteral(".profile")));
+    EXPECT_EQ(subfolders(Folder::Hidden::Include), QStringList(QStringLiteral(".config")));
 }
 
 TEST_F(FolderTest, NamesAreInTheOrderOfAPerson)
@@ -69,7 +69,7 @@ TEST_F(FolderTest, AFileOfAnyNameIsListedAndRead)
         ASSERT_EQ(::unlink(scratch.file(name).constData()), 0);
     }
     scratch.addFolder("f\xf6lder");
-    EXPECT_EQ(Folder::files(Folder::join(scratch.path(), subfolders()[0]), Folder::Hidden::Taken),
+    EXPECT_EQ(Folder::files(Folder::join(scratch.path(), subfolders()[0]), Folder::Hidden::Include),
               QStringList());
 }
 
@@ -79,7 +79,7 @@ TEST_F(FolderTest, WhatCannotBeReadIsAnError)
     scratch.addFolder("secret");
     ASSERT_EQ(::chmod(scratch.file("secret").constData(), 0), 0);
     const auto numberFor = [](const QString &path) {
-        return errorNumberOf([&] { Folder::files(path, Folder::Hidden::Left); });
+        return errorNumberOf([&] { Folder::files(path, Folder::Hidden::Skip); });
     };
     EXPECT_EQ(numberFor(Folder::join(scratch.path(), QStringLiteral("gone"))), ErrorNumber::PathNotFound);
     EXPECT_EQ(numberFor(Folder::join(scratch.path(), QStringLiteral("file"))), ErrorNumber::PathNotFound);

@@ -102,7 +102,7 @@ TEST(NumbersTest, WhatIsWrittenReadsBack)
         EXPECT_EQ(Numbers::toSingle(Numbers::singleText(value)), value);
 }
 
-TEST_P(ToSingleTest, ConvertsOrTellsWhy)
+TEST_P(ToSingleTest, ConvertsOrThrows)
 {
     const QString text = QString::fromUtf8(GetParam().text);
     float value = 0;
@@ -123,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(
                     TextRow{"OtherDigits", "\xD9\xA1\xD9\xA2", 0, 13}),
     nameOf<TextRow>);
 
-TEST_P(ToIntegerTest, ConvertsOrTellsWhy)
+TEST_P(ToIntegerTest, ConvertsOrThrows)
 {
     const QString text = QString::fromUtf8(GetParam().text);
     qint16 value = 0;
@@ -166,7 +166,7 @@ INSTANTIATE_TEST_SUITE_P(
         DoubleRow{"Smallest", std::numeric_limits<double>::denorm_min(), "4.94065645841247E-324"}),
     nameOf<DoubleRow>);
 
-TEST_P(LeadingNumberTest, ReadsAsFarAsItGoes)
+TEST_P(LeadingNumberTest, ReadsTheNumericPrefix)
 {
     EXPECT_EQ(Numbers::leadingNumber(QString::fromUtf8(GetParam().text)), GetParam().value);
 }
@@ -215,7 +215,7 @@ TEST(NumbersTest, ALeadingNumberMayHaveAnyLength)
     EXPECT_EQ(Numbers::leadingNumber(QStringLiteral("0.") + QString(300, u'0') + QStringLiteral("1E301")), 1);
 }
 
-TEST_P(RoundedTest, GoesToTheNearestOrTheEvenOne)
+TEST_P(RoundedTest, RoundsToTheNearestOrTheEvenOne)
 {
     EXPECT_EQ(Numbers::rounded(GetParam().value, GetParam().places), GetParam().rounded);
 }

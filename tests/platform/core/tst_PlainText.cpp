@@ -48,7 +48,7 @@ TEST(PlainTextTest, EmptyStaysEmpty)
     EXPECT_TRUE(PlainText::encode({}, LineEnd::CrLf).isEmpty());
 }
 
-TEST(PlainTextTest, TellsTheLineEndThatMostLinesHave)
+TEST(PlainTextTest, FindsTheLineEndThatMostLinesHave)
 {
     EXPECT_EQ(PlainText::lineEndOf("one line"), LineEnd::Lf);
     EXPECT_EQ(PlainText::lineEndOf("a\nb\n"), LineEnd::Lf);

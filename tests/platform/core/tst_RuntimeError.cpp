@@ -17,7 +17,7 @@ struct RuntimeErrorErrnoTest : testing::TestWithParam<ErrnoRow>
 
 } // namespace
 
-TEST(RuntimeErrorTest, TakesThePlatformsTextWhereNoneIsGiven)
+TEST(RuntimeErrorTest, UsesThePlatformsTextByDefault)
 {
     EXPECT_EQ(RuntimeError(11).description(), QStringLiteral("Division by zero"));
     EXPECT_EQ(RuntimeError(13).description(), QStringLiteral("Type mismatch"));
@@ -47,7 +47,7 @@ TEST(RuntimeErrorTest, IsCaughtAsAStandardException)
     }
 }
 
-TEST_P(RuntimeErrorErrnoTest, IsToldByTheNumberOfItsKind)
+TEST_P(RuntimeErrorErrnoTest, HasTheNumberOfItsKind)
 {
     const RuntimeError error = RuntimeError::fromErrno(GetParam().code, QStringLiteral("/a"));
     EXPECT_EQ(error.number(), GetParam().number);

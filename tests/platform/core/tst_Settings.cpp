@@ -33,7 +33,7 @@ struct SettingsTest : testing::Test
 
 } // namespace
 
-TEST_F(SettingsTest, StandInTheUsersConfigurationFolder)
+TEST_F(SettingsTest, AreInTheUsersConfigurationFolder)
 {
     EXPECT_EQ(file, home.file(QStringLiteral(".config/QuillOfficeToolsv2.ini")));
 }
@@ -88,7 +88,7 @@ TEST_F(SettingsTest, ACommaWrittenByHandIsKept)
     EXPECT_EQ(get("Settings", "Title"), QStringLiteral("Smith, John"));
 }
 
-TEST_F(SettingsTest, TwoApplicationsStandApart)
+TEST_F(SettingsTest, TwoApplicationsAreSeparate)
 {
     Settings::save(QStringLiteral("other"), QStringLiteral("Settings"), QStringLiteral("MainLeft"),
                    QStringLiteral("5"));
@@ -161,7 +161,7 @@ TEST_F(SettingsTest, AFullDiskLeavesTheOldFile)
     EXPECT_EQ(folder(), QStringList(QStringLiteral("QuillOfficeToolsv2.ini")));
 }
 
-TEST_F(SettingsTest, AFolderInThePlaceOfTheFileIsToldAndHarmless)
+TEST_F(SettingsTest, AFolderInThePlaceOfTheFileIsAnErrorAndHarmless)
 {
     QDir().mkpath(file);
     EXPECT_EQ(get("Settings", "MainLeft"), QStringLiteral("none"));
@@ -169,7 +169,7 @@ TEST_F(SettingsTest, AFolderInThePlaceOfTheFileIsToldAndHarmless)
               ErrorNumber::PathFileAccessError);
 }
 
-TEST_F(SettingsTest, WithoutWritePermissionTheFileStands)
+TEST_F(SettingsTest, WithoutWritePermissionTheFileIsUnchanged)
 {
     const AsUser user(home.path());
     save("Settings", "MainLeft", QStringLiteral("1000"));

@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-/// A window that writes down the steps of its life and fails or refuses where a test tells it to.
+/// A window that records the steps of its life time and fails or refuses where a test asks it to.
 class ProbeForm : public Form
 {
     Q_OBJECT

@@ -187,7 +187,7 @@ TEST_F(CommonDialogTest, OpensAndAsksAboutAnyName)
     }
 }
 
-TEST_F(CommonDialogTest, TakesANameThatExistsWithoutAskingWhereNotTold)
+TEST_F(CommonDialogTest, TakesANameThatExistsWithoutAskingByDefault)
 {
     const QString path = made("one.rtf");
     dialogs.expectFileDialog(title).accept(QStringLiteral("one.rtf"));

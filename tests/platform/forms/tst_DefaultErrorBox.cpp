@@ -16,7 +16,7 @@ namespace {
     throw RuntimeError(ErrorNumber::TypeMismatch);
 }
 
-/// The real box, put away again behind the test.
+/// The real box, removed again after the test.
 struct DefaultErrorBoxTest : testing::Test
 {
     void SetUp() override

@@ -62,7 +62,7 @@ QPushButton &okButton(FontDialog &window)
 
 } // namespace
 
-TEST_F(FontDialogTest, ShowsWhatItWasGiven)
+TEST_F(FontDialogTest, ShowsTheInitialFont)
 {
     choose([](FontDialog &window) {
         EXPECT_EQ(control<QListWidget>(window, "lstFont").currentItem()->text(),
@@ -142,7 +142,7 @@ TEST_F(FontDialogTest, WithoutASizeThereIsNoOK)
     EXPECT_EQ(dialog.FontSize, 8);
 }
 
-TEST_F(FontDialogTest, AnInstalledFamilyIsListedOnceInItsGivenSpelling)
+TEST_F(FontDialogTest, AnInstalledFamilyIsListedOnceInTheCallersSpelling)
 {
     dialog.FontName = installed.toLower();
     choose([](FontDialog &window) {

@@ -262,7 +262,7 @@ TEST_F(FormTest, ClosedWhileItsHandlerWaitsItLivesUntilTheHandlerReturns)
     EXPECT_EQ(steps, list("load query unload terminate deleted"));
 }
 
-TEST_F(FormTest, AModalWindowAsksBeforeItGoes)
+TEST_F(FormTest, AModalWindowAsksBeforeItCloses)
 {
     DialogDriver dialogs;
     form->onQueryUnload = [] {
@@ -297,7 +297,7 @@ TEST_F(FormTest, AWindowThatUnloadsItselfWhileLoadingIsNotShown)
     EXPECT_FALSE(form);
 }
 
-TEST_F(FormTest, AModalWindowGoesWithItsOwner)
+TEST_F(FormTest, AModalWindowIsClosedWithItsOwner)
 {
     QWidget owner;
     owner.show();
@@ -312,7 +312,7 @@ TEST_F(FormTest, AModalWindowGoesWithItsOwner)
     EXPECT_TRUE(Forms::loaded().isEmpty());
 }
 
-TEST_F(FormTest, ResizesAreHeardWhileItIsLoaded)
+TEST_F(FormTest, ResizesAreHandledWhileItIsLoaded)
 {
     int resized = 0;
     form->onResize = [&] { ++resized; };
@@ -354,7 +354,7 @@ TEST_F(FormTest, RunsItsOperationsByName)
     EXPECT_EQ(errorNumberOf([&] { form->call(QStringLiteral("fail")); }), ErrorNumber::DiskFull);
 }
 
-TEST_F(FormTest, AFailureWhileItIsClosedIsTold)
+TEST_F(FormTest, AFailureWhileItIsClosedIsReported)
 {
     FatalErrors fatal;
     form->onQueryUnload = []() -> bool { throw RuntimeError(ErrorNumber::TypeMismatch); };
@@ -364,7 +364,7 @@ TEST_F(FormTest, AFailureWhileItIsClosedIsTold)
     EXPECT_TRUE(form->isLoaded());
 }
 
-TEST_F(FormTest, AFailureWhileItIsResizedIsTold)
+TEST_F(FormTest, AFailureWhileItIsResizedIsReported)
 {
     FatalErrors fatal;
     form->showModeless();

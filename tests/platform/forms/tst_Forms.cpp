@@ -87,7 +87,7 @@ TEST_F(FormsTest, ManyInstancesAreNewEachTime)
     EXPECT_TRUE(Forms::named(single).isEmpty());
 }
 
-TEST_F(FormsTest, StandInOrderOfCreationHiddenOrNot)
+TEST_F(FormsTest, AreInOrderOfCreationHiddenOrNot)
 {
     Form &first = loaded(document);
     Form &second = loaded(single);
@@ -100,7 +100,7 @@ TEST_F(FormsTest, StandInOrderOfCreationHiddenOrNot)
     settle();
 }
 
-TEST_F(FormsTest, AnUnknownNameIsToldByError424)
+TEST_F(FormsTest, AnUnknownNameIsError424)
 {
     EXPECT_EQ(errorNumberOf([] { Forms::refer(QStringLiteral("frmGone")); }), ErrorNumber::ObjectRequired);
 }

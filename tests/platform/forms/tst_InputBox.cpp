@@ -67,7 +67,7 @@ TEST_F(InputBoxTest, TheTextHasTheFocus)
               QStringLiteral("default"));
 }
 
-TEST_F(InputBoxTest, TakesTheApplicationTitleWhereNoneIsGiven)
+TEST_F(InputBoxTest, UsesTheApplicationTitleByDefault)
 {
     dialogs.expectInput(QStringLiteral("QuillOfficeToolsv2"), prompt);
     InputBox(prompt);

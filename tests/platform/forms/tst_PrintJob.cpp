@@ -38,7 +38,7 @@ struct PrintJobTest : testing::Test
 
 } // namespace
 
-TEST_F(PrintJobTest, TheFileStandsWhenTheJobIsFinished)
+TEST_F(PrintJobTest, TheFileIsWrittenWhenTheJobIsFinished)
 {
     if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
         GTEST_SKIP() << "pdftotext, which reads the printed pages, is not installed";

@@ -59,7 +59,7 @@ INSTANTIATE_TEST_SUITE_P(
                     IconRow{"Information", MsgBoxStyle::Information, QMessageBox::Information}),
     [](const auto &row) { return std::string(row.param.name); });
 
-TEST_F(MsgBoxTest, ReturnsTheGivenNumbers)
+TEST_F(MsgBoxTest, ReturnsTheNumberOfTheButton)
 {
     dialogs.expectBox(title, text).press(QMessageBox::Ok);
     EXPECT_EQ(MsgBox(text, MsgBoxStyle::Plain, title), 1);
@@ -107,7 +107,7 @@ TEST_F(MsgBoxTest, ShowsLineEndsOfAnyKindAndMarksWhatHides)
     MsgBox(QStringLiteral("Delete\ra\r\nb\u202Ec ?"), MsgBoxStyle::Plain, title);
 }
 
-TEST_F(MsgBoxTest, TakesTheApplicationTitleWhereNoneIsGiven)
+TEST_F(MsgBoxTest, UsesTheApplicationTitleByDefault)
 {
     dialogs.expectBox(QStringLiteral("QuillOfficeToolsv2"), text);
     MsgBox(text);

@@ -11,7 +11,7 @@ TEST(ColorScheme, WithoutAPortalItIsLight)
     EXPECT_FALSE(ColorScheme(nullptr).prefersDark());
 }
 
-TEST(ColorScheme, ThePortalTellsAndTurns)
+TEST(ColorScheme, FollowsThePortal)
 {
     ASSERT_TRUE(PrivateBus::isRunning());
     StandInPortal portal(1);
@@ -20,7 +20,7 @@ TEST(ColorScheme, ThePortalTellsAndTurns)
     QSignalSpy turns(&scheme, &ColorScheme::changed);
     portal.turnTo(2);
     ASSERT_TRUE(turns.wait());
-    ASSERT_EQ(turns.size(), 1); // other settings are not its business
+    ASSERT_EQ(turns.size(), 1); // other settings are ignored
     EXPECT_FALSE(turns[0][0].toBool());
 }
 

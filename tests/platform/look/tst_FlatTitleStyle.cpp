@@ -51,7 +51,7 @@ QImage barWithTitle(const QString &title)
     return window->grab(QRect(0, 0, window->width(), 20)).toImage();
 }
 
-/// The most that the frame of a group box stands out from its window.
+/// The highest contrast of a group box's frame with its window.
 double contrastOfGroupFrame(const QPalette &palette)
 {
     const FlatTitleStyle style;
@@ -86,7 +86,7 @@ QColor selectedMenuGround(const QPalette &palette)
     return image.pixelColor(option.rect.center());
 }
 
-/// The most that anything in an unchecked box or button stands out from its window.
+/// The highest contrast of anything in an unchecked box or button with its window.
 double contrastOf(QStyle::PrimitiveElement element, const QPalette &palette, double pixelRatio)
 {
     const FlatTitleStyle style;
@@ -139,7 +139,7 @@ TEST(FlatTitleStyle, GroupFramesAndMenuEntriesAreSeenInLightAndDark)
     }
 }
 
-TEST(FlatTitleStyle, ASelectedMenuEntryStandsOutFromTheOthers)
+TEST(FlatTitleStyle, ASelectedMenuEntryContrastsWithTheOthers)
 {
     for (const QPalette &palette : {Palettes::light(), Palettes::dark()})
         EXPECT_GT(contrast(selectedMenuGround(palette), palette.color(QPalette::Base)), 1.3);
@@ -153,12 +153,12 @@ TEST(FlatTitleStyle, PushButtonsOfBoxesHaveNoIcons)
     EXPECT_TRUE(box.addButton(QDialogButtonBox::Save)->icon().isNull());
 }
 
-TEST(FlatTitleStyle, AButtonUnderTheMouseStandsOut)
+TEST(FlatTitleStyle, AButtonUnderTheMouseIsHighlighted)
 {
     EXPECT_NE(paint(QStyle::State_Active), paint(QStyle::State_Active, QStyle::SC_TitleBarCloseButton));
 }
 
-TEST(FlatTitleStyle, UncheckedBoxesAndButtonsStandOutFromTheWindow)
+TEST(FlatTitleStyle, UncheckedBoxesAndButtonsContrastWithTheWindow)
 {
     constexpr double visible = 3.0;
     for (const QPalette &palette : {Palettes::light(), Palettes::dark()}) {

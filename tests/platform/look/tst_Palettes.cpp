@@ -6,7 +6,7 @@
 class ReadablePalette : public testing::TestWithParam<bool>
 {};
 
-TEST_P(ReadablePalette, TextStandsOutFromItsGround)
+TEST_P(ReadablePalette, TextContrastsWithItsBackground)
 {
     const QPalette palette = GetParam() ? Palettes::dark() : Palettes::light();
     constexpr double readable = 4.5;

@@ -101,7 +101,7 @@ TEST_F(FileAssociationsTest, AProgramWithABlankInItsPathIsStartedToo)
     EXPECT_EQ(opened(path), QStringLiteral("/x|two words|") + path + u'|');
 }
 
-TEST_F(FileAssociationsTest, ItGoesBeforeWhatTheSystemKnows)
+TEST_F(FileAssociationsTest, ItTakesPrecedenceOverTheSystem)
 {
     associate(QStringLiteral("Words"), QStringLiteral("txt"), QStringLiteral("\"/bin/true\" \"%1\""));
     EXPECT_EQ(typeOf(document(QStringLiteral("a.txt"))), QStringLiteral("application/x-quill-words"));
@@ -159,7 +159,7 @@ TEST_F(FileAssociationsTest, AClassWithoutExtensionOrCommandMakesNothing)
     EXPECT_TRUE(QDir(home.file(QStringLiteral(".local/share"))).isEmpty());
 }
 
-TEST_F(FileAssociationsTest, WithoutTheToolsTheFilesStandSilently)
+TEST_F(FileAssociationsTest, WithoutTheToolsTheFilesAreWrittenSilently)
 {
     const ScratchVariable path("PATH", home.file(QStringLiteral("none")).toUtf8());
     associate(QStringLiteral("Probe"), QStringLiteral("qprobe"), QStringLiteral("/bin/true \"%1\""));

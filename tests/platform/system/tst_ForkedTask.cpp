@@ -24,7 +24,7 @@ struct Pipe
     Pipe &operator=(const Pipe &) = delete;
 
     void put(char sign) const { (void)!::write(ends[1], &sign, 1); }
-    /// Waits for the next sign; 0 when nobody can write one any more, -1 when time has run out.
+    /// Waits for the next sign; 0 when no process can write one any more, -1 when time has run out.
     int take() const
     {
         pollfd waiting = {ends[0], POLLIN, 0};
@@ -64,7 +64,7 @@ TEST(ForkedTaskTest, SeesTheMemoryOfItsStart)
     EXPECT_FALSE(task.isRunning());
 }
 
-TEST(ForkedTaskTest, TellsOfFailure)
+TEST(ForkedTaskTest, ReportsFailure)
 {
     ForkedTask task;
     EXPECT_TRUE(task.hasSucceeded());

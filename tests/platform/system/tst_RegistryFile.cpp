@@ -148,7 +148,7 @@ TEST_F(RegistryFileTest, AFullDiskLeavesTheOldFileWhole)
     EXPECT_EQ(write(QStringLiteral("b"), 100000), RegistryResult::Ok);
 }
 
-TEST_F(RegistryFileTest, ADamagedFileIsToldAndLeftAsItStands)
+TEST_F(RegistryFileTest, ADamagedFileIsAnErrorAndIsLeftAsItIs)
 {
     QByteArray garbage;
     for (int i = 0; i < 5000; ++i)
@@ -164,7 +164,7 @@ TEST_F(RegistryFileTest, ADamagedFileIsToldAndLeftAsItStands)
     }
 }
 
-TEST_F(RegistryFileTest, AFolderInThePlaceOfTheFileIsToldAndHarmless)
+TEST_F(RegistryFileTest, AFolderInThePlaceOfTheFileIsAnErrorAndHarmless)
 {
     QDir().mkpath(path);
     RegistryKey root;
@@ -179,7 +179,7 @@ TEST_F(RegistryFileTest, APathThroughAFileIsAWriteFault)
     EXPECT_EQ(write(QStringLiteral("a")), RegistryResult::WriteFault);
 }
 
-TEST_F(RegistryFileTest, WithoutRightsItIsToldAndTheFileStands)
+TEST_F(RegistryFileTest, WithoutRightsItFailsAndTheFileIsUnchanged)
 {
     const AsUser user(home.path());
     write(QStringLiteral("a"));

@@ -85,7 +85,7 @@ TEST_F(RegistryStoreTest, ValuesStayInOrderAndKeysAreSorted)
               QStringList({QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("C")}));
 }
 
-TEST_F(RegistryStoreTest, TheRootsStandApart)
+TEST_F(RegistryStoreTest, TheRootsAreSeparate)
 {
     set(Root::User, "k", "v", text("user"));
     set(Root::Machine, "k", "v", text("machine"));

@@ -40,7 +40,8 @@ struct ToolLauncherTest : testing::Test
         Files::write(home.file(QStringLiteral("data/applications/%1.desktop").arg(QLatin1String(id))),
                      "[Desktop Entry]\nType=Application\nName=A Tool\n" + keys);
     }
-    /// The words of the tool that was started, which has the process id given; "none" where nothing was.
+    /// The command line of the tool that was started, which has the returned process id; "none" where nothing
+    /// was.
     QString started(const ToolCandidates &candidates) const
     {
         const QString log = home.file(QStringLiteral("log"));
@@ -59,13 +60,13 @@ constexpr ToolCandidates four = {"c:gnome-tool", "c:kde-tool", "c:xfce-tool", "c
 
 } // namespace
 
-TEST_F(ToolLauncherTest, NothingFoundIsTold)
+TEST_F(ToolLauncherTest, ReturnsNothingWhereNoToolIsFound)
 {
     EXPECT_EQ(started(four), QStringLiteral("none"));
     EXPECT_EQ(started({nullptr, nullptr, nullptr, nullptr}), QStringLiteral("none"));
 }
 
-TEST_F(ToolLauncherTest, TheOwnDesktopGoesFirstThenTheFallbackThenTheOthers)
+TEST_F(ToolLauncherTest, TheOwnDesktopIsTriedFirstThenTheFallbackThenTheOthers)
 {
     struct
     {
@@ -139,7 +140,7 @@ TEST_F(ToolLauncherTest, ADesktopFileThatCannotServeIsNotThere)
         EXPECT_EQ(started({id, nullptr, nullptr, nullptr}), QStringLiteral("none")) << id;
 }
 
-TEST_F(ToolLauncherTest, TheUsersOwnDesktopFileGoesFirst)
+TEST_F(ToolLauncherTest, TheUsersOwnDesktopFileIsTriedFirst)
 {
     install("tool");
     installEntry("a", "Exec=tool system\n");

@@ -21,7 +21,7 @@ const QString settingsSection = QStringLiteral("Settings");
 const QString counter = QStringLiteral("MainLeft");
 const QString bystander = QStringLiteral("MainTop");
 
-/// A text of many lines that all tell the same number, so that parts of two saves are noticed.
+/// A text of many lines that all have the same number, so that parts of two saves are noticed.
 QString textOf(int number)
 {
     return QStringLiteral("save %1\n").arg(number).repeated(lines);

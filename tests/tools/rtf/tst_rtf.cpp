@@ -62,7 +62,7 @@ TEST_F(RtfTool, PrintsPlainTextAsItIs)
     EXPECT_EQ(out, QByteArray("one\ntwo\n"));
 }
 
-TEST_F(RtfTool, PrintsADamagedFileAsFarAsItGoes)
+TEST_F(RtfTool, PrintsTheReadablePartOfADamagedFile)
 {
     run({QStringLiteral("text"), file("a.rtf", "{\\rtf1{\\fonttbl{\\f0 A;}}one {\\b two")});
     EXPECT_EQ(code, 0);
@@ -164,7 +164,7 @@ TEST_F(RtfTool, LeavesTheOldFileWholeOnAFullDisk)
     EXPECT_EQ(QDir(home.path()).entryList(QDir::Files).size(), 2);
 }
 
-TEST_F(RtfTool, ComplainsOfOutputThatGoesNowhere)
+TEST_F(RtfTool, ReportsAFullOutput)
 {
     const QString path = file("a.rtf", "{\\rtf1 x}");
     QProcess process;
@@ -175,7 +175,7 @@ TEST_F(RtfTool, ComplainsOfOutputThatGoesNowhere)
     EXPECT_EQ(process.readAllStandardError(), QByteArray("rtf: standard output: Disk full\n"));
 }
 
-TEST_F(RtfTool, TellsItsUsage)
+TEST_F(RtfTool, PrintsItsUsage)
 {
     const QStringList wrong[] = {{},
                                  {QStringLiteral("text")},

@@ -2,7 +2,7 @@
 
 #include <QObject>
 
-/// An interface to load: it answers what it hears.
+/// An interface to load: it answers with its argument.
 class Echo : public QObject
 {
     Q_OBJECT
