@@ -165,7 +165,7 @@ void frmMain::restorePosition()
     moveOntoScreen();
 }
 
-/// A position from a screen that is gone would leave the frame out of reach.
+/// A position on a screen that is no longer connected would leave the frame out of reach.
 void frmMain::moveOntoScreen()
 {
     for (const QScreen *screen : QGuiApplication::screens()) {

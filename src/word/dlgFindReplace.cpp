@@ -41,7 +41,7 @@ dlgFindReplace::dlgFindReplace(const FindRequest &initial, bool replaces, QWidge
 {
     setObjectName(QStringLiteral("dlgFindReplace"));
     setWindowTitle(replaces ? QStringLiteral("Replace") : QStringLiteral("Find"));
-    setAttribute(Qt::WA_ShowWithoutActivating); // whoever opens it says where the focus is
+    setAttribute(Qt::WA_ShowWithoutActivating); // the caller decides where the focus is
     auto *row = new QHBoxLayout(this);
     row->addLayout(buildFields(replaces), 1);
     row->addLayout(buildButtons(replaces));
