@@ -70,8 +70,8 @@ frmMain::frmMain()
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Tallowick - Quill-Office Tools"));
-    setContextMenuPolicy(
-        Qt::NoContextMenu); // Qt's own would hide the toolbar and leave the View menu checked
+    // Qt's own menu would hide the toolbar and leave the View menu's item checked.
+    setContextMenuPolicy(Qt::NoContextMenu);
     buildMenus();
     buildToolBar();
     m_statusBar->setObjectName(QStringLiteral("sbStatusBar"));

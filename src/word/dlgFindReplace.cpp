@@ -142,8 +142,7 @@ void dlgFindReplace::fill(const FindRequest &initial)
     QRadioButton *chosen = m_flags & FindFlag::Down ? optDown : optUp;
     QRadioButton *other = chosen == optDown ? optUp : optDown;
     chosen->setChecked(true);
-    other->setFocusPolicy(
-        Qt::ClickFocus); // the Tab key stops at the chosen one alone, as it does after a click
+    other->setFocusPolicy(Qt::ClickFocus); // the Tab key stops at the chosen one alone, as after a click
     txtFind->selectAll();
     txtFind->setFocus();
     txtFind_Change();

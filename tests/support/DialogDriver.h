@@ -32,7 +32,7 @@ public:
     template<class Window>
     void expectWindow(const QString &name, std::function<void(Window &)> act);
 
-    /// From now on a window that no step expects is left by its gentlest way out and fails nothing.
+    /// From now on a window that no step expects is closed in the same way and fails nothing.
     void leaveWhatComes();
 
     /// Every modal window so far, expected or not.

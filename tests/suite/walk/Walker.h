@@ -5,7 +5,7 @@
 #include <functional>
 
 /// A user who tries everything that the frame offers, with the mouse, and leaves every dialog by its
-/// gentlest way out. Errors that would end the program are recorded, and it continues.
+/// least harmful button. Errors that would end the program are recorded, and it continues.
 class Walker
 {
 public:
