@@ -1,4 +1,4 @@
-# The allowed dependencies: what a folder of src/ may link. quill_module() and its kin refuse every other link.
+# The allowed dependencies: what a folder of src/ may link. quill_module() and the functions like it refuse every other link.
 #
 # "*" matches any run of characters. A folder inherits nothing from the one above it.
 

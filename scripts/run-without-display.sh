@@ -15,6 +15,6 @@ fi
 suite=$!
 trap 'kill $suite 2>/dev/null || true; rm -rf "${made:-}"' EXIT
 timeout 30 xdotool search --sync --onlyvisible --name "Quill-Office Tools" >/dev/null
-sleep 1 # the first picture of the frame is painted behind its mapping
+sleep 1 # the frame is painted only after it is mapped
 import -window root "$2"
 echo "Screenshot: $2"

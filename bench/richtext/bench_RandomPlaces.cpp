@@ -43,7 +43,8 @@ QByteArray picture()
 /// About 4 KB: a heading, paragraphs, one with a picture, items and a table.
 QByteArray chapter(int number)
 {
-    const QByteArray words = "Plain words of a letter that fills some lines, {\\b bold} and {\\i italic}. ";
+    const QByteArray words =
+        "Plain words of a letter that goes on for some lines, {\\b bold} and {\\i italic}. ";
     QByteArray rich = "\\pard\\sb240\\sa120{\\b\\fs32 Heading " + QByteArray::number(number) + "}\\par\n";
     for (int i = 0; i < 10; ++i)
         rich += "\\pard " + words.repeated(1 + (number + i) % 5) + "\\par\n";

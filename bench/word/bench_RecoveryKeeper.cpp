@@ -18,8 +18,8 @@
 //
 //     QT_QPA_PLATFORM=offscreen bench_RecoveryKeeper FILE
 //
-// Keys come at an even pace, whatever has been done with the one before. Milliseconds from the moment at
-// which a key is due to the end of its painting.
+// Keys come at an even pace, whether or not the one before has been processed. Milliseconds from the moment
+// at which a key is due to the end of its painting.
 
 namespace {
 

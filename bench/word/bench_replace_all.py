@@ -3,8 +3,8 @@
 
 100,000 hits in 10 MB of text with runs of several looks, the same file for both. Printed are the median times from
 the command to the painted page, our undo, and our memory while replacing as a multiple of that before; then the
-reference program's times as multiples of ours: of its command Replace All, and of the bare call of its scripting interface, which
-shows nothing on a page. It keeps no undo of so many hits. Needs libreoffice-writer and python3-uno.
+reference program's times as multiples of ours: of its command Replace All, and of the bare call of its scripting
+interface, which shows nothing on a page. It keeps no undo of so many hits. Needs libreoffice-writer and python3-uno.
 """
 
 import argparse

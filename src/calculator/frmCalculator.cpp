@@ -25,7 +25,7 @@ constexpr double keyHeight = 1.7; // the same
 constexpr double keyFontScale = 1.25;
 constexpr double pointFontScale = 1.6; // over the keys' own: a dot is small
 constexpr double fieldFontScale = 1.9;
-constexpr double spaciousness = 1.2; // over what the layout needs
+constexpr double sizeFactor = 1.2; // over what the layout needs
 
 constexpr ToolMenuRow menuRows[] = {
     StandardToolMenu::File,           StandardToolMenu::NewDocument,  StandardToolMenu::Close,
@@ -75,7 +75,7 @@ frmCalculator::frmCalculator()
 
 QSize frmCalculator::sizeHint() const
 {
-    return ChildForm::sizeHint() * spaciousness;
+    return ChildForm::sizeHint() * sizeFactor;
 }
 
 void frmCalculator::buildField()

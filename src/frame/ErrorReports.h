@@ -2,7 +2,7 @@
 
 #include "RuntimeError.h"
 
-/// The application-wide error report: a box, then the end of the process, in which no window gets to ask.
+/// The application-wide error report: a box, then the end of the process, without asking any window.
 void ReportFatalError(int number, const QString &description);
 
 /// The box "System Error!"; a cancelled dialog (32755) shows nothing.

@@ -6,7 +6,8 @@
 class QAction;
 class QWidget;
 
-/// The icons of a window's menu items. They come from the theme anew when the window's palette turns.
+/// The icons of a window's menu items. They are loaded again when the window's palette changes between light
+/// and dark.
 class MenuIcons : public QObject
 {
 public:

@@ -19,7 +19,7 @@ QString titleOf(const QString &path)
     return path.contains(QChar(u'\0')) ? QString() : path.section(u'/', -1);
 }
 
-/// The entry of \a filter, parted by bars, at \a index from 1: its text and its patterns.
+/// The entry of \a filter, separated by bars, at \a index from 1: its text and its patterns.
 QString filterEntry(const QString &filter, int index)
 {
     return filter.section(u'|', 2 * index - 2, 2 * index - 1);

@@ -21,7 +21,7 @@ public:
     explicit cRegistry(const RegistryStore &store = {});
 
     qint32 ClassKey = CurrentUser;
-    QString SectionKey;                            ///< the path below the root, parted by "\"
+    QString SectionKey;                            ///< the path below the root, separated by "\"
     QString ValueKey;                              ///< empty for the key's default value
     QVariant Default;                              ///< what Value gives where there is none
     RegistryType ValueType = RegistryType::String; ///< what is written
@@ -42,7 +42,7 @@ public:
     bool EnumerateValues(QStringList &names, int &count) const;
     bool EnumerateSections(QStringList &names, int &count) const;
 
-    // Both write below ClassesRoot, whatever the properties say, and the desktop follows.
+    // Both write below ClassesRoot, whatever the properties say, and update the desktop's file associations.
 
     void CreateEXEAssociation(const ExeAssociation &association);
     /// \a triples is a flat list of name, text and command.

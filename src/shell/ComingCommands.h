@@ -1,6 +1,6 @@
 #pragma once
 
-/// The commands whose tool is still to come. They say so instead of doing nothing.
+/// The commands whose tool is not part of the suite yet. They say so in a box.
 namespace ComingCommands {
 
 /// The box that a command shows whose tool is not there.

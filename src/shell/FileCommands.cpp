@@ -129,7 +129,6 @@ void FileCommands::saveAs(RichTextFile::Format format)
     active->setCaption(dialog.FileName);
     resumeNext([&] {
         textOf(*active).SaveFile(dialog.FileName, format);
-        active->call(
-            QStringLiteral("doclengthupdate")); // a file that was not written leaves the changes unsaved
+        active->call(QStringLiteral("doclengthupdate")); // not reached when the file was not written
     });
 }

@@ -14,7 +14,7 @@ namespace {
 constexpr int fullColorDialog = 3;     // start with the current colour, show the full dialog
 constexpr int fullFontDialog = 164099; // screen and printer fonts, effects, scalable ones
 
-/// A mixed state has no value to hand over; the step fails as any other.
+/// A mixed state has no value to pass on; the step then fails.
 template<class Value>
 Value valueOf(const std::optional<Value> &state)
 {

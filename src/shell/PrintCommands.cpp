@@ -18,7 +18,7 @@ PrintCommands::PrintCommands(frmMain &frame)
 
 void PrintCommands::prepareDialog(int flags)
 {
-    const Form *active = m_frame.ActiveForm(); // may be gone behind the box of an error
+    const Form *active = m_frame.ActiveForm(); // may have been closed while an error box was up
     CommonDialog &dialog = m_frame.dlgCommonDialog();
     dialog.DialogTitle = QStringLiteral("Print");
     dialog.PrintJobName = active ? active->Caption() : QString();

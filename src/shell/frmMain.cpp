@@ -70,8 +70,8 @@ frmMain::frmMain()
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Tallowick - Quill-Office Tools"));
-    setContextMenuPolicy(
-        Qt::NoContextMenu); // Qt's own would hide the toolbar and leave the View menu checked
+    // Qt's own menu would hide the toolbar and leave the View menu's item checked.
+    setContextMenuPolicy(Qt::NoContextMenu);
     buildMenus();
     buildToolBar();
     m_statusBar->setObjectName(QStringLiteral("sbStatusBar"));
@@ -165,7 +165,7 @@ void frmMain::restorePosition()
     moveOntoScreen();
 }
 
-/// A position from a screen that is gone would leave the frame out of reach.
+/// A position on a screen that is no longer connected would leave the frame out of reach.
 void frmMain::moveOntoScreen()
 {
     for (const QScreen *screen : QGuiApplication::screens()) {

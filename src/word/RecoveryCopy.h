@@ -18,7 +18,7 @@ public:
     std::optional<RecoveryText> read() const;
     /// Returns false when the text could not be written; the copy before is then whole.
     bool write(const RecoveryText &text) const;
-    /// Removes the file and its lock. Harmless when they are gone.
+    /// Removes the file and its lock. Does nothing when they do not exist.
     void remove() const;
 
 private:

@@ -24,7 +24,7 @@ public:
         , m_isWholeWord(isWholeWord)
     {}
 
-    /// Returns false when the loop came to no end in a reasonable time.
+    /// Returns false when the loop did not end in a reasonable time.
     bool goDown(QString text, int end);
     bool goUp(QString text, int end);
 

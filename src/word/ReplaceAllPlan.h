@@ -19,7 +19,7 @@ struct Steps
     bool operator==(const Steps &) const = default;
 };
 
-/// What follows once the characters from \a start to \a end of \a text have come in place of the selection.
+/// The steps after the selection has been replaced; what was put in is from \a start to \a end of \a text.
 /// \a flags are of FindFlag. Line ends are "\n" in all texts; a "\r" in \a text is one that nothing matches.
 Steps after(const QString &text, int start, int end, const QString &wanted, const QString &replacement,
             int flags);

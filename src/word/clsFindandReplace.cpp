@@ -248,7 +248,7 @@ void clsFindandReplace::replaceAllHits(const FindRequest &request)
     const int lastEnd =
         steps.positions.isEmpty() ? end : steps.positions.constLast() + int(replacement.size());
     TextReplacement::replaceEach(cursor, steps.positions, int(request.findText.size()), replacement);
-    cursor.setPosition(steps.refused.value_or(lastEnd)); // behind the block's end it would want a layout
+    cursor.setPosition(steps.refused.value_or(lastEnd)); // behind the block's end it would need a layout
     cursor.endEditBlock();
     CaretPlacing::set(*m_control, cursor);
 }

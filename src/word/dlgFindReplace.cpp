@@ -41,7 +41,7 @@ dlgFindReplace::dlgFindReplace(const FindRequest &initial, bool replaces, QWidge
 {
     setObjectName(QStringLiteral("dlgFindReplace"));
     setWindowTitle(replaces ? QStringLiteral("Replace") : QStringLiteral("Find"));
-    setAttribute(Qt::WA_ShowWithoutActivating); // whoever opens it says where the focus is
+    setAttribute(Qt::WA_ShowWithoutActivating); // the caller decides where the focus is
     auto *row = new QHBoxLayout(this);
     row->addLayout(buildFields(replaces), 1);
     row->addLayout(buildButtons(replaces));
@@ -142,8 +142,7 @@ void dlgFindReplace::fill(const FindRequest &initial)
     QRadioButton *chosen = m_flags & FindFlag::Down ? optDown : optUp;
     QRadioButton *other = chosen == optDown ? optUp : optDown;
     chosen->setChecked(true);
-    other->setFocusPolicy(
-        Qt::ClickFocus); // the Tab key stops at the chosen one alone, as it does after a click
+    other->setFocusPolicy(Qt::ClickFocus); // the Tab key stops at the chosen one alone, as after a click
     txtFind->selectAll();
     txtFind->setFocus();
     txtFind_Change();

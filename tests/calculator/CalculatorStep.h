@@ -3,7 +3,7 @@
 #include <QList>
 #include <QString>
 
-/// One thing that a person does to a calculator.
+/// One action of a user of the calculator.
 struct CalculatorStep
 {
     enum Kind { Digit, Point, Action, Type, Decimals, Option };

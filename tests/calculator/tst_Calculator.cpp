@@ -11,7 +11,7 @@ namespace {
 struct StateRow
 {
     const char *name;
-    const char *before; ///< keys that lead to the state
+    const char *before; ///< keys that produce the state
     const char *key;
     double result;
     const char *field;

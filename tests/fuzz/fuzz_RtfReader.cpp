@@ -18,7 +18,7 @@ namespace {
 
 } // namespace
 
-/// Reads any bytes, writes what came of them and reads that: the text has to be the same. What the first
+/// Reads any bytes, writes the result and reads that: the text has to be the same. What the first
 /// writing made straight, such as columns narrower than a pixel, has to be written alike from the second time
 /// on.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)

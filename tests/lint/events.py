@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""An overridden event of Qt's does its own work inside run(): elsewhere an exception would cross Qt's frames, and a
-window closed meanwhile would be deleted under it.
+"""An overridden event of Qt's does its own work inside run(): elsewhere an exception would pass through Qt's own code,
+and a window closed meanwhile would be deleted while its handler runs.
 
 Outside run() the override may call the same function of its base and functions of the event itself.
 

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Folders of the sources link by quill_module() and its kin alone, which ask the table of allowed dependencies.
+"""Folders of the sources link only by quill_module() and the functions like it, which check the allowed dependencies.
 
     links.py SRC
 """

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """A handler waits by processPendingEvents() or by a prompt: no other file runs an event loop of its own.
 
-A bare processEvents() or exec() would let a window be deleted under the handler that waits.
+A bare processEvents() or exec() would let a window be deleted while its handler waits.
 
     waits.py SRC
 """

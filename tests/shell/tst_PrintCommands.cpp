@@ -135,7 +135,7 @@ TEST_F(PrintCommandsTest, ACancelShowsNoBoxAndPrintsNothing)
         EXPECT_FALSE(QFile::exists(file)) << command;
     }
     EXPECT_EQ(suite.dialogs.seen().size(), 3);
-    EXPECT_EQ(suite.text().SelLength(), 0); // gone all the same
+    EXPECT_EQ(suite.text().SelLength(), 0); // dropped all the same
 }
 
 TEST_F(PrintCommandsTest, TheToolbarsListRunsThem)

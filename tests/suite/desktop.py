@@ -1,4 +1,4 @@
-"""A person at the display: starts the suite, looks for windows, presses keys. Waits for what it expects, never for
+"""A user at the display: starts the suite, looks for windows, presses keys. Waits for what it expects, never for
 time alone."""
 import os
 import subprocess

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The process is an ordinary user while this lives, for tests about permissions: root may do everything.
+/// The process is an ordinary user while this exists, for tests about permissions: root may do everything.
 /// Changes nothing where the tests run as an ordinary user anyway. A program started meanwhile is that user's
 /// for good.
 class AsUser

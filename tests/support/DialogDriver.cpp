@@ -14,7 +14,7 @@ namespace {
 /// Code that asks again until it gets an answer would ask for ever.
 constexpr int patience = 20;
 
-/// Leaves \a window by its gentlest way out, but leaves it.
+/// Closes \a window in any case: by No where it has that button, else by cancelling it.
 void dismiss(QWidget &window)
 {
     if (auto *box = qobject_cast<QMessageBox *>(&window)) {

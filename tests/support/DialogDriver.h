@@ -11,7 +11,7 @@
 #include <vector>
 
 /// Answers the real dialogs that a test provokes, in the order of the steps. A modal window that no
-/// step expects fails the test and is left by its gentlest way out; so does a step that no window came up
+/// step expects fails the test and is closed by No or by cancelling it; so does a step that no window came up
 /// for, when the driver is deleted.
 ///
 ///     DialogDriver dialogs;
@@ -32,7 +32,7 @@ public:
     template<class Window>
     void expectWindow(const QString &name, std::function<void(Window &)> act);
 
-    /// From now on a window that no step expects is left by its gentlest way out and fails nothing.
+    /// From now on a window that no step expects is closed in the same way and fails nothing.
     void leaveWhatComes();
 
     /// Every modal window so far, expected or not.

@@ -3,7 +3,7 @@
 #include <csignal>
 #include <sys/resource.h>
 
-/// While it lives no file of this process grows beyond \a bytes, as on a disk that has just filled up.
+/// While it exists no file of this process grows beyond \a bytes, as on a disk that has just filled up.
 class FullDisk
 {
 public:

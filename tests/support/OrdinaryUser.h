@@ -2,7 +2,7 @@
 
 #include <unistd.h>
 
-/// The rights of a user who is not root, for as long as it lives: root may read everything.
+/// The rights of a user who is not root, for as long as it exists: root may read everything.
 class OrdinaryUser
 {
 public:

@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
-/// An empty folder for one test, in which files of any names can be made; gone at the end with all in it.
+/// An empty folder for one test, in which files of any names can be made; removed at the end with all in it.
 class ScratchFolder
 {
 public:

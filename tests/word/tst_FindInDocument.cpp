@@ -11,7 +11,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-// Find and replace as a person meets it: in a document of the running suite.
+// Find and replace as the user has it, in a document of the running suite.
 
 namespace {
 

@@ -26,7 +26,7 @@ QString onlyCopy()
     return names.size() == 1 ? folder.filePath(names.front()) : QString();
 }
 
-/// What the copies hold at the moment, whoever holds their locks.
+/// What the copies hold at the moment, whether or not their locks are held.
 QByteArray kept()
 {
     const QString path = onlyCopy();
@@ -302,7 +302,7 @@ TEST_F(RecoveryTest, APlainFileKeepsItsLineEnds)
     hurry();
     suite.type(QStringLiteral("zero "));
     ASSERT_TRUE(waitForKept("zero one"));
-    ASSERT_TRUE(QFile::remove(path)); // and the file may have gone
+    ASSERT_TRUE(QFile::remove(path)); // and the file may be missing
     restart();
     EXPECT_EQ(suite.active().Caption(), path);
     suite.choose("mnusaveonly");

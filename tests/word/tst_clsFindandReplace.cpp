@@ -106,7 +106,7 @@ using Selection = std::pair<int, int>;
 
 } // namespace
 
-// ---- The dialog's life
+// ---- Opening and closing the dialog
 
 TEST_F(FindTest, AnEmptyTextOpensNothing)
 {

@@ -24,7 +24,7 @@ DateBox::DateBox(QWidget *parent)
 
 void DateBox::setValue(const QDate &date)
 {
-    if (date < minimumDate() || date > maximumDate()) // what is no date comes before all
+    if (date < minimumDate() || date > maximumDate()) // an invalid date is before all others
         throw RuntimeError(ErrorNumber::InvalidPropertyValue);
     setDate(date);
 }

@@ -17,7 +17,7 @@ public:
     void setValue(const QDate &date);
 
 Q_SIGNALS:
-    /// Another date is shown, by a person or by code.
+    /// Another date is shown, set by the user or by code.
     void Change();
 
 protected:

@@ -48,7 +48,7 @@ void DriveListBox::showPopup()
     QComboBox::showPopup();
 }
 
-/// A selected place that is gone stays in the list until another is chosen.
+/// A selected place that no longer exists stays in the list until another is chosen.
 void DriveListBox::fill(const QList<Volume> &volumes)
 {
     const QString path = Drive();

@@ -5,7 +5,7 @@
 class NameListModel;
 
 /// The files of one folder, folders left out. It shows what was there when it was last read: nothing is
-/// watched. Names are as FileNames has them, so that also one that is not UTF-8 leads to its file.
+/// watched. Names are as FileNames has them, so that a name that is not UTF-8 works, too.
 class FileListBox : public QListView
 {
     Q_OBJECT

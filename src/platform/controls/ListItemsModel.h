@@ -46,7 +46,7 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 Q_SIGNALS:
-    /// A person checked or unchecked the row.
+    /// The user checked or unchecked the row.
     void ItemCheck(int index);
 
 private:

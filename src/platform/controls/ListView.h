@@ -24,7 +24,7 @@ public:
     ListItemsModel &ListItems() { return *m_items; }
     const ListItemsModel &ListItems() const { return *m_items; }
 
-    /// Replaces all columns; they are as wide as their headers say until a person drags them. The rows stay.
+    /// Replaces all columns; they are as wide as their headers say until the user drags them. The rows stay.
     void setColumnHeaders(const QList<ColumnHeader> &headers);
     /// Throws RuntimeError 35600 where there is no such column.
     const ColumnHeader &ColumnHeaders(int index) const { return m_items->columnHeader(index); }
@@ -54,7 +54,7 @@ Q_SIGNALS:
     void ItemClick(int index);
     /// A double click, on a row or beside it.
     void DblClick();
-    /// A person checked or unchecked the row.
+    /// The user checked or unchecked the row.
     void ItemCheck(int index);
     void ColumnClick(int index);
     /// A key (Qt::Key) was pressed; the list has not acted on it yet.

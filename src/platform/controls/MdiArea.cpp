@@ -12,7 +12,7 @@ namespace {
 
 constexpr double cascadePart = 2.0 / 3; // of the area's width and height
 
-/// A child that likes to grow gets its part of a large area.
+/// A child whose size policy is to expand gets two thirds of a large area.
 QSize sizeOf(const QWidget &child, const QSize &space)
 {
     QSize size = child.sizeHint();

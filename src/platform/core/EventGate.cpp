@@ -44,7 +44,7 @@ struct LastStep
     std::function<void()> run;
 };
 
-/// Those whose context lives.
+/// Those whose context still exists.
 QList<LastStep> &lastSteps()
 {
     static QList<LastStep> steps;

@@ -25,10 +25,10 @@ void setBox(Box box);
 void setEnd(End end);
 
 /// Runs \a step before each end of the process that the suite makes itself, and before the default error box
-/// comes up, as long as \a context lives. What it throws is ignored.
+/// comes up, as long as \a context exists. What it throws is ignored.
 void beforeEnd(const QObject *context, std::function<void()> step);
 
-/// Ends the process at once with \a code; no window gets to ask.
+/// Ends the process at once with \a code, without asking any window.
 void end(int code);
 
 /// The default error box, then the end. Does nothing while the box of another failure is up.
@@ -46,7 +46,7 @@ void callWithPrefix(Handler &handler, std::tuple<Args...> &args);
 } // namespace EventGate
 
 /// Runs the events that are pending, for a handler that waits. Other handlers run meanwhile; they may unload
-/// any window, also the caller's own, which lives on until the caller has returned.
+/// any window, also the caller's own, which is not deleted until the caller has returned.
 void processPendingEvents();
 
 /// Runs \a step as the body of an event: for overridden virtuals of Qt.
@@ -63,7 +63,7 @@ void run(Step &&step) noexcept
     }
 }
 
-/// Binds \a handler to a signal of \a sender for as long as \a context lives. The handler takes as many of
+/// Binds \a handler to a signal of \a sender for as long as \a context exists. The handler takes as many of
 /// the signal's arguments as it likes, and may answer through those that are references.
 template<class Sender, class Signal, class Handler>
 QMetaObject::Connection on(Sender *sender, Signal signal, const QObject *context, Handler handler)

@@ -36,7 +36,7 @@ private:
     int m_fd;
 };
 
-/// The new file beside its name; gone again unless it is renamed into place.
+/// The new file beside its name; removed unless it is renamed into place.
 class Sibling
 {
 public:

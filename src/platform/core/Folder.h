@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-/// What a folder holds, in the order that a person looks for it: by the rules of the locale, without regard
+/// What a folder holds, in the order that a user expects: by the rules of the locale, without regard
 /// to case, "page 9" before "page 10". Names are as FileNames has them.
 ///
 /// The functions throw RuntimeError: 76 when \a path is no folder or is not absolute, 70 when it may not be

@@ -36,7 +36,7 @@ double toDouble(const QString &text)
 {
     bool ok = false;
     const double value = QLocale::c().toDouble(text.trimmed(), &ok);
-    // Too large a number comes as an infinity that is not ok, the word "inf" as one that is.
+    // Qt returns an infinity and not ok for too large a number, an infinity and ok for the word "inf".
     if (std::isnan(value) || ok == std::isinf(value))
         throw RuntimeError(ErrorNumber::TypeMismatch, {}, text);
     return value;

@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// Where text and numbers meet. The decimal point is "." whatever the locale.
+/// Conversions between text and numbers. The decimal point is "." in every locale.
 namespace Numbers {
 
 /// \a value as decimal text of at most 7 significant digits: no trailing zeros, no zero before the point

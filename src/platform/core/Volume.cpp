@@ -44,7 +44,7 @@ bool isNetwork(const QByteArray &type)
     return std::find(std::begin(networkTypes), std::end(networkTypes), type) != std::end(networkTypes);
 }
 
-/// Whether a person would look for \a volume, which \a device backs.
+/// Whether \a volume, which is on \a device, is of interest to the user.
 bool isOffered(const Volume &volume, const QByteArray &device, const QString &home)
 {
     if (volume.kind == Volume::Kind::Removable)

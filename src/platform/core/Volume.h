@@ -11,7 +11,7 @@ struct Volume
 
     Kind kind;
     QString path; ///< as FileNames has it
-    QString name; ///< what a person calls it
+    QString name; ///< as it is shown to the user
 
     /// Those of this moment. Asks no drive, so that one that does not answer holds nothing up.
     static QList<Volume> all();

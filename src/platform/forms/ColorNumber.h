@@ -2,7 +2,7 @@
 
 #include <QColor>
 
-/// Colours as the numbers 0xBBGGRR that dialogs and controls hand around.
+/// Colours as the numbers 0xBBGGRR that dialogs and controls use.
 namespace ColorNumber {
 
 int of(const QColor &color);

@@ -31,8 +31,8 @@ public:
     explicit CommonDialog(QWidget *owner);
 
     QString DialogTitle;
-    /// The initial name. The chosen path comes back here, native; of several ones the folder and the names, a
-    /// NUL between each two.
+    /// The initial name. The chosen path is returned here, native; of several ones the folder and the names,
+    /// a NUL between each two.
     QString FileName;
     QString InitDir;     ///< "\" may separate; empty for the current folder
     QString DefaultExt;  ///< taken for a chosen name without an extension

@@ -3,13 +3,13 @@
 #include <QString>
 #include <qwindowdefs.h>
 
-/// Who wants to follow a file dialog. It has to live until the dialog is down. Paths are native.
+/// A listener to a file dialog. It has to exist until the dialog is closed. Paths are native.
 class DialogHook
 {
 public:
     virtual ~DialogHook() = default;
 
-    /// The dialog \a window is about to come up; what this throws keeps it from doing so.
+    /// The dialog \a window is about to be shown; an exception thrown here prevents that.
     virtual void InitDialog(WId window) { Q_UNUSED(window) }
     /// The filter with the 1-based \a index was chosen.
     virtual void TypeChange(int index) { Q_UNUSED(index) }

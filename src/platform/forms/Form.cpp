@@ -113,7 +113,7 @@ void Form::showModal(QWidget *owner)
 {
     if (!canBeModal())
         throw RuntimeError(ErrorNumber::InvalidProcedureCall, {}, Name());
-    const RunningHandler running; // so that the object lives on behind the loop
+    const RunningHandler running; // so that the object is not deleted before the loop returns
     setParent(owner, (windowFlags() & ~Qt::WindowType_Mask) | Qt::Dialog);
     setWindowModality(Qt::ApplicationModal);
     load();

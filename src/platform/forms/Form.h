@@ -14,10 +14,10 @@
 class QPushButton;
 
 /// A window of the suite: loaded once, shown, and unloaded through its own questions. While it is loaded it
-/// is in Forms. Its object lives on until every handler has returned, so a handler that waits may be unloaded
-/// meanwhile; where that matters it asks isLoaded() afterwards.
+/// is in Forms. Its object is deleted only when every handler has returned, so a handler that waits may be
+/// unloaded meanwhile; where that matters it asks isLoaded() afterwards.
 ///
-/// How a window is placed in the frame is the matter of ChildForm.
+/// ChildForm places a window in the frame.
 class Form : public QWidget
 {
     Q_OBJECT
@@ -58,7 +58,7 @@ public:
     virtual void showModeless();
 
     /// Loads, shows above \a owner (none: above all) and returns when the window has been unloaded or hidden.
-    /// The caller reads the answer from the window's members: its object lives on until the caller has
+    /// The caller reads the answer from the window's members: its object exists until the caller has
     /// returned to the event loop. Throws RuntimeError 5 for a window of the child area.
     void showModal(QWidget *owner);
 

@@ -3,7 +3,7 @@
 #include "ControlName.h"
 #include "HasCaption.h"
 
-// Every control is made by one call that also names it, so that a test, a style sheet or a person with an
+// Every control is made by one call that also names it, so that a test, a style sheet or a developer with an
 // inspector finds it, and says what it is to a screen reader.
 
 /// \a caption without its mnemonic: "Save &As" is "Save As", "Salt && Pepper" is "Salt & Pepper".

@@ -39,7 +39,7 @@ int indexOf(const QPageSize &size, const QComboBox &sizes)
     return sizes.currentIndex();
 }
 
-/// A paper of one's own has no entry in the list.
+/// A custom paper size has no entry in the list.
 QPageSize chosenSize(const QWidget &dialog)
 {
     const auto listed = sizes(dialog).currentData().value<QPageSize>();

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Qt hands a job to the print server and keeps the answer for itself. The server's library remembers it.
+/// Qt hands a job to the print server and does not report its answer. The server's library keeps it.
 bool serverTookJob()
 {
     constexpr int lastSuccess = 0xFF;

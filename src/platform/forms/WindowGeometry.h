@@ -20,7 +20,7 @@ void setWidth(QWidget &window, double twips);
 void setHeight(QWidget &window, double twips);
 
 FormState state(const QWidget &window);
-/// A window that is not on show keeps to itself and comes up in this state.
+/// A window that is not shown stays hidden and takes this state when it is shown.
 void setState(QWidget &window, FormState state);
 
 } // namespace WindowGeometry

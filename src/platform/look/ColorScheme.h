@@ -3,7 +3,7 @@
 #include <QDBusMessage>
 #include <QObject>
 
-/// Whether the desktop's user wants light or dark windows, by the desktop's settings portal.
+/// Whether the desktop is set to light or dark windows, read from its settings portal.
 class ColorScheme : public QObject
 {
     Q_OBJECT

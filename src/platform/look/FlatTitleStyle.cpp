@@ -54,7 +54,7 @@ QColor outline(const QPalette &palette, float textPart)
 }
 
 /// Fusion draws the outlines in the window's colour, about a third darker, which a dark window hides. With
-/// this window's colour they come out between the real one and the text's.
+/// this window's colour they are between the real one and the text's.
 QColor windowForOutlines(const QPalette &palette)
 {
     constexpr float textPart = 0.65f;

@@ -42,7 +42,7 @@ QByteArray mimePackage(const FileClass &found)
     xml.writeStartElement(QStringLiteral("mime-type"));
     xml.writeAttribute(QStringLiteral("type"), found.type());
     xml.writeTextElement(QStringLiteral("comment"), found.description);
-    for (const QString &type : knownTypes(found)) { // or a look into the file would speak against its name
+    for (const QString &type : knownTypes(found)) { // else the file's content would decide, not its name
         xml.writeEmptyElement(QStringLiteral("sub-class-of"));
         xml.writeAttribute(QStringLiteral("type"), type);
     }

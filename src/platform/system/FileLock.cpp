@@ -6,7 +6,7 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-// The file is its owner's alone: whoever could open it could also hold it for ever.
+// Only the owner has access: any process that can open the file could hold the lock for ever.
 FileLock::FileLock(const QString &path, IfTaken ifTaken)
     : m_fd(::open(QFile::encodeName(path).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600))
 {

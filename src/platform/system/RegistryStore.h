@@ -5,7 +5,7 @@
 #include <optional>
 
 /// The registry of this computer: the user's root and the machine's, a file each, and the classes of both as
-/// one. Sections are key paths below a root, parted by "\"; an empty one is the root itself.
+/// one. Sections are key paths below a root, separated by "\"; an empty one is the root itself.
 ///
 /// It knows neither what the values mean nor how a failure is shown.
 class RegistryStore

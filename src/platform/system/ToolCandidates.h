@@ -1,7 +1,7 @@
 #pragma once
 
-/// Where a tool of the desktop may be found, a column for each desktop. A column is a list parted by " | ",
-/// the best one first, or nullptr; each candidate begins with its kind:
+/// Where a tool of the desktop may be found, a column for each desktop. A column is a list separated by " |
+/// ", the best one first, or nullptr; each candidate begins with its kind:
 ///   "d:" the desktop file of that id
 ///   "c:" a command
 ///   "t:" a command in a terminal

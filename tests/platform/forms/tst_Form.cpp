@@ -110,7 +110,7 @@ TEST_F(FormTest, IsUnloadedInOrder)
     form->onUnload = [&] { EXPECT_TRUE(Forms::loaded().contains(form)); };
     form->onTerminate = [&] { EXPECT_FALSE(Forms::loaded().contains(form)); };
     EXPECT_TRUE(form->unload());
-    ASSERT_TRUE(form); // whoever called is still running in it
+    ASSERT_TRUE(form); // the caller is still running in it
     EXPECT_FALSE(form->isVisible());
     settle();
     EXPECT_FALSE(form);

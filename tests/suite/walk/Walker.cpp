@@ -58,7 +58,7 @@ void Walker::startAfresh()
     settle();
 }
 
-/// The items that can be seen and lead to no further menu, each by the names on the way to it.
+/// The visible items that open no submenu, each with the names of the menus above it.
 void Walker::visit(const QList<QAction *> &items, const QStringList &path, QList<QStringList> &leaves) const
 {
     for (const QAction *item : items) {

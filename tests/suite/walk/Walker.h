@@ -4,8 +4,8 @@
 
 #include <functional>
 
-/// A person who tries everything that the frame offers, with the mouse, and leaves every dialog by its
-/// gentlest way out. Errors that would end the program are recorded, and it continues.
+/// A user who tries everything that the frame offers, with the mouse, and leaves every dialog by its
+/// least harmful button. Errors that would end the program are recorded, and it continues.
 class Walker
 {
 public:

@@ -17,7 +17,7 @@ QString fileOf(const QString &module)
     return QCoreApplication::applicationDirPath() + u'/' + module + QStringLiteral(".so");
 }
 
-/// A module of \a bytes beside the program, gone with this object.
+/// A module of \a bytes beside the program, removed with this object.
 class ScratchModule
 {
 public:
