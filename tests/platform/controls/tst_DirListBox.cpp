@@ -1,9 +1,9 @@
+#include "AsUser.h"
 #include "DirListBox.h"
 #include "ErrorNumberOf.h"
 #include "FileNames.h"
 #include "Folder.h"
 #include "HostileFileNames.h"
-#include "OrdinaryUser.h"
 #include "PrintQt.h"
 #include "ScratchFolder.h"
 #include "ShownText.h"
@@ -118,10 +118,10 @@ TEST_F(DirListBoxTest, AFolderWithoutPermissionSaysSo)
     scratch.addFolder("open");
     scratch.addFolder("secret");
     ASSERT_EQ(::chmod(scratch.file("secret").constData(), 0), 0);
+    const AsUser user(scratch.path());
     box.setPath(scratch.path());
     EXPECT_EQ(icon(depth + 1), QIcon::fromTheme(QStringLiteral("folder")).pixmap(16).toImage());
     const QString secret = scratch.path() + QStringLiteral("/secret");
-    const OrdinaryUser user;
     EXPECT_NE(icon(depth + 2), icon(depth + 1));
     EXPECT_EQ(errorNumberOf([&] { box.setPath(secret); }), ErrorNumber::PermissionDenied);
     doubleClick(depth + 2);
