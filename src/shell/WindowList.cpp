@@ -2,6 +2,7 @@
 
 #include "EventGate.h"
 #include "MdiArea.h"
+#include "ShownText.h"
 
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -12,7 +13,7 @@ const QString listed = QStringLiteral("WindowList");
 
 QString captionOf(const QMdiSubWindow &child, int number)
 {
-    QString caption = child.windowTitle();
+    QString caption = ShownText::line(child.windowTitle());
     caption.replace(u'&', QLatin1String("&&"));
     constexpr int lastMnemonic = 9;
     return QStringLiteral("%1%2 %3")

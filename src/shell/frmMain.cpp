@@ -35,7 +35,7 @@
 namespace {
 
 constexpr int timerInterval = 500; // milliseconds
-constexpr int noticeTime = 30000; // milliseconds
+constexpr int noticeTime = 30000;  // milliseconds
 const QString documentCaption = QStringLiteral("Document ");
 constexpr StatusBarRow panels[] = {
     {StatusBarRow::Kind::Text, 17410, "Ready..", "Ready.."},
@@ -149,9 +149,9 @@ void frmMain::openRecovered()
             m_documentCount = qMax(m_documentCount, caption.mid(documentCaption.size()).toInt());
     }
     if (captions.size() == 1)
-        m_statusBar->showMessage(QStringLiteral("1 document recovered from the last run."), noticeTime);
+        m_statusBar->showNotice(QStringLiteral("1 document recovered from the last run."), noticeTime);
     else if (!captions.isEmpty())
-        m_statusBar->showMessage(
+        m_statusBar->showNotice(
             QStringLiteral("%1 documents recovered from the last run.").arg(captions.size()), noticeTime);
 }
 
@@ -194,7 +194,9 @@ void frmMain::unload()
 bool frmMain::closeChildren()
 {
     for (QMdiSubWindow *child : m_area->childWindows()) {
-        if (auto *form = qobject_cast<Form *>(child->widget()); form && !form->unload())
+        auto *form = qobject_cast<Form *>(child->widget());
+        if (form &&
+            (!form->unload() || Forms::loaded().contains(form))) // a question of its unload may still be open
             return false;
     }
     return true;

@@ -75,8 +75,7 @@ void RecoveryKeeper::keepNow()
 {
     if (m_isBehind)
         startWriting();
-    m_writing.wait();
-    if (m_isBehind && m_copy) // there was no memory for another process
+    if (!m_writing.wait() && m_copy) // no process could be made, or it ended before the copy was whole
         m_copy->write(content());
 }
 

@@ -174,7 +174,8 @@ void frmDocument::DisableAutoURLDetection(RichTextBox &textControl)
 void frmDocument::rtfTextBox_Change()
 {
     m_dirty = true;
-    m_recovery.changed();
+    if (isLoaded()) // a handler that outlives the window's unloading leaves no copy behind
+        m_recovery.changed();
     m_formatTimer->start();
 }
 

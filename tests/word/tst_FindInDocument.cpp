@@ -75,14 +75,14 @@ TEST_F(FindInDocumentTest, ADocumentClosedWhileTheSearchIsCompleteTakesItsDialog
     write("one");
     ctrlF();
     const QPointer<Form> document = &suite.active();
-    const QPointer<QWidget> form = dialog();
+    const QPointer<dlgFindReplace> form = dialog();
     field("txtFind").setText(latin("nowhere"));
     suite.dialogs.expectWindow<QMessageBox>(latin("MsgBox"), [&](QMessageBox &box) {
         document->unload();
         EXPECT_FALSE(form->isVisible());
         box.accept();
     });
-    click("cmdFindNext");
+    press("cmdFindNext");
     settle();
     EXPECT_FALSE(document);
     EXPECT_FALSE(form);

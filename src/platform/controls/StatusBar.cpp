@@ -2,6 +2,7 @@
 
 #include "ControlName.h"
 #include "EventGate.h"
+#include "Named.h"
 #include "RuntimeError.h"
 #include "ShownText.h"
 #include "StatusBarPanel.h"
@@ -13,7 +14,6 @@
 
 namespace {
 
-constexpr int noSuchElement = 35601;
 constexpr int tick = 1000; // milliseconds; shows a minute within a second of its turn, also after a suspend
 
 } // namespace
@@ -21,10 +21,17 @@ constexpr int tick = 1000; // milliseconds; shows a minute within a second of it
 StatusBar::StatusBar(std::span<const StatusBarRow> rows, QWidget *parent)
     : QStatusBar(parent)
     , m_rows(rows)
+    , lblNotice(named("lblNotice", new QLabel(this)))
+    , m_noticeTimer(new QTimer(this))
 {
     for (const StatusBarRow &row : rows)
         addPanel(row);
     followClock();
+    lblNotice->setTextFormat(Qt::PlainText);
+    addPermanentWidget(lblNotice);
+    lblNotice->hide();
+    m_noticeTimer->setSingleShot(true);
+    on(m_noticeTimer, &QTimer::timeout, lblNotice, &QLabel::hide);
 
     auto *clock = new QTimer(this);
     on(clock, &QTimer::timeout, this, &StatusBar::followClock);
@@ -55,8 +62,15 @@ void StatusBar::addPanel(const StatusBarRow &row)
 StatusBarPanel &StatusBar::Panels(int position) const
 {
     if (position < 1 || position > m_panels.size())
-        throw RuntimeError(noSuchElement, {}, objectName());
+        throw RuntimeError(ErrorNumber::ElementNotFound, {}, objectName());
     return *m_panels[position - 1];
+}
+
+void StatusBar::showNotice(const QString &text, int milliseconds)
+{
+    lblNotice->setText(ShownText::line(text));
+    lblNotice->show();
+    m_noticeTimer->start(milliseconds);
 }
 
 void StatusBar::followClock()

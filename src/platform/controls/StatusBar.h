@@ -5,6 +5,8 @@
 #include <QStatusBar>
 #include <span>
 
+class QLabel;
+class QTimer;
 class StatusBarPanel;
 
 /// A status bar whose panels are rows of a table. Date and time follow the clock by themselves. Texts yield
@@ -18,10 +20,16 @@ public:
     /// RuntimeError 35601 when there is none.
     StatusBarPanel &Panels(int position) const;
 
+    /// Shows \a text, plain, right of the panels, which keep what they show, and takes it away after \a
+    /// milliseconds.
+    void showNotice(const QString &text, int milliseconds);
+
 private:
     void addPanel(const StatusBarRow &row);
     void followClock();
 
     std::span<const StatusBarRow> m_rows;
     QList<StatusBarPanel *> m_panels;
+    QLabel *lblNotice;
+    QTimer *m_noticeTimer;
 };

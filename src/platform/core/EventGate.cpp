@@ -56,7 +56,8 @@ void runLastSteps() noexcept
 {
     for (const LastStep &step : QList(lastSteps())) {
         try {
-            step.run();
+            if (step.context) // an earlier step may have deleted it
+                step.run();
         } catch (...) {
             continue; // the process has to end whatever they meet
         }
@@ -98,7 +99,7 @@ void EventGate::fail(int number, const QString &description)
     failing = true;
     runLastSteps();
     currentBox()(number, description);
-    end(EXIT_FAILURE);
+    currentEnd()(EXIT_FAILURE);
     failing = false; // reached only where a test replaced the end
 }
 

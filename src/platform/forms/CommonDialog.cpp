@@ -8,6 +8,7 @@
 #include "FontDialog.h"
 #include "Paths.h"
 #include "RuntimeError.h"
+#include "ShowDialog.h"
 
 #include <QCheckBox>
 #include <QColorDialog>
@@ -210,7 +211,7 @@ void CommonDialog::showFileDialog(Kind kind)
     kind == Kind::Save ? prepareToSave(*shown, *this) : prepareToOpen(*shown, *this);
     if (Hook)
         Hook->InitDialog(shown->winId());
-    const bool accepted = shown->exec() == QDialog::Accepted;
+    const bool accepted = showDialog(*shown) == QDialog::Accepted;
     if (accepted)
         takeChoice(*shown, *this);
     if (Hook)
@@ -226,7 +227,7 @@ void CommonDialog::ShowColor()
     const std::unique_ptr<QColorDialog> shown(new QColorDialog(ColorNumber::toColor(Color), m_owner));
     shown->setObjectName(QStringLiteral("ColorDialog"));
     shown->setWindowTitle(DialogTitle);
-    const bool accepted = shown->exec() == QDialog::Accepted;
+    const bool accepted = showDialog(*shown) == QDialog::Accepted;
     if (accepted)
         Color = ColorNumber::of(shown->selectedColor());
     for (int i = 0; i < int(CustomColors.size()); ++i)
@@ -246,7 +247,7 @@ void CommonDialog::ShowFont()
     font.setUnderline(FontUnderline);
     const std::unique_ptr<FontDialog> shown(new FontDialog(font, ColorNumber::toColor(Color), m_owner));
     shown->setWindowTitle(DialogTitle);
-    if (shown->exec() == QDialog::Accepted)
+    if (showDialog(*shown) == QDialog::Accepted)
         takeFont(shown->currentFont(), shown->color());
     else if (CancelError)
         throw RuntimeError(ErrorNumber::DialogCancelled);

@@ -2,6 +2,7 @@
 
 #include "EventGate.h"
 #include "Named.h"
+#include "ShowDialog.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -114,7 +115,7 @@ QWidget *FontDialog::buildChoices()
                         QStringLiteral("Bold Italic")});
     for (const int size : QFontDatabase::standardSizes())
         lstSize->addItem(sizeText(size));
-    auto *valid = new QDoubleValidator(smallestSize, largestSize, 1, txtSize);
+    auto *valid = new QDoubleValidator(smallestSize, largestSize, 2, txtSize);
     valid->setLocale(QLocale::c());
     valid->setNotation(QDoubleValidator::StandardNotation);
     txtSize->setValidator(valid);
@@ -214,10 +215,12 @@ void FontDialog::lstSize_Click()
 
 void FontDialog::cmdColor_Click()
 {
-    const QColor chosen = QColorDialog::getColor(m_color, this, QStringLiteral("Colour"));
-    if (!chosen.isValid())
+    QColorDialog dialog(m_color, this);
+    dialog.setObjectName(QStringLiteral("ColorDialog"));
+    dialog.setWindowTitle(QStringLiteral("Colour"));
+    if (showDialog(dialog) != QDialog::Accepted)
         return;
-    m_color = chosen;
+    m_color = dialog.selectedColor();
     showColor();
 }
 

@@ -3,6 +3,7 @@
 #include "Named.h"
 #include "Paths.h"
 #include "PromptOwner.h"
+#include "ShowDialog.h"
 #include "ShownText.h"
 
 #include <QDialog>
@@ -65,5 +66,5 @@ QString InputBox(const QString &prompt, const QString &title, const QString &tex
     const auto box = std::make_unique<InputDialog>(prompt, text, promptOwner());
     box->setObjectName(QStringLiteral("InputBox"));
     box->setWindowTitle(ShownText::line(title.isEmpty() ? Paths::applicationTitle : title));
-    return box->exec() == QDialog::Accepted ? box->text() : QString();
+    return showDialog(*box) == QDialog::Accepted ? box->text() : QString();
 }

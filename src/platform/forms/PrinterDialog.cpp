@@ -2,6 +2,7 @@
 
 #include "CommonDialog.h"
 #include "PageSetupFields.h"
+#include "ShowDialog.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -35,7 +36,7 @@ bool showPageSetup(QWidget *owner, const QString &title, QPrinter &printer)
     shown->setObjectName(QStringLiteral("PageSetupDialog"));
     shown->setWindowTitle(title);
     PageSetupFields::show(printer.pageLayout(), *shown);
-    if (shown->exec() != QDialog::Accepted)
+    if (showDialog(*shown) != QDialog::Accepted)
         return false;
     setLayout(printer, PageSetupFields::layout(*shown));
     return true;
@@ -68,7 +69,7 @@ bool showPrint(QWidget *owner, const QString &title, int flags, QPrinter &printe
         hidePageChoice(*shown);
     const QString nameBefore = printer.printerName();
     const QPageLayout layoutBefore = printer.pageLayout();
-    const bool accepted = shown->exec() == QDialog::Accepted;
+    const bool accepted = showDialog(*shown) == QDialog::Accepted;
     const QDialog *properties = accepted ? acceptedProperties(*shown) : nullptr;
     if (!accepted)
         printer.setPrinterName(nameBefore);

@@ -2,7 +2,7 @@
 
 #include <memory>
 
-class QPrinter;
+#include <QPrinter>
 class QString;
 class QWidget;
 

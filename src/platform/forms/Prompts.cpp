@@ -2,6 +2,7 @@
 
 #include "Paths.h"
 #include "PromptOwner.h"
+#include "ShowDialog.h"
 #include "ShownText.h"
 
 #include <QApplication>
@@ -106,13 +107,13 @@ void fitTitle(QMessageBox &box)
 int ask(std::unique_ptr<QMessageBox> box, const QString &text, MsgBoxStyle style, const QString &title)
 {
     box->setObjectName(QStringLiteral("MsgBox"));
-    box->setWindowTitle(title.isEmpty() ? Paths::applicationTitle : title);
+    box->setWindowTitle(ShownText::line(title.isEmpty() ? Paths::applicationTitle : title));
     box->setTextFormat(Qt::PlainText);
     box->setText(ShownText::lines(text));
     box->setIcon(iconOf(style));
     addButtons(*box, style);
     fitTitle(*box);
-    return box->exec();
+    return showDialog(*box);
 }
 
 } // namespace

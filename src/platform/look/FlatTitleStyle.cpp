@@ -1,5 +1,7 @@
 #include "FlatTitleStyle.h"
 
+#include "ShownText.h"
+
 #include <QGroupBox>
 #include <QPainter>
 #include <QPainterPath>
@@ -165,7 +167,7 @@ void FlatTitleStyle::drawTitleBar(const QStyleOptionTitleBar &option, QPainter &
         option.icon.paint(&painter, icon);
     const QRect label = subControlRect(CC_TitleBar, &option, SC_TitleBarLabel, widget).adjusted(4, 0, -4, 0);
     // The option's text is elided at its end already; the name there matters most in a path.
-    const QString title = widget ? widget->windowTitle() : option.text;
+    const QString title = ShownText::line(widget ? widget->windowTitle() : option.text);
     const QString text = painter.fontMetrics().elidedText(title, Qt::ElideLeft, label.width());
     painter.drawText(label, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, text);
     drawTitleButtons(option, painter, widget);

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr unsigned longestRun = 30; // seconds; another thread's lock, held at the fork, is never freed here
+constexpr unsigned longestRun = 10; // seconds; another thread's lock, held at the fork, is never freed here
 constexpr int lowPriority = 10;
 
 [[noreturn]] void runAndExit(const std::function<bool()> &step, pid_t parent)

@@ -18,8 +18,8 @@ public:
     ForkedTask &operator=(const ForkedTask &) = delete;
 
     /// Stops the step before and starts \a step, which returns whether it has succeeded; an exception counts
-    /// as a failure. It must not touch windows, sockets or threads. It dies with this process, or after half
-    /// a minute. Returns false where no process could be made.
+    /// as a failure. It must not touch windows, sockets or threads. It dies with this process, or after ten
+    /// seconds. Returns false where no process could be made.
     bool start(const std::function<bool()> &step);
 
     bool isRunning();

@@ -22,7 +22,8 @@ struct MdiAreaTest : testing::Test
     QMdiSubWindow &placed(QSizePolicy::Policy policy)
     {
         auto *child = new Child(policy);
-        area->place(*child);
+        area->adopt(*child);
+        area->bringForward(*child);
         return static_cast<QMdiSubWindow &>(*child->parentWidget());
     }
 };

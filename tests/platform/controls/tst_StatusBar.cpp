@@ -85,3 +85,17 @@ TEST_F(StatusBarTest, DateAndTimeFollowTheClock)
     EXPECT_TRUE(dates.contains(panel(2).text()));
     EXPECT_TRUE(panel(3).text().contains(u':'));
 }
+
+TEST_F(StatusBarTest, ANoticeLeavesThePanelsAndGoesAfterItsTime)
+{
+    bar.resize(900, 24);
+    bar.show();
+    bar.showNotice(QStringLiteral("2 <b>documents</b>"), 20);
+    const auto &notice = *bar.findChild<QLabel *>(QStringLiteral("lblNotice"));
+    EXPECT_TRUE(notice.isVisible());
+    EXPECT_EQ(notice.text(), QStringLiteral("2 <b>documents</b>"));
+    EXPECT_EQ(notice.textFormat(), Qt::PlainText);
+    for (int position = 1; position <= 3; ++position)
+        EXPECT_TRUE(panel(position).isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !notice.isVisible(); }));
+}

@@ -21,7 +21,7 @@ std::vector<std::string> samples()
     return names;
 }
 
-std::string nameOf(const testing::TestParamInfo<std::string> &info)
+std::string sampleName(const testing::TestParamInfo<std::string> &info)
 {
     return QString::fromStdString(info.param).replace(u'-', u'_').toStdString();
 }
@@ -74,7 +74,7 @@ TEST_P(RtfSample, IsWrittenAlikeTheSecondTime)
     EXPECT_EQ(bytes.toStdString(), RtfWriter::write(again).toStdString());
 }
 
-INSTANTIATE_TEST_SUITE_P(Samples, RtfSample, testing::ValuesIn(samples()), nameOf);
+INSTANTIATE_TEST_SUITE_P(Samples, RtfSample, testing::ValuesIn(samples()), sampleName);
 
 TEST_P(RtfHtml, KeepsItsText)
 {
