@@ -1,9 +1,8 @@
 #include "AsUser.h"
 #include "DirListBox.h"
 #include "ErrorNumberOf.h"
-#include "FileNames.h"
 #include "Folder.h"
-#include "HostileFileNames.h"
+#include "HostileNames.h"
 #include "PrintQt.h"
 #include "ScratchFolder.h"
 #include "ShownText.h"
@@ -130,16 +129,16 @@ TEST_F(DirListBoxTest, AFolderWithoutPermissionSaysSo)
 
 TEST_F(DirListBoxTest, HostileNamesAreShownPlainlyAndOpened)
 {
-    for (const QByteArray &name : hostileFileNames) {
-        scratch.addFolder(name);
-        scratch.addFolder(name + "/inner");
+    for (const HostileName &name : HostileNames::files()) {
+        scratch.addFolder(name.bytes);
+        scratch.addFolder(name.bytes + "/inner");
         box.setPath(scratch.path());
-        ASSERT_EQ(rows().last(), ShownText::line(FileNames::fromBytes(name)));
+        ASSERT_EQ(rows().last(), ShownText::line(name.text())) << name.what;
         doubleClick(depth + 1);
-        EXPECT_EQ(box.Path(), Folder::join(scratch.path(), FileNames::fromBytes(name)));
+        EXPECT_EQ(box.Path(), Folder::join(scratch.path(), name.text())) << name.what;
         EXPECT_EQ(rows().last(), QStringLiteral("inner"));
-        ASSERT_EQ(::rmdir(scratch.file(name + "/inner").constData()), 0);
-        ASSERT_EQ(::rmdir(scratch.file(name).constData()), 0);
+        ASSERT_EQ(::rmdir(scratch.file(name.bytes + "/inner").constData()), 0);
+        ASSERT_EQ(::rmdir(scratch.file(name.bytes).constData()), 0);
     }
 }
 

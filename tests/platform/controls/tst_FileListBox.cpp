@@ -3,7 +3,7 @@
 #include "FileNames.h"
 #include "Files.h"
 #include "Folder.h"
-#include "HostileFileNames.h"
+#include "HostileNames.h"
 #include "PrintQt.h"
 #include "ScratchFolder.h"
 #include "ShownText.h"
@@ -139,10 +139,10 @@ TEST_F(FileListBoxTest, RefreshOfAFolderThatIsGoneEmptiesTheList)
 
 TEST_F(FileListBoxTest, HostileNamesAreShownPlainlyAndLeadToTheirFiles)
 {
-    for (const QByteArray &name : hostileFileNames)
-        scratch.addFile(name, name);
+    for (const HostileName &name : HostileNames::files())
+        scratch.addFile(name.bytes, name.bytes);
     box.setPath(scratch.path());
-    ASSERT_EQ(box.ListCount(), hostileFileNames.size());
+    ASSERT_EQ(box.ListCount(), HostileNames::files().size());
     for (int row = 0; row < box.ListCount(); ++row) {
         click(row);
         const QString name = box.FileName();
