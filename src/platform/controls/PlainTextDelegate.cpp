@@ -20,8 +20,9 @@ bool PlainTextDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
         isCutOff = event->type() == QEvent::ToolTip && index.isValid() &&
                    QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
         if (isCutOff)
-            QToolTip::showText(event->globalPos(), ShownText::toolTip(index.data().toString()),
-                               view->viewport(), option.rect);
+            QToolTip::showText(event->globalPos(),
+                               ShownText::toolTip(displayText(index.data(), option.locale)), view->viewport(),
+                               option.rect);
     });
     return isCutOff || QStyledItemDelegate::helpEvent(event, view, option, index);
 }
