@@ -3,12 +3,15 @@
 #include "ErrorNumberOf.h"
 #include "Folder.h"
 #include "HostileNames.h"
+#include "PlainTextDelegate.h"
 #include "PrintQt.h"
 #include "ScratchFolder.h"
 #include "ShownText.h"
 
+#include <QHelpEvent>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 #include <ctime>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -30,12 +33,16 @@ struct DirListBoxTest : testing::Test
     QSignalSpy changes{&box, &DirListBox::Change};
     const int depth = int(scratch.path().count(u'/')); ///< the row of the folder itself
 
+    const PlainTextDelegate &delegate() const
+    {
+        return dynamic_cast<const PlainTextDelegate &>(*box.itemDelegate());
+    }
     QModelIndex row(int index) { return box.model()->index(index, 0); }
     QStringList rows()
     {
         QStringList names;
         for (int i = 0; i < box.model()->rowCount(); ++i)
-            names += row(i).data().toString();
+            names += delegate().displayText(row(i).data(), {});
         return names;
     }
     void doubleClick(int index)
@@ -125,6 +132,37 @@ TEST_F(DirListBoxTest, AFolderWithoutPermissionSaysSo)
     EXPECT_EQ(errorNumberOf([&] { box.setPath(secret); }), ErrorNumber::PermissionDenied);
     doubleClick(depth + 2);
     EXPECT_EQ(box.Path(), scratch.path());
+}
+
+TEST_F(DirListBoxTest, WhetherAFolderCanBeOpenedIsAskedOnce)
+{
+    scratch.addFolder("a");
+    scratch.addFolder("b");
+    const AsUser user(scratch.path());
+    box.setPath(scratch.path());
+    const QImage open = icon(depth + 1);
+    ASSERT_EQ(::chmod(scratch.file("a").constData(), 0), 0);
+    EXPECT_EQ(icon(depth + 1), open);
+    box.setPath(scratch.path());
+    EXPECT_NE(icon(depth + 1), open);
+    EXPECT_EQ(icon(depth + 2), open);
+}
+
+TEST_F(DirListBoxTest, ALongNameIsCutWhereItsIndentedRowEnds)
+{
+    const QString name = QStringLiteral("as wide as all");
+    scratch.addFolder(name.toUtf8());
+    box.setPath(scratch.path());
+    const QStyledItemDelegate &plain = delegate();
+    QStyleOptionViewItem option;
+    option.initFrom(&box);
+    option.decorationSize = QSize(16, 16);
+    const int width = plain.QStyledItemDelegate::sizeHint(option, row(depth + 1)).width();
+    box.resize(box.width() - box.viewport()->width() + width + 4, box.height());
+    const QPoint at = box.visualRect(row(depth + 1)).center();
+    QHelpEvent event(QEvent::ToolTip, at, box.viewport()->mapToGlobal(at));
+    QCoreApplication::sendEvent(box.viewport(), &event);
+    EXPECT_EQ(QToolTip::text(), name);
 }
 
 TEST_F(DirListBoxTest, HostileNamesAreShownPlainlyAndOpened)

@@ -4,6 +4,7 @@
 #include "Files.h"
 #include "Folder.h"
 #include "HostileNames.h"
+#include "PlainTextDelegate.h"
 #include "PrintQt.h"
 #include "ScratchFolder.h"
 #include "ShownText.h"
@@ -31,7 +32,11 @@ struct FileListBoxTest : testing::Test
     FileListBox box;
 
     QRect rowRect(int row) { return box.visualRect(box.model()->index(row, 0)); }
-    QString shown(int row) { return box.model()->index(row, 0).data().toString(); }
+    QString shown(int row)
+    {
+        const auto &delegate = dynamic_cast<const PlainTextDelegate &>(*box.itemDelegate());
+        return delegate.displayText(box.model()->index(row, 0).data(), {});
+    }
     void click(int row) { QTest::mouseClick(box.viewport(), Qt::LeftButton, {}, rowRect(row).center()); }
     QStringList listed() const
     {
