@@ -1,10 +1,12 @@
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <sys/types.h>
 
-/// The process is an ordinary user while this exists, for tests about permissions: root may do everything.
-/// Changes nothing where the tests run as an ordinary user anyway. A program started meanwhile is that user's
-/// for good.
+/// The process is an ordinary user while this exists, for tests about permissions: root may do everything. The
+/// user is in no group but its own. Changes nothing where the tests run as an ordinary user anyway. A program
+/// started meanwhile is that user's for good.
 class AsUser
 {
 public:
@@ -16,4 +18,5 @@ public:
 
 private:
     bool m_changed;
+    QList<gid_t> m_groups; ///< those that the process was in beside its own
 };

@@ -1,7 +1,7 @@
 #include "HostileNames.h"
 
-#include <QFile>
-#include <QStringDecoder>
+#include "FileNames.h"
+
 #include <algorithm>
 #include <climits>
 
@@ -18,14 +18,12 @@ QList<HostileName> namesThat(bool (*holds)(const HostileName &))
 
 QString HostileName::text() const
 {
-    return QFile::decodeName(bytes);
+    return FileNames::fromBytes(bytes);
 }
 
 bool HostileName::isUtf8() const
 {
-    QStringDecoder decoder(QStringDecoder::Utf8);
-    const QString ignored = decoder(bytes);
-    return !decoder.hasError();
+    return bytes.isValidUtf8();
 }
 
 bool HostileName::canBeFile() const
@@ -37,14 +35,22 @@ const QList<HostileName> &HostileNames::all()
 {
     static const QList<HostileName> names = {
         {"Markup", "<b>bold<br><img src=x.png>"},
-        {"Ampersand", "Salt & Pepper && co"},
+        {"Ampersand", "Salt & Pepper && co&lt;"},
         {"Placeholder", "%1 of %2 %n 100%s"},
         {"LeadingDash", "-rf"},
         {"ParentFolder", ".."},
-        {"LineFeeds", "one\ntwo\r\nthree"},
-        {"RightToLeftOverride", "invoice\u202Efdp.exe"},
+        {"Dots", "a..b"},
+        {"Blanks", " blank "},
+        {"Backslash", "back\\slash"},
+        {"LineFeeds", "one\ntwo\r\nthree\u2028four"},
+        {"ControlCharacters", "bell\a\ttab\x1b[2J\u0085"},
+        {"TurnedDirection", "invoice\u202Efdp.exe\u2067\u200F"},
+        {"Joiners", QByteArray("\u0645\u06CC\u200C\u062E").repeated(9)},
+        {"Long", QByteArray(200, 'w')},
         {"TooLong", QByteArray("\u00E9").repeated(150)},
         {"NotUtf8", "caf\xE9.rtf"},
+        {"ByteOrderMark", "\xFF\xFE"},
+        {"CutUtf8", "cut\xE2\x82"},
     };
     return names;
 }
@@ -56,5 +62,5 @@ QList<HostileName> HostileNames::texts()
 
 QList<HostileName> HostileNames::files()
 {
-    return namesThat([](const HostileName &name) { return name.isUtf8() && name.canBeFile(); });
+    return namesThat([](const HostileName &name) { return name.canBeFile(); });
 }

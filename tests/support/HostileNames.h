@@ -11,7 +11,7 @@ struct HostileName
     const char *what; ///< for the names of tests
     QByteArray bytes;
 
-    /// As the file system's names become texts. What is not UTF-8 does not come back from it.
+    /// As FileNames has it, so that it leads back to the bytes.
     QString text() const;
     bool isUtf8() const;
     /// A file can have this name: it is not too long, and no folder's own.
@@ -25,9 +25,9 @@ namespace HostileNames {
 
 const QList<HostileName> &all();
 
-/// Those that a text can hold without a loss.
+/// Those that are UTF-8, for what stores texts and not names of files.
 QList<HostileName> texts();
-/// Those that a file can have and a text can hold.
+/// Those that a file can have. There is room behind each for an extension.
 QList<HostileName> files();
 
 template<class Row>

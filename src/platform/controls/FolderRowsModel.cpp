@@ -1,7 +1,6 @@
 #include "FolderRowsModel.h"
 
 #include "Folder.h"
-#include "NameDelegate.h"
 #include "ThemeIcon.h"
 
 void FolderRowsModel::setFolder(const QString &path, const QStringList &subfolders)
@@ -11,6 +10,7 @@ void FolderRowsModel::setFolder(const QString &path, const QStringList &subfolde
     m_above = {names.first()};
     for (const QString &name : names.sliced(1))
         m_above += Folder::join(m_above.last(), name);
+    m_canOpen.clear();
     setNames(names + subfolders);
 }
 
@@ -23,7 +23,7 @@ QVariant FolderRowsModel::data(const QModelIndex &index, int role) const
 {
     if (role == Qt::DecorationRole)
         return ThemeIcon::named(iconAt(index.row()));
-    if (role == NameDelegate::DepthRole)
+    if (role == DepthRole)
         return qMin(index.row(), folderRow() + 1);
     return NameListModel::data(index, role);
 }
@@ -32,5 +32,11 @@ QString FolderRowsModel::iconAt(int row) const
 {
     if (row <= folderRow())
         return QStringLiteral("folder-open");
-    return Folder::canOpen(pathAt(row)) ? QStringLiteral("folder") : QStringLiteral("folder-locked");
+    return canOpen(row) ? QStringLiteral("folder") : QStringLiteral("folder-locked");
+}
+
+bool FolderRowsModel::canOpen(int row) const
+{
+    const auto known = m_canOpen.constFind(row);
+    return known != m_canOpen.cend() ? *known : *m_canOpen.insert(row, Folder::canOpen(pathAt(row)));
 }

@@ -2,10 +2,16 @@
 
 #include "NameListModel.h"
 
-/// A folder below those that it is in, the root first, and above the folders in it.
+#include <QHash>
+
+/// A folder below those that it is in, the root first, and above the folders in it. Whether a row can be
+/// opened is asked when its icon is first shown, and not again until the next folder.
 class FolderRowsModel : public NameListModel
 {
 public:
+    /// How many steps a row is moved to the right.
+    static constexpr int DepthRole = Qt::UserRole;
+
     using NameListModel::NameListModel;
 
     /// \a path is clean and absolute.
@@ -19,6 +25,8 @@ public:
 
 private:
     QString iconAt(int row) const;
+    bool canOpen(int row) const;
 
-    QStringList m_above; ///< paths from the root to the folder itself
+    QStringList m_above;                ///< paths from the root to the folder itself
+    mutable QHash<int, bool> m_canOpen; ///< by row
 };

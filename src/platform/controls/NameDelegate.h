@@ -1,23 +1,16 @@
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "PlainTextDelegate.h"
 
-/// Draws the rows of a list of file names: each as wide as the list, a name that is longer cut in the middle
-/// and shown whole by a tool tip.
-class NameDelegate : public QStyledItemDelegate
+/// Draws the rows of a list of file names: each as wide as the list, a name that is longer cut in the middle.
+/// Rows of a FolderRowsModel are moved to the right as it says.
+class NameDelegate : public PlainTextDelegate
 {
 public:
-    /// How many steps a row is moved to the right.
-    static constexpr int DepthRole = Qt::UserRole;
+    using PlainTextDelegate::PlainTextDelegate;
 
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    void paint(QPainter *painter, const QStyleOptionViewItem &option,
-               const QModelIndex &index) const override;
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
-    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
-                   const QModelIndex &index) override;
 
-private:
-    QStyleOptionViewItem indented(const QStyleOptionViewItem &option, const QModelIndex &index) const;
+protected:
+    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 };

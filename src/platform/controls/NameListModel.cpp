@@ -1,7 +1,5 @@
 #include "NameListModel.h"
 
-#include "ShownText.h"
-
 void NameListModel::setNames(const QStringList &names)
 {
     beginResetModel();
@@ -16,5 +14,5 @@ int NameListModel::rowCount(const QModelIndex &parent) const
 
 QVariant NameListModel::data(const QModelIndex &index, int role) const
 {
-    return role == Qt::DisplayRole ? ShownText::line(m_names.value(index.row())) : QVariant();
+    return role == Qt::DisplayRole ? QVariant(m_names.value(index.row())) : QVariant();
 }

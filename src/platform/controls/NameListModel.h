@@ -3,7 +3,7 @@
 #include <QAbstractListModel>
 #include <QStringList>
 
-/// File names in rows. They are kept as they are and shown as ShownText has them.
+/// File names in rows, as FileNames has them; NameDelegate marks what does not show itself.
 class NameListModel : public QAbstractListModel
 {
 public:

@@ -17,11 +17,12 @@ bool PlainTextDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
 {
     bool isCutOff = false;
     run([&] {
+        QStyleOptionViewItem row = option;
+        initStyleOption(&row, index);
         isCutOff = event->type() == QEvent::ToolTip && index.isValid() &&
-                   QStyledItemDelegate::sizeHint(option, index).width() > option.rect.width();
+                   QStyledItemDelegate::sizeHint(option, index).width() > row.rect.width();
         if (isCutOff)
-            QToolTip::showText(event->globalPos(),
-                               ShownText::toolTip(ShownText::line(index.data().toString())), view->viewport(),
+            QToolTip::showText(event->globalPos(), ShownText::toolTip(row.text), view->viewport(),
                                option.rect);
     });
     return isCutOff || QStyledItemDelegate::helpEvent(event, view, option, index);

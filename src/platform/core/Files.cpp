@@ -3,9 +3,8 @@
 #include "FileNames.h"
 #include "RuntimeError.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <cerrno>
+#include <climits>
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -111,23 +110,35 @@ mode_t ordinaryMode()
     throw RuntimeError::fromErrno(code, path);
 }
 
-/// The file that writing \a path has to replace: what a link points to, else the path itself.
-QByteArray targetOf(const QString &path)
+/// The folder that \a name is in, with a slash at its end.
+QByteArray folderOf(const QByteArray &name)
 {
-    const QByteArray name = QFile::encodeName(path);
+    const qsizetype slash = name.lastIndexOf('/');
+    return slash < 0 ? QByteArray("./") : name.left(slash + 1);
+}
+
+/// The file that writing \a name has to replace: what a link points to, else the name itself.
+QByteArray targetOf(const QByteArray &name)
+{
     char *resolved = ::realpath(name.constData(), nullptr);
-    if (!resolved && errno != ENOENT)
-        fail(path);
-    if (!resolved)
-        return QFileInfo(path).isSymLink() ? QFile::encodeName(QFileInfo(path).symLinkTarget()) : name;
-    const QByteArray target(resolved);
-    ::free(resolved);
-    return target;
+    if (resolved) {
+        const QByteArray target(resolved);
+        ::free(resolved);
+        return target;
+    }
+    if (errno != ENOENT)
+        fail(FileNames::fromBytes(name));
+    char link[PATH_MAX];
+    const ssize_t length = ::readlink(name.constData(), link, sizeof link);
+    if (length < 0)
+        return name;
+    const QByteArray next(link, length);
+    return targetOf(next.startsWith('/') ? next : folderOf(name) + next);
 }
 
 void writeBy(Sibling (*make)(const QByteArray &target), const QString &path, const QByteArray &bytes)
 {
-    const QByteArray target = targetOf(path);
+    const QByteArray target = targetOf(FileNames::toBytes(path));
     struct stat old = {};
     const bool replaces = ::stat(target.constData(), &old) == 0;
     if (replaces && !S_ISREG(old.st_mode))
@@ -143,8 +154,7 @@ void writeBy(Sibling (*make)(const QByteArray &target), const QString &path, con
     if (!sibling.takeModeOf(old) || !sibling.write(bytes) || !sibling.replace(target))
         fail(path);
 
-    const Descriptor folder(::open(QFile::encodeName(QFileInfo(QFile::decodeName(target)).path()).constData(),
-                                   O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const Descriptor folder(::open(folderOf(target).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.isOpen())
         ::fsync(folder.get()); // the rename itself has to last; not every file system offers it
 }

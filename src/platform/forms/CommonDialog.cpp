@@ -145,7 +145,7 @@ void prepareForBoth(QFileDialog &dialog, const CommonDialog &settings)
 {
     dialog.setObjectName(QStringLiteral("FileDialog"));
     dialog.setOption(QFileDialog::HideNameFilterDetails); // the texts have patterns of their own
-    dialog.setSidebarUrls(FilePlaces::complete(dialog.sidebarUrls(), FilePlaces::mountPoints()));
+    dialog.setSidebarUrls(FilePlaces::complete(dialog.sidebarUrls(), Volume::all()));
     fitParts(dialog);
     dialog.setNameFilters(FileFilter::toNameFilters(settings.Filter));
     dialog.selectNameFilter(dialog.nameFilters().value(settings.FilterIndex - 1));

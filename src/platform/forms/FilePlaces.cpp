@@ -2,21 +2,8 @@
 
 #include <QFileInfo>
 #include <QStandardPaths>
-#include <QStorageInfo>
-#include <algorithm>
 
 namespace {
-
-/// Where desktops and administrators mount sticks, disks and shares; the system's own file systems are
-/// elsewhere.
-const QStringList driveFolders = {QStringLiteral("/media/"), QStringLiteral("/run/media/"),
-                                  QStringLiteral("/mnt/")};
-
-bool isDrive(const QString &mountPoint)
-{
-    return std::ranges::any_of(driveFolders,
-                               [&](const QString &folder) { return mountPoint.startsWith(folder); });
-}
 
 QStringList standardFolders()
 {
@@ -25,35 +12,33 @@ QStringList standardFolders()
             QStandardPaths::writableLocation(QStandardPaths::DownloadLocation)};
 }
 
-/// The address of the whole computer has no path.
-bool isThere(const QUrl &place)
+bool isDrive(const Volume &volume)
 {
-    return place.path().isEmpty() || QFileInfo::exists(place.toLocalFile());
+    // Intended: no network shares. Qt's dialog asks each place whether it is there, and a share whose server
+    // is gone does not answer.
+    return volume.kind == Volume::Kind::Disk || volume.kind == Volume::Kind::Removable;
+}
+
+void addOnce(QList<QUrl> &places, const QUrl &place)
+{
+    if (!places.contains(place))
+        places << place;
 }
 
 } // namespace
 
-QList<QUrl> FilePlaces::complete(const QList<QUrl> &offered, const QStringList &mountPoints)
+QList<QUrl> FilePlaces::complete(const QList<QUrl> &offered, const QList<Volume> &volumes)
 {
-    QList<QUrl> wanted = offered;
-    for (const QString &folder : standardFolders())
-        wanted << QUrl::fromLocalFile(folder);
-    for (const QString &mountPoint : mountPoints) {
-        if (isDrive(mountPoint))
-            wanted << QUrl::fromLocalFile(mountPoint);
-    }
     QList<QUrl> places;
-    for (const QUrl &place : wanted) {
-        if (isThere(place) && !places.contains(place))
-            places << place;
+    for (const QUrl &place : offered)
+        addOnce(places, place);
+    for (const QString &folder : standardFolders()) {
+        if (QFileInfo::exists(folder))
+            addOnce(places, QUrl::fromLocalFile(folder));
+    }
+    for (const Volume &volume : volumes) {
+        if (isDrive(volume))
+            addOnce(places, QUrl::fromLocalFile(volume.path));
     }
     return places;
-}
-
-QStringList FilePlaces::mountPoints()
-{
-    QStringList points;
-    for (const QStorageInfo &volume : QStorageInfo::mountedVolumes())
-        points << volume.rootPath();
-    return points;
 }

@@ -3,7 +3,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QHeaderView>
 #include <QListView>
 #include <QSignalSpy>
@@ -300,7 +299,7 @@ TEST_F(ListViewTest, WhatHasTheFocusHasTheName)
     EXPECT_EQ(pane().accessibleName(), QStringLiteral("Contacts"));
 }
 
-TEST_F(ListViewTest, ChecksManyRowsOneByOneQuickly)
+TEST_F(ListViewTest, ChecksManyRowsOneByOneAndTouchesNoOther)
 {
     items.Clear();
     view.setCheckboxes(true);
@@ -308,10 +307,13 @@ TEST_F(ListViewTest, ChecksManyRowsOneByOneQuickly)
     for (int i = 1; i <= 50000; ++i)
         many.push_back(item(i));
     items.addItems(std::move(many));
-    QElapsedTimer timer;
-    timer.start();
+    int touched = 0;
+    QObject::connect(
+        &items, &ListItemsModel::dataChanged, &view,
+        [&](const QModelIndex &first, const QModelIndex &last) { touched += last.row() - first.row() + 1; });
     for (int i = 1; i <= items.Count(); ++i)
         items.setChecked(i, true);
-    EXPECT_LT(timer.elapsed(), 5000); // a walk of the rows for each one takes minutes
+    EXPECT_EQ(touched, 50000);
+    EXPECT_TRUE(items.Item(1).Checked);
     EXPECT_TRUE(items.Item(50000).Checked);
 }

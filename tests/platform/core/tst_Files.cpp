@@ -1,8 +1,11 @@
 #include "AsUser.h"
 #include "ErrorNumberOf.h"
 #include "Files.h"
+#include "Folder.h"
 #include "FullDisk.h"
+#include "HostileNames.h"
 #include "PrintQt.h"
+#include "ScratchFolder.h"
 #include "ScratchHome.h"
 
 #include <QDir>
@@ -21,7 +24,45 @@ struct FilesTest : testing::Test
     QStringList folder() const { return QDir(home.path()).entryList(QDir::Files); }
 };
 
+/// Files of a name that others chose, and what is in the folder with them.
+struct HostileFilesTest : testing::TestWithParam<HostileName>
+{
+    ScratchFolder scratch;
+    QString path = Folder::join(scratch.path(), GetParam().text());
+    QStringList files() const { return Folder::files(scratch.path(), Folder::Hidden::Taken); }
+};
+
 } // namespace
+
+TEST_P(HostileFilesTest, WritesTheFileThatItReads)
+{
+    scratch.addFile(GetParam().bytes, "made elsewhere");
+    EXPECT_EQ(Files::read(path), QByteArray("made elsewhere"));
+    Files::write(path, "one");
+    EXPECT_EQ(Files::read(path), QByteArray("one"));
+    EXPECT_EQ(files(), QStringList(GetParam().text()));
+    Files::writeLocked(path, "two");
+    EXPECT_EQ(Files::read(path), QByteArray("two"));
+    EXPECT_EQ(files(), QStringList(GetParam().text()));
+}
+
+TEST_P(HostileFilesTest, MakesAFile)
+{
+    Files::write(path, "new");
+    EXPECT_EQ(Files::read(path), QByteArray("new"));
+    EXPECT_EQ(files(), QStringList(GetParam().text()));
+}
+
+TEST_P(HostileFilesTest, MakesTheFileThatALinkPointsTo)
+{
+    scratch.addLink("link", GetParam().bytes);
+    Files::write(Folder::join(scratch.path(), QStringLiteral("link")), "new");
+    EXPECT_EQ(Files::read(path), QByteArray("new"));
+    EXPECT_EQ(files().size(), 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, HostileFilesTest, testing::ValuesIn(HostileNames::files()),
+                         HostileNames::what<testing::TestParamInfo<HostileName>>);
 
 TEST_F(FilesTest, WritesAndReadsBack)
 {
@@ -126,6 +167,17 @@ TEST_F(FilesTest, ALinkToAMissingFileMakesThatFile)
     ASSERT_TRUE(QFile::link(path, link));
     Files::write(link, "one");
     EXPECT_TRUE(QFileInfo(link).isSymLink());
+    EXPECT_EQ(Files::read(path), QByteArray("one"));
+}
+
+TEST_F(FilesTest, ALinkToALinkToAMissingFileMakesThatFile)
+{
+    const QString first = home.file(QStringLiteral("first"));
+    const QString second = home.file(QStringLiteral("second"));
+    ASSERT_EQ(::symlink("second", QFile::encodeName(first).constData()), 0);
+    ASSERT_EQ(::symlink("note.txt", QFile::encodeName(second).constData()), 0);
+    Files::write(first, "one");
+    EXPECT_TRUE(QFileInfo(second).isSymLink());
     EXPECT_EQ(Files::read(path), QByteArray("one"));
 }
 

@@ -1,8 +1,8 @@
+#include "AsUser.h"
 #include "ErrorNumberOf.h"
 #include "FileNames.h"
 #include "Files.h"
 #include "Folder.h"
-#include "OrdinaryUser.h"
 #include "PrintQt.h"
 #include "ScratchFolder.h"
 
@@ -87,7 +87,7 @@ TEST_F(FolderTest, WhatCannotBeReadIsAnError)
     EXPECT_EQ(numberFor(QStringLiteral("tmp")), ErrorNumber::PathNotFound);
 
     const QString secret = Folder::join(scratch.path(), QStringLiteral("secret"));
-    const OrdinaryUser user;
+    const AsUser user(scratch.path());
     EXPECT_EQ(numberFor(secret), ErrorNumber::PermissionDenied);
     EXPECT_FALSE(Folder::canOpen(secret));
     EXPECT_TRUE(Folder::canOpen(scratch.path()));

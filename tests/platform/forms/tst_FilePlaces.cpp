@@ -31,22 +31,23 @@ TEST_F(FilePlacesTest, OffersDocumentsAndDownloadsBehindWhatIsOfferedAlready)
               QList<QUrl>({computer, homeFolder(), own, documents, downloads}));
 }
 
-TEST_F(FilePlacesTest, LeavesOutWhatIsNotThere)
+TEST_F(FilePlacesTest, LeavesOutStandardFoldersThatAreNotThere)
 {
-    EXPECT_EQ(FilePlaces::complete({QUrl::fromLocalFile(home.file(QStringLiteral("gone")))}, {}),
-              QList<QUrl>{homeFolder()});
+    EXPECT_EQ(FilePlaces::complete({}, {}), QList<QUrl>{homeFolder()});
 }
 
-TEST_F(FilePlacesTest, OffersDrivesButNotTheSystemsOwnFileSystems)
+TEST_F(FilePlacesTest, OffersDrivesButNoShares)
 {
-    // Any folder serves for a drive that is there; /media itself belongs to every system.
-    const QStringList mountPoints = {QStringLiteral("/"), QStringLiteral("/proc"), QStringLiteral("/usr"),
-                                     QStringLiteral("/media/"), QStringLiteral("/media/nobody/GONE")};
-    EXPECT_EQ(FilePlaces::complete({}, mountPoints),
-              QList<QUrl>({homeFolder(), QUrl::fromLocalFile(QStringLiteral("/media/"))}));
-}
-
-TEST_F(FilePlacesTest, KnowsWhereFileSystemsAreMounted)
-{
-    EXPECT_TRUE(FilePlaces::mountPoints().contains(QStringLiteral("/")));
+    // None of them is there: drives are not asked.
+    const QString drive = QStringLiteral("/media/anna/STICK");
+    const QString disk = QStringLiteral("/gone/data");
+    const QList<Volume> volumes = {
+        {Volume::Kind::System, QStringLiteral("/"), QStringLiteral("File System")},
+        {Volume::Kind::Home, home.path(), QStringLiteral("Home")},
+        {Volume::Kind::Removable, drive, QStringLiteral("STICK")},
+        {Volume::Kind::Network, QStringLiteral("/mnt/team"), QStringLiteral("team")},
+        {Volume::Kind::Disk, disk, QStringLiteral("data")},
+    };
+    EXPECT_EQ(FilePlaces::complete({}, volumes),
+              QList<QUrl>({homeFolder(), QUrl::fromLocalFile(drive), QUrl::fromLocalFile(disk)}));
 }

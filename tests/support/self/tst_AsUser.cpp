@@ -3,6 +3,8 @@
 
 #include <QFile>
 #include <QProcess>
+#include <array>
+#include <grp.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
@@ -32,4 +34,20 @@ TEST(AsUser, AProgramIsTheUsers)
     ASSERT_TRUE(id.waitForFinished());
     EXPECT_EQ(id.readAllStandardOutput().trimmed(), QByteArray::number(::getuid()));
     EXPECT_NE(::getuid(), 0u);
+}
+
+TEST(AsUser, LeavesTheGroupsOfRootMeanwhile)
+{
+    constexpr std::array<gid_t, 2> groups = {0, 6};
+    if (::geteuid() != 0)
+        GTEST_SKIP() << "only root changes groups";
+    ASSERT_EQ(::setgroups(groups.size(), groups.data()), 0);
+    {
+        const ScratchHome home;
+        const AsUser user(home.path());
+        EXPECT_EQ(::getgroups(0, nullptr), 0);
+    }
+    std::array<gid_t, 2> after = {};
+    EXPECT_EQ(::getgroups(2, after.data()), 2);
+    EXPECT_EQ(after, groups);
 }

@@ -1,11 +1,14 @@
+#include "FileNames.h"
 #include "HostileNames.h"
-#include "ScratchHome.h"
+#include "PrintQt.h"
+#include "ScratchFolder.h"
 
-#include <QFile>
 #include <algorithm>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <set>
 #include <string>
+#include <unistd.h>
 
 namespace {
 
@@ -18,15 +21,21 @@ struct HostileNamesTest : testing::TestWithParam<HostileName>
 
 TEST_P(HostileNamesTest, KnowsWhetherAFileCanHaveIt)
 {
-    const ScratchHome home;
-    QFile file(home.path() + u'/' + name().text());
-    const bool isMade = file.open(QFile::WriteOnly | QFile::NewOnly);
-    EXPECT_EQ(isMade, name().canBeFile());
+    const ScratchFolder folder;
+    const int made = ::open(folder.file(name().bytes).constData(), O_WRONLY | O_CREAT | O_EXCL, 0600);
+    EXPECT_EQ(made >= 0, name().canBeFile());
+    if (made >= 0)
+        ::close(made);
+}
+
+TEST_P(HostileNamesTest, ItsTextLeadsBackToTheFile)
+{
+    EXPECT_EQ(FileNames::toBytes(name().text()), name().bytes);
 }
 
 TEST_P(HostileNamesTest, KnowsWhetherATextHoldsIt)
 {
-    EXPECT_EQ(QFile::encodeName(name().text()) == name().bytes, name().isUtf8());
+    EXPECT_EQ(name().text().toUtf8() == name().bytes, name().isUtf8());
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, HostileNamesTest, testing::ValuesIn(HostileNames::all()),
@@ -48,6 +57,7 @@ TEST(HostileNames, TheListsLeaveOutWhatTheyCannotHold)
     EXPECT_TRUE(has(HostileNames::texts(), "TooLong"));
     EXPECT_FALSE(has(HostileNames::texts(), "NotUtf8"));
     EXPECT_TRUE(has(HostileNames::files(), "LineFeeds"));
+    EXPECT_TRUE(has(HostileNames::files(), "NotUtf8"));
     EXPECT_FALSE(has(HostileNames::files(), "TooLong"));
     EXPECT_FALSE(has(HostileNames::files(), "ParentFolder"));
 }
