@@ -153,11 +153,11 @@ TEST_F(DirListBoxTest, ALongNameIsCutWhereItsIndentedRowEnds)
     const QString name = QStringLiteral("as wide as all");
     scratch.addFolder(name.toUtf8());
     box.setPath(scratch.path());
-    const QStyledItemDelegate &plain = delegate();
+    box.setIconSize({16, 16});
     QStyleOptionViewItem option;
     option.initFrom(&box);
-    option.decorationSize = QSize(16, 16);
-    const int width = plain.QStyledItemDelegate::sizeHint(option, row(depth + 1)).width();
+    option.decorationSize = box.iconSize();
+    const int width = delegate().QStyledItemDelegate::sizeHint(option, row(depth + 1)).width();
     box.resize(box.width() - box.viewport()->width() + width + 4, box.height());
     const QPoint at = box.visualRect(row(depth + 1)).center();
     QHelpEvent event(QEvent::ToolTip, at, box.viewport()->mapToGlobal(at));
