@@ -1,6 +1,7 @@
 #include "TypingFixture.h"
 
 #include <QPainter>
+#include <QSignalSpy>
 #include <QTextFrame>
 
 namespace {
@@ -420,6 +421,45 @@ TEST_F(Typing, KeysBesideATableAreSeenAtOnce)
         expectBehindAndRight();
         expectSameLayout();
     }
+}
+
+TEST_F(Typing, ATableAboveAnEmptyParagraphAndTheEditIsHit)
+{
+    open(20);
+    scrollToTable();
+    const QRectF area = plainLayout().frameBoundingRect(&table());
+    const int hidden = table().lastPosition() + 1; // an empty paragraph
+    edit(hidden, hidden, [](QTextCursor &cursor) {
+        QTextTableFormat format;
+        format.setColumnWidthConstraints({QTextLength(QTextLength::FixedLength, 100)});
+        cursor.insertTable(1, 1, format);
+    });
+    const int inNextTable = hidden + 1;
+    const int behindNextTable = hidden + 4; // with the key in the table
+    for (const int position : {inNextTable, behindNextTable}) {
+        catchUp();
+        type(position, QStringLiteral("x"));
+        expectBehind();
+        for (int y = int(area.top()); y < area.bottom() + 40; y += 3) {
+            for (const int x : {15, 190, 320})
+                expectSameHit(QPointF(x, y));
+        }
+        expectSameView();
+        expectSameLayout();
+    }
+}
+
+TEST_F(Typing, AKeyInTheLastRowIsPaintedWhole)
+{
+    open(20);
+    scrollToTable();
+    const QSignalSpy painted(&layout(), &QAbstractTextDocumentLayout::update);
+    const int position = table().lastPosition();
+    type(position, QStringLiteral("x"));
+    expectBehind();
+    ASSERT_FALSE(painted.isEmpty());
+    const QTextBlock cell = plain.document()->findBlock(position);
+    EXPECT_GE(painted.last().at(0).toRectF().bottom(), plainLayout().blockBoundingRect(cell).bottom());
 }
 
 TEST_F(Typing, AFormatOfACellOrBesideATableIsLaidOut)

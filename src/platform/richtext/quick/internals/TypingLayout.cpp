@@ -63,6 +63,20 @@ QTextBlock behindFrame(const QTextBlock &block)
     return frame ? block.document()->findBlock(frame->lastPosition() + 1) : block;
 }
 
+/// The paragraph of the page before \a block, which is on the page, too; invalid where there is none.
+QTextBlock previousOnPage(const QTextBlock &block)
+{
+    const QTextBlock before = block.previous();
+    const QTextFrame *frame = before.isValid() && !followsParagraph(block) ? frameOnPage(before) : nullptr;
+    return frame ? block.document()->findBlock(frame->firstPosition() - 1) : before;
+}
+
+/// True for an empty paragraph behind a table, which Qt hides in the table's edge, beside the last row.
+bool isInEdge(const QTextBlock &block)
+{
+    return block.length() == 1 && block.position() > 0 && !followsParagraph(block);
+}
+
 bool areSimple(const QTextBlock &first, const QTextBlock &last)
 {
     if (!LayoutSample::isSimple(first) || !isOnPage(first))
@@ -236,13 +250,11 @@ QTextBlock TypingLayout::paragraphOf(int position) const
 QTextBlock TypingLayout::lastUntouched() const
 {
     const QTextBlock edited = paragraphOf(m_pending->from);
-    if (const QTextTable *table = tableOf(edited))
-        return paragraphOf(table->firstPosition() - 1);
-    const QTextBlock before = edited.previous();
-    if (!before.isValid())
-        return edited;
-    const QTextFrame *frame = followsParagraph(edited) ? nullptr : frameOnPage(before);
-    return frame ? paragraphOf(frame->firstPosition() - 1) : before;
+    const QTextTable *table = tableOf(edited);
+    QTextBlock before = table ? paragraphOf(table->firstPosition() - 1) : previousOnPage(edited);
+    while (isInEdge(before)) // whose height is one within the table
+        before = previousOnPage(before);
+    return before.isValid() ? before : edited;
 }
 
 /// All that Qt's layout knows is right above this height.
@@ -466,7 +478,8 @@ bool TypingLayout::moveBelow(const QTextBlock &behind, double y)
 void TypingLayout::showChange(const QTextBlock &behind, double shift)
 {
     constexpr double everything = 1e9;
-    const double height = shift == 0 ? top(behind) - editedTop() : everything;
+    // A paragraph hidden beside a table begins above the end of the table.
+    const double height = shift == 0 ? bottom(behind) - editedTop() : everything;
     Q_EMIT update(QRectF(0, editedTop(), everything, height));
     const int whole = qRound(dynamicDocumentSize().height() + m_pending->heightDelta);
     m_view.verticalScrollBar()->setMaximum(qMax(0, whole - m_view.viewport()->height()));
