@@ -4,9 +4,9 @@
 #include <QString>
 #include <sys/types.h>
 
-/// The process is an ordinary user while this exists, for tests about permissions: root may do everything. The
-/// user is in no group but its own. Changes nothing where the tests run as an ordinary user anyway. A program
-/// started meanwhile is that user's for good.
+/// The process is an ordinary user while this exists, for tests about permissions: root may do everything.
+/// The user is in no group but its own. Changes nothing where the tests run as an ordinary user anyway. A
+/// program started meanwhile is that user's for good.
 class AsUser
 {
 public:

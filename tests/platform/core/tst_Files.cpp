@@ -29,7 +29,7 @@ struct HostileFilesTest : testing::TestWithParam<HostileName>
 {
     ScratchFolder scratch;
     QString path = Folder::join(scratch.path(), GetParam().text());
-    QStringList files() const { return Folder::files(scratch.path(), Folder::Hidden::Taken); }
+    QStringList files() const { return Folder::files(scratch.path(), Folder::Hidden::Include); }
 };
 
 } // namespace
