@@ -4,6 +4,7 @@
 #include "HostileNames.h"
 #include "MdiArea.h"
 #include "RunningSuite.h"
+#include "ScratchVariable.h"
 #include "ShownText.h"
 #include "StandInTool.h"
 #include "StatusBar.h"
@@ -18,6 +19,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
+#include <QToolButton>
 #include <gtest/gtest.h>
 
 namespace {
@@ -316,4 +318,19 @@ TEST_F(FrameTest, TheToolbarIgnoresErrorsTheMenuDoesNot)
     suite.press("Save");
     suite.fatal.expect(438);
     suite.choose("mnusaveonly");
+}
+
+TEST_F(FrameTest, ItemsOfToolsThatAreNotInstalledAreGreyInMenusAndToolbarLists)
+{
+    const ScratchVariable path{"PATH", suite.home.file(QStringLiteral("bin")).toUtf8()};
+    const ScratchVariable data{"XDG_DATA_DIRS", suite.home.file(QStringLiteral("data")).toUtf8()};
+    Q_EMIT suite.item("mnuTools").menu()->aboutToShow();
+    EXPECT_FALSE(suite.item("mnuDefrag").isEnabled());
+    EXPECT_TRUE(suite.item("mnuToolsOptions").isEnabled());
+    const auto *tools = suite.frame().tbToolBar().findChild<QToolButton *>(QStringLiteral("tools"));
+    Q_EMIT tools->menu()->aboutToShow();
+    int grey = 0;
+    for (const QAction *entry : tools->menu()->actions())
+        grey += entry->isSeparator() || entry->isEnabled() ? 0 : 1;
+    EXPECT_GT(grey, 3);
 }
