@@ -696,6 +696,8 @@ TEST_F(Typing, FormatsAreSeenAtOnce)
 
 TEST_F(Typing, UndoneTextIsSeenAtOnce)
 {
+    if (!QuickLayout::isAvailable())
+        GTEST_SKIP() << "Qt's own layout leaves out a paragraph when a removal across paragraphs is undone";
     fallBehind();
     edit(0, below(20000), [](QTextCursor &cursor) { cursor.removeSelectedText(); });
     expectSameView();
