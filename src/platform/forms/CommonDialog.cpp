@@ -20,6 +20,7 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QScreen>
 #include <QSplitter>
 #include <QTreeView>
 #include <memory>
@@ -132,7 +133,7 @@ void fitParts(QFileDialog &dialog)
 {
     constexpr QSize readable(760, 460); // pixels
     constexpr int sidebar = 160;
-    dialog.resize(dialog.size().expandedTo(readable));
+    dialog.resize(dialog.size().expandedTo(readable).boundedTo(dialog.screen()->availableSize()));
     if (auto *splitter = dialog.findChild<QSplitter *>(QStringLiteral("splitter")))
         splitter->setSizes({sidebar, readable.width() - sidebar});
     if (const auto *list = dialog.findChild<QTreeView *>(QStringLiteral("treeView"))) {
