@@ -1,4 +1,5 @@
 #include "ReadDocument.h"
+#include "RowName.h"
 #include "RtfReader.h"
 
 #include <gtest/gtest.h>
@@ -23,11 +24,6 @@ class RtfReaderText : public testing::TestWithParam<ReadRow>
 TEST_P(RtfReaderText, Reads)
 {
     EXPECT_EQ(textOf(framed(GetParam().body)), GetParam().text);
-}
-
-std::string nameOf(const testing::TestParamInfo<ReadRow> &info)
-{
-    return info.param.name;
 }
 
 const ReadRow paragraphs[] = {
@@ -131,14 +127,14 @@ const ReadRow fallingOut[] = {
     {"OldLabel", "{\\pntext 1.\\tab}a\\par", "1.\ta"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Paragraphs, RtfReaderText, testing::ValuesIn(paragraphs), nameOf);
-INSTANTIATE_TEST_SUITE_P(Signs, RtfReaderText, testing::ValuesIn(signsAndBytes), nameOf);
-INSTANTIATE_TEST_SUITE_P(Unicode, RtfReaderText, testing::ValuesIn(unicode), nameOf);
-INSTANTIATE_TEST_SUITE_P(Groups, RtfReaderText, testing::ValuesIn(groups), nameOf);
-INSTANTIATE_TEST_SUITE_P(Fields, RtfReaderText, testing::ValuesIn(fields), nameOf);
-INSTANTIATE_TEST_SUITE_P(Notes, RtfReaderText, testing::ValuesIn(notes), nameOf);
-INSTANTIATE_TEST_SUITE_P(Shapes, RtfReaderText, testing::ValuesIn(shapes), nameOf);
-INSTANTIATE_TEST_SUITE_P(FallingOut, RtfReaderText, testing::ValuesIn(fallingOut), nameOf);
+INSTANTIATE_TEST_SUITE_P(Paragraphs, RtfReaderText, testing::ValuesIn(paragraphs), RowName());
+INSTANTIATE_TEST_SUITE_P(Signs, RtfReaderText, testing::ValuesIn(signsAndBytes), RowName());
+INSTANTIATE_TEST_SUITE_P(Unicode, RtfReaderText, testing::ValuesIn(unicode), RowName());
+INSTANTIATE_TEST_SUITE_P(Groups, RtfReaderText, testing::ValuesIn(groups), RowName());
+INSTANTIATE_TEST_SUITE_P(Fields, RtfReaderText, testing::ValuesIn(fields), RowName());
+INSTANTIATE_TEST_SUITE_P(Notes, RtfReaderText, testing::ValuesIn(notes), RowName());
+INSTANTIATE_TEST_SUITE_P(Shapes, RtfReaderText, testing::ValuesIn(shapes), RowName());
+INSTANTIATE_TEST_SUITE_P(FallingOut, RtfReaderText, testing::ValuesIn(fallingOut), RowName());
 
 struct PageRow
 {

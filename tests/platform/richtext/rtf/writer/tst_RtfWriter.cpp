@@ -1,3 +1,4 @@
+#include "RowName.h"
 #include "WrittenBody.h"
 
 #include <QTextFrame>
@@ -11,11 +12,6 @@ struct TextRow
     const char16_t *text;
     const char *written;
 };
-
-std::string nameOf(const testing::TestParamInfo<TextRow> &info)
-{
-    return info.param.name;
-}
 
 struct RtfWriterText : testing::TestWithParam<TextRow>
 {};
@@ -89,7 +85,7 @@ INSTANTIATE_TEST_SUITE_P(
                     TextRow{"AboveHalf", u"\ufb01", "\\u-1279?"}, TextRow{"Control", u"\u0007", "\\u7?"},
                     TextRow{"Delete", u"\u007f", "\\u127?"}, TextRow{"Blanks", u"  a  ", "  a  "},
                     TextRow{"LonePlace", u"\ufffc", "\\u-4?"}),
-    nameOf);
+    RowName());
 
 TEST(RtfWriterLong, WritesOneVeryLongRun)
 {

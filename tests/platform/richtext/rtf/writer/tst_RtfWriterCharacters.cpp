@@ -1,4 +1,5 @@
 #include "RichTextProperties.h"
+#include "RowName.h"
 #include "WrittenBody.h"
 
 #include <gtest/gtest.h>
@@ -11,11 +12,6 @@ struct FormatRow
     void (*set)(QTextCharFormat &);
     const char *words;
 };
-
-std::string nameOf(const testing::TestParamInfo<FormatRow> &info)
-{
-    return info.param.name;
-}
 
 struct RtfWriterCharacters : testing::TestWithParam<FormatRow>
 {};
@@ -133,7 +129,7 @@ INSTANTIATE_TEST_SUITE_P(
         FormatRow{"Caps", [](F &f) { f.setFontCapitalization(QFont::AllUppercase); }, "\\caps"},
         FormatRow{"SmallCaps", [](F &f) { f.setFontCapitalization(QFont::SmallCaps); }, "\\scaps"},
         FormatRow{"Language", [](F &f) { f.setProperty(RichTextProperty::Language, 1029); }, "\\lang1029"}),
-    nameOf);
+    RowName());
 
 TEST(RtfWriterCharacterRuns, WritesWhatDiffersFromThePlainSizeOfTheFormat)
 {

@@ -1,4 +1,5 @@
 #include "RichTextProperties.h"
+#include "RowName.h"
 #include "WrittenBody.h"
 
 #include <QTextList>
@@ -14,11 +15,6 @@ struct MarkRow
     const char *level; ///< of the list table
     const char *mark;
 };
-
-std::string nameOf(const testing::TestParamInfo<MarkRow> &info)
-{
-    return info.param.name;
-}
 
 struct RtfWriterMarks : testing::TestWithParam<MarkRow>
 {};
@@ -68,7 +64,7 @@ INSTANTIATE_TEST_SUITE_P(
         MarkRow{"LowerAlpha", QTextListFormat::ListLowerAlpha, 26, "\\levelnfc4", "z."},
         MarkRow{"NoLetterForZero", QTextListFormat::ListLowerAlpha, 0, "\\levelstartat0", "0."},
         MarkRow{"BeyondRoman", QTextListFormat::ListUpperRoman, 5000, "\\levelstartat5000", "5000."}),
-    nameOf);
+    RowName());
 
 TEST(RtfWriterLists, CountTheirItems)
 {

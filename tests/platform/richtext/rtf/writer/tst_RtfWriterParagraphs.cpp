@@ -1,5 +1,6 @@
 #include "ParagraphFormat.h"
 #include "RichTextProperties.h"
+#include "RowName.h"
 #include "WrittenBody.h"
 
 #include <gtest/gtest.h>
@@ -12,11 +13,6 @@ struct ParagraphRow
     void (*set)(QTextBlockFormat &);
     const char *words;
 };
-
-std::string nameOf(const testing::TestParamInfo<ParagraphRow> &info)
-{
-    return info.param.name;
-}
 
 struct RtfWriterParagraphs : testing::TestWithParam<ParagraphRow>
 {};
@@ -112,7 +108,7 @@ INSTANTIATE_TEST_SUITE_P(
                      "\\tx720\\tqr\\tx1440\\tqc\\tx1800\\tqdec\\tx3000"},
         ParagraphRow{"NewPage", [](P &f) { f.setPageBreakPolicy(P::PageBreak_AlwaysBefore); }, "\\pagebb"},
         ParagraphRow{"Background", [](P &f) { f.setBackground(Qt::yellow); }, "\\cbpat1"}),
-    nameOf);
+    RowName());
 
 TEST(RtfWriterParagraphRuns, SayTheirWordsOnce)
 {
