@@ -2,6 +2,7 @@
 
 #include "EventGate.h"
 #include "QuickLayout.h"
+#include "TextPieces.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QScrollBar>
@@ -26,13 +27,9 @@ bool mayRunRightToLeft(QChar c)
 
 bool mayRunRightToLeft(const QTextDocument &document, int from, int length)
 {
-    QTextBlock block = document.findBlock(from);
-    for (; block.isValid() && block.position() < from + length; block = block.next()) {
-        const QString text = block.text();
-        if (std::any_of(text.cbegin(), text.cend(), [](QChar c) { return mayRunRightToLeft(c); }))
-            return true;
-    }
-    return false;
+    return TextPieces::any(document, from, length, [](QStringView text) {
+        return std::any_of(text.cbegin(), text.cend(), [](QChar c) { return mayRunRightToLeft(c); });
+    });
 }
 
 } // namespace
