@@ -144,16 +144,13 @@ void frmMain::load()
 /// No new document gets the number of a recovered one.
 void frmMain::openRecovered()
 {
-    const QStringList captions = RecoveredDocuments::open();
-    for (const QString &caption : captions) {
+    const RecoveredDocuments documents = RecoveredDocuments::open();
+    for (const QString &caption : documents.captions) {
         if (caption.startsWith(documentCaption))
             m_documentCount = qMax(m_documentCount, caption.mid(documentCaption.size()).toInt());
     }
-    if (captions.size() == 1)
-        m_statusBar->showNotice(QStringLiteral("1 document recovered from the last run."), noticeTime);
-    else if (!captions.isEmpty())
-        m_statusBar->showNotice(
-            QStringLiteral("%1 documents recovered from the last run.").arg(captions.size()), noticeTime);
+    if (const QString notice = documents.notice(); !notice.isEmpty())
+        m_statusBar->showNotice(notice, noticeTime);
 }
 
 void frmMain::restorePosition()
