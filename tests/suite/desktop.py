@@ -28,6 +28,13 @@ def read(path):
         return file.read()
 
 
+def without_rights(program):
+    """The command that starts the program so that permissions hold for it, also for root."""
+    if os.geteuid() != 0:
+        return [program]
+    return ["setpriv", "--bounding-set=-dac_override,-dac_read_search", program]
+
+
 class Suite:
     """The running program with a home of its own."""
 
@@ -42,7 +49,9 @@ class Suite:
                            XDG_STATE_HOME=os.path.join(self.home, ".local", "state"),
                            XDG_RUNTIME_DIR=self.home, LC_ALL="C.UTF-8")
         os.chmod(self.home, 0o700)
-        self.process = subprocess.Popen([program], env=environment, stderr=subprocess.PIPE, text=True)
+        # Python ignores the signal of a file that grows too large, and so does the program.
+        self.process = subprocess.Popen(without_rights(program), env=environment, stderr=subprocess.PIPE, text=True,
+                                        restore_signals=False)
 
     def path(self, name):
         return os.path.join(self.home, name)
@@ -77,9 +86,19 @@ class Suite:
                  lambda: self.process.poll() is not None or xdotool("getactivewindow") != box)
 
     def file_dialog(self, title, path):
-        self.window(title)
+        dialog = self.window(title)
         self.type(path)
         self.key("Return")
+        return dialog
+
+    def overwrite_question(self, title, path):
+        """Names an existing file; the question has the dialog's own title."""
+        dialog = self.file_dialog(title, path)
+        wait_for("the question", lambda: dialog != self.window(title))
+
+    def limit_files(self, size):
+        """Lets no file of the program grow beyond so many bytes, as a full disk does; "unlimited" takes that back."""
+        subprocess.run(["prlimit", f"--pid={self.process.pid}", f"--fsize={size}:unlimited"], check=True)
 
     def ended(self, code=0):
         wait_for("the program to end", lambda: self.process.poll() is not None)
