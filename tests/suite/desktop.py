@@ -57,14 +57,30 @@ class Suite:
         return os.path.join(self.home, name)
 
     def window(self, title):
-        """The window with exactly this title, once it is on the screen and has the focus."""
+        """The window with exactly this title, once it is on the screen and gets the keys. The window manager calls
+        it the active one a moment earlier; keys of that moment would be lost."""
         def look():
             active = xdotool("getactivewindow")
-            return active if active and xdotool("getwindowname", active) == title else None
+            gets_keys = active and active == xdotool("getwindowfocus")
+            return active if gets_keys and xdotool("getwindowname", active) == title else None
         return wait_for(f'the window "{title}"', look)
 
     def frame(self):
-        return self.window(FRAME)
+        """The frame, once it gets the keys and the program waits for them. A dialog that goes away gives them to the
+        frame before its answer is handled; what is typed then goes into the document of before."""
+        frame = self.window(FRAME)
+        wait_for("the program to wait", self.waits)
+        return frame
+
+    def waits(self):
+        """Whether the program sleeps and uses no time from one look to the next."""
+        looks = set()
+        for _ in range(3):
+            state, *numbers = read(f"/proc/{self.process.pid}/stat").rsplit(b") ", 1)[1].split()
+            user_time, system_time = numbers[10:12]
+            looks.add((state, user_time, system_time))
+            time.sleep(0.02)
+        return len(looks) == 1 and looks.pop()[0] == b"S"
 
     def key(self, *keys):
         xdotool("key", "--delay", "60", *keys)

@@ -104,20 +104,20 @@ def recovery_after_a_kill(program):
     suite = Suite(program)
     yield suite
     suite.frame()
-    suite.type("   words that are not saved")  # the first keys may come before the document has the focus
+    suite.type("words that are not saved")
     wait_for("the recovery copy", lambda: any(b"words that are not saved" in copy for copy in suite.recovery_copies()))
     suite.kill()
     again = Suite(program, home=suite.home, settings=None)
     yield again
     again.frame()
-    again.type("   Still: ")
+    again.type("Still: ")
     again.menu("f", "c")
     again.answer("Save Changes?...", "alt+y")
     again.answer("Save as RTF?...", "alt+y")
     again.file_dialog("Save As RTF", again.path("letter"))
     wait_for("the file", lambda: os.path.exists(again.path("letter.rtf")))
     saved = read(again.path("letter.rtf"))
-    assert b"Still:" in saved and b"words that are not saved" in saved, saved
+    assert b"Still: words that are not saved" in saved, saved
     again.frame()
     again.menu("f", "x")  # what is left is the untouched first document
     again.ended()
@@ -186,7 +186,7 @@ def killed_while_saving(program):
         suite.key("ctrl+o")
         suite.file_dialog("Open", name)
         suite.frame()
-        suite.type("   zero ")  # the first keys may come before the document has the focus
+        suite.type("zero ")
         before = read(name)
         suite.menu("f", "s")
         wait_for("the save", lambda: len(os.listdir(folder)) > 1 or read(name) != before)
@@ -212,8 +212,8 @@ def killed_while_asked(program):
     suite.key("ctrl+o")
     suite.file_dialog("Open", name)
     suite.frame()
-    suite.type("   new ")  # the first keys may come before the document has the focus
-    wait_for("the recovery copy", lambda: any(b"new old" in copy for copy in suite.recovery_copies()))
+    suite.type("new ")
+    wait_for("the recovery copy", lambda: any(b"new " in copy for copy in suite.recovery_copies()))
 
     def closing():
         suite.menu("f", "c")
@@ -232,7 +232,7 @@ def killed_while_asked(program):
         question()
         suite.kill()
         assert read(name) == old, (question, read(name))
-        assert any(b"new old" in copy for copy in suite.recovery_copies()), question
+        assert any(b"new " in copy for copy in suite.recovery_copies()), question
         suite = Suite(program, home=suite.home, settings=None)
         yield suite
         suite.frame()
@@ -241,8 +241,8 @@ def killed_while_asked(program):
     time.sleep(random.random() / 20)
     suite.kill()
     saved = read(name)
-    assert saved == old or (b"new old" in saved and saved.rstrip().endswith(b"}")), saved
-    assert any(b"new old" in kept for kept in [saved, *suite.recovery_copies()]), saved
+    assert saved == old or (b"new " in saved and b"old" in saved and saved.rstrip().endswith(b"}")), saved
+    assert any(b"new " in kept for kept in [saved, *suite.recovery_copies()]), saved
 
 
 def saves_that_fail(program):
@@ -251,7 +251,7 @@ def saves_that_fail(program):
     locked, full, good = suite.path("locked"), suite.path("full.rtf"), suite.path("good.rtf")
     os.mkdir(locked, 0o555)
     suite.frame()
-    suite.type("   words that are not saved")  # the first keys may come before the document has the focus
+    suite.type("words that are not saved")
     suite.menu("f", "r")
     suite.file_dialog("Save As RTF", os.path.join(locked, "letter"))
     suite.answer("System Error!", "Return")
