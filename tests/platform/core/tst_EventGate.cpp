@@ -224,6 +224,8 @@ TEST_F(EventGateTest, WhatHasToGoLivesUntilTheHandlerHasReturned)
         RunningHandler::deleteWhenNoneRuns(object);
         processPendingEvents();
         EXPECT_TRUE(object);
+        QCoreApplication::processEvents(); // as the loop of a dialog does
+        EXPECT_TRUE(object);
     });
     EXPECT_TRUE(object); // the code that called the handler may still need it
     QCoreApplication::processEvents();
