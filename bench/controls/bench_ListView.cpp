@@ -1,7 +1,7 @@
 #include "ListView.h"
+#include "Milliseconds.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QStandardItemModel>
 #include <QTest>
 #include <QTreeView>
@@ -51,16 +51,6 @@ Texts makeTexts()
                        QStringLiteral("holiday/album") + number}});
     }
     return texts;
-}
-
-template<class Step>
-double milliseconds(Step step)
-{
-    QElapsedTimer timer;
-    timer.start();
-    step();
-    constexpr double perMillisecond = 1e6;
-    return double(timer.nsecsElapsed()) / perMillisecond;
 }
 
 void showIn(QWidget &view)

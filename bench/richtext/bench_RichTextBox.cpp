@@ -1,9 +1,9 @@
+#include "Milliseconds.h"
 #include "RichTextBox.h"
 #include "RtfReader.h"
 #include "RtfWriter.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
@@ -23,15 +23,6 @@
 namespace {
 
 using Step = std::function<void()>;
-
-double milliseconds(const Step &step)
-{
-    QElapsedTimer timer;
-    timer.start();
-    step();
-    constexpr double perMillisecond = 1e6;
-    return double(timer.nsecsElapsed()) / perMillisecond;
-}
 
 double median(QList<double> times)
 {

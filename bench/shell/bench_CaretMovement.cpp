@@ -2,6 +2,7 @@
 #include "Form.h"
 #include "Globals.h"
 #include "Look.h"
+#include "Milliseconds.h"
 #include "Paths.h"
 #include "RichTextBox.h"
 #include "RichTextFile.h"
@@ -10,7 +11,6 @@
 #include "frmMain.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
@@ -43,18 +43,16 @@ void settle(const QTextEdit &edit)
 Times keys(QTextEdit &edit, int position, Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
     constexpr int times = 60;
-    constexpr double perMillisecond = 1e6;
     QTextCursor cursor(edit.document());
     cursor.setPosition(position);
     edit.setTextCursor(cursor);
     QCoreApplication::processEvents();
     QList<double> all;
     for (int i = 0; i < times; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        QTest::keyClick(&edit, key, modifiers);
-        QCoreApplication::processEvents(); // the toolbar follows, and both are painted
-        all.append(double(timer.nsecsElapsed()) / perMillisecond);
+        all.append(milliseconds([&] {
+            QTest::keyClick(&edit, key, modifiers);
+            QCoreApplication::processEvents(); // the toolbar follows, and both are painted
+        }));
     }
     std::sort(all.begin(), all.end());
     return {all.at(times / 2), all.constLast()};

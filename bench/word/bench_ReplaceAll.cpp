@@ -1,9 +1,9 @@
 #include "FindFlag.h"
+#include "Milliseconds.h"
 #include "RichTextBox.h"
 #include "clsFindandReplace.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTest>
@@ -16,16 +16,6 @@
 //     QT_QPA_PLATFORM=offscreen bench_ReplaceAll FILE
 
 namespace {
-
-template<class Step>
-double milliseconds(Step step)
-{
-    QElapsedTimer timer;
-    timer.start();
-    step();
-    constexpr double perMillisecond = 1e6;
-    return double(timer.nsecsElapsed()) / perMillisecond;
-}
 
 /// Megabytes of this process: "VmRSS" now, "VmHWM" at most since forgetPeak().
 double memory(const char *kind)

@@ -11,9 +11,12 @@ namespace {
 
 const QString listed = QStringLiteral("WindowList");
 
-QString captionOf(const QMdiSubWindow &child, int number)
+/// A long path is cut in the middle, so that the menu is not as wide as the screen.
+QString captionOf(const QMdiSubWindow &child, int number, const QFontMetrics &font)
 {
-    QString caption = ShownText::line(child.windowTitle());
+    constexpr int longest = 60; // characters of average width
+    QString caption = font.elidedText(ShownText::line(child.windowTitle()), Qt::ElideMiddle,
+                                      longest * font.averageCharWidth());
     caption.replace(u'&', QLatin1String("&&"));
     constexpr int lastMnemonic = 9;
     return QStringLiteral("%1%2 %3")
@@ -43,7 +46,7 @@ void WindowList::fill(QMenu &menu, MdiArea &area)
             continue;
         if (number == 0)
             menu.addSeparator()->setObjectName(listed);
-        QAction *item = menu.addAction(captionOf(*child, ++number));
+        QAction *item = menu.addAction(captionOf(*child, ++number, menu.fontMetrics()));
         item->setObjectName(listed);
         item->setCheckable(child == area.activeChild()); // no empty box before the others
         item->setChecked(true);

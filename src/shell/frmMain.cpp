@@ -12,23 +12,18 @@
 #include "Globals.h"
 #include "MdiArea.h"
 #include "MenuBuilder.h"
-#include "Numbers.h"
 #include "Paths.h"
 #include "RecoveredDocuments.h"
 #include "RichTextBox.h"
-#include "Settings.h"
 #include "StatusBar.h"
 #include "SystemShortcuts.h"
 #include "Toolbar.h"
 #include "Twips.h"
-#include "WindowGeometry.h"
 #include "WindowList.h"
 
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QMdiSubWindow>
 #include <QMenuBar>
-#include <QScreen>
 #include <QTimer>
 #include <QToolButton>
 
@@ -42,19 +37,6 @@ constexpr StatusBarRow panels[] = {
     {StatusBarRow::Kind::Date, 2540, "", "", Qt::AlignHCenter},
     {StatusBarRow::Kind::Time, 2540, "", "", Qt::AlignHCenter},
 };
-const QString settingsSection = QStringLiteral("Settings");
-
-/// The stored length in twips.
-double stored(const QString &key, int fallback)
-{
-    return double(Numbers::toSingle(
-        Settings::get(Paths::applicationTitle, settingsSection, key, QString::number(fallback))));
-}
-
-void store(const QString &key, double twips)
-{
-    Settings::save(Paths::applicationTitle, settingsSection, key, Numbers::singleText(float(twips)));
-}
 
 } // namespace
 
@@ -67,6 +49,7 @@ frmMain::frmMain()
     , m_files(*this)
     , m_formats(*this)
     , m_printing(*this)
+    , m_position(*this)
 {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Tallowick - Quill-Office Tools"));
@@ -135,7 +118,7 @@ void frmMain::load()
 {
     m_lastChild = QStringLiteral("None");
     diallerMode = QStringLiteral("Setup");
-    restorePosition();
+    m_position.restore();
     m_toolBar->setButtonsEnabled(1, FrameButtons::lastWordButton, false);
     LoadNewDoc();
     Timer1->start();
@@ -144,43 +127,13 @@ void frmMain::load()
 /// No new document gets the number of a recovered one.
 void frmMain::openRecovered()
 {
-    const QStringList captions = RecoveredDocuments::open();
-    for (const QString &caption : captions) {
+    const RecoveredDocuments documents = RecoveredDocuments::open();
+    for (const QString &caption : documents.captions) {
         if (caption.startsWith(documentCaption))
             m_documentCount = qMax(m_documentCount, caption.mid(documentCaption.size()).toInt());
     }
-    if (captions.size() == 1)
-        m_statusBar->showNotice(QStringLiteral("1 document recovered from the last run."), noticeTime);
-    else if (!captions.isEmpty())
-        m_statusBar->showNotice(
-            QStringLiteral("%1 documents recovered from the last run.").arg(captions.size()), noticeTime);
-}
-
-void frmMain::restorePosition()
-{
-    WindowGeometry::setLeft(*this, stored(QStringLiteral("MainLeft"), 1000));
-    WindowGeometry::setTop(*this, stored(QStringLiteral("MainTop"), 1000));
-    WindowGeometry::setWidth(*this, stored(QStringLiteral("MainWidth"), 13200));
-    WindowGeometry::setHeight(*this, stored(QStringLiteral("MainHeight"), 9000));
-    moveOntoScreen();
-}
-
-/// A position on a screen that is no longer connected would leave the frame out of reach.
-void frmMain::moveOntoScreen()
-{
-    for (const QScreen *screen : QGuiApplication::screens()) {
-        if (screen->availableGeometry().intersects(geometry()))
-            return;
-    }
-    move(QGuiApplication::primaryScreen()->availableGeometry().topLeft());
-}
-
-void frmMain::storePosition() const
-{
-    store(QStringLiteral("MainLeft"), WindowGeometry::left(*this));
-    store(QStringLiteral("MainTop"), WindowGeometry::top(*this));
-    store(QStringLiteral("MainWidth"), WindowGeometry::width(*this));
-    store(QStringLiteral("MainHeight"), WindowGeometry::height(*this));
+    if (const QString notice = documents.notice(); !notice.isEmpty())
+        m_statusBar->showNotice(notice, noticeTime);
 }
 
 void frmMain::unload()
@@ -188,7 +141,7 @@ void frmMain::unload()
     if (!closeChildren())
         return;
     if (!isMinimized())
-        storePosition();
+        m_position.store();
     EventGate::end(EXIT_SUCCESS);
 }
 

@@ -3,6 +3,7 @@
 #include "CommonDialog.h"
 #include "FileCommands.h"
 #include "FormatCommands.h"
+#include "FramePosition.h"
 #include "MainFrame.h"
 #include "PrintCommands.h"
 
@@ -72,9 +73,6 @@ private:
 
     void buildMenus();
     void buildToolBar();
-    void restorePosition();
-    void storePosition() const;
-    void moveOntoScreen();
     bool closeChildren();
     QAction &menuItem(const QString &name) const;
 
@@ -87,6 +85,7 @@ private:
     FileCommands m_files;
     FormatCommands m_formats;
     PrintCommands m_printing;
+    FramePosition m_position;
     QString m_lastChild;
     qint32 m_documentCount = 0;
 };

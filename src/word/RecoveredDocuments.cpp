@@ -4,18 +4,50 @@
 #include "RecoveryFolder.h"
 #include "frmDocument.h"
 
-QStringList RecoveredDocuments::open()
+namespace {
+
+void openDocument(const RecoveryText &text, std::unique_ptr<RecoveryCopy> copy)
 {
-    QStringList captions;
-    for (std::unique_ptr<RecoveryCopy> &copy : RecoveryFolder::takeOrphans()) {
-        const std::optional<RecoveryText> text = copy->read();
+    auto &document = dynamic_cast<frmDocument &>(Forms::refer(QStringLiteral("frmDocument")));
+    document.load();
+    document.recover(text, std::move(copy));
+    document.showModeless();
+}
+
+} // namespace
+
+RecoveredDocuments RecoveredDocuments::open()
+{
+    RecoveredDocuments documents;
+    for (std::unique_ptr<RecoveryCopy> &orphan : RecoveryFolder::takeOrphans()) {
+        if (orphan->hasFailedToOpen()) {
+            ++documents.failedCopies;
+            continue;
+        }
+        const std::optional<RecoveryText> text = orphan->read();
         if (!text)
             continue;
-        auto &document = dynamic_cast<frmDocument &>(Forms::refer(QStringLiteral("frmDocument")));
-        document.load();
-        document.recover(*text, std::move(copy));
-        document.showModeless();
-        captions.append(text->caption);
+        const RecoveryCopy &copy = *orphan;
+        copy.beginOpening();
+        openDocument(*text, std::move(orphan));
+        copy.endOpening();
+        documents.captions.append(text->caption);
     }
-    return captions;
+    return documents;
+}
+
+QString RecoveredDocuments::notice() const
+{
+    QStringList sentences;
+    if (captions.size() == 1)
+        sentences << QStringLiteral("1 document recovered from the last run.");
+    else if (!captions.isEmpty())
+        sentences << QStringLiteral("%1 documents recovered from the last run.").arg(captions.size());
+    if (failedCopies == 1)
+        sentences << QStringLiteral("1 document could not be recovered; its copy is in %1.")
+                         .arg(RecoveryFolder::path());
+    else if (failedCopies > 1)
+        sentences << QStringLiteral("%1 documents could not be recovered; their copies are in %2.")
+                         .arg(QString::number(failedCopies), RecoveryFolder::path());
+    return sentences.join(u' ');
 }

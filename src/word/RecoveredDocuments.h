@@ -3,9 +3,15 @@
 #include <QStringList>
 
 /// The documents that an earlier run of the suite left behind in recovery copies.
-namespace RecoveredDocuments {
+struct RecoveredDocuments
+{
+    /// Opens each in a window of its own. A copy that cannot be read, and one that made an earlier start
+    /// fail, is left in its folder as it is.
+    static RecoveredDocuments open();
 
-/// Opens each in a window of its own and returns their captions. A copy that cannot be read is left as it is.
-QStringList open();
+    /// What the status bar says about them; empty when there is nothing to say.
+    QString notice() const;
 
-} // namespace RecoveredDocuments
+    QStringList captions; ///< of those that are open now
+    int failedCopies = 0; ///< those that made an earlier start fail
+};

@@ -1,8 +1,10 @@
 #include "RecoveryCopy.h"
 
+#include "ErrorReports.h"
 #include "Files.h"
 #include "RuntimeError.h"
 
+#include <QDir>
 #include <QFile>
 
 namespace {
@@ -10,6 +12,12 @@ namespace {
 QString lockOf(const QString &path)
 {
     return path + QStringLiteral(".lock");
+}
+
+/// The file that exists while the copy is being opened.
+QString markOf(const QString &path)
+{
+    return path + QStringLiteral(".opening");
 }
 
 } // namespace
@@ -40,7 +48,26 @@ bool RecoveryCopy::write(const RecoveryText &text) const
 
 void RecoveryCopy::remove() const
 {
-    QFile::remove(m_path);
-    QFile::remove(m_path + QStringLiteral(".new")); // of a write that was stopped
-    QFile::remove(lockOf(m_path));
+    const QFileInfo file(m_path);
+    const QDir folder = file.dir();
+    for (const QString &name : folder.entryList({file.fileName() + u'*'}, QDir::Files)) {
+        if (folder.filePath(name) != lockOf(m_path))
+            QFile::remove(folder.filePath(name));
+    }
+    QFile::remove(lockOf(m_path)); // the last one: until then no other process touches the others
+}
+
+bool RecoveryCopy::hasFailedToOpen() const
+{
+    return QFile::exists(markOf(m_path));
+}
+
+void RecoveryCopy::beginOpening() const
+{
+    ignoreErrors([&] { Files::write(markOf(m_path), {}); });
+}
+
+void RecoveryCopy::endOpening() const
+{
+    QFile::remove(markOf(m_path));
 }

@@ -5,6 +5,9 @@
 
 /// The recovery copy of one document: a file that only its user can read, with a lock beside it that is held
 /// as long as this lives. The file stays unless remove() is called, and is then an orphan.
+///
+/// A document whose text makes the suite crash would do so at every start. So whoever opens a copy calls
+/// beginOpening() before and endOpening() after, and leaves alone a copy that hasFailedToOpen().
 class RecoveryCopy
 {
 public:
@@ -18,8 +21,14 @@ public:
     std::optional<RecoveryText> read() const;
     /// Returns false when the text could not be written; the copy before is then whole.
     bool write(const RecoveryText &text) const;
-    /// Removes the file and its lock. Does nothing when they do not exist.
+    /// Removes the file and all that is beside it. Does nothing when they do not exist.
     void remove() const;
+
+    /// An opening has begun and its process has ended before endOpening().
+    bool hasFailedToOpen() const;
+    /// Is on the disk when this returns. Has no effect where no file can be made.
+    void beginOpening() const;
+    void endOpening() const;
 
 private:
     QString m_path;

@@ -11,6 +11,7 @@
 namespace {
 
 const QString copyName = QStringLiteral("copy-XXXXXX");
+constexpr int attempts = 3; // to make a copy; one fails only when another process starts at that moment
 
 QString stateFolder()
 {
@@ -30,10 +31,20 @@ void makeFolder()
         ::mkdir(QFile::encodeName(folder).constData(), 0700);
 }
 
-/// Held while copies are made or looked for, so that no process takes one that is just being made.
-FileLock lockFolder()
+/// nullptr where none can be made, or where another process that starts at this moment has taken it for one
+/// that was never written.
+std::unique_ptr<RecoveryCopy> tryToMakeCopy()
 {
-    return FileLock(RecoveryFolder::path() + QStringLiteral("/lock"));
+    QByteArray name = QFile::encodeName(RecoveryFolder::path() + u'/' + copyName);
+    const int file = ::mkstemp(name.data()); // its mode, 0600, is kept by each write
+    if (file < 0)
+        return nullptr;
+    ::close(file);
+    auto copy = std::make_unique<RecoveryCopy>(QFile::decodeName(name));
+    if (copy->isHeld() && QFile::exists(copy->path()))
+        return copy;
+    QFile::remove(copy->path());
+    return nullptr;
 }
 
 /// The paths of all copies, also of those of which nothing but a lock or half a write is left.
@@ -60,24 +71,16 @@ QString RecoveryFolder::path()
 std::unique_ptr<RecoveryCopy> RecoveryFolder::makeCopy()
 {
     makeFolder();
-    const FileLock folder = lockFolder();
-    QByteArray name = QFile::encodeName(path() + u'/' + copyName);
-    const int file = folder.isHeld() ? ::mkstemp(name.data()) : -1; // its mode, 0600, is kept by each write
-    if (file < 0)
-        return nullptr;
-    ::close(file);
-    auto copy = std::make_unique<RecoveryCopy>(QFile::decodeName(name));
-    return copy->isHeld() ? std::move(copy) : nullptr;
+    for (int attempt = 0; attempt < attempts; ++attempt) {
+        if (auto copy = tryToMakeCopy())
+            return copy;
+    }
+    return nullptr;
 }
 
 std::vector<std::unique_ptr<RecoveryCopy>> RecoveryFolder::takeOrphans()
 {
     std::vector<std::unique_ptr<RecoveryCopy>> orphans;
-    if (!QFileInfo::exists(path()))
-        return orphans;
-    const FileLock folder = lockFolder();
-    if (!folder.isHeld())
-        return orphans;
     for (const QString &name : copies()) {
         auto copy = std::make_unique<RecoveryCopy>(name);
         if (!copy->isHeld())

@@ -8,7 +8,8 @@
 /// The folder of recovery copies below the user's state folder, shared by all suites that run. A copy whose
 /// lock no process holds is an orphan: its process has ended without saving or closing the document.
 ///
-/// Knows no window. Where the folder cannot be used, no copies are made, and no error is shown.
+/// Knows no window and waits for no other process. Where the folder cannot be used, no copies are made, and
+/// no error is shown.
 namespace RecoveryFolder {
 
 /// Its path; it need not exist.

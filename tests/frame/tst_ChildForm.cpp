@@ -52,6 +52,16 @@ protected:
     }
 };
 
+/// A tool that its own load closes again.
+class SelfUnloadingTool : public StandInTool
+{
+public:
+    using StandInTool::StandInTool;
+
+protected:
+    void Form_Load() override { unload(); }
+};
+
 struct ChildFormTest : testing::Test
 {
     RunningSuite suite;
@@ -143,4 +153,51 @@ TEST_F(ChildFormTest, IsOfNoAccountBeforeItIsShown)
     EXPECT_EQ(suite.frame().ActiveForm(), nullptr);
     tool->showModeless();
     EXPECT_EQ(suite.frame().ActiveForm(), tool);
+}
+
+TEST_F(ChildFormTest, ShownAgainItComesToTheFront)
+{
+    auto *tool = new StandInTool(QStringLiteral("frmTool"));
+    tool->showModeless();
+    QWidget &outer = *tool->parentWidget();
+    suite.choose("mnuFileNew");
+    ASSERT_NE(suite.frame().ActiveForm(), tool);
+    tool->showModeless();
+    EXPECT_EQ(suite.frame().ActiveForm(), tool);
+    outer.showMinimized();
+    tool->showModeless();
+    EXPECT_FALSE(outer.isMinimized());
+}
+
+TEST_F(ChildFormTest, ItsWindowInTheFrameIsRemovedWithIt)
+{
+    QPointer<StandInTool> tool = new StandInTool(QStringLiteral("frmTool"));
+    tool->showModeless();
+    QPointer<QWidget> outer = tool->parentWidget();
+    EXPECT_TRUE(tool->unload());
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(tool);
+    EXPECT_FALSE(outer);
+}
+
+TEST_F(ChildFormTest, OneThatUnloadsItselfWhileLoadingIsNotShown)
+{
+    Form *document = suite.frame().ActiveForm();
+    auto *tool = new SelfUnloadingTool(QStringLiteral("frmTool"));
+    tool->showModeless();
+    EXPECT_FALSE(tool->isVisible());
+    EXPECT_EQ(suite.frame().ActiveForm(), document);
+}
+
+TEST(ChildFormWithoutAFrame, IsAWindowOfItsOwn)
+{
+    ASSERT_EQ(mainFrame, nullptr);
+    QPointer<StandInTool> tool = new StandInTool(QStringLiteral("frmTool"));
+    tool->showModeless();
+    EXPECT_TRUE(tool->isVisible());
+    EXPECT_TRUE(tool->isWindow());
+    EXPECT_TRUE(tool->unload());
+    EXPECT_FALSE(tool->isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(tool);
 }

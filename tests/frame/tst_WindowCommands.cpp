@@ -19,6 +19,7 @@ public:
     CommandWindow()
     {
         item->setObjectName(QStringLiteral("Save"));
+        sameItem->setObjectName(QStringLiteral("Save"));
         static constexpr ToolbarRow keys[] = {{1, "Save", "document-save", "Save"},
                                               {2, "Other", nullptr, "Other"}};
         toolbar->setButtons(keys);
@@ -34,6 +35,7 @@ public:
 
     QMenu *menu = new QMenu(this);
     QAction *item = menu->addAction(QStringLiteral("&Save"));
+    QAction *sameItem = menu->addAction(QStringLiteral("&Save"));
     Toolbar *toolbar = new Toolbar(this);
     QPushButton *button = new QPushButton(this);
     QList<QPushButton *> digits;
@@ -54,6 +56,8 @@ TEST(WindowCommands, OneRowServesTheItemTheKeyAndTheButton)
     EXPECT_EQ(window.ran.size(), 3);
     window.toolbar->findChild<QToolButton *>(QStringLiteral("Other"))->click();
     EXPECT_EQ(window.ran.size(), 3);
+    window.sameItem->trigger();
+    EXPECT_EQ(window.ran.size(), 4);
 }
 
 TEST(WindowCommands, ARowOfAnArrayGivesTheIndex)

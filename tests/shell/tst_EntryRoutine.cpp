@@ -37,6 +37,12 @@ struct EntryTest : testing::Test
         delete mainFrame;
         EntryRoutine();
     }
+    void endAndRestart()
+    {
+        suite->fatal.expectEnd(EXIT_SUCCESS);
+        suite->choose("mnuFileExit");
+        restart();
+    }
     void splash(const char *value) { store("Options", "Show Splash at Startup", value); }
 
     std::unique_ptr<RunningSuite> suite;
@@ -146,4 +152,35 @@ TEST_F(EntryTest, APositionBeyondEveryScreenComesBack)
     store("Settings", "MainTop", "-3E+38");
     restart();
     EXPECT_TRUE(suite->frame().screen()->availableGeometry().intersects(suite->frame().geometry()));
+}
+
+TEST_F(EntryTest, ASizeBeyondTheScreenIsCutAndStaysStored)
+{
+    store("Settings", "MainLeft", "1500");
+    store("Settings", "MainTop", "750");
+    store("Settings", "MainWidth", "90000");
+    store("Settings", "MainHeight", "7500");
+    restart();
+    const QRect screen = suite->frame().screen()->availableGeometry();
+    EXPECT_EQ(suite->frame().x(), screen.left());
+    EXPECT_EQ(suite->frame().width(), screen.width());
+    EXPECT_EQ(suite->frame().y(), 50);
+    EXPECT_EQ(suite->frame().height(), 500);
+    endAndRestart();
+    EXPECT_EQ(setting("Settings", "MainLeft"), QStringLiteral("1500"));
+    EXPECT_EQ(setting("Settings", "MainWidth"), QStringLiteral("90000"));
+    suite->frame().resize(600, 400);
+    endAndRestart();
+    EXPECT_EQ(setting("Settings", "MainWidth"), QStringLiteral("9000"));
+    EXPECT_EQ(setting("Settings", "MainHeight"), QStringLiteral("6000"));
+}
+
+TEST_F(EntryTest, ASizeOfTheWholeScreenLeavesSpaceForTheTitleBar)
+{
+    store("Settings", "MainHeight", "90000");
+    restart();
+    const QRect screen = suite->frame().screen()->availableGeometry();
+    EXPECT_EQ(suite->frame().y(), screen.top());
+    EXPECT_LT(suite->frame().height(), screen.height());
+    EXPECT_GT(suite->frame().height(), screen.height() - 50);
 }

@@ -28,6 +28,13 @@ def read(path):
         return file.read()
 
 
+def without_rights(program):
+    """The command that starts the program so that permissions hold for it, also for root."""
+    if os.geteuid() != 0:
+        return [program]
+    return ["setpriv", "--bounding-set=-dac_override,-dac_read_search", program]
+
+
 class Suite:
     """The running program with a home of its own."""
 
@@ -42,20 +49,38 @@ class Suite:
                            XDG_STATE_HOME=os.path.join(self.home, ".local", "state"),
                            XDG_RUNTIME_DIR=self.home, LC_ALL="C.UTF-8")
         os.chmod(self.home, 0o700)
-        self.process = subprocess.Popen([program], env=environment, stderr=subprocess.PIPE, text=True)
+        # Python ignores the signal of a file that grows too large, and so does the program.
+        self.process = subprocess.Popen(without_rights(program), env=environment, stderr=subprocess.PIPE, text=True,
+                                        restore_signals=False)
 
     def path(self, name):
         return os.path.join(self.home, name)
 
     def window(self, title):
-        """The window with exactly this title, once it is on the screen and has the focus."""
+        """The window with exactly this title, once it is on the screen and gets the keys. The window manager calls
+        it the active one a moment earlier; keys of that moment would be lost."""
         def look():
             active = xdotool("getactivewindow")
-            return active if active and xdotool("getwindowname", active) == title else None
+            gets_keys = active and active == xdotool("getwindowfocus")
+            return active if gets_keys and xdotool("getwindowname", active) == title else None
         return wait_for(f'the window "{title}"', look)
 
     def frame(self):
-        return self.window(FRAME)
+        """The frame, once it gets the keys and the program waits for them. A dialog that goes away gives them to the
+        frame before its answer is handled; what is typed then goes into the document of before."""
+        frame = self.window(FRAME)
+        wait_for("the program to wait", self.waits)
+        return frame
+
+    def waits(self):
+        """Whether the program sleeps and uses no time from one look to the next."""
+        looks = set()
+        for _ in range(3):
+            state, *numbers = read(f"/proc/{self.process.pid}/stat").rsplit(b") ", 1)[1].split()
+            user_time, system_time = numbers[10:12]
+            looks.add((state, user_time, system_time))
+            time.sleep(0.02)
+        return len(looks) == 1 and looks.pop()[0] == b"S"
 
     def key(self, *keys):
         xdotool("key", "--delay", "60", *keys)
@@ -77,9 +102,19 @@ class Suite:
                  lambda: self.process.poll() is not None or xdotool("getactivewindow") != box)
 
     def file_dialog(self, title, path):
-        self.window(title)
+        dialog = self.window(title)
         self.type(path)
         self.key("Return")
+        return dialog
+
+    def overwrite_question(self, title, path):
+        """Names an existing file; the question has the dialog's own title."""
+        dialog = self.file_dialog(title, path)
+        wait_for("the question", lambda: dialog != self.window(title))
+
+    def limit_files(self, size):
+        """Lets no file of the program grow beyond so many bytes, as a full disk does; "unlimited" takes that back."""
+        subprocess.run(["prlimit", f"--pid={self.process.pid}", f"--fsize={size}:unlimited"], check=True)
 
     def ended(self, code=0):
         wait_for("the program to end", lambda: self.process.poll() is not None)

@@ -1,11 +1,13 @@
 #include "EntryRoutine.h"
 #include "EventGate.h"
 #include "Files.h"
+#include "ForkedTask.h"
 #include "Forms.h"
 #include "FullDisk.h"
 #include "Globals.h"
 #include "RecoveryFolder.h"
 #include "RunningSuite.h"
+#include "frmDocument.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -13,6 +15,7 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
+#include <csignal>
 #include <gtest/gtest.h>
 
 namespace {
@@ -43,11 +46,38 @@ QStringList allFiles()
     return QDir(RecoveryFolder::path()).entryList({QStringLiteral("copy-*")}, QDir::Files);
 }
 
+/// The one process that this thread has started; 0 when there is none.
+pid_t childProcess()
+{
+    return Files::read(QStringLiteral("/proc/thread-self/children")).trimmed().toInt();
+}
+
 void leaveBehind(const QString &caption, const QByteArray &words,
                  PlainText::LineEnd lineEnd = PlainText::LineEnd::Lf)
 {
     const auto copy = RecoveryFolder::makeCopy();
     ASSERT_TRUE(copy->write({caption, lineEnd, "{\\rtf1\\ansi " + words + "}"}));
+}
+
+QString newestCopy()
+{
+    const QDir folder(RecoveryFolder::path());
+    return folder.filePath(
+        folder.entryList({QStringLiteral("copy-??????")}, QDir::Files, QDir::Time).front());
+}
+
+/// From now on a document that is given a text with \a words ends the process, as a fault of the reader does.
+void crashAt(const QString &words)
+{
+    Forms::registerWindow(QStringLiteral("frmDocument"), Forms::Instances::Many, [words] {
+        auto *document = new frmDocument;
+        const auto &text = document->member<RichTextBox>(QStringLiteral("rtfTextBox"));
+        on(&text, &RichTextBox::Change, document, [&text, words] {
+            if (text.Text().contains(words))
+                ::raise(SIGKILL);
+        });
+        return document;
+    });
 }
 
 struct RecoveryTest : testing::Test
@@ -157,10 +187,34 @@ TEST_F(RecoveryTest, ASaveStopsAWriteThatIsUnderWay)
     hurry();
     const QString path = suite.home.file(QStringLiteral("long.rtf"));
     suite.text().setText(QStringLiteral("a long document\n").repeated(100000));
-    ASSERT_TRUE(QTest::qWaitFor([] { return !onlyCopy().isEmpty(); }, patience)); // empty at first
+    ASSERT_TRUE(QTest::qWaitFor([] { return childProcess() != 0; }, patience));
+    const pid_t writing = childProcess();
+    ASSERT_EQ(::kill(writing, SIGSTOP), 0); // in the middle
     suite.dialogs.expectFileDialog(QStringLiteral("Save As RTF")).accept(path);
     suite.choose("mnuFileSave");
+    EXPECT_EQ(::kill(writing, SIGCONT), -1) << "it would write the copy of a saved document";
     EXPECT_TRUE(allFiles().isEmpty());
+}
+
+TEST_F(RecoveryTest, AFullDiskDisturbsNoTypingAndLosesNoCopy)
+{
+    hurry();
+    suite.type(QStringLiteral("first"));
+    ASSERT_TRUE(waitForKept("first"));
+    const QByteArray before = kept();
+    {
+        const FullDisk disk(qlonglong(before.size()) / 2);
+        QSignalSpy ticks(&timer(), &QTimer::timeout);
+        suite.type(QStringLiteral(" second"));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return ticks.size() >= 6; }, patience)); // several writes fail
+        suite.type(QStringLiteral(" third"));
+        EXPECT_EQ(suite.text().Text(), QStringLiteral("first second third"));
+        EXPECT_EQ(kept(), before);
+        EXPECT_EQ(allFiles().size(), 2) << qUtf8Printable(allFiles().join(u' ')); // the copy and its lock
+        EXPECT_TRUE(suite.dialogs.seen().isEmpty());
+        EXPECT_EQ(notice(), QString());
+    }
+    EXPECT_TRUE(waitForKept("first second third"));
 }
 
 TEST_F(RecoveryTest, AFileThatCouldNotBeSavedIsKept)
@@ -342,4 +396,57 @@ TEST_F(RecoveryTest, ACopyCutShortGivesWhatCanBeRead)
         {QStringLiteral("/cut.rtf"), PlainText::LineEnd::Lf, "{\\rtf1 the begin"}));
     restart();
     EXPECT_EQ(textOf(suite.active()), QStringLiteral("the begin"));
+}
+
+TEST_F(RecoveryTest, ACopyThatMakesTheSuiteCrashIsNotOpenedAgain)
+{
+    leaveBehind(QStringLiteral("/a.rtf"), "a");
+    QTest::qSleep(20); // file times are that coarse
+    leaveBehind(QStringLiteral("/fatal.rtf"), "fatal");
+    const QString fatal = newestCopy();
+    const QByteArray content = Files::read(fatal);
+    QTest::qSleep(20);
+    leaveBehind(QStringLiteral("/b.rtf"), "b");
+    ForkedTask firstStart;
+    ASSERT_TRUE(firstStart.start([] {
+        crashAt(QStringLiteral("fatal"));
+        restart();
+        return true;
+    }));
+    ASSERT_FALSE(firstStart.wait());
+
+    for (int start = 0; start < 2; ++start) {
+        restart();
+        ASSERT_EQ(documents().size(), 3);
+        EXPECT_EQ(documents().at(1)->Caption(), QStringLiteral("/a.rtf"));
+        EXPECT_EQ(documents().at(2)->Caption(), QStringLiteral("/b.rtf"));
+        EXPECT_EQ(notice(), QStringLiteral(
+                                "2 documents recovered from the last run. 1 document could not be recovered; "
+                                "its copy is in %1.")
+                                .arg(RecoveryFolder::path()));
+        EXPECT_EQ(Files::read(fatal), content);
+    }
+}
+
+TEST_F(RecoveryTest, ACopyThatHasOpenedIsOpenedAgain)
+{
+    leaveBehind(QStringLiteral("/a.rtf"), "a");
+    for (int start = 0; start < 3; ++start) {
+        restart();
+        ASSERT_EQ(documents().size(), 2);
+        EXPECT_EQ(allFiles().size(), 2) << qUtf8Printable(allFiles().join(u' ')); // the copy and its lock
+    }
+}
+
+TEST_F(RecoveryTest, ItIsSaidWhereSeveralCopiesAreThatCannotBeOpened)
+{
+    for (int i = 0; i < 2; ++i) {
+        const auto copy = RecoveryFolder::makeCopy();
+        ASSERT_TRUE(copy->write({QStringLiteral("/fatal.rtf"), PlainText::LineEnd::Lf, "{\\rtf1 fatal}"}));
+        copy->beginOpening();
+    }
+    restart();
+    EXPECT_EQ(documents().size(), 1);
+    EXPECT_EQ(notice(), QStringLiteral("2 documents could not be recovered; their copies are in %1.")
+                            .arg(RecoveryFolder::path()));
 }

@@ -155,8 +155,46 @@ TEST_F(RecoveryFolderTest, ARemovedCopyLeavesNothing)
     const auto copy = RecoveryFolder::makeCopy();
     ASSERT_TRUE(copy->write(text("Document 1")));
     Files::write(copy->path() + QStringLiteral(".new"), "half a wr"); // as a stopped write leaves it
+    copy->beginOpening();
     copy->remove();
     EXPECT_TRUE(files().isEmpty()) << qUtf8Printable(files().join(u' '));
+}
+
+TEST_F(RecoveryFolderTest, ACopyBeingMadeIsTakenByNobody)
+{
+    ForkedTask other;
+    ASSERT_TRUE(other.start([] {
+        for (;;)
+            RecoveryFolder::takeOrphans();
+        return true;
+    }));
+    for (int i = 0; i < 2000; ++i) {
+        const auto copy = RecoveryFolder::makeCopy();
+        ASSERT_TRUE(copy && copy->isHeld() && QFileInfo::exists(copy->path())) << i;
+        copy->remove();
+    }
+    EXPECT_TRUE(other.isRunning());
+}
+
+TEST_F(RecoveryFolderTest, ACopyIsMarkedWhileItIsBeingOpened)
+{
+    orphan("Document 1");
+    {
+        const auto orphans = RecoveryFolder::takeOrphans();
+        ASSERT_EQ(orphans.size(), 1U);
+        EXPECT_FALSE(orphans.front()->hasFailedToOpen());
+        orphans.front()->beginOpening();
+    }
+    {
+        const auto orphans = RecoveryFolder::takeOrphans();
+        ASSERT_EQ(orphans.size(), 1U);
+        EXPECT_TRUE(orphans.front()->hasFailedToOpen());
+        EXPECT_EQ(orphans.front()->read()->caption, QStringLiteral("Document 1"));
+        orphans.front()->endOpening();
+    }
+    const auto orphans = RecoveryFolder::takeOrphans();
+    ASSERT_EQ(orphans.size(), 1U);
+    EXPECT_FALSE(orphans.front()->hasFailedToOpen());
 }
 
 TEST_F(RecoveryFolderTest, WhatWasNeverWrittenIsClearedAway)

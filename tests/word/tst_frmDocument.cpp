@@ -1,3 +1,4 @@
+#include "AsUser.h"
 #include "Files.h"
 #include "Forms.h"
 #include "FullDisk.h"
@@ -295,6 +296,29 @@ TEST_F(DocumentTest, AFailedSaveAsKeepsTheChangesUnsavedAndTheOldFileWhole)
     EXPECT_EQ(Files::read(path("a.rtf")), QByteArray("old"));
     EXPECT_EQ(suite.text().Text().size(), 9000);
     closeUnsaved();
+}
+
+TEST_F(DocumentTest, ASaveIntoAReadOnlyFolderKeepsTheChangesUnsaved)
+{
+    ASSERT_TRUE(QDir().mkdir(path("locked")));
+    const AsUser user(suite.home.path());
+    ASSERT_TRUE(QFile::setPermissions(path("locked"), QFile::ReadOwner | QFile::ExeOwner));
+    suite.type(QStringLiteral("words"));
+    fileDialog("Save As RTF").accept(path("locked/a.rtf"));
+    systemError(70, "Permission denied");
+    suite.choose("mnuFileSave");
+    EXPECT_EQ(suite.active().Caption(), path("locked/a.rtf"));
+    EXPECT_EQ(suite.text().Text(), QStringLiteral("words"));
+
+    // Closing it asks, and asks for another name until there is a file.
+    saveQuestion(path("locked/a.rtf")).press(QMessageBox::Yes);
+    rtfQuestion().press(QMessageBox::Yes);
+    fileDialog("Save As RTF").accept(path("locked/b.rtf"));
+    systemError(70, "Permission denied");
+    fileDialog("Save As RTF").accept(path("b.rtf"));
+    suite.choose("mnuFileClose");
+    EXPECT_TRUE(Files::read(path("b.rtf")).contains("words"));
+    EXPECT_TRUE(QDir(path("locked")).isEmpty());
 }
 
 TEST_F(DocumentTest, AFailedSaveIsAnUntrappedError)

@@ -28,6 +28,7 @@ StatusBar::StatusBar(std::span<const StatusBarRow> rows, QWidget *parent)
         addPanel(row);
     followClock();
     lblNotice->setTextFormat(Qt::PlainText);
+    lblNotice->setMinimumWidth(1); // a long notice is cut, and does not widen the window
     addPermanentWidget(lblNotice);
     lblNotice->hide();
     m_noticeTimer->setSingleShot(true);
@@ -69,6 +70,7 @@ StatusBarPanel &StatusBar::Panels(int position) const
 void StatusBar::showNotice(const QString &text, int milliseconds)
 {
     lblNotice->setText(ShownText::line(text));
+    lblNotice->setToolTip(ShownText::toolTip(text));
     lblNotice->show();
     m_noticeTimer->start(milliseconds);
 }

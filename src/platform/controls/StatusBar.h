@@ -21,7 +21,7 @@ public:
     StatusBarPanel &Panels(int position) const;
 
     /// Shows \a text, plain, right of the panels, which keep what they show, and takes it away after \a
-    /// milliseconds.
+    /// milliseconds. A text that is too long is cut; the tool tip has it whole.
     void showNotice(const QString &text, int milliseconds);
 
 private:

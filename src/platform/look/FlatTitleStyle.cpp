@@ -55,9 +55,8 @@ QColor outline(const QPalette &palette, float textPart)
 
 /// Fusion draws the outlines in the window's colour, about a third darker, which a dark window hides. With
 /// this window's colour they are between the real one and the text's.
-QColor windowForOutlines(const QPalette &palette)
+QColor windowForOutlines(const QPalette &palette, float textPart)
 {
-    constexpr float textPart = 0.65f;
     constexpr int fusionDarkens = 150; // percent
     return outline(palette, textPart).lighter(fusionDarkens);
 }
@@ -94,12 +93,17 @@ void FlatTitleStyle::drawPrimitive(PrimitiveElement element, const QStyleOption 
 {
     if (element == PE_FrameGroupBox)
         return drawGroupFrame(*option, *painter, widget);
+    const auto drawOutlined = [&](auto outlined, float textPart) {
+        outlined.palette.setColor(QPalette::Window, windowForOutlines(option->palette, textPart));
+        QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
+    };
     const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
-    if (!button || (element != PE_IndicatorCheckBox && element != PE_IndicatorRadioButton))
-        return QProxyStyle::drawPrimitive(element, option, painter, widget);
-    QStyleOptionButton outlined(*button);
-    outlined.palette.setColor(QPalette::Window, windowForOutlines(button->palette));
-    QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
+    if (button && (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton))
+        drawOutlined(QStyleOptionButton(*button), 0.65f);
+    else if (element == PE_FrameLineEdit)
+        drawOutlined(QStyleOption(*option), 0.45f);
+    else
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
 }
 
 void FlatTitleStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
@@ -111,6 +115,21 @@ void FlatTitleStyle::drawControl(ControlElement element, const QStyleOption *opt
     QStyleOptionMenuItem tinted(*item);
     tinted.palette = menuPalette(item->palette);
     QProxyStyle::drawControl(element, &tinted, painter, widget);
+}
+
+/// Fusion mixes grey by lightness, so that the light icons of dark windows look as if they were enabled.
+QPixmap FlatTitleStyle::generatedIconPixmap(QIcon::Mode mode, const QPixmap &pixmap,
+                                            const QStyleOption *option) const
+{
+    if (mode != QIcon::Disabled)
+        return QProxyStyle::generatedIconPixmap(mode, pixmap, option);
+    QPixmap faint(pixmap.size());
+    faint.setDevicePixelRatio(pixmap.devicePixelRatio());
+    faint.fill(Qt::transparent);
+    QPainter painter(&faint);
+    painter.setOpacity(0.4);
+    painter.drawPixmap(0, 0, pixmap);
+    return faint;
 }
 
 int FlatTitleStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,

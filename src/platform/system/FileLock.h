@@ -3,7 +3,7 @@
 #include <QString>
 
 /// A lock against other processes, held as long as this object exists. The kernel frees it when its process
-/// ends, however it ends.
+/// ends, however it ends. Its holder may remove the file; who waits for it then gets a lock on a new one.
 class FileLock
 {
 public:
@@ -21,6 +21,9 @@ public:
     int error() const { return m_error; }
 
 private:
-    int m_fd;
+    bool isRemoved() const;
+    void close();
+
+    int m_fd = -1;
     int m_error = 0;
 };

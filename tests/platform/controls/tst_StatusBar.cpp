@@ -99,3 +99,16 @@ TEST_F(StatusBarTest, ANoticeLeavesThePanelsAndGoesAfterItsTime)
         EXPECT_TRUE(panel(position).isVisible());
     EXPECT_TRUE(QTest::qWaitFor([&] { return !notice.isVisible(); }));
 }
+
+TEST_F(StatusBarTest, ALongNoticeIsCutAndIsWholeInItsToolTip)
+{
+    const int narrowest = bar.minimumSizeHint().width();
+    bar.resize(900, 24);
+    bar.show();
+    const QString text = QStringLiteral("a long notice ").repeated(50).trimmed();
+    bar.showNotice(text, 10000);
+    const auto &notice = *bar.findChild<QLabel *>(QStringLiteral("lblNotice"));
+    EXPECT_LT(bar.minimumSizeHint().width(), narrowest + 50);
+    EXPECT_GT(notice.width(), 400);
+    EXPECT_EQ(notice.toolTip(), text);
+}

@@ -151,14 +151,18 @@ TEST_F(EventGateTest, NoOtherHandlerRunsWhileTheBoxIsUp)
     QPushButton other;
     on(&failing, &QPushButton::clicked, &failing, failStep);
     on(&other, &QPushButton::clicked, &other, [&] { ++ran; });
+    int boxes = 0;
     EventGate::setBox([&](int, const QString &) {
         EXPECT_TRUE(EventGate::isFailing());
+        if (++boxes == 1)
+            EventGate::fail(mismatch, {});
         other.click();
         failing.click();
         run([&] { ++ran; });
     });
     failing.click();
     EXPECT_EQ(ran, 0);
+    EXPECT_EQ(boxes, 1);
     EXPECT_EQ(fatal.ends().size(), 1);
 
     other.click();
@@ -220,6 +224,8 @@ TEST_F(EventGateTest, WhatHasToGoLivesUntilTheHandlerHasReturned)
         RunningHandler::deleteWhenNoneRuns(object);
         processPendingEvents();
         EXPECT_TRUE(object);
+        QCoreApplication::processEvents(); // as the loop of a dialog does
+        EXPECT_TRUE(object);
     });
     EXPECT_TRUE(object); // the code that called the handler may still need it
     QCoreApplication::processEvents();
@@ -245,12 +251,20 @@ TEST_F(EventGateTest, WhatHasToGoLivesUntilTheOutermostHandlerHasReturned)
     EXPECT_FALSE(object);
 }
 
-TEST_F(EventGateTest, DeletesSoonWhereNoHandlerRuns)
+TEST_F(EventGateTest, NoHandlerHasToReturnWhereNoneRuns)
 {
     QPointer<QObject> object = new QObject;
     RunningHandler::deleteWhenNoneRuns(object);
     EXPECT_TRUE(object);
-    processPendingEvents(); // a wait by itself deletes nothing
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(object);
+}
+
+TEST_F(EventGateTest, AWaitByItselfDeletesNothing)
+{
+    QPointer<QObject> object = new QObject;
+    RunningHandler::deleteWhenNoneRuns(object);
+    processPendingEvents();
     EXPECT_TRUE(object);
     QCoreApplication::processEvents();
     EXPECT_FALSE(object);
@@ -290,8 +304,12 @@ TEST_F(EventGateTest, ReportsWhateverWasThrown)
 
 TEST_F(EventGateTest, EndsWithoutABoxWhenAskedTo)
 {
+    const QObject context;
+    int steps = 0;
+    EventGate::beforeEnd(&context, [&] { ++steps; });
     fatal.expectEnd(EXIT_SUCCESS);
     EventGate::end(EXIT_SUCCESS);
+    EXPECT_EQ(steps, 1);
     EXPECT_TRUE(fatal.seen().isEmpty());
 }
 
@@ -305,6 +323,9 @@ TEST_F(EventGateTest, RunsTheLastStepsBeforeTheBox)
         const QObject gone;
         EventGate::beforeEnd(&gone, [&] { order += QStringLiteral("of what is gone"); });
     }
+    auto going = std::make_unique<QObject>();
+    EventGate::beforeEnd(&context, [&] { going.reset(); });
+    EventGate::beforeEnd(going.get(), [&] { order += QStringLiteral("of what an earlier step deletes"); });
     EventGate::setBox([&](int, const QString &) { order += QStringLiteral("box"); });
     EventGate::setEnd([&](int) { order += QStringLiteral("end"); });
     EventGate::fail(ErrorNumber::TypeMismatch, {});
@@ -322,6 +343,18 @@ TEST(EventGateDeathTest, EndsTheProcess)
             std::fprintf(stderr, "went on\n");
         },
         testing::ExitedWithCode(EXIT_FAILURE), "reported 13\n$");
+}
+
+TEST(EventGateDeathTest, WithoutABoxTheErrorIsPrinted)
+{
+    EXPECT_EXIT(
+        {
+            EventGate::setBox([](int, const QString &) {});
+            EventGate::setBox({});
+            EventGate::setEnd({});
+            run(failStep);
+        },
+        testing::ExitedWithCode(EXIT_FAILURE), "Run-time error '13': Type mismatch\n$");
 }
 
 TEST(EventGateDeathTest, ANormalEndLeavesTheLoopAndNoHandlerRunsAnyMore)

@@ -83,6 +83,20 @@ TEST_F(FormTest, IsLoadedOnce)
     EXPECT_EQ(Forms::loaded(), QList<Form *>{form});
 }
 
+TEST_F(FormTest, ShownAgainItComesToTheFront)
+{
+    form->showModeless();
+    QWidget other;
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+    form->showModeless();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(form));
+    form->showMinimized();
+    form->showModeless();
+    EXPECT_FALSE(form->isMinimized());
+}
+
 TEST_F(FormTest, IsLoadedBeforeItIsSeen)
 {
     form->onLoad = [&] { EXPECT_FALSE(form->isVisible()); };
@@ -207,6 +221,29 @@ TEST_F(FormTest, AModalShowReturnsWhenTheWindowWasUnloaded)
     EXPECT_FALSE(form);
 }
 
+TEST_F(FormTest, AModalWindowThatIsMinimisedStillWaits)
+{
+    DialogDriver dialogs;
+    dialogs.expectWindow<ProbeForm>(QStringLiteral("frmProbe"), [&](ProbeForm &window) {
+        QHideEvent minimised;
+        QSpontaneKeyEvent::setSpontaneous(&minimised); // as the window system sends it
+        qApp->notify(&window, &minimised);
+        QTimer::singleShot(0, &window, [&window] { run([&] { window.unload(); }); });
+    });
+    form->showModal(nullptr);
+    EXPECT_FALSE(form->isLoaded());
+}
+
+TEST_F(FormTest, AModalWindowLivesUntilItsCallerHasReturned)
+{
+    QMetaObject::invokeMethod(
+        form, [this] { form->unload(); }, Qt::QueuedConnection);
+    form->showModal(nullptr);
+    EXPECT_TRUE(form);
+    settle();
+    EXPECT_FALSE(form);
+}
+
 TEST_F(FormTest, AModalWindowIsReadAfterItIsDown)
 {
     auto *answer = new QLineEdit(form);
@@ -317,6 +354,7 @@ TEST_F(FormTest, ResizesAreHandledWhileItIsLoaded)
     int resized = 0;
     form->onResize = [&] { ++resized; };
     form->resize(100, 100);
+    form->show(); // which sends the event
     EXPECT_EQ(resized, 0);
     form->showModeless();
     resized = 0;
@@ -384,6 +422,7 @@ TEST_F(FormKeysTest, ReturnPressesTheButtonThatHasTheFocus)
 
 TEST_F(FormKeysTest, ReturnElsewherePressesTheDefaultButton)
 {
+    EXPECT_TRUE(ok->isDefault()); // and it is drawn as that
     EXPECT_EQ(pressedBy(Qt::Key_Return, field), list("ok"));
     EXPECT_EQ(pressedBy(Qt::Key_Enter, box), list("ok"));
 }

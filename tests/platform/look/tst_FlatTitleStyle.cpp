@@ -71,6 +71,44 @@ double contrastOfGroupFrame(const QPalette &palette)
     return most;
 }
 
+/// The highest contrast of a field's border with its window.
+double contrastOfFieldBorder(const QPalette &palette)
+{
+    const FlatTitleStyle style;
+    QStyleOptionFrame option;
+    option.rect = QRect(2, 2, 60, 30);
+    option.palette = palette;
+    QImage image(64, 34, QImage::Format_RGB32);
+    const QColor window = palette.color(QPalette::Window);
+    image.fill(window);
+    {
+        QPainter painter(&image);
+        style.drawPrimitive(QStyle::PE_FrameLineEdit, &option, &painter, nullptr);
+    }
+    double most = 1;
+    for (int x = 0; x < image.width(); ++x)
+        most = std::max(most, contrast(image.pixelColor(x, image.height() / 2), window));
+    return most;
+}
+
+/// The contrast of an icon in the text's colour with its window.
+double contrastOfIcon(QIcon::Mode mode, const QPalette &palette)
+{
+    const FlatTitleStyle style;
+    QPixmap icon(16, 16);
+    icon.fill(palette.color(QPalette::Text));
+    QStyleOption option;
+    option.palette = palette;
+    const QColor window = palette.color(QPalette::Window);
+    QImage image(16, 16, QImage::Format_RGB32);
+    image.fill(window);
+    {
+        QPainter painter(&image);
+        painter.drawPixmap(0, 0, style.generatedIconPixmap(mode, icon, &option));
+    }
+    return contrast(image.pixelColor(8, 8), window);
+}
+
 /// The ground of a selected menu entry.
 QColor selectedMenuGround(const QPalette &palette)
 {
@@ -136,6 +174,21 @@ TEST(FlatTitleStyle, GroupFramesAndMenuEntriesAreSeenInLightAndDark)
         EXPECT_GT(contrastOfGroupFrame(palette), visible);
         // Icons have the colour of the text, selected or not.
         EXPECT_GT(contrast(selectedMenuGround(palette), palette.color(QPalette::Text)), readable);
+    }
+}
+
+TEST(FlatTitleStyle, FieldsHaveABorderInLightAndDark)
+{
+    for (const QPalette &palette : {Palettes::light(), Palettes::dark()})
+        EXPECT_GT(contrastOfFieldBorder(palette), 2);
+}
+
+TEST(FlatTitleStyle, DisabledIconsAreFaintInLightAndDark)
+{
+    for (const QPalette &palette : {Palettes::light(), Palettes::dark()}) {
+        EXPECT_GT(contrastOfIcon(QIcon::Normal, palette), 7);
+        EXPECT_LT(contrastOfIcon(QIcon::Disabled, palette), 4);
+        EXPECT_GT(contrastOfIcon(QIcon::Disabled, palette), 1.5);
     }
 }
 

@@ -1,9 +1,33 @@
 #include "FileLock.h"
+#include "Files.h"
+#include "ForkedTask.h"
 
+#include <QFileInfo>
 #include <QTemporaryDir>
+#include <QTest>
 #include <cerrno>
 #include <gtest/gtest.h>
 #include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int patience = 20000; // milliseconds
+
+/// What the kernel lists about locks on the file \a path: the one that is held and those that are waited for.
+QByteArrayList entriesOf(const QString &path)
+{
+    struct stat state = {};
+    if (::stat(QFile::encodeName(path).constData(), &state) != 0)
+        return {};
+    QByteArrayList entries = Files::read(QStringLiteral("/proc/locks")).split('\n');
+    const QByteArray inode = ':' + QByteArray::number(qulonglong(state.st_ino)) + ' ';
+    entries.removeIf([&](const QByteArray &entry) { return !entry.contains(inode); });
+    return entries;
+}
+
+} // namespace
 
 TEST(FileLockTest, GivesUpWhereSomebodyElseHoldsIt)
 {
@@ -20,4 +44,23 @@ TEST(FileLockTest, GivesUpWhereSomebodyElseHoldsIt)
 TEST(FileLockTest, SaysWhatIsWrongWithItsFolder)
 {
     EXPECT_EQ(FileLock(QStringLiteral("/nonexistent/lock")).error(), ENOENT);
+}
+
+TEST(FileLockTest, WhoeverWaitsForARemovedFileLocksANewOne)
+{
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("lock"));
+    ForkedTask holder;
+    ASSERT_TRUE(holder.start([&] {
+        const FileLock lock(path);
+        ::pause();
+        return true;
+    }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return entriesOf(path).size() == 1; }, patience));
+    ForkedTask waiting;
+    ASSERT_TRUE(waiting.start([&] { return FileLock(path).isHeld() && QFileInfo::exists(path); }));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return entriesOf(path).size() == 2; }, patience));
+    ASSERT_TRUE(QFile::remove(path));
+    holder.stop();
+    EXPECT_TRUE(waiting.wait());
 }
