@@ -1,5 +1,7 @@
 #pragma once
 
+#include "MdiArea.h"
+
 class ChildForm;
 class Form;
 class QMenu;
@@ -18,8 +20,8 @@ public:
     virtual void checkForDocument() = 0;
     /// Unloads the frame, and with it the program.
     virtual void mnuFileExit_Click() = 0;
-    /// \a kind is 0 cascade, 1 tile horizontally, 2 tile vertically, 3 arrange icons.
-    virtual void Arrange(int kind) = 0;
+    /// Places the child windows.
+    virtual void Arrange(MdiArea::Arrangement kind) = 0;
     /// The active child window whatever dialog is in front, or nullptr.
     virtual Form *ActiveForm() const = 0;
     virtual Toolbar &tbToolBar() const = 0;

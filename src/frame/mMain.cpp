@@ -26,20 +26,20 @@ void CloseFormByName(const QString &name)
 
 void CascadeChildren()
 {
-    mainFrame->Arrange(0);
+    mainFrame->Arrange(MdiArea::Arrangement::Cascade);
 }
 
 void TileChildrenHorizontal()
 {
-    mainFrame->Arrange(1);
+    mainFrame->Arrange(MdiArea::Arrangement::TileHorizontal);
 }
 
 void TileChildrenVertical()
 {
-    mainFrame->Arrange(2);
+    mainFrame->Arrange(MdiArea::Arrangement::TileVertical);
 }
 
 void ArrangeChildIcons()
 {
-    mainFrame->Arrange(3);
+    mainFrame->Arrange(MdiArea::Arrangement::ArrangeIcons);
 }

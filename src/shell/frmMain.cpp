@@ -190,9 +190,9 @@ void frmMain::mnuFileExit_Click()
     unload();
 }
 
-void frmMain::Arrange(int kind)
+void frmMain::Arrange(MdiArea::Arrangement kind)
 {
-    m_area->arrange(MdiArea::Arrangement(kind));
+    m_area->arrange(kind);
 }
 
 Form *frmMain::ActiveForm() const

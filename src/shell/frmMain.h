@@ -40,7 +40,7 @@ public:
     void LoadNewDoc() override;
     void checkForDocument() override;
     void mnuFileExit_Click() override;
-    void Arrange(int kind) override;
+    void Arrange(MdiArea::Arrangement kind) override;
     Form *ActiveForm() const override;
     Toolbar &tbToolBar() const override { return *m_toolBar; }
     void adopt(ChildForm &child) override;

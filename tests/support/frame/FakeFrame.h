@@ -26,7 +26,10 @@ public:
     void LoadNewDoc() override { m_calls << QStringLiteral("LoadNewDoc"); }
     void checkForDocument() override { m_calls << QStringLiteral("checkForDocument"); }
     void mnuFileExit_Click() override { m_calls << QStringLiteral("mnuFileExit_Click"); }
-    void Arrange(int kind) override { m_calls << QStringLiteral("Arrange %1").arg(kind); }
+    void Arrange(MdiArea::Arrangement kind) override
+    {
+        m_calls << QStringLiteral("Arrange %1").arg(int(kind));
+    }
     Form *ActiveForm() const override;
     Toolbar &tbToolBar() const override { return *m_toolBar; }
     void adopt(ChildForm &child) override;

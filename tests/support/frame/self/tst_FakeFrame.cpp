@@ -18,7 +18,7 @@ struct FakeFrameTest : testing::Test
 TEST_F(FakeFrameTest, RecordsWhatAToolAsks)
 {
     mainFrame->LoadNewDoc();
-    mainFrame->Arrange(2);
+    mainFrame->Arrange(MdiArea::Arrangement::TileVertical);
     QMenu menu;
     mainFrame->fillWindowList(menu);
     mainFrame->checkForDocument();
