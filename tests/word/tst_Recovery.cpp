@@ -210,7 +210,9 @@ TEST_F(RecoveryTest, AFullDiskDisturbsNoTypingAndLosesNoCopy)
         suite.type(QStringLiteral(" third"));
         EXPECT_EQ(suite.text().Text(), QStringLiteral("first second third"));
         EXPECT_EQ(kept(), before);
-        EXPECT_EQ(allFiles().size(), 2) << qUtf8Printable(allFiles().join(u' ')); // the copy and its lock
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return allFiles().size() == 2; }, patience)) // the copy and its lock
+            << qUtf8Printable(allFiles().join(u' '));
         EXPECT_TRUE(suite.dialogs.seen().isEmpty());
         EXPECT_EQ(notice(), QString());
     }
@@ -434,7 +436,9 @@ TEST_F(RecoveryTest, ACopyThatHasOpenedIsOpenedAgain)
     for (int start = 0; start < 3; ++start) {
         restart();
         ASSERT_EQ(documents().size(), 2);
-        EXPECT_EQ(allFiles().size(), 2) << qUtf8Printable(allFiles().join(u' ')); // the copy and its lock
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return allFiles().size() == 2; }, patience)) // the copy and its lock
+            << qUtf8Printable(allFiles().join(u' '));
     }
 }
 
