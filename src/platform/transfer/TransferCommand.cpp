@@ -109,8 +109,8 @@ TransferCommand TransferCommand::parse(const QString &text)
 {
     const QByteArray bytes = FileNames::toBytes(text);
     const qsizetype blank = bytes.indexOf(' ');
-    const QByteArray word = bytes.left(blank);
-    const QByteArray arguments = blank < 0 ? QByteArray() : bytes.mid(blank + 1);
+    const QByteArray word = blank < 0 ? bytes : bytes.first(blank);
+    const QByteArray arguments = blank < 0 ? QByteArray() : bytes.sliced(blank + 1);
     const auto row = std::find_if(std::begin(verbRows), std::end(verbRows),
                                   [&](const VerbRow &candidate) { return word == candidate.word; });
     if (row == std::end(verbRows) || (row->names == 0) != (blank < 0))

@@ -86,7 +86,7 @@ void FtpServerSession::readLines()
 void FtpServerSession::obey(const QByteArray &line)
 {
     const qsizetype blank = line.indexOf(' ');
-    const QByteArray verb = line.left(blank).toUpper();
+    const QByteArray verb = (blank < 0 ? line : line.first(blank)).toUpper();
     const QByteArray argument = blank < 0 ? QByteArray() : line.mid(blank + 1);
     atStage(verb, [this, verb, argument] { return perform(verb, argument); });
 }
