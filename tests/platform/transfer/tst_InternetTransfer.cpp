@@ -89,7 +89,7 @@ TEST_F(InternetTransferTest, ARefusalHasTheServersWholeReply)
     server.reply("RNFR", "450 Busy.");
     EXPECT_EQ(probe.codeOf("RENAME \"a\" \"b\""), TransferError::Refused);
     EXPECT_EQ(server.commands("RNTO"), QByteArrayList());
-    server.reply("CWD", QByteArray("550 a\0b\x1b\xff", 10));
+    server.reply("CWD", QByteArray("550 a\0b\x1b\xff", 9));
     EXPECT_EQ(probe.codeOf("CD \"x\""), TransferError::Refused);
     EXPECT_EQ(probe.session().ResponseInfo().size(), 9);
     EXPECT_EQ(server.connections(), 1);

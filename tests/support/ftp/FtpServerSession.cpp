@@ -71,6 +71,7 @@ void FtpServerSession::drop(const QByteArray &text)
 void FtpServerSession::send(const QByteArray &bytes)
 {
     m_socket.write(bytes);
+    m_socket.flush();
 }
 
 void FtpServerSession::readLines()
