@@ -10,15 +10,13 @@ class TransferSession;
 /// background of the event loop and reports by StateChanged. It keeps one connection: the first command logs
 /// on, the following ones act in the server's current folder.
 ///
-/// - DIR lists the current folder. Its response is a row for each entry, which ends with CR LF; a folder has
-/// a
-///   "/" behind its name. "." and ".." are rows where the server sends them.
+/// - DIR lists the current folder. The response is a row for each entry, ended by CR LF; the row of a folder
+///   ends in "/". "." and ".." are rows where the server sends them.
 /// - CD "name" and CDUP change the current folder.
-/// - GET "name" "folder\local" receives a file. What exists locally is never overwritten, and no part of a
-/// file
-///   appears under its name.
+/// - GET "name" "folder\local" receives a file. What exists locally is never overwritten, and no file appears
+///   under its name before it is whole.
 /// - PUT "folder\local" "name" sends a file and overwrites what the server has.
-/// - SIZE "name" asks for a file's size: its response is the number of bytes in decimal.
+/// - SIZE "name" asks for the size of a file. The response is the number of bytes in decimal.
 /// - DELETE "name" removes a file, RMDIR "name" a folder. MKDIR "name" makes a folder.
 /// - RENAME "name" "name" renames a file or a folder.
 /// - CLOSE ends the connection.

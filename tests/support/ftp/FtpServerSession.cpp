@@ -47,7 +47,6 @@ FtpServerSession::FtpServerSession(FtpServer &server, qintptr socket)
     , m_folder(server.m_root)
 {
     m_socket.setSocketDescriptor(socket);
-    m_socket.setSocketOption(QSslSocket::LowDelayOption, 1); // tests need not wait for delayed acknowledgements
     connect(&m_socket, &QSslSocket::readyRead, this, &FtpServerSession::readLines);
     connect(&m_socket, &QSslSocket::disconnected, this, &QObject::deleteLater);
     atStage(FtpServer::Greeting, [] { return QByteArray("220 Ready."); });

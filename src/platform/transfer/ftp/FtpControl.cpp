@@ -103,6 +103,7 @@ void FtpControl::receive()
         return;
     if (got <= 0)
         throw TransferFailure(m_lossCode);
+    m_stream.acknowledge();
     Q_EMIT heard();
     if (!std::exchange(m_isGreeted, true))
         Q_EMIT stateChanged(InternetTransfer::Connected);

@@ -63,6 +63,11 @@ void SocketStream::keepAlive()
     setOption(m_socket, IPPROTO_TCP, TCP_KEEPINTVL, keepAliveInterval);
 }
 
+void SocketStream::acknowledge()
+{
+    setOption(m_socket, IPPROTO_TCP, TCP_QUICKACK, 1);
+}
+
 void SocketStream::tryNext()
 {
     for (;;) {

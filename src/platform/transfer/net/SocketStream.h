@@ -31,6 +31,9 @@ public:
     /// Asks the system now and then whether an idle connection is still there.
     void keepAlive();
 
+    /// Tells the other side at once that it was heard. It may be holding the next lines back until then.
+    void acknowledge();
+
     /// Begins encryption; encrypted() or encryptFailed() follows. See TlsChannel.
     void encrypt(const TlsContext &context, const QByteArray &host, const SocketStream *resumed);
     bool isEncrypted() const { return bool(m_tls); }
