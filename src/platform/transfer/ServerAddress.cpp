@@ -9,7 +9,7 @@
 
 namespace {
 
-[[noreturn]] void fail(int code, const QString &text)
+[[noreturn]] void refuse(int code, const QString &text)
 {
     throw RuntimeError(code, TransferError::text(code), text);
 }
@@ -40,7 +40,7 @@ ServerAddress ServerAddress::parse(const QString &text)
     const QRegularExpressionMatch prefix = beginning.match(text.trimmed());
     const QString scheme = prefix.captured(1).toLower();
     if (!scheme.isEmpty() && scheme != u"ftp" && scheme != u"ftps")
-        fail(TransferError::UnknownScheme, text);
+        refuse(TransferError::UnknownScheme, text);
     const QRegularExpressionMatch match = form.match(text.trimmed().mid(prefix.capturedLength()));
 
     ServerAddress address;
@@ -49,7 +49,7 @@ ServerAddress ServerAddress::parse(const QString &text)
     address.host = isNumericIp6(numeric) ? numeric : asciiName(match.captured(2));
     const int port = match.captured(3).isEmpty() ? address.port : match.captured(3).toInt();
     if (address.host.isEmpty() || port < 1 || port > 65535)
-        fail(TransferError::InvalidUrl, text);
+        refuse(TransferError::InvalidUrl, text);
     address.port = quint16(port);
     return address;
 }

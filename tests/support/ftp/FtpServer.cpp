@@ -103,6 +103,12 @@ void FtpServer::sendUnasked(const QByteArray &bytes)
     }
 }
 
+bool FtpServer::isDelivered() const
+{
+    return std::all_of(m_sessions.cbegin(), m_sessions.cend(),
+                       [](const auto &session) { return !session || session->isDelivered(); });
+}
+
 void FtpServer::incomingConnection(qintptr socket)
 {
     ++m_connections;

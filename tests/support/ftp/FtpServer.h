@@ -71,6 +71,8 @@ public:
     void dropConnections(const QByteArray &text = {});
     /// Sends \a bytes on each control connection, without having been asked.
     void sendUnasked(const QByteArray &bytes);
+    /// All that was sent on control connections can be read at their other ends.
+    bool isDelivered() const;
     /// AUTH TLS is understood from now on, with this certificate.
     void setTls(const QSslConfiguration &configuration) { m_tls = configuration; }
 

@@ -4,12 +4,14 @@
 
 #include <QDateTime>
 #include <cstdio>
+#include <linux/sockios.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-constexpr qsizetype piece = 65536;
+constexpr qsizetype pieceSize = 65536;
 
 QByteArray done(int result, const QByteArray &text = "250 Done.")
 {
@@ -19,7 +21,7 @@ QByteArray done(int result, const QByteArray &text = "250 Done.")
 std::function<QByteArray()> piecesOf(const QByteArray &bytes)
 {
     return [bytes, at = qsizetype(0)]() mutable {
-        const QByteArray next = bytes.mid(at, piece);
+        const QByteArray next = bytes.mid(at, pieceSize);
         at += next.size();
         return next;
     };
@@ -28,7 +30,7 @@ std::function<QByteArray()> piecesOf(const QByteArray &bytes)
 std::function<QByteArray()> piecesOf(std::shared_ptr<std::FILE> file)
 {
     return [file] {
-        QByteArray next(piece, Qt::Uninitialized);
+        QByteArray next(pieceSize, Qt::Uninitialized);
         next.truncate(qsizetype(std::fread(next.data(), 1, size_t(next.size()), file.get())));
         return next;
     };
@@ -72,6 +74,13 @@ void FtpServerSession::send(const QByteArray &bytes)
 {
     m_socket.write(bytes);
     m_socket.flush();
+}
+
+bool FtpServerSession::isDelivered() const
+{
+    int waiting = 0;
+    return m_socket.bytesToWrite() == 0 &&
+           ::ioctl(int(m_socket.socketDescriptor()), SIOCOUTQ, &waiting) == 0 && waiting == 0;
 }
 
 void FtpServerSession::readLines()

@@ -22,6 +22,7 @@ public:
     /// Sends \a text, unless it is empty, and closes the connections.
     void drop(const QByteArray &text = {});
     void send(const QByteArray &bytes);
+    bool isDelivered() const;
 
 private:
     /// Does a command and returns its reply; empty for one that comes later.

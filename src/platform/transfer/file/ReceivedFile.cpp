@@ -16,7 +16,7 @@ namespace {
 
 constexpr mode_t ordinaryMode = 0666;
 
-[[noreturn]] void fail(int error = errno)
+[[noreturn]] void failWith(int error = errno)
 {
     throw TransferFailure::ofErrno(error);
 }
@@ -51,7 +51,7 @@ ReceivedFile::ReceivedFile(const QByteArray &folder, const QByteArray &name)
     , m_folder(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
 {
     if (m_folder < 0)
-        fail(errno == ENOENT ? ENOTDIR : errno);
+        failWith(errno == ENOENT ? ENOTDIR : errno);
     struct stat state = {};
     const bool isTaken = ::fstatat(m_folder, name.constData(), &state, AT_SYMLINK_NOFOLLOW) == 0;
     int error = isTaken ? EEXIST : errno == ENOENT ? 0 : errno;
@@ -62,7 +62,7 @@ ReceivedFile::ReceivedFile(const QByteArray &folder, const QByteArray &name)
     }
     if (error != 0) {
         ::close(m_folder);
-        fail(error);
+        failWith(error);
     }
 }
 
@@ -81,7 +81,7 @@ void ReceivedFile::write(QByteArrayView bytes)
         if (taken < 0 && errno == EINTR)
             continue;
         if (taken < 0)
-            fail();
+            failWith();
         bytes = bytes.sliced(taken);
     }
 }
@@ -105,6 +105,6 @@ std::function<int()> ReceivedFile::syncing() const
 void ReceivedFile::publish()
 {
     if (!renameToFree(m_folder, m_hidden, m_name))
-        fail();
+        failWith();
     m_hidden.clear();
 }

@@ -7,7 +7,7 @@
 
 namespace {
 
-bool isDigit(char character)
+bool isFigure(char character)
 {
     return character >= '0' && character <= '9';
 }
@@ -15,7 +15,7 @@ bool isDigit(char character)
 /// The code that \a line begins with, 0 for none.
 int codeOf(QByteArrayView line)
 {
-    if (line.size() < 3 || line[0] < '1' || line[0] > '5' || !isDigit(line[1]) || !isDigit(line[2]))
+    if (line.size() < 3 || line[0] < '1' || line[0] > '5' || !isFigure(line[1]) || !isFigure(line[2]))
         return 0;
     if (line.size() > 3 && line[3] != ' ' && line[3] != '-')
         return 0;
