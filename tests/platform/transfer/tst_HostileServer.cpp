@@ -8,6 +8,7 @@
 
 #include <QHostAddress>
 #include <QTcpServer>
+#include <QTcpSocket>
 #include <gtest/gtest.h>
 
 namespace {
@@ -72,10 +73,9 @@ TEST_F(HostileServerTest, PassiveRepliesThatNameNoPortAreRefused)
 
 TEST_F(HostileServerTest, AnExtendedPortThatIsDeadLeavesThePlainOne)
 {
-    QTcpServer closed;
-    ASSERT_TRUE(closed.listen(QHostAddress::LocalHost));
-    const quint16 port = closed.serverPort();
-    closed.close();
+    QTcpSocket deaf; // it has the port, but does not listen
+    ASSERT_TRUE(deaf.bind(QHostAddress(QHostAddress::LocalHost)));
+    const quint16 port = deaf.localPort();
     remote.addFile("a");
     server.reply("EPSV", "229 Entering (|||" + QByteArray::number(port) + "|)");
     EXPECT_EQ(probe.codeOf("DIR"), 0);
@@ -155,6 +155,14 @@ TEST_F(HostileServerTest, RepliesThatNobodyAskedForAreNoAnswers)
     server.sendUnasked(QByteArray("220-line\r\n").repeated(100000));
     probe.waitFor([this] { return probe.states().constLast() == InternetTransfer::Disconnected; });
     EXPECT_EQ(probe.codeOf("CDUP"), TransferError::ConnectionLost);
+}
+
+TEST_F(HostileServerTest, ASecondReplyToOneRequestIsNoAnswerToTheNext)
+{
+    remote.addFile("a", "12345");
+    server.reply("TYPE", "200 Done.\r\n213 99");
+    EXPECT_EQ(probe.codeOf("SIZE \"a\""), 0);
+    EXPECT_EQ(probe.response(), QStringLiteral("5"));
 }
 
 TEST_F(HostileServerTest, AFloodInsteadOfAReplyEndsTheConnection)

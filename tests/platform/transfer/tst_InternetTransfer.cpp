@@ -8,9 +8,7 @@
 #include "TransferError.h"
 #include "TransferProbe.h"
 
-#include <QFile>
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {

@@ -9,9 +9,7 @@
 #include "TransferProbe.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 namespace {
 
