@@ -217,6 +217,12 @@ void ListBox::keyPressEvent(QKeyEvent *event)
     });
 }
 
+/// The list is not deleted before the drag is over.
+void ListBox::startDrag(Qt::DropActions actions)
+{
+    run([&] { QListView::startDrag(actions); });
+}
+
 void ListBox::actOnKey(QKeyEvent *event)
 {
     if (event->matches(QKeySequence::Copy))
