@@ -1,0 +1,115 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <memory>
+
+class TransferSession;
+
+/// A session with an Internet server, steered by text commands. It runs one command at a time in the
+/// background of the event loop and reports by StateChanged. It keeps one connection: the first command logs
+/// on, the following ones act in the server's current folder.
+///
+/// - DIR lists the current folder. Its response is a row for each entry, which ends with CR LF; a folder has
+/// a
+///   "/" behind its name. "." and ".." are rows where the server sends them.
+/// - CD "name" and CDUP change the current folder.
+/// - GET "name" "folder\local" receives a file. What exists locally is never overwritten, and no part of a
+/// file
+///   appears under its name.
+/// - PUT "folder\local" "name" sends a file and overwrites what the server has.
+/// - SIZE "name" asks for a file's size: its response is the number of bytes in decimal.
+/// - DELETE "name" removes a file, RMDIR "name" a folder. MKDIR "name" makes a folder.
+/// - RENAME "name" "name" renames a file or a folder.
+/// - CLOSE ends the connection.
+///
+/// Names are as FileNames has them. They may hold quotation marks, and a folder's may end in "/".
+///
+/// A connection that is lost stays lost: commands end with 12030, and nothing is sent, until Cancel or CLOSE.
+/// After these the next command logs on again. So no command that was meant for one folder runs in another.
+class InternetTransfer : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum ProtocolNumber { icFTP = 2 };
+
+    /// What StateChanged reports, in this order. Requesting to ResponseReceived repeat with each request that
+    /// goes to the server; the last state of a command is Error or ResponseCompleted.
+    enum State {
+        ResolvingHost = 1,
+        HostResolved,
+        Connecting,
+        Connected,
+        Requesting,
+        RequestSent,
+        ReceivingResponse,
+        ResponseReceived,
+        Disconnecting,
+        Disconnected, ///< also when the server ends the connection between two commands
+        Error,        ///< ResponseCode and ResponseInfo say why
+        ResponseCompleted,
+    };
+
+    explicit InternetTransfer(QObject *parent = nullptr);
+    /// As Cancel.
+    ~InternetTransfer() override;
+
+    /// icFTP, the one protocol there is. Throws RuntimeError 380 for any other.
+    int Protocol() const { return icFTP; }
+    void setProtocol(int protocol);
+
+    /// "host", "host:port", or an address: "ftp://host:port/", or "ftps://host:port/" for a server that has
+    /// to encrypt both control and data connection and to prove its name. An IPv6 address is in brackets.
+    /// These and the following properties take effect with the next log-on.
+    QString RemoteHost() const;
+    void setRemoteHost(const QString &server);
+
+    QString UserName() const;
+    void setUserName(const QString &name);
+
+    QString Password() const;
+    void setPassword(const QString &password);
+
+    /// After how many seconds without a sign of the server a command ends with 12002; 60 at first. There is
+    /// no limit for the whole command. Throws RuntimeError 380 for less than 1.
+    int RequestTimeout() const;
+    void setRequestTimeout(int seconds);
+
+    /// A file of PEM certificates to trust in place of the system's, for ftps; empty for the system's.
+    QString TrustedAuthorities() const;
+    void setTrustedAuthorities(const QString &file);
+
+    /// Starts \a command and returns. The response and the code of the command before are discarded. Whatever
+    /// becomes of it is reported by StateChanged, never before this function has returned:
+    /// 12030 where no server was ever set, 87 for a command or a name that cannot be sent.
+    /// Throws RuntimeError, with nothing started: 12110 while a command runs, 12005 or 12006 where RemoteHost
+    /// cannot be read as a server. \a address has to be empty; RuntimeError 5 otherwise.
+    void Execute(const QString &address, const QString &command);
+
+    /// True from Execute until all handlers of the command's last state have returned, or until Cancel. So a
+    /// handler that runs pending events while it reads the response cannot lose the response to another
+    /// command.
+    bool StillExecuting() const;
+
+    /// Ends the command and the connection at once, without waiting for the server. No state of the command
+    /// is reported any more, a file that was being received is removed, and the response is empty.
+    /// ResponseCode and ResponseInfo stay. May be called at any time, also by a handler of StateChanged.
+    void Cancel();
+
+    /// The next \a size characters of the response, fewer at its end; empty behind it.
+    QString GetChunk(int size);
+
+    /// Number and text of the last command's error; 0 and empty while there is none. With 12003 the text is
+    /// the server's reply, its lines separated by CR LF. It is text from outside.
+    int ResponseCode() const;
+    QString ResponseInfo() const;
+
+Q_SIGNALS:
+    /// A State, from the event loop. A handler may run pending events, in which the following states are
+    /// reported, and it may call Cancel or delete this object.
+    void StateChanged(int state);
+
+private:
+    std::unique_ptr<TransferSession> m_session;
+};
