@@ -9,7 +9,7 @@
 #include "FileListBox.h"
 #include "Forms.h"
 #include "FtpCommand.h"
-#include "FtpListing.h"
+#include "ListingRows.h"
 #include "FtpProfileFile.h"
 #include "InputBox.h"
 #include "InternetTransfer.h"
@@ -260,7 +260,7 @@ void frmFTP::showResponse()
                 QStringLiteral(" bytes"),
             MsgBoxStyle::Information, QStringLiteral("Size"));
     else
-        lstRemoteFile->addItems(FtpListing::rows(response));
+        lstRemoteFile->addItems(ListingRows::of(response));
 }
 
 // ---- The server's folder

@@ -104,7 +104,7 @@ QPushButton *frmFTP::button(const char *name, const QString &toolTip, const QStr
 /// A picture that can be clicked; the button beside it takes the keys.
 QToolButton *frmFTP::image(const char *name, const QString &toolTip, const QString &icon)
 {
-    auto *image = named<QToolButton>(name, QString(), toolTip);
+    auto *image = named(name, new QToolButton, toolTip);
     image->setToolTip(toolTip);
     image->setAutoRaise(true);
     image->setFocusPolicy(Qt::NoFocus);

@@ -1,6 +1,6 @@
-#include "FtpListing.h"
+#include "ListingRows.h"
 
-QStringList FtpListing::rows(const QString &response)
+QStringList ListingRows::of(const QString &response)
 {
     QStringList rows;
     QString row;
