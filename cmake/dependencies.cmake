@@ -12,6 +12,7 @@ endfunction()
 
 quill_allow(platform/core         TO Qt6::Core)
 quill_allow(platform/system       TO platform/core Qt6::Core)
+quill_allow(platform/transfer      TO platform/core OpenSSL::SSL)
 quill_allow(platform/richtext/rtf TO platform/core Qt6::Gui ICU::uc)
 quill_allow(platform/forms        TO platform/core Qt6::Widgets Qt6::PrintSupport)
 quill_allow(platform/controls     TO platform/forms)

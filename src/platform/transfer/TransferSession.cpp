@@ -1,0 +1,266 @@
+#include "TransferSession.h"
+
+#include "EventGate.h"
+#include "FileNames.h"
+#include "FtpList.h"
+#include "FtpReceive.h"
+#include "FtpRequests.h"
+#include "FtpSend.h"
+#include "InternetTransfer.h"
+#include "RuntimeError.h"
+#include "TransferError.h"
+
+#include <QPointer>
+#include <utility>
+
+namespace {
+
+bool canBeSent(const QString &text)
+{
+    return !text.contains(u'\r') && !text.contains(u'\n') && !text.contains(QChar(u'\0'));
+}
+
+bool isLastState(int state)
+{
+    return state == InternetTransfer::Error || state == InternetTransfer::ResponseCompleted;
+}
+
+/// For an object whose own code may be calling.
+template<class Object>
+void deleteSoon(std::unique_ptr<Object> &object)
+{
+    object->disconnect();
+    object.release()->deleteLater();
+}
+
+} // namespace
+
+TransferSession::TransferSession()
+{
+    m_patience.setSingleShot(true);
+    on(&m_patience, &QTimer::timeout, this, &TransferSession::timeOut);
+}
+
+TransferSession::~TransferSession()
+{
+    cancel();
+}
+
+void TransferSession::execute(const QString &command)
+{
+    if (m_isExecuting)
+        throw RuntimeError(TransferError::InProgress, TransferError::text(TransferError::InProgress));
+    if (!server.isEmpty() && canBeSent(server))
+        ServerAddress::parse(server); // throws
+    ++m_command;
+    m_isExecuting = true;
+    m_response.clear();
+    m_taken = 0;
+    m_code = 0;
+    m_info.clear();
+    try {
+        start(command);
+    } catch (const TransferFailure &failure) {
+        fail(failure);
+    }
+}
+
+void TransferSession::start(const QString &text)
+{
+    if (server.isEmpty())
+        throw TransferFailure(TransferError::ConnectionLost);
+    const TransferCommand command = TransferCommand::parse(text);
+    if (command.verb == TransferCommand::Close) {
+        closeByCommand();
+        return;
+    }
+    if (m_isLost)
+        throw TransferFailure(TransferError::ConnectionLost);
+    if (!canBeSent(server) || !canBeSent(user) || !canBeSent(password))
+        throw TransferFailure(TransferError::InvalidParameter);
+    makeJob(command);
+    waitLonger();
+    if (m_connection)
+        runJob();
+    else
+        connectToServer();
+}
+
+void TransferSession::closeByCommand()
+{
+    m_isLost = false;
+    if (dropConnection()) {
+        post(InternetTransfer::Disconnecting);
+        post(InternetTransfer::Disconnected);
+    }
+    succeed({});
+}
+
+void TransferSession::makeJob(const TransferCommand &command)
+{
+    using Requests = FtpRequests;
+    switch (command.verb) {
+    case TransferCommand::Dir:
+        m_job = std::make_unique<FtpList>();
+        break;
+    case TransferCommand::Get:
+        m_job = std::make_unique<FtpReceive>(command.name, command.folder, command.file);
+        break;
+    case TransferCommand::Put:
+        m_job = std::make_unique<FtpSend>(command.folder + '/' + command.file, command.name);
+        break;
+    case TransferCommand::Size: {
+        auto job = std::make_unique<Requests>(QByteArrayList{"SIZE " + command.name},
+                                              Requests::Response::LastMessage);
+        job->setBinary();
+        m_job = std::move(job);
+        break;
+    }
+    case TransferCommand::Cd:
+        m_job = std::make_unique<Requests>(QByteArrayList{"CWD " + command.name});
+        break;
+    case TransferCommand::CdUp:
+        m_job = std::make_unique<Requests>(QByteArrayList{"CDUP"});
+        break;
+    case TransferCommand::Delete:
+        m_job = std::make_unique<Requests>(QByteArrayList{"DELE " + command.name});
+        break;
+    case TransferCommand::RmDir:
+        m_job = std::make_unique<Requests>(QByteArrayList{"RMD " + command.name});
+        break;
+    case TransferCommand::MkDir:
+        m_job = std::make_unique<Requests>(QByteArrayList{"MKD " + command.name});
+        break;
+    case TransferCommand::Rename:
+        m_job = std::make_unique<Requests>(QByteArrayList{"RNFR " + command.name, "RNTO " + command.newName});
+        break;
+    case TransferCommand::Close:
+        break; // no job
+    }
+    on(m_job.get(), &FtpJob::finished, this, &TransferSession::succeed);
+    on(m_job.get(), &FtpJob::failed, this, &TransferSession::fail);
+    on(m_job.get(), &FtpJob::heard, this, &TransferSession::waitLonger);
+}
+
+void TransferSession::connectToServer()
+{
+    m_connection =
+        std::make_unique<FtpConnection>(ServerAddress::parse(server), FileNames::toBytes(user),
+                                        FileNames::toBytes(password), FileNames::toBytes(authorities));
+    on(&m_connection->control(), &FtpControl::stateChanged, this, &TransferSession::post);
+    on(&m_connection->control(), &FtpControl::heard, this, &TransferSession::waitLonger);
+    on(&m_connection->control(), &FtpControl::failed, this, &TransferSession::connectionFailed);
+    on(m_connection.get(), &FtpConnection::loggedOn, this, &TransferSession::runJob);
+    m_connection->logOn();
+}
+
+void TransferSession::runJob()
+{
+    m_job->run(*m_connection);
+}
+
+void TransferSession::cancel()
+{
+    ++m_command;
+    m_isExecuting = false;
+    m_isLost = false;
+    m_states.clear();
+    m_response.clear();
+    m_taken = 0;
+    m_patience.stop();
+    m_job.reset(); // neither it nor the connection is at work now: handlers are called by deliver() alone
+    m_connection.reset();
+}
+
+QString TransferSession::takeResponse(int size)
+{
+    const QString part = m_response.mid(m_taken, qMax(size, 0));
+    m_taken += part.size();
+    return part;
+}
+
+void TransferSession::waitLonger()
+{
+    if (m_job)
+        m_patience.start(timeout * 1000);
+}
+
+void TransferSession::timeOut()
+{
+    const auto wasDeaf = [this] { return m_connection->control().stream().hasInput() || m_job->hasInput(); };
+    if (!m_job->waitsForServer() || wasDeaf()) { // another handler may have taken long
+        waitLonger();
+        return;
+    }
+    connectionFailed(m_job->failure() ? *m_job->failure() : TransferFailure(TransferError::TimedOut));
+}
+
+void TransferSession::connectionFailed(const TransferFailure &failure)
+{
+    m_isLost = m_connection->isLoggedOn();
+    if (dropConnection())
+        post(InternetTransfer::Disconnected);
+    if (m_job && m_job->waitsForServer())
+        fail(m_job->failure() ? *m_job->failure() : failure);
+}
+
+void TransferSession::dropJob()
+{
+    m_patience.stop();
+    if (!m_job)
+        return;
+    m_job->letGo();
+    deleteSoon(m_job);
+}
+
+/// True when the server had greeted.
+bool TransferSession::dropConnection()
+{
+    if (!m_connection)
+        return false;
+    const bool wasConnected = m_connection->control().isGreeted();
+    m_connection->control().disconnect();
+    m_connection->control().close();
+    deleteSoon(m_connection);
+    return wasConnected;
+}
+
+void TransferSession::succeed(const QString &response)
+{
+    dropJob();
+    m_response = response;
+    post(InternetTransfer::ResponseCompleted);
+}
+
+void TransferSession::fail(const TransferFailure &failure)
+{
+    dropJob();
+    m_code = failure.code;
+    m_info = failure.info;
+    post(InternetTransfer::Error);
+}
+
+void TransferSession::post(int state)
+{
+    m_states.append(state);
+    deliverSoon();
+}
+
+void TransferSession::deliverSoon()
+{
+    QMetaObject::invokeMethod(
+        this, [this] { run([this] { deliver(); }); }, Qt::QueuedConnection);
+}
+
+/// One state in each event, so that the next one is reported while a handler of this one waits.
+void TransferSession::deliver()
+{
+    if (m_states.isEmpty()) // cancelled meanwhile
+        return;
+    const int state = m_states.takeFirst();
+    const quint64 command = m_command;
+    const QPointer<TransferSession> self(this);
+    Q_EMIT stateChanged(state);
+    if (self && isLastState(state) && m_command == command)
+        m_isExecuting = false;
+}

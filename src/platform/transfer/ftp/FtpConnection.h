@@ -1,0 +1,51 @@
+#pragma once
+
+#include "FtpControl.h"
+#include "TlsContext.h"
+
+#include <optional>
+
+/// A connection that somebody is logged on by, and what was learned about its server.
+class FtpConnection : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Texts as the server gets them. \a authorities is the file for TlsContext.
+    FtpConnection(const ServerAddress &address, const QByteArray &user, const QByteArray &password,
+                  const QByteArray &authorities);
+    ~FtpConnection() override;
+
+    /// Connects and logs on; loggedOn(), or failed() of the control connection follows.
+    void logOn();
+    bool isLoggedOn() const { return m_isLoggedOn; }
+
+    FtpControl &control() { return m_control; }
+    /// For data connections; null where they are not encrypted.
+    const TlsContext *tls() const { return m_tls ? &*m_tls : nullptr; }
+    const QByteArray &host() const { return m_address.host; }
+
+    bool knowsMlsd = true; ///< until the server refuses it; so with EPSV
+    bool knowsEpsv = true;
+    char type = '\0'; ///< of the data, "A" or "I", as last set; at first unknown
+
+Q_SIGNALS:
+    void loggedOn();
+
+private:
+    void greeted(const FtpReply &greeting);
+    void authorized(const FtpReply &reply);
+    void protectData();
+    void sendUser();
+    void answeredUser(const FtpReply &reply);
+    void answeredPassword(const FtpReply &reply);
+    void succeed();
+
+    ServerAddress m_address;
+    QByteArray m_user;
+    QByteArray m_password;
+    QByteArray m_authorities;
+    std::optional<TlsContext> m_tls;
+    FtpControl m_control;
+    bool m_isLoggedOn = false;
+};

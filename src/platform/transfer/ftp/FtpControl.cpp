@@ -1,0 +1,162 @@
+#include "FtpControl.h"
+
+#include "EventGate.h"
+#include "HostLookup.h"
+#include "InternetTransfer.h"
+#include "TransferError.h"
+
+#include <utility>
+
+FtpControl::FtpControl(QObject *parent)
+    : QObject(parent)
+    , m_lossCode(TransferError::ConnectionReset)
+{
+    on(&m_stream, &SocketStream::connected, this, &FtpControl::startReading);
+    on(&m_stream, &SocketStream::connectFailed, this,
+       [this] { fail(TransferFailure(TransferError::CannotConnect)); });
+    on(&m_stream, &SocketStream::encrypted, this, [this] {
+        m_stream.watchReading(true);
+        Q_EMIT encrypted();
+    });
+    on(&m_stream, &SocketStream::encryptFailed, this, &FtpControl::fail);
+    on(&m_stream, &SocketStream::readable, this, [this] { guarded([this] { receive(); }); });
+    on(&m_stream, &SocketStream::writable, this, [this] { guarded([this] { send(); }); });
+}
+
+FtpControl::~FtpControl()
+{
+    close();
+}
+
+void FtpControl::open(const ServerAddress &address)
+{
+    Q_EMIT stateChanged(InternetTransfer::ResolvingHost);
+    auto *lookup = new HostLookup(this);
+    on(lookup, &HostLookup::finished, this, &FtpControl::connectTo);
+    lookup->start(address.host, address.port);
+}
+
+void FtpControl::connectTo(const SocketAddresses &addresses)
+{
+    if (addresses.isEmpty()) {
+        fail(TransferFailure(TransferError::NameNotResolved));
+        return;
+    }
+    Q_EMIT heard();
+    Q_EMIT stateChanged(InternetTransfer::HostResolved);
+    Q_EMIT stateChanged(InternetTransfer::Connecting);
+    m_stream.connectTo(addresses);
+}
+
+void FtpControl::startReading()
+{
+    Q_EMIT heard();
+    m_stream.keepAlive();
+    m_stream.watchReading(true);
+}
+
+void FtpControl::encrypt(const TlsContext &context, const QByteArray &host)
+{
+    if (!m_reader.isEmpty()) // it was sent in the clear, by whomever
+        throw TransferFailure(TransferError::InvalidResponse);
+    m_stream.encrypt(context, host, nullptr);
+}
+
+void FtpControl::awaitReply(Handler handler, Beginning beginning)
+{
+    m_handler = std::move(handler);
+    m_beginning = std::move(beginning);
+    m_isReceiving = false;
+}
+
+void FtpControl::ask(const QByteArray &request, Handler handler, Beginning beginning)
+{
+    m_reader.clear(); // what is there already cannot be the reply
+    awaitReply(std::move(handler), std::move(beginning));
+    Q_EMIT stateChanged(InternetTransfer::Requesting);
+    m_request = request + "\r\n";
+    guarded([this] { send(); });
+}
+
+void FtpControl::send()
+{
+    const qint64 sent = m_stream.write(m_request.constData(), m_request.size());
+    if (sent == SocketStream::Broken)
+        throw TransferFailure(m_lossCode);
+    if (sent > 0)
+        Q_EMIT heard();
+    if (sent == m_request.size()) {
+        m_request.fill('\0'); // it may have been the password
+        m_request.clear();
+        Q_EMIT stateChanged(InternetTransfer::RequestSent);
+    } else if (sent > 0) {
+        m_request.remove(0, sent);
+    }
+    m_stream.watchWriting(!m_request.isEmpty());
+}
+
+void FtpControl::receive()
+{
+    char bytes[SocketStream::leastRead];
+    const qint64 got = m_stream.read(bytes, sizeof bytes);
+    if (got == SocketStream::Nothing)
+        return;
+    if (got <= 0)
+        throw TransferFailure(m_lossCode);
+    Q_EMIT heard();
+    if (!std::exchange(m_isGreeted, true))
+        Q_EMIT stateChanged(InternetTransfer::Connected);
+    if (m_handler && !std::exchange(m_isReceiving, true))
+        Q_EMIT stateChanged(InternetTransfer::ReceivingResponse);
+    m_reader.add(QByteArrayView(bytes, got));
+    takeReplies();
+}
+
+void FtpControl::takeReplies()
+{
+    while (const std::optional<FtpReply> reply = m_reader.take())
+        dispatch(*reply);
+}
+
+void FtpControl::dispatch(const FtpReply &reply)
+{
+    if (reply.code == 421)
+        throw TransferFailure(TransferError::SessionAborted);
+    if (!m_handler)
+        return;
+    if (reply.isPreliminary()) {
+        if (const Beginning beginning = m_beginning)
+            beginning();
+        return;
+    }
+    Q_EMIT stateChanged(InternetTransfer::ResponseReceived);
+    m_beginning = nullptr;
+    std::exchange(m_handler, nullptr)(reply);
+}
+
+void FtpControl::guarded(const std::function<void()> &step)
+{
+    try {
+        step();
+    } catch (const TransferFailure &failure) {
+        fail(failure);
+    }
+}
+
+void FtpControl::fail(const TransferFailure &failure)
+{
+    close();
+    Q_EMIT failed(failure);
+}
+
+void FtpControl::close()
+{
+    static constexpr QByteArrayView goodbye = "QUIT\r\n";
+    if (m_stream.isOpen() && m_isGreeted && !m_handler)
+        m_stream.write(goodbye.data(), goodbye.size());
+    m_stream.close();
+    m_handler = nullptr;
+    m_beginning = nullptr;
+    m_request.fill('\0');
+    m_request.clear();
+}

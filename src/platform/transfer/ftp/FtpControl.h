@@ -1,0 +1,71 @@
+#pragma once
+
+#include "FtpReplyReader.h"
+#include "ServerAddress.h"
+#include "SocketStream.h"
+
+#include <functional>
+
+/// The control connection: sends one request at a time and hands its reply to whoever asked. It does not know
+/// what the requests mean. States are those of InternetTransfer.
+class FtpControl : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Gets the last reply to a request. A TransferFailure that it throws ends the connection.
+    using Handler = std::function<void(const FtpReply &)>;
+    /// Hears that the server has begun.
+    using Beginning = std::function<void()>;
+
+    explicit FtpControl(QObject *parent = nullptr);
+    /// As close().
+    ~FtpControl() override;
+
+    /// connected() follows, and the server's greeting, for which awaitReply() is called before.
+    void open(const ServerAddress &address);
+    /// encrypted() follows. Throws TransferFailure 12152 where the server has sent something that nobody
+    /// asked for.
+    void encrypt(const TlsContext &context, const QByteArray &host);
+
+    void awaitReply(Handler handler, Beginning beginning = {});
+    /// Sends \a request, which has no line end in it.
+    void ask(const QByteArray &request, Handler handler, Beginning beginning = {});
+
+    /// The code with which a connection that is gone is reported.
+    void setLossCode(int code) { m_lossCode = code; }
+
+    /// Closes at once; says goodbye where no reply is awaited. No signal follows.
+    void close();
+
+    const SocketStream &stream() const { return m_stream; }
+    /// The server has greeted.
+    bool isGreeted() const { return m_isGreeted; }
+
+Q_SIGNALS:
+    void encrypted();
+    void stateChanged(int state);
+    /// Something came from the server, or was taken by it.
+    void heard();
+    /// The connection has ended, and is closed by now.
+    void failed(const TransferFailure &failure);
+
+private:
+    void connectTo(const SocketAddresses &addresses);
+    void startReading();
+    void send();
+    void receive();
+    void takeReplies();
+    void dispatch(const FtpReply &reply);
+    void fail(const TransferFailure &failure);
+    void guarded(const std::function<void()> &step);
+
+    SocketStream m_stream;
+    FtpReplyReader m_reader;
+    QByteArray m_request; ///< what of it has not been sent
+    Handler m_handler;
+    Beginning m_beginning;
+    int m_lossCode;
+    bool m_isGreeted = false;
+    bool m_isReceiving = false; ///< the reply has begun
+};

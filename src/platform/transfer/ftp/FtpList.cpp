@@ -1,0 +1,57 @@
+#include "FtpList.h"
+
+namespace {
+
+bool isUnknownCommand(int code)
+{
+    return code == 500 || code == 501 || code == 502 || code == 504;
+}
+
+/// Some servers refuse to list a folder that is empty.
+bool isEmptyFolder(const FtpReply &refusal)
+{
+    return refusal.code == 450 || (refusal.code == 550 && refusal.text.toLower().contains("no files"));
+}
+
+} // namespace
+
+FtpList::FtpList()
+    : FtpTransfer(Direction::Receive)
+    , m_listing(FtpListing::Format::Machine)
+{}
+
+void FtpList::start()
+{
+    setType('A', [this] { request(); });
+}
+
+void FtpList::request()
+{
+    const bool isMachine = connection().knowsMlsd;
+    m_listing = FtpListing(isMachine ? FtpListing::Format::Machine : FtpListing::Format::Free);
+    transfer(isMachine ? "MLSD" : "LIST");
+}
+
+void FtpList::take(QByteArrayView bytes)
+{
+    m_listing.add(bytes);
+}
+
+bool FtpList::copesWith(const FtpReply &refusal)
+{
+    if (connection().knowsMlsd && isUnknownCommand(refusal.code)) {
+        connection().knowsMlsd = false;
+        request();
+        return true;
+    }
+    if (isEmptyFolder(refusal)) {
+        Q_EMIT finished({});
+        return true;
+    }
+    return false;
+}
+
+void FtpList::done()
+{
+    Q_EMIT finished(m_listing.finish());
+}

@@ -1,0 +1,221 @@
+#include "FtpTransfer.h"
+
+#include "EventGate.h"
+#include "FtpPassivePort.h"
+#include "TransferError.h"
+
+namespace {
+
+constexpr qsizetype bufferSize = 262144;
+constexpr int mostPieces = 8; // in one event, so that others get their turn
+
+} // namespace
+
+FtpTransfer::FtpTransfer(Direction direction)
+    : m_direction(direction)
+{
+    on(&m_data, &SocketStream::connected, this, &FtpTransfer::sendRequest);
+    on(&m_data, &SocketStream::connectFailed, this, [this] { guarded([this] { dataConnectFailed(); }); });
+    on(&m_data, &SocketStream::encrypted, this, &FtpTransfer::pump);
+    on(&m_data, &SocketStream::encryptFailed, this,
+       [this](const TransferFailure &failure) { guarded([&] { encryptFailed(failure); }); });
+    on(&m_data, &SocketStream::readable, this, [this] { guarded([this] { receive(); }); });
+    on(&m_data, &SocketStream::writable, this, [this] { guarded([this] { send(); }); });
+}
+
+void FtpTransfer::letGo()
+{
+    m_data.close();
+}
+
+bool FtpTransfer::hasInput() const
+{
+    return m_direction == Direction::Receive && m_data.hasInput();
+}
+
+void FtpTransfer::take(QByteArrayView)
+{}
+
+QByteArray FtpTransfer::give()
+{
+    return {};
+}
+
+bool FtpTransfer::copesWith(const FtpReply &)
+{
+    return false;
+}
+
+void FtpTransfer::transfer(const QByteArray &request)
+{
+    m_request = request;
+    m_lastReply.reset();
+    m_hasBegun = m_hasEnded = m_isBroken = false;
+    openData();
+}
+
+void FtpTransfer::openData()
+{
+    if (connection().knowsEpsv)
+        ask("EPSV", [this](const FtpReply &reply) { answeredExtended(reply); });
+    else
+        ask("PASV", [this](const FtpReply &reply) { answeredPlain(reply); });
+}
+
+void FtpTransfer::answeredExtended(const FtpReply &reply)
+{
+    if (reply.isCompletion()) {
+        connectData(FtpPassivePort::ofExtended(reply.text));
+        return;
+    }
+    connection().knowsEpsv = false;
+    openData();
+}
+
+void FtpTransfer::answeredPlain(const FtpReply &reply)
+{
+    if (!reply.isCompletion())
+        throw TransferFailure::ofReply(reply);
+    connectData(FtpPassivePort::ofPlain(reply.text));
+}
+
+void FtpTransfer::connectData(std::optional<quint16> port)
+{
+    if (!port)
+        throw TransferFailure(TransferError::InvalidResponse);
+    m_data.connectTo({connection().control().stream().remote().withPort(*port)});
+}
+
+void FtpTransfer::dataConnectFailed()
+{
+    if (!std::exchange(connection().knowsEpsv, false))
+        throw TransferFailure(TransferError::CannotConnect);
+    openData(); // some firewalls know PASV alone
+}
+
+void FtpTransfer::sendRequest()
+{
+    ask(
+        m_request, [this](const FtpReply &reply) { answered(reply); }, [this] { beginData(); });
+}
+
+void FtpTransfer::answered(const FtpReply &reply)
+{
+    m_lastReply = reply;
+    if (reply.isCompletion())
+        beginData();
+    else
+        endData();
+    settle();
+}
+
+void FtpTransfer::beginData()
+{
+    if (m_hasEnded || std::exchange(m_hasBegun, true))
+        return;
+    if (connection().tls())
+        m_data.encrypt(*connection().tls(), connection().host(), &connection().control().stream());
+    else
+        pump();
+}
+
+void FtpTransfer::encryptFailed(const TransferFailure &failure)
+{
+    setFailure(failure);
+    endData();
+    settle();
+}
+
+void FtpTransfer::pump()
+{
+    m_buffer.resize(m_direction == Direction::Receive ? bufferSize : 0);
+    m_data.watchReading(m_direction == Direction::Receive);
+    m_data.watchWriting(m_direction == Direction::Send);
+}
+
+void FtpTransfer::receive()
+{
+    for (int i = 0; i < mostPieces && !m_hasEnded; ++i) {
+        const qint64 got = m_data.read(m_buffer.data(), m_buffer.size());
+        if (got == SocketStream::Nothing)
+            return;
+        if (got > 0)
+            takeOver(got);
+        else
+            endData(got == SocketStream::Broken);
+    }
+    settle();
+}
+
+void FtpTransfer::takeOver(qint64 count)
+{
+    Q_EMIT heard();
+    try {
+        take(QByteArrayView(m_buffer.constData(), count));
+    } catch (const TransferFailure &failure) {
+        setFailure(failure);
+        endData();
+    }
+}
+
+void FtpTransfer::send()
+{
+    for (int i = 0; i < mostPieces && !m_hasEnded; ++i) {
+        if (m_sent == m_buffer.size())
+            refill();
+        if (m_hasEnded)
+            break;
+        const qint64 taken = m_data.write(m_buffer.constData() + m_sent, m_buffer.size() - m_sent);
+        if (taken == SocketStream::Nothing)
+            return;
+        if (taken == SocketStream::Broken) {
+            endData(true);
+            break;
+        }
+        Q_EMIT heard();
+        m_sent += taken;
+    }
+    settle();
+}
+
+void FtpTransfer::refill()
+{
+    m_sent = 0;
+    try {
+        m_buffer = give();
+    } catch (const TransferFailure &failure) {
+        setFailure(failure);
+        m_data.abort(); // so that the server does not take it for the whole file
+        endData();
+        return;
+    }
+    if (m_buffer.isEmpty()) {
+        m_data.finishWriting();
+        m_data.watchWriting(false);
+        m_hasEnded = true;
+    }
+}
+
+void FtpTransfer::endData(bool isBroken)
+{
+    m_data.close();
+    m_hasEnded = true;
+    m_isBroken = isBroken;
+}
+
+void FtpTransfer::settle()
+{
+    if (!m_lastReply || !m_hasEnded)
+        return;
+    const FtpReply reply = *m_lastReply;
+    m_data.close();
+    if (failure())
+        throw TransferFailure(*failure());
+    if (!reply.isCompletion() && copesWith(reply))
+        return;
+    if (!reply.isCompletion())
+        throw TransferFailure::ofReply(reply);
+    if (m_isBroken)
+        throw TransferFailure(TransferError::ConnectionReset);
+    done();
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "FtpJob.h"
+
+/// A job with a data connection, which the server waits for (passive mode). It is done when the data has
+/// ended and the server has confirmed that, in whichever order.
+class FtpTransfer : public FtpJob
+{
+    Q_OBJECT
+
+public:
+    void letGo() override;
+    bool hasInput() const override;
+
+protected:
+    enum class Direction { Receive, Send };
+
+    explicit FtpTransfer(Direction direction);
+
+    /// Opens a data connection, sends \a request and moves the data. done() follows.
+    void transfer(const QByteArray &request);
+
+    /// The next data received. A TransferFailure that it throws ends the data, and the job when the server's
+    /// last reply is there; so with give().
+    virtual void take(QByteArrayView bytes);
+    /// The next data to send, none at the end.
+    virtual QByteArray give();
+    /// Whether the job goes on in another way after the server has refused the request.
+    virtual bool copesWith(const FtpReply &refusal);
+    /// All data was moved, and the server has confirmed it.
+    virtual void done() = 0;
+
+private:
+    void openData();
+    void answeredExtended(const FtpReply &reply);
+    void answeredPlain(const FtpReply &reply);
+    void connectData(std::optional<quint16> port);
+    void dataConnectFailed();
+    void sendRequest();
+    void answered(const FtpReply &reply);
+    void beginData();
+    void pump();
+    void receive();
+    void takeOver(qint64 count);
+    void send();
+    void refill();
+    void encryptFailed(const TransferFailure &failure);
+    void endData(bool isBroken = false);
+    void settle();
+
+    Direction m_direction;
+    QByteArray m_request;
+    SocketStream m_data;
+    QByteArray m_buffer;
+    qsizetype m_sent = 0; ///< of the buffer
+    std::optional<FtpReply> m_lastReply;
+    bool m_hasBegun = false;
+    bool m_hasEnded = false;
+    bool m_isBroken = false; ///< the data connection ended in the middle
+};

@@ -1,0 +1,38 @@
+#include "BackgroundTask.h"
+
+#include "EventGate.h"
+
+#include <QSocketNotifier>
+#include <atomic>
+#include <sys/eventfd.h>
+#include <thread>
+#include <unistd.h>
+
+/// What the thread leaves behind, and how it says so. The last of both sides closes it.
+struct BackgroundTask::Shared
+{
+    ~Shared() { ::close(event); }
+
+    const int event = ::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+    std::atomic<int> result = 0;
+};
+
+BackgroundTask::BackgroundTask(QObject *parent)
+    : QObject(parent)
+    , m_shared(std::make_shared<Shared>())
+{}
+
+BackgroundTask::~BackgroundTask() = default;
+
+void BackgroundTask::start(std::function<int()> call)
+{
+    auto *notifier = new QSocketNotifier(m_shared->event, QSocketNotifier::Read, this);
+    on(notifier, &QSocketNotifier::activated, this, [this, notifier] {
+        notifier->setEnabled(false);
+        Q_EMIT finished(m_shared->result);
+    });
+    std::thread([shared = m_shared, call = std::move(call)] {
+        shared->result = call();
+        ::eventfd_write(shared->event, 1);
+    }).detach();
+}

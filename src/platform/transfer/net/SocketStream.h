@@ -1,0 +1,82 @@
+#pragma once
+
+#include "SocketAddress.h"
+#include "TransferFailure.h"
+
+#include <QObject>
+#include <QTimer>
+#include <memory>
+
+class QSocketNotifier;
+class TlsChannel;
+class TlsContext;
+
+/// A TCP connection that never blocks, encrypted if that is asked for. Signals come from the event loop.
+class SocketStream : public QObject
+{
+    Q_OBJECT
+
+public:
+    static constexpr qint64 Nothing = -1; ///< can be read or written now
+    static constexpr qint64 Broken = -2;  ///< the connection is
+    static constexpr qint64 leastRead = 16384;
+
+    explicit SocketStream(QObject *parent = nullptr);
+    ~SocketStream() override;
+
+    /// Tries one address after the other; connected() or connectFailed() follows.
+    void connectTo(const SocketAddresses &addresses);
+    /// Where it is connected to.
+    const SocketAddress &remote() const { return m_remote; }
+    /// Asks the system now and then whether an idle connection is still there.
+    void keepAlive();
+
+    /// Begins encryption; encrypted() or encryptFailed() follows. See TlsChannel.
+    void encrypt(const TlsContext &context, const QByteArray &host, const SocketStream *resumed);
+    bool isEncrypted() const { return bool(m_tls); }
+
+    /// How many bytes were read, 0 at the end, Nothing or Broken. \a most is at least leastRead.
+    qint64 read(char *bytes, qint64 most);
+    /// How many bytes were written, Nothing or Broken.
+    qint64 write(const char *bytes, qint64 count);
+    /// Whether readable() and writable() are wanted, whenever they are true.
+    void watchReading(bool wanted);
+    void watchWriting(bool wanted);
+    /// True when there is something to read at this moment.
+    bool hasInput() const;
+
+    /// Ends this direction; the other side reads an end.
+    void finishWriting();
+    /// Closes at once. No signal follows.
+    void close();
+    /// The same in a way that the other side does not take for an ordinary end.
+    void abort();
+    bool isOpen() const { return m_socket >= 0; }
+
+Q_SIGNALS:
+    void connected();
+    void connectFailed();
+    void encrypted();
+    void encryptFailed(const TransferFailure &failure);
+    void readable();
+    void writable();
+
+private:
+    void tryNext();
+    void connectOrTryNext();
+    void onReadable();
+    void onWritable();
+    void shakeHands();
+    void openNotifiers();
+
+    enum class Phase { Closed, Connecting, ShakingHands, Open };
+
+    Phase m_phase = Phase::Closed;
+    int m_socket = -1;
+    SocketAddress m_remote;
+    SocketAddresses m_others;
+    QTimer m_patience;
+    QSocketNotifier *m_read = nullptr;
+    QSocketNotifier *m_write = nullptr;
+    std::unique_ptr<TlsChannel> m_tls;
+};
