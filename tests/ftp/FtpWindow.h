@@ -33,7 +33,7 @@ public:
     bool isOpen() const { return !m_form.isNull(); }
     StandInSession &session() const { return StandInSession::current(); }
     /// The texts of the commands so far, joined by "|".
-    QString commands() const { return session().commands().join(u'|'); }
+    QString commands() const { return StandInSession::commands().join(u'|'); }
 
     void click(const char *name) const;
     bool isEnabled(const char *name) const;

@@ -31,6 +31,7 @@ StandInSession &StandInSession::current()
 StandInSession::StandInSession()
 {
     newest = this;
+    calls.clear();
 }
 
 StandInSession::~StandInSession()
@@ -39,7 +40,7 @@ StandInSession::~StandInSession()
         newest = nullptr;
 }
 
-QStringList StandInSession::commands() const
+QStringList StandInSession::commands()
 {
     const QString execute = QStringLiteral("Execute ");
     QStringList commands;

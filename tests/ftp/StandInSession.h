@@ -21,11 +21,11 @@ public:
     StandInSession(const StandInSession &) = delete;
     StandInSession &operator=(const StandInSession &) = delete;
 
-    /// "Protocol 2", "RemoteHost x", "UserName x", "Password x", "RequestTimeout 40", "Cancel", or
-    /// "Execute TEXT".
-    QStringList calls;
+    /// Since the last session was made, also when it is gone: "Protocol 2", "RemoteHost x", "UserName x",
+    /// "Password x", "RequestTimeout 40", "Cancel", or "Execute TEXT".
+    static inline QStringList calls;
     /// The texts alone that were executed.
-    QStringList commands() const;
+    static QStringList commands();
 
     /// From now on commands that begin with \a verb are answered so.
     void respond(const QString &verb, const QString &response);
