@@ -81,15 +81,16 @@ frmFTP::frmFTP()
 
 void frmFTP::layOut()
 {
-    auto *grid = new QGridLayout(this);
-    grid->addWidget(buildLoginInfo(), 0, 0, 1, 2);
-    grid->addWidget(buildStatus(), 0, 2);
-    grid->addWidget(buildLocalFiles(), 1, 0);
-    grid->addWidget(buildControls(), 1, 1);
-    grid->addWidget(buildRemoteFiles(), 1, 2);
-    grid->setRowStretch(1, 1);
-    grid->setColumnStretch(0, 1);
-    grid->setColumnStretch(2, 1);
+    auto *connection = new QHBoxLayout;
+    connection->addWidget(buildLoginInfo(), 1);
+    connection->addWidget(buildStatus());
+    auto *panes = new QHBoxLayout;
+    panes->addWidget(buildLocalFiles(), 1);
+    panes->addWidget(buildControls());
+    panes->addWidget(buildRemoteFiles(), 1);
+    auto *column = new QVBoxLayout(this);
+    column->addLayout(connection);
+    column->addLayout(panes, 1);
 }
 
 QPushButton *frmFTP::button(const char *name, const QString &toolTip, const QString &icon)

@@ -5,6 +5,7 @@
 #include "FileListBox.h"
 #include "FileNames.h"
 #include "Forms.h"
+#include "PrintQt.h"
 #include "frmFTPAccounts.h"
 
 #include <QLabel>
@@ -53,6 +54,8 @@ void FtpWindow::close()
 
 void FtpWindow::logOn(const QStringList &rows)
 {
+    if (!isEnabled("cmdLogOn"))
+        click("cmdLogOff");
     QString response;
     for (const QString &row : rows)
         response += row + QStringLiteral("\r\n");

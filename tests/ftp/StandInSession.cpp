@@ -2,6 +2,7 @@
 
 #include "EventGate.h"
 #include "InternetTransfer.h"
+#include "PrintQt.h"
 #include "RuntimeError.h"
 
 #include <QPointer>

@@ -3,6 +3,7 @@
 #include "PrintQt.h"
 #include "RowName.h"
 
+#include <QAbstractButton>
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>

@@ -33,7 +33,11 @@ struct FtpCommandsTest : testing::Test
         EXPECT_EQ(window.status(), QStringLiteral("Response Received")); // of the list, which came later
         EXPECT_EQ(window.beeps, 2);
     }
-    void press(int key) const { QTest::keyClick(&window.remote(), Qt::Key(key)); }
+    void press(int key) const
+    {
+        window.remote().setFocus();
+        QTest::keyClick(&window.remote(), Qt::Key(key));
+    }
 };
 
 struct FtpRowTest : testing::TestWithParam<HostileName>
@@ -398,6 +402,15 @@ TEST_F(FtpCommandsTest, KeysRunTheEventsOfTheirButtons)
         .type(QStringLiteral("x"));
     press(Qt::Key_F2);
     EXPECT_EQ(window.commands(), QStringLiteral("CD \"pub/\"|DIR|RENAME \"pub/\" \"x\"|DIR"));
+}
+
+TEST_F(FtpCommandsTest, AKeyThatLosesTheConnectionPressesNoButton)
+{
+    window.session().refuse(QStringLiteral("CD"), 12030, QStringLiteral("lost"));
+    dialogs().expectBox(QStringLiteral("Error"), QStringLiteral("12030 lost"));
+    window.selectRow(QStringLiteral("pub/"));
+    press(Qt::Key_Return); // the focus is at another control then
+    EXPECT_EQ(window.commands(), QStringLiteral("CD \"pub/\"|DIR"));
 }
 
 TEST_F(FtpCommandsTest, WithoutARowTheKeysDoNothing)

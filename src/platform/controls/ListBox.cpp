@@ -209,6 +209,8 @@ void ListBox::keyPressEvent(QKeyEvent *event)
     run([&] {
         showRows();
         Q_EMIT KeyDown(event->key());
+        if (!isEnabled())
+            return; // the handler has disabled the list, and the key is for no other control either
         showRows();
         const int before = ListIndex();
         actOnKey(event);
