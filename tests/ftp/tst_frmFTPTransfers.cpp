@@ -57,18 +57,20 @@ struct FtpLocalNameTest : testing::TestWithParam<HostileName>
 void drag(QAbstractItemView &from, const QModelIndex &row, QAbstractItemView &onto)
 {
     const QPoint start = from.visualRect(row).center();
-    QTimer::singleShot(0, &onto, [&] { // while the drag runs, which takes what the window gets
+    QTest::mousePress(from.viewport(), Qt::LeftButton, {}, start);
+    QTimer::singleShot(0, &onto, [&onto] { // while the drag runs, which takes what the window gets
         QWindow *screen = onto.window()->windowHandle();
         const QPoint end = onto.viewport()->mapTo(onto.window(), onto.viewport()->rect().center());
         QTest::mouseMove(screen, end);
         QTest::mouseMove(screen, end + QPoint(1, 1));
         QTest::mouseRelease(screen, Qt::LeftButton, {}, end);
     });
-    QTest::mousePress(from.viewport(), Qt::LeftButton, {}, start);
-    QMouseEvent move(QEvent::MouseMove, start + QPoint(60, 0),
-                     from.viewport()->mapToGlobal(start + QPoint(60, 0)), Qt::NoButton, Qt::LeftButton, {});
-    QCoreApplication::sendEvent(from.viewport(), &move);
-    QCoreApplication::sendEvent(from.viewport(), &move);
+    const QPoint away = start + QPoint(60, 0);
+    for (int i = 0; i < 2; ++i) {
+        QMouseEvent move(QEvent::MouseMove, away, from.viewport()->mapToGlobal(away), Qt::NoButton,
+                         Qt::LeftButton, {});
+        QCoreApplication::sendEvent(from.viewport(), &move);
+    }
 }
 
 } // namespace
