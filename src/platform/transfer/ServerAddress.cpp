@@ -34,18 +34,20 @@ QByteArray asciiName(const QString &name)
 
 ServerAddress ServerAddress::parse(const QString &text)
 {
-    static const QRegularExpression form(QStringLiteral(
-        "\\A(?:([A-Za-z][A-Za-z0-9+.-]*)://)?(?:\\[([^\\]]+)\\]|([^\\[\\]:/?#@\\s]+))(?::(\\d{1,5}))?/?\\z"));
-    const QRegularExpressionMatch match = form.match(text.trimmed());
-    const QString scheme = match.captured(1).toLower();
+    static const QRegularExpression beginning(QStringLiteral("\\A([A-Za-z][A-Za-z0-9+.-]*)://"));
+    static const QRegularExpression form(
+        QStringLiteral("\\A(?:\\[([^\\]]+)\\]|([^\\[\\]:/?#@\\s]+))(?::(\\d{1,5}))?/?\\z"));
+    const QRegularExpressionMatch prefix = beginning.match(text.trimmed());
+    const QString scheme = prefix.captured(1).toLower();
     if (!scheme.isEmpty() && scheme != u"ftp" && scheme != u"ftps")
         fail(TransferError::UnknownScheme, text);
+    const QRegularExpressionMatch match = form.match(text.trimmed().mid(prefix.capturedLength()));
 
     ServerAddress address;
     address.isEncrypted = scheme == u"ftps";
-    const QByteArray numeric = match.captured(2).toLatin1();
-    address.host = isNumericIp6(numeric) ? numeric : asciiName(match.captured(3));
-    const int port = match.captured(4).isEmpty() ? address.port : match.captured(4).toInt();
+    const QByteArray numeric = match.captured(1).toLatin1();
+    address.host = isNumericIp6(numeric) ? numeric : asciiName(match.captured(2));
+    const int port = match.captured(3).isEmpty() ? address.port : match.captured(3).toInt();
     if (address.host.isEmpty() || port < 1 || port > 65535)
         fail(TransferError::InvalidUrl, text);
     address.port = quint16(port);

@@ -90,9 +90,9 @@ QByteArray withoutSlash(QByteArray name)
 /// Splits \a path, "folder\file", where the file is called \a name if it can be; else at the last separator.
 void setLocal(TransferCommand &command, const QByteArray &path, const QByteArray &name)
 {
-    const qsizetype length = path.endsWith('\\' + name)
-                                 ? path.size() - name.size() - 1
-                                 : std::max(path.lastIndexOf('\\'), path.lastIndexOf('/'));
+    qsizetype length = path.contains('\\') ? path.lastIndexOf('\\') : path.lastIndexOf('/');
+    if (path.endsWith('\\' + name))
+        length = path.size() - name.size() - 1;
     command.folder = path.left(std::max<qsizetype>(length, 0));
     command.file = path.mid(length + 1);
     if (command.folder.isEmpty() && path.startsWith('/'))
@@ -109,8 +109,8 @@ TransferCommand TransferCommand::parse(const QString &text)
 {
     const QByteArray bytes = FileNames::toBytes(text);
     const qsizetype blank = bytes.indexOf(' ');
-    const QByteArray word = bytes.left(blank);
-    const QByteArray arguments = blank < 0 ? QByteArray() : bytes.mid(blank + 1);
+    const QByteArray word = blank < 0 ? bytes : bytes.first(blank);
+    const QByteArray arguments = blank < 0 ? QByteArray() : bytes.sliced(blank + 1);
     const auto row = std::find_if(std::begin(verbRows), std::end(verbRows),
                                   [&](const VerbRow &candidate) { return word == candidate.word; });
     if (row == std::end(verbRows) || (row->names == 0) != (blank < 0))

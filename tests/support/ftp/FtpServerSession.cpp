@@ -47,6 +47,7 @@ FtpServerSession::FtpServerSession(FtpServer &server, qintptr socket)
     , m_folder(server.m_root)
 {
     m_socket.setSocketDescriptor(socket);
+    m_socket.setSocketOption(QSslSocket::LowDelayOption, 1); // tests need not wait for delayed acknowledgements
     connect(&m_socket, &QSslSocket::readyRead, this, &FtpServerSession::readLines);
     connect(&m_socket, &QSslSocket::disconnected, this, &QObject::deleteLater);
     atStage(FtpServer::Greeting, [] { return QByteArray("220 Ready."); });
@@ -71,6 +72,7 @@ void FtpServerSession::drop(const QByteArray &text)
 void FtpServerSession::send(const QByteArray &bytes)
 {
     m_socket.write(bytes);
+    m_socket.flush();
 }
 
 void FtpServerSession::readLines()
@@ -86,7 +88,7 @@ void FtpServerSession::readLines()
 void FtpServerSession::obey(const QByteArray &line)
 {
     const qsizetype blank = line.indexOf(' ');
-    const QByteArray verb = line.left(blank).toUpper();
+    const QByteArray verb = (blank < 0 ? line : line.first(blank)).toUpper();
     const QByteArray argument = blank < 0 ? QByteArray() : line.mid(blank + 1);
     atStage(verb, [this, verb, argument] { return perform(verb, argument); });
 }

@@ -1,0 +1,186 @@
+#include "EventGate.h"
+#include "FtpServer.h"
+#include "InternetTransfer.h"
+#include "PrintQt.h"
+#include "ScratchFolder.h"
+#include "TransferError.h"
+#include "TransferProbe.h"
+
+#include <QHostAddress>
+#include <QTcpServer>
+#include <gtest/gtest.h>
+
+namespace {
+
+class HostileServerTest : public testing::Test
+{
+protected:
+    ScratchFolder remote;
+    FtpServer server{remote.path()};
+    TransferProbe probe{server};
+};
+
+} // namespace
+
+TEST_F(HostileServerTest, DataGoesToTheHostOfTheControlConnectionAlone)
+{
+    QTcpServer stranger;
+    ASSERT_TRUE(stranger.listen(QHostAddress(QStringLiteral("127.0.0.2"))));
+    bool isVisited = false;
+    QObject::connect(&stranger, &QTcpServer::newConnection, &stranger, [&] { isVisited = true; });
+    remote.addFile("a");
+    server.refuseEpsv();
+    server.setPassiveHost("127,0,0,2");
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+    EXPECT_EQ(probe.rows(), QStringList{QStringLiteral("a")});
+    server.setPassivePort(stranger.serverPort());
+    EXPECT_EQ(probe.codeOf("DIR"), TransferError::CannotConnect);
+    EXPECT_FALSE(isVisited);
+}
+
+TEST_F(HostileServerTest, NoOtherServiceIsReached)
+{
+    for (const int port : {1, 25, 1023}) {
+        server.setPassivePort(quint16(port));
+        EXPECT_EQ(probe.codeOf("DIR"), TransferError::InvalidResponse) << port;
+        server.refuseEpsv();
+        EXPECT_EQ(probe.codeOf("DIR"), TransferError::InvalidResponse) << port;
+        server.forgetFault("EPSV");
+        probe.session().Cancel();
+    }
+    EXPECT_EQ(server.commands("MLSD"), QByteArrayList());
+}
+
+TEST_F(HostileServerTest, PassiveRepliesThatNameNoPortAreRefused)
+{
+    for (const char *text :
+         {"229 Entering", "229 (|||)", "229 (|||99999|)", "229 (||1|2000|)", "229 (|||-2000|)"}) {
+        server.reply("EPSV", text);
+        EXPECT_EQ(probe.codeOf("DIR"), TransferError::InvalidResponse) << text;
+    }
+    probe.session().Cancel();
+    server.refuseEpsv();
+    for (const char *text :
+         {"227 Entering", "227 (127,0,0,1,999,1)", "227 (127,0,0,1,4)", "227 (1,2,3,4,0,0)"}) {
+        server.reply("PASV", text);
+        EXPECT_EQ(probe.codeOf("DIR"), TransferError::InvalidResponse) << text;
+    }
+    server.reply("PASV", "425 No.");
+    EXPECT_EQ(probe.codeOf("DIR"), TransferError::Refused);
+    EXPECT_EQ(server.connections(), 2);
+}
+
+TEST_F(HostileServerTest, AnExtendedPortThatIsDeadLeavesThePlainOne)
+{
+    QTcpServer closed;
+    ASSERT_TRUE(closed.listen(QHostAddress::LocalHost));
+    const quint16 port = closed.serverPort();
+    closed.close();
+    remote.addFile("a");
+    server.reply("EPSV", "229 Entering (|||" + QByteArray::number(port) + "|)");
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+    EXPECT_EQ(probe.rows(), QStringList{QStringLiteral("a")});
+    EXPECT_EQ(server.commands("PASV").size(), 1);
+}
+
+TEST_F(HostileServerTest, AListWithoutAnEndIsCutOff)
+{
+    server.setEndlessListing("type=file; " + QByteArray(20000, 'n'));
+    EXPECT_EQ(probe.codeOf("DIR"), TransferError::InvalidResponse);
+    EXPECT_EQ(probe.response(), QString());
+    server.setEndlessListing(QByteArray(50, ' '));
+    EXPECT_EQ(probe.codeOf("DIR"), TransferError::InvalidResponse);
+    EXPECT_EQ(probe.codeOf("CDUP"), 0);
+    EXPECT_EQ(server.connections(), 1);
+}
+
+TEST_F(HostileServerTest, ListsOfAllKindsArrive)
+{
+    server.setListing(QByteArray("type=file; name\r\n").repeated(200000));
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+    EXPECT_EQ(probe.rows().size(), 200000);
+    server.setListing("type=file; " + QByteArray(1 << 20, 'x') +
+                      "\r\ntype=file; same\r\ntype=file; same\r\n"
+                      "type=file; no line end");
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+    EXPECT_EQ(probe.rows(),
+              QStringList({QStringLiteral("same"), QStringLiteral("same"), QStringLiteral("no line end")}));
+}
+
+TEST_F(HostileServerTest, TheEndOfTheSessionInTheMiddleOfAListIsReported)
+{
+    remote.addFile("a");
+    server.reply(FtpServer::EndOfData, "421 Shutting down.");
+    EXPECT_EQ(probe.codeOf("DIR"), TransferError::SessionAborted);
+    EXPECT_EQ(probe.response(), QString());
+    EXPECT_EQ(probe.states().mid(probe.states().size() - 2), (QList<int>{10, 11}));
+    EXPECT_EQ(probe.codeOf("DIR"), TransferError::ConnectionLost);
+}
+
+TEST_F(HostileServerTest, AnEmptyFolderMayBeARefusal)
+{
+    for (const char *text : {"450 No files found", "550 No files found.", "450 Nothing here"}) {
+        server.reply("MLSD", text);
+        EXPECT_EQ(probe.codeOf("DIR"), 0) << text;
+        EXPECT_EQ(probe.response(), QString());
+    }
+    server.reply("MLSD", "550 Permission denied.");
+    EXPECT_EQ(probe.codeOf("DIR"), TransferError::Refused);
+    EXPECT_EQ(server.commands("LIST"), QByteArrayList());
+}
+
+TEST_F(HostileServerTest, AListIsWholeOrNone)
+{
+    remote.addFile("a");
+    server.keepSilent(FtpServer::EndOfData);
+    probe.session().setRequestTimeout(1);
+    EXPECT_EQ(probe.codeOf("DIR"), TransferError::TimedOut);
+    EXPECT_EQ(probe.response(), QString());
+    server.forgetFault(FtpServer::EndOfData);
+    probe.session().Cancel();
+    server.setReplyBeforeData(true);
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+    EXPECT_EQ(probe.rows(), QStringList{QStringLiteral("a")});
+}
+
+TEST_F(HostileServerTest, RepliesThatNobodyAskedForAreNoAnswers)
+{
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+    server.sendUnasked("250 Done.\r\n550 Failed.\r\n");
+    for (int i = 0; i < 20; ++i)
+        processPendingEvents();
+    EXPECT_EQ(probe.codeOf("CD \"none\""), TransferError::Refused);
+    EXPECT_EQ(probe.codeOf("CDUP"), 0);
+    server.sendUnasked(QByteArray("220-line\r\n").repeated(100000));
+    probe.waitFor([this] { return probe.states().constLast() == InternetTransfer::Disconnected; });
+    EXPECT_EQ(probe.codeOf("CDUP"), TransferError::ConnectionLost);
+}
+
+TEST_F(HostileServerTest, AFloodInsteadOfAReplyEndsTheConnection)
+{
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+    server.reply("CDUP", QByteArray("250-line\r\n").repeated(1000000));
+    EXPECT_EQ(probe.codeOf("CDUP"), TransferError::InvalidResponse);
+    EXPECT_EQ(probe.codeOf("CDUP"), TransferError::ConnectionLost);
+}
+
+TEST_F(HostileServerTest, AReplyThatIsNoneIsRefused)
+{
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+    for (const char *text : {"Hello", "99 x", "350 More?", "600 x"}) {
+        server.reply("CDUP", text);
+        EXPECT_EQ(probe.codeOf("CDUP"), TransferError::Refused) << text;
+        EXPECT_EQ(probe.session().ResponseInfo(), QString::fromUtf8(text));
+    }
+}
+
+TEST_F(HostileServerTest, TheSizeIsShownAsItCame)
+{
+    remote.addFile("a");
+    server.reply("SIZE", "213 12 %1 <b>");
+    EXPECT_EQ(probe.codeOf("SIZE \"a\""), 0);
+    EXPECT_EQ(probe.response(), QStringLiteral("12 %1 <b>"));
+    server.reply("SIZE", "213");
+    EXPECT_EQ(probe.codeOf("SIZE \"a\""), 0);
+    EXPECT_EQ(probe.response(), QString());
+}
