@@ -7,10 +7,10 @@
 #include "RowDrop.h"
 #include "ShownText.h"
 
-#include <QMouseEvent>
+#include <QDropEvent>
+#include <QMimeData>
 #include <QTest>
-#include <QTimer>
-#include <QWindow>
+#include <QUrl>
 #include <gtest/gtest.h>
 
 namespace {
@@ -52,26 +52,6 @@ struct FtpTransfersTest : testing::Test
 
 struct FtpLocalNameTest : testing::TestWithParam<HostileName>
 {};
-
-/// A drag with the mouse, from the middle of one row of \a from onto \a onto.
-void drag(QAbstractItemView &from, const QModelIndex &row, QAbstractItemView &onto)
-{
-    const QPoint start = from.visualRect(row).center();
-    QTest::mousePress(from.viewport(), Qt::LeftButton, {}, start);
-    QTimer::singleShot(0, &onto, [&onto] { // while the drag runs, which takes what the window gets
-        QWindow *screen = onto.window()->windowHandle();
-        const QPoint end = onto.viewport()->mapTo(onto.window(), onto.viewport()->rect().center());
-        QTest::mouseMove(screen, end);
-        QTest::mouseMove(screen, end + QPoint(1, 1));
-        QTest::mouseRelease(screen, Qt::LeftButton, {}, end);
-    });
-    const QPoint away = start + QPoint(60, 0);
-    for (int i = 0; i < 2; ++i) {
-        QMouseEvent move(QEvent::MouseMove, away, from.viewport()->mapToGlobal(away), Qt::NoButton,
-                         Qt::LeftButton, {});
-        QCoreApplication::sendEvent(from.viewport(), &move);
-    }
-}
 
 } // namespace
 
@@ -231,27 +211,38 @@ TEST_F(FtpTransfersTest, ARefusedTransferIsReported)
     EXPECT_TRUE(window.isEnabled("cmdreceive"));
 }
 
-TEST_F(FtpTransfersTest, AFileDraggedOntoTheServersListIsSent)
+TEST_F(FtpTransfersTest, AFileDroppedOnTheServersListIsSent)
 {
     window.addLocalFile("new.txt");
-    auto &files = window.control<FileListBox>("filLocalFile");
-    drag(files, files.currentIndex(), window.remote());
-    QTest::qWait(0);
+    Q_EMIT window.remote().findChild<RowDrop *>()->Dropped();
     EXPECT_EQ(window.commands(), put(QStringLiteral("new.txt")) + QStringLiteral("|DIR"));
+    EXPECT_TRUE(window.control<FileListBox>("filLocalFile").dragEnabled());
 }
 
-TEST_F(FtpTransfersTest, ARowDraggedOntoTheLocalFilesIsReceived)
+TEST_F(FtpTransfersTest, ARowDroppedOnTheLocalFilesIsReceived)
 {
-    const QModelIndex row = window.remote().model()->index(1, 0);
-    drag(window.remote(), row, window.control<FileListBox>("filLocalFile"));
-    QTest::qWait(0);
+    window.selectRow(file);
+    Q_EMIT window.control<FileListBox>("filLocalFile").findChild<RowDrop *>()->Dropped();
     EXPECT_EQ(window.commands(), get(file));
-    EXPECT_EQ(window.rows().size(), 2); // nothing was moved out of the list
+    EXPECT_TRUE(window.remote().dragEnabled());
 }
 
-TEST_F(FtpTransfersTest, ARowDroppedOnItsOwnListDoesNothing)
+/// From elsewhere nothing can be dropped.
+TEST_F(FtpTransfersTest, AForeignDragIsNotTaken)
 {
-    drag(window.remote(), window.remote().model()->index(1, 0), window.remote());
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(window.local.path())});
+    data.setData(QStringLiteral("application/x-qabstractitemmodeldatalist"), "x");
+    for (QAbstractItemView *list :
+         {static_cast<QAbstractItemView *>(&window.remote()),
+          static_cast<QAbstractItemView *>(&window.control<FileListBox>("filLocalFile"))}) {
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(list->viewport(), &enter);
+        EXPECT_FALSE(enter.isAccepted());
+        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(list->viewport(), &drop);
+        EXPECT_FALSE(drop.isAccepted());
+    }
     QTest::qWait(0);
     EXPECT_EQ(window.commands(), QString());
     EXPECT_EQ(window.rows().size(), 2);
