@@ -3,6 +3,7 @@
 #include "EventGate.h"
 
 #include <QAbstractItemView>
+#include <QDrag>
 #include <QDropEvent>
 
 namespace {
@@ -44,7 +45,6 @@ void RowDrop::take(QEvent &event)
         return;
     }
     drag.acceptProposedAction();
-    if (drag.type() == QEvent::Drop)
-        QMetaObject::invokeMethod(
-            this, [this] { run([&] { Q_EMIT Dropped(); }); }, Qt::QueuedConnection);
+    if (drag.type() == QEvent::Drop) // a handler that waits would keep the drag on the screen
+        on(m_from.findChild<QDrag *>(), &QObject::destroyed, this, [this] { Q_EMIT Dropped(); });
 }

@@ -9,11 +9,11 @@
 #include "FileListBox.h"
 #include "Forms.h"
 #include "FtpCommand.h"
-#include "ListingRows.h"
 #include "FtpProfileFile.h"
 #include "InputBox.h"
 #include "InternetTransfer.h"
 #include "ListBox.h"
+#include "ListingRows.h"
 #include "frmFTPAccounts.h"
 #include "mMain.h"
 

@@ -39,13 +39,13 @@ struct RowDropTest : testing::Test
             from.viewport()->mapTo(&window, from.visualRect(from.model()->index(1, 0)).center());
         const QPoint end = onto.viewport()->mapTo(&window, onto.viewport()->rect().center());
         QTest::mousePress(screen, Qt::LeftButton, {}, start);
+        QTest::mouseMove(screen, start + QPoint(0, 30));
         QTimer::singleShot(0, &window, [this, screen, end] { // in the drag, which takes what the window gets
             QTest::mouseMove(screen, end);
             QTest::mouseMove(screen, end + QPoint(1, 1));
             QTest::mouseRelease(screen, Qt::LeftButton, {}, end);
             dropsInDrag = drops;
         });
-        QTest::mouseMove(screen, start + QPoint(0, 30));
         QTest::mouseMove(screen, start + QPoint(0, 31));
         QCoreApplication::processEvents();
     }
