@@ -3,7 +3,6 @@
 #include "EventGate.h"
 
 #include <QAbstractItemView>
-#include <QDrag>
 #include <QDropEvent>
 
 namespace {
@@ -45,6 +44,7 @@ void RowDrop::take(QEvent &event)
         return;
     }
     drag.acceptProposedAction();
-    if (drag.type() == QEvent::Drop) // a handler that waits would keep the drag on the screen
-        on(m_from.findChild<QDrag *>(), &QObject::destroyed, this, [this] { Q_EMIT Dropped(); });
+    if (drag.type() == QEvent::Drop) // later: a handler that waits would keep the drag on the screen
+        QMetaObject::invokeMethod(
+            this, [this] { run([&] { Q_EMIT Dropped(); }); }, Qt::QueuedConnection);
 }

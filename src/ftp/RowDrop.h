@@ -16,7 +16,7 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
-    /// A row was dropped. Comes when the drag is over.
+    /// A row was dropped. Comes by an event of its own, when the drag is over.
     void Dropped();
 
 private:

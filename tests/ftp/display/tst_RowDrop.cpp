@@ -18,7 +18,6 @@ struct RowDropTest : testing::Test
     ListBox *left = new ListBox(&window);
     ListBox *right = new ListBox(&window);
     int drops = 0;
-    int dropsInDrag = 0;
 
     RowDropTest()
     {
@@ -40,11 +39,10 @@ struct RowDropTest : testing::Test
         const QPoint end = onto.viewport()->mapTo(&window, onto.viewport()->rect().center());
         QTest::mousePress(screen, Qt::LeftButton, {}, start);
         QTest::mouseMove(screen, start + QPoint(0, 30));
-        QTimer::singleShot(0, &window, [this, screen, end] { // in the drag, which takes what the window gets
+        QTimer::singleShot(0, &window, [screen, end] { // in the drag, which takes what the window gets
             QTest::mouseMove(screen, end);
             QTest::mouseMove(screen, end + QPoint(1, 1));
             QTest::mouseRelease(screen, Qt::LeftButton, {}, end);
-            dropsInDrag = drops;
         });
         QTest::mouseMove(screen, start + QPoint(0, 31));
         QCoreApplication::processEvents();
@@ -57,7 +55,6 @@ TEST_F(RowDropTest, ARowIsDroppedOnTheOtherList)
 {
     drag(*left, *right);
     EXPECT_TRUE(QTest::qWaitFor([this] { return drops == 1; }));
-    EXPECT_EQ(dropsInDrag, 0); // it comes when the drag is over
     EXPECT_EQ(left->ListCount(), 3);
     EXPECT_EQ(right->ListCount(), 3);
     EXPECT_EQ(left->Text(), QStringLiteral("two"));
