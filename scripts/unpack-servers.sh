@@ -1,14 +1,15 @@
 #!/bin/sh
 # Fetches the FTP servers that tests and benchmarks run against and unpacks them in build/servers. They are not
 # installed: their packages exclude each other, and an installed one would start its daemon. What they need and is not
-# installed is unpacked with them. Silent when there is nothing to do.
+# installed is unpacked with them. Fails where a package cannot be fetched, and goes on with the next call. Silent when
+# there is nothing to do.
 set -eu
 cd "$(dirname "$0")/.."
 folder=$PWD/build/servers
 
 # download PACKAGE   the package and what it needs that is not installed, in the folder.
 download() {
-    apt-get -qq -y --no-install-recommends --reinstall --download-only -o Debug::NoLocking=1 \
+    apt-get -qq -y --no-install-recommends --reinstall --download-only -o Debug::NoLocking=1 -o Acquire::http::Timeout=20 \
         -o Dir::Cache="$folder/cache" -o Dir::Cache::archives="$folder/archives" install "$1" >/dev/null
 }
 
