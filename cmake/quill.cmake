@@ -134,6 +134,7 @@ function(quill_data name folder)
     set(stamp ${CMAKE_BINARY_DIR}/${name}.stamp)
     add_custom_command(OUTPUT ${stamp}
         COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/data ${CMAKE_BINARY_DIR}/${folder}
+        COMMAND chmod 600 ${CMAKE_BINARY_DIR}/${folder}/ftpprof.dat # it holds passwords
         COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
         DEPENDS ${data} COMMENT "Data in ${folder}")
     add_custom_target(${name} ALL DEPENDS ${stamp})

@@ -1,6 +1,6 @@
 #include "MenuBuilder.h"
 
-#include "MenuIcons.h"
+#include "WindowIcons.h"
 
 namespace {
 
@@ -10,7 +10,7 @@ bool opensMenu(std::span<const MenuRow> rows, std::size_t index)
     return rows[index].level == 0 || (index + 1 < rows.size() && rows[index + 1].level > rows[index].level);
 }
 
-void furnish(QAction &action, const MenuRow &row, MenuIcons &icons)
+void furnish(QAction &action, const MenuRow &row, WindowIcons &icons)
 {
     action.setObjectName(QString::fromLatin1(row.name));
     action.setMenuRole(QAction::NoRole);
@@ -30,7 +30,7 @@ void furnish(QAction &action, const MenuRow &row, MenuIcons &icons)
 
 QList<QMenu *> MenuBuilder::build(std::span<const MenuRow> rows, QWidget &owner)
 {
-    auto &icons = *new MenuIcons(owner);
+    auto &icons = *new WindowIcons(owner);
     QList<QMenu *> open; // the menu that each level is being filled into
     QList<QMenu *> bar;
     for (std::size_t i = 0; i < rows.size(); ++i) {

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""A handler waits by processPendingEvents() or by a prompt: no other file runs an event loop of its own.
+"""A handler waits by waitForEvents(), processPendingEvents() or a prompt: no other file runs an event loop of its own.
 
 A bare processEvents() or exec() would let a window be deleted while its handler waits.
 

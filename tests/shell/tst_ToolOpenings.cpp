@@ -1,12 +1,15 @@
 #include "Forms.h"
 #include "Globals.h"
+#include "Paths.h"
 #include "RunningSuite.h"
+#include "ScratchProgramFolder.h"
 #include "StandInTool.h"
 #include "ToolOpenings.h"
 #include "frmOptions.h"
 
 #include <QMenuBar>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -66,10 +69,36 @@ TEST_F(ToolOpeningsTest, TheDiallerStartsAfreshInEachMode)
 
 TEST_F(ToolOpeningsTest, TwoFtpCommandsGiveOneWindow)
 {
-    standIn("frmFTP");
     suite.choose("mnuftpopen");
     suite.choose("mnuftpopen");
     EXPECT_EQ(loaded("frmFTP"), 1);
+}
+
+/// The menu lets the error of a window's load end the suite; the toolbar ignores it.
+TEST_F(ToolOpeningsTest, WithoutItsProfilesTheFtpWindowDoesNotOpen)
+{
+    const ScratchProgramFolder withoutProfiles;
+    suite.press("ftpclient");
+    EXPECT_NE(suite.active().Name(), QStringLiteral("frmFTP"));
+    for (Form *form : Forms::named(QStringLiteral("frmFTP")))
+        form->unload();
+    suite.fatal.expect(ErrorNumber::FileNotFound, QStringLiteral("File not found"));
+    suite.choose("mnuftpopen");
+}
+
+TEST_F(ToolOpeningsTest, TheToolbarOpensTheFtpWindow)
+{
+    suite.press("ftpclient");
+    EXPECT_EQ(suite.active().Caption(), QStringLiteral("Quill-FTP"));
+}
+
+/// The profiles hold passwords.
+TEST(InstalledProfiles, AreTheUsersAlone)
+{
+    struct stat state = {};
+    const QString path = Paths::native(Paths::appPath() + QStringLiteral("\\ftpprof.dat"));
+    ASSERT_EQ(::stat(qPrintable(path), &state), 0);
+    EXPECT_EQ(state.st_mode & 0777, 0600u);
 }
 
 TEST_F(ToolOpeningsTest, EachBrowserIsANewOneAtItsPage)

@@ -3,6 +3,8 @@
 #include "Forms.h"
 #include "frmCalculator.h"
 #include "frmDocument.h"
+#include "frmFTP.h"
+#include "frmFTPAccounts.h"
 #include "frmMargins.h"
 #include "frmOptions.h"
 #include "frmSplash.h"
@@ -28,6 +30,8 @@ constexpr Row windows[] = {
     {"frmDocument", Forms::Instances::Many, make<frmDocument>},
     {"frmMargins", Forms::Instances::One, make<frmMargins>},
     {"frmCalculator", Forms::Instances::One, make<frmCalculator>},
+    {"frmFTP", Forms::Instances::One, make<frmFTP>},
+    {"frmFTPAccounts", Forms::Instances::One, make<frmFTPAccounts>},
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "FileListBox.h"
 
+#include "EventGate.h"
 #include "Folder.h"
 #include "NameDelegate.h"
 #include "NameListModel.h"
@@ -67,6 +68,12 @@ void FileListBox::Refresh()
     }
     select(selected);
     verticalScrollBar()->setValue(scrolled);
+}
+
+/// The list is not deleted before the drag is over.
+void FileListBox::startDrag(Qt::DropActions actions)
+{
+    run([&] { QListView::startDrag(actions); });
 }
 
 void FileListBox::select(const QString &name)

@@ -33,6 +33,9 @@ public:
     /// no longer be read gives an empty list.
     void Refresh();
 
+protected:
+    void startDrag(Qt::DropActions actions) override;
+
 private:
     QStringList readFiles(const QString &path) const;
     void select(const QString &name);

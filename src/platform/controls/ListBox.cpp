@@ -209,12 +209,20 @@ void ListBox::keyPressEvent(QKeyEvent *event)
     run([&] {
         showRows();
         Q_EMIT KeyDown(event->key());
+        if (!isEnabled())
+            return; // the handler has disabled the list, and the key is for no other control either
         showRows();
         const int before = ListIndex();
         actOnKey(event);
         if (ListIndex() != before)
             Q_EMIT Click();
     });
+}
+
+/// The list is not deleted before the drag is over.
+void ListBox::startDrag(Qt::DropActions actions)
+{
+    run([&] { QListView::startDrag(actions); });
 }
 
 void ListBox::actOnKey(QKeyEvent *event)

@@ -12,6 +12,11 @@ QVariant ListBoxRows::data(const QModelIndex &index, int role) const
     return role == Qt::DisplayRole && index.isValid() ? QVariant(m_rows.at(index.row())) : QVariant();
 }
 
+Qt::ItemFlags ListBoxRows::flags(const QModelIndex &index) const
+{
+    return QAbstractListModel::flags(index) | Qt::ItemIsDragEnabled;
+}
+
 void ListBoxRows::show()
 {
     if (m_shown == count())

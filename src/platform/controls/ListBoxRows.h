@@ -11,6 +11,7 @@ public:
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
 
     /// All rows, those that wait too.
     int count() const { return int(m_rows.size()); }

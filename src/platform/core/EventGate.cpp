@@ -3,6 +3,7 @@
 #include "RuntimeError.h"
 
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QPointer>
 #include <cstdio>
 #include <cstdlib>
@@ -123,4 +124,10 @@ void processPendingEvents()
 {
     const RunningHandler running; // also for a caller that is no handler itself
     QCoreApplication::processEvents();
+}
+
+void waitForEvents()
+{
+    const RunningHandler running;
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }

@@ -49,6 +49,10 @@ void callWithPrefix(Handler &handler, std::tuple<Args...> &args);
 /// any window, also the caller's own, which is not deleted until the caller has returned.
 void processPendingEvents();
 
+/// The same, but sleeps until there is an event: for a handler that asks after each one whether what it waits
+/// for has come.
+void waitForEvents();
+
 /// Runs \a step as the body of an event: for overridden virtuals of Qt.
 template<class Step>
 void run(Step &&step) noexcept

@@ -7,6 +7,7 @@
 #include <climits>
 #include <cstdlib>
 #include <fcntl.h>
+#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -59,7 +60,7 @@ public:
 
     bool isOpen() const { return m_fd.isOpen(); }
     bool write(const QByteArray &bytes);
-    bool takeModeOf(const struct stat &old) { return ::fchmod(m_fd.get(), old.st_mode & 07777) == 0; }
+    bool setMode(mode_t mode) { return ::fchmod(m_fd.get(), mode) == 0; }
     bool replace(const QByteArray &target);
 
 private:
@@ -136,7 +137,11 @@ QByteArray targetOf(const QByteArray &name)
     return targetOf(next.startsWith('/') ? next : folderOf(name) + next);
 }
 
-void writeBy(Sibling (*make)(const QByteArray &target), const QString &path, const QByteArray &bytes)
+constexpr mode_t privateMode = S_IRUSR | S_IWUSR;
+
+/// \a mode is the new file's; without one the old file's is kept.
+void writeBy(Sibling (*make)(const QByteArray &target), const QString &path, const QByteArray &bytes,
+             std::optional<mode_t> mode = {})
 {
     const QByteArray target = targetOf(FileNames::toBytes(path));
     struct stat old = {};
@@ -145,13 +150,13 @@ void writeBy(Sibling (*make)(const QByteArray &target), const QString &path, con
         throw RuntimeError(ErrorNumber::PathFileAccessError, {}, path);
     if (replaces && ::access(target.constData(), W_OK) != 0)
         fail(path);
-    if (!replaces)
-        old.st_mode = ordinaryMode();
+    if (!mode)
+        mode = replaces ? old.st_mode & 07777 : ordinaryMode();
 
     Sibling sibling = make(target);
     if (!sibling.isOpen())
         fail(path, errno == ENOENT ? ENOTDIR : errno);
-    if (!sibling.takeModeOf(old) || !sibling.write(bytes) || !sibling.replace(target))
+    if (!sibling.setMode(*mode) || !sibling.write(bytes) || !sibling.replace(target))
         fail(path);
 
     const Descriptor folder(::open(folderOf(target).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -194,6 +199,11 @@ QByteArray Files::read(const QString &path)
 void Files::write(const QString &path, const QByteArray &bytes)
 {
     writeBy(&Sibling::unique, path, bytes);
+}
+
+void Files::writePrivate(const QString &path, const QByteArray &bytes)
+{
+    writeBy(&Sibling::unique, path, bytes, privateMode);
 }
 
 void Files::writeLocked(const QString &path, const QByteArray &bytes)

@@ -18,6 +18,9 @@ QByteArray read(const QString &path);
 /// \a path is a folder or a device.
 void write(const QString &path, const QByteArray &bytes);
 
+/// As write, but only the user may read the new file, whatever the old one's permissions were.
+void writePrivate(const QString &path, const QByteArray &bytes);
+
 /// As write, for a caller that holds a lock against all other writers of \a path: the new bytes are in
 /// "PATH.new" meanwhile, so that what killed processes leave behind is one file, which the next write takes.
 void writeLocked(const QString &path, const QByteArray &bytes);

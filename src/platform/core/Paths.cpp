@@ -15,12 +15,23 @@ QString dataFolder()
            Paths::applicationTitle;
 }
 
+QString &replacedFolder()
+{
+    static QString path;
+    return path;
+}
+
 } // namespace
 
 QString Paths::appPath()
 {
     static const QString path = dataFolder();
-    return path;
+    return replacedFolder().isEmpty() ? path : replacedFolder();
+}
+
+void Paths::setAppPath(const QString &path)
+{
+    replacedFolder() = path;
 }
 
 QString Paths::native(const QString &name)

@@ -245,6 +245,44 @@ TEST_F(EventGateTest, WhatHasToGoLivesUntilTheOutermostHandlerHasReturned)
     EXPECT_FALSE(object);
 }
 
+/// A wait that turned round and round would take a whole processor.
+TEST_F(EventGateTest, AWaitSleepsUntilThereIsAnEvent)
+{
+    constexpr int milliseconds = 150;
+    bool isOver = false;
+    int rounds = 0;
+    QTimer::singleShot(milliseconds, [&] { isOver = true; });
+    for (; !isOver; ++rounds)
+        waitForEvents();
+    EXPECT_LT(rounds, 20);
+}
+
+TEST_F(EventGateTest, AWaitDoesNotSleepWhileAnEventIsPending)
+{
+    int handled = 0;
+    for (int i = 0; i < 2; ++i)
+        QMetaObject::invokeMethod(
+            qApp, [&] { ++handled; }, Qt::QueuedConnection);
+    while (handled < 2)
+        waitForEvents();
+    EXPECT_EQ(handled, 2);
+}
+
+TEST_F(EventGateTest, NothingIsDeletedDuringAWait)
+{
+    QPointer<QObject> object = new QObject;
+    QTimer::singleShot(0, [&] { RunningHandler::deleteWhenNoneRuns(object); });
+    bool isOver = false;
+    QTimer::singleShot(20, [&] { isOver = true; });
+    run([&] {
+        while (!isOver)
+            waitForEvents();
+        EXPECT_TRUE(object);
+    });
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(object);
+}
+
 TEST_F(EventGateTest, DeletesSoonWhereNoHandlerRuns)
 {
     QPointer<QObject> object = new QObject;

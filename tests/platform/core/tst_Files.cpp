@@ -100,6 +100,21 @@ TEST_F(FilesTest, KeepsThePermissionsOfTheOldFile)
     EXPECT_EQ(state.st_mode & 0777, 0640u);
 }
 
+TEST_F(FilesTest, APrivateFileIsTheUsersAlone)
+{
+    const auto mode = [&] {
+        struct stat state = {};
+        EXPECT_EQ(::stat(QFile::encodeName(path).constData(), &state), 0);
+        return state.st_mode & 0777;
+    };
+    Files::writePrivate(path, "one");
+    EXPECT_EQ(mode(), 0600u);
+    ::chmod(QFile::encodeName(path).constData(), 0644);
+    Files::writePrivate(path, "two");
+    EXPECT_EQ(mode(), 0600u);
+    EXPECT_EQ(Files::read(path), QByteArray("two"));
+}
+
 TEST_F(FilesTest, WritesThroughALink)
 {
     const QString link = home.file(QStringLiteral("link"));

@@ -55,6 +55,15 @@ TEST_F(PathsTest, TheProgramsFolderIsAsExpected)
     }
 }
 
+TEST_F(PathsTest, ATestReplacesTheProgramsFolder)
+{
+    const QString real = Paths::appPath();
+    Paths::setAppPath(home.path());
+    EXPECT_EQ(Paths::appPath(), home.path());
+    Paths::setAppPath({});
+    EXPECT_EQ(Paths::appPath(), real);
+}
+
 TEST_F(PathsTest, APortableCopyHasItsDataBesideTheProgram)
 {
     QDir().mkpath(bin + QStringLiteral("/help"));

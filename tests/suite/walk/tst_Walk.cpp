@@ -43,6 +43,13 @@ void calculator(RunningSuite &suite)
     suite.frame().checkForDocument();
 }
 
+void ftp(RunningSuite &suite)
+{
+    Forms::refer(QStringLiteral("frmFTP")).showModeless();
+    QTest::qWait(0);
+    suite.frame().checkForDocument();
+}
+
 } // namespace
 
 TEST_F(Walk, EveryMenuItemInADocument)
@@ -65,6 +72,15 @@ TEST_F(Walk, EveryMenuItemWithNothingOpen)
 TEST_F(Walk, EveryMenuItemInTheCalculator)
 {
     Walker walker(calculator);
+    walker.chooseEveryMenuItem();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_EQ(walker.ends(), QStringList(QStringLiteral("mnuexittools")));
+    EXPECT_EQ(walker.steps().size(), 7);
+}
+
+TEST_F(Walk, EveryMenuItemInTheFtpWindow)
+{
+    Walker walker(ftp);
     walker.chooseEveryMenuItem();
     EXPECT_EQ(walker.errors(), QStringList());
     EXPECT_EQ(walker.ends(), QStringList(QStringLiteral("mnuexittools")));

@@ -1,0 +1,8 @@
+#include "PasswordBox.h"
+
+PasswordBox::PasswordBox(QWidget *parent)
+    : QLineEdit(parent)
+{
+    setEchoMode(Password);
+    setStyleSheet(QStringLiteral("lineedit-password-character: %1").arg(int('*')));
+}
