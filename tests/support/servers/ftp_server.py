@@ -11,8 +11,9 @@ Root's server acts for the user daemon, to whom ROOT is given; an ordinary user'
 """
 
 import argparse
-import getpass
+import grp
 import os
+import pwd
 import select
 import shutil
 import signal
@@ -102,9 +103,12 @@ def proftpd(root, state, options):
         f"SystemLog {state}/log",
         "TransferLog none",
         "AllowOverwrite on",
+        "DelayEngine off",
+        f"User {pwd.getpwuid(owner()).pw_name}",
+        f"Group {grp.getgrgid(group()).gr_name}",
     ]
     if os.geteuid() == 0:
-        lines += ["User daemon", "Group daemon", "DefaultRoot ~"]
+        lines += ["DefaultRoot ~"]
     if options.idle:
         lines += [f"TimeoutIdle {options.idle}"]
     if options.tls:
@@ -141,7 +145,7 @@ def vsftpd(root, state, options):
         "anon_root": root, "secure_chroot_dir": empty, "allow_writeable_chroot": "YES", "xferlog_enable": "NO",
         "seccomp_sandbox": "NO", "isolate": "NO", "isolate_network": "NO", "mdtm_write": "NO", "dirmessage_enable": "NO",
         "connect_from_port_20": "NO",
-        "ftp_username": "daemon" if os.geteuid() == 0 else getpass.getuser(),
+        "ftp_username": pwd.getpwuid(owner()).pw_name,
         "run_as_launching_user": "YES",  # as root it would refuse to serve a folder that can be written to
     }
     if options.idle:
