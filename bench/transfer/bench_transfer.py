@@ -77,7 +77,8 @@ class Clients:
 
     def lftp(self, *commands):
         server = self.server
-        script = ["set cmd:fail-exit yes", "set ftp:ssl-allow no", f"open -u {server.user},{server.password} -p {server.port} 127.0.0.1",
+        script = ["set cmd:fail-exit yes", "set ftp:ssl-allow no",
+                  f"open -u {server.user},{server.password} -p {server.port} 127.0.0.1",
                   *commands, "bye"]
         return timed(["lftp", "--norc", "-c", "; ".join(script)])[0]
 

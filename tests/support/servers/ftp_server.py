@@ -3,8 +3,8 @@
 
     ftp_server.py SERVER ROOT STATE [--tls] [--idle SECONDS] [--quota MEGABYTES]
 
-SERVER is proftpd, pure-ftpd, vsftpd or pyftpdlib. STATE is an empty folder for its configuration; with --tls it gets
-ca.pem, the authority that signed the certificate. Prints "PORT USER PASSWORD" when the server can be used, or "missing:"
+SERVER is proftpd, pure-ftpd, vsftpd or pyftpdlib. STATE is an empty folder for its configuration; with --tls it
+gets ca.pem, the authority that signed the certificate. Prints "PORT USER PASSWORD" when the server can be used, or "missing:"
 and the reason. A line "end" on standard input ends all sessions; its end ends the server.
 
 Root's server acts for the user daemon, to whom ROOT is given; an ordinary user's acts for that user.
@@ -46,7 +46,8 @@ def environment():
 
 
 def run(*command):
-    subprocess.run(command, check=True, env=environment(), stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    subprocess.run(command, check=True, env=environment(), stdout=subprocess.DEVNULL,
+                   stderr=subprocess.DEVNULL)
 
 
 def password_hash():
@@ -74,7 +75,8 @@ def make_certificate(state):
     names.write_text("subjectAltName=IP:127.0.0.1\n")
     run("openssl", "req", "-x509", "-newkey", "rsa:2048", "-nodes", "-keyout", ca_key, "-out", ca,
         "-subj", "/CN=Test authority", "-days", "2")
-    run("openssl", "req", "-newkey", "rsa:2048", "-nodes", "-keyout", server, "-out", request, "-subj", "/CN=Test server")
+    run("openssl", "req", "-newkey", "rsa:2048", "-nodes", "-keyout", server, "-out", request,
+        "-subj", "/CN=Test server")
     run("openssl", "x509", "-req", "-in", request, "-CA", ca, "-CAkey", ca_key, "-CAcreateserial", "-out", signed,
         "-days", "2", "-extfile", names)
     server.write_text(server.read_text() + signed.read_text())
@@ -126,7 +128,8 @@ def pure_ftpd(root, state, options):
     users, database = state / "users", state / "users.pdb"
     users.write_text(f"{USER}:{password_hash()}:{owner()}:{group()}::{root}/./" + 12 * ":" + "\n")
     run(find("pure-pw"), "mkdb", database, "-f", users)
-    command = [find("pure-ftpd"), "-l", f"puredb:{database}", "-H", "-u", "1", "-E", "-A", "-L", "1000000:10", "-f", "none"]
+    command = [find("pure-ftpd"), "-l", f"puredb:{database}", "-H", "-u", "1", "-E", "-A", "-L", "1000000:10",
+               "-f", "none"]
     if options.quota:
         command += ["-n", f"1000:{options.quota}"]
     if options.tls:
@@ -143,8 +146,8 @@ def vsftpd(root, state, options):
         "write_enable": "YES", "anon_upload_enable": "YES", "anon_mkdir_write_enable": "YES",
         "anon_other_write_enable": "YES", "anon_world_readable_only": "NO", "anon_umask": "022",
         "anon_root": root, "secure_chroot_dir": empty, "allow_writeable_chroot": "YES", "xferlog_enable": "NO",
-        "seccomp_sandbox": "NO", "isolate": "NO", "isolate_network": "NO", "mdtm_write": "NO", "dirmessage_enable": "NO",
-        "connect_from_port_20": "NO",
+        "seccomp_sandbox": "NO", "isolate": "NO", "isolate_network": "NO", "mdtm_write": "NO",
+        "dirmessage_enable": "NO", "connect_from_port_20": "NO",
         "ftp_username": pwd.getpwuid(owner()).pw_name,
         "run_as_launching_user": "YES",  # as root it would refuse to serve a folder that can be written to
     }
@@ -153,7 +156,8 @@ def vsftpd(root, state, options):
     if options.tls:
         pem = make_certificate(state)
         settings |= {"ssl_enable": "YES", "allow_anon_ssl": "YES", "force_anon_logins_ssl": "YES",
-                     "force_anon_data_ssl": "YES", "ssl_tlsv1": "YES", "ssl_ciphers": "HIGH", "require_ssl_reuse": "YES",
+                     "force_anon_data_ssl": "YES", "ssl_tlsv1": "YES", "ssl_ciphers": "HIGH",
+                     "require_ssl_reuse": "YES",
                      "rsa_cert_file": pem, "rsa_private_key_file": pem}
     configuration = state / "vsftpd.conf"
     configuration.write_text("".join(f"{name}={value}\n" for name, value in settings.items()))
