@@ -15,12 +15,16 @@ constexpr int hangMs = 60000;
 } // namespace
 
 TransferProbe::TransferProbe(const FtpServer &server)
+    : TransferProbe(server.address(), QStringLiteral("tester"), QStringLiteral("secret"))
+{}
+
+TransferProbe::TransferProbe(const QString &address, const QString &user, const QString &password)
     : m_session(std::make_unique<InternetTransfer>())
 {
     m_session->setProtocol(InternetTransfer::icFTP);
-    m_session->setRemoteHost(server.address());
-    m_session->setUserName(QStringLiteral("tester"));
-    m_session->setPassword(QStringLiteral("secret"));
+    m_session->setRemoteHost(address);
+    m_session->setUserName(user);
+    m_session->setPassword(password);
     on(m_session.get(), &InternetTransfer::StateChanged, m_session.get(),
        [this](int state) { m_states.append(state); });
 }

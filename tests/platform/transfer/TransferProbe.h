@@ -13,6 +13,7 @@ class TransferProbe
 public:
     /// Logs on to \a server as its user.
     explicit TransferProbe(const FtpServer &server);
+    TransferProbe(const QString &address, const QString &user, const QString &password);
 
     InternetTransfer &session() { return *m_session; }
     /// Deletes the session.

@@ -37,11 +37,19 @@ void requireHost(SSL *handle, const QByteArray &host)
     ::SSL_set_tlsext_host_name(handle, host.constData());
 }
 
+/// The library takes a session out of use whose connection is freed without a farewell. The session is the
+/// control connection's too, and servers that ask for it on each data connection would refuse the next one.
+void release(SSL *handle)
+{
+    ::SSL_set_shutdown(handle, SSL_SENT_SHUTDOWN | SSL_RECEIVED_SHUTDOWN);
+    ::SSL_free(handle);
+}
+
 } // namespace
 
 TlsChannel::TlsChannel(const TlsContext &context, int socket, const QByteArray &host,
                        const TlsChannel *resumed)
-    : m_handle(::SSL_new(context.handle()), ::SSL_free)
+    : m_handle(::SSL_new(context.handle()), release)
 {
     if (!m_handle || ::SSL_set_fd(m_handle.get(), socket) != 1)
         throw TransferFailure(TransferError::SecureChannel);
