@@ -1,15 +1,14 @@
 #include "TextPrinter.h"
 
 #include "PagePainter.h"
+#include "PageTextPainter.h"
+#include "PaperLayout.h"
 #include "ParagraphFormat.h"
-#include "Pictures.h"
 #include "PrintJob.h"
+#include "PrinterPaper.h"
 #include "RowsAcrossPages.h"
-#include "RuntimeError.h"
-#include "SmallCapitals.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QImage>
 #include <QPrinter>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -18,42 +17,13 @@
 
 namespace {
 
-constexpr int layoutDpi = 288; // fonts, by half points, and the screen's pixels come to whole dots
-
-/// What pages are laid out for. Not the printer, with whose many dots Qt's numbers end after some hundred
-/// pages.
-QImage layoutDevice()
+/// Moves the text away from headers and footers that reach into it; a negative margin lets them.
+void makeRoom(PageArea &area, const PageTextPainter &texts, const PageSetup &setup)
 {
-    constexpr double inchesPerMeter = 1 / 0.0254;
-    QImage device(1, 1, QImage::Format_RGB32);
-    device.setDotsPerMeterX(qRound(layoutDpi * inchesPerMeter));
-    device.setDotsPerMeterY(qRound(layoutDpi * inchesPerMeter));
-    return device;
-}
-
-/// Gives the letters their own widths, not those that a desktop's hinting rounds for its screen.
-void spaceForPaper(QTextDocument &document)
-{
-    QFont font = document.defaultFont();
-    font.setHintingPreference(QFont::PreferNoHinting);
-    document.setDefaultFont(font);
-}
-
-/// Qt scales text, pictures, tables and the space between lines and paragraphs to a device, but not the
-/// indents.
-void scaleIndents(QTextDocument &document, double factor)
-{
-    QTextCursor edit(&document);
-    edit.beginEditBlock();
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        QTextBlockFormat format = block.blockFormat();
-        format.setLeftMargin(format.leftMargin() * factor);
-        format.setRightMargin(format.rightMargin() * factor);
-        format.setTextIndent(format.textIndent() * factor);
-        edit.setPosition(block.position());
-        edit.setBlockFormat(format);
-    }
-    edit.endEditBlock();
+    if (setup.top.value_or(0) >= 0)
+        area.margins.setTop(qMax(area.margins.top(), texts.headerRoom()));
+    if (setup.bottom.value_or(0) >= 0)
+        area.margins.setBottom(qMax(area.margins.bottom(), texts.footerRoom()));
 }
 
 /// Qt paints the line before a page and the one behind it too. With room of a page's height above and below
@@ -67,21 +37,30 @@ void partPages(QTextDocument &document, double distance)
     document.rootFrame()->setFrameFormat(frame);
 }
 
-void layOut(QTextDocument &document, const QPrinter &printer, QPaintDevice &device)
+/// \a room in inches, above the first page's text: an empty line so high, as Qt gives the first paragraph no
+/// space before it.
+void lowerFirstPage(QTextDocument &document, double room)
 {
-    const QSizeF paper = printer.pageLayout().paintRect(QPageLayout::Inch).size();
-    if (paper.isEmpty()) // the margins leave nothing
-        throw RuntimeError(ErrorNumber::PrinterError);
-    const QSizeF onScreen = paper * ParagraphFormat::layoutDpi();
-    document.setUndoRedoEnabled(false);
-    spaceForPaper(document);
-    Pictures::shrinkTo(onScreen, document);
-    SmallCapitals::spellOut(document);
-    scaleIndents(document, layoutDpi / ParagraphFormat::layoutDpi());
-    partPages(document, onScreen.height());
+    if (room <= 0)
+        return;
+    QTextCursor start(&document);
+    QTextBlockFormat text = start.blockFormat();
+    text.setPageBreakPolicy(QTextFormat::PageBreak_Auto);
+    text.setTopMargin(0);
+    start.insertBlock(text);
+    start.movePosition(QTextCursor::Start);
+    QTextBlockFormat empty;
+    empty.setLineHeight(room * ParagraphFormat::layoutDpi(), QTextBlockFormat::FixedHeight);
+    start.setBlockFormat(empty);
+}
+
+void layOut(QTextDocument &document, const QSizeF &text, QPaintDevice &device)
+{
+    PaperLayout::fit(document, text);
+    partPages(document, text.height() * ParagraphFormat::layoutDpi());
     // The device before the page: a page size given first is taken in the screen's pixels.
     document.documentLayout()->setPaintDevice(&device);
-    document.setPageSize({paper.width() * layoutDpi, 3 * paper.height() * layoutDpi});
+    document.setPageSize({text.width() * PaperLayout::dpi, 3 * text.height() * PaperLayout::dpi});
     RowsAcrossPages::alignTop(document);
 }
 
@@ -104,17 +83,28 @@ QList<int> printOrder(const QPrinter &printer, int count)
 void TextPrinter::print(QTextDocument &document, QPrinter &printer,
                         const std::optional<QTextCharFormat> &linkLook)
 {
-    QImage device = layoutDevice();
-    layOut(document, printer, device);
+    const PageSetup setup = PageSetup::of(document);
+    const PrinterPaper paper(setup, printer);
+    PageArea area = paper.area();
+    QImage device = PaperLayout::device();
+    PageTextPainter texts(document, area, device);
+    makeRoom(area, texts, setup);
+    lowerFirstPage(document, texts.firstHeaderRoom() - area.margins.top());
+    layOut(document, area.text(), device);
     PrintJob job(printer);
-    const double factor = double(printer.logicalDpiX()) / layoutDpi;
+    const double factor = double(printer.logicalDpiX()) / PaperLayout::dpi;
     job.painter().scale(factor, factor);
     const PagePainter pages(document, linkLook);
     bool isFirst = true;
     for (const int page : printOrder(printer, document.pageCount())) {
         if (!std::exchange(isFirst, false))
             job.newPage();
+        const QPointF corner(area.left(page + setup.firstNumber), area.margins.top());
+        job.painter().save();
+        job.painter().translate((corner - paper.origin()) * PaperLayout::dpi);
         pages.paint(page, job.painter());
+        texts.paint(page, document.pageCount(), area, job.painter());
+        job.painter().restore();
     }
     job.finish();
 }
