@@ -1,6 +1,8 @@
 #pragma once
 
 // The one list of control words: spelling, name in RtfWord, subject in RtfSubject.
+// Intended: \clpadl is about the top of a cell and \clpadt about its left, as all programs have it that write
+// them.
 // clang-format off
 #define RTF_KEYWORDS(row) \
     row("ansi", Ansi, Document) \
@@ -239,6 +241,14 @@
     row("trpaddft", RowPadTopUnit, Row) \
     row("trpaddfr", RowPadRightUnit, Row) \
     row("trpaddfb", RowPadBottomUnit, Row) \
+    row("clpadl", CellPadTop, Row) \
+    row("clpadt", CellPadLeft, Row) \
+    row("clpadr", CellPadRight, Row) \
+    row("clpadb", CellPadBottom, Row) \
+    row("clpadfl", CellPadTopUnit, Row) \
+    row("clpadft", CellPadLeftUnit, Row) \
+    row("clpadfr", CellPadRightUnit, Row) \
+    row("clpadfb", CellPadBottomUnit, Row) \
     row("rtlrow", RightToLeftRow, Row) \
     row("trql", RowAtLeft, Row) \
     row("trqc", RowInCenter, Row) \
