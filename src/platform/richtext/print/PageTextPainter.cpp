@@ -79,9 +79,9 @@ PageTextPainter::Text PageTextPainter::layOut(const QTextDocument &text, const P
     paper.document.reset(text.clone());
     QTextDocument &document = *paper.document;
     document.setDocumentMargin(0);
-    PaperLayout::fit(document, {area.text().width(), area.paper.height()});
+    PaperLayout::fit(document, {area.text().width(), area.paper.height()}, PaperLayout::fineDpi);
     document.documentLayout()->setPaintDevice(&device);
-    document.setTextWidth(area.text().width() * PaperLayout::dpi);
+    document.setTextWidth(area.text().width() * PaperLayout::fineDpi);
     paper.numbers = numbersIn(document);
     return paper;
 }
@@ -89,7 +89,7 @@ PageTextPainter::Text PageTextPainter::layOut(const QTextDocument &text, const P
 double PageTextPainter::height(Kind kind) const
 {
     const auto &document = m_texts[size_t(kind)].document;
-    return document ? document->documentLayout()->documentSize().height() / PaperLayout::dpi : 0;
+    return document ? document->documentLayout()->documentSize().height() / PaperLayout::fineDpi : 0;
 }
 
 double PageTextPainter::room(Kind kind, int distance) const
@@ -162,7 +162,7 @@ void PageTextPainter::paint(Kind kind, int page, int count, double top, QPainter
     QAbstractTextDocumentLayout::PaintContext context;
     context.palette.setColor(QPalette::Text, Qt::black);
     painter.save();
-    painter.translate(0, top * PaperLayout::dpi);
+    painter.translate(0, top * PaperLayout::fineDpi);
     text.document->documentLayout()->draw(&painter, context);
     painter.restore();
 }

@@ -15,7 +15,7 @@ struct PageArea;
 class PageTextPainter
 {
 public:
-    /// For pages as \a area says, laid out for \a device, which must outlive this.
+    /// For pages as \a area says, laid out for \a device, of fine dots, which must outlive this.
     PageTextPainter(const QTextDocument &document, const PageArea &area, QPaintDevice &device);
     ~PageTextPainter();
 
@@ -25,8 +25,8 @@ public:
     double firstHeaderRoom() const;
     double footerRoom() const;
 
-    /// Those of page \a page, from 0, of \a count, in dots of PaperLayout, with the upper left corner of the
-    /// page's text, of which \a area says where it is, at the painter's origin.
+    /// Those of page \a page, from 0, of \a count, in the fine dots of PaperLayout, with the upper left
+    /// corner of the page's text, of which \a area says where it is, at the painter's origin.
     void paint(int page, int count, const PageArea &area, QPainter &painter);
 
 private:

@@ -1,5 +1,6 @@
 #include "PaperLayout.h"
 
+#include "CellSpacing.h"
 #include "ParagraphFormat.h"
 #include "Pictures.h"
 #include "SmallCapitals.h"
@@ -37,7 +38,7 @@ void scaleIndents(QTextDocument &document, double factor)
 
 } // namespace
 
-QImage PaperLayout::device()
+QImage PaperLayout::device(int dpi)
 {
     constexpr double inchesPerMeter = 1 / 0.0254;
     QImage device(1, 1, QImage::Format_RGB32);
@@ -46,11 +47,17 @@ QImage PaperLayout::device()
     return device;
 }
 
-void PaperLayout::fit(QTextDocument &document, const QSizeF &text)
+void PaperLayout::fit(QTextDocument &document, const QSizeF &text, int dpi)
 {
     document.setUndoRedoEnabled(false);
     spaceForPaper(document);
     Pictures::shrinkTo(text * ParagraphFormat::layoutDpi(), document);
     SmallCapitals::spellOut(document);
+    CellSpacing::moveToPadding(document);
     scaleIndents(document, dpi / ParagraphFormat::layoutDpi());
+}
+
+void PaperLayout::change(QTextDocument &document, int fromDpi, int toDpi)
+{
+    scaleIndents(document, double(toDpi) / fromDpi);
 }

@@ -37,32 +37,69 @@ void partPages(QTextDocument &document, double distance)
     document.rootFrame()->setFrameFormat(frame);
 }
 
-/// \a room in inches, above the first page's text: an empty line so high, as Qt gives the first paragraph no
-/// space before it.
+/// \a room in inches, above the first page's text, and the space before the first paragraph, to which Qt
+/// gives none: an empty line so high.
 void lowerFirstPage(QTextDocument &document, double room)
 {
-    if (room <= 0)
-        return;
     QTextCursor start(&document);
     QTextBlockFormat text = start.blockFormat();
+    const double height = qMax(0.0, room * ParagraphFormat::layoutDpi()) + text.topMargin();
+    if (height <= 0)
+        return;
     text.setPageBreakPolicy(QTextFormat::PageBreak_Auto);
     text.setTopMargin(0);
     start.insertBlock(text);
     start.movePosition(QTextCursor::Start);
     QTextBlockFormat empty;
-    empty.setLineHeight(room * ParagraphFormat::layoutDpi(), QTextBlockFormat::FixedHeight);
+    empty.setLineHeight(height, QTextBlockFormat::FixedHeight);
     start.setBlockFormat(empty);
 }
 
-void layOut(QTextDocument &document, const QSizeF &text, QPaintDevice &device)
+void setPages(QTextDocument &document, const QSizeF &text, QPaintDevice &device)
 {
-    PaperLayout::fit(document, text);
-    partPages(document, text.height() * ParagraphFormat::layoutDpi());
+    const int dpi = device.logicalDpiX();
     // The device before the page: a page size given first is taken in the screen's pixels.
     document.documentLayout()->setPaintDevice(&device);
-    document.setPageSize({text.width() * PaperLayout::dpi, 3 * text.height() * PaperLayout::dpi});
-    RowsAcrossPages::alignTop(document);
+    document.setPageSize({text.width() * dpi, 3 * text.height() * dpi});
 }
+
+/// In fine dots if the pages are not too many. Returns how many there are to the inch.
+int layOut(QTextDocument &document, const QSizeF &text, QPaintDevice &coarse, QPaintDevice &fine)
+{
+    PaperLayout::fit(document, text, PaperLayout::coarseDpi);
+    partPages(document, text.height() * ParagraphFormat::layoutDpi());
+    setPages(document, text, coarse);
+    const bool isShort =
+        document.pageCount() * document.pageSize().height() * PaperLayout::fineDpi / PaperLayout::coarseDpi <
+        PaperLayout::farthest;
+    if (isShort) {
+        PaperLayout::change(document, PaperLayout::coarseDpi, PaperLayout::fineDpi);
+        setPages(document, text, fine);
+    }
+    RowsAcrossPages::alignTop(document);
+    return isShort ? PaperLayout::fineDpi : PaperLayout::coarseDpi;
+}
+
+/// Lets \a painter paint in dots of which \a dpi are an inch, from \a corner on, in inches, as long as this
+/// lives.
+class DotsOfPaper
+{
+public:
+    DotsOfPaper(QPainter &painter, const QPrinter &printer, const QPointF &corner, int dpi)
+        : m_painter(painter)
+    {
+        const double factor = double(printer.logicalDpiX()) / dpi;
+        m_painter.save();
+        m_painter.scale(factor, factor);
+        m_painter.translate(corner * dpi);
+    }
+    ~DotsOfPaper() { m_painter.restore(); }
+    DotsOfPaper(const DotsOfPaper &) = delete;
+    DotsOfPaper &operator=(const DotsOfPaper &) = delete;
+
+private:
+    QPainter &m_painter;
+};
 
 /// The pages in the order in which they are printed. Copies are the printer's matter where it makes any.
 QList<int> printOrder(const QPrinter &printer, int count)
@@ -86,25 +123,25 @@ void TextPrinter::print(QTextDocument &document, QPrinter &printer,
     const PageSetup setup = PageSetup::of(document);
     const PrinterPaper paper(setup, printer);
     PageArea area = paper.area();
-    QImage device = PaperLayout::device();
-    PageTextPainter texts(document, area, device);
+    QImage coarse = PaperLayout::device(PaperLayout::coarseDpi);
+    QImage fine = PaperLayout::device(PaperLayout::fineDpi);
+    PageTextPainter texts(document, area, fine);
     makeRoom(area, texts, setup);
     lowerFirstPage(document, texts.firstHeaderRoom() - area.margins.top());
-    layOut(document, area.text(), device);
+    const int dpi = layOut(document, area.text(), coarse, fine);
     PrintJob job(printer);
-    const double factor = double(printer.logicalDpiX()) / PaperLayout::dpi;
-    job.painter().scale(factor, factor);
     const PagePainter pages(document, linkLook);
     bool isFirst = true;
     for (const int page : printOrder(printer, document.pageCount())) {
         if (!std::exchange(isFirst, false))
             job.newPage();
         const QPointF corner(area.left(page + setup.firstNumber), area.margins.top());
-        job.painter().save();
-        job.painter().translate((corner - paper.origin()) * PaperLayout::dpi);
-        pages.paint(page, job.painter());
+        {
+            const DotsOfPaper dots(job.painter(), printer, corner - paper.origin(), dpi);
+            pages.paint(page, job.painter());
+        }
+        const DotsOfPaper dots(job.painter(), printer, corner - paper.origin(), PaperLayout::fineDpi);
         texts.paint(page, document.pageCount(), area, job.painter());
-        job.painter().restore();
     }
     job.finish();
 }

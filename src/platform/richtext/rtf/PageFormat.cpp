@@ -129,7 +129,7 @@ void PageFormat::spaceTabs(QTextDocument &document)
     constexpr int narrowest = 60; // lest a line be split between thousands of stops
     const int twips =
         qMax(narrowest, value(document.rootFrame()->frameFormat(), TabDistance).value_or(usual));
-    const double distance = Twips::toPixels(twips, ParagraphFormat::layoutDpi());
+    const double distance = twips * ParagraphFormat::layoutDpi() / Twips::perInch;
     QTextOption option = document.defaultTextOption();
     if (option.tabStopDistance() == distance)
         return;

@@ -167,3 +167,20 @@ TEST_F(PrintedPages, TabsWithoutStopsStandAtTheDocumentsDistance)
     print();
     EXPECT_NEAR(leftOf("one"), paperMargin + inch / 2, 1);
 }
+
+TEST_F(PrintedPages, TheFirstParagraphHasTheSpaceBeforeIt)
+{
+    box.setTextRTF("{\\rtf1\\margt1440\\sb1440 first\\par\\sb0 second\\par}");
+    print();
+    EXPECT_NEAR(topOf("first"), 2 * inch, 4);
+    EXPECT_LT(topOf("second") - topOf("first"), 20);
+}
+
+TEST_F(PrintedPages, LinesAreAsHighAsTheirFontSays)
+{
+    box.setTextRTF("{\\rtf1{\\fonttbl{\\f0 Liberation Sans;}}\\margt1440\\f0\\fs20 first\\par " +
+                   lines("line", 40) + "last}");
+    print();
+    constexpr double height = 0.905 + 0.212 + 0.033; // of the size
+    EXPECT_NEAR((topOf("last") - topOf("first")) / 41, height * 10, 0.06);
+}

@@ -96,3 +96,15 @@ TEST_F(PrintedTables, ATableMayHangOutOfTheMargin)
     print();
     EXPECT_NEAR(leftOf("cell"), leftOf("text"), 0.5);
 }
+
+TEST_F(PrintedTables, SpaceAroundParagraphsIsInCellsToo)
+{
+    box.setTextRTF(
+        "{\\rtf1 \\trowd\\cellx2880\\intbl one\\cell\\row\\trowd\\cellx2880\\intbl two\\cell\\row\\pard}");
+    print();
+    const double close = topOf("two") - topOf("one");
+    box.setTextRTF("{\\rtf1 \\trowd\\cellx2880\\intbl\\sa400 one\\cell\\row"
+                   "\\trowd\\cellx2880\\intbl\\sb600\\sa0 two\\cell\\row\\pard}");
+    print();
+    EXPECT_NEAR(topOf("two") - topOf("one"), close + 20 + 30, 1);
+}
