@@ -1,6 +1,6 @@
 #include "PaperLayout.h"
 
-#include "CellSpacing.h"
+#include "PaperSpacing.h"
 #include "ParagraphFormat.h"
 #include "Pictures.h"
 #include "SmallCapitals.h"
@@ -53,7 +53,7 @@ void PaperLayout::fit(QTextDocument &document, const QSizeF &text, int dpi)
     spaceForPaper(document);
     Pictures::shrinkTo(text * ParagraphFormat::layoutDpi(), document);
     SmallCapitals::spellOut(document);
-    CellSpacing::moveToPadding(document);
+    PaperSpacing::complete(document);
     scaleIndents(document, dpi / ParagraphFormat::layoutDpi());
 }
 

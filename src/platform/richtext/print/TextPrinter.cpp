@@ -3,6 +3,7 @@
 #include "PagePainter.h"
 #include "PageTextPainter.h"
 #include "PaperLayout.h"
+#include "PaperSpacing.h"
 #include "ParagraphFormat.h"
 #include "PrintJob.h"
 #include "PrinterPaper.h"
@@ -37,22 +38,12 @@ void partPages(QTextDocument &document, double distance)
     document.rootFrame()->setFrameFormat(frame);
 }
 
-/// \a room in inches, above the first page's text, and the space before the first paragraph, to which Qt
-/// gives none: an empty line so high.
+/// \a room in inches, above the first page's text. Qt gives the first paragraph no space before it.
 void lowerFirstPage(QTextDocument &document, double room)
 {
-    QTextCursor start(&document);
-    QTextBlockFormat text = start.blockFormat();
-    const double height = qMax(0.0, room * ParagraphFormat::layoutDpi()) + text.topMargin();
-    if (height <= 0)
-        return;
-    text.setPageBreakPolicy(QTextFormat::PageBreak_Auto);
-    text.setTopMargin(0);
-    start.insertBlock(text);
-    start.movePosition(QTextCursor::Start);
-    QTextBlockFormat empty;
-    empty.setLineHeight(height, QTextBlockFormat::FixedHeight);
-    start.setBlockFormat(empty);
+    const QTextBlock first = document.firstBlock();
+    PaperSpacing::insertBefore(first, qMax(0.0, room * ParagraphFormat::layoutDpi()) +
+                                          first.blockFormat().topMargin());
 }
 
 void setPages(QTextDocument &document, const QSizeF &text, QPaintDevice &device)

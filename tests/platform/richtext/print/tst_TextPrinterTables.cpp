@@ -108,3 +108,45 @@ TEST_F(PrintedTables, SpaceAroundParagraphsIsInCellsToo)
     print();
     EXPECT_NEAR(topOf("two") - topOf("one"), close + 20 + 30, 1);
 }
+
+TEST_F(PrintedTables, SpaceAroundATable)
+{
+    const auto rtf = [](int after, int before) {
+        const QByteArray lines = "\\clbrdrt\\brdrs\\brdrw20\\clbrdrb\\brdrs\\brdrw20";
+        return "{\\rtf1\\sa" + QByteArray::number(after) + " above\\par\\pard\\trowd" + lines +
+               "\\cellx2880\\intbl cell\\cell\\row\\pard\\sb" + QByteArray::number(before) + " below\\par}";
+    };
+    box.setTextRTF(rtf(0, 0));
+    print();
+    const double above = topOf("cell") - topOf("above");
+    const double below = topOf("below") - topOf("cell");
+    box.setTextRTF(rtf(400, 600));
+    print();
+    EXPECT_NEAR(topOf("cell") - topOf("above"), above + 20, 1);
+    EXPECT_NEAR(topOf("below") - topOf("cell"), below + 30, 1);
+}
+
+TEST_F(PrintedTables, ATableWithSpaceAroundItIsClosedAtThePagesEdge)
+{
+    QByteArray row = "\\trowd";
+    for (const char *edge : {"\\clbrdrt", "\\clbrdrl", "\\clbrdrb", "\\clbrdrr"})
+        row += edge + QByteArray("\\brdrs\\brdrw30");
+    row += "\\cellx2880\\intbl " + QByteArray("line\\par ").repeated(80) + "\\cell\\row";
+    box.setTextRTF("{\\rtf1\\sa400 start\\par\\pard " + row + "\\pard\\sb400 end\\par}");
+    ASSERT_EQ(print().size(), 2);
+    EXPECT_GT(dots(QRectF(paperMargin + 100, 842 - paperMargin - 4.5, 10, 4.5), Qt::black, 1), 100);
+    EXPECT_GT(dots(QRectF(paperMargin + 100, paperMargin, 10, 4.5), Qt::black, 2), 100);
+}
+
+TEST_F(PrintedTables, ParagraphsAreApartByTheSpaceOfBoth)
+{
+    box.setTextRTF("{\\rtf1 one\\par two\\par}");
+    const double close = (print(), topOf("two") - topOf("one"));
+    box.setTextRTF("{\\rtf1\\sa400 one\\par\\sa0\\sb600 two\\par}");
+    print();
+    EXPECT_NEAR(topOf("two") - topOf("one"), close + 20 + 30, 1);
+    box.document()->setHtml(
+        QStringLiteral("<p style='margin:0 0 40px 0'>one</p><p style='margin:60px 0 0 0'>two</p>"));
+    print();
+    EXPECT_NEAR(topOf("two") - topOf("one"), close + 45, 3);
+}

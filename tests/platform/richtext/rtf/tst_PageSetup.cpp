@@ -58,7 +58,7 @@ TEST(PageSetup, ReadsTheDocumentsWords)
 TEST(PageSetup, TheFirstSectionsWordsGoBefore)
 {
     ReadDocument read("{\\rtf1\\margl1000\\margr1000\\pgwsxn5000\\sectd\\marglsxn2000\\headery300\\titlepg"
-                      "\\pgnrestart\\pgnstarts5\\pgndec\\pgnlcrm one\\sect"
+                      "\\pgnrestart\\pgnstarts5\\pgnucrm\\pgnlcrm one\\sect"
                       "\\sectd\\marglsxn4000\\margr3000\\headery900 two}");
     const PageSetup setup = PageSetup::of(read.document());
     EXPECT_FALSE(setup.width); // \sectd has taken it back
