@@ -231,3 +231,9 @@ TEST(PageTexts, InANoteTheyAreNone)
     EXPECT_EQ(pageText(read.document(), PageTexts::Header), "none");
     EXPECT_EQ(read.text(), "text1|1 note");
 }
+
+TEST(PageTexts, LoneSurrogatesAreReplacedInTheTextAroundThemToo)
+{
+    ReadDocument read("{\\rtf1 a\\u-10179?{\\header \\u-10179?\\par}b}");
+    EXPECT_EQ(read.text(), "a\uFFFDb");
+}

@@ -161,7 +161,7 @@ void RtfBody::replaceLoneSurrogates()
         else if (text.at(i).isSurrogate())
             text[i] = QChar::ReplacementCharacter;
     }
-    m_hasSurrogates = false;
+    m_hasSurrogates = m_stories.size() > 1; // the text around it may have one as well
 }
 
 void RtfBody::addParagraph(const RtfState &state, int depth)
