@@ -32,12 +32,16 @@ QStringList PrintedPdf::pages() const
     return pages;
 }
 
-QRectF PrintedPdf::placeOf(const QString &word) const
+QRectF PrintedPdf::placeOf(const QString &word, int page) const
 {
+    QStringList arguments{QStringLiteral("-bbox")};
+    if (page > 0)
+        arguments << QStringLiteral("-f") << QString::number(page) << QStringLiteral("-l")
+                  << QString::number(page);
     const QRegularExpression place(
         QStringLiteral("xMin=\"(.*)\" yMin=\"(.*)\" xMax=\"(.*)\" yMax=\"(.*)\">%1<")
             .arg(QRegularExpression::escape(word)));
-    const auto match = place.match(QString::fromUtf8(ask("pdftotext", {QStringLiteral("-bbox")})));
+    const auto match = place.match(QString::fromUtf8(ask("pdftotext", arguments)));
     const auto at = [&](int number) { return match.captured(number).toDouble(); };
     return {QPointF(at(1), at(2)), QPointF(at(3), at(4))};
 }

@@ -13,8 +13,8 @@ public:
 
     /// The text of each page, laid out as on the page.
     QStringList pages() const;
-    /// Of the first such word. Empty when there is none.
-    QRectF placeOf(const QString &word) const;
+    /// Of the first such word, on page \a page, from 1, or on any where that is 0. Empty when there is none.
+    QRectF placeOf(const QString &word, int page = 0) const;
     QSizeF paper() const;
     QString title() const;
     QStringList fonts() const;

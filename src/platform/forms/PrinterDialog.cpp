@@ -82,8 +82,11 @@ bool showPrint(QWidget *owner, const QString &title, int flags, QPrinter &printe
 
 QPrinter &PrinterDialog::printer()
 {
-    if (!m_printer)
+    if (!m_printer) {
+        constexpr double usual = 20;
         m_printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+        m_printer->setPageMargins(QMarginsF(usual, usual, usual, usual), QPageLayout::Millimeter);
+    }
     return *m_printer;
 }
 

@@ -2,6 +2,7 @@
 
 #include "ClipboardText.h"
 #include "EventGate.h"
+#include "PageFormat.h"
 #include "Pictures.h"
 #include "PlainText.h"
 #include "RtfReader.h"
@@ -64,6 +65,7 @@ std::unique_ptr<QTextDocument> RichTextBox::newDocument() const
     auto document = std::make_unique<QTextDocument>();
     document->setDefaultFont(documentFont());
     document->setDocumentMargin(margin);
+    PageFormat::spaceTabs(*document);
     return document;
 }
 
@@ -240,6 +242,7 @@ void RichTextBox::SelPrint(QPrinter *device) const
     if (textCursor().hasSelection()) {
         printed = newDocument();
         RtfReader::read(SelRTF(), *printed);
+        PageFormat::copy(*document(), *printed);
     } else {
         printed.reset(document()->clone());
     }

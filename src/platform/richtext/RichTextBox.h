@@ -88,8 +88,8 @@ public:
     bool Locked() const;
     void setLocked(bool locked);
 
-    /// Prints the selection, or everything when it is empty. Does nothing without a device. Throws
-    /// RuntimeError as PrintJob does.
+    /// Prints the selection, without headers and footers, or everything when it is empty. Does nothing
+    /// without a device. Throws RuntimeError as PrintJob does.
     void SelPrint(QPrinter *device) const;
 
     /// Marks web and mail addresses in the text and reports clicks on them; the document itself is not

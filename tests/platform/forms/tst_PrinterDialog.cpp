@@ -104,6 +104,17 @@ TEST_F(PrinterDialogTest, OnlyAnAcceptedDialogGivesADevice)
     EXPECT_EQ(dialog.hDC(), nullptr); // which was not asked for
 }
 
+TEST_F(PrinterDialogTest, ThePaperHasMarginsOfTwoCentimetres)
+{
+    accept();
+    ASSERT_NE(dialog.hDC(), nullptr);
+    const QMarginsF margins = dialog.hDC()->pageLayout().margins(QPageLayout::Millimeter);
+    EXPECT_NEAR(margins.left(), 20, 0.1);
+    EXPECT_NEAR(margins.top(), 20, 0.1);
+    EXPECT_NEAR(margins.right(), 20, 0.1);
+    EXPECT_NEAR(margins.bottom(), 20, 0.1);
+}
+
 TEST_F(PrinterDialogTest, ACancelIsSilentWhereNoErrorIsAskedFor)
 {
     dialog.CancelError = false;

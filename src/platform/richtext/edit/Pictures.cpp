@@ -9,6 +9,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextTable>
 #include <QUrl>
 #include <QUuid>
 
@@ -108,6 +109,42 @@ void keepBytes(QTextImageFormat &format, const QImage &image)
     format.setProperty(RichTextProperty::PictureHeight, ParagraphFormat::toTwips(format.height()));
 }
 
+/// Pixels, as far as the format of a table says; otherwise an equal share of \a around.
+double columnWidth(const QTextTable &table, int column, double around)
+{
+    const QTextLength length = table.format().columnWidthConstraints().value(column);
+    return length.type() == QTextLength::VariableLength ? around / table.columns() : length.value(around);
+}
+
+/// What the text of the cell around \a place has of \a page, in pixels.
+double cellWidth(const QTextTable &table, int place, double page)
+{
+    const auto *outer = qobject_cast<const QTextTable *>(table.parentFrame());
+    const double around = outer ? cellWidth(*outer, table.firstPosition() - 1, page) : page;
+    const QTextTableCell cell = table.cellAt(place);
+    const QTextCharFormat format = cell.format();
+    const auto padding = [&](int side) {
+        return format.hasProperty(side) ? format.doubleProperty(side) : table.format().cellPadding();
+    };
+    double width = -table.format().border() - padding(QTextFormat::TableCellLeftPadding) -
+                   padding(QTextFormat::TableCellRightPadding);
+    for (int column = cell.column(); column < cell.column() + cell.columnSpan(); ++column)
+        width += columnWidth(table, column, around);
+    return width;
+}
+
+/// What the line of a picture at \a place has of a page \a page wide, in pixels.
+double lineWidth(const QTextDocument &document, int place, double page)
+{
+    constexpr double least = 1;
+    QTextCursor cursor(document.findBlock(place));
+    const QTextTable *table = cursor.currentTable();
+    const QTextBlockFormat format = cursor.blockFormat();
+    const double indents = format.leftMargin() + format.rightMargin() +
+                           (place == cursor.position() ? qMax(0.0, format.textIndent()) : 0.0);
+    return qMax(least, (table ? cellWidth(*table, place, page) : page) - indents);
+}
+
 } // namespace
 
 void Pictures::insert(QTextCursor &cursor, const QImage &image)
@@ -161,7 +198,7 @@ void Pictures::shrinkTo(const QSizeF &page, QTextDocument &document)
         QTextImageFormat format = run.charFormat().toImageFormat();
         const QSizeF size = shownSize(document, format);
         const double belowFoot = QFontMetricsF(format.font()).height(); // where the line's letters reach
-        const QSizeF area = page - QSizeF(0, belowFoot);
+        const QSizeF area(lineWidth(document, run.position(), page.width()), page.height() - belowFoot);
         if (size.boundedTo(area) == size)
             continue;
         const QSizeF fitting = size.scaled(area, Qt::KeepAspectRatio);

@@ -23,8 +23,8 @@ QImage selected(const QTextCursor &cursor);
 /// Makes each picture's name hold its bytes, as a data: URL, so that HTML carries it.
 void nameByBytes(QTextDocument &document);
 
-/// Gives every picture of \a document whose line is larger than \a page, in pixels, the largest size that
-/// fits.
+/// Gives every picture of \a document that is wider than its paragraph or cell, or whose line is higher than
+/// \a page, the largest size that fits. \a page is the size of a page's text in pixels.
 void shrinkTo(const QSizeF &page, QTextDocument &document);
 
 } // namespace Pictures

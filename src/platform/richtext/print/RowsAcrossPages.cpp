@@ -1,5 +1,7 @@
 #include "RowsAcrossPages.h"
 
+#include "DocumentTables.h"
+
 #include <QAbstractTextDocumentLayout>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -51,25 +53,12 @@ QList<QTextTableCell> cutLowCells(const QTextTable &table, double pageHeight)
     return low;
 }
 
-QList<QTextTable *> tablesOf(const QTextDocument &document)
-{
-    QList<QTextTable *> tables;
-    QList<QTextFrame *> frames{document.rootFrame()};
-    while (!frames.isEmpty()) {
-        QTextFrame *frame = frames.takeLast();
-        frames += frame->childFrames();
-        if (auto *table = qobject_cast<QTextTable *>(frame))
-            tables.append(table);
-    }
-    return tables;
-}
-
 } // namespace
 
 void RowsAcrossPages::alignTop(QTextDocument &document)
 {
     QList<QTextTableCell> cells;
-    for (const QTextTable *table : tablesOf(document))
+    for (const QTextTable *table : DocumentTables::of(document))
         cells += cutLowCells(*table, document.pageSize().height());
     if (cells.isEmpty())
         return;

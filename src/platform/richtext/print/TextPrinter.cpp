@@ -1,15 +1,15 @@
 #include "TextPrinter.h"
 
 #include "PagePainter.h"
+#include "PageTextPainter.h"
+#include "PaperLayout.h"
+#include "PaperSpacing.h"
 #include "ParagraphFormat.h"
-#include "Pictures.h"
 #include "PrintJob.h"
+#include "PrinterPaper.h"
 #include "RowsAcrossPages.h"
-#include "RuntimeError.h"
-#include "SmallCapitals.h"
 
 #include <QAbstractTextDocumentLayout>
-#include <QImage>
 #include <QPrinter>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -18,42 +18,13 @@
 
 namespace {
 
-constexpr int layoutDpi = 288; // fonts, by half points, and the screen's pixels come to whole dots
-
-/// What pages are laid out for. Not the printer, with whose many dots Qt's numbers end after some hundred
-/// pages.
-QImage layoutDevice()
+/// Moves the text away from headers and footers that reach into it; a negative margin lets them.
+void makeRoom(PageArea &area, const PageTextPainter &texts, const PageSetup &setup)
 {
-    constexpr double inchesPerMeter = 1 / 0.0254;
-    QImage device(1, 1, QImage::Format_RGB32);
-    device.setDotsPerMeterX(qRound(layoutDpi * inchesPerMeter));
-    device.setDotsPerMeterY(qRound(layoutDpi * inchesPerMeter));
-    return device;
-}
-
-/// Gives the letters their own widths, not those that a desktop's hinting rounds for its screen.
-void spaceForPaper(QTextDocument &document)
-{
-    QFont font = document.defaultFont();
-    font.setHintingPreference(QFont::PreferNoHinting);
-    document.setDefaultFont(font);
-}
-
-/// Qt scales text, pictures, tables and the space between lines and paragraphs to a device, but not the
-/// indents.
-void scaleIndents(QTextDocument &document, double factor)
-{
-    QTextCursor edit(&document);
-    edit.beginEditBlock();
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        QTextBlockFormat format = block.blockFormat();
-        format.setLeftMargin(format.leftMargin() * factor);
-        format.setRightMargin(format.rightMargin() * factor);
-        format.setTextIndent(format.textIndent() * factor);
-        edit.setPosition(block.position());
-        edit.setBlockFormat(format);
-    }
-    edit.endEditBlock();
+    if (setup.top.value_or(0) >= 0)
+        area.margins.setTop(qMax(area.margins.top(), texts.headerRoom()));
+    if (setup.bottom.value_or(0) >= 0)
+        area.margins.setBottom(qMax(area.margins.bottom(), texts.footerRoom()));
 }
 
 /// Qt paints the line before a page and the one behind it too. With room of a page's height above and below
@@ -67,23 +38,59 @@ void partPages(QTextDocument &document, double distance)
     document.rootFrame()->setFrameFormat(frame);
 }
 
-void layOut(QTextDocument &document, const QPrinter &printer, QPaintDevice &device)
+/// \a room in inches, above the first page's text. Qt gives the first paragraph no space before it.
+void lowerFirstPage(QTextDocument &document, double room)
 {
-    const QSizeF paper = printer.pageLayout().paintRect(QPageLayout::Inch).size();
-    if (paper.isEmpty()) // the margins leave nothing
-        throw RuntimeError(ErrorNumber::PrinterError);
-    const QSizeF onScreen = paper * ParagraphFormat::layoutDpi();
-    document.setUndoRedoEnabled(false);
-    spaceForPaper(document);
-    Pictures::shrinkTo(onScreen, document);
-    SmallCapitals::spellOut(document);
-    scaleIndents(document, layoutDpi / ParagraphFormat::layoutDpi());
-    partPages(document, onScreen.height());
+    const QTextBlock first = document.firstBlock();
+    PaperSpacing::insertBefore(first, qMax(0.0, room * ParagraphFormat::layoutDpi()) +
+                                          first.blockFormat().topMargin());
+}
+
+void setPages(QTextDocument &document, const QSizeF &text, QPaintDevice &device)
+{
+    const int dpi = device.logicalDpiX();
     // The device before the page: a page size given first is taken in the screen's pixels.
     document.documentLayout()->setPaintDevice(&device);
-    document.setPageSize({paper.width() * layoutDpi, 3 * paper.height() * layoutDpi});
-    RowsAcrossPages::alignTop(document);
+    document.setPageSize({text.width() * dpi, 3 * text.height() * dpi});
 }
+
+/// In fine dots if the pages are not too many. Returns how many there are to the inch.
+int layOut(QTextDocument &document, const QSizeF &text, QPaintDevice &coarse, QPaintDevice &fine)
+{
+    PaperLayout::fit(document, text, PaperLayout::coarseDpi);
+    partPages(document, text.height() * ParagraphFormat::layoutDpi());
+    setPages(document, text, coarse);
+    const bool isShort =
+        document.pageCount() * document.pageSize().height() * PaperLayout::fineDpi / PaperLayout::coarseDpi <
+        PaperLayout::farthest;
+    if (isShort) {
+        PaperLayout::change(document, PaperLayout::coarseDpi, PaperLayout::fineDpi);
+        setPages(document, text, fine);
+    }
+    RowsAcrossPages::alignTop(document);
+    return isShort ? PaperLayout::fineDpi : PaperLayout::coarseDpi;
+}
+
+/// Lets \a painter paint in dots of which \a dpi are an inch, from \a corner on, in inches, as long as this
+/// lives.
+class DotsOfPaper
+{
+public:
+    DotsOfPaper(QPainter &painter, const QPrinter &printer, const QPointF &corner, int dpi)
+        : m_painter(painter)
+    {
+        const double factor = double(printer.logicalDpiX()) / dpi;
+        m_painter.save();
+        m_painter.scale(factor, factor);
+        m_painter.translate(corner * dpi);
+    }
+    ~DotsOfPaper() { m_painter.restore(); }
+    DotsOfPaper(const DotsOfPaper &) = delete;
+    DotsOfPaper &operator=(const DotsOfPaper &) = delete;
+
+private:
+    QPainter &m_painter;
+};
 
 /// The pages in the order in which they are printed. Copies are the printer's matter where it makes any.
 QList<int> printOrder(const QPrinter &printer, int count)
@@ -104,17 +111,28 @@ QList<int> printOrder(const QPrinter &printer, int count)
 void TextPrinter::print(QTextDocument &document, QPrinter &printer,
                         const std::optional<QTextCharFormat> &linkLook)
 {
-    QImage device = layoutDevice();
-    layOut(document, printer, device);
+    const PageSetup setup = PageSetup::of(document);
+    const PrinterPaper paper(setup, printer);
+    PageArea area = paper.area();
+    QImage coarse = PaperLayout::device(PaperLayout::coarseDpi);
+    QImage fine = PaperLayout::device(PaperLayout::fineDpi);
+    PageTextPainter texts(document, area, fine);
+    makeRoom(area, texts, setup);
+    lowerFirstPage(document, texts.firstHeaderRoom() - area.margins.top());
+    const int dpi = layOut(document, area.text(), coarse, fine);
     PrintJob job(printer);
-    const double factor = double(printer.logicalDpiX()) / layoutDpi;
-    job.painter().scale(factor, factor);
     const PagePainter pages(document, linkLook);
     bool isFirst = true;
     for (const int page : printOrder(printer, document.pageCount())) {
         if (!std::exchange(isFirst, false))
             job.newPage();
-        pages.paint(page, job.painter());
+        const QPointF corner(area.left(page + setup.firstNumber), area.margins.top());
+        {
+            const DotsOfPaper dots(job.painter(), printer, corner - paper.origin(), dpi);
+            pages.paint(page, job.painter());
+        }
+        const DotsOfPaper dots(job.painter(), printer, corner - paper.origin(), PaperLayout::fineDpi);
+        texts.paint(page, document.pageCount(), area, job.painter());
     }
     job.finish();
 }

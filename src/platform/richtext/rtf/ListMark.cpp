@@ -46,7 +46,9 @@ QString letters(int number)
     return text;
 }
 
-QString numeral(QTextListFormat::Style style, int number)
+} // namespace
+
+QString ListMark::numeral(QTextListFormat::Style style, int number)
 {
     constexpr int largestRoman = 4999;
     constexpr int largest = 1000000; // nobody reads letters or numerals of more
@@ -65,8 +67,6 @@ QString numeral(QTextListFormat::Style style, int number)
         return QString::number(number);
     }
 }
-
-} // namespace
 
 int ListMark::kind(const QTextListFormat &format)
 {

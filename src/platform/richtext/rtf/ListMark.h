@@ -11,6 +11,9 @@ bool isNumbered(const QTextListFormat &format);
 /// The format's own number for how items are marked: 0 decimal, 1 and 2 roman, 3 and 4 letters, 23 bullets.
 int kind(const QTextListFormat &format);
 
+/// \a number in the style of a numbered list, as it is without the text around it.
+QString numeral(QTextListFormat::Style style, int number);
+
 /// The text before and behind the number of an item; Qt puts a dot behind it where the format has none.
 QString before(const QTextListFormat &format);
 QString behind(const QTextListFormat &format);

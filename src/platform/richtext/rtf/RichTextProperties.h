@@ -23,6 +23,7 @@ enum Id {
     // Characters (QTextCharFormat)
     BaselineShift = QTextFormat::UserProperty + 100, ///< int, half points, up positive
     Language,                                        ///< int, language number as the file gave it
+    Field, ///< QString, what the field asks for whose result the text is: "PAGE"; in headers and footers
 
     // Pictures (QTextImageFormat); the shown size is the format's own width and height in pixels
     PictureBytes = QTextFormat::UserProperty + 200, ///< QByteArray, the picture as it came
@@ -36,6 +37,10 @@ enum Id {
 
     // Tables (QTextTableFormat)
     RowTwips = QTextFormat::UserProperty + 300, ///< QString, right cell edges of the columns, "1440 2880"
+
+    // Pages (QTextFrameFormat of the root frame)
+    PageWord = QTextFormat::UserProperty + 400, ///< int, the first of as many as PageFormat::Word has
+    PageText = QTextFormat::UserProperty + 500, ///< shared document, the first of as many as PageTexts::Kind
 };
 
 } // namespace RichTextProperty

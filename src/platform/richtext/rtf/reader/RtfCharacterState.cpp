@@ -44,12 +44,12 @@ int underlineStyle(RtfWord word)
 
 quint32 RtfCharacterState::apply(const RtfToken &token)
 {
-    const auto set = [](int &field, int value, Property property) {
-        field = value;
+    const auto set = [](int &member, int value, Property property) {
+        member = value;
         return quint32(property);
     };
-    const auto colour = [&](int &field, Property property) {
-        return set(field, qMax(0, token.parameter), property);
+    const auto colour = [&](int &member, Property property) {
+        return set(member, qMax(0, token.parameter), property);
     };
     switch (token.word) {
     case RtfWord::Bold:
@@ -101,9 +101,9 @@ void RtfCharacterState::take(const RtfCharacterState &other, quint32 which)
 {
     const int bits = int(which & Switches);
     switches = (switches & ~bits) | (other.switches & bits);
-    const auto copy = [&](int RtfCharacterState::*field, quint32 property) {
+    const auto copy = [&](int RtfCharacterState::*member, quint32 property) {
         if ((which & property) != 0)
-            this->*field = other.*field;
+            this->*member = other.*member;
     };
     copy(&RtfCharacterState::font, Font);
     copy(&RtfCharacterState::halfPoints, Size);

@@ -41,7 +41,7 @@ struct RtfCharacterState
     int shading = 0;
     int highlight = 0;
     int language = 0;
-    int link = 0; ///< 0 is none; belongs to the field, not to control words
+    int field = 0; ///< RtfFormats, the one whose result the text is; 0 is none
 
     bool operator==(const RtfCharacterState &other) const = default;
     bool isShown() const { return (switches & (Hidden | Deleted)) == 0; }

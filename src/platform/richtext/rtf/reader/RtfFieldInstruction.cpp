@@ -74,5 +74,7 @@ RtfFieldInstruction RtfFieldInstruction::parse(const QString &text)
         parseLink(words, field);
     else if (name == QLatin1String("SYMBOL"))
         parseSign(words, field);
+    field.isPageNumber = name == QLatin1String("PAGE") || name == QLatin1String("NUMPAGES") ||
+                         name == QLatin1String("SECTIONPAGES");
     return field;
 }

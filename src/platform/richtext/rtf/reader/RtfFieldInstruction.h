@@ -8,6 +8,7 @@ struct RtfFieldInstruction
     QString address; ///< where a hyperlink leads: an address, "#" and a bookmark, or both
     int sign = -1;   ///< the place of a sign in \a font
     QString font;
+    bool isPageNumber = false; ///< the number of the page, or how many there are
 
     static RtfFieldInstruction parse(const QString &text);
 };

@@ -1,6 +1,8 @@
 #pragma once
 
 // The one list of control words: spelling, name in RtfWord, subject in RtfSubject.
+// Intended: \clpadl is about the top of a cell and \clpadt about its left, as all programs have it that write
+// them.
 // clang-format off
 #define RTF_KEYWORDS(row) \
     row("ansi", Ansi, Document) \
@@ -43,6 +45,14 @@
     row("upr", UnicodePair, Destination) \
     row("ud", UnicodeText, Destination) \
     row("nesttableprops", NestedRow, Destination) \
+    row("header", Header, Destination) \
+    row("headerl", HeaderLeft, Destination) \
+    row("headerr", HeaderRight, Destination) \
+    row("headerf", HeaderFirst, Destination) \
+    row("footer", Footer, Destination) \
+    row("footerl", FooterLeft, Destination) \
+    row("footerr", FooterRight, Destination) \
+    row("footerf", FooterFirst, Destination) \
     row("shpgrp", ShapeGroup, Destination) \
     row("sp", ShapeProperty, Destination) \
     row("do", Drawing, Destination) \
@@ -94,10 +104,6 @@
     row("colorschememapping", ColorMapping, Skipped) \
     row("datastore", DataStore, Skipped) \
     row("filetbl", FileTable, Skipped) \
-    row("footer", Footer, Skipped) \
-    row("footerf", FooterFirst, Skipped) \
-    row("footerl", FooterLeft, Skipped) \
-    row("footerr", FooterRight, Skipped) \
     row("formfield", FormField, Skipped) \
     row("ftncn", FootnoteNotice, Skipped) \
     row("ftnsep", FootnoteSeparator, Skipped) \
@@ -106,10 +112,6 @@
     row("aftnsep", EndnoteSeparator, Skipped) \
     row("aftnsepc", EndnoteLongSeparator, Skipped) \
     row("generator", Generator, Skipped) \
-    row("header", Header, Skipped) \
-    row("headerf", HeaderFirst, Skipped) \
-    row("headerl", HeaderLeft, Skipped) \
-    row("headerr", HeaderRight, Skipped) \
     row("info", Info, Skipped) \
     row("latentstyles", LatentStyles, Skipped) \
     row("listpicture", ListPicture, Skipped) \
@@ -231,6 +233,22 @@
     row("cellx", CellEdge, Row) \
     row("trleft", RowLeft, Row) \
     row("trgaph", RowGap, Row) \
+    row("trpaddl", RowPadLeft, Row) \
+    row("trpaddt", RowPadTop, Row) \
+    row("trpaddr", RowPadRight, Row) \
+    row("trpaddb", RowPadBottom, Row) \
+    row("trpaddfl", RowPadLeftUnit, Row) \
+    row("trpaddft", RowPadTopUnit, Row) \
+    row("trpaddfr", RowPadRightUnit, Row) \
+    row("trpaddfb", RowPadBottomUnit, Row) \
+    row("clpadl", CellPadTop, Row) \
+    row("clpadt", CellPadLeft, Row) \
+    row("clpadr", CellPadRight, Row) \
+    row("clpadb", CellPadBottom, Row) \
+    row("clpadfl", CellPadTopUnit, Row) \
+    row("clpadft", CellPadLeftUnit, Row) \
+    row("clpadfr", CellPadRightUnit, Row) \
+    row("clpadfb", CellPadBottomUnit, Row) \
     row("rtlrow", RightToLeftRow, Row) \
     row("trql", RowAtLeft, Row) \
     row("trqc", RowInCenter, Row) \
@@ -263,6 +281,41 @@
     row("brdrw", BorderWidth, Row) \
     row("brdrcf", BorderColor, Row) \
     \
+    row("paperw", PaperWidth, Page) \
+    row("paperh", PaperHeight, Page) \
+    row("margl", MarginLeft, Page) \
+    row("margr", MarginRight, Page) \
+    row("margt", MarginTop, Page) \
+    row("margb", MarginBottom, Page) \
+    row("gutter", Gutter, Page) \
+    row("deftab", TabDistance, Page) \
+    row("pgnstart", FirstPageNumber, Page) \
+    row("landscape", Landscape, Page) \
+    row("facingp", FacingPages, Page) \
+    row("margmirror", MirroredMargins, Page) \
+    row("pgwsxn", SectionWidth, Page) \
+    row("pghsxn", SectionHeight, Page) \
+    row("marglsxn", SectionLeft, Page) \
+    row("margrsxn", SectionRight, Page) \
+    row("margtsxn", SectionTop, Page) \
+    row("margbsxn", SectionBottom, Page) \
+    row("guttersxn", SectionGutter, Page) \
+    row("headery", HeaderDistance, Page) \
+    row("footery", FooterDistance, Page) \
+    row("pgnstarts", SectionNumber, Page) \
+    row("lndscpsxn", SectionLandscape, Page) \
+    row("margmirsxn", SectionMirrored, Page) \
+    row("titlepg", TitlePage, Page) \
+    row("pgnrestart", PageNumbersRestart, Page) \
+    row("pgndec", PageDecimal, Page) \
+    row("pgnucrm", PageUpperRoman, Page) \
+    row("pgnlcrm", PageLowerRoman, Page) \
+    row("pgnucltr", PageUpperLetters, Page) \
+    row("pgnlcltr", PageLowerLetters, Page) \
+    row("cols", Columns, Page) \
+    row("colsx", ColumnGap, Page) \
+    row("linebetcol", ColumnLine, Page) \
+    \
     row("par", ParagraphEnd, Sign) \
     row("sect", SectionEnd, Sign) \
     row("sectd", SectionDefault, Sign) \
@@ -273,6 +326,7 @@
     row("row", RowEnd, Sign) \
     row("nestrow", NestedRowEnd, Sign) \
     row("chftn", NoteReference, Sign) \
+    row("chpgn", PageNumber, Sign) \
     row("tab", Tab, Sign) \
     row("line", Line, Sign) \
     row("lbr", ClearedLine, Sign) \

@@ -59,3 +59,8 @@ RtfSubject RtfKeywords::subject(RtfWord word)
 {
     return rows[size_t(word)].subject;
 }
+
+QByteArrayView RtfKeywords::spelling(RtfWord word)
+{
+    return rows[size_t(word)].spelling;
+}

@@ -21,6 +21,7 @@ enum class RtfSubject : quint8 {
     Character,
     Paragraph,
     Row,
+    Page,
     Sign,  ///< is text or ends a paragraph
     Detail ///< understood inside one destination only
 };
@@ -30,5 +31,8 @@ namespace RtfKeywords {
 RtfWord find(QByteArrayView spelling);
 
 RtfSubject subject(RtfWord word);
+
+/// Without its backslash.
+QByteArrayView spelling(RtfWord word);
 
 } // namespace RtfKeywords

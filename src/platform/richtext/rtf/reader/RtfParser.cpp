@@ -17,6 +17,7 @@ RtfParser::RtfParser(QByteArrayView bytes, QTextDocument &document)
     , m_formats(m_fonts, m_colors, m_stops)
     , m_lists(m_listOverrides, m_oldNumbering)
     , m_filler(document, m_formats, m_colors, m_lists)
+    , m_pages(document, m_formats, m_colors, m_lists)
     , m_body(m_fonts, m_formats, m_lists, m_filler)
 {}
 
@@ -30,6 +31,7 @@ void RtfParser::run()
         close();
     if (!m_isDone)
         m_body.finish(state());
+    m_pages.finish();
 }
 
 void RtfParser::read(const RtfToken &found)
@@ -187,7 +189,7 @@ void RtfParser::word(const RtfToken &token)
     case RtfSubject::Document:
         return documentWord(token);
     case RtfSubject::Destination:
-        return destination(token.word);
+        return destination(token);
     case RtfSubject::Character:
         return characterWord(token);
     case RtfSubject::Paragraph:
@@ -195,6 +197,8 @@ void RtfParser::word(const RtfToken &token)
     case RtfSubject::Row:
         m_body.row(state()).apply(token);
         break;
+    case RtfSubject::Page:
+        return m_pages.apply(token);
     case RtfSubject::Sign:
         return sign(token.word);
     case RtfSubject::None:
@@ -290,9 +294,9 @@ void RtfParser::characterWord(const RtfToken &token)
 {
     RtfState &here = state();
     if (token.word == RtfWord::Plain) {
-        const int link = here.characters.link;
+        const int field = here.characters.field;
         here.characters = RtfCharacterState();
-        here.characters.link = link;
+        here.characters.field = field;
         here.characterSet = 0;
         here.associated = RtfAssociatedLooks();
     } else if (token.word == RtfWord::CharacterStyle) {

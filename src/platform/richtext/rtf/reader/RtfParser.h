@@ -2,6 +2,7 @@
 
 #include "RtfBody.h"
 #include "RtfColorTable.h"
+#include "RtfPages.h"
 #include "RtfPictureReader.h"
 #include "RtfState.h"
 #include "RtfStyleSheet.h"
@@ -41,20 +42,26 @@ private:
     void pairOfRuns(RtfWord word);
     void dropStyle();
 
-    void destination(RtfWord word);
+    void destination(const RtfToken &token);
     void fieldDestination(RtfWord word);
     void pictureDestination(RtfWord word);
     void shapeDestination(RtfWord word);
     void beginPart(RtfPart &part, RtfState::End end);
     void beginInsertion();
     void beginNote();
+    void beginPageText(const RtfToken &token);
+    void beginStory(RtfState::End end);
     void end(const RtfState &ended);
     void endInstruction(const RtfState &ended);
+    void endField(const RtfState &ended);
+    void pageNumber(const QString &instruction, RtfCharacterState state);
 
     struct Field
     {
-        int link = 0;
+        int number = 0;         ///< RtfCharacterState::field
         bool hasResult = false; ///< what its result would say is in the document already
+        QString pageNumber;     ///< the instruction, where it asks for one
+        qsizetype place = 0;    ///< in the paragraph, where the result is to come
     };
     struct RunPair ///< of the two directions; the words before the second are about the other one
     {
@@ -73,6 +80,7 @@ private:
     std::vector<Field> m_fields;
     bool m_hasShapePicture = false;
     bool m_hasShape = false;
+    std::optional<PageTexts::Kind> m_pageText; ///< the one that is being read
     QString m_propertyName;
 
     RtfFontTable m_fonts;
@@ -87,5 +95,6 @@ private:
     RtfFormats m_formats;
     RtfLists m_lists;
     RtfDocumentFiller m_filler;
+    RtfPages m_pages;
     RtfBody m_body;
 };

@@ -9,9 +9,9 @@ void RtfParser::beginPart(RtfPart &part, RtfState::End end)
     state().end = end;
 }
 
-void RtfParser::destination(RtfWord word)
+void RtfParser::destination(const RtfToken &token)
 {
-    switch (word) {
+    switch (token.word) {
     case RtfWord::FontTable:
         m_body.forgetFont();
         m_fonts.begin();
@@ -47,13 +47,22 @@ void RtfParser::destination(RtfWord word)
     case RtfWord::Field:
     case RtfWord::FieldInstruction:
     case RtfWord::FieldResult:
-        return fieldDestination(word);
+        return fieldDestination(token.word);
     case RtfWord::Picture:
     case RtfWord::ShapePicture:
     case RtfWord::NonShapePicture:
-        return pictureDestination(word);
+        return pictureDestination(token.word);
+    case RtfWord::Header:
+    case RtfWord::HeaderLeft:
+    case RtfWord::HeaderRight:
+    case RtfWord::HeaderFirst:
+    case RtfWord::Footer:
+    case RtfWord::FooterLeft:
+    case RtfWord::FooterRight:
+    case RtfWord::FooterFirst:
+        return beginPageText(token);
     default:
-        return shapeDestination(word);
+        return shapeDestination(token.word);
     }
 }
 
@@ -68,8 +77,8 @@ void RtfParser::fieldDestination(RtfWord word)
     } else if (!m_fields.empty()) {
         if (m_fields.back().hasResult)
             m_lexer.skipGroup();
-        else if (m_fields.back().link != 0)
-            state().characters.link = m_fields.back().link;
+        else if (m_fields.back().number != 0)
+            state().characters.field = m_fields.back().number;
     }
 }
 
@@ -118,21 +127,31 @@ void RtfParser::shapeDestination(RtfWord word)
 
 void RtfParser::beginInsertion()
 {
-    if (!m_body.beginInsertion())
-        return;
-    state().end = RtfState::End::Insertion;
-    state().characters = RtfCharacterState();
-    state().characterSet = 0;
-    state().associated = RtfAssociatedLooks();
-    state().paragraph = RtfParagraphState();
-    state().paragraphSet = 0;
+    if (m_body.beginInsertion())
+        beginStory(RtfState::End::Insertion);
 }
 
 void RtfParser::beginNote()
 {
-    if (!m_body.beginNote(state().characters))
+    if (m_body.beginNote(state().characters))
+        beginStory(RtfState::End::Note);
+}
+
+void RtfParser::beginPageText(const RtfToken &token)
+{
+    const std::optional<PageTexts::Kind> kind = m_pages.kind(token);
+    if (!kind || !m_body.beginPageText()) {
+        m_lexer.skipGroup();
         return;
-    state().end = RtfState::End::Note;
+    }
+    m_pageText = kind;
+    beginStory(RtfState::End::PageText);
+}
+
+/// Text of its own has nothing of the look of the text around it.
+void RtfParser::beginStory(RtfState::End end)
+{
+    state().end = end;
     state().characters = RtfCharacterState();
     state().characterSet = 0;
     state().associated = RtfAssociatedLooks();
@@ -158,8 +177,7 @@ void RtfParser::end(const RtfState &ended)
     case RtfState::End::Instruction:
         return endInstruction(ended);
     case RtfState::End::Field:
-        m_fields.pop_back();
-        break;
+        return endField(ended);
     case RtfState::End::Picture: {
         const QTextImageFormat format = m_picture.end();
         m_hasShapePicture = !format.name().isEmpty();
@@ -169,6 +187,9 @@ void RtfParser::end(const RtfState &ended)
         return m_body.endNote(ended);
     case RtfState::End::Insertion:
         return m_body.endInsertion(ended, state());
+    case RtfState::End::PageText:
+        m_pages.keep(*std::exchange(m_pageText, {}), m_body.endPageText(ended));
+        break;
     case RtfState::End::PropertyName:
         m_propertyName = m_text.end().trimmed();
         break;
@@ -177,14 +198,37 @@ void RtfParser::end(const RtfState &ended)
 
 void RtfParser::endInstruction(const RtfState &ended)
 {
-    const RtfFieldInstruction instruction = RtfFieldInstruction::parse(m_text.end());
+    const QString text = m_text.end();
+    const RtfFieldInstruction instruction = RtfFieldInstruction::parse(text);
     if (m_fields.empty())
         return;
     Field &field = m_fields.back();
     if (!instruction.address.isEmpty())
-        field.link = m_formats.linkTo(instruction.address);
+        field.number = m_formats.linkTo(instruction.address);
+    else if (m_pageText && instruction.sign < 0)
+        field.number = m_formats.fieldOf(text.simplified());
+    if (instruction.isPageNumber)
+        field.pageNumber = text.simplified();
+    field.place = m_body.place();
     if (instruction.sign < 0)
         return;
     m_body.sign(char16_t(instruction.sign), instruction.font, ended.characters);
     field.hasResult = true;
+}
+
+void RtfParser::endField(const RtfState &ended)
+{
+    const Field field = m_fields.back();
+    m_fields.pop_back();
+    if (!field.pageNumber.isEmpty() && m_body.place() == field.place)
+        pageNumber(field.pageNumber, ended.characters);
+}
+
+/// A number that a page's own one takes the place of when it is printed.
+void RtfParser::pageNumber(const QString &instruction, RtfCharacterState state)
+{
+    if (!m_pageText)
+        return;
+    state.field = m_formats.fieldOf(instruction);
+    m_body.character(u'1', state);
 }

@@ -43,12 +43,14 @@ void RtfParser::sign(RtfWord word)
     case RtfWord::ParagraphEnd:
         return m_body.endParagraph(state());
     case RtfWord::SectionEnd:
+        m_pages.endSection();
+        return m_body.breakPage(state());
     case RtfWord::PageBreak:
         return m_body.breakPage(state());
     case RtfWord::SectionWithoutBreak:
         return m_body.setNextBreaksPage(false);
     case RtfWord::SectionDefault:
-        break;
+        return m_pages.beginSection();
     case RtfWord::CellEnd:
         return m_body.endCell(state(), false);
     case RtfWord::NestedCellEnd:
@@ -58,6 +60,8 @@ void RtfParser::sign(RtfWord word)
         return m_body.endRow(state());
     case RtfWord::NoteReference:
         return m_body.noteReference(state().characters);
+    case RtfWord::PageNumber:
+        return pageNumber(QStringLiteral("PAGE"), state().characters);
     default:
         character(
             std::find_if(signs.begin(), signs.end(), [&](SignWord s) { return s.word == word; })->character);

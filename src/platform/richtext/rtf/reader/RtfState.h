@@ -20,6 +20,7 @@ struct RtfState
         Picture,
         Note,
         Insertion,
+        PageText,
         PropertyName
     };
 

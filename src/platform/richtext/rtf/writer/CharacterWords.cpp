@@ -88,6 +88,25 @@ bool isItalic(const QTextCharFormat &format, const QFont &standard)
 
 constexpr int plainSize = 24; // half points
 
+QByteArray linkTo(const QString &address)
+{
+    const bool isInside = address.startsWith(u'#');
+    QString target = isInside ? address.mid(1) : address;
+    target.replace(u'\\', QLatin1String("\\\\")).replace(u'"', QLatin1String("%22"));
+    QByteArray out = isInside ? "HYPERLINK \\\\l \"" : "HYPERLINK \"";
+    RtfWords::appendText(out, target);
+    return out.append('"');
+}
+
+QByteArray instructionOf(const QTextCharFormat &format)
+{
+    if (format.isAnchor() && !format.anchorHref().isEmpty())
+        return linkTo(format.anchorHref());
+    QByteArray out;
+    RtfWords::appendText(out, format.stringProperty(RichTextProperty::Field));
+    return out;
+}
+
 } // namespace
 
 CharacterWords::CharacterWords(const QList<QTextFormat> &formats, RtfHeader &header)
@@ -95,7 +114,6 @@ CharacterWords::CharacterWords(const QList<QTextFormat> &formats, RtfHeader &hea
     , m_header(header)
     , m_runs(formats.size() * NeedCount)
     , m_signs(signsOf(formats))
-    , m_addresses{QString()}
 {}
 
 CharacterWords::Run CharacterWords::run(int format, QStringView text)
@@ -138,13 +156,7 @@ CharacterWords::Run CharacterWords::make(const QTextCharFormat &format, int need
 {
     Run run;
     run.words = m_words.number(wordsOf(format, needs));
-    if (format.isAnchor() && !format.anchorHref().isEmpty()) {
-        run.link = int(m_addresses.indexOf(format.anchorHref()));
-        if (run.link < 0) {
-            run.link = int(m_addresses.size());
-            m_addresses.append(format.anchorHref());
-        }
-    }
+    run.field = m_fields.number(instructionOf(format));
     run.isPicture = format.isImageFormat();
     return run;
 }

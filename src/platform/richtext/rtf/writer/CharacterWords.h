@@ -15,7 +15,7 @@ public:
     struct Run
     {
         int words = -1; ///< equal for formats that are written alike
-        int link = 0;   ///< equal for formats that lead to the same address; 0 for none
+        int field = 0;  ///< equal for text of the same field, such as a link; 0 for none
         bool isPicture = false;
     };
 
@@ -33,8 +33,8 @@ public:
     /// What differs from plain text, for Run::words.
     const QByteArray &words(int number) const { return m_words.at(number); }
 
-    /// For Run::link.
-    const QString &address(int link) const { return m_addresses.at(link); }
+    /// What the field asks for, as it is written, for Run::field.
+    const QByteArray &instruction(int field) const { return m_fields.at(field); }
 
     QTextCharFormat format(int format) const { return m_formats.at(format).toCharFormat(); }
 
@@ -56,5 +56,5 @@ private:
     QList<Run> m_runs;                  ///< by format and needs; without words until it was asked for
     QList<RtfSymbolFont::Kind> m_signs; ///< by format
     WordSet m_words;
-    QStringList m_addresses;
+    WordSet m_fields;
 };

@@ -6,6 +6,7 @@
 #include "WrittenColours.h"
 
 #include <QTextTable>
+#include <array>
 #include <numeric>
 
 using ParagraphFormat::toTwips;
@@ -86,7 +87,14 @@ const char *borderWord(QTextFrameFormat::BorderStyle style)
     }
 }
 
-QByteArray startOf(const QTextTableFormat &format)
+/// Twips, on the side whose property of cell formats is \a side.
+int paddingOf(const QTextTable &table, const QTextTableCell &cell, int side)
+{
+    const QTextCharFormat format = cell.format();
+    return toTwips(format.hasProperty(side) ? format.doubleProperty(side) : table.format().cellPadding());
+}
+
+QByteArray startOf(const QTextTableFormat &format, int gap)
 {
     QByteArray out = "\\trowd";
     if (format.layoutDirection() == Qt::RightToLeft)
@@ -95,9 +103,9 @@ QByteArray startOf(const QTextTableFormat &format)
         RtfWords::append(out, "trqc");
     else if (format.alignment().testFlag(Qt::AlignRight))
         RtfWords::append(out, "trqr");
-    if (format.cellPadding() > 0)
-        RtfWords::appendLength(out, "trgaph", toTwips(format.cellPadding()));
-    if (format.leftMargin() > 0)
+    if (gap > 0)
+        RtfWords::appendLength(out, "trgaph", gap);
+    if (toTwips(format.leftMargin()) != 0)
         RtfWords::appendLength(out, "trleft", toTwips(format.leftMargin()));
     return out;
 }
@@ -109,7 +117,8 @@ RowWords::RowWords(const QTextTable &table, int firstRow, WrittenColours &colour
     , m_firstRow(firstRow)
     , m_colours(colours)
     , m_edges(keptEdges(table))
-    , m_start(startOf(table.format()))
+    , m_gap(paddingOf(table, table.cellAt(firstRow, 0), QTextFormat::TableCellLeftPadding))
+    , m_start(startOf(table.format(), m_gap))
     , m_borders(borders())
 {
     if (m_edges.isEmpty())
@@ -144,10 +153,35 @@ QByteArray RowWords::cell(int row, int column) const
     else if (format.verticalAlignment() == QTextCharFormat::AlignBottom)
         RtfWords::append(out, "clvertalb");
     out.append(m_borders);
+    appendPadding(out, cell);
     const int colour = m_colours.number(format.background());
     if (colour != 0)
         RtfWords::append(out, "clcbpat", colour);
     return out;
+}
+
+/// Intended: the words for top and left are used for each other, as all programs do.
+void RowWords::appendPadding(QByteArray &out, const QTextTableCell &cell) const
+{
+    struct Side
+    {
+        int property;
+        const char *length;
+        const char *unit;
+        int usual;
+    };
+    const std::array<Side, 4> sides = {{{QTextFormat::TableCellTopPadding, "clpadl", "clpadfl", 0},
+                                        {QTextFormat::TableCellLeftPadding, "clpadt", "clpadft", m_gap},
+                                        {QTextFormat::TableCellBottomPadding, "clpadb", "clpadfb", 0},
+                                        {QTextFormat::TableCellRightPadding, "clpadr", "clpadfr", m_gap}}};
+    constexpr int twips = 3;
+    for (const Side &side : sides) {
+        const int length = paddingOf(m_table, cell, side.property);
+        if (length == side.usual)
+            continue;
+        RtfWords::append(out, side.unit, twips);
+        RtfWords::appendLength(out, side.length, length);
+    }
 }
 
 QByteArray RowWords::borders() const

@@ -156,7 +156,7 @@ int RtfBodyWriter::wordsOfEmpty(const QTextBlock &block, int start)
 
 void RtfBodyWriter::runs(const QTextBlock &block, int next)
 {
-    int link = 0;
+    int field = 0;
     for (auto part = block.begin(); !part.atEnd(); ++part) {
         const QTextFragment fragment = part.fragment();
         const int start = qMax(next, m_from);
@@ -166,19 +166,19 @@ void RtfBodyWriter::runs(const QTextBlock &block, int next)
             continue;
         const QStringView text = QStringView(m_text).mid(start, end - start);
         const CharacterWords::Run run = m_characters.run(fragment.charFormatIndex(), text);
-        if (run.link != link && link != 0)
-            m_stream.endLink();
-        if (run.link != link && run.link != 0)
-            m_stream.startLink(m_characters.address(run.link));
-        link = run.link;
+        if (run.field != field && field != 0)
+            m_stream.endField();
+        if (run.field != field && run.field != 0)
+            m_stream.startField(m_characters.instruction(run.field));
+        field = run.field;
         setCharacters(run.words);
         if (run.isPicture)
             pictures(fragment.charFormatIndex(), text);
         else
             m_stream.text(text);
     }
-    if (link != 0)
-        m_stream.endLink();
+    if (field != 0)
+        m_stream.endField();
 }
 
 void RtfBodyWriter::pictures(int format, QStringView places)

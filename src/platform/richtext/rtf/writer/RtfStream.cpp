@@ -50,19 +50,14 @@ void RtfStream::line(const QByteArray &words)
     m_wordIsOpen = false;
 }
 
-void RtfStream::startLink(const QString &address)
+void RtfStream::startField(const QByteArray &instruction)
 {
     endRun();
-    const bool isInside = address.startsWith(u'#');
-    QString target = isInside ? address.mid(1) : address;
-    target.replace(u'\\', QLatin1String("\\\\")).replace(u'"', QLatin1String("%22"));
-    m_out.append("{\\field{\\*\\fldinst HYPERLINK ").append(isInside ? "\\\\l \"" : "\"");
-    RtfWords::appendText(m_out, target);
-    m_out.append("\"}{\\fldrslt");
+    m_out.append("{\\field{\\*\\fldinst ").append(instruction).append("}{\\fldrslt");
     m_wordIsOpen = true;
 }
 
-void RtfStream::endLink()
+void RtfStream::endField()
 {
     endRun();
     m_out.append("}}");

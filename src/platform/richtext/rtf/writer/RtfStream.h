@@ -29,9 +29,9 @@ public:
     /// end has the characters' format, which then ends too.
     void line(const QByteArray &words);
 
-    /// Text between the two leads to \a address.
-    void startLink(const QString &address);
-    void endLink();
+    /// Text between the two is the result of the field that \a instruction, as it is written, asks for.
+    void startField(const QByteArray &instruction);
+    void endField();
 
     /// What was written; the stream is then done.
     QByteArray take() { return std::move(m_out); }

@@ -2,6 +2,7 @@
 
 #include "RtfBodyWriter.h"
 #include "RtfHeader.h"
+#include "RtfPageWriter.h"
 
 #include <QFont>
 #include <QTextBlock>
@@ -21,19 +22,19 @@ QFont standardFont(const QTextDocument &document)
     return font;
 }
 
-QByteArray writeRange(const QTextDocument &document, int from, int to)
+QByteArray whole(const RtfHeader &header, const QByteArray &pages, QByteArray body)
 {
-    RtfHeader header(standardFont(document));
-    QByteArray bytes = RtfBodyWriter(document, from, to, header).write();
-    bytes.prepend(header.bytes());
-    return bytes.append("}\n");
+    return body.prepend(header.bytes() + pages).append("}\n");
 }
 
 } // namespace
 
 QByteArray RtfWriter::write(const QTextDocument &document)
 {
-    return writeRange(document, 0, document.characterCount());
+    RtfHeader header(standardFont(document));
+    QByteArray body = RtfBodyWriter(document, 0, document.characterCount(), header).write();
+    const QByteArray pages = RtfPageWriter::write(document, header);
+    return whole(header, pages, std::move(body));
 }
 
 QByteArray RtfWriter::writeSelection(const QTextCursor &cursor)
@@ -47,5 +48,7 @@ QByteArray RtfWriter::writeSelection(const QTextCursor &cursor)
         end == last.position() + last.length() - 1 && cursor.selectionStart() <= last.position();
     if (hasLast && cursor.hasSelection())
         ++end;
-    return writeRange(document, cursor.selectionStart(), end);
+    RtfHeader header(standardFont(document));
+    QByteArray body = RtfBodyWriter(document, cursor.selectionStart(), end, header).write();
+    return whole(header, {}, std::move(body));
 }

@@ -11,6 +11,7 @@ class RtfWriter
 public:
     static QByteArray write(const QTextDocument &document);
 
-    /// The selection of \a cursor as a document of its own; an empty selection gives a document without text.
+    /// The selection of \a cursor as a document of its own, without what is about pages; an empty selection
+    /// gives a document without text.
     static QByteArray writeSelection(const QTextCursor &cursor);
 };

@@ -130,7 +130,7 @@ TEST_F(RtfWriterTables, KeepFramesAndColours)
     const QByteArray line = "\\brdrdot\\brdrw30\\brdrcf1";
     EXPECT_TRUE(bodyOf(document).contains("\\trowd\\trqc\\trgaph60\\trhdr\\clvertalc\\clbrdrt" + line +
                                           "\\clbrdrl" + line + "\\clbrdrb" + line + "\\clbrdrr" + line +
-                                          "\\clcbpat2\\cellx9000\n"))
+                                          "\\clpadfl3\\clpadl60\\clpadfb3\\clpadb60\\clcbpat2\\cellx9000\n"))
         << bodyOf(document).constData();
 }
 

@@ -161,7 +161,7 @@ void RtfBody::replaceLoneSurrogates()
         else if (text.at(i).isSurrogate())
             text[i] = QChar::ReplacementCharacter;
     }
-    m_hasSurrogates = false;
+    m_hasSurrogates = m_stories.size() > 1; // the text around it may have one as well
 }
 
 void RtfBody::addParagraph(const RtfState &state, int depth)
@@ -187,7 +187,7 @@ void RtfBody::addParagraph(const RtfState &state, int depth)
     m_breaksPage = false;
 
     RtfCharacterState end = state.characters;
-    end.link = 0;
+    end.field = 0;
     RtfFlow::Item item;
     item.list = m_lists.next(paragraph);
     item.format = m_formats.number(paragraph, item.list >= 0);
@@ -261,13 +261,43 @@ bool RtfBody::beginInsertion()
     return true;
 }
 
-void RtfBody::endInsertion(const RtfState &inside, const RtfState &outside)
+RtfFlow RtfBody::endStory(const RtfState &inside)
 {
     if (hasText())
         addParagraph(inside, inside.paragraph.depth());
     builder().finish();
     RtfFlow flow = std::move(builder().flow());
     m_stories.pop_back();
+    return flow;
+}
+
+bool RtfBody::beginPageText()
+{
+    flushBytes();
+    if (m_stories.size() > 1)
+        return false;
+    m_stories.emplace_back();
+    m_stories.back().breaksPage = std::exchange(m_breaksPage, false);
+    return true;
+}
+
+RtfFlow RtfBody::endPageText(const RtfState &inside)
+{
+    const bool breaksPage = m_stories.back().breaksPage;
+    RtfFlow flow = endStory(inside);
+    m_breaksPage = breaksPage;
+    return flow;
+}
+
+qsizetype RtfBody::place()
+{
+    flushBytes();
+    return builder().paragraph().text.size();
+}
+
+void RtfBody::endInsertion(const RtfState &inside, const RtfState &outside)
+{
+    RtfFlow flow = endStory(inside);
     const int depth = outside.paragraph.depth();
     if (hasText())
         addParagraph(outside, depth);

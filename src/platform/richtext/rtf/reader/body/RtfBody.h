@@ -37,9 +37,15 @@ public:
     /// open inside each other; the text then belongs to the paragraph.
     bool beginInsertion();
     void endInsertion(const RtfState &inside, const RtfState &outside);
+    /// Text that is not the document's own. False inside a note or an insertion.
+    bool beginPageText();
+    RtfFlow endPageText(const RtfState &inside);
     bool beginNote(const RtfCharacterState &state);
     void endNote(const RtfState &state);
     void noteReference(const RtfCharacterState &state);
+
+    /// The length of the paragraph that is being read.
+    qsizetype place();
 
     /// Brings all that is left into the document.
     void finish(const RtfState &state);
@@ -52,6 +58,7 @@ private:
         int note = 0;              ///< the number of a note, 0 when it has a mark of its own
         bool owesNumber = false;   ///< that number has yet to be put before the note
         bool hasReference = false; ///< the number of the next note in this text is written
+        bool breaksPage = false;   ///< the paragraph around it is to begin a page
     };
 
     RtfFlowBuilder &builder() { return m_stories.back().builder; }
@@ -62,6 +69,7 @@ private:
     void endRun(qsizetype start);
     void number(int number, const RtfCharacterState &state);
     void addParagraph(const RtfState &state, int depth);
+    RtfFlow endStory(const RtfState &inside);
     bool hasText();
     void replaceLoneSurrogates();
     void setLabel(bool isLabel);

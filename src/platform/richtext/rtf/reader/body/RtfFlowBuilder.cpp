@@ -56,7 +56,11 @@ void RtfFlowBuilder::endRow(RtfTable &table, int depth)
     const int count = int(table.cells.size()) - behindRows;
     if (count == 0)
         return;
+    // Inner rows that are not described are like those before; the description may be of a table within.
+    const bool isRepeated = depth > 1 && !row(depth).takeDescription() && !table.definitions.empty();
     RtfRow definition = row(depth).isDescribed() ? row(depth).row() : RtfRow();
+    if (isRepeated)
+        definition = table.definitions.back();
     definition.ensureCells(size_t(count));
     if (table.definitions.empty() || table.definitions.back() != definition)
         table.definitions.push_back(std::move(definition));

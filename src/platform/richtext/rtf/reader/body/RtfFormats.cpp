@@ -43,8 +43,14 @@ int RtfFormats::addPicture(const QTextImageFormat &format, const RtfCharacterSta
 
 int RtfFormats::linkTo(const QString &address)
 {
-    m_links.append(address);
-    return int(m_links.size());
+    m_fields.append({address, {}});
+    return int(m_fields.size());
+}
+
+int RtfFormats::fieldOf(const QString &instruction)
+{
+    m_fields.append({{}, instruction});
+    return int(m_fields.size());
 }
 
 QTextCharFormat RtfFormats::make(const RtfCharacterState &state) const
@@ -70,13 +76,21 @@ QTextCharFormat RtfFormats::make(const RtfCharacterState &state) const
         format.setUnderlineStyle(QTextCharFormat::UnderlineStyle(state.underline));
     if (state.language != 0)
         format.setProperty(RichTextProperty::Language, state.language);
-    if (state.link != 0) {
-        format.setAnchor(true);
-        format.setAnchorHref(m_links.at(state.link - 1));
-    }
+    if (state.field != 0)
+        setField(format, m_fields.at(state.field - 1));
     setPosition(format, state);
     setColors(format, state);
     return format;
+}
+
+void RtfFormats::setField(QTextCharFormat &format, const Field &field) const
+{
+    if (!field.instruction.isEmpty())
+        format.setProperty(RichTextProperty::Field, field.instruction);
+    if (field.address.isEmpty())
+        return;
+    format.setAnchor(true);
+    format.setAnchorHref(field.address);
 }
 
 void RtfFormats::setPosition(QTextCharFormat &format, const RtfCharacterState &state) const

@@ -27,10 +27,17 @@ public:
     const QTextCharFormat &characters(int number) const { return m_characters.at(number); }
     const QTextBlockFormat &paragraph(int number) const { return m_paragraphs.at(number); }
 
-    /// The number that RtfCharacterState::link has for text that leads to \a address.
+    /// The number that RtfCharacterState::field has for text that leads to \a address.
     int linkTo(const QString &address);
+    /// The same for text that is the result of another field.
+    int fieldOf(const QString &instruction);
 
 private:
+    struct Field
+    {
+        QString address;
+        QString instruction;
+    };
     struct HashBytes
     {
         template<typename State>
@@ -43,6 +50,7 @@ private:
     QTextCharFormat make(const RtfCharacterState &state) const;
     QTextBlockFormat make(const RtfParagraphState &state, bool isInList) const;
     void setColors(QTextCharFormat &format, const RtfCharacterState &state) const;
+    void setField(QTextCharFormat &format, const Field &field) const;
     void setPosition(QTextCharFormat &format, const RtfCharacterState &state) const;
 
     const RtfFontTable &m_fonts;
@@ -52,5 +60,5 @@ private:
     std::unordered_map<RtfParagraphState, int, HashBytes> m_paragraphNumbers;
     QList<QTextCharFormat> m_characters;
     QList<QTextBlockFormat> m_paragraphs;
-    QList<QString> m_links;
+    QList<Field> m_fields;
 };

@@ -18,3 +18,12 @@ void RtfRow::ensureCells(size_t count)
         cells.push_back(cell);
     }
 }
+
+int RtfRow::paddingOf(const Cell &cell, Side side) const
+{
+    if (cell.padding[side] >= 0)
+        return cell.padding[side];
+    if (padding[side] >= 0)
+        return padding[side];
+    return side == Left || side == Right ? gap : 0;
+}

@@ -1,11 +1,16 @@
 #pragma once
 
 #include <QtGlobal>
+#include <array>
 #include <vector>
 
 /// What control words say about a row of a table. Lengths in twips.
 struct RtfRow
 {
+    enum Side { Left, Top, Right, Bottom, SideCount };
+    using Padding = std::array<int, SideCount>; ///< -1 where nothing is said
+    static constexpr Padding noPadding = {-1, -1, -1, -1};
+
     struct Cell
     {
         int edge = 0; ///< the right one, from the same place as \a left
@@ -13,6 +18,7 @@ struct RtfRow
         int alignment = 0; ///< QTextCharFormat::VerticalAlignment, 0 is the top
         bool joinsLeft = false;
         bool joinsAbove = false;
+        Padding padding = noPadding;
 
         bool operator==(const Cell &other) const = default;
     };
@@ -20,7 +26,8 @@ struct RtfRow
     static constexpr size_t mostCells = 256;
 
     int left = 0;
-    int gap = 0;       ///< half of the space between cells
+    int gap = 0; ///< half of the space between cells
+    Padding padding = noPadding;
     int alignment = 0; ///< Qt::Alignment of the row between the margins, 0 is the left
     bool isHeader = false;
     bool isRightToLeft = false;
@@ -33,4 +40,7 @@ struct RtfRow
 
     /// Makes room for \a count cells, those that the file does not describe as wide as the last one.
     void ensureCells(size_t count);
+
+    /// Between the edge of a cell and its text.
+    int paddingOf(const Cell &cell, Side side) const;
 };

@@ -4,6 +4,7 @@
 
 #include <QTextCharFormat>
 #include <QTextFrameFormat>
+#include <array>
 
 namespace {
 
@@ -25,6 +26,7 @@ bool RtfRowReader::apply(const RtfToken &token)
     case RtfWord::RowDefault:
         reset();
         m_isDescribed = true;
+        m_isNew = true;
         break;
     case RtfWord::CellEdge:
         addCell(length);
@@ -100,9 +102,42 @@ bool RtfRowReader::apply(const RtfToken &token)
             m_row.borderColor = qMax(0, token.parameter);
         break;
     default:
-        return false;
+        return applyPadding(token);
     }
     return true;
+}
+
+bool RtfRowReader::applyPadding(const RtfToken &token)
+{
+    constexpr int twips = 3; // of the units the only one that lengths have
+    struct Word
+    {
+        RtfWord length;
+        RtfWord unit;
+    };
+    constexpr std::array<Word, RtfRow::SideCount> ofRow = {
+        {{RtfWord::RowPadLeft, RtfWord::RowPadLeftUnit},
+         {RtfWord::RowPadTop, RtfWord::RowPadTopUnit},
+         {RtfWord::RowPadRight, RtfWord::RowPadRightUnit},
+         {RtfWord::RowPadBottom, RtfWord::RowPadBottomUnit}}};
+    constexpr std::array<Word, RtfRow::SideCount> ofCell = {
+        {{RtfWord::CellPadLeft, RtfWord::CellPadLeftUnit},
+         {RtfWord::CellPadTop, RtfWord::CellPadTopUnit},
+         {RtfWord::CellPadRight, RtfWord::CellPadRightUnit},
+         {RtfWord::CellPadBottom, RtfWord::CellPadBottomUnit}}};
+    const auto applies = [&](const std::array<Word, RtfRow::SideCount> &words, RtfRow::Padding &padding) {
+        for (size_t side = 0; side < words.size(); ++side) {
+            if (token.word == words[side].length)
+                padding[side] = qBound(0, token.parameter, largest);
+            else if (token.word == words[side].unit && token.parameter != twips)
+                padding[side] = -1;
+            else if (token.word != words[side].unit)
+                continue;
+            return true;
+        }
+        return false;
+    };
+    return applies(ofRow, m_row.padding) || applies(ofCell, m_next.padding);
 }
 
 void RtfRowReader::applyBorder(int style)

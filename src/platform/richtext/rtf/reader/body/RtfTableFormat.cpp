@@ -7,12 +7,30 @@
 #include "Twips.h"
 
 #include <QStringList>
+#include <array>
 
 namespace {
 
 double toPixels(int twips)
 {
     return Twips::toPixels(twips, ParagraphFormat::layoutDpi());
+}
+
+/// In fractions of a pixel, from which the same twips are written.
+double exactly(int twips)
+{
+    return twips * ParagraphFormat::layoutDpi() / Twips::perInch;
+}
+
+void setPadding(QTextTableCellFormat &format, const RtfRow &row, const RtfRow::Cell &cell)
+{
+    constexpr std::array<int, RtfRow::SideCount> properties = {
+        QTextFormat::TableCellLeftPadding, QTextFormat::TableCellTopPadding,
+        QTextFormat::TableCellRightPadding, QTextFormat::TableCellBottomPadding};
+    for (int side = 0; side < RtfRow::SideCount; ++side) {
+        if (const int twips = row.paddingOf(cell, RtfRow::Side(side)); twips > 0)
+            format.setProperty(properties[size_t(side)], exactly(twips));
+    }
 }
 
 /// One look for the whole table, the first row's that has lines.
@@ -62,9 +80,9 @@ QTextTableFormat RtfTableFormat::table(const RtfTable &table, const RtfTableGrid
     format.setColumnWidthConstraints(widths);
     format.setProperty(RichTextProperty::RowTwips, edges.join(u' '));
     format.setCellSpacing(0);
-    format.setCellPadding(toPixels(first.gap));
-    if (grid.edges.front() > 0)
-        format.setLeftMargin(toPixels(grid.edges.front()));
+    format.setCellPadding(0); // cells have their own
+    if (grid.edges.front() != 0)
+        format.setLeftMargin(exactly(grid.edges.front()));
     if (first.alignment != 0)
         format.setAlignment(Qt::Alignment(first.alignment));
     if (first.isRightToLeft)
@@ -78,8 +96,10 @@ QTextTableFormat RtfTableFormat::table(const RtfTable &table, const RtfTableGrid
 QTextTableCellFormat RtfTableFormat::cell(const RtfTable &table, const RtfTableGrid::Cell &cell,
                                           const RtfColorTable &colors)
 {
-    const RtfRow::Cell &described = table.definitions[size_t(cell.definition)].cells[size_t(cell.place)];
+    const RtfRow &row = table.definitions[size_t(cell.definition)];
+    const RtfRow::Cell &described = row.cells[size_t(cell.place)];
     QTextTableCellFormat format;
+    setPadding(format, row, described);
     if (cell.rowSpan > 1)
         format.setTableCellRowSpan(cell.rowSpan);
     if (cell.columnSpan > 1)

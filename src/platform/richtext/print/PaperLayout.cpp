@@ -1,0 +1,63 @@
+#include "PaperLayout.h"
+
+#include "PaperSpacing.h"
+#include "ParagraphFormat.h"
+#include "Pictures.h"
+#include "SmallCapitals.h"
+
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+
+namespace {
+
+/// Gives the letters their own widths, not those that a desktop's hinting rounds for its screen.
+void spaceForPaper(QTextDocument &document)
+{
+    QFont font = document.defaultFont();
+    font.setHintingPreference(QFont::PreferNoHinting);
+    document.setDefaultFont(font);
+}
+
+/// Qt scales text, pictures, tables and the space between lines and paragraphs to a device, but not the
+/// indents.
+void scaleIndents(QTextDocument &document, double factor)
+{
+    QTextCursor edit(&document);
+    edit.beginEditBlock();
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        QTextBlockFormat format = block.blockFormat();
+        format.setLeftMargin(format.leftMargin() * factor);
+        format.setRightMargin(format.rightMargin() * factor);
+        format.setTextIndent(format.textIndent() * factor);
+        edit.setPosition(block.position());
+        edit.setBlockFormat(format);
+    }
+    edit.endEditBlock();
+}
+
+} // namespace
+
+QImage PaperLayout::device(int dpi)
+{
+    constexpr double inchesPerMeter = 1 / 0.0254;
+    QImage device(1, 1, QImage::Format_RGB32);
+    device.setDotsPerMeterX(qRound(dpi * inchesPerMeter));
+    device.setDotsPerMeterY(qRound(dpi * inchesPerMeter));
+    return device;
+}
+
+void PaperLayout::fit(QTextDocument &document, const QSizeF &text, int dpi)
+{
+    document.setUndoRedoEnabled(false);
+    spaceForPaper(document);
+    Pictures::shrinkTo(text * ParagraphFormat::layoutDpi(), document);
+    SmallCapitals::spellOut(document);
+    PaperSpacing::complete(document);
+    scaleIndents(document, dpi / ParagraphFormat::layoutDpi());
+}
+
+void PaperLayout::change(QTextDocument &document, int fromDpi, int toDpi)
+{
+    scaleIndents(document, double(toDpi) / fromDpi);
+}
