@@ -188,7 +188,7 @@ void TransferSession::waitLonger()
 void TransferSession::timeOut()
 {
     const auto wasDeaf = [this] { return m_connection->control().stream().hasInput() || m_job->hasInput(); };
-    if (!m_job->waitsForServer() || wasDeaf()) { // another handler may have taken long
+    if (!m_job->waitsForServer() || wasDeaf() || m_job->isTaken()) { // another handler may have taken long
         waitLonger();
         return;
     }

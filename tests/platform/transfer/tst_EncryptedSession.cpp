@@ -83,7 +83,8 @@ TEST_F(EncryptedSessionTest, ACertificateHasToBeRight)
     probe.session().setTrustedAuthorities(QString());
     EXPECT_EQ(probe.codeOf("DIR"), TransferError::CertificateAuthority);
     probe.session().setTrustedAuthorities(QStringLiteral("/nowhere/at/all"));
-    EXPECT_EQ(probe.codeOf("DIR"), TransferError::CertificateAuthority);
+    for (int i = 0; i < 2; ++i) // the second command begins anew
+        EXPECT_EQ(probe.codeOf("DIR"), TransferError::CertificateAuthority);
     EXPECT_EQ(server.commands("USER"), QByteArrayList());
     EXPECT_EQ(server.commands("PASS"), QByteArrayList());
 }

@@ -9,6 +9,8 @@
 #include "TransferProbe.h"
 
 #include <QDir>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <gtest/gtest.h>
 
 namespace {
@@ -300,6 +302,18 @@ TEST_F(TransferWaitsTest, ASilentServerTimesOut)
     server.keepSilent("CDUP");
     EXPECT_EQ(probe.codeOf("CDUP"), TransferError::TimedOut);
     EXPECT_EQ(probe.codeOf("DIR"), TransferError::ConnectionLost);
+}
+
+/// The end of a data connection that is not read yet is no sign of the server.
+TEST_F(TransferWaitsTest, ASilentServerWhoseDataHasEndedTimesOut)
+{
+    QTcpServer data;
+    ASSERT_TRUE(data.listen(QHostAddress::LocalHost));
+    QObject::connect(&data, &QTcpServer::newConnection, [&] { data.nextPendingConnection()->close(); });
+    server.setPassivePort(data.serverPort());
+    server.keepSilent("MLSD");
+    probe.session().setRequestTimeout(1);
+    EXPECT_EQ(probe.codeOf("DIR"), TransferError::TimedOut);
 }
 
 TEST_F(TransferWaitsTest, AServerThatTakesNoDataTimesOut)

@@ -19,8 +19,9 @@ FtpConnection::FtpConnection(const ServerAddress &address, const QByteArray &use
     : m_address(address)
     , m_user(user)
     , m_password(password)
-    , m_authorities(authorities)
 {
+    if (m_address.isEncrypted)
+        m_tls.emplace(authorities);
     on(&m_control, &FtpControl::encrypted, this, &FtpConnection::protectData);
 }
 
@@ -31,8 +32,6 @@ FtpConnection::~FtpConnection()
 
 void FtpConnection::logOn()
 {
-    if (m_address.isEncrypted)
-        m_tls.emplace(m_authorities);
     m_control.awaitReply([this](const FtpReply &reply) { greeted(reply); });
     m_control.open(m_address);
 }

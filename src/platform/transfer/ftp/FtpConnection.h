@@ -44,7 +44,6 @@ private:
     ServerAddress m_address;
     QByteArray m_user;
     QByteArray m_password;
-    QByteArray m_authorities;
     std::optional<TlsContext> m_tls;
     FtpControl m_control;
     bool m_isLoggedOn = false;

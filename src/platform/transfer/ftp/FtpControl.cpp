@@ -71,7 +71,9 @@ void FtpControl::awaitReply(Handler handler, Beginning beginning)
 
 void FtpControl::ask(const QByteArray &request, Handler handler, Beginning beginning)
 {
-    m_reader.clear(); // what is there already cannot be the reply
+    guarded([this] { discardInput(); });
+    if (!m_stream.isOpen())
+        return;
     awaitReply(std::move(handler), std::move(beginning));
     Q_EMIT stateChanged(InternetTransfer::Requesting);
     m_request = request + "\r\n";
@@ -95,12 +97,24 @@ void FtpControl::send()
     m_stream.watchWriting(!m_request.isEmpty());
 }
 
-void FtpControl::receive()
+/// What is there before a request is sent cannot be its reply, but may be the end of the session.
+void FtpControl::discardInput()
+{
+    constexpr int most = 64; // reads; a server that sends more without being asked floods
+    for (int i = 0; receive(); ++i) {
+        if (i == most)
+            throw TransferFailure(TransferError::InvalidResponse);
+    }
+    m_reader.clear();
+}
+
+/// Returns false where there is nothing to read.
+bool FtpControl::receive()
 {
     char bytes[SocketStream::leastRead];
     const qint64 got = m_stream.read(bytes, sizeof bytes);
     if (got == SocketStream::Nothing)
-        return;
+        return false;
     if (got <= 0)
         throw TransferFailure(m_lossCode);
     m_stream.acknowledge();
@@ -111,6 +125,7 @@ void FtpControl::receive()
         Q_EMIT stateChanged(InternetTransfer::ReceivingResponse);
     m_reader.add(QByteArrayView(bytes, got));
     takeReplies();
+    return true;
 }
 
 void FtpControl::takeReplies()

@@ -22,7 +22,7 @@ public:
     /// As close().
     ~FtpControl() override;
 
-    /// connected() follows, and the server's greeting, for which awaitReply() is called before.
+    /// The server's greeting follows, for which awaitReply() is called before.
     void open(const ServerAddress &address);
     /// encrypted() follows. Throws TransferFailure 12152 where the server has sent something that nobody
     /// asked for.
@@ -54,7 +54,8 @@ private:
     void connectTo(const SocketAddresses &addresses);
     void startReading();
     void send();
-    void receive();
+    void discardInput();
+    bool receive();
     void takeReplies();
     void dispatch(const FtpReply &reply);
     void fail(const TransferFailure &failure);

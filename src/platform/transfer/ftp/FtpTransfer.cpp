@@ -33,6 +33,12 @@ bool FtpTransfer::hasInput() const
     return m_direction == Direction::Receive && m_data.hasInput();
 }
 
+bool FtpTransfer::isTaken()
+{
+    const int before = std::exchange(m_unacknowledged, m_data.unacknowledged());
+    return before == 0 ? m_unacknowledged > 0 : m_unacknowledged < before;
+}
+
 void FtpTransfer::take(QByteArrayView)
 {}
 

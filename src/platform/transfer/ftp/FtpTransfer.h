@@ -11,6 +11,7 @@ class FtpTransfer : public FtpJob
 public:
     void letGo() override;
     bool hasInput() const override;
+    bool isTaken() override;
 
 protected:
     enum class Direction { Receive, Send };
@@ -52,7 +53,8 @@ private:
     QByteArray m_request;
     SocketStream m_data;
     QByteArray m_buffer;
-    qsizetype m_sent = 0; ///< of the buffer
+    qsizetype m_sent = 0;     ///< of the buffer
+    int m_unacknowledged = 0; ///< bytes when isTaken() was last asked
     std::optional<FtpReply> m_lastReply;
     bool m_hasBegun = false;
     bool m_hasEnded = false;

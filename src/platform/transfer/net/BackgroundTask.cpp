@@ -4,7 +4,9 @@
 
 #include <QSocketNotifier>
 #include <atomic>
+#include <cerrno>
 #include <sys/eventfd.h>
+#include <system_error>
 #include <thread>
 #include <unistd.h>
 
@@ -26,13 +28,30 @@ BackgroundTask::~BackgroundTask() = default;
 
 void BackgroundTask::start(std::function<int()> call)
 {
+    if (const int error = launch(std::move(call)); error != 0) {
+        QMetaObject::invokeMethod(
+            this, [this, error] { run([&] { Q_EMIT finished(error); }); }, Qt::QueuedConnection);
+        return;
+    }
     auto *notifier = new QSocketNotifier(m_shared->event, QSocketNotifier::Read, this);
     on(notifier, &QSocketNotifier::activated, this, [this, notifier] {
         notifier->setEnabled(false);
         Q_EMIT finished(m_shared->result);
     });
-    std::thread([shared = m_shared, call = std::move(call)] {
-        shared->result = call();
-        ::eventfd_write(shared->event, 1);
-    }).detach();
+}
+
+/// Returns the C library's code of what went wrong: there may be no more threads or files.
+int BackgroundTask::launch(std::function<int()> call)
+{
+    if (m_shared->event < 0)
+        return EMFILE;
+    try {
+        std::thread([shared = m_shared, call = std::move(call)] {
+            shared->result = call();
+            ::eventfd_write(shared->event, 1);
+        }).detach();
+        return 0;
+    } catch (const std::system_error &failure) {
+        return failure.code().value();
+    }
 }

@@ -25,5 +25,7 @@ Q_SIGNALS:
 private:
     struct Shared;
 
+    int launch(std::function<int()> call);
+
     std::shared_ptr<Shared> m_shared;
 };

@@ -5,8 +5,10 @@
 
 #include <QSocketNotifier>
 #include <cerrno>
+#include <linux/sockios.h>
 #include <netinet/tcp.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 #include <utility>
 
@@ -186,7 +188,13 @@ void SocketStream::watchWriting(bool wanted)
 bool SocketStream::hasInput() const
 {
     pollfd state = {m_socket, POLLIN, 0};
-    return isOpen() && ::poll(&state, 1, 0) > 0;
+    return m_read && m_read->isEnabled() && ::poll(&state, 1, 0) > 0;
+}
+
+int SocketStream::unacknowledged() const
+{
+    int bytes = 0;
+    return isOpen() && ::ioctl(m_socket, SIOCOUTQ, &bytes) == 0 ? bytes : 0;
 }
 
 void SocketStream::finishWriting()

@@ -11,7 +11,8 @@ class QSocketNotifier;
 class TlsChannel;
 class TlsContext;
 
-/// A TCP connection that never blocks, encrypted if that is asked for. Signals come from the event loop.
+/// A TCP connection that never blocks, encrypted if that is asked for. connectFailed(),
+/// encrypted() and encryptFailed() may come before the call that leads to them has returned.
 class SocketStream : public QObject
 {
     Q_OBJECT
@@ -45,8 +46,10 @@ public:
     /// Whether readable() and writable() are wanted, whenever they are true.
     void watchReading(bool wanted);
     void watchWriting(bool wanted);
-    /// True when there is something to read at this moment.
+    /// True when reading is watched and there is something to read at this moment.
     bool hasInput() const;
+    /// How many bytes were written that the other side has not acknowledged.
+    int unacknowledged() const;
 
     /// Ends this direction; the other side reads an end.
     void finishWriting();
