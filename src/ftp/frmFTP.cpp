@@ -88,6 +88,8 @@ void frmFTP::Form_Load()
     txtServer->setText(profile.server);
     txtUserName->setText(profile.userName);
     txtPassword->setText(profile.password);
+    for (QLineEdit *box : {txtAccount, txtServer, txtUserName})
+        box->setCursorPosition(0); // a long text shows its beginning
     GettingSize = false;
 }
 
@@ -132,7 +134,7 @@ void frmFTP::refresh()
     if (!waitUntilIdle())
         return;
     lstRemoteFile->Clear();
-    execute(FtpCommand::list);
+    execute(FtpCommand::list); // Intended: where the connection ended meanwhile, this logs on again
     setStatus(connected);
 }
 

@@ -17,12 +17,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QShortcut>
 #include <QToolButton>
 
 namespace {
 
 constexpr int buttonIconSize = 22; // pixels
 constexpr int imageSize = 32;      // the same
+constexpr int leastLetters = 16;   // of a text box
 constexpr int leastRows = 4;       // of a list, and one more of folders
 
 constexpr ToolMenuRow menuRows[] = {
@@ -40,6 +42,7 @@ constexpr ToolMenuRow menuRows[] = {
 QLineEdit *box(const char *name, QLineEdit *box, const QString &toolTip, const QString &spoken)
 {
     box->setToolTip(toolTip);
+    box->setMinimumWidth(leastLetters * box->fontMetrics().averageCharWidth());
     return named(name, box, spoken);
 }
 
@@ -228,6 +231,11 @@ void frmFTP::bind()
                                     {"cmdreceive", &frmFTP::cmdreceive_Click},
                                     {"imgReceiveFile", &frmFTP::cmdreceive_Click},
                                 });
+    for (const QLineEdit *box : {txtAccount, txtServer, txtUserName, txtPassword})
+        on(box, &QLineEdit::returnPressed, cmdLogOn, &QPushButton::click);
+    auto *refresh = new QShortcut(QKeySequence::Refresh, dirLocalDir->parentWidget());
+    refresh->setContext(Qt::WidgetWithChildrenShortcut);
+    on(refresh, &QShortcut::activated, filLocalFile, &FileListBox::Refresh);
     on(drvLocalDrive, &DriveListBox::Change, this, &frmFTP::drvLocalDrive_Change);
     on(dirLocalDir, &DirListBox::Change, this, &frmFTP::dirLocalDir_Change);
     on(lstRemoteFile, &ListBox::DblClick, this, &frmFTP::lstRemoteFile_DblClick);

@@ -303,6 +303,16 @@ TEST_F(FtpWindowTest, TheFileListFollowsTheFolder)
     EXPECT_EQ(files.List(0), QStringLiteral(".hidden"));
 }
 
+TEST_F(FtpWindowTest, TheRefreshKeyReadsTheLocalFilesAgain)
+{
+    auto &files = window.control<FileListBox>("filLocalFile");
+    const int before = files.ListCount();
+    window.local.addFile("new");
+    files.setFocus();
+    QTest::keyClick(&files, Qt::Key_F5);
+    EXPECT_EQ(files.ListCount(), before + 1);
+}
+
 TEST_F(FtpWindowTest, TheProfilesOpenAsAModalWindow)
 {
     bool isModal = false;

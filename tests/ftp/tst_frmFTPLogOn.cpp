@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QLineEdit>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -92,6 +93,14 @@ TEST_F(FtpLogOnTest, AnEmptyUserNameIsAnonymous)
     window.click("cmdLogOn");
     EXPECT_TRUE(StandInSession::calls.contains(QStringLiteral("UserName anonymous")));
     EXPECT_EQ(window.control<QLineEdit>("txtUserName").text(), QString());
+}
+
+TEST_F(FtpLogOnTest, ReturnInATextBoxLogsOnWhereThatIsPossible)
+{
+    QTest::keyClick(&window.control<QLineEdit>("txtServer"), Qt::Key_Return);
+    EXPECT_EQ(window.commands(), QStringLiteral("DIR"));
+    QTest::keyClick(&window.control<QLineEdit>("txtPassword"), Qt::Key_Return);
+    EXPECT_EQ(window.commands(), QStringLiteral("DIR"));
 }
 
 TEST_F(FtpLogOnTest, TheServersTextIsPassedOnUnchanged)
