@@ -6,8 +6,8 @@
 
 class InternetTransfer;
 
-/// What stands in for the transfer session that a window of the test has made: it records what is asked of
-/// it, and answers as the test says.
+/// A fake of the transfer session that a window of the test has made: it records what is asked of it, and
+/// answers as the test says.
 ///
 /// A command reports the states 5 to 8 from the event loop, then 12 with its response, or 11.
 class StandInSession

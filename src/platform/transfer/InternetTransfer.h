@@ -6,15 +6,15 @@
 
 class TransferSession;
 
-/// A session with an Internet server, steered by text commands. It runs one command at a time in the
+/// A session with an Internet server, controlled by text commands. It runs one command at a time in the
 /// background of the event loop and reports by StateChanged. It keeps one connection: the first command logs
 /// on, the following ones act in the server's current folder.
 ///
-/// - DIR lists the current folder. The response is a row for each entry, ended by CR LF; the row of a folder
-///   ends in "/". "." and ".." are rows where the server sends them.
+/// - DIR lists the current folder. Its response has a row for each entry, ended by CR LF; a folder's name has
+///   a "/" behind it. "." and ".." are rows where the server sends them.
 /// - CD "name" and CDUP change the current folder.
-/// - GET "name" "folder\local" receives a file. What exists locally is never overwritten, and no file appears
-///   under its name before it is whole.
+/// - GET "name" "folder\local" receives a file. What exists locally is never overwritten, and no part of a
+///   file appears under its name.
 /// - PUT "folder\local" "name" sends a file and overwrites what the server has.
 /// - SIZE "name" asks for the size of a file. The response is the number of bytes in decimal.
 /// - DELETE "name" removes a file, RMDIR "name" a folder. MKDIR "name" makes a folder.

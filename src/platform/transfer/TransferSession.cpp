@@ -37,8 +37,8 @@ void deleteSoon(std::unique_ptr<Object> &object)
 
 TransferSession::TransferSession()
 {
-    m_patience.setSingleShot(true);
-    on(&m_patience, &QTimer::timeout, this, &TransferSession::timeOut);
+    m_timeout.setSingleShot(true);
+    on(&m_timeout, &QTimer::timeout, this, &TransferSession::timeOut);
 }
 
 TransferSession::~TransferSession()
@@ -167,7 +167,7 @@ void TransferSession::cancel()
     m_states.clear();
     m_response.clear();
     m_taken = 0;
-    m_patience.stop();
+    m_timeout.stop();
     m_job.reset(); // neither it nor the connection is at work now: handlers are called by deliver() alone
     m_connection.reset();
 }
@@ -182,13 +182,16 @@ QString TransferSession::takeResponse(int size)
 void TransferSession::waitLonger()
 {
     if (m_job)
-        m_patience.start(timeout * 1000);
+        m_timeout.start(timeout * 1000);
 }
 
 void TransferSession::timeOut()
 {
-    const auto wasDeaf = [this] { return m_connection->control().stream().hasInput() || m_job->hasInput(); };
-    if (!m_job->waitsForServer() || wasDeaf() || m_job->isTaken()) { // another handler may have taken long
+    const auto hasUnreadInput = [this] {
+        return m_connection->control().stream().hasInput() || m_job->hasInput();
+    };
+    if (!m_job->waitsForServer() || hasUnreadInput() ||
+        m_job->isTaken()) { // another handler may have taken long
         waitLonger();
         return;
     }
@@ -206,7 +209,7 @@ void TransferSession::connectionFailed(const TransferFailure &failure)
 
 void TransferSession::dropJob()
 {
-    m_patience.stop();
+    m_timeout.stop();
     if (!m_job)
         return;
     m_job->letGo();

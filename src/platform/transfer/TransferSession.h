@@ -55,7 +55,7 @@ private:
 
     std::unique_ptr<FtpConnection> m_connection;
     std::unique_ptr<FtpJob> m_job;
-    QTimer m_patience;
+    QTimer m_timeout;
     QList<int> m_states;   ///< to be reported
     quint64 m_command = 0; ///< counts the commands and their ends by cancel()
     bool m_isExecuting = false;

@@ -151,7 +151,7 @@ TEST_F(FtpServerTest, ChangesTheFolder)
     EXPECT_EQ(rows(), QString());
 }
 
-TEST_F(FtpServerTest, TellsASize)
+TEST_F(FtpServerTest, ShowsASize)
 {
     served.addFile("one", "12345");
     logOn();
@@ -177,7 +177,7 @@ TEST_F(FtpServerTest, SendsAndReceives)
     selectLocal(QStringLiteral("there"));
 }
 
-TEST_F(FtpServerTest, ARefusalIsToldAndTheListRefreshed)
+TEST_F(FtpServerTest, ARefusalIsShownAndTheListRefreshed)
 {
     served.addFile("one", "x");
     logOn();
@@ -205,7 +205,7 @@ TEST_F(FtpServerTest, LogsOff)
     EXPECT_FALSE(control<QWidget>("lstRemoteFile").isEnabled());
 }
 
-TEST_F(FtpServerTest, ALostConnectionIsToldAndANewLogOnWorks)
+TEST_F(FtpServerTest, ALostConnectionIsShownAndANewLogOnWorks)
 {
     served.addFile("one", "x");
     logOn();

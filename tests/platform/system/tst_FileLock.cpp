@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int patience = 20000; // milliseconds
+constexpr int lockTimeout = 20000; // milliseconds
 
 /// What the kernel lists about locks on the file \a path: the one that is held and those that are waited for.
 QByteArrayList entriesOf(const QString &path)
@@ -56,10 +56,10 @@ TEST(FileLockTest, WhoeverWaitsForARemovedFileLocksANewOne)
         ::pause();
         return true;
     }));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return entriesOf(path).size() == 1; }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return entriesOf(path).size() == 1; }, lockTimeout));
     ForkedTask waiting;
     ASSERT_TRUE(waiting.start([&] { return FileLock(path).isHeld() && QFileInfo::exists(path); }));
-    ASSERT_TRUE(QTest::qWaitFor([&] { return entriesOf(path).size() == 2; }, patience));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return entriesOf(path).size() == 2; }, lockTimeout));
     ASSERT_TRUE(QFile::remove(path));
     holder.stop();
     EXPECT_TRUE(waiting.wait());

@@ -7,7 +7,7 @@
 
 class FtpServer;
 
-/// A session that is steered as a window steers it, and what it reported.
+/// A session that is used as a window uses it, and what it reported.
 class TransferProbe
 {
 public:

@@ -73,9 +73,9 @@ TEST_F(HostileServerTest, PassiveRepliesThatNameNoPortAreRefused)
 
 TEST_F(HostileServerTest, AnExtendedPortThatIsDeadLeavesThePlainOne)
 {
-    QTcpSocket deaf; // it has the port, but does not listen
-    ASSERT_TRUE(deaf.bind(QHostAddress(QHostAddress::LocalHost)));
-    const quint16 port = deaf.localPort();
+    QTcpSocket closed; // it has the port, but does not listen
+    ASSERT_TRUE(closed.bind(QHostAddress(QHostAddress::LocalHost)));
+    const quint16 port = closed.localPort();
     remote.addFile("a");
     server.reply("EPSV", "229 Entering (|||" + QByteArray::number(port) + "|)");
     EXPECT_EQ(probe.codeOf("DIR"), 0);

@@ -22,19 +22,20 @@ SocketAddress loopback(quint16 port)
 
 TEST(SocketStream, TriesOneAddressAfterTheOther)
 {
-    QTcpSocket deaf; // it has the port, but does not listen
-    ASSERT_TRUE(deaf.bind(QHostAddress(QHostAddress::LocalHost)));
+    QTcpSocket closed; // it has the port, but does not listen
+    ASSERT_TRUE(closed.bind(QHostAddress(QHostAddress::LocalHost)));
     QTcpServer server;
     ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
 
     SocketStream stream;
     QSignalSpy connected(&stream, &SocketStream::connected);
     QSignalSpy failed(&stream, &SocketStream::connectFailed);
-    stream.connectTo({loopback(deaf.localPort()), loopback(deaf.localPort()), loopback(server.serverPort())});
+    stream.connectTo(
+        {loopback(closed.localPort()), loopback(closed.localPort()), loopback(server.serverPort())});
     EXPECT_TRUE(connected.count() == 1 || connected.wait());
     EXPECT_EQ(failed.count(), 0);
 
-    stream.connectTo({loopback(deaf.localPort()), loopback(deaf.localPort())});
+    stream.connectTo({loopback(closed.localPort()), loopback(closed.localPort())});
     EXPECT_TRUE(failed.count() == 1 || failed.wait());
     EXPECT_EQ(connected.count(), 1);
     EXPECT_FALSE(stream.isOpen());

@@ -57,7 +57,7 @@ void FtpControl::startReading()
 
 void FtpControl::encrypt(const TlsContext &context, const QByteArray &host)
 {
-    if (!m_reader.isEmpty()) // it was sent in the clear, by whomever
+    if (!m_reader.isEmpty()) // sent in the clear, so anybody may have sent it
         throw TransferFailure(TransferError::InvalidResponse);
     m_stream.encrypt(context, host, nullptr);
 }
@@ -167,9 +167,9 @@ void FtpControl::fail(const TransferFailure &failure)
 
 void FtpControl::close()
 {
-    static constexpr QByteArrayView goodbye = "QUIT\r\n";
+    static constexpr QByteArrayView quit = "QUIT\r\n";
     if (m_stream.isOpen() && m_isGreeted && !m_handler)
-        m_stream.write(goodbye.data(), goodbye.size());
+        m_stream.write(quit.data(), quit.size());
     m_stream.close();
     m_handler = nullptr;
     m_beginning = nullptr;

@@ -35,7 +35,7 @@ public:
     /// The code with which a connection that is gone is reported.
     void setLossCode(int code) { m_lossCode = code; }
 
-    /// Closes at once; says goodbye where no reply is awaited. No signal follows.
+    /// Closes at once, and sends QUIT before where no reply is awaited. No signal follows.
     void close();
 
     const SocketStream &stream() const { return m_stream; }

@@ -17,7 +17,7 @@ public:
 
     explicit FtpRequests(const QByteArrayList &requests, Response response = Response::None);
 
-    /// The type is set to "I" before the first request, without which some servers tell no size.
+    /// The type is set to "I" before the first request, without which some servers report no size.
     void setBinary() { m_isBinary = true; }
 
 protected:

@@ -14,8 +14,8 @@
 
 namespace {
 
-constexpr int patienceMs = 5000;  // with one address, while others are left
-constexpr int keepAliveIdle = 30; // seconds
+constexpr int addressTimeoutMs = 5000; // with one address, while others are left
+constexpr int keepAliveIdle = 30;      // seconds
 constexpr int keepAliveInterval = 10;
 
 void setOption(int socket, int level, int option, int value)
@@ -43,8 +43,8 @@ qint64 resultOf(ssize_t returned)
 SocketStream::SocketStream(QObject *parent)
     : QObject(parent)
 {
-    m_patience.setSingleShot(true);
-    on(&m_patience, &QTimer::timeout, this, &SocketStream::tryNext);
+    m_addressTimeout.setSingleShot(true);
+    on(&m_addressTimeout, &QTimer::timeout, this, &SocketStream::tryNext);
 }
 
 SocketStream::~SocketStream()
@@ -92,7 +92,7 @@ void SocketStream::tryNext()
     openNotifiers();
     watchWriting(true);
     if (!m_others.isEmpty())
-        m_patience.start(patienceMs);
+        m_addressTimeout.start(addressTimeoutMs);
 }
 
 void SocketStream::connectOrTryNext()
@@ -101,7 +101,7 @@ void SocketStream::connectOrTryNext()
         tryNext();
         return;
     }
-    m_patience.stop();
+    m_addressTimeout.stop();
     m_others.clear();
     m_phase = Phase::Open;
     watchWriting(false);
@@ -215,7 +215,7 @@ void SocketStream::abort()
 void SocketStream::close()
 {
     m_phase = Phase::Closed;
-    m_patience.stop();
+    m_addressTimeout.stop();
     m_others.clear();
     m_tls.reset();
     for (QSocketNotifier **notifier : {&m_read, &m_write}) {

@@ -32,12 +32,11 @@ public:
     /// Asks the system now and then whether an idle connection is still there.
     void keepAlive();
 
-    /// Tells the other side at once that it was heard. It may be holding the next lines back until then.
+    /// Acknowledges at once what was read. The other side may hold the next lines back until then.
     void acknowledge();
 
     /// Begins encryption; encrypted() or encryptFailed() follows. See TlsChannel.
     void encrypt(const TlsContext &context, const QByteArray &host, const SocketStream *resumed);
-    bool isEncrypted() const { return bool(m_tls); }
 
     /// How many bytes were read, 0 at the end, Nothing or Broken. \a most is at least leastRead.
     qint64 read(char *bytes, qint64 most);
@@ -81,7 +80,7 @@ private:
     int m_socket = -1;
     SocketAddress m_remote;
     SocketAddresses m_others;
-    QTimer m_patience;
+    QTimer m_addressTimeout;
     QSocketNotifier *m_read = nullptr;
     QSocketNotifier *m_write = nullptr;
     std::unique_ptr<TlsChannel> m_tls;

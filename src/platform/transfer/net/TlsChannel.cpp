@@ -37,7 +37,7 @@ void requireHost(SSL *handle, const QByteArray &host)
     ::SSL_set_tlsext_host_name(handle, host.constData());
 }
 
-/// The library takes a session out of use whose connection is freed without a farewell. The session is the
+/// The library takes a session out of use whose connection is freed without close_notify. The session is the
 /// control connection's too, and servers that ask for it on each data connection would refuse the next one.
 void release(SSL *handle)
 {

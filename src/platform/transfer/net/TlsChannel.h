@@ -28,7 +28,7 @@ public:
     qint64 read(char *bytes, qint64 most);
     qint64 write(const char *bytes, qint64 count);
 
-    /// Tells the other side that nothing more comes.
+    /// Sends close_notify: nothing more is written.
     void finishWriting();
 
 private:
