@@ -6,8 +6,8 @@
 
 namespace {
 
-const QString name = QStringLiteral("a b.txt");
-const QString folder = QStringLiteral("/home/user");
+const QString fileName = QStringLiteral("a b.txt");
+const QString localFolder = QStringLiteral("/home/user");
 
 struct FtpCommandNameTest : testing::TestWithParam<HostileName>
 {};
@@ -20,32 +20,36 @@ TEST(FtpCommand, NamesAreInQuotesBehindOneBlank)
     EXPECT_EQ(FtpCommand::folderUp, QStringLiteral("CDUP"));
     EXPECT_EQ(FtpCommand::close, QStringLiteral("CLOSE"));
     EXPECT_EQ(FtpCommand::openFolder(QStringLiteral("pub/")), QStringLiteral("CD \"pub/\""));
-    EXPECT_EQ(FtpCommand::makeFolder(name), QStringLiteral("MKDIR \"a b.txt\""));
+    EXPECT_EQ(FtpCommand::makeFolder(fileName), QStringLiteral("MKDIR \"a b.txt\""));
     EXPECT_EQ(FtpCommand::removeFolder(QStringLiteral("pub/")), QStringLiteral("RMDIR \"pub/\""));
-    EXPECT_EQ(FtpCommand::removeFile(name), QStringLiteral("DELETE \"a b.txt\""));
-    EXPECT_EQ(FtpCommand::rename(name, QStringLiteral(" b")), QStringLiteral("RENAME \"a b.txt\" \" b\""));
-    EXPECT_EQ(FtpCommand::size(name), QStringLiteral("SIZE \"a b.txt\""));
-    EXPECT_EQ(FtpCommand::receive(name, folder), QStringLiteral("GET \"a b.txt\" \"/home/user\\a b.txt\""));
-    EXPECT_EQ(FtpCommand::send(name, folder), QStringLiteral("PUT \"/home/user\\a b.txt\" \"a b.txt\""));
+    EXPECT_EQ(FtpCommand::removeFile(fileName), QStringLiteral("DELETE \"a b.txt\""));
+    EXPECT_EQ(FtpCommand::rename(fileName, QStringLiteral(" b")),
+              QStringLiteral("RENAME \"a b.txt\" \" b\""));
+    EXPECT_EQ(FtpCommand::size(fileName), QStringLiteral("SIZE \"a b.txt\""));
+    EXPECT_EQ(FtpCommand::receive(fileName, localFolder),
+              QStringLiteral("GET \"a b.txt\" \"/home/user\\a b.txt\""));
+    EXPECT_EQ(FtpCommand::send(fileName, localFolder),
+              QStringLiteral("PUT \"/home/user\\a b.txt\" \"a b.txt\""));
 }
 
 TEST(FtpCommand, EmptyNamesStayEmpty)
 {
     EXPECT_EQ(FtpCommand::size({}), QStringLiteral("SIZE \"\""));
     EXPECT_EQ(FtpCommand::makeFolder({}), QStringLiteral("MKDIR \"\""));
-    EXPECT_EQ(FtpCommand::receive({}, folder), QStringLiteral("GET \"\" \"/home/user\\\""));
+    EXPECT_EQ(FtpCommand::receive({}, localFolder), QStringLiteral("GET \"\" \"/home/user\\\""));
 }
 
 TEST(FtpCommand, TheRootIsJoinedAsAnyFolder)
 {
-    EXPECT_EQ(FtpCommand::send(name, QStringLiteral("/")), QStringLiteral("PUT \"/\\a b.txt\" \"a b.txt\""));
+    EXPECT_EQ(FtpCommand::send(fileName, QStringLiteral("/")),
+              QStringLiteral("PUT \"/\\a b.txt\" \"a b.txt\""));
 }
 
 TEST_P(FtpCommandNameTest, NamesStayAsTheyAre)
 {
     const QString text = GetParam().text();
     EXPECT_EQ(FtpCommand::removeFile(text), QStringLiteral("DELETE \"") + text + u'"');
-    EXPECT_EQ(FtpCommand::receive(text, folder),
+    EXPECT_EQ(FtpCommand::receive(text, localFolder),
               QStringLiteral("GET \"") + text + QStringLiteral("\" \"/home/user\\") + text + u'"');
 }
 
