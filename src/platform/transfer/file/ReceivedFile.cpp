@@ -114,8 +114,6 @@ void ReceivedFile::publish()
             failWith();
         if (::linkat(m_folder, m_hidden.constData(), m_folder, m_name.constData(), 0) == 0)
             return; // the destructor removes the hidden name; the file is whole even where it cannot
-        if (errno == EEXIST)
-            failWith();
         renameOverPlaceholder(m_folder, m_hidden, m_name);
     }
     m_hidden.clear();
