@@ -217,6 +217,14 @@ TEST_F(HostileServerTest, ASecondReplyToOneRequestIsNoAnswerToTheNext)
     EXPECT_EQ(probe.response(), QStringLiteral("5"));
 }
 
+TEST_F(HostileServerTest, AFloodBehindAReplyEndsTheConnection)
+{
+    server.reply("TYPE", "200 Done." + QByteArray("\r\n213 99").repeated(250'000));
+    EXPECT_EQ(probe.codeOf("SIZE \"a\""), TransferError::InvalidResponse);
+    EXPECT_EQ(server.commands("SIZE"), QByteArrayList());
+    EXPECT_EQ(probe.codeOf("CDUP"), TransferError::ConnectionLost);
+}
+
 TEST_F(HostileServerTest, AFloodInsteadOfAReplyEndsTheConnection)
 {
     EXPECT_EQ(probe.codeOf("DIR"), 0);
