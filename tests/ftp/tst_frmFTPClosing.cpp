@@ -2,9 +2,11 @@
 #include "FtpWindow.h"
 #include "PrintQt.h"
 #include "RowName.h"
+#include "WindowLog.h"
 
 #include <QAbstractButton>
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
 #include <functional>
@@ -35,9 +37,15 @@ struct FtpClosingTest : testing::TestWithParam<Moment>
     /// Uses the window as the moment says, and \a close while the server is held up.
     void act(const std::function<void()> &close)
     {
+        const WindowLog log(window.form(), window.control<QLabel>("lblStatus"));
+        qsizetype entries = 0;
         window.server.hold(GetParam().stage);
-        window.server.during(GetParam().stage, close);
+        window.server.during(GetParam().stage, [&] {
+            close();
+            entries = log.entries().size();
+        });
         GetParam().act(window);
+        EXPECT_EQ(log.entries().size(), entries); // nothing came behind it
         FtpWindow::waitFor([this] { return !window.isOpen(); });
     }
     /// No command was cut off by another one, the connection is closed, and no file is left.

@@ -81,7 +81,6 @@ struct FtpLogOnTest : testing::Test
             .icon(QMessageBox::Information)
             .buttons(QMessageBox::Ok);
     }
-    /// The next error's box, and what the window is like behind it.
     void expectError(int code, const QString &info)
     {
         window.frame.dialogs.expectBox(QStringLiteral("Error"), QStringLiteral("%1 ").arg(code) + info)
@@ -117,19 +116,22 @@ TEST_F(FtpLogOnTest, LogsOnAndLists)
     EXPECT_EQ(window.beeps, 1);
 }
 
-/// What was given before is cancelled between the user's name and the password.
+/// The command before is cancelled between the user's name and the password.
 TEST_F(FtpLogOnTest, SetsTheSessionUpInItsOrder)
 {
     window.logOn();
     fill("txtUserName", "");
     fill("txtPassword", "pass");
+    const QString address = QStringLiteral("ftp://") + window.server.address() + u'/';
+    window.control<QLineEdit>("txtServer").setText(address);
     window.control<QWidget>("cmdLogOn").setEnabled(true);
     window.session().setRequestTimeout(7);
     window.session().Execute({}, QStringLiteral("DIR"));
     window.server.hold("MLSD");
     QString seen;
     const AtDisabling order(window.control<QWidget>("cmdLogOn"), [&] {
-        seen = window.session().UserName() + u' ' + window.session().Password() +
+        seen = window.session().RemoteHost() + u' ' + window.session().UserName() + u' ' +
+               window.session().Password() +
                QStringLiteral(" %1 %2")
                    .arg(window.session().RequestTimeout())
                    .arg(window.session().StillExecuting());
@@ -137,7 +139,7 @@ TEST_F(FtpLogOnTest, SetsTheSessionUpInItsOrder)
     });
     EXPECT_TRUE(window.session().StillExecuting());
     QTest::mouseClick(&window.control<QWidget>("cmdLogOn"), Qt::LeftButton);
-    EXPECT_EQ(seen, QStringLiteral("anonymous secret 7 0"));
+    EXPECT_EQ(seen, address + QStringLiteral(" anonymous secret 7 0"));
     EXPECT_EQ(window.session().Protocol(), InternetTransfer::icFTP);
     EXPECT_EQ(window.session().Password(), QStringLiteral("pass"));
     EXPECT_EQ(window.session().RequestTimeout(), 40);
