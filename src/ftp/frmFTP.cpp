@@ -251,8 +251,6 @@ bool frmFTP::parkFocus()
 
 void frmFTP::ITC_StateChanged(int state)
 {
-    if (!isLoaded())
-        return;
     const QString status = statusOf(state);
     if (!status.isEmpty())
         setStatus(status);
