@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QSslConfiguration>
 #include <QTcpServer>
+#include <functional>
 
 class FtpServerSession;
 
@@ -49,6 +50,9 @@ public:
     void forgetFault(const QByteArray &stage) { m_faults.remove(stage); }
     /// Lets what is held up happen, and holds nothing more.
     void release();
+    /// \a step runs once, as an event of its own, when the next client reaches \a stage. The client is held
+    /// up meanwhile, and behind it too where the stage is held.
+    void during(const QByteArray &stage, const std::function<void()> &step) { m_steps[stage] = step; }
 
     /// MLSD, or EPSV, is an unknown command.
     void refuseMlsd() { reply("MLSD", "500 Unknown command."); }
@@ -89,6 +93,7 @@ private:
     QByteArray m_root;
     QByteArrayList m_commands;
     QHash<QByteArray, FtpFault> m_faults;
+    QHash<QByteArray, std::function<void()>> m_steps;
     QList<QPointer<FtpServerSession>> m_sessions;
     QSslConfiguration m_tls;
     QByteArray m_passiveHost = "127,0,0,1";

@@ -103,10 +103,25 @@ void FtpServerSession::obey(const QByteArray &line)
 
 void FtpServerSession::atStage(const QByteArray &stage, const Effect &effect)
 {
-    if (!m_server.fault(stage).isHeld)
+    const std::function<void()> step = m_server.m_steps.take(stage);
+    if (!step && !m_server.fault(stage).isHeld) {
         act(m_server.fault(stage), effect);
-    else
-        m_held = [this, stage, effect] { act(m_server.fault(stage), effect); };
+        return;
+    }
+    m_held = [this, stage, effect] { act(m_server.fault(stage), effect); };
+    if (step)
+        QMetaObject::invokeMethod(
+            &m_server, [self = QPointer(this), stage, step] { runStep(self, stage, step); },
+            Qt::QueuedConnection);
+}
+
+/// The client may be gone before the step or behind it.
+void FtpServerSession::runStep(const QPointer<FtpServerSession> &self, const QByteArray &stage,
+                               const std::function<void()> &step)
+{
+    step();
+    if (self && !self->m_server.fault(stage).isHeld)
+        self->release();
 }
 
 void FtpServerSession::act(const FtpFault &fault, const Effect &effect)
