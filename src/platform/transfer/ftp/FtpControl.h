@@ -29,7 +29,9 @@ public:
     void encrypt(const TlsContext &context, const QByteArray &host);
 
     void awaitReply(Handler handler, Beginning beginning = {});
-    /// Sends \a request, which has no line end in it.
+    /// Sends \a request, which has no line end in it. Byte 0xFF is sent as it is: pure-ftpd and vsftpd take
+    /// it for part of a name, and two of them for two. proftpd does so too, except before a byte from 0xF0
+    /// on, where it reads a Telnet command; names with that are out of reach there.
     void ask(const QByteArray &request, Handler handler, Beginning beginning = {});
 
     /// From now on a connection that is gone, or that the server says it closes, is reported as lost. Before
