@@ -32,6 +32,18 @@ void FtpConnection::logOn()
     m_control.open(m_address);
 }
 
+bool FtpConnection::canUsePasv() const
+{
+    return m_control.stream().remote().family() == AF_INET;
+}
+
+bool FtpConnection::leaveEpsv(bool isLasting)
+{
+    if (isLasting && canUsePasv())
+        m_usesEpsv = false;
+    return canUsePasv();
+}
+
 void FtpConnection::greeted(const FtpReply &greeting)
 {
     if (!greeting.isCompletion())
