@@ -1,3 +1,4 @@
+#include "DeafPort.h"
 #include "FileNames.h"
 #include "SocketStream.h"
 #include "TestCertificate.h"
@@ -5,6 +6,7 @@
 #include "TransferProbe.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QHostAddress>
 #include <QSignalSpy>
 #include <QSslSocket>
@@ -15,6 +17,8 @@
 #include <unistd.h>
 
 namespace {
+
+using namespace std::chrono_literals;
 
 SocketAddress loopback(quint16 port)
 {
@@ -38,7 +42,7 @@ public:
     void accept(SocketStream &stream)
     {
         QSignalSpy connected(&stream, &SocketStream::connected);
-        stream.connectTo({loopback(serverPort())});
+        stream.connectTo({loopback(serverPort())}, 10s);
         TransferProbe::waitFor([&] { return m_socket >= 0 && connected.count() == 1; });
     }
 
@@ -136,14 +140,40 @@ TEST(SocketStream, TriesOneAddressAfterTheOther)
     QSignalSpy connected(&stream, &SocketStream::connected);
     QSignalSpy failed(&stream, &SocketStream::connectFailed);
     stream.connectTo(
-        {loopback(closed.localPort()), loopback(closed.localPort()), loopback(server.serverPort())});
+        {loopback(closed.localPort()), loopback(closed.localPort()), loopback(server.serverPort())}, 10s);
     EXPECT_TRUE(connected.count() == 1 || connected.wait());
     EXPECT_EQ(failed.count(), 0);
 
-    stream.connectTo({loopback(closed.localPort()), loopback(closed.localPort())});
+    stream.connectTo({loopback(closed.localPort()), loopback(closed.localPort())}, 10s);
     EXPECT_TRUE(failed.count() == 1 || failed.wait());
     EXPECT_EQ(connected.count(), 1);
     EXPECT_FALSE(stream.isOpen());
+}
+
+TEST(SocketStream, AddressesThatNeverAnswerShareTheTime)
+{
+    const DeafPort deaf;
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    SocketStream stream;
+    QSignalSpy connected(&stream, &SocketStream::connected);
+    QElapsedTimer time;
+    time.start();
+    stream.connectTo(
+        SocketAddresses(9, loopback(deaf.number())) + SocketAddresses{loopback(server.serverPort())}, 1s);
+    TransferProbe::waitFor([&] { return connected.count() == 1; });
+    EXPECT_LT(time.elapsed(), 5000);
+}
+
+TEST(SocketStream, AnAddressThatNeverAnswersIsLeftSoon)
+{
+    const DeafPort deaf;
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    SocketStream stream;
+    QSignalSpy connected(&stream, &SocketStream::connected);
+    stream.connectTo({loopback(deaf.number()), loopback(server.serverPort())}, 1h);
+    TransferProbe::waitFor([&] { return connected.count() == 1; });
 }
 
 TEST(SocketStream, TheEndOfEncryptedDataWaitsForRoom)

@@ -29,7 +29,7 @@ FtpConnection::FtpConnection(const ServerAddress &address, const QByteArray &use
 void FtpConnection::logOn()
 {
     m_control.awaitReply([this](const FtpReply &reply) { greeted(reply); });
-    m_control.open(m_address);
+    m_control.open(m_address, m_timeout);
 }
 
 bool FtpConnection::canUsePasv() const

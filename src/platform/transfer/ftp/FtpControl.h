@@ -22,8 +22,9 @@ public:
     /// As close().
     ~FtpControl() override;
 
-    /// The server's greeting follows, for which awaitReply() is called before.
-    void open(const ServerAddress &address);
+    /// The server's greeting follows, for which awaitReply() is called before. All addresses of the host are
+    /// tried within \a time.
+    void open(const ServerAddress &address, std::chrono::milliseconds time);
     /// encrypted() follows. Throws TransferFailure 12152 where the server has sent something that nobody
     /// asked for.
     void encrypt(const TlsContext &context, const QByteArray &host);
@@ -58,7 +59,7 @@ Q_SIGNALS:
     void failed(const TransferFailure &failure);
 
 private:
-    void connectTo(const SocketAddresses &addresses);
+    void connectTo(const SocketAddresses &addresses, std::chrono::milliseconds time);
     void startReading();
     void send();
     void discardInput();
@@ -73,8 +74,8 @@ private:
     QByteArray m_request; ///< what of it has not been sent
     Handler m_handler;
     Beginning m_beginning;
-    int m_lossCode; ///< for a connection that is gone
-    int m_endCode;  ///< for one that the server says it closes
+    int m_codeIfGone;  ///< for a connection that is gone
+    int m_codeIfEnded; ///< for one that the server says it closes
     bool m_isGreeted = false;
     bool m_isReceiving = false; ///< the reply has begun
 };

@@ -27,9 +27,9 @@ FtpReceive::FtpReceive(const QByteArray &name, const QByteArray &folder, const Q
     , m_file(std::in_place, folder, file)
 {}
 
-void FtpReceive::letGo()
+void FtpReceive::cleanUp()
 {
-    FtpTransfer::letGo();
+    FtpTransfer::cleanUp();
     m_file.reset();
 }
 

@@ -28,9 +28,9 @@ FtpTransfer::~FtpTransfer()
     closeData();
 }
 
-void FtpTransfer::letGo()
+void FtpTransfer::cleanUp()
 {
-    FtpJob::letGo();
+    FtpJob::cleanUp();
     closeData();
 }
 
@@ -39,7 +39,7 @@ bool FtpTransfer::hasInput() const
     return m_direction == Direction::Receive && m_data.hasInput();
 }
 
-bool FtpTransfer::isTaken()
+bool FtpTransfer::hasNewAcknowledgement()
 {
     const int before = std::exchange(m_unacknowledged, m_data.unacknowledged());
     return before == 0 ? m_unacknowledged > 0 : m_unacknowledged < before;
@@ -115,7 +115,7 @@ void FtpTransfer::answeredPlain(const FtpReply &reply)
 
 void FtpTransfer::connectData(quint16 port)
 {
-    m_data.connectTo({connection().control().stream().remote().withPort(port)});
+    m_data.connectTo({connection().control().stream().remote().withPort(port)}, connection().timeout());
     if (m_isExtended && connection().canUsePasv())
         m_data.limitAttempt(connection().timeout() / 4); // which leaves time for PASV
 }
@@ -241,7 +241,7 @@ void FtpTransfer::endData(bool isBroken)
 void FtpTransfer::closeData()
 {
     if (m_direction == Direction::Send && !m_hasEnded)
-        m_data.abort();
+        m_data.reset();
     else
         m_data.close();
 }

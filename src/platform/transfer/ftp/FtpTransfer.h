@@ -12,9 +12,9 @@ public:
     /// An upload that is not whole is aborted.
     ~FtpTransfer() override;
 
-    void letGo() override;
+    void cleanUp() override;
     bool hasInput() const override;
-    bool isTaken() override;
+    bool hasNewAcknowledgement() override;
 
 protected:
     enum class Direction { Receive, Send };
@@ -60,7 +60,7 @@ private:
     SocketStream m_data;
     QByteArray m_buffer;
     qsizetype m_sent = 0;     ///< of the buffer
-    int m_unacknowledged = 0; ///< bytes when isTaken() was last asked
+    int m_unacknowledged = 0; ///< bytes when hasNewAcknowledgement() was last asked
     std::optional<FtpReply> m_lastReply;
     bool m_isExtended = false;    ///< the port was asked for by EPSV
     bool m_isUnreachable = false; ///< EPSV's port was
