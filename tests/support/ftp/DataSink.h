@@ -16,6 +16,7 @@ public:
     ~DataSink() override;
 
     bool isConnected() const { return m_socket >= 0; }
+    int socket() const { return m_socket; }
     /// Nothing is read before this.
     void readToEnd();
     qint64 bytes() const { return m_bytes; }
