@@ -1,0 +1,72 @@
+#include "AddressDatabase.h"
+
+#include "DailyCopies.h"
+#include "DataError.h"
+#include "Paths.h"
+#include "Recordset.h"
+#include "ShownText.h"
+
+#include <QFileInfo>
+
+namespace {
+
+constexpr int version = 1; // of the schema
+
+[[noreturn]] void refuse(const QString &path, const QString &reason)
+{
+    throw RuntimeError(DataError::Engine,
+                       QStringLiteral("The address database \"%1\" %2").arg(ShownText::line(path), reason), path);
+}
+
+/// Where a user finds an older state of the file.
+QString copiesHint()
+{
+    return DailyCopies::any() ? QStringLiteral(" Copies of the last days are in \"%1\".")
+                                    .arg(ShownText::line(DailyCopies::folder()))
+                              : QString();
+}
+
+void requireVersion(const QString &path)
+{
+    Recordset found;
+    found.open(QStringLiteral("pragma user_version"), AddressConnection);
+    if (found.field(0).number() != version)
+        refuse(path, QStringLiteral("is empty, or was made by another version of the program.") + copiesHint());
+}
+
+void requireSound(const QString &path)
+{
+    const QString damage = AddressConnection.damage();
+    if (!damage.isEmpty())
+        refuse(path, QStringLiteral("is damaged: %1.").arg(damage) + copiesHint());
+}
+
+} // namespace
+
+QString AddressDatabase::path()
+{
+    return Paths::native(Paths::appPath() + QStringLiteral("\\data97.mdb"));
+}
+
+void AddressDatabase::open(const QString &path)
+{
+    AddressConnection.close();
+    if (!QFileInfo::exists(path))
+        refuse(path, QStringLiteral("does not exist."));
+    try {
+        AddressConnection.open(path);
+        requireVersion(path);
+        requireSound(path);
+    } catch (const RuntimeError &error) {
+        AddressConnection.close();
+        if (error.source() == path)
+            throw;
+        refuse(path, QStringLiteral("cannot be opened: %1.").arg(error.description()) + copiesHint());
+    }
+}
+
+void OpenAddressDatabase()
+{
+    AddressDatabase::open(AddressDatabase::path());
+    DailyCopies::make(AddressConnection, QDate::currentDate());
+}

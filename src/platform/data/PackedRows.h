@@ -1,0 +1,41 @@
+#pragma once
+
+#include "FieldValue.h"
+
+#include <QByteArray>
+#include <QList>
+
+class Statement;
+
+/// The rows of a recordset, packed: 16 bytes a field, and all texts in one array. Tens of thousands of rows
+/// are so kept in a few megabytes.
+class PackedRows
+{
+public:
+    explicit PackedRows(int columns = 0);
+
+    /// Adds the current row of \a statement.
+    void append(const Statement &statement);
+    /// Adds \a row, which has a value for each column.
+    void append(const QList<FieldValue> &row);
+
+    qsizetype count() const;
+    FieldValue at(qsizetype row, int column) const;
+
+private:
+    struct Field
+    {
+        FieldValue::Kind kind;
+        quint32 size;  ///< of a text, in bytes
+        qint64 number; ///< the number, the bits of the float, the day of the date, or where the text begins
+    };
+
+    static Field null();
+    Field text(QByteArrayView bytes);
+    Field fieldOf(const Statement &statement, int column);
+    Field fieldOf(const FieldValue &value);
+
+    int m_columns;
+    QList<Field> m_fields;
+    QByteArray m_texts;
+};
