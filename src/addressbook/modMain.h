@@ -4,8 +4,8 @@ class QComboBox;
 
 // The steps that several windows of the address book share.
 
-/// Fill a combo box with the names of all cities, states or groups, and leave no text in it. They throw RuntimeError
-/// with the numbers of DataError.
+/// Fill a combo box with the names of all cities, states or groups, and leave no text in it. They throw
+/// RuntimeError with the numbers of DataError.
 void FillCityCombo(QComboBox &combo);
 void FillStateCombo(QComboBox &combo);
 void FillGroupCombo(QComboBox &combo);

@@ -15,7 +15,8 @@ constexpr int version = 1; // of the schema
 [[noreturn]] void refuse(const QString &path, const QString &reason)
 {
     throw RuntimeError(DataError::Engine,
-                       QStringLiteral("The address database \"%1\" %2").arg(ShownText::line(path), reason), path);
+                       QStringLiteral("The address database \"%1\" %2").arg(ShownText::line(path), reason),
+                       path);
 }
 
 /// Where a user finds an older state of the file.
@@ -31,7 +32,8 @@ void requireVersion(const QString &path)
     Recordset found;
     found.open(QStringLiteral("pragma user_version"), AddressConnection);
     if (found.field(0).number() != version)
-        refuse(path, QStringLiteral("is empty, or was made by another version of the program.") + copiesHint());
+        refuse(path,
+               QStringLiteral("is empty, or was made by another version of the program.") + copiesHint());
 }
 
 void requireSound(const QString &path)

@@ -71,7 +71,8 @@ BusinessRow ContactRows::business(qint32 number)
 QStringList ContactRows::eMails(qint32 number)
 {
     QStringList addresses;
-    for (Recordset row = rowsOf(QStringLiteral("Select * from EMails where srno="), number); !row.eof(); row.moveNext())
+    for (Recordset row = rowsOf(QStringLiteral("Select * from EMails where srno="), number); !row.eof();
+         row.moveNext())
         addresses.append(row.field(1).textOrEmpty());
     return addresses;
 }

@@ -9,8 +9,8 @@
 /// The rows of one contact in the tables Names, EMails, Home and Business, by its number. All work on
 /// AddressConnection and throw RuntimeError with the numbers of DataError.
 ///
-/// Each function is a step by itself, since what fails in the middle of a save leaves the steps before it. A save
-/// has one Transaction around all its steps, so that a crash leaves the old contact or the new one:
+/// Each function is a step by itself, since what fails in the middle of a save leaves the steps before it. A
+/// save has one Transaction around all its steps, so that a crash leaves the old contact or the new one:
 ///
 ///     Transaction save(AddressConnection, Transaction::Unfinished::Keep);
 ///     ContactRows::remove(number);
@@ -19,8 +19,8 @@
 ///     save.commit();
 namespace ContactRows {
 
-/// DataError::NoCurrentRow where the contact has no such row. A NULL is read as an empty text, but in Salutation
-/// and Name it is RuntimeError 94.
+/// DataError::NoCurrentRow where the contact has no such row. A NULL is read as an empty text, but in
+/// Salutation and Name it is RuntimeError 94.
 NameRow name(qint32 number);
 HomeRow home(qint32 number);
 BusinessRow business(qint32 number);

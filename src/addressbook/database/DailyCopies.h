@@ -5,8 +5,8 @@
 
 class Connection;
 
-/// Copies of the database in the user's state folder, one of each day on which the address book was opened; seven
-/// are kept. Where none can be made there is none, and no error is shown.
+/// Copies of the database in the user's state folder, one of each day on which the address book was opened;
+/// seven are kept. Where none can be made there is none, and no error is shown.
 namespace DailyCopies {
 
 /// Only its user may look into it. It need not exist.

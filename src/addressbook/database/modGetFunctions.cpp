@@ -80,9 +80,10 @@ quint8 GetStateId(const QString &name)
 
 QString GetStateOfCity(qint16 cityId)
 {
-    return nameFrom(QStringLiteral("select stateName from state where stateid=(select stateid from city where cityID=") +
-                        QString::number(cityId) + u')',
-                    Kind::Default);
+    return nameFrom(
+        QStringLiteral("select stateName from state where stateid=(select stateid from city where cityID=") +
+            QString::number(cityId) + u')',
+        Kind::Default);
 }
 
 quint8 NextGroupId()

@@ -2,7 +2,8 @@
 
 #include <QString>
 
-// Lookups between the ids and the names of groups, cities and states, and new ids. All work on AddressConnection.
+// Lookups between the ids and the names of groups, cities and states, and new ids. All work on
+// AddressConnection.
 //
 // Intended: a name goes into its statement as it is, so that a single quote in it makes the statement fail.
 //
