@@ -166,7 +166,8 @@ CsvColumns::CsvColumns(const QStringList &captions)
     static const QRegularExpression number(QStringLiteral(" ([0-9]{1,4})\\b"));
     for (const QString &caption : captions) {
         m_captions.append(caption.simplified().toLower());
-        m_highest = qMax(m_highest, number.match(m_captions.constLast()).captured(1).toInt());
+        if (const auto found = number.match(m_captions.constLast()); found.hasMatch())
+            m_numbers.insert(found.captured(1).toInt());
     }
 }
 
@@ -192,7 +193,7 @@ void CsvColumns::fill(ContactBuilder &builder, const QStringList &row) const
     fillNames(builder, texts);
     for (const char *kind : placeKinds)
         fillPlace(builder, texts, QLatin1String(kind));
-    for (int number = 1; number <= m_highest; ++number)
+    for (const int number : m_numbers)
         fillNumbered(builder, texts, number);
 }
 
