@@ -7,7 +7,7 @@ namespace {
 
 const QString several = QStringLiteral(" ::: "); // between the values of one field
 
-struct Row
+struct CaptionRow
 {
     const char *caption;
     void (*set)(ContactBuilder &, const QString &);
@@ -59,7 +59,7 @@ void setLabels(ContactBuilder &builder, const QString &text)
     }
 }
 
-constexpr Row rows[] = {
+constexpr CaptionRow captionRows[] = {
     {"salutation", setText<&Contact::salutation>},
     {"name", setText<&Contact::name>},
     {"full name", setText<&Contact::name>},
@@ -142,7 +142,7 @@ QStringList textsOf(const QHash<QString, QString> &texts, const QString &prefix,
 QSet<QString> knownCaptions()
 {
     QSet<QString> captions;
-    for (const Row &row : rows)
+    for (const CaptionRow &row : captionRows)
         captions.insert(QLatin1String(row.caption));
     for (const char *part : nameParts)
         captions.insert(QLatin1String(part));
@@ -186,7 +186,7 @@ void CsvColumns::fill(ContactBuilder &builder, const QStringList &row) const
             !text.isEmpty() && !texts.contains(m_captions[column]))
             texts[m_captions[column]] = text;
     }
-    for (const Row &known : rows) {
+    for (const CaptionRow &known : captionRows) {
         if (const QString text = texts.value(QLatin1String(known.caption)); !text.isEmpty())
             known.set(builder, text);
     }
