@@ -35,6 +35,8 @@ QString platformText(int number)
         return QStringLiteral("Path not found");
     case ErrorNumber::ObjectNotSet:
         return QStringLiteral("Object variable or With block variable not set");
+    case ErrorNumber::InvalidUseOfNull:
+        return QStringLiteral("Invalid use of Null");
     case ErrorNumber::InvalidFileFormat:
         return QStringLiteral("Invalid file format");
     case ErrorNumber::InvalidPropertyValue:
