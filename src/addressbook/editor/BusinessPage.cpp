@@ -18,6 +18,7 @@ BusinessPage::BusinessPage(WindowIcons &icons)
     auto *columns = new QHBoxLayout(this);
     auto *address = new FieldGrid;
     auto *phones = new FieldGrid;
+    columns->setSpacing(FieldGrid::gap(*this));
     columns->addLayout(address, 1);
     columns->addLayout(phones, 1);
     buildAddress(*address);
@@ -33,7 +34,7 @@ void BusinessPage::buildAddress(FieldGrid &grid)
     auto *txtBState = grid.addText("txtBState", QStringLiteral("State/ County/ Province"));
     m_city = new CityBoxes(*cmbBCity, *txtBState);
     txtBZipCode = grid.addText("txtBZipCode", QStringLiteral("Postal/ Zip Code"));
-    grid.setRowStretch(grid.rowCount(), 1);
+    grid.endRows();
 }
 
 void BusinessPage::buildPhones(FieldGrid &grid, WindowIcons &icons)
@@ -43,7 +44,7 @@ void BusinessPage::buildPhones(FieldGrid &grid, WindowIcons &icons)
     txtBPhone2 = grid.addPhone("txtBPhone2", QStringLiteral("Phone 2"), "Command5", icons);
     txtFax = grid.addText("txtFax", QStringLiteral("Fax"));
     txtPager = grid.addPhone("txtPager", QStringLiteral("Mobile"), "Command6", icons);
-    grid.setRowStretch(grid.rowCount(), 1);
+    grid.endRows();
 }
 
 void BusinessPage::setRow(const BusinessRow &row)

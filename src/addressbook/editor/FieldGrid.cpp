@@ -8,6 +8,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QStyle>
 
 namespace {
 
@@ -20,6 +21,11 @@ QByteArray labelName(const char *field)
 }
 
 } // namespace
+
+FieldGrid::FieldGrid()
+{
+    setColumnStretch(1, 1);
+}
 
 QLineEdit *FieldGrid::addText(const char *name, const QString &caption, int limit)
 {
@@ -35,6 +41,9 @@ AddressBox *FieldGrid::addAddress(const char *name, const QString &caption)
 {
     auto *box = named<AddressBox>(name, caption);
     addField(name, caption, box);
+    auto *label = itemAtPosition(rowCount() - 1, 0)->widget();
+    label->setContentsMargins(0, box->textTop(), 0, 0);
+    setAlignment(label, Qt::AlignTop);
     return box;
 }
 
@@ -54,6 +63,7 @@ QLineEdit *FieldGrid::addPhone(const char *name, const QString &caption, const c
     dial->setToolTip(toolTip);
     icons.add(*dial, QStringLiteral("call-start"));
     addField(name, caption, box, dial);
+    m_dialButtons.append(dial);
     return box;
 }
 
@@ -66,4 +76,33 @@ void FieldGrid::addField(const char *name, const QString &caption, QWidget *fiel
     addWidget(field, row, 1, 1, beside ? 1 : 2);
     if (beside)
         addWidget(beside, row, 2);
+}
+
+void FieldGrid::endRows()
+{
+    QWidget *previous = itemAtPosition(rowCount() - 1, 1)->widget();
+    for (QPushButton *button : m_dialButtons) {
+        QWidget::setTabOrder(previous, button);
+        previous = button;
+    }
+    setRowStretch(rowCount(), 1);
+}
+
+void FieldGrid::align(std::initializer_list<FieldGrid *> grids)
+{
+    int widest = 0;
+    for (const FieldGrid *grid : grids) {
+        for (int row = 0; row < grid->rowCount(); ++row) {
+            if (const QLayoutItem *label = grid->itemAtPosition(row, 0))
+                widest = qMax(widest, label->sizeHint().width());
+        }
+    }
+    for (FieldGrid *grid : grids)
+        grid->setColumnMinimumWidth(0, widest);
+}
+
+int FieldGrid::gap(const QWidget &page)
+{
+    return 2 * page.fontMetrics().averageCharWidth() +
+           page.style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing);
 }

@@ -29,11 +29,13 @@ NamePage::NamePage()
     columns->addLayout(person, 0, 0);
     columns->addLayout(eMail, 0, 1);
     columns->addLayout(comment, 1, 0, 1, 2);
+    columns->setHorizontalSpacing(FieldGrid::gap(*this));
     columns->setColumnStretch(0, 1);
     columns->setColumnStretch(1, 1);
     buildPerson(*person);
     m_eMails = new EMailBoxes(*eMail);
     buildComment(*comment);
+    FieldGrid::align({person, comment});
     bind();
 }
 
@@ -46,7 +48,7 @@ void NamePage::buildPerson(FieldGrid &grid)
     txtBDate = grid.addText("txtBDate", QStringLiteral("Birth Date"));
     txtBDate->setPlaceholderText(QStringLiteral("5-Sep-1999"));
     txtBDate->setToolTip(QStringLiteral("A date as 5-Sep-1999 or 1999-09-05"));
-    grid.setRowStretch(grid.rowCount(), 1);
+    grid.endRows();
 }
 
 void NamePage::buildComment(FieldGrid &grid)

@@ -7,7 +7,6 @@
 #include "ListBox.h"
 #include "TabStrip.h"
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -46,6 +45,12 @@ void EditorWindow::openFor(qint32 number)
 void EditorWindow::show()
 {
     m_form->showModeless();
+    activate();
+}
+
+void EditorWindow::activate() const
+{
+    m_form->activateWindow();
     (void)QTest::qWaitForWindowActive(m_form);
 }
 
@@ -67,6 +72,7 @@ void EditorWindow::click(const char *name) const
 
 void EditorWindow::type(const char *name, const QString &text) const
 {
+    activate();
     QWidget &box = inFront(name);
     box.setFocus();
     QTest::keySequence(&box, QKeySequence::SelectAll);
@@ -86,10 +92,10 @@ void EditorWindow::set(const char *name, const QString &text) const
 
 void EditorWindow::choose(const char *name, int entry) const
 {
+    activate();
     QWidget &box = inFront(name);
     box.setFocus();
     auto &choice = control<ChoiceBox>(name);
-    QTest::keyClick(&box, Qt::Key_Home, Qt::ControlModifier);
     choice.setCurrentIndex(-1);
     for (int i = 0; i <= entry; ++i)
         QTest::keyClick(&box, Qt::Key_Down);
@@ -119,9 +125,14 @@ QStringList EditorWindow::eMails() const
     return rows;
 }
 
+void EditorWindow::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
+{
+    QTest::keyClick(m_form->focusWidget(), key, modifiers);
+}
+
 QString EditorWindow::focus() const
 {
-    return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
+    return m_form->focusWidget() ? m_form->focusWidget()->objectName() : QString();
 }
 
 BoxStep &EditorWindow::expectRefusal(int number, const QString &description)

@@ -181,8 +181,7 @@ TEST_F(FrmRegCityTest, EachActivationReadsTheStatesAnew)
     Form other(QStringLiteral("other"));
     other.showModeless();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    dialog.form().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog.form()));
+    dialog.activate();
     EXPECT_EQ(dialog.control<ChoiceBox>("cmbStates").count(), 3);
     EXPECT_EQ(state(), QStringLiteral("typed"));
 }
