@@ -8,11 +8,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QStyle>
 
 namespace {
 
 constexpr int fieldWidth = 30; // characters
+constexpr int gap = 12;        // pixels, beside the layout's own
 
 /// "txtName" has the label "lblName".
 QByteArray labelName(const char *field)
@@ -101,8 +101,11 @@ void FieldGrid::align(std::initializer_list<FieldGrid *> grids)
         grid->setColumnMinimumWidth(0, widest);
 }
 
-int FieldGrid::gap(const QWidget &page)
+QHBoxLayout *FieldGrid::sideBySide(FieldGrid *left, FieldGrid *right)
 {
-    return 2 * page.fontMetrics().averageCharWidth() +
-           page.style()->pixelMetric(QStyle::PM_LayoutHorizontalSpacing);
+    auto *row = new QHBoxLayout;
+    row->addLayout(left, 1);
+    row->addSpacing(gap);
+    row->addLayout(right, 1);
+    return row;
 }

@@ -31,8 +31,7 @@ public:
 
     /// Begins the fields of all \a grids at the same distance from their labels' left.
     static void align(std::initializer_list<FieldGrid *> grids);
-    /// What is between two grids side by side, in pixels.
-    static int gap(const QWidget &page);
+    static QHBoxLayout *sideBySide(FieldGrid *left, FieldGrid *right);
 
 private:
     QList<QPushButton *> m_dialButtons;

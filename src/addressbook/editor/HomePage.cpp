@@ -8,12 +8,9 @@
 
 HomePage::HomePage(WindowIcons &icons)
 {
-    auto *columns = new QHBoxLayout(this);
     auto *address = new FieldGrid;
     auto *phones = new FieldGrid;
-    columns->setSpacing(FieldGrid::gap(*this));
-    columns->addLayout(address, 1);
-    columns->addLayout(phones, 1);
+    setLayout(FieldGrid::sideBySide(address, phones));
     buildAddress(*address);
     buildPhones(*phones, icons);
 }

@@ -22,16 +22,12 @@ constexpr int commentLimit = 255;
 
 NamePage::NamePage()
 {
-    auto *columns = new QGridLayout(this);
     auto *person = new FieldGrid;
     auto *eMail = new FieldGrid;
     auto *comment = new FieldGrid;
-    columns->addLayout(person, 0, 0);
-    columns->addLayout(eMail, 0, 1);
-    columns->addLayout(comment, 1, 0, 1, 2);
-    columns->setHorizontalSpacing(FieldGrid::gap(*this));
-    columns->setColumnStretch(0, 1);
-    columns->setColumnStretch(1, 1);
+    auto *column = new QVBoxLayout(this);
+    column->addLayout(FieldGrid::sideBySide(person, eMail));
+    column->addLayout(comment);
     buildPerson(*person);
     m_eMails = new EMailBoxes(*eMail);
     buildComment(*comment);
@@ -46,7 +42,7 @@ void NamePage::buildPerson(FieldGrid &grid)
     txtNick = grid.addText("txtNick", QStringLiteral("Nick Name"), nameLimit);
     cmbGroups = grid.addChoice("cmbGroups", QStringLiteral("Group"));
     txtBDate = grid.addText("txtBDate", QStringLiteral("Birth Date"));
-    txtBDate->setPlaceholderText(QStringLiteral("5-Sep-1999"));
+    txtBDate->setPlaceholderText(QStringLiteral("e.g. 5-Sep-1999"));
     txtBDate->setToolTip(QStringLiteral("A date as 5-Sep-1999 or 1999-09-05"));
     grid.endRows();
 }
