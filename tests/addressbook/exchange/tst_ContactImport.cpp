@@ -7,6 +7,7 @@
 #include "FullContact.h"
 #include "FullDisk.h"
 #include "HostileNames.h"
+#include "RuntimeError.h"
 #include "ScratchAddressBook.h"
 #include "modGetFunctions.h"
 
