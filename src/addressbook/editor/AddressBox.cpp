@@ -7,15 +7,15 @@
 
 namespace {
 
-constexpr int longest = 100; // characters
-constexpr int lines = 4;
+constexpr int addressLimit = 100; // characters
+constexpr int addressLines = 4;
 constexpr int textMargin = 3; // pixels
 
 } // namespace
 
 AddressBox::AddressBox(QWidget *parent)
     : QPlainTextEdit(parent)
-    , m_longest(longest)
+    , m_longest(addressLimit)
 {
     setTabChangesFocus(true);
     document()->setDocumentMargin(textMargin);
@@ -24,7 +24,7 @@ AddressBox::AddressBox(QWidget *parent)
 
 void AddressBox::setText(const QString &text)
 {
-    m_longest = qMax(longest, int(text.size()));
+    m_longest = qMax(addressLimit, int(text.size()));
     setPlainText(text);
 }
 
@@ -35,7 +35,7 @@ int AddressBox::textTop() const
 
 QSize AddressBox::sizeHint() const
 {
-    return {QPlainTextEdit::sizeHint().width(), lines * fontMetrics().lineSpacing() + 2 * textTop()};
+    return {QPlainTextEdit::sizeHint().width(), addressLines * fontMetrics().lineSpacing() + 2 * textTop()};
 }
 
 /// Behind the last character Qt's document has a line end of its own.

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int limit = 50; // characters
+constexpr int workLimit = 50; // characters
 
 } // namespace
 
@@ -24,8 +24,8 @@ BusinessPage::BusinessPage(WindowIcons &icons)
 
 void BusinessPage::buildAddress(FieldGrid &grid)
 {
-    txtCompany = grid.addText("txtCompany", QStringLiteral("Company"), limit);
-    txtPost = grid.addText("txtPost", QStringLiteral("Post"), limit);
+    txtCompany = grid.addText("txtCompany", QStringLiteral("Company"), workLimit);
+    txtPost = grid.addText("txtPost", QStringLiteral("Post"), workLimit);
     txtBAddress = grid.addAddress("txtBAddress", QStringLiteral("Address"));
     auto *cmbBCity = grid.addChoice("cmbBCity", QStringLiteral("City/Town"));
     auto *txtBState = grid.addText("txtBState", QStringLiteral("State/ County/ Province"));
@@ -36,7 +36,7 @@ void BusinessPage::buildAddress(FieldGrid &grid)
 
 void BusinessPage::buildPhones(FieldGrid &grid, WindowIcons &icons)
 {
-    txtDept = grid.addText("txtDept", QStringLiteral("Department"), limit);
+    txtDept = grid.addText("txtDept", QStringLiteral("Department"), workLimit);
     txtBPhone1 = grid.addPhone("txtBPhone1", QStringLiteral("Phone 1"), "Command4", icons);
     txtBPhone2 = grid.addPhone("txtBPhone2", QStringLiteral("Phone 2"), "Command5", icons);
     txtFax = grid.addText("txtFax", QStringLiteral("Fax"));

@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr int fieldWidth = 30; // characters
-constexpr int gap = 12;        // pixels, beside the layout's own
+constexpr int boxWidth = 30;  // characters
+constexpr int columnGap = 12; // pixels, beside the layout's own
 
 /// "txtName" has the label "lblName".
 QByteArray labelName(const char *field)
@@ -30,7 +30,7 @@ FieldGrid::FieldGrid()
 QLineEdit *FieldGrid::addText(const char *name, const QString &caption, int limit)
 {
     auto *box = named<QLineEdit>(name, caption);
-    box->setMinimumWidth(fieldWidth * box->fontMetrics().averageCharWidth());
+    box->setMinimumWidth(boxWidth * box->fontMetrics().averageCharWidth());
     if (limit)
         box->setMaxLength(limit);
     addField(name, caption, box);
@@ -105,7 +105,7 @@ QHBoxLayout *FieldGrid::sideBySide(FieldGrid *left, FieldGrid *right)
 {
     auto *row = new QHBoxLayout;
     row->addLayout(left, 1);
-    row->addSpacing(gap);
+    row->addSpacing(columnGap);
     row->addLayout(right, 1);
     return row;
 }

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int nameLimit = 50;
+constexpr int fullNameLimit = 50;
 constexpr int commentLimit = 255;
 
 } // namespace
@@ -38,8 +38,8 @@ NamePage::NamePage()
 void NamePage::buildPerson(FieldGrid &grid)
 {
     cmbSalute = grid.addChoice("cmbSalute", QStringLiteral("Salutation"));
-    txtName = grid.addText("txtName", QStringLiteral("Full Name"), nameLimit);
-    txtNick = grid.addText("txtNick", QStringLiteral("Nick Name"), nameLimit);
+    txtName = grid.addText("txtName", QStringLiteral("Full Name"), fullNameLimit);
+    txtNick = grid.addText("txtNick", QStringLiteral("Nick Name"), fullNameLimit);
     cmbGroups = grid.addChoice("cmbGroups", QStringLiteral("Group"));
     txtBDate = grid.addText("txtBDate", QStringLiteral("Birth Date"));
     txtBDate->setPlaceholderText(QStringLiteral("e.g. 5-Sep-1999"));

@@ -13,13 +13,13 @@
 
 namespace {
 
-const QString name = QStringLiteral("frmAddress");
+const QString editorName = QStringLiteral("frmAddress");
 
 } // namespace
 
 EditorWindow::EditorWindow()
 {
-    Forms::registerWindow(name, Forms::Instances::One, [] { return new frmAddress; });
+    Forms::registerWindow(editorName, Forms::Instances::One, [] { return new frmAddress; });
     AddressConnection.execute(QStringLiteral("Insert into State values(2,'Kent')"));
     AddressConnection.execute(QStringLiteral("insert into city values(2,'London',2)"));
     AddressConnection.execute(QStringLiteral("Insert into Groups values(2,'Family')"));
