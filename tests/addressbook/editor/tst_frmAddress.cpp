@@ -218,14 +218,16 @@ TEST_F(FrmAddressTest, IsShownModallyAboveTheAddressBook)
 {
     editor.frame.dialogs.expectWindow<frmAddress>(QStringLiteral("frmAddress"), [](frmAddress &window) {
         EXPECT_TRUE(window.isModal());
+        EXPECT_EQ(window.focusWidget(), &window.member<QLineEdit>(QStringLiteral("txtName")));
         QTest::keyClicks(&window.member<QLineEdit>(QStringLiteral("txtName")), QStringLiteral("Ann"));
         QTest::mouseClick(&window.member<QPushButton>(QStringLiteral("cmdOK")), Qt::LeftButton);
     });
-    frmAddress window;
-    window.load();
-    window.EditMode = QStringLiteral("New");
-    window.showModal(nullptr);
-    EXPECT_EQ(window.EditMode, QString());
+    QWidget addressBook;
+    addressBook.show();
+    auto *window = new frmAddress;
+    window->load();
+    window->EditMode = QStringLiteral("New");
+    window->showModal(&addressBook);
     EXPECT_EQ(editor.numbers(), QStringLiteral("1//1/1"));
 }
 
