@@ -149,6 +149,16 @@ TEST_F(ContactImportTest, MoreContactsThanThereIsRoomForAreRefused)
     EXPECT_EQ(ContactRows::name(32767).name, QStringLiteral("a"));
 }
 
+TEST_F(ContactImportTest, ARefusedContactLeavesNothingOfTheOthers)
+{
+    AddressConnection.execute(
+        QStringLiteral("create trigger T before insert on Business when new.SrNo=2 begin select "
+                       "raise(abort, 'no'); end"));
+    EXPECT_THROW(add({living("a", "Dover", "Kent"), living("b", "Deal", "Kent")}), RuntimeError);
+    EXPECT_EQ(names(), QString());
+    EXPECT_EQ(cities(), QStringLiteral("1|..|1"));
+}
+
 TEST_F(ContactImportTest, AFullDiskAddsNothing)
 {
     ScratchAddressBook::addContact(QStringLiteral("old"));
