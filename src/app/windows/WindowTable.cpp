@@ -1,12 +1,15 @@
 #include "WindowTable.h"
 
 #include "Forms.h"
+#include "frmAddress.h"
 #include "frmCalculator.h"
 #include "frmDocument.h"
 #include "frmFTP.h"
 #include "frmFTPAccounts.h"
 #include "frmMargins.h"
 #include "frmOptions.h"
+#include "frmRegCity.h"
+#include "frmRegister.h"
 #include "frmSplash.h"
 
 namespace {
@@ -32,6 +35,9 @@ constexpr Row windows[] = {
     {"frmCalculator", Forms::Instances::One, make<frmCalculator>},
     {"frmFTP", Forms::Instances::One, make<frmFTP>},
     {"frmFTPAccounts", Forms::Instances::One, make<frmFTPAccounts>},
+    {"frmAddress", Forms::Instances::One, make<frmAddress>},
+    {"frmRegCity", Forms::Instances::One, make<frmRegCity>},
+    {"frmRegister", Forms::Instances::One, make<frmRegister>},
 };
 
 } // namespace
