@@ -27,20 +27,39 @@ QString copiesHint()
                               : QString();
 }
 
-void requireVersion(const QString &path)
+struct State
 {
+    qint64 version;
+    QString damage;
+};
+
+State openedState(const QString &path)
+{
+    AddressConnection.open(path);
     Recordset found;
     found.open(QStringLiteral("pragma user_version"), AddressConnection);
-    if (found.field(0).number() != version)
-        refuse(path,
-               QStringLiteral("is empty, or was made by another version of the program.") + copiesHint());
+    return {found.field(0).number(), AddressConnection.damage()};
 }
 
-void requireSound(const QString &path)
+State stateOf(const QString &path)
 {
-    const QString damage = AddressConnection.damage();
-    if (!damage.isEmpty())
-        refuse(path, QStringLiteral("is damaged: %1.").arg(damage) + copiesHint());
+    try {
+        return openedState(path);
+    } catch (const RuntimeError &error) {
+        refuse(path, QStringLiteral("cannot be opened: %1.").arg(error.description()) + copiesHint());
+    }
+}
+
+void openSound(const QString &path)
+{
+    if (!QFileInfo::exists(path))
+        refuse(path, QStringLiteral("does not exist.") + copiesHint());
+    const State state = stateOf(path);
+    if (!state.damage.isEmpty())
+        refuse(path, QStringLiteral("is damaged: %1.").arg(state.damage) + copiesHint());
+    if (state.version != version)
+        refuse(path,
+               QStringLiteral("is empty, or was made by another version of the program.") + copiesHint());
 }
 
 } // namespace
@@ -53,17 +72,11 @@ QString AddressDatabase::path()
 void AddressDatabase::open(const QString &path)
 {
     AddressConnection.close();
-    if (!QFileInfo::exists(path))
-        refuse(path, QStringLiteral("does not exist."));
     try {
-        AddressConnection.open(path);
-        requireVersion(path);
-        requireSound(path);
-    } catch (const RuntimeError &error) {
+        openSound(path);
+    } catch (...) {
         AddressConnection.close();
-        if (error.source() == path)
-            throw;
-        refuse(path, QStringLiteral("cannot be opened: %1.").arg(error.description()) + copiesHint());
+        throw;
     }
 }
 
