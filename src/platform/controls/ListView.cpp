@@ -10,7 +10,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QListView>
 #include <QTreeView>
@@ -202,6 +201,8 @@ bool ListView::eventFilter(QObject *watched, QEvent *event)
     run([&] {
         if (event->type() == QEvent::KeyPress && watched == &pane())
             isDone = actOnKey(*static_cast<QKeyEvent *>(event));
+        else if (event->type() == QEvent::MouseButtonPress && watched == pane().viewport())
+            Q_EMIT MouseDown(static_cast<QMouseEvent *>(event)->button());
         else if (event->type() == QEvent::MouseButtonDblClick && watched == pane().viewport())
             Q_EMIT DblClick();
     });
