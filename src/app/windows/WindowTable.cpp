@@ -1,6 +1,7 @@
 #include "WindowTable.h"
 
 #include "Forms.h"
+#include "frmAddress.h"
 #include "frmAddressBook.h"
 #include "frmBirthDays.h"
 #include "frmCalculator.h"
@@ -10,6 +11,8 @@
 #include "frmMargins.h"
 #include "frmOptions.h"
 #include "frmQuillAddressAbout.h"
+#include "frmRegCity.h"
+#include "frmRegister.h"
 #include "frmSplash.h"
 #include "frmquilladdresshelp.h"
 
@@ -40,6 +43,9 @@ constexpr Row windows[] = {
     {"frmBirthDays", Forms::Instances::One, make<frmBirthDays>},
     {"frmQuillAddressAbout", Forms::Instances::One, make<frmQuillAddressAbout>},
     {"frmquilladdresshelp", Forms::Instances::One, make<frmquilladdresshelp>},
+    {"frmAddress", Forms::Instances::One, make<frmAddress>},
+    {"frmRegCity", Forms::Instances::One, make<frmRegCity>},
+    {"frmRegister", Forms::Instances::One, make<frmRegister>},
 };
 
 } // namespace

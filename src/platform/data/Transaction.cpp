@@ -14,12 +14,19 @@ Transaction::~Transaction()
 {
     if (!m_isOpen)
         return;
-    if (m_unfinished == Unfinished::Discard)
-        return rollBack();
+    if (m_unfinished == Unfinished::Keep)
+        keep();
+    else
+        rollBack();
+}
+
+/// The exception that has led here says what was wrong, so that of a commit is left out.
+void Transaction::keep() noexcept
+{
     try {
         commit();
     } catch (const RuntimeError &) {
-        // the exception that has led here says what was wrong
+        return;
     }
 }
 

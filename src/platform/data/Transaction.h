@@ -25,6 +25,7 @@ public:
     void commit();
 
 private:
+    void keep() noexcept;
     void rollBack() noexcept;
 
     Connection &m_connection;

@@ -1,0 +1,215 @@
+#include "AddressDatabase.h"
+#include "ContactRows.h"
+#include "DailyCopies.h"
+#include "DateFunctions.h"
+#include "Milliseconds.h"
+#include "Paths.h"
+#include "Recordset.h"
+#include "TextCollation.h"
+#include "Transaction.h"
+#include "modGetFunctions.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <cstdio>
+#include <malloc.h>
+#include <sqlite3.h>
+#include <vector>
+
+// What the address book's windows ask of the database, with 32,000 contacts; beside each query the bare
+// engine, which steps through the same rows and reads every field as bytes. Medians of 15.
+
+namespace {
+
+constexpr int contacts = 32000;
+constexpr int rounds = 15;
+constexpr int reported = 1000; // contacts of a report
+
+const QString view = QStringLiteral(
+    "SELECT Names.SrNo, Names.Name, Home.hAddress, City.CityName, Home.hPhone1, Home.hMobile,names.dtOfBirth "
+    "FROM Names,Home,City where Names.SrNo = Home.SrNo and City.CityID = Home.CityID");
+const QString byName = QStringLiteral(" order by Names.Name");
+
+template<class Step>
+double median(Step step)
+{
+    std::vector<double> times;
+    for (int i = 0; i < rounds; ++i)
+        times.push_back(milliseconds(step));
+    std::nth_element(times.begin(), times.begin() + rounds / 2, times.end());
+    return times[rounds / 2];
+}
+
+QString word(int seed)
+{
+    static const QStringList syllables = {
+        QStringLiteral("ba"),  QStringLiteral("\u00E9l"), QStringLiteral("mor"),
+        QStringLiteral("tis"), QStringLiteral("Ko"),      QStringLiteral("ren"),
+        QStringLiteral("Sa"),  QStringLiteral("lin"),     QStringLiteral("dor")};
+    QString text;
+    for (int i = 0; i < 4; ++i, seed /= 7)
+        text += syllables[(seed + i * 5) % syllables.size()];
+    return text;
+}
+
+void fill()
+{
+    Transaction transaction(AddressConnection);
+    for (int state = 2; state <= 200; ++state)
+        AddressConnection.execute(
+            QStringLiteral("Insert into State values(%1,'%2')").arg(state).arg(word(state)));
+    for (int city = 2; city <= 1000; ++city)
+        AddressConnection.execute(
+            QStringLiteral("insert into city values(%1,'%2',%3)")
+                .arg(QString::number(city), word(city * 31), QString::number(1 + city % 200)));
+    for (int number = 1; number <= contacts; ++number) {
+        const QString phone = QStringLiteral("+44 20 %1").arg(number);
+        ContactRows::addName(number, {.groupId = 1,
+                                      .name = word(number * 17) + u' ' + word(number),
+                                      .birthDate = QDate(1930, 1, 1).addDays(number)});
+        ContactRows::addEMails(number, {QStringLiteral("%1@example.org").arg(number)});
+        ContactRows::addHome(number,
+                             {QStringLiteral("%1 Long Road\nOld Town").arg(number), qint16(1 + number % 1000),
+                              QStringLiteral("CT%1").arg(number), phone, phone, phone});
+        ContactRows::addBusiness(number, {.cityId = qint16(1 + number % 999), .company = word(number * 3)});
+    }
+    transaction.commit();
+}
+
+/// Reads every field of every row as a window does.
+qsizetype readAll(const QString &statement)
+{
+    Recordset rows;
+    qsizetype letters = 0;
+    for (rows.open(statement, AddressConnection); !rows.eof(); rows.moveNext()) {
+        for (int i = 0; i < rows.fieldCount(); ++i)
+            letters += rows.field(i).textOrEmpty().size();
+    }
+    return letters;
+}
+
+/// The bare engine on the same file.
+class BareEngine
+{
+public:
+    BareEngine()
+    {
+        ::sqlite3_open(AddressDatabase::path().toUtf8().constData(), &m_database);
+        TextCollation::install(m_database);
+        DateFunctions::install(m_database);
+    }
+    ~BareEngine() { ::sqlite3_close(m_database); }
+    BareEngine(const BareEngine &) = delete;
+    BareEngine &operator=(const BareEngine &) = delete;
+
+    qsizetype readAll(const QString &statement) const
+    {
+        sqlite3_stmt *rows = nullptr;
+        ::sqlite3_prepare_v2(m_database, statement.toUtf8().constData(), -1, &rows, nullptr);
+        qsizetype bytes = 0;
+        while (::sqlite3_step(rows) == SQLITE_ROW) {
+            for (int i = 0; i < ::sqlite3_column_count(rows); ++i)
+                bytes += ::sqlite3_column_text(rows, i) ? ::sqlite3_column_bytes(rows, i) : 0;
+        }
+        ::sqlite3_finalize(rows);
+        return bytes;
+    }
+
+private:
+    sqlite3 *m_database = nullptr;
+};
+
+void compare(const char *what, const QString &statement)
+{
+    const BareEngine engine;
+    const double ours = median([&] { readAll(statement); });
+    const double bare = median([&] { engine.readAll(statement); });
+    std::printf("%-32s %9.2f ms   bare %9.2f ms   ratio %.2f\n", what, ours, bare, ours / bare);
+}
+
+template<class Step>
+void show(const char *what, Step step)
+{
+    std::printf("%-32s %9.2f ms\n", what, median(step));
+}
+
+void save(qint32 number)
+{
+    Transaction transaction(AddressConnection, Transaction::Unfinished::Keep);
+    ContactRows::remove(number);
+    ContactRows::addName(number, {.groupId = 1, .name = word(number)});
+    ContactRows::addEMails(number, {QStringLiteral("a@example.org")});
+    ContactRows::addHome(number, {.cityId = GetCityId(word(31 * 500))});
+    ContactRows::addBusiness(number, {.cityId = GetCityId(QStringLiteral(".."))});
+    transaction.commit();
+}
+
+void readForReport(qint32 number)
+{
+    const QString n = QString::number(number);
+    ContactRows::name(number);
+    ContactRows::eMails(number);
+    ContactRows::home(number);
+    ContactRows::business(number);
+    readAll(
+        QStringLiteral("Select State.StateName from State inner join (City inner join Home on City.CityID = "
+                       "Home.CityID) on State.StateID = City.StateID where (((Home.SrNo)=") +
+        n + QStringLiteral("))"));
+    readAll(QStringLiteral(
+                "Select State.StateName from (State inner join City ON State.StateID = City.StateID) inner "
+                "join Business on City.CityID = Business.CityID where (((Business.SrNo)=") +
+            n + QStringLiteral("))"));
+}
+
+/// The memory that a filled recordset keeps, in MiB.
+double memoryOfView()
+{
+    const size_t before = ::mallinfo2().uordblks + ::mallinfo2().hblkhd;
+    Recordset rows;
+    rows.open(view + byName, AddressConnection);
+    return double(::mallinfo2().uordblks + ::mallinfo2().hblkhd - before) / (1 << 20);
+}
+
+void measure()
+{
+    compare("all contacts by name", view + byName);
+    compare("one letter", view + QStringLiteral(" and Names.Name like 'B%'") + byName);
+    compare("one city", view + QStringLiteral(" and City.CityId=7") + byName);
+    compare("one state",
+            view + QStringLiteral(" and Home.CityId in(select cityid from city where stateid=7)") + byName);
+    compare("birthdays of a day",
+            view + QStringLiteral(" and day(dtOfBirth) =5 and month(dtofBirth) =9") + byName);
+    show("next contact number", [] { NextSrNo(); });
+    show("id of a city's name", [] { GetCityId(QStringLiteral("nowhere")); });
+    show("save of a contact", [number = 0]() mutable { save(1 + number++); });
+    show("reading 1,000 for a report", [] {
+        for (qint32 number = 1; number <= reported; ++number)
+            readForReport(number);
+    });
+    show("opening, with the check", [] { AddressDatabase::open(AddressDatabase::path()); });
+    show("of that, the check", [] { AddressConnection.damage(); });
+    show("copy of the day", [day = QDate(2000, 1, 1)]() mutable {
+        DailyCopies::make(AddressConnection, day);
+        day = day.addDays(1);
+    });
+    std::printf("%-32s %9.2f MiB\n", "memory of all contacts' rows", memoryOfView());
+}
+
+} // namespace
+
+int main()
+{
+    const QTemporaryDir folder(QDir::currentPath() +
+                               QStringLiteral("/bench-XXXXXX")); // on a disk, not in memory
+    qputenv("XDG_STATE_HOME", folder.path().toUtf8());
+    Paths::setAppPath(folder.path());
+    QFile::copy(QStringLiteral(QUILL_DATABASE), AddressDatabase::path());
+    AddressDatabase::open(AddressDatabase::path());
+    fill();
+    std::printf("%d contacts, %.1f MB\n", contacts, double(QFile(AddressDatabase::path()).size()) / 1e6);
+    measure();
+    AddressConnection.close();
+    return 0;
+}
