@@ -1,4 +1,5 @@
 #include "ErrorNumberOf.h"
+#include "EventGate.h"
 #include "ListView.h"
 
 #include <QApplication>
@@ -177,6 +178,20 @@ TEST_F(ListViewTest, ADoubleClickBesideTheRowsIsEmittedToo)
     EXPECT_EQ(doubleClicks.count(), 1);
     QTest::mouseDClick(pane().viewport(), Qt::LeftButton, {}, cell(3).center() + QPoint(0, 100));
     EXPECT_EQ(doubleClicks.count(), 2);
+}
+
+TEST_F(ListViewTest, EmitsPressesOfTheMouseBeforeItActsOnThem)
+{
+    QList<std::pair<Qt::MouseButton, bool>> presses;
+    on(&view, &ListView::MouseDown, &view, [&](Qt::MouseButton button) {
+        presses.append({button, view.hasSelection()});
+    });
+    QTest::mousePress(pane().viewport(), Qt::RightButton, {}, cell(2).center());
+    EXPECT_TRUE(view.hasSelection());
+    QTest::mouseRelease(pane().viewport(), Qt::RightButton, {}, cell(2).center());
+    QTest::mousePress(pane().viewport(), Qt::LeftButton, {}, cell(3).center() + QPoint(0, 100));
+    EXPECT_EQ(presses,
+              (QList<std::pair<Qt::MouseButton, bool>>{{Qt::RightButton, false}, {Qt::LeftButton, true}}));
 }
 
 TEST_F(ListViewTest, EmitsKeysAndClicksOnHeaders)
