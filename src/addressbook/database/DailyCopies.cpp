@@ -16,7 +16,7 @@ constexpr int kept = 7;
 QStringList names()
 {
     return QDir(DailyCopies::folder())
-        .entryList({QStringLiteral("data97-????-??-??.mdb")}, QDir::Files, QDir::Name | QDir::Reversed);
+        .entryList({QStringLiteral("data97-[0-9]*.mdb")}, QDir::Files, QDir::Name | QDir::Reversed);
 }
 
 QString pathOf(const QString &name)

@@ -8,11 +8,11 @@
 struct NameRow
 {
     quint8 groupId = 0;
-    QString salutation;
-    QString name;
-    QString nickName;
-    QString comment;
-    std::optional<QDate> birthDate;
+    QString salutation = {};
+    QString name = {};
+    QString nickName = {};
+    QString comment = {};
+    std::optional<QDate> birthDate = {};
 
     friend bool operator==(const NameRow &, const NameRow &) = default;
 };

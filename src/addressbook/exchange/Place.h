@@ -5,10 +5,10 @@
 /// Where a contact lives or works.
 struct Place
 {
-    QString address; ///< may have several lines
-    QString city;
-    QString state;
-    QString zipCode;
+    QString address = {}; ///< may have several lines
+    QString city = {};
+    QString state = {};
+    QString zipCode = {};
 
     bool isEmpty() const
     {

@@ -23,7 +23,9 @@ void addRow(const QString &table, std::initializer_list<std::pair<QStringView, F
 
 quint8 stateOf(qint16 city)
 {
-    return GetStateId(GetStateOfCity(city));
+    Recordset rows;
+    rows.open(QStringLiteral("select StateID from City where CityID=%1").arg(city), AddressConnection);
+    return quint8(rows.field(0).number());
 }
 
 } // namespace

@@ -13,6 +13,7 @@ namespace {
 
 constexpr int waitMs = 5000;         // for another process that writes
 constexpr int longestText = 1 << 24; // bytes; no honest field comes near
+constexpr int longestStatement = 1 << 20;
 constexpr int deepestStatement = 100;
 
 /// A connection that has not succeeded has a handle all the same, which holds the reason.
@@ -37,6 +38,7 @@ void restrict(sqlite3 *database)
     ::sqlite3_db_config(database, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
     ::sqlite3_limit(database, SQLITE_LIMIT_ATTACHED, 0);
     ::sqlite3_limit(database, SQLITE_LIMIT_LENGTH, longestText);
+    ::sqlite3_limit(database, SQLITE_LIMIT_SQL_LENGTH, longestStatement);
     ::sqlite3_limit(database, SQLITE_LIMIT_EXPR_DEPTH, deepestStatement);
 }
 

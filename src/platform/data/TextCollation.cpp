@@ -2,7 +2,7 @@
 
 #include "DataError.h"
 
-#include <cstring>
+#include <QLocale>
 #include <sqlite3.h>
 #include <string_view>
 #include <unicode/ucol.h>
@@ -27,6 +27,13 @@ int compare(void *collator, int firstSize, const void *first, int secondSize, co
                               secondSize, &status);
 }
 
+/// Where the user has chosen no language, the rules that most languages have in common.
+QByteArray language()
+{
+    const QLocale chosen = QLocale::system().collation();
+    return chosen.language() == QLocale::C ? QByteArray() : chosen.name().toLatin1();
+}
+
 void close(void *collator)
 {
     ::ucol_close(static_cast<UCollator *>(collator));
@@ -37,7 +44,7 @@ void close(void *collator)
 void TextCollation::install(sqlite3 *database)
 {
     UErrorCode status = U_ZERO_ERROR;
-    UCollator *collator = ::ucol_open(nullptr, &status);
+    UCollator *collator = ::ucol_open(language().constData(), &status);
     if (U_FAILURE(status))
         throw RuntimeError(DataError::Engine, QString::fromLatin1(::u_errorName(status)));
     ::ucol_setStrength(collator, UCOL_SECONDARY);

@@ -15,7 +15,7 @@ public:
     /// What the destructor does with what was written when an exception or a return has passed commit by.
     enum class Unfinished { Keep, Discard };
 
-    /// Waits for another process that writes. Throws RuntimeError, also where the file may only be read.
+    /// Waits for another process that writes. Throws RuntimeError where that does not end.
     explicit Transaction(Connection &connection, Unfinished unfinished = Unfinished::Discard);
     ~Transaction();
     Transaction(const Transaction &) = delete;

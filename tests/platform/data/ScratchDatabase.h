@@ -3,6 +3,7 @@
 #include "Connection.h"
 #include "PrintQt.h"
 #include "Recordset.h"
+#include "RuntimeError.h"
 #include "ScratchFolder.h"
 
 #include <QStringList>

@@ -3,6 +3,8 @@
 #include "RowName.h"
 #include "ScratchDatabase.h"
 
+#include <QFile>
+
 namespace {
 
 struct StatementTextTest : ScratchDatabase
