@@ -45,7 +45,7 @@ void ReferenceEntity::add(const QString &text) const
     AddressConnection.execute(QString::fromLatin1(insertStatement).arg(QString::number(nextId()), text));
 }
 
-void ReferenceEntity::rename(qint16 id, const QString &text) const
+void ReferenceEntity::rename(qint16 row, const QString &text) const
 {
-    AddressConnection.execute(QString::fromLatin1(updateStatement).arg(text, QString::number(id)));
+    AddressConnection.execute(QString::fromLatin1(updateStatement).arg(text, QString::number(row)));
 }

@@ -14,7 +14,7 @@ struct ReferenceEntity
     /// True also where case alone differs.
     bool exists(const QString &text) const { return id(text) != 0; }
     void add(const QString &text) const;
-    void rename(qint16 id, const QString &text) const;
+    void rename(qint16 row, const QString &text) const;
 
     const char *type;
     const char *caption;
