@@ -218,6 +218,17 @@ TEST_F(ListViewTest, AmongIconsTheTextKeepsItsRoomBesideACheckBox)
     EXPECT_EQ(icons.gridSize().width(), without);
 }
 
+TEST_F(ListViewTest, AmongIconsEveryRowHasAWholeCell)
+{
+    items.Add({QStringLiteral("Long"), QStringLiteral("a name of more letters"), {}});
+    for (const int shown : {0, 1, 2}) {
+        view.setView(shown);
+        const auto &icons = static_cast<const QListView &>(pane());
+        for (int row = 0; row < items.Count(); ++row)
+            EXPECT_EQ(icons.visualRect(items.index(row, 0)).size(), icons.gridSize()) << shown << ' ' << row;
+    }
+}
+
 TEST_F(ListViewTest, ChecksByMouse)
 {
     view.setCheckboxes(true);
