@@ -16,6 +16,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
+#include <algorithm>
 
 namespace {
 
@@ -97,7 +98,8 @@ QPushButton *frmAddressBook::command(const char *name, const QString &caption)
 {
     auto *button = named<QPushButton>(name, caption);
     makeLow(*button);
-    button->setMinimumWidth(button->sizeHint().width() + 8);
+    button->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
+    button->setMaximumWidth(button->sizeHint().width() + 2 * button->fontMetrics().averageCharWidth());
     return button;
 }
 
@@ -196,8 +198,6 @@ void frmAddressBook::bind()
 
 void frmAddressBook::Form_Resize()
 {
-    if (WindowState() == FormState::Minimized)
-        return;
     if (Height() < BookSizes::leastLength)
         setHeight(BookSizes::leastLength);
     if (Width() < BookSizes::leastLength)
@@ -224,7 +224,8 @@ void frmAddressBook::placeRows()
     y += m_topRow->height();
     Line1->move(left, y);
     y += Line1->sizeHint().height();
-    m_commandRow->setGeometry(left, y, right - left, m_commandRow->sizeHint().height());
+    const QSize commands = m_commandRow->minimumSizeHint(); // a narrow window cuts the row
+    m_commandRow->setGeometry(left, y, std::max(right - left, commands.width()), commands.height());
     y += m_commandRow->height() + rowGap;
     Tv->move(left, y);
     m_letterRow->move(Twips::toPixels(listLeft, logicalDpiX()), y);
