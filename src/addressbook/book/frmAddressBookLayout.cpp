@@ -28,9 +28,9 @@ constexpr int treeIndentation = 14; // the same
 // Twips.
 constexpr int sideGap = 90;
 constexpr int treeWidth = 2450;
-constexpr int listLeft = 2600; // the list then ends where the line does
-constexpr int firstWidth = 12900;
-constexpr int firstHeight = 7350;
+constexpr int listLeft = 2600;    // the list then ends where the line does
+constexpr int firstWidth = 12300; // beside and below another child in a frame of its first size
+constexpr int firstHeight = 6900;
 
 /// Low enough for three rows of controls above the list.
 void makeLow(QPushButton &button)
