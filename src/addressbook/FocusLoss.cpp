@@ -2,15 +2,16 @@
 
 #include "EventGate.h"
 
-#include <QFocusEvent>
+#include <QEvent>
 #include <QWidget>
 
 namespace {
 
-bool isBorrowed(Qt::FocusReason reason)
+/// Where the focus is only borrowed the window still has it in the control.
+bool isLeft(const QWidget &control)
 {
-    return reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
-           reason == Qt::MenuBarFocusReason;
+    const QWidget *focus = control.window()->focusWidget();
+    return focus != &control && !control.isAncestorOf(focus);
 }
 
 } // namespace
@@ -21,10 +22,10 @@ FocusLoss::FocusLoss(QWidget &control)
     control.installEventFilter(this);
 }
 
-bool FocusLoss::eventFilter(QObject *, QEvent *event)
+bool FocusLoss::eventFilter(QObject *watched, QEvent *event)
 {
     run([&] {
-        if (event->type() == QEvent::FocusOut && !isBorrowed(static_cast<QFocusEvent *>(event)->reason()))
+        if (event->type() == QEvent::FocusOut && isLeft(static_cast<const QWidget &>(*watched)))
             Q_EMIT LostFocus();
     });
     return false;

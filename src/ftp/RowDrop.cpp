@@ -39,7 +39,7 @@ bool RowDrop::eventFilter(QObject *watched, QEvent *event)
 void RowDrop::take(QEvent &event)
 {
     auto &drag = static_cast<QDropEvent &>(event);
-    if (drag.source() != &m_from || !m_onto.isEnabled()) {
+    if (drag.source() != &m_from) {
         drag.ignore();
         return;
     }

@@ -14,6 +14,7 @@
 #include "InternetTransfer.h"
 #include "ListBox.h"
 #include "ListingRows.h"
+#include "TransferError.h"
 #include "frmFTPAccounts.h"
 #include "mMain.h"
 
@@ -25,8 +26,6 @@ namespace {
 
 constexpr int requestTimeout = 40; // seconds
 constexpr int pieceSize = 4096;    // characters
-constexpr int connectionAborted = 12030;
-constexpr int invalidParameter = 87;
 
 const QString connected = QStringLiteral("Connected");
 const QString notConnected = QStringLiteral("Not Connected");
@@ -134,7 +133,7 @@ void frmFTP::refresh()
     if (!waitUntilIdle())
         return;
     lstRemoteFile->Clear();
-    execute(FtpCommand::list); // Intended: where the connection ended meanwhile, this logs on again
+    execute(FtpCommand::list); // Intended: after a loss or a Disconnect meanwhile this logs on again
     setStatus(connected);
 }
 
@@ -148,8 +147,11 @@ void frmFTP::cmdLogOn_Click()
         Ask(QStringLiteral("Logon attempt failed"), MsgBoxStyle::Information, logOnFailure);
         ITC->Cancel();
         setStatus(notConnected);
+        const bool isParked = parkFocus();
         cmdLogOn->setEnabled(true);
         setConnected(false);
+        if (isParked)
+            cmdLogOn->setFocus();
     }
 }
 
@@ -166,6 +168,7 @@ void frmFTP::logOn()
     ITC->setRemoteHost(txtServer->text());
     ITC->setUserName(txtUserName->text().isEmpty() ? QStringLiteral("anonymous") : txtUserName->text());
     ITC->Cancel();
+    parkFocus();
     cmdLogOn->setEnabled(false);
     ITC->setPassword(txtPassword->text());
     ITC->setRequestTimeout(requestTimeout);
@@ -174,6 +177,8 @@ void frmFTP::logOn()
         return;
     setStatus(connected); // Intended: also where the server refused
     setConnected(true);
+    if (hasFocusInside())
+        lstRemoteFile->setFocus();
 }
 
 void frmFTP::cmdLogOff_Click()
@@ -201,28 +206,51 @@ void frmFTP::setStatus(const QString &status)
 }
 
 /// The controls that need a connection.
+QList<QWidget *> frmFTP::connectionControls() const
+{
+    return {cmdNewFolder, cmdDelete,  cmdRename,     cmdSize,  cmdUpFolder,
+            cmdsend,      cmdreceive, lstRemoteFile, cmdLogOff};
+}
+
 void frmFTP::setConnected(bool connected)
 {
-    for (QWidget *control :
-         std::initializer_list<QWidget *>{cmdNewFolder, cmdDelete, cmdRename, cmdSize, cmdUpFolder, cmdsend,
-                                          cmdreceive, lstRemoteFile, cmdLogOff})
+    for (QWidget *control : connectionControls())
         control->setEnabled(connected);
 }
 
 void frmFTP::setDisconnected()
 {
     setStatus(notConnected);
+    const bool isParked = parkFocus();
     cmdLogOn->setEnabled(false);
     setConnected(false);
     cmdLogOn->setEnabled(true);
+    if (isParked)
+        cmdLogOn->setFocus();
+}
+
+/// Also while a box is in front of the frame. Otherwise the user works in another window.
+bool frmFTP::hasFocusInside() const
+{
+    const QWidget *focused = window()->focusWidget();
+    return focused == this || isAncestorOf(focused);
+}
+
+/// Takes the focus away from the controls that are about to be disabled, from which it would jump to any
+/// other one. Returns whether it is here, for the caller to give it back.
+bool frmFTP::parkFocus()
+{
+    QWidget *focused = window()->focusWidget();
+    const bool isParked = focused == this || focused == cmdLogOn || connectionControls().contains(focused);
+    if (isParked)
+        setFocus();
+    return isParked;
 }
 
 // ---- What the session reports
 
 void frmFTP::ITC_StateChanged(int state)
 {
-    if (!isLoaded())
-        return;
     const QString status = statusOf(state);
     if (!status.isEmpty())
         setStatus(status);
@@ -235,11 +263,11 @@ void frmFTP::ITC_StateChanged(int state)
 void frmFTP::showError()
 {
     const int code = ITC->ResponseCode();
-    if (code == connectionAborted) {
+    if (code == TransferError::ConnectionLost) {
         setDisconnected();
         ITC->Cancel();
     }
-    if (code != invalidParameter)
+    if (code != TransferError::InvalidParameter)
         Ask(QString::number(code) + u' ' + ITC->ResponseInfo(), MsgBoxStyle::Critical,
             QStringLiteral("Error"));
 }
@@ -251,13 +279,13 @@ void frmFTP::showResponse()
         const QString piece = ITC->GetChunk(pieceSize);
         if (piece.isEmpty())
             break;
-        processPendingEvents();
+        processPendingEvents(); // Intended: after a Disconnect in here the rows so far come into the list
         response += piece;
     }
     if (!isLoaded())
         return;
     Beep();
-    if (GettingSize)
+    if (GettingSize) // Intended: for CLOSE, too, where Disconnect was pressed meanwhile
         Ask(QStringLiteral("The size of file ") + selectedRow() + QStringLiteral(" is ") + response +
                 QStringLiteral(" bytes"),
             MsgBoxStyle::Information, QStringLiteral("Size"));

@@ -60,8 +60,11 @@ private:
     void showResponse();
     QString selectedRow() const;
     void setStatus(const QString &status);
+    QList<QWidget *> connectionControls() const;
     void setConnected(bool connected);
     void setDisconnected();
+    bool hasFocusInside() const;
+    bool parkFocus();
 
     QPushButton *button(const char *name, const QString &toolTip, const QString &icon);
     QToolButton *image(const char *name, const QString &toolTip, const QString &icon);

@@ -92,9 +92,12 @@ TEST_F(ChoiceBoxTest, CodeShowsAnyText)
     EXPECT_EQ(clicks.count(), 0);
 }
 
-TEST_F(ChoiceBoxTest, ALongEntryDoesNotWidenIt)
+TEST(ChoiceBox, ALongEntryDoesNotWidenIt)
 {
-    const int width = box->sizeHint().width();
-    box->addItem(QString(50, u'W'));
-    EXPECT_EQ(box->sizeHint().width(), width);
+    ChoiceBox narrow;
+    ChoiceBox box;
+    box.addItem(QString(50, u'W'));
+    narrow.show();
+    box.show(); // Qt measures its entries then
+    EXPECT_EQ(box.sizeHint().width(), narrow.sizeHint().width());
 }

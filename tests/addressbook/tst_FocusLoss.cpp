@@ -53,10 +53,12 @@ TEST_F(FocusLossTest, AListAMenuAndAnotherWindowOnlyBorrowIt)
     QSignalSpy losses(loss, &FocusLoss::LostFocus);
     box->showPopup();
     box->hidePopup();
+    EXPECT_EQ(losses.count(), 0) << "list";
     QMenu menu;
     menu.addAction(QStringLiteral("item"));
     menu.popup({});
     menu.hide();
+    EXPECT_EQ(losses.count(), 0) << "menu";
     QWidget other;
     other.show();
     other.activateWindow();

@@ -120,10 +120,12 @@ TEST_F(FtpWindowTest, TakesTheFirstProfile)
 {
     EXPECT_EQ(window.form().Caption(), QStringLiteral("Quill-FTP"));
     EXPECT_EQ(text("txtAccount"), QStringLiteral("Mirror"));
-    EXPECT_EQ(text("txtServer"), QStringLiteral("ftp.example.org"));
+    EXPECT_EQ(text("txtServer"), window.server.address());
     EXPECT_EQ(text("txtUserName"), QStringLiteral("tester"));
     EXPECT_EQ(text("txtPassword"), QStringLiteral("secret"));
-    EXPECT_EQ(StandInSession::calls, QStringList());
+    EXPECT_EQ(window.session().RemoteHost(), QString());
+    EXPECT_EQ(window.server.connections(), 0);
+    EXPECT_EQ(window.probe.states(), QString());
 }
 
 TEST_F(FtpWindowTest, ThePasswordIsShownAsAsterisks)
@@ -184,7 +186,7 @@ TEST_F(FtpWindowTest, AStatusOfAnyLengthLeavesTheLayout)
 {
     const QRect before = window.remote().geometry();
     for (int state = 1; state <= 10; ++state) {
-        window.session().report(state);
+        Q_EMIT window.session().StateChanged(state);
         QCoreApplication::processEvents();
         EXPECT_EQ(window.remote().geometry(), before) << state;
     }

@@ -60,6 +60,7 @@ struct FtpAccountsTest : testing::Test
     {
         return Files::read(window.programFolder.path() + QStringLiteral("/ftpprof.dat"));
     }
+    QByteArray address() const { return window.server.address().toLatin1(); }
     QByteArray line(int index) const { return content().split('\n').value(index).chopped(1); }
     /// Opens the window and lets \a act use it; what it leaves open is closed.
     void use(const std::function<void(const Accounts &)> &act)
@@ -110,8 +111,9 @@ TEST_F(FtpAccountsTest, HasItsCaptions)
 
 TEST_F(FtpAccountsTest, ShowsTheDefaultProfileAndSelectsNoRow)
 {
-    use([](const Accounts &accounts) {
-        EXPECT_EQ(accounts.boxes(), QStringLiteral("Mirror|ftp.example.org|tester|secret"));
+    use([this](const Accounts &accounts) {
+        EXPECT_EQ(accounts.boxes(),
+                  QStringLiteral("Mirror|") + window.server.address() + QStringLiteral("|tester|secret"));
         ASSERT_EQ(accounts.list().ListCount(), 2);
         EXPECT_EQ(accounts.list().List(0), QStringLiteral("0:  Mirror"));
         EXPECT_EQ(accounts.list().List(1), QStringLiteral("1:  Second"));
@@ -142,7 +144,7 @@ TEST_F(FtpAccountsTest, ASaveWithoutAClickChangesTheDefault)
         accounts.type("txtUserName", QStringLiteral("me"));
         save(accounts);
     });
-    EXPECT_EQ(line(0), "0,Mirror,ftp.example.org,me,secret,extra");
+    EXPECT_EQ(line(0), "0,Mirror," + address() + ",me,secret,extra");
     EXPECT_EQ(content().count("\r\n"), 101);
 }
 
@@ -155,8 +157,8 @@ TEST_F(FtpAccountsTest, TheRecordStaysTheOneThatIsSaved)
         accounts.type("txtAccount", QStringLiteral("again"));
         save(accounts);
     });
-    EXPECT_EQ(line(1), "1,again,two.example.org,,pass,");
-    EXPECT_EQ(line(0), "0,Mirror,ftp.example.org,tester,secret,extra");
+    EXPECT_EQ(line(1), "1,again," + address() + ",,pass,");
+    EXPECT_EQ(line(0), "0,Mirror," + address() + ",tester,secret,extra");
 }
 
 TEST_F(FtpAccountsTest, SevenRecordsBecomeAHundredAndOne)
@@ -183,7 +185,7 @@ TEST_F(FtpAccountsTest, ACommaShiftsWhatIsBehindIt)
         accounts.type("txtServer", QStringLiteral("a,b"));
         save(accounts);
         EXPECT_EQ(line(0), "0,Mirror,a,b,tester,secret,extra");
-        EXPECT_EQ(line(1), "1,Second,two.example.org,,pass,");
+        EXPECT_EQ(line(1), "1,Second," + address() + ",,pass,");
         accounts.choose(0);
         EXPECT_EQ(accounts.boxes(), QStringLiteral("Mirror|a|b|tester"));
         EXPECT_EQ(accounts.list().List(1), QStringLiteral("0:  1"));
@@ -211,7 +213,7 @@ TEST_F(FtpAccountsTest, DoneForgetsWhatIsNotSaved)
     EXPECT_EQ(content(), before);
     EXPECT_TRUE(Forms::named(accountsWindow).isEmpty());
     EXPECT_EQ(window.control<QLineEdit>("txtAccount").text(), QStringLiteral("Mirror"));
-    EXPECT_EQ(StandInSession::calls, QStringList());
+    EXPECT_EQ(window.server.connections(), 0);
 }
 
 TEST_F(FtpAccountsTest, EscapeIsDone)
@@ -223,21 +225,27 @@ TEST_F(FtpAccountsTest, EscapeIsDone)
 TEST_F(FtpAccountsTest, ConnectsToWhatIsOnShow)
 {
     const QByteArray before = content();
-    window.session().respond(QStringLiteral("DIR"), QStringLiteral("pub/\r\n"));
+    window.served.addFolder("pub");
     bool wasOpen = true;
-    window.session().during(QStringLiteral("DIR"),
-                            [&] { wasOpen = !Forms::named(accountsWindow).isEmpty(); });
+    window.server.during("USER", [&] { wasOpen = !Forms::named(accountsWindow).isEmpty(); });
+    QStringList order;
+    for (const char *name : {"txtAccount", "txtServer", "txtUserName", "txtPassword"}) {
+        auto &box = window.control<QLineEdit>(name);
+        box.setText(QStringLiteral("before"));
+        QObject::connect(&box, &QLineEdit::textChanged, &window.form(),
+                         [&order, name] { order << QString::fromLatin1(name); });
+    }
     use([](const Accounts &accounts) {
         accounts.choose(1);
-        accounts.type("txtUserName", QStringLiteral("me"));
+        accounts.type("txtUserName", QStringLiteral("anonymous"));
         accounts.click("OKButton");
     });
-    EXPECT_EQ(StandInSession::calls.join(u'|'),
-              QStringLiteral("Protocol 2|RemoteHost two.example.org|UserName me|Cancel|Password pass|"
-                             "RequestTimeout 40|Execute DIR"));
+    EXPECT_EQ(order.join(u' '), QStringLiteral("txtAccount txtServer txtUserName txtPassword"));
+    EXPECT_EQ(window.commands(), QStringLiteral("USER anonymous|PASS pass|MLSD"));
     EXPECT_FALSE(wasOpen);
     EXPECT_EQ(window.control<QLineEdit>("txtAccount").text(), QStringLiteral("Second"));
-    EXPECT_EQ(window.control<QLineEdit>("txtUserName").text(), QStringLiteral("me"));
+    EXPECT_EQ(window.control<QLineEdit>("txtServer").text(), window.server.address());
+    EXPECT_EQ(window.control<QLineEdit>("txtUserName").text(), QStringLiteral("anonymous"));
     EXPECT_EQ(window.rows().join(u'|'), QStringLiteral("pub/"));
     EXPECT_EQ(window.status(), QStringLiteral("Connected"));
     EXPECT_EQ(content(), before);
@@ -248,20 +256,21 @@ TEST_F(FtpAccountsTest, ReturnConnects)
     use([](const Accounts &accounts) {
         QTest::keyClick(&accounts.control<QLineEdit>("txtServer"), Qt::Key_Return);
     });
-    EXPECT_EQ(window.commands(), QStringLiteral("DIR"));
+    EXPECT_EQ(window.commands(), QStringLiteral("USER tester|PASS secret|MLSD"));
 }
 
 TEST_F(FtpAccountsTest, MayBeOpenedDuringATransfer)
 {
     window.logOn({QStringLiteral("a")});
-    window.session().hold(QStringLiteral("GET"));
-    window.session().during(QStringLiteral("GET"), [this] {
+    window.served.addFile("a");
+    window.server.hold("RETR");
+    window.server.during("RETR", [this] {
         use([](const Accounts &accounts) { accounts.click("OKButton"); });
         EXPECT_EQ(window.status(), QStringLiteral("Connected"));
     });
     window.selectRow(QStringLiteral("a"));
     window.click("cmdreceive");
-    EXPECT_TRUE(window.commands().endsWith(QStringLiteral("|DIR")));
+    EXPECT_EQ(window.commands(), QStringLiteral("SIZE a|RETR a|USER tester|PASS secret|MLSD"));
     EXPECT_EQ(window.rows().join(u'|'), QStringLiteral("a|a"));
 }
 

@@ -2,11 +2,13 @@
 #include "FtpWindow.h"
 #include "PrintQt.h"
 #include "RowName.h"
+#include "WindowLog.h"
 
 #include <QAbstractButton>
+#include <QDir>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
-#include <QTimer>
 #include <functional>
 #include <gtest/gtest.h>
 #include <vector>
@@ -17,44 +19,89 @@ namespace {
 struct Moment
 {
     const char *name;
-    const char *verb; // whose command runs
+    const char *stage; // of the server
     std::function<void(FtpWindow &)> act;
-    const char *commands; // that were sent, in all
+    const char *commands; // that the server got, in all
 };
 
 struct FtpClosingTest : testing::TestWithParam<Moment>
-{};
+{
+    FtpWindow window;
+
+    FtpClosingTest()
+    {
+        window.served.addFolder("pub");
+        window.served.addFile("a", QByteArray(100000, 'x'));
+        window.logOn({QStringLiteral("pub/"), QStringLiteral("a")});
+    }
+    /// Uses the window as the moment says, and \a close while the server is held up.
+    void act(const std::function<void()> &close)
+    {
+        const WindowLog log(window.form(), window.control<QLabel>("lblStatus"));
+        qsizetype entries = 0;
+        window.server.hold(GetParam().stage);
+        window.server.during(GetParam().stage, [&] {
+            close();
+            entries = log.entries().size();
+        });
+        GetParam().act(window);
+        EXPECT_EQ(log.entries().size(), entries); // nothing came behind it
+        FtpWindow::waitFor([this] { return !window.isOpen(); });
+    }
+    /// No command was cut off by another one, the connection is closed, and no file is left.
+    void expectGone()
+    {
+        window.server.release();
+        FtpWindow::waitFor([this] { return window.server.openConnections() == 0; });
+        EXPECT_EQ(window.commands(), QString::fromLatin1(GetParam().commands));
+        const auto all = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
+        EXPECT_EQ(QDir(window.local.path()).entryList(all).filter(QStringLiteral("a")), QStringList());
+        EXPECT_EQ(window.frame.dialogs.seen().size(), 0);
+    }
+};
 
 void select(FtpWindow &window, const char *row)
 {
     window.selectRow(QString::fromLatin1(row));
 }
 
+void logOnAgain(FtpWindow &window)
+{
+    window.form().cmdLogOn_Click();
+}
+
+void receive(FtpWindow &window)
+{
+    select(window, "a");
+    window.click("cmdreceive");
+}
+
+void send(FtpWindow &window)
+{
+    window.addLocalFile("b");
+    window.click("cmdsend");
+}
+
 std::vector<Moment> moments()
 {
     return {
-        {"LoggingOn", "DIR", [](FtpWindow &window) { window.form().cmdLogOn_Click(); }, "DIR"},
+        {"Connecting", FtpServer::Greeting, logOnAgain, ""},
+        {"LoggingOn", "USER", logOnAgain, "USER tester"},
+        {"GivingThePassword", "PASS", logOnAgain, "USER tester|PASS secret"},
+        {"Listing", "MLSD", logOnAgain, "USER tester|PASS secret|MLSD"},
         {"MovingUp", "CDUP", [](FtpWindow &window) { window.click("cmdUpFolder"); }, "CDUP"},
         {"WaitingForTheSize", "SIZE",
          [](FtpWindow &window) {
              select(window, "a");
              window.click("cmdSize");
          },
-         "SIZE \"a\""},
-        {"Receiving", "GET",
-         [](FtpWindow &window) {
-             select(window, "a");
-             window.click("cmdreceive");
-         },
-         "GET \"a\" \"%1\\a\""},
-        {"Sending", "PUT",
-         [](FtpWindow &window) {
-             window.addLocalFile("b");
-             window.click("cmdsend");
-         },
-         "PUT \"%1\\b\" \"b\""},
-        {"OpeningAFolder", "CD", [](FtpWindow &window) { window.doubleClickRow(QStringLiteral("pub/")); },
-         "CD \"pub/\""},
+         "SIZE a"},
+        {"Receiving", "RETR", receive, "SIZE a|RETR a"},
+        {"HavingReceived", FtpServer::EndOfData, receive, "SIZE a|RETR a"},
+        {"Sending", "STOR", send, "STOR b"},
+        {"HavingSent", FtpServer::EndOfData, send, "STOR b"},
+        {"OpeningAFolder", "CWD", [](FtpWindow &window) { window.doubleClickRow(QStringLiteral("pub/")); },
+         "CWD pub"},
     };
 }
 
@@ -62,7 +109,11 @@ struct FtpBoxClosingTest : testing::Test
 {
     FtpWindow window;
 
-    FtpBoxClosingTest() { window.logOn({QStringLiteral("pub/"), QStringLiteral("a")}); }
+    FtpBoxClosingTest()
+    {
+        window.served.addFile("a", "12345");
+        window.logOn({QStringLiteral("pub/"), QStringLiteral("a")});
+    }
     /// The window is unloaded while the next box is up, which is then answered by \a button.
     void unloadInBox(QMessageBox::StandardButton button)
     {
@@ -74,59 +125,54 @@ struct FtpBoxClosingTest : testing::Test
     }
     void expectClosed() const
     {
-        QTest::qWait(0);
-        EXPECT_FALSE(window.isOpen());
+        FtpWindow::waitFor([this] { return !window.isOpen(); });
     }
 };
 
 } // namespace
 
-/// Only a Cancel goes to the session, no question is asked, and the flow ends where it is.
+/// No question is asked, and the flow ends where it is.
 TEST_P(FtpClosingTest, CancelsAndEndsTheFlow)
 {
-    FtpWindow window;
-    window.logOn({QStringLiteral("pub/"), QStringLiteral("a")});
-    window.session().hold(QString::fromLatin1(GetParam().verb));
-    window.session().during(QString::fromLatin1(GetParam().verb), [&] {
+    act([this] {
         window.form().findChild<QAction *>(QStringLiteral("mnuclose"))->trigger();
         EXPECT_TRUE(window.isOpen()); // its handler still runs
         EXPECT_TRUE(Forms::named(QStringLiteral("frmFTP")).isEmpty());
+        EXPECT_FALSE(window.session().StillExecuting());
     });
-    GetParam().act(window);
-    QTest::qWait(0);
-    EXPECT_FALSE(window.isOpen());
-    EXPECT_EQ(window.commands(),
-              QString::fromLatin1(GetParam().commands).replace(QLatin1String("%1"), window.local.path()));
-    EXPECT_EQ(StandInSession::calls.last(), QStringLiteral("Cancel"));
+    expectGone();
 }
 
 /// As when the frame is closed, which closes its children.
 TEST_P(FtpClosingTest, GoesWithItsWindowInTheFrame)
 {
-    FtpWindow window;
-    window.logOn({QStringLiteral("pub/"), QStringLiteral("a")});
-    window.session().hold(QString::fromLatin1(GetParam().verb));
-    window.session().during(QString::fromLatin1(GetParam().verb),
-                            [&] { EXPECT_TRUE(window.form().parentWidget()->close()); });
-    GetParam().act(window);
-    QTest::qWait(0);
-    EXPECT_FALSE(window.isOpen());
-    EXPECT_EQ(StandInSession::calls.last(), QStringLiteral("Cancel"));
+    act([this] { EXPECT_TRUE(window.form().parentWidget()->close()); });
+    expectGone();
 }
 
 INSTANTIATE_TEST_SUITE_P(Moments, FtpClosingTest, testing::ValuesIn(moments()), RowName());
 
+TEST_F(FtpBoxClosingTest, WithoutACommand)
+{
+    window.close();
+    expectClosed();
+    FtpWindow::waitFor([this] { return window.server.openConnections() == 0; });
+    EXPECT_EQ(window.probe.states(), QString());
+    EXPECT_EQ(window.commands(), QString());
+}
+
 TEST_F(FtpBoxClosingTest, InTheErrorBox)
 {
-    window.session().refuse(QStringLiteral("CDUP"), 12003, QStringLiteral("no"));
+    window.server.reply("CDUP", "550 no");
     unloadInBox(QMessageBox::Ok);
     window.click("cmdUpFolder");
     expectClosed();
+    EXPECT_EQ(window.commands(), QStringLiteral("CDUP"));
 }
 
 TEST_F(FtpBoxClosingTest, InTheSizeBox)
 {
-    window.session().respond(QStringLiteral("SIZE"), QStringLiteral("5"));
+    window.selectRow(QStringLiteral("a"));
     unloadInBox(QMessageBox::Ok);
     window.click("cmdSize");
     expectClosed();
@@ -134,13 +180,14 @@ TEST_F(FtpBoxClosingTest, InTheSizeBox)
 
 TEST_F(FtpBoxClosingTest, InTheBusyBox)
 {
-    window.session().during(QStringLiteral("CDUP"), [this] {
+    window.server.during("CDUP", [this] {
         unloadInBox(QMessageBox::Ok);
         window.click("cmdSize");
     });
-    window.session().hold(QStringLiteral("CDUP"));
+    window.server.hold("CDUP");
     window.click("cmdUpFolder");
     expectClosed();
+    EXPECT_EQ(window.commands(), QStringLiteral("CDUP"));
 }
 
 TEST_F(FtpBoxClosingTest, InTheQuestions)
@@ -180,16 +227,12 @@ TEST_F(FtpBoxClosingTest, InTheInputBoxes)
 
 TEST_F(FtpBoxClosingTest, WhileAListingIsRead)
 {
-    QString response;
+    QByteArray listing;
     for (int i = 0; i < 2000; ++i)
-        response += QStringLiteral("file %1\r\n").arg(i);
-    window.session().respond(QStringLiteral("DIR"), response);
+        listing += "type=file; file " + QByteArray::number(i) + "\r\n";
+    window.server.setListing(listing);
     bool closed = false;
-    window.session().during(QStringLiteral("DIR"), [&] {
-        QTimer::singleShot(0, &window.form(), [&] { // runs between two pieces
-            closed = window.form().unload();
-        });
-    });
+    window.whileListIsRead([&] { closed = window.form().unload(); });
     window.click("cmdUpFolder");
     expectClosed();
     EXPECT_TRUE(closed);

@@ -4,6 +4,7 @@
 #include "PrintQt.h"
 #include "RowName.h"
 #include "ShownText.h"
+#include "WindowLog.h"
 
 #include <QLabel>
 #include <QTest>
@@ -18,17 +19,26 @@ struct FtpCommandsTest : testing::Test
 {
     FtpWindow window;
 
-    FtpCommandsTest() { window.logOn(listed); }
+    FtpCommandsTest()
+    {
+        window.served.addFolder("pub");
+        window.served.addFile("a b.txt");
+        window.logOn(listed);
+    }
 
     DialogDriver &dialogs() { return window.frame.dialogs; }
-    void respondToList(const char *response) const
+    QLabel &label() const { return window.control<QLabel>("lblStatus"); }
+    void expectBusy()
     {
-        window.session().respond(QStringLiteral("DIR"), QString::fromLatin1(response));
+        dialogs()
+            .expectBox(QStringLiteral("Busy"), QStringLiteral("Please wait.  FTP is still executing"))
+            .icon(QMessageBox::Information)
+            .buttons(QMessageBox::Ok);
     }
     /// The command that ran was followed by a list, which is there.
     void expectRefreshed(const QString &command) const
     {
-        EXPECT_EQ(window.commands(), command + QStringLiteral("|DIR"));
+        EXPECT_EQ(window.commands(), command + QStringLiteral("|MLSD"));
         EXPECT_EQ(window.rows(), listed);
         EXPECT_EQ(window.status(), QStringLiteral("Response Received")); // of the list, which came later
         EXPECT_EQ(window.beeps, 2);
@@ -37,6 +47,7 @@ struct FtpCommandsTest : testing::Test
     {
         window.remote().setFocus();
         QTest::keyClick(&window.remote(), Qt::Key(key));
+        window.settle();
     }
 };
 
@@ -76,11 +87,11 @@ TEST_P(FtpStateTest, ChangesTheLabelAlone)
     const FtpWindow window;
     window.control<QWidget>("cmdRename").setEnabled(true);
     window.control<QLabel>("lblStatus").setText(QStringLiteral("before"));
-    window.session().report(GetParam().state);
+    Q_EMIT window.session().StateChanged(GetParam().state);
     EXPECT_EQ(window.status(), QString::fromLatin1(GetParam().status));
     EXPECT_TRUE(window.isEnabled("cmdRename")); // also where the server has gone
     EXPECT_TRUE(window.isEnabled("cmdLogOn"));
-    EXPECT_EQ(StandInSession::calls, QStringList());
+    EXPECT_FALSE(window.session().StillExecuting());
     EXPECT_EQ(window.beeps, 0);
 }
 
@@ -91,6 +102,10 @@ TEST_P(FtpRowTest, GoesOutAsItIsAndIsShownPlain)
     FtpWindow window;
     QString row = GetParam().text();
     row.remove(u'\r').remove(u'\n'); // these end a row
+    window.server.reply("DELE", "250 Done.");
+    window.server.reply("RNFR", "350 To what?");
+    window.server.reply("RNTO", "250 Done.");
+    window.server.reply("SIZE", "213 7");
     window.logOn({row});
     window.frame.dialogs
         .expectBox(QStringLiteral("Delete"),
@@ -105,13 +120,12 @@ TEST_P(FtpRowTest, GoesOutAsItIsAndIsShownPlain)
         .type(QStringLiteral("%1<b>"));
     window.click("cmdRename");
     window.selectRow(row);
-    window.session().respond(QStringLiteral("SIZE"), QStringLiteral("7"));
     window.frame.dialogs.expectBox(
         QStringLiteral("Size"),
         ShownText::lines(QStringLiteral("The size of file ") + row + QStringLiteral(" is 7 bytes")));
     window.click("cmdSize");
-    EXPECT_EQ(window.commands(), QStringLiteral("DELETE \"") + row + QStringLiteral("\"|DIR|RENAME \"") +
-                                     row + QStringLiteral("\" \"%1<b>\"|DIR|SIZE \"") + row + u'"');
+    EXPECT_EQ(window.commands(), QStringLiteral("DELE ") + row + QStringLiteral("|MLSD|RNFR ") + row +
+                                     QStringLiteral("|RNTO %1<b>|MLSD|SIZE ") + row);
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, FtpRowTest, testing::ValuesIn(HostileNames::all()),
@@ -120,20 +134,20 @@ INSTANTIATE_TEST_SUITE_P(Names, FtpRowTest, testing::ValuesIn(HostileNames::all(
 TEST_F(FtpCommandsTest, ADoubleClickOpensAFolder)
 {
     window.doubleClickRow(QStringLiteral("pub/"));
-    expectRefreshed(QStringLiteral("CD \"pub/\""));
+    expectRefreshed(QStringLiteral("CWD pub"));
 }
 
 TEST_F(FtpCommandsTest, ADoubleClickOpensTheFolderAbove)
 {
     window.doubleClickRow(QStringLiteral("../"));
-    expectRefreshed(QStringLiteral("CD \"../\""));
+    expectRefreshed(QStringLiteral("CWD .."));
 }
 
 TEST_F(FtpCommandsTest, ADoubleClickReceivesAFile)
 {
     window.doubleClickRow(QStringLiteral("a b.txt"));
-    EXPECT_EQ(window.commands(),
-              QStringLiteral("GET \"a b.txt\" \"") + window.local.path() + QStringLiteral("\\a b.txt\""));
+    EXPECT_EQ(window.commands(), QStringLiteral("SIZE a b.txt|RETR a b.txt"));
+    window.selectLocalFile("a b.txt");
 }
 
 TEST_F(FtpCommandsTest, MovesUpOneFolder)
@@ -145,67 +159,94 @@ TEST_F(FtpCommandsTest, MovesUpOneFolder)
 /// The list is cleared and asked for before the label says so, and the rows come later.
 TEST_F(FtpCommandsTest, ARefreshDoesNotWaitForTheRows)
 {
-    window.session().hold(QStringLiteral("DIR"));
-    window.session().during(QStringLiteral("CDUP"), [this] { EXPECT_EQ(window.rows(), listed); });
+    window.server.hold("MLSD");
+    window.server.during("CDUP", [this] { EXPECT_EQ(window.rows(), listed); });
+    const WindowLog log(window.form(), label());
     QTest::mouseClick(&window.control<QWidget>("cmdUpFolder"), Qt::LeftButton);
-    EXPECT_EQ(window.commands(), QStringLiteral("CDUP|DIR"));
+    EXPECT_EQ(log.entries().last(), QStringLiteral("Connected"));
+    EXPECT_TRUE(window.session().StillExecuting());
     EXPECT_EQ(window.rows(), QStringList());
-    EXPECT_EQ(window.status(), QStringLiteral("Connected"));
-    QTest::qWait(0);
-    window.session().release();
+    window.settle();
+    EXPECT_EQ(window.commands(), QStringLiteral("CDUP|MLSD"));
+    EXPECT_EQ(window.rows(), QStringList());
+    window.server.release();
+    window.settle();
     EXPECT_EQ(window.rows(), listed);
+    EXPECT_EQ(log.statusTexts(),
+              QStringLiteral("Sending Request|Request Sent|Receiving Response|Response Received|Connected|"
+                             "Sending Request|Request Sent|Receiving Response|Response Received"));
 }
 
-TEST_F(FtpCommandsTest, TextThatCdReturnsIsClearedByTheRefresh)
+TEST_F(FtpCommandsTest, TextThatTheServerSendsWithAFolderIsNoRow)
 {
-    window.session().respond(QStringLiteral("CD"), QStringLiteral("250 Directory changed.\r\n"));
+    window.server.reply("CWD", "250-Welcome\r\n to pub/\r\n250 Directory changed.");
     window.doubleClickRow(QStringLiteral("pub/"));
     EXPECT_EQ(window.rows(), listed);
 }
 
+/// The label stays at the last state.
 TEST_F(FtpCommandsTest, ARefusedCommandIsReportedAndTheListRefreshed)
 {
-    window.session().refuse(QStringLiteral("CDUP"), 12003, QStringLiteral("550 <b>no</b> %1"));
+    window.server.reply("CDUP", "550 <b>no</b> %1");
+    QString status;
     dialogs()
         .expectBox(QStringLiteral("Error"), QStringLiteral("12003 550 <b>no</b> %1"))
         .icon(QMessageBox::Critical)
         .buttons(QMessageBox::Ok);
+    window.probe.atState(InternetTransfer::Error, [&] {
+        QMetaObject::invokeMethod(
+            &window.form(), [&] { status = window.status(); }, Qt::QueuedConnection); // in the box
+    });
+    const WindowLog log(window.form(), label());
     window.click("cmdUpFolder");
-    EXPECT_EQ(window.commands(), QStringLiteral("CDUP|DIR"));
+    EXPECT_EQ(status, QStringLiteral("Response Received"));
+    EXPECT_EQ(log.entries().at(4), QStringLiteral("Connected")); // of the refresh, behind the box
+    EXPECT_TRUE(window.probe.states().startsWith(QStringLiteral("5 6 7 8 11:12003 5 ")));
+    EXPECT_EQ(window.commands(), QStringLiteral("CDUP|MLSD"));
     EXPECT_EQ(window.beeps, 1);
     EXPECT_EQ(lastAnswer, QStringLiteral("1"));
 }
 
 TEST_F(FtpCommandsTest, Error87IsSilent)
 {
-    window.session().refuse(QStringLiteral("CDUP"), 87, QStringLiteral("invalid"));
+    window.server.setListing("type=dir; \r\ntype=file; a\"b\" \"c\" \"d\r\n"); // a name that cannot be sent
     window.click("cmdUpFolder");
-    EXPECT_EQ(window.commands(), QStringLiteral("CDUP|DIR"));
+    window.forget();
+    dialogs()
+        .expectInput(QStringLiteral("Rename"), QStringLiteral("Enter new file name for a\"b\" \"c\" \"d"))
+        .type(QStringLiteral("e"));
+    window.selectRow(QStringLiteral("a\"b\" \"c\" \"d"));
+    window.click("cmdRename");
+    EXPECT_TRUE(window.probe.states().startsWith(QStringLiteral("11:87 5 ")));
+    EXPECT_EQ(window.commands(), QStringLiteral("MLSD"));
 }
 
 TEST_F(FtpCommandsTest, ALostConnectionDisablesTheCommands)
 {
-    window.session().refuse(QStringLiteral("CDUP"), 12030, QStringLiteral("lost"));
-    QString status;
-    bool hasLogOn = false;
-    QString calls;
+    window.server.dropBefore("CDUP");
+    window.control<QWidget>("cmdLogOn").setEnabled(true);
+    QString seen;
+    bool isExecuting = true;
+    const WindowLog log(window.form(), label());
     dialogs().expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [&](QMessageBox &box) {
-        EXPECT_EQ(box.text(), QStringLiteral("12030 lost"));
-        status = window.status();
-        hasLogOn = window.isEnabled("cmdLogOn");
-        calls = StandInSession::calls.join(u'|');
+        EXPECT_EQ(box.text(), QStringLiteral("12030 The connection with the server has been terminated."));
+        EXPECT_EQ(box.icon(), QMessageBox::Critical);
+        seen = log.text();
+        isExecuting = window.session().StillExecuting();
         box.accept();
     });
     window.click("cmdUpFolder");
-    EXPECT_EQ(status, QStringLiteral("Not Connected"));
-    EXPECT_TRUE(hasLogOn);
-    EXPECT_EQ(calls, QStringLiteral("Execute CDUP|Cancel"));
+    EXPECT_EQ(seen, QStringLiteral("Sending Request Request Sent Not Connected -cmdLogOn -cmdNewFolder "
+                                   "-cmdDelete -cmdRename -cmdSize -cmdUpFolder -cmdsend -cmdreceive "
+                                   "-lstRemoteFile -cmdLogOff +cmdLogOn"));
+    EXPECT_FALSE(isExecuting); // it was cancelled
     // The refresh logs on again, and the buttons stay as they are.
-    EXPECT_EQ(window.commands(), QStringLiteral("CDUP|DIR"));
+    EXPECT_EQ(window.commands(), QStringLiteral("CDUP|USER tester|PASS secret|MLSD"));
     EXPECT_EQ(window.rows(), listed);
     for (const char *name : {"cmdNewFolder", "cmdDelete", "cmdRename", "cmdSize", "cmdUpFolder", "cmdsend",
                              "cmdreceive", "lstRemoteFile", "cmdLogOff"})
         EXPECT_FALSE(window.isEnabled(name)) << name;
+    EXPECT_TRUE(window.isEnabled("cmdLogOn"));
     EXPECT_TRUE(window.isEnabled("imgSendFile"));
     EXPECT_TRUE(window.isEnabled("imgReceiveFile"));
 }
@@ -213,21 +254,21 @@ TEST_F(FtpCommandsTest, ALostConnectionDisablesTheCommands)
 TEST_F(FtpCommandsTest, WhileACommandRunsTheOthersSayBusy)
 {
     window.selectRow(QStringLiteral("a b.txt"));
-    window.session().during(QStringLiteral("CDUP"), [this] {
+    window.server.during("CDUP", [this] {
         for (const char *name : {"cmdNewFolder", "cmdUpFolder", "cmdDelete", "cmdSize", "cmdRename",
                                  "cmdsend", "cmdreceive", "imgSendFile", "imgReceiveFile"}) {
-            dialogs()
-                .expectBox(QStringLiteral("Busy"), QStringLiteral("Please wait.  FTP is still executing"))
-                .icon(QMessageBox::Information)
-                .buttons(QMessageBox::Ok);
+            expectBusy();
             window.click(name);
             EXPECT_EQ(window.commands(), QStringLiteral("CDUP")) << name;
         }
-        dialogs().expectBox(QStringLiteral("Busy"), QStringLiteral("Please wait.  FTP is still executing"));
-        window.doubleClickRow(QStringLiteral("pub/"));
-        EXPECT_EQ(window.commands(), QStringLiteral("CDUP"));
+        for (const char *row : {"pub/", "a b.txt"}) {
+            expectBusy();
+            window.doubleClickRow(QString::fromLatin1(row));
+            EXPECT_EQ(window.commands(), QStringLiteral("CDUP")) << row;
+        }
     });
     window.click("cmdUpFolder");
+    EXPECT_EQ(dialogs().seen().size(), 11);
     expectRefreshed(QStringLiteral("CDUP"));
 }
 
@@ -237,7 +278,7 @@ TEST_F(FtpCommandsTest, MakesAFolder)
         .expectInput(QStringLiteral("New Folder"), QStringLiteral("Enter new folder name"))
         .type(QStringLiteral("new one"));
     window.click("cmdNewFolder");
-    expectRefreshed(QStringLiteral("MKDIR \"new one\""));
+    expectRefreshed(QStringLiteral("MKD new one"));
 }
 
 TEST_F(FtpCommandsTest, AFolderThatIsThereIsNotMade)
@@ -255,30 +296,31 @@ TEST_F(FtpCommandsTest, AFolderThatIsThereIsNotMade)
 
 TEST_F(FtpCommandsTest, AFolderOfAnotherCaseOrAFileDoesNotMatter)
 {
+    window.server.reply("MKD", "257 Made.");
     for (const char *name : {"Pub", "a b.txt"}) {
         dialogs()
             .expectInput(QStringLiteral("New Folder"), QStringLiteral("Enter new folder name"))
             .type(QString::fromLatin1(name));
         window.click("cmdNewFolder");
     }
-    EXPECT_EQ(window.commands(), QStringLiteral("MKDIR \"Pub\"|DIR|MKDIR \"a b.txt\"|DIR"));
+    EXPECT_EQ(window.commands(), QStringLiteral("MKD Pub|MLSD|MKD a b.txt|MLSD"));
 }
 
+/// The session refuses it, which nobody sees.
 TEST_F(FtpCommandsTest, ACancelledNewFolderGoesOutEmpty)
 {
     dialogs()
         .expectInput(QStringLiteral("New Folder"), QStringLiteral("Enter new folder name"))
         .press(QMessageBox::Cancel);
     window.click("cmdNewFolder");
-    EXPECT_EQ(window.commands(), QStringLiteral("MKDIR \"\"|DIR"));
+    EXPECT_TRUE(window.probe.states().startsWith(QStringLiteral("11:87 5 ")));
+    EXPECT_EQ(window.commands(), QStringLiteral("MLSD"));
 }
 
 TEST_F(FtpCommandsTest, DeletesAFileOrAFolder)
 {
-    for (const auto &[row, command] :
-         {std::pair("a b.txt", "DELETE \"a b.txt\""), std::pair("pub/", "RMDIR \"pub/\"")}) {
-        StandInSession::calls.clear();
-        window.beeps = 0;
+    for (const auto &[row, command] : {std::pair("a b.txt", "DELE a b.txt"), std::pair("pub/", "RMD pub")}) {
+        window.forget();
         dialogs()
             .expectBox(QStringLiteral("Delete"),
                        QStringLiteral("Delete ") + QString::fromLatin1(row) + QStringLiteral(" ?"))
@@ -296,6 +338,7 @@ TEST_F(FtpCommandsTest, DeletesOnlyAfterAnOk)
     dialogs().expectBox(QStringLiteral("Delete"), QStringLiteral("Delete pub/ ?")).press(QMessageBox::Cancel);
     window.selectRow(QStringLiteral("pub/"));
     window.click("cmdDelete");
+    EXPECT_EQ(window.probe.states(), QString());
     EXPECT_EQ(window.commands(), QString());
     EXPECT_EQ(lastAnswer, QStringLiteral("2"));
 }
@@ -314,12 +357,15 @@ TEST_F(FtpCommandsTest, TheDotFoldersAreNotDeletedEvenWhileACommandRuns)
     refuse("./");
     refuse("../");
     EXPECT_EQ(window.commands(), QString());
-    window.session().during(QStringLiteral("CDUP"), [&] { refuse("../"); });
+    EXPECT_EQ(window.probe.states(), QString());
+    window.server.during("CDUP", [&] { refuse("../"); });
     window.click("cmdUpFolder");
+    EXPECT_EQ(dialogs().seen().size(), 3);
 }
 
 TEST_F(FtpCommandsTest, RenamesAFileOrAFolder)
 {
+    window.server.reply("RNTO", "250 Done.");
     for (const char *row : {"a b.txt", "pub/"}) {
         dialogs()
             .expectInput(QStringLiteral("Rename"),
@@ -329,8 +375,7 @@ TEST_F(FtpCommandsTest, RenamesAFileOrAFolder)
         window.selectRow(QString::fromLatin1(row));
         window.click("cmdRename");
     }
-    EXPECT_EQ(window.commands(),
-              QStringLiteral("RENAME \"a b.txt\" \" new \"|DIR|RENAME \"pub/\" \" new \"|DIR"));
+    EXPECT_EQ(window.commands(), QStringLiteral("RNFR a b.txt|RNTO  new |MLSD|RNFR pub|RNTO  new |MLSD"));
 }
 
 TEST_F(FtpCommandsTest, ABlankNameIsInvalid)
@@ -346,19 +391,26 @@ TEST_F(FtpCommandsTest, ABlankNameIsInvalid)
         window.selectRow(QStringLiteral("pub/"));
         window.click("cmdRename");
     }
+    EXPECT_EQ(window.probe.states(), QString());
     EXPECT_EQ(window.commands(), QString());
 }
 
 TEST_F(FtpCommandsTest, ShowsTheSizeAsItCame)
 {
-    window.session().respond(QStringLiteral("SIZE"), QStringLiteral("213 about 12\r\n%1"));
-    dialogs()
-        .expectBox(QStringLiteral("Size"), QStringLiteral("The size of file pub/ is 213 about 12\n%1 bytes"))
-        .icon(QMessageBox::Information)
-        .buttons(QMessageBox::Ok);
+    window.server.reply("SIZE", "213 about 12 %1 <b>x</b>");
+    int beeps = 0;
+    dialogs().expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [&](QMessageBox &box) {
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Size"));
+        EXPECT_EQ(box.text(), QStringLiteral("The size of file pub/ is about 12 %1 <b>x</b> bytes"));
+        EXPECT_EQ(box.icon(), QMessageBox::Information);
+        EXPECT_EQ(box.standardButtons(), QMessageBox::Ok);
+        beeps = window.beeps;
+        box.accept();
+    });
     window.selectRow(QStringLiteral("pub/"));
     window.click("cmdSize");
-    EXPECT_EQ(window.commands(), QStringLiteral("SIZE \"pub/\""));
+    EXPECT_EQ(beeps, 1); // before the box
+    EXPECT_EQ(window.commands(), QStringLiteral("SIZE pub/"));
     EXPECT_EQ(window.status(), QStringLiteral("Connected"));
     EXPECT_EQ(window.rows(), listed);
     EXPECT_EQ(window.beeps, 1);
@@ -366,22 +418,46 @@ TEST_F(FtpCommandsTest, ShowsTheSizeAsItCame)
     EXPECT_EQ(window.rows(), listed);
 }
 
+/// The session refuses it, which nobody sees.
 TEST_F(FtpCommandsTest, TheSizeOfNothingIsAskedFor)
 {
-    dialogs().expectBox(QStringLiteral("Size"), QStringLiteral("The size of file  is  bytes"));
+    const WindowLog log(window.form(), label());
     window.click("cmdSize");
-    EXPECT_EQ(window.commands(), QStringLiteral("SIZE \"\""));
+    EXPECT_EQ(window.probe.states(), QStringLiteral("11:87"));
+    EXPECT_EQ(window.commands(), QString());
+    EXPECT_EQ(window.status(), QStringLiteral("Connected"));
+    EXPECT_EQ(window.beeps, 0);
+}
+
+/// Pending events run once between two pieces of 4096 characters.
+TEST_F(FtpCommandsTest, AListingIsReadInPieces)
+{
+    for (const auto &[length, pieces] : {std::pair(4096, 1), std::pair(4097, 2), std::pair(3 * 4096, 3)}) {
+        const QString row(length - 2, u'x'); // with its line end that many characters
+        window.server.setListing("type=file; " + row.toLatin1() + "\r\n");
+        int turns = 0;
+        std::function<void()> count = [&] {
+            if (window.rows().isEmpty()) {
+                ++turns;
+                QMetaObject::invokeMethod(&window.form(), count, Qt::QueuedConnection);
+            }
+        };
+        window.whileListIsRead(count);
+        window.click("cmdUpFolder");
+        EXPECT_EQ(turns, pieces) << length;
+        EXPECT_EQ(window.rows(), QStringList{row});
+    }
 }
 
 TEST_F(FtpCommandsTest, AListingInManyPiecesIsWhole)
 {
-    QString response;
+    QByteArray listing;
     QStringList expected;
     for (int i = 0; i < 3000; ++i) {
         expected << QStringLiteral("file number %1").arg(i);
-        response += expected.last() + QStringLiteral("\r\n");
+        listing += "type=file; " + expected.last().toLatin1() + "\r\n";
     }
-    window.session().respond(QStringLiteral("DIR"), response + QStringLiteral("cut off"));
+    window.server.setListing(listing);
     window.click("cmdUpFolder");
     EXPECT_EQ(window.rows(), expected);
     EXPECT_EQ(window.beeps, 2);
@@ -391,8 +467,7 @@ TEST_F(FtpCommandsTest, KeysRunTheEventsOfTheirButtons)
 {
     window.selectRow(QStringLiteral("pub/"));
     press(Qt::Key_Return);
-    EXPECT_EQ(window.commands(), QStringLiteral("CD \"pub/\"|DIR"));
-    QTest::qWait(0);
+    EXPECT_EQ(window.commands(), QStringLiteral("CWD pub|MLSD"));
 
     dialogs().expectBox(QStringLiteral("Delete"), QStringLiteral("Delete pub/ ?")).press(QMessageBox::Cancel);
     window.selectRow(QStringLiteral("pub/"));
@@ -400,22 +475,27 @@ TEST_F(FtpCommandsTest, KeysRunTheEventsOfTheirButtons)
     dialogs()
         .expectInput(QStringLiteral("Rename"), QStringLiteral("Enter new file name for pub/"))
         .type(QStringLiteral("x"));
+    window.server.reply("RNFR", "350 To what?");
+    window.server.reply("RNTO", "250 Done.");
     press(Qt::Key_F2);
-    EXPECT_EQ(window.commands(), QStringLiteral("CD \"pub/\"|DIR|RENAME \"pub/\" \"x\"|DIR"));
+    EXPECT_EQ(window.commands(), QStringLiteral("CWD pub|MLSD|RNFR pub|RNTO x|MLSD"));
 }
 
 TEST_F(FtpCommandsTest, AKeyThatLosesTheConnectionPressesNoButton)
 {
-    window.session().refuse(QStringLiteral("CD"), 12030, QStringLiteral("lost"));
-    dialogs().expectBox(QStringLiteral("Error"), QStringLiteral("12030 lost"));
+    window.server.dropBefore("CWD");
+    dialogs().expectBox(QStringLiteral("Error"),
+                        QStringLiteral("12030 The connection with the server has been terminated."));
     window.selectRow(QStringLiteral("pub/"));
     press(Qt::Key_Return); // the focus is at another control then
-    EXPECT_EQ(window.commands(), QStringLiteral("CD \"pub/\"|DIR"));
+    EXPECT_EQ(window.commands(), QStringLiteral("CWD pub|USER tester|PASS secret|MLSD"));
+    EXPECT_EQ(window.server.connections(), 2);
 }
 
 TEST_F(FtpCommandsTest, WithoutARowTheKeysDoNothing)
 {
     for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Delete, Qt::Key_F2})
         press(key);
+    EXPECT_EQ(window.probe.states(), QString());
     EXPECT_EQ(window.commands(), QString());
 }

@@ -11,7 +11,7 @@ import sys
 
 import sources
 
-OWNERS = ('platform/core/EventGate.cpp', 'app/main.cpp')
+OWNERS = ('platform/core/EventGate.cpp', 'platform/controls/RowDrag.cpp', 'app/main.cpp')
 FOLDER = 'platform/forms/'
 WAIT = re.compile(r'\b(?:processEvents|QEventLoop)\b|(?:\.|->|::)\s*exec\s*\(')
 

@@ -7,30 +7,35 @@
 
 namespace {
 
-constexpr int longest = 100; // characters
-constexpr int lines = 4;
+constexpr int addressLimit = 100; // characters
+constexpr int addressLines = 4;
+constexpr int textMargin = 3; // pixels
 
 } // namespace
 
 AddressBox::AddressBox(QWidget *parent)
     : QPlainTextEdit(parent)
-    , m_longest(longest)
+    , m_longest(addressLimit)
 {
     setTabChangesFocus(true);
-    on(document(), &QTextDocument::contentsChange, this, &AddressBox::contentsChange);
+    document()->setDocumentMargin(textMargin);
     on(this, &QPlainTextEdit::textChanged, this, &AddressBox::textChanged);
 }
 
 void AddressBox::setText(const QString &text)
 {
-    m_longest = qMax(longest, int(text.size()));
+    m_longest = qMax(addressLimit, int(text.size()));
     setPlainText(text);
+}
+
+int AddressBox::textTop() const
+{
+    return frameWidth() + textMargin;
 }
 
 QSize AddressBox::sizeHint() const
 {
-    const int margins = 2 * (frameWidth() + int(document()->documentMargin()));
-    return {QPlainTextEdit::sizeHint().width(), lines * fontMetrics().lineSpacing() + margins};
+    return {QPlainTextEdit::sizeHint().width(), addressLines * fontMetrics().lineSpacing() + 2 * textTop()};
 }
 
 /// Behind the last character Qt's document has a line end of its own.
@@ -39,21 +44,18 @@ int AddressBox::length() const
     return document()->characterCount() - 1;
 }
 
-void AddressBox::contentsChange(int position, int, int added)
-{
-    m_changeEnd = qMin(position + added, length());
-}
-
-/// Takes the end of what has been put in away again, in the same step for undo.
+/// Takes the end of what has been put in, where the cursor is, away again, in the same step for undo.
 void AddressBox::textChanged()
 {
     const int excess = length() - m_longest;
     if (excess <= 0)
         return;
+    const int end = textCursor().position() < excess ? length() : textCursor().position();
+    const bool isWithinCharacter = document()->characterAt(end - excess).isLowSurrogate();
     QTextCursor cursor(document());
     cursor.joinPreviousEditBlock();
-    cursor.setPosition(m_changeEnd);
-    cursor.setPosition(qMax(m_changeEnd - excess, 0), QTextCursor::KeepAnchor);
+    cursor.setPosition(end);
+    cursor.setPosition(end - excess - int(isWithinCharacter), QTextCursor::KeepAnchor);
     cursor.removeSelectedText();
     cursor.endEditBlock();
 }

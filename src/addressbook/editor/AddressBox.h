@@ -13,13 +13,14 @@ public:
     /// A longer text is shown whole and can only be made shorter.
     void setText(const QString &text);
 
+    /// Where the first line begins, in pixels from the top.
+    int textTop() const;
+
     QSize sizeHint() const override;
 
 private:
-    void contentsChange(int position, int removed, int added);
     void textChanged();
     int length() const;
 
     int m_longest;
-    int m_changeEnd = 0; ///< behind what has been put in last
 };

@@ -9,41 +9,39 @@
 
 namespace {
 
-constexpr int limit = 50; // characters
+constexpr int workLimit = 50; // characters
 
 } // namespace
 
 BusinessPage::BusinessPage(WindowIcons &icons)
 {
-    auto *columns = new QHBoxLayout(this);
     auto *address = new FieldGrid;
     auto *phones = new FieldGrid;
-    columns->addLayout(address, 1);
-    columns->addLayout(phones, 1);
+    setLayout(FieldGrid::sideBySide(address, phones));
     buildAddress(*address);
     buildPhones(*phones, icons);
 }
 
 void BusinessPage::buildAddress(FieldGrid &grid)
 {
-    txtCompany = grid.addText("txtCompany", QStringLiteral("Company"), limit);
-    txtPost = grid.addText("txtPost", QStringLiteral("Post"), limit);
+    txtCompany = grid.addText("txtCompany", QStringLiteral("Company"), workLimit);
+    txtPost = grid.addText("txtPost", QStringLiteral("Post"), workLimit);
     txtBAddress = grid.addAddress("txtBAddress", QStringLiteral("Address"));
     auto *cmbBCity = grid.addChoice("cmbBCity", QStringLiteral("City/Town"));
     auto *txtBState = grid.addText("txtBState", QStringLiteral("State/ County/ Province"));
     m_city = new CityBoxes(*cmbBCity, *txtBState);
     txtBZipCode = grid.addText("txtBZipCode", QStringLiteral("Postal/ Zip Code"));
-    grid.setRowStretch(grid.rowCount(), 1);
+    grid.endRows();
 }
 
 void BusinessPage::buildPhones(FieldGrid &grid, WindowIcons &icons)
 {
-    txtDept = grid.addText("txtDept", QStringLiteral("Department"), limit);
+    txtDept = grid.addText("txtDept", QStringLiteral("Department"), workLimit);
     txtBPhone1 = grid.addPhone("txtBPhone1", QStringLiteral("Phone 1"), "Command4", icons);
     txtBPhone2 = grid.addPhone("txtBPhone2", QStringLiteral("Phone 2"), "Command5", icons);
     txtFax = grid.addText("txtFax", QStringLiteral("Fax"));
     txtPager = grid.addPhone("txtPager", QStringLiteral("Mobile"), "Command6", icons);
-    grid.setRowStretch(grid.rowCount(), 1);
+    grid.endRows();
 }
 
 void BusinessPage::setRow(const BusinessRow &row)

@@ -13,6 +13,7 @@ CityBoxes::CityBoxes(ChoiceBox &city, QLineEdit &state)
     , m_state(state)
 {
     m_state.setReadOnly(true); // it is stored with the city
+    m_state.setToolTip(QStringLiteral("The state that the chosen city is in"));
     on(&m_city, &ChoiceBox::Click, this, &CityBoxes::city_Click);
 }
 

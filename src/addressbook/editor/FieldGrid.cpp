@@ -11,7 +11,8 @@
 
 namespace {
 
-constexpr int fieldWidth = 30; // characters
+constexpr int boxWidth = 30;  // characters
+constexpr int columnGap = 12; // pixels, beside the layout's own
 
 /// "txtName" has the label "lblName".
 QByteArray labelName(const char *field)
@@ -21,10 +22,15 @@ QByteArray labelName(const char *field)
 
 } // namespace
 
+FieldGrid::FieldGrid()
+{
+    setColumnStretch(1, 1);
+}
+
 QLineEdit *FieldGrid::addText(const char *name, const QString &caption, int limit)
 {
     auto *box = named<QLineEdit>(name, caption);
-    box->setMinimumWidth(fieldWidth * box->fontMetrics().averageCharWidth());
+    box->setMinimumWidth(boxWidth * box->fontMetrics().averageCharWidth());
     if (limit)
         box->setMaxLength(limit);
     addField(name, caption, box);
@@ -35,6 +41,9 @@ AddressBox *FieldGrid::addAddress(const char *name, const QString &caption)
 {
     auto *box = named<AddressBox>(name, caption);
     addField(name, caption, box);
+    auto *label = itemAtPosition(rowCount() - 1, 0)->widget();
+    label->setContentsMargins(0, box->textTop(), 0, 0);
+    setAlignment(label, Qt::AlignTop);
     return box;
 }
 
@@ -54,6 +63,7 @@ QLineEdit *FieldGrid::addPhone(const char *name, const QString &caption, const c
     dial->setToolTip(toolTip);
     icons.add(*dial, QStringLiteral("call-start"));
     addField(name, caption, box, dial);
+    m_dialButtons.append(dial);
     return box;
 }
 
@@ -66,4 +76,36 @@ void FieldGrid::addField(const char *name, const QString &caption, QWidget *fiel
     addWidget(field, row, 1, 1, beside ? 1 : 2);
     if (beside)
         addWidget(beside, row, 2);
+}
+
+void FieldGrid::endRows()
+{
+    QWidget *previous = itemAtPosition(rowCount() - 1, 1)->widget();
+    for (QPushButton *button : m_dialButtons) {
+        QWidget::setTabOrder(previous, button);
+        previous = button;
+    }
+    setRowStretch(rowCount(), 1);
+}
+
+void FieldGrid::align(std::initializer_list<FieldGrid *> grids)
+{
+    int widest = 0;
+    for (const FieldGrid *grid : grids) {
+        for (int row = 0; row < grid->rowCount(); ++row) {
+            if (const QLayoutItem *label = grid->itemAtPosition(row, 0))
+                widest = qMax(widest, label->sizeHint().width());
+        }
+    }
+    for (FieldGrid *grid : grids)
+        grid->setColumnMinimumWidth(0, widest);
+}
+
+QHBoxLayout *FieldGrid::sideBySide(FieldGrid *left, FieldGrid *right)
+{
+    auto *row = new QHBoxLayout;
+    row->addLayout(left, 1);
+    row->addSpacing(columnGap);
+    row->addLayout(right, 1);
+    return row;
 }

@@ -8,11 +8,9 @@
 
 HomePage::HomePage(WindowIcons &icons)
 {
-    auto *columns = new QHBoxLayout(this);
     auto *address = new FieldGrid;
     auto *phones = new FieldGrid;
-    columns->addLayout(address, 1);
-    columns->addLayout(phones, 1);
+    setLayout(FieldGrid::sideBySide(address, phones));
     buildAddress(*address);
     buildPhones(*phones, icons);
 }
@@ -24,7 +22,7 @@ void HomePage::buildAddress(FieldGrid &grid)
     auto *txtState = grid.addText("txtState", QStringLiteral("State/ County/ Province"));
     m_city = new CityBoxes(*cmbHCity, *txtState);
     txtHZipCode = grid.addText("txtHZipCode", QStringLiteral("Postal/ Zip Code"));
-    grid.setRowStretch(grid.rowCount(), 1);
+    grid.endRows();
 }
 
 void HomePage::buildPhones(FieldGrid &grid, WindowIcons &icons)
@@ -32,7 +30,7 @@ void HomePage::buildPhones(FieldGrid &grid, WindowIcons &icons)
     txtHPhone1 = grid.addPhone("txtHPhone1", QStringLiteral("Phone 1"), "Command1", icons);
     txtHPhone2 = grid.addPhone("txtHPhone2", QStringLiteral("Phone 2"), "Command2", icons);
     txtMobile = grid.addPhone("txtMobile", QStringLiteral("Mobile"), "Command3", icons);
-    grid.setRowStretch(grid.rowCount(), 1);
+    grid.endRows();
 }
 
 void HomePage::setRow(const HomeRow &row)

@@ -15,38 +15,36 @@
 
 namespace {
 
-constexpr int nameLimit = 50;
+constexpr int fullNameLimit = 50;
 constexpr int commentLimit = 255;
 
 } // namespace
 
 NamePage::NamePage()
 {
-    auto *columns = new QGridLayout(this);
     auto *person = new FieldGrid;
     auto *eMail = new FieldGrid;
     auto *comment = new FieldGrid;
-    columns->addLayout(person, 0, 0);
-    columns->addLayout(eMail, 0, 1);
-    columns->addLayout(comment, 1, 0, 1, 2);
-    columns->setColumnStretch(0, 1);
-    columns->setColumnStretch(1, 1);
+    auto *column = new QVBoxLayout(this);
+    column->addLayout(FieldGrid::sideBySide(person, eMail));
+    column->addLayout(comment);
     buildPerson(*person);
     m_eMails = new EMailBoxes(*eMail);
     buildComment(*comment);
+    FieldGrid::align({person, comment});
     bind();
 }
 
 void NamePage::buildPerson(FieldGrid &grid)
 {
     cmbSalute = grid.addChoice("cmbSalute", QStringLiteral("Salutation"));
-    txtName = grid.addText("txtName", QStringLiteral("Full Name"), nameLimit);
-    txtNick = grid.addText("txtNick", QStringLiteral("Nick Name"), nameLimit);
+    txtName = grid.addText("txtName", QStringLiteral("Full Name"), fullNameLimit);
+    txtNick = grid.addText("txtNick", QStringLiteral("Nick Name"), fullNameLimit);
     cmbGroups = grid.addChoice("cmbGroups", QStringLiteral("Group"));
     txtBDate = grid.addText("txtBDate", QStringLiteral("Birth Date"));
-    txtBDate->setPlaceholderText(QStringLiteral("5-Sep-1999"));
+    txtBDate->setPlaceholderText(QStringLiteral("e.g. 5-Sep-1999"));
     txtBDate->setToolTip(QStringLiteral("A date as 5-Sep-1999 or 1999-09-05"));
-    grid.setRowStretch(grid.rowCount(), 1);
+    grid.endRows();
 }
 
 void NamePage::buildComment(FieldGrid &grid)

@@ -11,7 +11,7 @@
 
 namespace {
 
-const QString placeholder = QStringLiteral("..");
+const QString placeholderName = QStringLiteral("..");
 constexpr int defaultGroup = 1;
 
 /// An empty row where the contact has none: a save may have failed half-way.
@@ -29,7 +29,7 @@ Row rowOrEmpty(Row (*read)(qint32), qint32 number)
 
 QString withoutPlaceholder(const QString &name)
 {
-    return name == placeholder ? QString() : name;
+    return name == placeholderName ? QString() : name;
 }
 
 /// The names behind ids, each looked up once.

@@ -27,6 +27,15 @@ Format formatOf(const QString &path)
     refuse(path, QStringLiteral("The name has to end in .vcf or .csv"));
 }
 
+ContactList read(Format format, const QByteArray &bytes, const QString &path)
+{
+    try {
+        return format == Format::VCard ? VCardReader::read(bytes) : CsvReader::read(bytes);
+    } catch (const RuntimeError &error) {
+        refuse(path, error.description());
+    }
+}
+
 } // namespace
 
 ContactList ContactFile::load(const QString &path)
@@ -34,8 +43,7 @@ ContactList ContactFile::load(const QString &path)
     const Format format = formatOf(path);
     if (QFileInfo(path).size() > largest)
         throw RuntimeError(ErrorNumber::OutOfMemory, QStringLiteral("The file is too large"), path);
-    const QByteArray bytes = Files::read(path);
-    const ContactList list = format == Format::VCard ? VCardReader::read(bytes) : CsvReader::read(bytes);
+    const ContactList list = read(format, Files::read(path), path);
     if (list.contacts.isEmpty() && list.remarks.isEmpty())
         refuse(path, QStringLiteral("There are no contacts in the file"));
     return list;

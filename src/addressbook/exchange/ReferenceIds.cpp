@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int placeholder = 1; // the id of "Default" and of both ".."
+constexpr int placeholderId = 1; // the id of "Default" and of both ".."
 
 void addRow(const QString &table, std::initializer_list<std::pair<QStringView, FieldValue>> fields)
 {
@@ -30,7 +30,7 @@ quint8 stateOf(qint16 city)
 
 } // namespace
 
-/// The id that \a add makes; that of the placeholder where the table takes no more rows.
+/// The id that \a add makes; that of the placeholderId where the table takes no more rows.
 template<class Add>
 auto ReferenceIds::placeholderWhenFull(const char *kind, const QString &name, Add add)
 {
@@ -41,14 +41,14 @@ auto ReferenceIds::placeholderWhenFull(const char *kind, const QString &name, Ad
             throw;
         m_remarks.append(
             QStringLiteral("There is no room for the %1 \"%2\".").arg(QLatin1String(kind), name));
-        return decltype(add())(placeholder);
+        return decltype(add())(placeholderId);
     }
 }
 
 quint8 ReferenceIds::group(const QString &name)
 {
     if (name.isEmpty())
-        return placeholder;
+        return placeholderId;
     quint8 &id = m_groups[name];
     if (id == 0)
         id = GetGroupId(name);
@@ -65,7 +65,7 @@ quint8 ReferenceIds::group(const QString &name)
 quint8 ReferenceIds::state(const QString &name)
 {
     if (name.isEmpty())
-        return placeholder;
+        return placeholderId;
     quint8 &id = m_states[name];
     if (id == 0)
         id = GetStateId(name);
@@ -82,7 +82,7 @@ quint8 ReferenceIds::state(const QString &name)
 qint16 ReferenceIds::city(const QString &name, const QString &state)
 {
     if (name.isEmpty() && state.isEmpty())
-        return placeholder;
+        return placeholderId;
     qint16 &id = m_cities[{name, state}];
     if (id == 0)
         id = placeholderWhenFull("city", name, [&] { return findOrAddCity(name, state); });

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int fieldWidth = 36; // characters
+constexpr int nameWidth = 36; // characters
 
 } // namespace
 
@@ -16,7 +16,7 @@ void ReferenceLayout::build(QWidget &window, const QList<Field> &fields, QPushBu
     int row = 0;
     for (const auto &[label, field] : fields) {
         label->setBuddy(field);
-        field->setMinimumWidth(fieldWidth * field->fontMetrics().averageCharWidth());
+        field->setMinimumWidth(nameWidth * field->fontMetrics().averageCharWidth());
         grid->addWidget(label, row, 0);
         grid->addWidget(field, row++, 1);
     }

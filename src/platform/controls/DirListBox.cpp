@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QKeyEvent>
+#include <QStyle>
 
 DirListBox::DirListBox(QWidget *parent)
     : QListView(parent)
@@ -16,6 +17,8 @@ DirListBox::DirListBox(QWidget *parent)
     setModel(m_rows);
     setItemDelegate(new NameDelegate(this));
     setUniformItemSizes(true);
+    const int icon = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+    setIconSize({icon, icon});
     setEditTriggers(NoEditTriggers);
     on(this, &QListView::doubleClicked, this, &DirListBox::open);
     try {
@@ -52,6 +55,16 @@ void DirListBox::open(const QModelIndex &index)
     } catch (const RuntimeError &) {
         return; // its icon says why
     }
+}
+
+/// The folder stays in view, also when the list gets its first place.
+void DirListBox::resizeEvent(QResizeEvent *event)
+{
+    QListView::resizeEvent(event);
+    run([&] {
+        executeDelayedItemsLayout();
+        scrollTo(m_rows->index(m_rows->folderRow()));
+    });
 }
 
 void DirListBox::keyPressEvent(QKeyEvent *event)

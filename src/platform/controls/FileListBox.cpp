@@ -4,6 +4,7 @@
 #include "Folder.h"
 #include "NameDelegate.h"
 #include "NameListModel.h"
+#include "RowDrag.h"
 #include "RuntimeError.h"
 
 #include <QDir>
@@ -73,7 +74,7 @@ void FileListBox::Refresh()
 /// The list is not deleted before the drag is over.
 void FileListBox::startDrag(Qt::DropActions actions)
 {
-    run([&] { QListView::startDrag(actions); });
+    run([&] { RowDrag::start(*this, actions); });
 }
 
 void FileListBox::select(const QString &name)

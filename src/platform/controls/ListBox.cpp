@@ -3,6 +3,7 @@
 #include "EventGate.h"
 #include "ListBoxRows.h"
 #include "PlainTextDelegate.h"
+#include "RowDrag.h"
 #include "RowKeys.h"
 #include "RuntimeError.h"
 #include "ShownText.h"
@@ -24,7 +25,7 @@ public:
 
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
-        return {1, PlainTextDelegate::sizeHint(option, index).height()};
+        return {1, rowHeight(option, index)};
     }
 };
 
@@ -222,7 +223,7 @@ void ListBox::keyPressEvent(QKeyEvent *event)
 /// The list is not deleted before the drag is over.
 void ListBox::startDrag(Qt::DropActions actions)
 {
-    run([&] { QListView::startDrag(actions); });
+    run([&] { RowDrag::start(*this, actions); });
 }
 
 void ListBox::actOnKey(QKeyEvent *event)

@@ -4,7 +4,7 @@
 
 QSize NameDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    return {0, PlainTextDelegate::sizeHint(option, index).height()};
+    return {0, rowHeight(option, index)};
 }
 
 void NameDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const

@@ -4,8 +4,10 @@
 #include "ShownText.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QHelpEvent>
 #include <QListView>
+#include <QStyle>
 #include <QToolTip>
 
 QString PlainTextDelegate::displayText(const QVariant &value, const QLocale &) const
@@ -35,4 +37,12 @@ bool PlainTextDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
                                option.rect);
     });
     return isCutOff || QStyledItemDelegate::helpEvent(event, view, option, index);
+}
+
+int PlainTextDelegate::rowHeight(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    constexpr int margins = 4; // pixels
+    const QStyle *style = option.widget ? option.widget->style() : QApplication::style();
+    return qMax(QStyledItemDelegate::sizeHint(option, index).height(),
+                style->pixelMetric(QStyle::PM_SmallIconSize, &option, option.widget) + margins);
 }

@@ -13,4 +13,9 @@ public:
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override;
+
+protected:
+    /// The height of a row that has, or could have, a small icon: so lists beside each other have rows of one
+    /// height.
+    int rowHeight(const QStyleOptionViewItem &option, const QModelIndex &index) const;
 };

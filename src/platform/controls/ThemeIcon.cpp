@@ -1,5 +1,7 @@
 #include "ThemeIcon.h"
 
+#include "ThemeIconEngine.h"
+
 #include <QFile>
 #include <QGuiApplication>
 #include <QPalette>
@@ -51,5 +53,6 @@ QIcon ThemeIcon::named(const QString &name)
     if (QFile::exists(own))
         return QIcon(own);
     followPalette();
-    return QIcon::fromTheme(name);
+    const QIcon icon = QIcon::fromTheme(name);
+    return icon.isNull() ? icon : QIcon(new ThemeIconEngine(icon));
 }

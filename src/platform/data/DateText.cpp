@@ -1,18 +1,22 @@
 #include "DateText.h"
 
-#include <QLocale>
 #include <QRegularExpression>
+#include <array>
 
 namespace {
 
-constexpr qsizetype storedLength = 10;
+constexpr qsizetype isoLength = 10;
 
-/// The C locale's names: those of others end in a point or have four letters here and there.
+/// Not those of a locale: some end in a point or have four letters.
+constexpr std::array months = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                               "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+
+/// 0 where there is none of this name.
 int monthNumber(const QString &name)
 {
-    for (int month = 1; month <= 12; ++month) {
-        if (name.compare(QLocale::c().monthName(month, QLocale::ShortFormat), Qt::CaseInsensitive) == 0)
-            return month;
+    for (size_t i = 0; i < months.size(); ++i) {
+        if (name.compare(QLatin1String(months[i]), Qt::CaseInsensitive) == 0)
+            return int(i) + 1;
     }
     return 0;
 }
@@ -22,30 +26,48 @@ std::optional<QDate> valid(QDate date)
     return date.isValid() ? std::optional(date) : std::nullopt;
 }
 
+/// "1999-09-05". By hand, since every date of every row passes here.
+std::optional<QDate> fromIso(QStringView text)
+{
+    if (text.size() != isoLength)
+        return {};
+    int numbers[] = {0, 0, 0};
+    int field = 0;
+    for (qsizetype i = 0; i < isoLength; ++i) {
+        const bool isSeparator = i == 4 || i == 7;
+        if (isSeparator ? text[i] != u'-' : text[i] < u'0' || text[i] > u'9')
+            return {};
+        if (isSeparator)
+            ++field;
+        else
+            numbers[field] = numbers[field] * 10 + text[i].unicode() - u'0';
+    }
+    return valid({numbers[0], numbers[1], numbers[2]});
+}
+
 } // namespace
 
 std::optional<QDate> DateText::parse(const QString &text)
 {
-    static const QRegularExpression named(QStringLiteral("\\A([0-9]{1,2})-([A-Za-z]{3})-([0-9]{4})\\z"));
-    static const QRegularExpression iso(QStringLiteral("\\A([0-9]{4})-([0-9]{2})-([0-9]{2})\\z"));
     const QString date = text.trimmed();
-    if (const auto found = named.match(date); found.hasMatch())
-        return valid({found.captured(3).toInt(), monthNumber(found.captured(2)), found.captured(1).toInt()});
-    if (const auto found = iso.match(date); found.hasMatch())
-        return valid({found.captured(1).toInt(), found.captured(2).toInt(), found.captured(3).toInt()});
-    return {};
+    if (const auto found = fromIso(date))
+        return found;
+    static const QRegularExpression named(QStringLiteral("\\A([0-9]{1,2})-([A-Za-z]{3})-([0-9]{4})\\z"));
+    const auto found = named.match(date);
+    if (!found.hasMatch())
+        return {};
+    return valid({found.captured(3).toInt(), monthNumber(found.captured(2)), found.captured(1).toInt()});
 }
 
 std::optional<QDate> DateText::parseStored(const QString &text)
 {
-    const bool hasTime =
-        text.size() > storedLength && (text[storedLength] == u' ' || text[storedLength] == u'T');
-    return parse(hasTime ? text.left(storedLength) : text);
+    const bool hasTime = text.size() > isoLength && (text[isoLength] == u' ' || text[isoLength] == u'T');
+    return parse(hasTime ? text.left(isoLength) : text);
 }
 
 QString DateText::show(QDate date)
 {
-    return QLocale::c().toString(date, QStringLiteral("dd-MMM-yyyy"));
+    return QString::asprintf("%02d-%s-%04d", date.day(), months[size_t(date.month()) - 1], date.year());
 }
 
 QString DateText::store(QDate date)

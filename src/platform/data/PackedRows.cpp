@@ -7,13 +7,13 @@
 
 using Kind = FieldValue::Kind;
 
-PackedRows::PackedRows(int columns)
-    : m_columns(columns)
+PackedRows::PackedRows(const QList<bool> &isDate)
+    : m_isDate(isDate)
 {}
 
 void PackedRows::append(const Statement &statement)
 {
-    for (int column = 0; column < m_columns; ++column)
+    for (int column = 0; column < int(m_isDate.size()); ++column)
         m_fields.append(fieldOf(statement, column));
 }
 
@@ -25,12 +25,12 @@ void PackedRows::append(const QList<FieldValue> &row)
 
 qsizetype PackedRows::count() const
 {
-    return m_columns == 0 ? 0 : m_fields.size() / m_columns;
+    return m_isDate.isEmpty() ? 0 : m_fields.size() / m_isDate.size();
 }
 
 FieldValue PackedRows::at(qsizetype row, int column) const
 {
-    const Field &field = m_fields[row * m_columns + column];
+    const Field &field = m_fields[row * m_isDate.size() + column];
     switch (field.kind) {
     case Kind::Integer:
         return field.number;
@@ -66,7 +66,7 @@ PackedRows::Field PackedRows::fieldOf(const Statement &statement, int column)
         return {Kind::Real, 0, std::bit_cast<qint64>(statement.real(column))};
     case Statement::Type::Text: {
         const QByteArrayView bytes = statement.text(column);
-        if (!statement.isDateColumn(column))
+        if (!m_isDate[column])
             return text(bytes);
         const auto date = DateText::parseStored(QString::fromUtf8(bytes));
         return date ? Field{Kind::Date, 0, date->toJulianDay()} : text(bytes);

@@ -12,7 +12,9 @@ class Statement;
 class PackedRows
 {
 public:
-    explicit PackedRows(int columns = 0);
+    PackedRows() = default;
+    /// \a isDate has an entry for each column.
+    explicit PackedRows(const QList<bool> &isDate);
 
     /// Adds the current row of \a statement.
     void append(const Statement &statement);
@@ -20,6 +22,7 @@ public:
     void append(const QList<FieldValue> &row);
 
     qsizetype count() const;
+    bool isDate(int column) const { return m_isDate[column]; }
     FieldValue at(qsizetype row, int column) const;
 
 private:
@@ -35,7 +38,7 @@ private:
     Field fieldOf(const Statement &statement, int column);
     Field fieldOf(const FieldValue &value);
 
-    int m_columns;
+    QList<bool> m_isDate;
     QList<Field> m_fields;
     QByteArray m_texts;
 };

@@ -13,9 +13,12 @@ void Recordset::open(const QString &statement, Connection &connection, Kind kind
         throw DataError::make(DataError::AlreadyOpen, statement);
     const auto query = connection.prepare(statement);
     QList<Field> fields;
-    for (int column = 0; column < query->columnCount(); ++column)
-        fields.append({query->columnName(column), query->tableName(column), query->isDateColumn(column)});
-    PackedRows rows(int(fields.size()));
+    QList<bool> isDate;
+    for (int column = 0; column < query->columnCount(); ++column) {
+        fields.append({query->columnName(column), query->tableName(column)});
+        isDate.append(query->isDateColumn(column));
+    }
+    PackedRows rows(isDate);
     while (query->step())
         rows.append(*query);
 
@@ -105,7 +108,7 @@ void Recordset::setField(QStringView name, const FieldValue &value)
     const int index = indexOf(name);
     if (!m_newRow)
         throw DataError::make(DataError::WrongMoment, name.toString());
-    const bool isDateAsText = m_fields[index].isDate && value.kind() == FieldValue::Kind::Text;
+    const bool isDateAsText = m_rows.isDate(index) && value.kind() == FieldValue::Kind::Text;
     (*m_newRow)[index] = isDateAsText ? FieldValue(value.date()) : value;
 }
 

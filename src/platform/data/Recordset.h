@@ -61,7 +61,6 @@ private:
     {
         QString name;
         QString table; ///< empty for an expression
-        bool isDate;
     };
 
     void requireOpen() const;

@@ -4,6 +4,7 @@
 #include "Files.h"
 #include "PrintQt.h"
 #include "Recordset.h"
+#include "RuntimeError.h"
 #include "ScratchAddressBook.h"
 
 #include <QDir>

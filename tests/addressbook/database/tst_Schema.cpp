@@ -2,6 +2,7 @@
 #include "ContactRows.h"
 #include "PrintQt.h"
 #include "Recordset.h"
+#include "RuntimeError.h"
 #include "ScratchAddressBook.h"
 
 #include <gtest/gtest.h>

@@ -4,6 +4,7 @@
 #include "PrintQt.h"
 #include "Recordset.h"
 #include "RowName.h"
+#include "RuntimeError.h"
 #include "ScratchAddressBook.h"
 #include "modGetFunctions.h"
 

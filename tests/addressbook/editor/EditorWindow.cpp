@@ -7,20 +7,19 @@
 #include "ListBox.h"
 #include "TabStrip.h"
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 
 namespace {
 
-const QString name = QStringLiteral("frmAddress");
+const QString editorName = QStringLiteral("frmAddress");
 
 } // namespace
 
 EditorWindow::EditorWindow()
 {
-    Forms::registerWindow(name, Forms::Instances::One, [] { return new frmAddress; });
+    Forms::registerWindow(editorName, Forms::Instances::One, [] { return new frmAddress; });
     AddressConnection.execute(QStringLiteral("Insert into State values(2,'Kent')"));
     AddressConnection.execute(QStringLiteral("insert into city values(2,'London',2)"));
     AddressConnection.execute(QStringLiteral("Insert into Groups values(2,'Family')"));
@@ -46,6 +45,12 @@ void EditorWindow::openFor(qint32 number)
 void EditorWindow::show()
 {
     m_form->showModeless();
+    activate();
+}
+
+void EditorWindow::activate() const
+{
+    m_form->activateWindow();
     (void)QTest::qWaitForWindowActive(m_form);
 }
 
@@ -67,6 +72,7 @@ void EditorWindow::click(const char *name) const
 
 void EditorWindow::type(const char *name, const QString &text) const
 {
+    activate();
     QWidget &box = inFront(name);
     box.setFocus();
     QTest::keySequence(&box, QKeySequence::SelectAll);
@@ -86,10 +92,10 @@ void EditorWindow::set(const char *name, const QString &text) const
 
 void EditorWindow::choose(const char *name, int entry) const
 {
+    activate();
     QWidget &box = inFront(name);
     box.setFocus();
     auto &choice = control<ChoiceBox>(name);
-    QTest::keyClick(&box, Qt::Key_Home, Qt::ControlModifier);
     choice.setCurrentIndex(-1);
     for (int i = 0; i <= entry; ++i)
         QTest::keyClick(&box, Qt::Key_Down);
@@ -119,9 +125,14 @@ QStringList EditorWindow::eMails() const
     return rows;
 }
 
+void EditorWindow::press(Qt::Key key, Qt::KeyboardModifiers modifiers) const
+{
+    QTest::keyClick(m_form->focusWidget(), key, modifiers);
+}
+
 QString EditorWindow::focus() const
 {
-    return QApplication::focusWidget() ? QApplication::focusWidget()->objectName() : QString();
+    return m_form->focusWidget() ? m_form->focusWidget()->objectName() : QString();
 }
 
 BoxStep &EditorWindow::expectRefusal(int number, const QString &description)

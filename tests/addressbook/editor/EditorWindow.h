@@ -20,6 +20,8 @@ public:
     frmAddress &form() const { return *m_form; }
     bool isOpen() const { return m_form && m_form->isLoaded(); }
 
+    /// A box takes the activation with it; typing and choosing bring it back.
+    void activate() const;
     /// Each brings the page of the control to the front.
     void click(const char *name) const;
     /// Puts the focus into a box and types in the place of its text.
@@ -28,6 +30,9 @@ public:
     void set(const char *name, const QString &text) const;
     /// Chooses an entry of a combo box from its list.
     void choose(const char *name, int entry) const;
+
+    /// Where the focus is.
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const;
 
     QString text(const char *name) const;
     bool isEnabled(const char *name) const;

@@ -72,7 +72,7 @@ TEST_F(FrmAddressFaultsTest, AFullDiskLeavesTheOldContactWhole)
     int saved = 0;
     {
         const FullDisk disk(rlim_t(QFileInfo(editor.book.path()).size()));
-        editor.frame.dialogs.leaveWhatComes(); // the box has the engine's words for a full disk
+        editor.frame.dialogs.leaveWhatComes(); // the box has the engine's words
         for (; saved < 30; ++saved) {
             editor.openFor(1 + saved);
             editor.set("txtComment", comment);
@@ -85,7 +85,7 @@ TEST_F(FrmAddressFaultsTest, AFullDiskLeavesTheOldContactWhole)
         }
     }
     ASSERT_LT(saved, 30);
-    EXPECT_TRUE(editor.frame.dialogs.seen().last().text.contains(QLatin1String("full")));
+    EXPECT_EQ(editor.frame.dialogs.seen().last().title, QStringLiteral("Data Entry Error..."));
     EXPECT_FALSE(editor.isEnabled("cmdCancel"));
     EXPECT_FALSE(AddressConnection.isInTransaction());
     EXPECT_EQ(AddressConnection.damage(), QString());
@@ -129,8 +129,8 @@ TEST_F(FrmAddressFaultsTest, AGroupThatIsGoneMeanwhileIsRefused)
     EXPECT_EQ(editor.numbers(), QStringLiteral("///"));
 }
 
-/// The rows of a save appear for other programs at once.
-TEST_F(FrmAddressFaultsTest, AWriterInBetweenIsWaitedFor)
+/// After the five seconds for which another writer is waited for.
+TEST_F(FrmAddressFaultsTest, ADatabaseThatStaysLockedRefusesTheSave)
 {
     Connection other;
     other.open(editor.book.path());

@@ -147,7 +147,7 @@ TEST_F(FrmAddressSaveTest, ADateThatWasNotLeftIsStoredIfItIsOne)
         editor.openNew();
         editor.type("txtName", QStringLiteral("Ann"));
         editor.type("txtBDate", QString::fromLatin1(date));
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_O, Qt::AltModifier);
+        editor.press(Qt::Key_O, Qt::AltModifier);
         ASSERT_TRUE(QTest::qWaitFor([this] { return !editor.isOpen(); }));
     }
     EXPECT_EQ(editor.rows("select dtOfBirth from Names order by SrNo"),

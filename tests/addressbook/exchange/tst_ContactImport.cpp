@@ -7,6 +7,7 @@
 #include "FullContact.h"
 #include "FullDisk.h"
 #include "HostileNames.h"
+#include "RuntimeError.h"
 #include "ScratchAddressBook.h"
 #include "modGetFunctions.h"
 
@@ -146,6 +147,16 @@ TEST_F(ContactImportTest, MoreContactsThanThereIsRoomForAreRefused)
     EXPECT_EQ(cities(), QStringLiteral("1|..|1"));
     add({living("a", "", "")});
     EXPECT_EQ(ContactRows::name(32767).name, QStringLiteral("a"));
+}
+
+TEST_F(ContactImportTest, ARefusedContactLeavesNothingOfTheOthers)
+{
+    AddressConnection.execute(
+        QStringLiteral("create trigger T before insert on Business when new.SrNo=2 begin select "
+                       "raise(abort, 'no'); end"));
+    EXPECT_THROW(add({living("a", "Dover", "Kent"), living("b", "Deal", "Kent")}), RuntimeError);
+    EXPECT_EQ(names(), QString());
+    EXPECT_EQ(cities(), QStringLiteral("1|..|1"));
 }
 
 TEST_F(ContactImportTest, AFullDiskAddsNothing)

@@ -125,8 +125,8 @@ TEST(CsvReader, RowsMayBeShorterOrLongerThanTheCaptions)
 
 TEST(CsvReader, LargeFilesTakeTimeInProportion)
 {
-    EXPECT_EQ(CsvReader::read("Name\n" + QByteArray("x\n").repeated(100'000)).contacts.size(), 100'000);
-    EXPECT_EQ(CsvReader::read("Name,Notes\nx,\"" + QByteArray(20'000'000, 'x')).contacts.size(), 1);
-    EXPECT_EQ(CsvReader::read("Name" + QByteArray(",").repeated(1'000'000) + "\nx").contacts.size(), 1);
+    EXPECT_EQ(CsvReader::read("Name\n" + QByteArray("x\n").repeated(20'000)).contacts.size(), 20'000);
+    EXPECT_EQ(CsvReader::read("Name,Notes\nx,\"" + QByteArray(1'000'000, 'x')).contacts.size(), 1);
+    EXPECT_EQ(CsvReader::read("Name" + QByteArray(",").repeated(100'000) + "\nx").contacts.size(), 1);
     EXPECT_EQ(CsvReader::read("Name,E-Mail 9999\nx,y").contacts.value(0).eMails, QStringList(words("y")));
 }

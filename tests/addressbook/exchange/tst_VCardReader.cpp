@@ -188,11 +188,11 @@ TEST(VCardReader, EveryBeginningOfAFileCanBeRead)
 
 TEST(VCardReader, LongFilesTakeTimeInProportion)
 {
-    // Each would take hours if a line were read anew for each of its parts.
-    EXPECT_EQ(cardOf("NOTE:" + QByteArray("x\n ").repeated(1'000'000)).comment.size(), 1'000'000);
-    cardOf("X;ENCODING=QUOTED-PRINTABLE:" + QByteArray("x=\n").repeated(1'000'000));
-    cardOf("QUOTED-PRINTABLE=\n" + QByteArray("=\n").repeated(1'000'000));
-    cardOf("X" + QByteArray(";a=b").repeated(1'000'000) + ":c");
-    cardOf("ADR:" + QByteArray(";").repeated(3'000'000));
-    EXPECT_EQ(VCardReader::read(QByteArray("BEGIN:VCARD\n").repeated(300'000)).contacts.size(), 0);
+    // Each would take minutes if a line were read anew for each of its parts.
+    EXPECT_EQ(cardOf("NOTE:" + QByteArray("x\n ").repeated(300'000)).comment.size(), 300'000);
+    cardOf("X;ENCODING=QUOTED-PRINTABLE:" + QByteArray("x=\n").repeated(100'000));
+    cardOf("QUOTED-PRINTABLE=\n" + QByteArray("=\n").repeated(100'000));
+    cardOf("X" + QByteArray(";a=b").repeated(100'000) + ":c");
+    cardOf("ADR:" + QByteArray(";").repeated(100'000));
+    EXPECT_EQ(VCardReader::read(QByteArray("BEGIN:VCARD\n").repeated(100'000)).contacts.size(), 0);
 }

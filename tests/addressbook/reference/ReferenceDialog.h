@@ -6,7 +6,6 @@
 #include "PrintQt.h"
 #include "ScratchAddressBook.h"
 
-#include <QApplication>
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -36,6 +35,12 @@ public:
     void show()
     {
         m_form->showModeless();
+        activate();
+    }
+    /// A box takes the activation with it.
+    void activate() const
+    {
+        m_form->activateWindow();
         (void)QTest::qWaitForWindowActive(m_form);
     }
 
@@ -43,16 +48,17 @@ public:
     bool isOpen() const { return m_form && m_form->isLoaded(); }
 
     void click(const char *name) const { QTest::mouseClick(&control<QWidget>(name), Qt::LeftButton); }
-    void press(Qt::Key key) const { QTest::keyClick(QApplication::focusWidget(), key); }
+    void press(Qt::Key key) const { QTest::keyClick(m_form->focusWidget(), key); }
     /// Puts the focus into a box and types in the place of its text.
     void type(const char *name, const QString &text) const
     {
+        activate();
         auto &box = control<QWidget>(name);
         box.setFocus();
         QTest::keySequence(&box, QKeySequence::SelectAll);
         text.isEmpty() ? QTest::keyClick(&box, Qt::Key_Delete) : QTest::keyClicks(&box, text);
     }
-    QString focus() const { return QApplication::focusWidget()->objectName(); }
+    QString focus() const { return m_form->focusWidget()->objectName(); }
 
     /// A plain box with OK and no title of its own.
     void expectBox(const QString &text)

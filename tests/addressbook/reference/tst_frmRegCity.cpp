@@ -96,6 +96,21 @@ TEST_F(FrmRegCityTest, ReturnIsOkAndEscapeIsCancel)
     EXPECT_EQ(cities().last(), QStringLiteral("3|Dover|2"));
 }
 
+TEST_F(FrmRegCityTest, IsShownModallyAboveTheAddressBook)
+{
+    dialog.frame.dialogs.expectWindow<frmRegCity>(QStringLiteral("frmRegCity"), [](frmRegCity &window) {
+        auto &city = window.member<QLineEdit>(QStringLiteral("txtCity"));
+        EXPECT_EQ(window.focusWidget(), &city);
+        QTest::keyClicks(&city, QStringLiteral("!"));
+        QTest::keyClick(&city, Qt::Key_Return);
+    });
+    QWidget addressBook;
+    addressBook.show();
+    dialog.load().configureEdit(2);
+    dialog.form().showModal(&addressBook);
+    EXPECT_EQ(cities().last(), QStringLiteral("2|London!|2"));
+}
+
 TEST_F(FrmRegCityTest, ANameIsAskedFor)
 {
     openNew();
@@ -181,8 +196,7 @@ TEST_F(FrmRegCityTest, EachActivationReadsTheStatesAnew)
     Form other(QStringLiteral("other"));
     other.showModeless();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    dialog.form().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog.form()));
+    dialog.activate();
     EXPECT_EQ(dialog.control<ChoiceBox>("cmbStates").count(), 3);
     EXPECT_EQ(state(), QStringLiteral("typed"));
 }

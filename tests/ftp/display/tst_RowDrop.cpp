@@ -1,12 +1,12 @@
+#include "DragByMouse.h"
 #include "EventGate.h"
 #include "ListBox.h"
 #include "RowDrop.h"
 
+#include <QDrag>
 #include <QHBoxLayout>
 #include <QPointer>
 #include <QTest>
-#include <QTimer>
-#include <QWindow>
 #include <gtest/gtest.h>
 
 namespace {
@@ -31,21 +31,10 @@ struct RowDropTest : testing::Test
         EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     }
 
-    void drag(ListBox &from, ListBox &onto)
+    void drag(
+        ListBox &from, ListBox &onto, const std::function<void()> &meanwhile = [] {})
     {
-        QWindow *screen = window.windowHandle();
-        const QPoint start =
-            from.viewport()->mapTo(&window, from.visualRect(from.model()->index(1, 0)).center());
-        const QPoint end = onto.viewport()->mapTo(&window, onto.viewport()->rect().center());
-        QTest::mousePress(screen, Qt::LeftButton, {}, start);
-        QTest::mouseMove(screen, start + QPoint(0, 30));
-        QTimer::singleShot(0, &window, [screen, end] { // in the drag, which takes what the window gets
-            QTest::mouseMove(screen, end);
-            QTest::mouseMove(screen, end + QPoint(1, 1));
-            QTest::mouseRelease(screen, Qt::LeftButton, {}, end);
-        });
-        QTest::mouseMove(screen, start + QPoint(0, 31));
-        QCoreApplication::processEvents();
+        dragByMouse(from, 1, onto, meanwhile);
     }
 };
 
@@ -75,4 +64,18 @@ TEST_F(RowDropTest, NoRowComesBackOrStaysInItsList)
     QTest::qWait(0);
     EXPECT_EQ(drops, 0);
     EXPECT_EQ(left->ListCount(), 3);
+}
+
+TEST_F(RowDropTest, ThePictureIsASmallOneOfTheRow)
+{
+    QSize size;
+    drag(*left, *right, [&] {
+        if (const auto *drag = left->findChild<QDrag *>())
+            size = drag->pixmap().deviceIndependentSize().toSize();
+    });
+    const int name = left->fontMetrics().horizontalAdvance(QStringLiteral("two"));
+    EXPECT_GT(size.width(), name + 16); // with an icon
+    EXPECT_LT(size.width(), name + 40);
+    EXPECT_LT(size.width(), left->viewport()->width());
+    EXPECT_LT(size.height(), 40);
 }

@@ -193,3 +193,38 @@ TEST_F(DirListBoxTest, FiftyThousandFoldersAreListedAndOnlyThoseOnTheScreenMeasu
     EXPECT_LT(asked.count(), 500); // those on the screen, each a few times
     EXPECT_EQ(box.model()->rowCount(), depth + 1 + folders);
 }
+
+TEST_F(DirListBoxTest, TheFolderIsInViewInASmallList)
+{
+    const auto isInView = [this] { return box.viewport()->rect().contains(box.visualRect(row(depth + 3))); };
+    for (const char *name : {"a", "a/b", "a/b/c"})
+        scratch.addFolder(name);
+    box.setPath(scratch.path() + QStringLiteral("/a/b/c"));
+    box.resize(300, 3 * box.visualRect(row(0)).height());
+    EXPECT_TRUE(isInView());
+    box.hide();
+    box.setPath(scratch.path());
+    box.resize(300, 600);
+    box.setPath(scratch.path() + QStringLiteral("/a/b/c"));
+    box.resize(300, 3 * box.visualRect(row(0)).height());
+    box.show();
+    EXPECT_TRUE(isInView());
+}
+
+TEST_F(DirListBoxTest, TheIconOfASelectedRowHasTheColorOfItsText)
+{
+    const QImage image =
+        row(depth).data(Qt::DecorationRole).value<QIcon>().pixmap(16, QIcon::Selected).toImage();
+    const QColor text = QGuiApplication::palette().color(QPalette::HighlightedText);
+    int seen = 0;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            const QColor color = image.pixelColor(x, y);
+            if (color.alpha() < 200)
+                continue;
+            ++seen;
+            EXPECT_NEAR(color.lightnessF(), text.lightnessF(), 0.02);
+        }
+    }
+    EXPECT_GT(seen, 20);
+}

@@ -1,8 +1,11 @@
+#include "DirListBox.h"
+#include "FileListBox.h"
 #include "HostileNames.h"
 #include "ListBox.h"
 #include "ListView.h"
 #include "PlainTextDelegate.h"
 #include "PrintQt.h"
+#include "ScratchFolder.h"
 #include "ShownText.h"
 #include "TreeView.h"
 
@@ -158,4 +161,22 @@ TEST(PlainTextDelegate, WhatFitsNeedsNoToolTip)
     QCoreApplication::sendEvent(list.viewport(), &help);
     EXPECT_EQ(QToolTip::text(), QStringLiteral("Remote Files"));
     QToolTip::hideText();
+}
+
+TEST(PlainTextDelegate, ListsBesideEachOtherHaveRowsOfOneHeight)
+{
+    const ScratchFolder folder;
+    folder.addFile("file");
+    ListBox rows;
+    rows.AddItem(QStringLiteral("row"));
+    DirListBox folders;
+    FileListBox files;
+    files.setPath(folder.path());
+    const auto height = [](QListView &list) {
+        list.show();
+        return list.visualRect(list.model()->index(0, 0)).height();
+    };
+    EXPECT_GE(height(rows), 16 + 2); // as high as an icon
+    EXPECT_EQ(height(rows), height(folders));
+    EXPECT_EQ(height(rows), height(files));
 }

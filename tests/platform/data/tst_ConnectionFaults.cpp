@@ -15,7 +15,8 @@ struct ConnectionFaults : ScratchDatabase
     {
         execute("create table T(name text)");
         for (int i = 0; i < 200; ++i)
-            connection.execute(QStringLiteral("insert into T values('%1')").arg(QString(300, QChar(u'a' + i % 26))));
+            connection.execute(
+                QStringLiteral("insert into T values('%1')").arg(QString(300, QChar(u'a' + i % 26))));
     }
     QString openError(const QByteArray &name)
     {

@@ -95,9 +95,12 @@ TEST_F(StatementTextTest, SemicolonsAtTheEndAreAllowed)
 
 TEST_F(StatementTextTest, TheEngineReachesNoOtherFile)
 {
-    for (const char *text : {"attach 'b.db' as b", "vacuum into 'b.db'", "select load_extension('x')"})
-        EXPECT_NE(errorOf([&] { execute(text); }), QStringLiteral("none")) << text;
-    EXPECT_FALSE(QFile::exists(QStringLiteral("b.db")));
+    const QString other = QString::fromUtf8(folder.file("b.db"));
+    for (const char *text : {"attach '%1' as b", "vacuum into '%1'", "select load_extension('%1')"}) {
+        const QString statement = QString::fromUtf8(text).arg(other);
+        EXPECT_NE(errorOf([&] { connection.execute(statement); }), QStringLiteral("none")) << text;
+    }
+    EXPECT_FALSE(QFile::exists(other));
 }
 
 TEST_F(StatementTextTest, ALongOrDeepStatementIsRefused)

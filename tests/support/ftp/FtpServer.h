@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QSslConfiguration>
 #include <QTcpServer>
+#include <functional>
 
 class FtpServerSession;
 
@@ -49,6 +50,9 @@ public:
     void forgetFault(const QByteArray &stage) { m_faults.remove(stage); }
     /// Lets what is held up happen, and holds nothing more.
     void release();
+    /// \a step runs once, as an event of its own, when the next client reaches \a stage. The client is held
+    /// up meanwhile, and behind it too where the stage is held.
+    void during(const QByteArray &stage, const std::function<void()> &step) { m_steps[stage] = step; }
 
     /// MLSD, or EPSV, is an unknown command.
     void refuseMlsd() { reply("MLSD", "500 Unknown command."); }
@@ -67,6 +71,8 @@ public:
     void cutDataAt(qint64 bytes, bool all);
     /// The last reply of a transfer is sent before its data.
     void setReplyBeforeData(bool before) { m_replyBeforeData = before; }
+    /// Encrypted data that the server sends ends as the connection does, without TLS's notice of its end.
+    void setEndsAbruptly(bool abruptly) { m_endsAbruptly = abruptly; }
     /// Closes all connections, or with \a text sends it first on those of control.
     void dropConnections(const QByteArray &text = {});
     /// Sends \a bytes on each control connection, without having been asked.
@@ -87,6 +93,7 @@ private:
     QByteArray m_root;
     QByteArrayList m_commands;
     QHash<QByteArray, FtpFault> m_faults;
+    QHash<QByteArray, std::function<void()>> m_steps;
     QList<QPointer<FtpServerSession>> m_sessions;
     QSslConfiguration m_tls;
     QByteArray m_passiveHost = "127,0,0,1";
@@ -98,4 +105,5 @@ private:
     bool m_cutsAll = false;
     bool m_dotRows = false;
     bool m_replyBeforeData = false;
+    bool m_endsAbruptly = false;
 };

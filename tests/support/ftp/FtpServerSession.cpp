@@ -103,10 +103,25 @@ void FtpServerSession::obey(const QByteArray &line)
 
 void FtpServerSession::atStage(const QByteArray &stage, const Effect &effect)
 {
-    if (!m_server.fault(stage).isHeld)
+    const std::function<void()> step = m_server.m_steps.take(stage);
+    if (!step && !m_server.fault(stage).isHeld) {
         act(m_server.fault(stage), effect);
-    else
-        m_held = [this, stage, effect] { act(m_server.fault(stage), effect); };
+        return;
+    }
+    m_held = [this, stage, effect] { act(m_server.fault(stage), effect); };
+    if (step)
+        QMetaObject::invokeMethod(
+            &m_server, [self = QPointer(this), stage, step] { runStep(self, stage, step); },
+            Qt::QueuedConnection);
+}
+
+/// The client may be gone before the step or behind it.
+void FtpServerSession::runStep(const QPointer<FtpServerSession> &self, const QByteArray &stage,
+                               const std::function<void()> &step)
+{
+    step();
+    if (self && !self->m_server.fault(stage).isHeld)
+        self->release();
 }
 
 void FtpServerSession::act(const FtpFault &fault, const Effect &effect)
@@ -210,6 +225,7 @@ QByteArray FtpServerSession::openData(const QByteArray &verb)
 {
     m_data = std::make_unique<FtpServerData>(m_protectsData ? m_server.m_tls : QSslConfiguration(),
                                              m_server.m_cutAt);
+    m_data->setEndsAbruptly(m_server.m_endsAbruptly);
     const int port = m_server.m_passivePort ? m_server.m_passivePort : m_data->serverPort();
     if (verb == "EPSV")
         return "229 Entering (|||" + QByteArray::number(port) + "|)";

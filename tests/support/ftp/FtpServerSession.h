@@ -3,6 +3,7 @@
 #include "FtpServerData.h"
 #include "FtpServerFolder.h"
 
+#include <QPointer>
 #include <QSslSocket>
 #include <functional>
 #include <memory>
@@ -31,6 +32,8 @@ private:
     void readLines();
     void obey(const QByteArray &line);
     void atStage(const QByteArray &stage, const Effect &effect);
+    static void runStep(const QPointer<FtpServerSession> &self, const QByteArray &stage,
+                        const std::function<void()> &step);
     void act(const FtpFault &fault, const Effect &effect);
     void answer(const QByteArray &text);
 

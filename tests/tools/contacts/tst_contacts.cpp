@@ -3,6 +3,7 @@
 #include "FullDisk.h"
 #include "PrintQt.h"
 #include "ScratchAddressBook.h"
+#include "ScratchVariable.h"
 
 #include <QProcess>
 #include <QTcpServer>
@@ -93,6 +94,22 @@ TEST_F(ContactsTool, WhatIsExportedIsImportedAsItWas)
             EXPECT_EQ(other.rows(QStringLiteral("select count(*) from ") + table),
                       book.rows(QStringLiteral("select count(*) from ") + table));
     }
+}
+
+TEST_F(ContactsTool, OrdersNamesByTheUsersLanguage)
+{
+    import(file("a.csv", "Name\n\xC3\x96"
+                         "berg\nZorn\n"));
+    const auto firstName = [&](const char *language) {
+        const ScratchVariable variable("LC_ALL", language);
+        exportTo(file("b.vcf"));
+        return Files::read(file("b.vcf")).contains("FN:Zorn\r\nN:Zorn;;;;\r\nEND:VCARD\r\nBEGIN")
+                   ? "Zorn"
+                   : "\u00D6berg";
+    };
+    EXPECT_STREQ(firstName("sv_SE.UTF-8"), "Zorn");
+    EXPECT_STREQ(firstName("de_DE.UTF-8"), "\u00D6berg");
+    EXPECT_STREQ(firstName("C"), "\u00D6berg");
 }
 
 TEST_F(ContactsTool, ExportsAsItsOptionsSay)

@@ -7,7 +7,7 @@ namespace {
 
 const QString several = QStringLiteral(" ::: "); // between the values of one field
 
-struct Row
+struct CaptionRow
 {
     const char *caption;
     void (*set)(ContactBuilder &, const QString &);
@@ -59,7 +59,7 @@ void setLabels(ContactBuilder &builder, const QString &text)
     }
 }
 
-constexpr Row rows[] = {
+constexpr CaptionRow captionRows[] = {
     {"salutation", setText<&Contact::salutation>},
     {"name", setText<&Contact::name>},
     {"full name", setText<&Contact::name>},
@@ -142,7 +142,7 @@ QStringList textsOf(const QHash<QString, QString> &texts, const QString &prefix,
 QSet<QString> knownCaptions()
 {
     QSet<QString> captions;
-    for (const Row &row : rows)
+    for (const CaptionRow &row : captionRows)
         captions.insert(QLatin1String(row.caption));
     for (const char *part : nameParts)
         captions.insert(QLatin1String(part));
@@ -166,7 +166,8 @@ CsvColumns::CsvColumns(const QStringList &captions)
     static const QRegularExpression number(QStringLiteral(" ([0-9]{1,4})\\b"));
     for (const QString &caption : captions) {
         m_captions.append(caption.simplified().toLower());
-        m_highest = qMax(m_highest, number.match(m_captions.constLast()).captured(1).toInt());
+        if (const auto found = number.match(m_captions.constLast()); found.hasMatch())
+            m_numbers.insert(found.captured(1).toInt());
     }
 }
 
@@ -185,14 +186,14 @@ void CsvColumns::fill(ContactBuilder &builder, const QStringList &row) const
             !text.isEmpty() && !texts.contains(m_captions[column]))
             texts[m_captions[column]] = text;
     }
-    for (const Row &known : rows) {
+    for (const CaptionRow &known : captionRows) {
         if (const QString text = texts.value(QLatin1String(known.caption)); !text.isEmpty())
             known.set(builder, text);
     }
     fillNames(builder, texts);
     for (const char *kind : placeKinds)
         fillPlace(builder, texts, QLatin1String(kind));
-    for (int number = 1; number <= m_highest; ++number)
+    for (const int number : m_numbers)
         fillNumbered(builder, texts, number);
 }
 

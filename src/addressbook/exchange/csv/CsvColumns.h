@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QStringList>
+#include <set>
 
 /// What the columns of a file mean, by their captions: those that CsvWriter writes, and those of other
 /// programs. Columns with other captions are left out.
@@ -23,6 +24,6 @@ private:
     static void fillPlace(ContactBuilder &builder, const Texts &texts, const QString &kind);
     static void fillNumbered(ContactBuilder &builder, const Texts &texts, int number);
 
-    QStringList m_captions; ///< simplified and in small letters
-    int m_highest = 0;      ///< the highest number in a caption such as "e-mail 2"
+    QStringList m_captions;  ///< simplified and in small letters
+    std::set<int> m_numbers; ///< those in captions such as "e-mail 2"
 };

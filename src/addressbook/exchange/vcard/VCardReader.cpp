@@ -122,13 +122,13 @@ void addCategories(ContactBuilder &builder, const VCardProperty &property)
         builder.contact().group = component(split(property.value, u','), 0);
 }
 
-struct Row
+struct PropertyRow
 {
     const char *property;
     void (*add)(ContactBuilder &, const VCardProperty &);
 };
 
-constexpr Row rows[] = {
+constexpr PropertyRow propertyRows[] = {
     {"FN", addFullName}, {"N", addName},    {"NICKNAME", addNickName}, {"BDAY", addBirthDate},
     {"ADR", addPlace},   {"TEL", addPhone}, {"EMAIL", addEMail},       {"ORG", addOrganisation},
     {"TITLE", addTitle}, {"ROLE", addRole}, {"NOTE", addNote},         {"CATEGORIES", addCategories},
@@ -165,7 +165,7 @@ void Cards::add(const VCardProperty &property)
     m_isAgentNext = property.name == u"AGENT" && property.value.trimmed().isEmpty();
     if (property.name == u"KIND" || property.name == u"X-ADDRESSBOOKSERVER-KIND")
         m_isGroup = property.value.trimmed().compare(u"group", Qt::CaseInsensitive) == 0;
-    for (const Row &row : rows) {
+    for (const PropertyRow &row : propertyRows) {
         if (property.name == QLatin1String(row.property))
             row.add(*m_card, property);
     }

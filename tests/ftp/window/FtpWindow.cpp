@@ -8,24 +8,40 @@
 #include "PrintQt.h"
 #include "frmFTPAccounts.h"
 
+#include <QDeadlineTimer>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
 
-void settle()
+constexpr int patience = 20000; // milliseconds
+
+QByteArray listingOf(const QStringList &rows)
 {
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    QCoreApplication::processEvents();
+    QByteArray listing;
+    for (const QString &row : rows) {
+        const bool isFolder = row.endsWith(u'/');
+        listing += QByteArray(isFolder ? "type=dir; " : "type=file; ") +
+                   FileNames::toBytes(isFolder ? row.chopped(1) : row) + "\r\n";
+    }
+    return listing;
+}
+
+bool isPreparation(const QByteArray &request)
+{
+    constexpr const char *verbs[] = {"TYPE", "EPSV", "MDTM", "QUIT"};
+    return std::any_of(std::begin(verbs), std::end(verbs),
+                       [&](const char *verb) { return request.startsWith(verb); });
 }
 
 } // namespace
 
 FtpWindow::FtpWindow()
 {
-    programFolder.addFile("ftpprof.dat", profiles);
+    programFolder.addFile("ftpprof.dat", profiles());
     Forms::registerWindow(QStringLiteral("frmFTP"), Forms::Instances::One, [] { return new frmFTP; });
     Forms::registerWindow(QStringLiteral("frmFTPAccounts"), Forms::Instances::One,
                           [] { return new frmFTPAccounts; });
@@ -37,6 +53,12 @@ FtpWindow::FtpWindow()
 FtpWindow::~FtpWindow()
 {
     setBeep({});
+}
+
+QByteArray FtpWindow::profiles() const
+{
+    const QByteArray address = server.address().toLatin1();
+    return "0,Mirror," + address + ",tester,secret,extra\r\n1,Second," + address + ",,pass,\r\n";
 }
 
 void FtpWindow::open()
@@ -56,14 +78,27 @@ void FtpWindow::logOn(const QStringList &rows)
 {
     if (!isEnabled("cmdLogOn"))
         click("cmdLogOff");
-    QString response;
-    for (const QString &row : rows)
-        response += row + QStringLiteral("\r\n");
-    session().respond(QStringLiteral("DIR"), response);
+    server.setListing(listingOf(rows));
     click("cmdLogOn");
-    EXPECT_EQ(this->rows(), rows);
-    StandInSession::calls.clear();
+    EXPECT_TRUE(rows.isEmpty() || this->rows() == rows) << qUtf8Printable(this->rows().join(u'|'));
+    forget();
+}
+
+void FtpWindow::forget()
+{
+    server.forgetCommands();
+    probe.forgetStates();
     beeps = 0;
+}
+
+QString FtpWindow::commands() const
+{
+    QStringList commands;
+    for (const QByteArray &line : server.commands()) {
+        if (!isPreparation(line))
+            commands << FileNames::fromBytes(line);
+    }
+    return commands.join(u'|');
 }
 
 void FtpWindow::click(const char *name) const
@@ -72,6 +107,31 @@ void FtpWindow::click(const char *name) const
     EXPECT_TRUE(button.isEnabled()) << name;
     QTest::mouseClick(&button, Qt::LeftButton);
     settle();
+}
+
+void FtpWindow::settle() const
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    QCoreApplication::processEvents();
+    waitFor([this] { return !isOpen() || !session().StillExecuting() || server.isHolding(); });
+}
+
+void FtpWindow::whileListIsRead(const std::function<void()> &step)
+{
+    probe.atState(InternetTransfer::ResponseCompleted, [this, step] { // of the command itself
+        probe.atState(InternetTransfer::ResponseCompleted,
+                      [this, step] { QMetaObject::invokeMethod(m_form, step, Qt::QueuedConnection); });
+    });
+}
+
+/// The driver of the dialogs wakes the loop again and again.
+void FtpWindow::waitFor(const std::function<bool()> &condition)
+{
+    const QDeadlineTimer deadline(patience);
+    while (!condition()) {
+        ASSERT_FALSE(deadline.hasExpired());
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
 }
 
 bool FtpWindow::isEnabled(const char *name) const
@@ -115,9 +175,14 @@ void FtpWindow::doubleClickRow(const QString &row) const
     settle();
 }
 
-void FtpWindow::addLocalFile(const QByteArray &name) const
+void FtpWindow::addLocalFile(const QByteArray &name, const QByteArray &content) const
 {
-    local.addFile(name);
+    local.addFile(name, content);
+    selectLocalFile(name);
+}
+
+void FtpWindow::selectLocalFile(const QByteArray &name) const
+{
     auto &files = control<FileListBox>("filLocalFile");
     files.Refresh();
     for (int i = 0; i < files.ListCount(); ++i) {

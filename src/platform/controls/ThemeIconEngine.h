@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QIcon>
+#include <QIconEngine>
+
+/// Draws an icon of a theme in one color where the theme has no drawing of its own: in that of disabled text
+/// while its control is disabled, and in that of selected text on a selected row.
+class ThemeIconEngine : public QIconEngine
+{
+public:
+    explicit ThemeIconEngine(const QIcon &icon)
+        : m_icon(icon)
+    {}
+
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override;
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override;
+    QPixmap scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State state, qreal scale) override;
+    QSize actualSize(const QSize &size, QIcon::Mode mode, QIcon::State state) override;
+    QList<QSize> availableSizes(QIcon::Mode mode, QIcon::State state) override;
+    QIconEngine *clone() const override { return new ThemeIconEngine(*this); }
+    QString iconName() override { return m_icon.name(); }
+    bool isNull() override { return m_icon.isNull(); }
+
+private:
+    QIcon m_icon;
+};

@@ -1,0 +1,70 @@
+#include "Contrast.h"
+#include "ThemeIcon.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPalette>
+#include <gtest/gtest.h>
+
+namespace {
+
+QImage drawing(const char *name, QIcon::Mode mode)
+{
+    return ThemeIcon::named(QString::fromLatin1(name)).pixmap(22, mode).toImage();
+}
+
+/// Of its opaque parts.
+double leastContrast(const QImage &image, const QColor &ground)
+{
+    double least = 21;
+    for (int x = 0; x < image.width(); ++x) {
+        for (int y = 0; y < image.height(); ++y) {
+            if (image.pixelColor(x, y).alpha() > 200)
+                least = std::min(least, contrast(image.pixelColor(x, y), ground));
+        }
+    }
+    return least;
+}
+
+QPalette darkPalette()
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(0x34, 0x39, 0x3F));
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0x7F, 0x86, 0x8C));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    return palette;
+}
+
+} // namespace
+
+TEST(ThemeIcon, ADisabledOneCanStillBeSeen)
+{
+    QGuiApplication::setPalette(darkPalette());
+    const double seen =
+        leastContrast(drawing("edit-delete", QIcon::Disabled), darkPalette().color(QPalette::Window));
+    EXPECT_GT(seen, 2.5);
+    EXPECT_LT(seen, 4); // there is something, but less than enabled
+}
+
+TEST(ThemeIcon, ASelectedOneHasTheColorOfTheText)
+{
+    QGuiApplication::setPalette(darkPalette());
+    EXPECT_GT(leastContrast(drawing("folder", QIcon::Selected), Qt::black), 20.5);
+    EXPECT_LT(leastContrast(drawing("folder", QIcon::Selected), Qt::white), 1.1); // there is something
+}
+
+TEST(ThemeIcon, AnEnabledOneIsAsTheThemeHasIt)
+{
+    EXPECT_FALSE(drawing("edit-delete", QIcon::Normal).isNull());
+    EXPECT_EQ(drawing("edit-delete", QIcon::Normal),
+              QIcon::fromTheme(QStringLiteral("edit-delete")).pixmap(22).toImage());
+    EXPECT_TRUE(ThemeIcon::named(QStringLiteral("no such icon")).isNull());
+}
+
+TEST(ThemeIcon, ItHasThePixelsOfTheScreen)
+{
+    const QPixmap picture =
+        ThemeIcon::named(QStringLiteral("edit-delete")).pixmap(QSize(22, 22), 2, QIcon::Disabled);
+    EXPECT_EQ(picture.size(), QSize(44, 44));
+    EXPECT_EQ(picture.devicePixelRatio(), 2);
+}
