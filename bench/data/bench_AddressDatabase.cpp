@@ -2,6 +2,7 @@
 #include "ContactRows.h"
 #include "DailyCopies.h"
 #include "DateFunctions.h"
+#include "ManyContacts.h"
 #include "Milliseconds.h"
 #include "Paths.h"
 #include "Recordset.h"
@@ -26,7 +27,6 @@
 
 namespace {
 
-constexpr int contacts = 32000;
 constexpr int rounds = 15;
 constexpr int reported = 1000; // contacts of a report
 
@@ -59,42 +59,6 @@ Cost median(Step step)
         cpu.push_back(double(std::clock() - before) / perMillisecond);
     }
     return {median(wall), median(cpu)};
-}
-
-QString word(int seed)
-{
-    static const QStringList syllables = {
-        QStringLiteral("ba"),  QStringLiteral("\u00E9l"), QStringLiteral("mor"),
-        QStringLiteral("tis"), QStringLiteral("Ko"),      QStringLiteral("ren"),
-        QStringLiteral("Sa"),  QStringLiteral("lin"),     QStringLiteral("dor")};
-    QString text;
-    for (int i = 0; i < 4; ++i, seed /= 7)
-        text += syllables[(seed + i * 5) % syllables.size()];
-    return text;
-}
-
-void fill()
-{
-    Transaction transaction(AddressConnection);
-    for (int state = 2; state <= 200; ++state)
-        AddressConnection.execute(
-            QStringLiteral("Insert into State values(%1,'%2')").arg(state).arg(word(state)));
-    for (int city = 2; city <= 1000; ++city)
-        AddressConnection.execute(
-            QStringLiteral("insert into city values(%1,'%2',%3)")
-                .arg(QString::number(city), word(city * 31), QString::number(1 + city % 200)));
-    for (int number = 1; number <= contacts; ++number) {
-        const QString phone = QStringLiteral("+44 20 %1").arg(number);
-        ContactRows::addName(number, {.groupId = 1,
-                                      .name = word(number * 17) + u' ' + word(number),
-                                      .birthDate = QDate(1930, 1, 1).addDays(number)});
-        ContactRows::addEMails(number, {QStringLiteral("%1@example.org").arg(number)});
-        ContactRows::addHome(number,
-                             {QStringLiteral("%1 Long Road\nOld Town").arg(number), qint16(1 + number % 1000),
-                              QStringLiteral("CT%1").arg(number), phone, phone, phone});
-        ContactRows::addBusiness(number, {.cityId = qint16(1 + number % 999), .company = word(number * 3)});
-    }
-    transaction.commit();
 }
 
 /// Reads every field of every row as a window does.
@@ -160,9 +124,9 @@ void save(qint32 number)
 {
     Transaction transaction(AddressConnection, Transaction::Unfinished::Keep);
     ContactRows::remove(number);
-    ContactRows::addName(number, {.groupId = 1, .name = word(number)});
+    ContactRows::addName(number, {.groupId = 1, .name = ManyContacts::word(number)});
     ContactRows::addEMails(number, {QStringLiteral("a@example.org")});
-    ContactRows::addHome(number, {.cityId = GetCityId(word(31 * 500))});
+    ContactRows::addHome(number, {.cityId = GetCityId(ManyContacts::word(31 * 500))});
     ContactRows::addBusiness(number, {.cityId = GetCityId(QStringLiteral(".."))});
     transaction.commit();
 }
@@ -229,8 +193,9 @@ int main(int argc, char **argv)
     Paths::setAppPath(folder.path());
     QFile::copy(QStringLiteral(QUILL_DATABASE), AddressDatabase::path());
     AddressDatabase::open(AddressDatabase::path());
-    fill();
-    std::printf("%d contacts, %.1f MB\n", contacts, double(QFile(AddressDatabase::path()).size()) / 1e6);
+    ManyContacts::add();
+    std::printf("%d contacts, %.1f MB\n", ManyContacts::count,
+                double(QFile(AddressDatabase::path()).size()) / 1e6);
     measure();
     AddressConnection.close();
     return 0;

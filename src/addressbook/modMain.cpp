@@ -1,5 +1,6 @@
 #include "modMain.h"
 
+#include "ListView.h"
 #include "ReferenceNames.h"
 
 #include <QComboBox>
@@ -55,4 +56,13 @@ void ValidateCombo(QComboBox &combo, bool forceFirst)
         combo.setCurrentIndex(0);
     else
         empty(combo);
+}
+
+void CheckAnySelected(const ListView &list)
+{
+    AnyChecked = 0;
+    for (int i = 1; i <= list.ListItems().Count(); ++i) {
+        if (list.ListItems().Item(i).Checked)
+            AnyChecked = -1;
+    }
 }

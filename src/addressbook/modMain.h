@@ -1,5 +1,8 @@
 #pragma once
 
+#include <QtGlobal>
+
+class ListView;
 class QComboBox;
 
 // The steps that several windows of the address book share.
@@ -13,3 +16,9 @@ void FillGroupCombo(QComboBox &combo);
 /// Where the combo box's text is not exactly an entry of its list, selects the first entry, or without
 /// \a forceFirst empties the text.
 void ValidateCombo(QComboBox &combo, bool forceFirst);
+
+/// What CheckAnySelected() has found: 0 or -1.
+inline qint16 AnyChecked = 0;
+
+/// Sets AnyChecked to -1 where a row of \a list is checked, else to 0.
+void CheckAnySelected(const ListView &list);

@@ -2,15 +2,19 @@
 
 #include "Forms.h"
 #include "frmAddress.h"
+#include "frmAddressBook.h"
+#include "frmBirthDays.h"
 #include "frmCalculator.h"
 #include "frmDocument.h"
 #include "frmFTP.h"
 #include "frmFTPAccounts.h"
 #include "frmMargins.h"
 #include "frmOptions.h"
+#include "frmQuillAddressAbout.h"
 #include "frmRegCity.h"
 #include "frmRegister.h"
 #include "frmSplash.h"
+#include "frmquilladdresshelp.h"
 
 namespace {
 
@@ -35,6 +39,10 @@ constexpr Row windows[] = {
     {"frmCalculator", Forms::Instances::One, make<frmCalculator>},
     {"frmFTP", Forms::Instances::One, make<frmFTP>},
     {"frmFTPAccounts", Forms::Instances::One, make<frmFTPAccounts>},
+    {"frmAddressBook", Forms::Instances::One, make<frmAddressBook>},
+    {"frmBirthDays", Forms::Instances::One, make<frmBirthDays>},
+    {"frmQuillAddressAbout", Forms::Instances::One, make<frmQuillAddressAbout>},
+    {"frmquilladdresshelp", Forms::Instances::One, make<frmquilladdresshelp>},
     {"frmAddress", Forms::Instances::One, make<frmAddress>},
     {"frmRegCity", Forms::Instances::One, make<frmRegCity>},
     {"frmRegister", Forms::Instances::One, make<frmRegister>},

@@ -47,6 +47,8 @@ QString platformText(int number)
         return QStringLiteral("Object required");
     case ErrorNumber::NoSuchMember:
         return QStringLiteral("Object doesn't support this property or method");
+    case ErrorNumber::InvalidPicture:
+        return QStringLiteral("Invalid picture");
     case ErrorNumber::PrinterError:
         return QStringLiteral("Printer error");
     case ErrorNumber::DialogCancelled:

@@ -25,6 +25,7 @@ inline constexpr int InvalidPropertyValue = 380;
 inline constexpr int InvalidPropertyIndex = 381;
 inline constexpr int ObjectRequired = 424;
 inline constexpr int NoSuchMember = 438;
+inline constexpr int InvalidPicture = 481;
 inline constexpr int PrinterError = 482;
 inline constexpr int DialogCancelled = 32755;
 inline constexpr int IndexOutOfBounds = 35600;
