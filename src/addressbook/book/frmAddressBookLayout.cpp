@@ -21,7 +21,7 @@ namespace {
 
 constexpr int toolbarIconSize = 16; // pixels
 constexpr int imageSize = 48;       // the same
-constexpr int rowGap = 3;           // the same
+constexpr int rowGap = 2;           // the same
 
 // Twips.
 constexpr int sideGap = 120;
@@ -33,7 +33,7 @@ constexpr int firstHeight = 7350;
 /// Low enough for three rows of controls above the list.
 void makeLow(QPushButton &button)
 {
-    button.setFixedHeight(button.fontMetrics().height() + 8);
+    button.setFixedHeight(button.fontMetrics().height() + 6);
 }
 
 /// A row without margins, in a widget of its own.

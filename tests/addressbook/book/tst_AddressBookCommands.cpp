@@ -1,6 +1,7 @@
 #include "BookWindow.h"
 #include "Globals.h"
 #include "PrintQt.h"
+#include "QtMessages.h"
 #include "RowName.h"
 #include "frmAddress.h"
 #include "frmBirthDays.h"
@@ -157,10 +158,12 @@ TEST_F(AddressBookCommandsTest, TheToolbarsSummaryDoesNothing)
 
 TEST_F(AddressBookCommandsTest, PageSetupShowsTheDialog)
 {
-    window.frame.dialogs.expectWindow<QDialog>(QString(), [](QDialog &dialog) {
-        EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Page Setup"));
-        dialog.reject(); // which says nothing
-    });
+    QtMessages::expect(QStringLiteral("QPageSetupDialog: Cannot be used on non-native printers"));
+    window.frame.dialogs.expectWindow<QPageSetupDialog>(
+        QStringLiteral("PageSetupDialog"), [](QPageSetupDialog &dialog) {
+            EXPECT_EQ(dialog.windowTitle(), QStringLiteral("Page Setup"));
+            dialog.reject(); // which says nothing
+        });
     window.choose("mnupagesetup");
 }
 

@@ -4,6 +4,7 @@
 #include "Globals.h"
 #include "PrintQt.h"
 
+#include <QAbstractButton>
 #include <gtest/gtest.h>
 
 namespace {

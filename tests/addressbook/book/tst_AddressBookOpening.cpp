@@ -62,10 +62,12 @@ TEST_F(AddressBookOpeningTest, ADamagedFileIsSaidSo)
     AddressConnection.close();
     QFile file(window.book.path());
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
-    file.seek(4096 * 3 + 100);
-    file.write(QByteArray(3000, '\x7f'));
+    file.resize(file.size() - 4096);
     file.close();
-    EXPECT_TRUE(description().contains(QStringLiteral("is damaged: ")));
+    const QString found = description();
+    EXPECT_TRUE(found.contains(QStringLiteral("is damaged: ")) ||
+                found.contains(QStringLiteral("malformed")))
+        << qPrintable(found);
 }
 
 TEST_F(AddressBookOpeningTest, TheCommandsThatWorkOnTheListAreOffBeforeItFails)

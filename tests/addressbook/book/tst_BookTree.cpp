@@ -2,6 +2,7 @@
 #include "BookTree.h"
 #include "HostileNames.h"
 #include "PrintQt.h"
+#include "RuntimeError.h"
 #include "ScratchAddressBook.h"
 #include "TreeView.h"
 
