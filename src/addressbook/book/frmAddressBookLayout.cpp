@@ -22,11 +22,12 @@ namespace {
 constexpr int toolbarIconSize = 16; // pixels
 constexpr int imageSize = 48;       // the same
 constexpr int rowGap = 2;           // the same
+constexpr int treeIndentation = 14; // the same
 
 // Twips.
-constexpr int sideGap = 120;
-constexpr int treeWidth = 2310;
-constexpr int listLeft = 2520;
+constexpr int sideGap = 90;
+constexpr int treeWidth = 2450;
+constexpr int listLeft = 2600; // the list then ends where the line does
 constexpr int firstWidth = 12900;
 constexpr int firstHeight = 7350;
 
@@ -96,6 +97,7 @@ QPushButton *frmAddressBook::command(const char *name, const QString &caption)
 {
     auto *button = named<QPushButton>(name, caption);
     makeLow(*button);
+    button->setMinimumWidth(button->sizeHint().width() + 8);
     return button;
 }
 
@@ -127,6 +129,7 @@ void frmAddressBook::buildLetterRow()
 void frmAddressBook::buildPanes()
 {
     Tv = named("Tv", new TreeView(this), QStringLiteral("Groups, cities and states"));
+    Tv->setIndentation(treeIndentation);
     Lv = named("Lv", new ListView(this), QStringLiteral("Addresses"));
     Image1 = named("Image1", new QLabel(this));
     Image1->setPixmap(BookIcons::book().pixmap(QSize(imageSize, imageSize), devicePixelRatio()));
@@ -215,7 +218,7 @@ void frmAddressBook::Form_Resize()
 void frmAddressBook::placeRows()
 {
     const int left = Twips::toPixels(sideGap, logicalDpiX());
-    const int right = width() - left;
+    const int right = Twips::toPixels(BookSizes::of(Width(), Height(), 0).lineEnd, logicalDpiX());
     int y = 0;
     m_topRow->setGeometry(0, y, right, m_topRow->sizeHint().height());
     y += m_topRow->height();

@@ -35,7 +35,7 @@ public:
     void setView(int view);
 
     bool Checkboxes() const { return m_items->hasCheckboxes(); }
-    void setCheckboxes(bool shown) { m_items->setCheckboxes(shown); }
+    void setCheckboxes(bool shown);
 
     bool MultiSelect() const;
     void setMultiSelect(bool multiSelect);

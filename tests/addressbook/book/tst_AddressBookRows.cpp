@@ -1,5 +1,6 @@
 #include "AddressDatabase.h"
 #include "BookWindow.h"
+#include "ContactQuery.h"
 #include "Forms.h"
 #include "PrintQt.h"
 #include "frmAddress.h"
@@ -85,6 +86,22 @@ TEST_F(AddressBookRowsTest, ACancelledEditReadsTheListAgainToo)
     window.doubleClickRow("Bea Dunn");
     EXPECT_EQ(window.names(), QStringLiteral("Anna Bell|Bea Dunn|Ben Cole|carl Bly"));
     EXPECT_EQ(window.checkedNames(), QString());
+}
+
+TEST_F(AddressBookRowsTest, AfterABirthdaySearchAnEditShowsTheClickedNodeAgain)
+{
+    const std::pair<const char *, const char *> views[] = {{"Group3", "Bea Dunn|Ben Cole"},
+                                                           {"Root", "Anna Bell|Bea Dunn|Ben Cole|carl Bly"}};
+    for (const auto &[node, names] : views) {
+        window.clickNode(node);
+        window.form().NameFilter = ContactQuery::birthdayFilter({2024, 2, 29});
+        window.form().BaseQuery = ContactQuery::all();
+        window.form().fillAddresses();
+        ASSERT_EQ(window.names(), QStringLiteral("Anna Bell"));
+        expectCaption<frmAddress>("Contacts");
+        window.doubleClickRow("Anna Bell");
+        EXPECT_EQ(window.names(), QString::fromLatin1(names));
+    }
 }
 
 TEST_F(AddressBookRowsTest, EnterEditsTheSelectedContact)

@@ -206,6 +206,29 @@ TEST_F(ListViewTest, EmitsKeysAndClicksOnHeaders)
     EXPECT_EQ(columns.at(0).at(0).toInt(), 2);
 }
 
+TEST_F(ListViewTest, AmongIconsTheTextKeepsItsRoomBesideACheckBox)
+{
+    view.setView(0);
+    const auto &icons = static_cast<const QListView &>(pane());
+    const int without = icons.gridSize().width();
+    view.setCheckboxes(true);
+    const int with = icons.gridSize().width();
+    EXPECT_GE(with, without + view.style()->pixelMetric(QStyle::PM_IndicatorWidth));
+    view.setCheckboxes(false);
+    EXPECT_EQ(icons.gridSize().width(), without);
+}
+
+TEST_F(ListViewTest, AmongIconsEveryRowHasAWholeCell)
+{
+    items.Add({QStringLiteral("Long"), QStringLiteral("a name of more letters"), {}});
+    for (const int shown : {0, 1, 2}) {
+        view.setView(shown);
+        const auto &icons = static_cast<const QListView &>(pane());
+        for (int row = 0; row < items.Count(); ++row)
+            EXPECT_EQ(icons.visualRect(items.index(row, 0)).size(), icons.gridSize()) << shown << ' ' << row;
+    }
+}
+
 TEST_F(ListViewTest, ChecksByMouse)
 {
     view.setCheckboxes(true);

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int imageSize = 64; // pixels
+constexpr int aboutImageSize = 64; // pixels
 
 } // namespace
 
@@ -25,7 +25,7 @@ frmQuillAddressAbout::frmQuillAddressAbout()
 {
     setCaption(QStringLiteral("About ") + Paths::applicationTitle);
     auto *image = new QLabel(this);
-    image->setPixmap(BookIcons::book().pixmap(QSize(imageSize, imageSize), devicePixelRatio()));
+    image->setPixmap(BookIcons::book().pixmap(QSize(aboutImageSize, aboutImageSize), devicePixelRatio()));
     auto *upper = new QHBoxLayout;
     upper->addWidget(image, 0, Qt::AlignTop);
     upper->addWidget(buildTexts(), 1);

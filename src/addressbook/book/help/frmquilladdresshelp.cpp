@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr int firstWidth = 9600;  // twips
-constexpr int firstHeight = 7200; // the same
+constexpr int helpWidth = 9600;  // twips
+constexpr int helpHeight = 7200; // the same
 
 } // namespace
 
@@ -37,7 +37,7 @@ frmquilladdresshelp::frmquilladdresshelp()
 
 QSize frmquilladdresshelp::sizeHint() const
 {
-    return {Twips::toPixels(firstWidth, logicalDpiX()), Twips::toPixels(firstHeight, logicalDpiY())};
+    return {Twips::toPixels(helpWidth, logicalDpiX()), Twips::toPixels(helpHeight, logicalDpiY())};
 }
 
 void frmquilladdresshelp::Form_Load()
