@@ -70,7 +70,7 @@ const QString secondEnd = withCrLf(QStringLiteral(R"(\par
 )"));
 
 /// All values at once, so that a "%1" in one of them stays what it is.
-QString lines(const ReportRecord &contact)
+QString contactLines(const ReportRecord &contact)
 {
     return homePart.arg(contact.name, contact.nickName, contact.homeAddress, contact.homeCity,
                         contact.homeState, contact.homeZip, contact.homePhones, contact.homeMobile,
@@ -84,12 +84,12 @@ QString lines(const ReportRecord &contact)
 
 QString DetailSheet::first(const ReportRecord &contact)
 {
-    return firstHead.arg(contact.name) + lines(contact) + firstEnd;
+    return firstHead.arg(contact.name) + contactLines(contact) + firstEnd;
 }
 
 QString DetailSheet::second(const ReportRecord &contact)
 {
-    return nextHead.arg(contact.name) + lines(contact) + secondEnd;
+    return nextHead.arg(contact.name) + contactLines(contact) + secondEnd;
 }
 
 QString DetailSheet::end()
