@@ -5,7 +5,6 @@
 #include "BookDialogs.h"
 #include "BookList.h"
 #include "BookTree.h"
-#include "ComingCommands.h"
 #include "ContactQuery.h"
 #include "ErrorReports.h"
 #include "Forms.h"
@@ -19,6 +18,7 @@
 #include "frmQuillAddressAbout.h"
 #include "frmquilladdresshelp.h"
 #include "modMain.h"
+#include "modprint.h"
 
 #include <QCursor>
 #include <QLabel>
@@ -293,9 +293,19 @@ void frmAddressBook::mnupagesetup_Click()
     });
 }
 
-void frmAddressBook::report_Click()
+void frmAddressBook::printSelected_Click()
 {
-    ComingCommands::announce();
+    PrintSelectedRecords(*Lv);
+}
+
+void frmAddressBook::mnusummary_Click()
+{
+    PrintSummary(*Lv);
+}
+
+void frmAddressBook::mnutest_Click()
+{
+    WriteFirstDetail();
 }
 
 void frmAddressBook::mprint_Click()

@@ -57,7 +57,9 @@ private:
     void selectAll_Click();
     void deselectAll_Click();
     void mnupagesetup_Click();
-    void report_Click();
+    void printSelected_Click();
+    void mnusummary_Click();
+    void mnutest_Click();
     void mprint_Click();
     void helpme_Click();
     void about_Click();

@@ -10,6 +10,7 @@
 #include "frmFTPAccounts.h"
 #include "frmMargins.h"
 #include "frmOptions.h"
+#include "frmPrintDocument.h"
 #include "frmQuillAddressAbout.h"
 #include "frmRegCity.h"
 #include "frmRegister.h"
@@ -46,6 +47,7 @@ constexpr Row windows[] = {
     {"frmAddress", Forms::Instances::One, make<frmAddress>},
     {"frmRegCity", Forms::Instances::One, make<frmRegCity>},
     {"frmRegister", Forms::Instances::One, make<frmRegister>},
+    {"frmPrintDocument", Forms::Instances::One, make<frmPrintDocument>},
 };
 
 } // namespace

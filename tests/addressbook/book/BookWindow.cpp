@@ -7,6 +7,7 @@
 #include "PrintQt.h"
 #include "frmAddress.h"
 #include "frmBirthDays.h"
+#include "frmPrintDocument.h"
 #include "frmQuillAddressAbout.h"
 #include "frmRegCity.h"
 #include "frmRegister.h"
@@ -82,6 +83,7 @@ BookWindow::BookWindow(Opened opened)
     registerWindow<frmRegCity>();
     registerWindow<frmRegister>();
     registerWindow<frmBirthDays>();
+    registerWindow<frmPrintDocument>();
     registerWindow<frmQuillAddressAbout>();
     registerWindow<frmquilladdresshelp>();
     addRows();
