@@ -61,6 +61,7 @@ const DataRow dataRows[] = {
     {"Noise", noise(part)},
     {"Zeros", QByteArray(part, '\0')},
     {"FewZeros", QByteArray(part - 1, '\0')},
+    {"Long", words(3 * part)},
     {"NoiseInWords", words(part / 2) + noise(part / 2)},
 };
 

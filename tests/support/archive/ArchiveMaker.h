@@ -9,8 +9,8 @@ namespace ArchiveMaker {
 
 struct Options
 {
-    QByteArray prefix;
-    QByteArray comment;
+    QByteArray prefix = {};
+    QByteArray comment = {};
     bool countsPrefix = false; ///< the offsets do
     bool is64 = false;         ///< there is a 64-bit end record
 };

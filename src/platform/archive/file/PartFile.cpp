@@ -18,7 +18,7 @@ const QByteArray suffix = QByteArrayLiteral(".part");
 
 QByteArray randomName()
 {
-    return prefix + QByteArray::number(QRandomGenerator::global()->generate64(), 36) + suffix;
+    return prefix + QByteArray::number(QRandomGenerator::system()->generate64(), 36) + suffix;
 }
 
 bool lock(const FileDescriptor &file)

@@ -51,7 +51,6 @@ BlockEnds findBlocks(QByteArray &stream, QByteArray &scratch)
 
 PieceCompressor::PieceCompressor(int level)
     : m_compressor(libdeflate_alloc_compressor(level), libdeflate_free_compressor)
-    , m_scratch(partSize, Qt::Uninitialized)
 {
     if (!m_compressor)
         throw std::bad_alloc();
@@ -92,6 +91,7 @@ QByteArray PieceCompressor::compress(QByteArrayView data)
 QByteArray PieceCompressor::compressJoinable(QByteArrayView data)
 {
     QByteArray stream = compress(data);
+    m_scratch.resize(data.size());
     makeJoinable(stream);
     stream.squeeze();
     return stream;

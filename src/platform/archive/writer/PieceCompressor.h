@@ -10,7 +10,7 @@
 class PieceCompressor
 {
 public:
-    static constexpr qsizetype partSize = 1 << 20;
+    static constexpr qsizetype partSize = 1 << 20; ///< a good length for parts
 
     /// \a level is 1 to 9.
     explicit PieceCompressor(int level);
@@ -18,8 +18,7 @@ public:
     /// \a data as a stream; nothing where that is not smaller.
     std::optional<QByteArray> compressWhole(QByteArrayView data);
 
-    /// \a data (at most partSize, not empty) as a part of a stream, which goes on behind it unless it
-    /// \a isLast.
+    /// \a data, not empty, as a part of a stream, which goes on behind it unless it \a isLast.
     QByteArray compressPart(QByteArrayView data, bool isLast);
 
 private:
