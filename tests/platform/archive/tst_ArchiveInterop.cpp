@@ -220,10 +220,9 @@ TEST_F(ArchiveInteropTest, UpdatesArchivesOfOthers)
         std::filesystem::remove_all(out.toStdString());
         ASSERT_EQ(Tool::run(maker.program, filled(maker.arguments, archive, out), in).code, 0);
         ZipRun job;
-        const QByteArray name = QByteArray(maker.name) == "Bsdtar" ? "text.txt" : "text.txt";
-        ASSERT_EQ(job.run(archive, {name}), ZipResult::Success) << maker.name;
-        const Tool tool = Tool::run("7z", {"t", archive}, in);
-        EXPECT_EQ(tool.code, 0) << maker.name << tool.output.constData();
+        ASSERT_EQ(job.run(archive, {"text.txt"}), ZipResult::Success) << maker.name;
+        const Tool tool = Tool::run("unzip", {"-tqq", archive}, in);
+        EXPECT_LE(tool.code, 1) << maker.name << tool.output.constData(); // 1 for a prefix
         EXPECT_EQ(unzip(), UnzipResult::Success) << maker.name;
         EXPECT_TRUE(FolderContent::filesOf(out) == FolderContent::filesOf(in)) << maker.name;
     }

@@ -145,8 +145,9 @@ TEST_F(HostileArchiveTest, FollowsNoLinkThatExists)
 
 TEST_F(HostileArchiveTest, LeavesWhatIsInTheWay)
 {
-    EXPECT_EQ(extract({file("a"), file("a/b"), file("c/d"), file("c")}), UnzipResult::Warning);
-    EXPECT_EQ(files(), (QMap<QByteArray, QByteArray>{{"a", "evil"}, {"c/d", "evil"}}));
+    const QByteArray large(3 << 20, 'a'); // still at work when the next one comes
+    EXPECT_EQ(extract({file("a", large), file("a/b"), file("c/d", large), file("c")}), UnzipResult::Warning);
+    EXPECT_TRUE(files() == (QMap<QByteArray, QByteArray>{{"a", large}, {"c/d", large}}));
 }
 
 TEST_F(HostileArchiveTest, LeavesAPipeThatIsInTheWay)
@@ -224,9 +225,10 @@ TEST_F(HostileArchiveTest, RefusesAWrongChecksumMethodOrHeader)
     method.localMethod = 8;
     MadeEntry beyond = file("beyond");
     beyond.offset = 1'000'000;
+    EXPECT_EQ(extract({checksum, method}), UnzipResult::DamagedEntry);
     MadeEntry nowhere = file("nowhere");
     nowhere.offset = 1;
-    EXPECT_EQ(extract({checksum, method, nowhere}), UnzipResult::DamagedEntry);
+    EXPECT_EQ(extract({nowhere}), UnzipResult::DamagedEntry);
     EXPECT_EQ(extract({beyond}), UnzipResult::Cut);
     EXPECT_TRUE(FolderContent::of(target).isEmpty());
 }
@@ -236,7 +238,9 @@ TEST_F(HostileArchiveTest, FindsEachDamagedByte)
     MadeEntry deflated = file("a", QByteArray("some words and others ").repeated(50));
     deflated.isDeflated = true;
     const QByteArray whole = ArchiveMaker::make({deflated});
-    for (qsizetype i = 31; i < 31 + ArchiveMaker::deflated(deflated.data).size(); ++i) {
+    const qsizetype last =
+        31 + ArchiveMaker::deflated(deflated.data).size() - 1; // has bits that nobody reads
+    for (qsizetype i = 31; i < last; ++i) {
         QByteArray damaged = whole;
         damaged[i] = char(damaged[i] ^ 0x10);
         scratch.addFile("a.zip", damaged);
@@ -261,13 +265,10 @@ TEST_F(HostileArchiveTest, TakesAFolderWithData)
     EXPECT_EQ(files(), (QMap<QByteArray, QByteArray>{{"folder/x", "evil"}}));
 }
 
-TEST_F(HostileArchiveTest, ListsAMillionEntries)
+TEST_F(HostileArchiveTest, ListsMoreEntriesThanTheCountHolds)
 {
-    QList<MadeEntry> entries;
-    for (int i = 0; i < 1'000'000; ++i)
-        entries.append(file(QByteArray::number(i), {}));
-    scratch.addFile("a.zip", ArchiveMaker::make(entries, {.is64 = true}));
-    entries.clear();
+    constexpr int count = 200'000;
+    scratch.addFile("a.zip", ArchiveMaker::makeMany(count));
     EXPECT_EQ(job.list(archive), UnzipResult::Success);
-    EXPECT_EQ(job.entries.size(), 1'000'000);
+    EXPECT_EQ(job.entries.size(), count);
 }

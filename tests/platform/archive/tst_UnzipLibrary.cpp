@@ -281,11 +281,12 @@ TEST_F(UnzipLibraryTest, ExtractsOnlyWhatIsNewer)
 /// The second file of a name meets the first one.
 TEST_F(UnzipLibraryTest, AsksAboutANameThatComesTwice)
 {
-    make({file("a", "first"), file("a", "second")});
+    const QByteArray first(3 << 20, '1'); // which takes its time
+    make({file("a", first), file("a", "second")});
     job.options.PromptToOverwrite = 1;
     EXPECT_EQ(extract(), UnzipResult::Success);
     EXPECT_EQ(job.questions, QByteArrayList{"a"});
-    EXPECT_EQ(files().value("a"), QByteArray("first"));
+    EXPECT_TRUE(files().value("a") == first);
 }
 
 TEST_F(UnzipLibraryTest, TestsWithoutWriting)

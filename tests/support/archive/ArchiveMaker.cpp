@@ -37,7 +37,8 @@ QByteArray numbers(const Written &entry, bool isLeftOut)
     if (isLeftOut)
         return QByteArray(12, '\0');
     const bool is64 = entry.entry.is64;
-    return number(entry.crc, 4) + number(is64 ? in64 : entry.packedSize, 4) + number(is64 ? in64 : entry.size, 4);
+    return number(entry.crc, 4) + number(is64 ? in64 : entry.packedSize, 4) +
+           number(is64 ? in64 : entry.size, 4);
 }
 
 QByteArray field64(const Written &entry, bool withOffset)
@@ -71,9 +72,10 @@ QByteArray central(const Written &written)
     const quint16 flags = entry.flags | (entry.hasDescriptor ? 8 : 0);
     return "PK\x01\x02" + number(20, 1) + number(entry.system, 1) + number(20, 2) + number(flags, 2) +
            number(written.method, 2) + number(entry.dosTime, 2) + number(entry.dosDate, 2) +
-           numbers(written, false) + number(quint64(entry.name.size()), 2) + number(quint64(extra.size()), 2) +
-           number(0, 2) + number(0, 2) + number(0, 2) + number(entry.attributes, 4) +
-           number(entry.is64 ? in64 : quint64(written.offset), 4) + entry.name + extra;
+           numbers(written, false) + number(quint64(entry.name.size()), 2) +
+           number(quint64(extra.size()), 2) + number(0, 2) + number(0, 2) + number(0, 2) +
+           number(entry.attributes, 4) + number(entry.is64 ? in64 : quint64(written.offset), 4) + entry.name +
+           extra;
 }
 
 QByteArray end64(quint64 count, quint64 size, quint64 offset, quint64 position)
@@ -81,6 +83,20 @@ QByteArray end64(quint64 count, quint64 size, quint64 offset, quint64 position)
     return "PK\x06\x06" + number(44, 8) + number(45, 2) + number(45, 2) + number(0, 8) + number(count, 8) +
            number(count, 8) + number(size, 8) + number(offset, 8) + "PK\x06\x07" + number(0, 4) +
            number(position, 8) + number(1, 4);
+}
+
+/// The records behind the directory, which ends at \a position.
+QByteArray end(quint64 count, quint64 size, quint64 offset, const ArchiveMaker::Options &options,
+               quint64 position)
+{
+    QByteArray bytes;
+    if (options.is64) {
+        bytes = end64(count, size, offset, position);
+        count = 0xffff;
+        size = offset = in64;
+    }
+    return bytes + "PK\x05\x06" + number(0, 4) + number(count, 2) + number(count, 2) + number(size, 4) +
+           number(offset, 4) + number(quint64(options.comment.size()), 2) + options.comment;
 }
 
 } // namespace
@@ -97,18 +113,31 @@ QByteArray ArchiveMaker::make(const QList<MadeEntry> &entries, const Options &op
     }
     const quint64 offset = quint64(bytes.size() - base);
     bytes += directory;
-    const auto count = quint64(entries.size());
-    if (options.is64)
-        bytes += end64(count, quint64(directory.size()), offset, quint64(bytes.size() - base));
-    return bytes + "PK\x05\x06" + number(0, 4) + number(options.is64 ? 0xffff : count, 2) +
-           number(options.is64 ? 0xffff : count, 2) + number(options.is64 ? in64 : quint64(directory.size()), 4) +
-           number(options.is64 ? in64 : offset, 4) + number(quint64(options.comment.size()), 2) +
-           options.comment;
+    return bytes + end(quint64(entries.size()), quint64(directory.size()), offset, options,
+                       quint64(bytes.size() - base));
 }
 
 QByteArray ArchiveMaker::make(const QList<MadeEntry> &entries)
 {
     return make(entries, Options());
+}
+
+QByteArray ArchiveMaker::makeMany(int count)
+{
+    constexpr qsizetype nameAt = 46;
+    MadeEntry entry;
+    entry.name = "00000000";
+    const Written written = prepare(entry, 0);
+    QByteArray bytes = local(written);
+    const auto offset = quint64(bytes.size());
+    QByteArray record = central(written);
+    for (int i = 1; i <= count; ++i) {
+        record.replace(nameAt, entry.name.size(),
+                       QByteArray::number(i).rightJustified(entry.name.size(), '0'));
+        bytes += record;
+    }
+    return bytes +
+           end(quint64(count), quint64(bytes.size()) - offset, offset, {.is64 = true}, quint64(bytes.size()));
 }
 
 QByteArray ArchiveMaker::deflated(const QByteArray &data)

@@ -18,6 +18,9 @@ struct Options
 QByteArray make(const QList<MadeEntry> &entries, const Options &options);
 QByteArray make(const QList<MadeEntry> &entries);
 
+/// One empty file that the directory names so many times: "00000001", "00000002" ...
+QByteArray makeMany(int count);
+
 /// \a data as a raw stream.
 QByteArray deflated(const QByteArray &data);
 

@@ -8,6 +8,8 @@ FolderContent::Nodes FolderContent::of(const QByteArray &folder)
 {
     Nodes nodes;
     const std::filesystem::path root(folder.toStdString());
+    if (!std::filesystem::exists(root))
+        return nodes;
     for (const auto &entry : std::filesystem::recursive_directory_iterator(root)) {
         const QByteArray path = QByteArray::fromStdString(entry.path().string());
         struct stat state = {};
@@ -36,7 +38,8 @@ QMap<QByteArray, QByteArray> FolderContent::filesOf(const QByteArray &folder)
 QByteArray FolderContent::read(const QByteArray &path)
 {
     // Not by QFile::decodeName, which loses names that are not UTF-8.
-    const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(std::fopen(path.constData(), "rb"), std::fclose);
+    const std::unique_ptr<std::FILE, int (*)(std::FILE *)> file(std::fopen(path.constData(), "rb"),
+                                                                std::fclose);
     QFile opened;
     if (!file || !opened.open(file.get(), QIODevice::ReadOnly))
         return {};

@@ -18,7 +18,7 @@ struct Node
 
 using Nodes = QMap<QByteArray, Node>;
 
-/// By the paths below \a folder.
+/// By the paths below \a folder; nothing where it does not exist.
 Nodes of(const QByteArray &folder);
 
 /// The files alone, with their bytes.

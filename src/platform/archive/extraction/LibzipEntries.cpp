@@ -1,6 +1,7 @@
 #include "LibzipEntries.h"
 
 #include "BadArchive.h"
+#include "WrongPassword.h"
 
 namespace {
 
@@ -34,7 +35,7 @@ qsizetype LibzipData::read(char *to, qsizetype size)
 [[noreturn]] void fail(int code)
 {
     if (code == ZIP_ER_WRONGPASSWD || code == ZIP_ER_NOPASSWD)
-        throw LibzipEntries::WrongPassword();
+        throw WrongPassword();
     if (code == ZIP_ER_ENCRNOTSUPP)
         throw BadArchive{"its encryption is not supported", BadArchive::Unsupported};
     if (code == ZIP_ER_COMPNOTSUPP)

@@ -5,13 +5,11 @@
 
 #include <memory>
 
-/// The entries that libzip reads: encrypted ones, and those packed by a method that is not unpacked here.
+/// The entries that libzip reads: those with the older encryption, and those packed by a method that is not
+/// unpacked here.
 class LibzipEntries
 {
 public:
-    struct WrongPassword
-    {};
-
     /// \a file has to exist for as long as this object and the data of its entries. Throws BadArchive.
     LibzipEntries(const FileDescriptor &file, qint64 prefix);
 

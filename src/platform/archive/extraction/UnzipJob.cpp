@@ -1,5 +1,6 @@
 #include "UnzipJob.h"
 
+#include "AesData.h"
 #include "BadArchive.h"
 #include "DirectoryReader.h"
 #include "DosTime.h"
@@ -11,6 +12,7 @@
 #include "ServiceName.h"
 #include "TargetName.h"
 #include "UnzipResult.h"
+#include "WrongPassword.h"
 
 #include <cstring>
 #include <fcntl.h>
@@ -197,6 +199,7 @@ void UnzipJob::makeFolder(const ArchiveEntry &entry, const QByteArray &path)
 {
     if (path.isEmpty() || !m_target)
         return;
+    waitFor(path);
     const bool isNew = !m_target->exists(path);
     m_target->folder(path);
     if (isNew) {
@@ -225,8 +228,7 @@ std::optional<ExtractionTask> UnzipJob::taskFor(const ArchiveEntry &entry)
         task.output = [this](QByteArrayView piece) { print(piece, ifAsked); };
     if (!m_target)
         return task;
-    if (m_atWork.contains(task.path))
-        finishAll(); // so that the same name a second time meets the file of the first
+    waitFor(task.path);
     task.folder = m_target->folder(target.folder);
     struct stat existing = {};
     if (::fstatat(task.folder->get(), task.name.constData(), &existing, AT_SYMLINK_NOFOLLOW) != 0)
@@ -235,6 +237,16 @@ std::optional<ExtractionTask> UnzipJob::taskFor(const ArchiveEntry &entry)
         return {};
     task.existing = PartFile::Existing::Replace;
     return task;
+}
+
+/// An entry meets the files of those before it, where one has its name, or that of a folder that it is in.
+void UnzipJob::waitFor(const QByteArray &path)
+{
+    bool isAtWork = m_atWork.contains(path);
+    for (qsizetype end = path.indexOf('/'); end >= 0; end = path.indexOf('/', end + 1))
+        isAtWork = isAtWork || m_atWork.contains(path.left(end));
+    if (isAtWork)
+        finishAll();
 }
 
 bool UnzipJob::mayReplace(const ArchiveEntry &entry, const ExtractionTask &task, const struct stat &existing)
@@ -276,8 +288,6 @@ void UnzipJob::extractHere(std::size_t index, const ExtractionTask &task)
         report({task, nullptr});
         return;
     }
-    if (!m_libzip)
-        m_libzip.emplace(m_file, m_directory.prefix);
     if (task.entry->isEncrypted())
         extractEncrypted(index, task);
     else
@@ -298,19 +308,33 @@ void UnzipJob::extractEncrypted(std::size_t index, const ExtractionTask &task)
 bool UnzipJob::isRight(const QByteArray &password, std::size_t index, const ExtractionTask &task)
 {
     try {
-        extractByLibzip(index, task, password);
+        if (task.entry->isAes())
+            extractAes(task, password);
+        else
+            extractByLibzip(index, task, password);
         return true;
-    } catch (const LibzipEntries::WrongPassword &) {
+    } catch (const WrongPassword &) {
         return false;
     } catch (const BadArchive &failure) {
-        if (task.entry->isAes || failure.kind == BadArchive::Unsupported)
+        if (task.entry->isAes() || failure.kind == BadArchive::Unsupported)
             throw;
         return false;
     }
 }
 
+void UnzipJob::extractAes(const ExtractionTask &task, const QByteArray &password)
+{
+    const auto size = qint64(task.entry->packedSize);
+    AesData data(std::make_unique<PlainData>(m_file, task.dataOffset, size), size, task.entry->aesStrength,
+                 password);
+    m_extraction.run(task, data, false, [this] { callService(); });
+    report({task, nullptr});
+}
+
 void UnzipJob::extractByLibzip(std::size_t index, const ExtractionTask &task, const QByteArray &password)
 {
+    if (!m_libzip)
+        m_libzip.emplace(m_file, m_directory.prefix);
     const bool isUnpacked = task.entry->method != stored && task.entry->method != deflated;
     const auto data = m_libzip->open(index, password, isUnpacked);
     m_extraction.run(task, *data, isUnpacked, [this] { callService(); });

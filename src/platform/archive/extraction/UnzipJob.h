@@ -37,12 +37,14 @@ private:
     void extract(std::size_t index);
     void makeFolder(const ArchiveEntry &entry, const QByteArray &path);
     std::optional<ExtractionTask> taskFor(const ArchiveEntry &entry);
+    void waitFor(const QByteArray &path);
     bool mayReplace(const ArchiveEntry &entry, const ExtractionTask &task, const struct stat &existing);
     bool asksToReplace(const QByteArray &path);
     qint64 checkedDataOffset(const ArchiveEntry &entry) const;
     void extractHere(std::size_t index, const ExtractionTask &task);
     void extractEncrypted(std::size_t index, const ExtractionTask &task);
     bool isRight(const QByteArray &password, std::size_t index, const ExtractionTask &task);
+    void extractAes(const ExtractionTask &task, const QByteArray &password);
     void extractByLibzip(std::size_t index, const ExtractionTask &task, const QByteArray &password);
     void report(const ExtractionPool::Done &done);
     void finishOne();

@@ -33,7 +33,7 @@ bool ArchiveEntry::isVolumeLabel() const
 
 quint16 ArchiveEntry::storedMethod() const
 {
-    return isAes ? aesMethod : method;
+    return isAes() ? aesMethod : method;
 }
 
 QByteArray ArchiveEntry::methodName() const

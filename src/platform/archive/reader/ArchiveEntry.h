@@ -22,17 +22,18 @@ struct ArchiveEntry
     quint16 dosTime = 0;
     quint16 dosDate = 0;
     quint8 system = Dos;
-    bool isAes = false;
+    int aesStrength = 0;       ///< 1 to 3 for AES with 128, 192 and 256 bits
     bool hasExactTime = false; ///< modified is no time of DOS, which are even
 
     bool isFolder() const;
+    bool isAes() const { return aesStrength != 0; }
     bool isEncrypted() const { return flags & 1; }
     bool isUnixMade() const { return system == Unix || system == Darwin; }
     bool isVolumeLabel() const;
     /// The method that the local header has too.
     quint16 storedMethod() const;
     /// AES of the second kind has no checksum of the data but a code of its own.
-    bool hasCrc() const { return !isAes || crc != 0; }
+    bool hasCrc() const { return !isAes() || crc != 0; }
 
     /// "Stored", "Defl:N" and so on, as listings show it.
     QByteArray methodName() const;

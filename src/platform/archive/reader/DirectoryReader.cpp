@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr quint32 endSignature = 0x06054b50;
+constexpr QByteArrayView endSignature = "PK\x05\x06";
 constexpr quint32 end64Signature = 0x06064b50;
 constexpr quint32 locator64Signature = 0x07064b50;
 constexpr quint32 entrySignature = 0x02014b50;
@@ -52,9 +52,9 @@ void widen(ArchiveEntry &entry, quint64 &offset, QByteArrayView field)
 void readAes(ArchiveEntry &entry, QByteArrayView field)
 {
     constexpr qsizetype size = 7;
-    if (entry.method != aesMethod || field.size() < size)
+    if (entry.method != aesMethod || field.size() < size || !entry.isEncrypted())
         return;
-    entry.isAes = true;
+    entry.aesStrength = qMax<int>(1, uchar(field[4]));
     entry.method = number16(field, 5);
 }
 
@@ -69,10 +69,10 @@ ArchiveDirectory DirectoryReader::read()
 {
     const qint64 start = qMax<qint64>(0, m_fileSize - endSize - mostComment);
     const QByteArray tail = m_window.at(start, endSize + mostComment).toByteArray();
+    const QByteArrayView bytes(tail);
     ArchiveDirectory directory;
-    for (qsizetype at = tail.size() - endSize; at >= 0; --at) {
-        if (number32(tail, at) == endSignature &&
-            readEnd(start + at, QByteArrayView(tail).sliced(at), directory))
+    for (qsizetype at = bytes.size(); (at = bytes.first(at).lastIndexOf(endSignature)) >= 0;) {
+        if (readEnd(start + at, bytes.sliced(at), directory))
             return directory;
     }
     throw BadArchive{"it has no end record"};
@@ -81,6 +81,8 @@ ArchiveDirectory DirectoryReader::read()
 /// False where the record is no end of an archive: the same four bytes may be in a comment.
 bool DirectoryReader::readEnd(qint64 position, QByteArrayView record, ArchiveDirectory &directory)
 {
+    if (record.size() < endSize)
+        return false;
     const qsizetype commentSize = number16(record, 20);
     if (endSize + commentSize > record.size() || number16(record, 4) != number16(record, 6))
         return false;

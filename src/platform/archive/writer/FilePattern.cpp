@@ -9,10 +9,8 @@ bool FilePattern::isPattern(const QByteArray &name)
 
 bool FilePattern::matchesFile(const QByteArray &pattern, const QByteArray &path)
 {
-    const auto matches = [&](const char *text) {
-        return ::fnmatch(pattern.constData(), text, FNM_CASEFOLD | FNM_NOESCAPE) == 0;
-    };
-    return matches(path.constData()) || matches(path.constData() + path.lastIndexOf('/') + 1);
+    const qsizetype from = pattern.contains('/') ? 0 : path.lastIndexOf('/') + 1;
+    return ::fnmatch(pattern.constData(), path.constData() + from, FNM_CASEFOLD | FNM_NOESCAPE) == 0;
 }
 
 bool FilePattern::matchesEntry(const QByteArray &pattern, const QByteArray &name)

@@ -7,7 +7,7 @@ namespace FilePattern {
 
 bool isPattern(const QByteArray &name);
 
-/// \a path matches \a pattern, as a whole or by its last name, in any case.
+/// \a path matches \a pattern, in any case: by its last name where the pattern has no "/", else as a whole.
 bool matchesFile(const QByteArray &pattern, const QByteArray &path);
 
 /// The entry \a name matches \a pattern, letter by letter.
