@@ -4,9 +4,11 @@
 #include "PrintQt.h"
 #include "ScratchFolder.h"
 
+#include <atomic>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -70,4 +72,22 @@ TEST_F(PartFileTest, SweepsWhatAKilledProcessLeft)
     PartFile::sweep(folder);
     EXPECT_EQ(names().size(), 2);
     EXPECT_TRUE(names().contains(".quill-notes"));
+}
+
+/// Sweeps come at any moment, also between the making of a file and its lock.
+TEST_F(PartFileTest, SurvivesSweepsOfOthers)
+{
+    std::atomic<bool> isDone = false;
+    std::thread sweeper([&] {
+        while (!isDone)
+            PartFile::sweep(folder);
+    });
+    constexpr int files = 3000;
+    for (int i = 0; i < files; ++i) {
+        PartFile part(folder);
+        part.publish("name", PartFile::Existing::Replace);
+    }
+    isDone = true;
+    sweeper.join();
+    EXPECT_EQ(names(), QByteArrayList{"name"});
 }

@@ -59,7 +59,10 @@ TargetFolder::Folder TargetFolder::open(const QByteArray &path)
         return make(path);
     if (!found.isOpen())
         throw FileFailure();
-    PartFile::sweep(found);
+    if (!m_swept.contains(path)) {
+        m_swept.insert(path);
+        PartFile::sweep(found);
+    }
     return std::make_shared<FileDescriptor>(std::move(found));
 }
 
@@ -73,6 +76,7 @@ TargetFolder::Folder TargetFolder::make(const QByteArray &path)
     FileDescriptor made = openBelow(*parent, name);
     if (!made.isOpen())
         throw FileFailure();
+    m_swept.insert(path);
     return std::make_shared<FileDescriptor>(std::move(made));
 }
 

@@ -4,6 +4,7 @@
 #include "FileDescriptor.h"
 
 #include <QHash>
+#include <QSet>
 #include <memory>
 
 /// The folder that an archive is extracted to. What is below it is reached with the kernel's own guard
@@ -29,4 +30,5 @@ private:
 
     Folder m_target;
     QHash<QByteArray, Folder> m_folders; ///< those used last, by their paths
+    QSet<QByteArray> m_swept;            ///< those that hold nothing of killed jobs any more
 };

@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <memory>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -26,6 +27,13 @@ bool lock(const FileDescriptor &file)
     return ::flock(file.get(), LOCK_EX | LOCK_NB) == 0;
 }
 
+/// Locks a new file. True where a sweep is removing it, or has done so.
+bool isSwept(const FileDescriptor &file)
+{
+    struct stat state = {};
+    return (!lock(file) && errno == EWOULDBLOCK) || (::fstat(file.get(), &state) == 0 && state.st_nlink == 0);
+}
+
 /// Not every file system can rename in one step to a name that is free; there a second name is made.
 bool renameToFree(int folder, const QByteArray &from, const QByteArray &to)
 {
@@ -41,14 +49,14 @@ bool renameToFree(int folder, const QByteArray &from, const QByteArray &to)
 PartFile::PartFile(const FileDescriptor &folder)
     : m_folder(folder)
 {
-    // A sweep that comes between the two steps has the lock and takes the file; then another one is made.
+    // A sweep that comes between making and locking takes the file; then another one is made.
     do {
         m_hidden = randomName();
         m_file = FileDescriptor(::openat(folder.get(), m_hidden.constData(),
                                          O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, privateMode));
         if (!m_file.isOpen())
             throw FileFailure();
-    } while (!lock(m_file) && errno == EWOULDBLOCK);
+    } while (isSwept(m_file));
 }
 
 PartFile::~PartFile()
