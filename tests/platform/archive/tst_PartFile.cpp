@@ -4,7 +4,6 @@
 #include "PrintQt.h"
 #include "ScratchFolder.h"
 
-#include <atomic>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -77,9 +76,8 @@ TEST_F(PartFileTest, SweepsWhatAKilledProcessLeft)
 /// Sweeps come at any moment, also between the making of a file and its lock.
 TEST_F(PartFileTest, SurvivesSweepsOfOthers)
 {
-    std::atomic<bool> isDone = false;
-    std::thread sweeper([&] {
-        while (!isDone)
+    const std::jthread sweeper([this](const std::stop_token &stop) {
+        while (!stop.stop_requested())
             PartFile::sweep(folder);
     });
     constexpr int files = 3000;
@@ -87,7 +85,5 @@ TEST_F(PartFileTest, SurvivesSweepsOfOthers)
         PartFile part(folder);
         part.publish("name", PartFile::Existing::Replace);
     }
-    isDone = true;
-    sweeper.join();
     EXPECT_EQ(names(), QByteArrayList{"name"});
 }
