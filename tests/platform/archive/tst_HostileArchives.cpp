@@ -1,5 +1,6 @@
 #include "ArchiveMaker.h"
 #include "FolderContent.h"
+#include "FullDisk.h"
 #include "PrintQt.h"
 #include "RowName.h"
 #include "ScratchFolder.h"
@@ -203,6 +204,18 @@ TEST_F(HostileArchiveTest, StopsAtTheSizeThatIsDeclared)
             EXPECT_TRUE(FolderContent::of(target).isEmpty());
         }
     }
+}
+
+/// A large one is written in pieces; no piece beyond the size that is declared comes to the disk.
+TEST_F(HostileArchiveTest, WritesNoMoreThanIsDeclared)
+{
+    constexpr quint64 declared = 9 << 20;
+    MadeEntry bomb = evilFile("bomb", QByteArray(20 << 20, '\0'));
+    bomb.isDeflated = true;
+    bomb.size = declared;
+    const FullDisk full(declared);
+    EXPECT_EQ(extract({bomb}), UnzipResult::DamagedEntry);
+    EXPECT_TRUE(FolderContent::of(target).isEmpty());
 }
 
 TEST_F(HostileArchiveTest, StopsAtThePackedSizeThatIsDeclared)

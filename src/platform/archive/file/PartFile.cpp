@@ -14,12 +14,12 @@
 namespace {
 
 constexpr mode_t privateMode = 0600;
-const QByteArray prefix = QByteArrayLiteral(".quill-");
-const QByteArray suffix = QByteArrayLiteral(".part");
+const QByteArray partPrefix = QByteArrayLiteral(".quill-");
+const QByteArray partSuffix = QByteArrayLiteral(".part");
 
 QByteArray randomName()
 {
-    return prefix + QByteArray::number(QRandomGenerator::system()->generate64(), 36) + suffix;
+    return partPrefix + QByteArray::number(QRandomGenerator::system()->generate64(), 36) + partSuffix;
 }
 
 bool lock(const FileDescriptor &file)
@@ -83,7 +83,7 @@ void PartFile::sweep(const FileDescriptor &folder)
                                                        ::closedir);
     while (const dirent *entry = entries ? ::readdir(entries.get()) : nullptr) {
         const QByteArrayView name(entry->d_name);
-        if (!name.startsWith(prefix) || !name.endsWith(suffix))
+        if (!name.startsWith(partPrefix) || !name.endsWith(partSuffix))
             continue;
         const FileDescriptor file(
             ::openat(folder.get(), entry->d_name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
