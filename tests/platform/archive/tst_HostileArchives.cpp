@@ -64,6 +64,7 @@ const EscapeRow escapeRows[] = {
     {"ParentFolder", {evilFile("../outside/made/")}},
     {"ParentOnlyLocal", {localName(evilFile("x"), "../outside/x")}},
     {"ParentOnlyCentral", {localName(evilFile("../outside/x"), "x")}},
+    {"OtherOnlyLocal", {localName(evilFile("aaaa"), "../x")}},
     {"AbsoluteOnlyLocal", {localName(evilFile("x"), "/tmp/x")}},
     {"NulBehindParent", {evilFile(QByteArray("..\0x", 4))}},
     {"Absolute", {evilFile("/outside/x")}, false},
