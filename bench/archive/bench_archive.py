@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Measures the archive libraries beside zip, unzip, 7z and bsdtar: bench_archive.py BUILD/bench/archive/bench_Archive
-[--folder FOLDER] [--runs N]
+[--folder FOLDER] [--runs N] [--parts mixed adding sparse many]
 
 Archived and extracted is a folder of 22,434 mixed files, 498 MB: copies of the system's own, or FOLDER. One file is
 added to an archive of 500 MB, a sparse file of 5 GB is archived, and a directory of a million entries is listed. The
@@ -101,12 +101,12 @@ def measure(title, ways, folder, runs, prepare):
 
 def remove(path):
     if path.is_dir():
-        shutil.rmtree(path)
+        shutil.rmtree(path, ignore_errors=True)
     else:
         path.unlink(missing_ok=True)
 
 
-def bench(options, folder):
+def bench_mixed(options, folder):
     source = folder / "source"
     source.mkdir()
     if options.folder:
@@ -121,7 +121,8 @@ def bench(options, folder):
         "bsdtar": ["bsdtar", "--format=zip", "-cf", archives["bsdtar"], "."],
     }
     measure("making", makers, source, options.runs, lambda name: remove(archives[name]))
-    print(f"{'sizes':<18}" + "".join(f"  {name} {path.stat().st_size / 1e6:.1f}" for name, path in archives.items()))
+    print(f"{'sizes, MB':<18}" + "".join(f"  {name} {path.stat().st_size / 1e6:.1f}" for name, path in archives.items()))
+    remove(source)
 
     out = folder / "out"
     extractors = {
@@ -132,51 +133,54 @@ def bench(options, folder):
     }
 
     def empty(_):
-        if out.exists():
-            remove(out)
+        remove(out)
         out.mkdir()
 
     measure("extracting", extractors, folder, options.runs, empty)
     listers = {"ours": [options.program, "list", archives["zip"]], "unzip": ["unzip", "-lv", archives["zip"]]}
     measure("listing", listers, folder, options.runs, lambda _: None)
-    remove(out)
-    remove(source)
 
-    large = folder / "large.zip"
-    noise = folder / "noise"
+
+def bench_adding(options, folder):
+    large, noise, small, target, copy = (folder / name for name in ("large.zip", "noise", "small", "target.zip", "copy"))
     with noise.open("wb") as file:
         for _ in range(500):
             file.write(os.urandom(1_000_000))
     timed([options.program, "add", large, noise], folder)
-    small = folder / "small.txt"
+    remove(noise)
     small.write_text("a small file\n")
-    target = folder / "target.zip"
     adders = {
         "ours": [options.program, "add", target, small],
-        "copy": ["cp", large, folder / "copy.zip"],
-        "copy and sync": ["sh", "-c", f"cp {large} {folder}/copy.zip && sync {folder}/copy.zip"],
+        "cp": ["cp", large, copy],
+        "cp and sync": ["sh", "-c", f"cp {large} {copy} && sync {copy}"],
         "zip": ["zip", "-q", target, small],
     }
 
     def fresh(_):
         shutil.copyfile(large, target)
-        remove(folder / "copy.zip")
+        remove(copy)
         os.sync()
 
     measure("adding to 500 MB", adders, folder, options.runs, fresh)
-    for path in (large, noise, target, folder / "copy.zip"):
-        remove(path)
 
+
+def bench_sparse(options, folder):
     sparse = folder / "sparse"
     with sparse.open("wb") as file:
         file.truncate(5 << 30)
-    makers = {"ours": [options.program, "add", archives["ours"], sparse], "zip": ["zip", "-q", archives["zip"], sparse]}
-    measure("5 GB sparse", makers, folder, 1, lambda name: remove(archives[name]))
+    makers = {"ours": [options.program, "add", folder / "ours.zip", sparse],
+              "zip": ["zip", "-q", folder / "zip.zip", sparse]}
+    measure("5 GB sparse", makers, folder, 1, lambda name: remove(folder / f"{name}.zip"))
 
+
+def bench_many(options, folder):
     many = folder / "many.zip"
     many_entries(many)
-    measure("a million listed", {"ours": [options.program, "list", many], "unzip": ["unzip", "-lv", many]}, folder,
-            options.runs, lambda _: None)
+    listers = {"ours": [options.program, "list", many], "unzip": ["unzip", "-lv", many]}
+    measure("a million listed", listers, folder, options.runs, lambda _: None)
+
+
+PARTS = {"mixed": bench_mixed, "adding": bench_adding, "sparse": bench_sparse, "many": bench_many}
 
 
 def main():
@@ -184,14 +188,16 @@ def main():
     parser.add_argument("program", type=lambda name: Path(name).resolve())
     parser.add_argument("--folder")
     parser.add_argument("--runs", type=int, default=3)
+    parser.add_argument("--parts", nargs="+", choices=list(PARTS), default=list(PARTS))
     options = parser.parse_args()
     for tool in ("zip", "unzip", "7z", "bsdtar"):
         if not shutil.which(tool):
             sys.exit(f"{tool} is not installed")
-    with tempfile.TemporaryDirectory() as folder:
-        print(f"load {os.getloadavg()[0]:.1f}; seconds, in brackets ours as a multiple")
-        bench(options, Path(folder))
-        print(f"load {os.getloadavg()[0]:.1f}")
+    print(f"load {os.getloadavg()[0]:.1f}; seconds, in brackets ours as a multiple")
+    for part in options.parts:
+        with tempfile.TemporaryDirectory() as folder:
+            PARTS[part](options, Path(folder))
+    print(f"load {os.getloadavg()[0]:.1f}")
 
 
 if __name__ == "__main__":
