@@ -121,7 +121,7 @@ TEST_F(UnzipLibraryTest, ExtractsAll)
 TEST_F(UnzipLibraryTest, ExtractsLargeFiles)
 {
     QByteArray data;
-    for (int i = 0; data.size() < 20 << 20; ++i)
+    for (qint64 i = 0; data.size() < 20 << 20; ++i)
         data += QByteArray::number(i * 7919) + (i % 100 ? ", " : "\n");
     MadeEntry deflated = extracted("deflated", data);
     deflated.isDeflated = true;
