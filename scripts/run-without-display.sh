@@ -4,7 +4,7 @@
 set -eu
 if [ -z "${DISPLAY:-}" ]; then
     echo "No display: starting on a virtual one."
-    exec xvfb-run -a -s "-screen 0 1280x900x24" "$0" "$@"
+    exec scripts/with-display.sh 1280x900 "$0" "$@"
 fi
 if [ ! -d "${XDG_RUNTIME_DIR:-}" ]; then
     XDG_RUNTIME_DIR=$(mktemp -d) # only a desktop's login makes one, and Qt warns without

@@ -2,7 +2,7 @@
 """Start-up of the suite beside two word processors: exec to the first mapped window, and for the suite to its frame
 painted with "Document 1"; resident memory two seconds later. Warm, medians, in one run.
 
-    xvfb-run -a -s "-screen 0 1600x1000x24" bench/start/bench_start.py build/release/app/quill-office-tools
+    scripts/with-display.sh 1600x1000 bench/start/bench_start.py build/release/app/quill-office-tools
 
 Needs python3-xlib; abiword and focuswriter where they are to be compared. No window manager has to run.
 """

@@ -1,8 +1,8 @@
 #include "EditCommands.h"
 
+#include "DocumentText.h"
 #include "ErrorReports.h"
 #include "RichTextBox.h"
-#include "frmMain.h"
 
 #include <QAbstractSpinBox>
 #include <QApplication>
@@ -33,10 +33,10 @@ void callFocused(const char *operation, Effect effect)
     type.method(type.indexOfMethod(operation)).invoke(control); // one that is missing does nothing
 }
 
-void assignClipboard(const frmMain &frame)
+void assignClipboard()
 {
     const QString text = QGuiApplication::clipboard()->text();
-    RichTextBox &document = frame.activeText();
+    RichTextBox &document = DocumentText::ofActiveForm();
     if (!document.Locked())
         document.setSelRTF(text.toUtf8());
 }
@@ -58,9 +58,9 @@ void EditCommands::mnuEditCopy_Click()
     callFocused("copy()", Effect::Reads);
 }
 
-void EditCommands::mnuEditPaste_Click(frmMain &frame)
+void EditCommands::mnuEditPaste_Click()
 {
-    ignoreErrors([&] { assignClipboard(frame); });
+    ignoreErrors([] { assignClipboard(); });
     callFocused("paste()", Effect::Changes);
 }
 

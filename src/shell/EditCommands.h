@@ -1,7 +1,5 @@
 #pragma once
 
-class frmMain;
-
 /// The commands of the Edit menu. Undo, cut, copy and paste are the focused control's own; where the focus is
 /// in none that has them, nothing happens. A control that may not be changed is only copied from.
 namespace EditCommands {
@@ -13,7 +11,7 @@ void mnuEditCopy_Click();
 /// Ignores all errors.
 ///
 /// Intended: where the document has the focus, plain text is pasted twice.
-void mnuEditPaste_Click(frmMain &frame);
+void mnuEditPaste_Click();
 void mnupasteimage_Click();
 
 } // namespace EditCommands

@@ -1,6 +1,7 @@
 #include "FileCommands.h"
 
 #include "Ask.h"
+#include "DocumentText.h"
 #include "ErrorReports.h"
 #include "Forms.h"
 #include "Globals.h"
@@ -13,11 +14,6 @@
 FileCommands::FileCommands(frmMain &frame)
     : m_frame(frame)
 {}
-
-RichTextBox &FileCommands::textOf(const Form &form)
-{
-    return form.member<RichTextBox>(QStringLiteral("rtfTextBox"));
-}
 
 bool FileCommands::refuseOpenFile(const QString &name)
 {
@@ -54,7 +50,7 @@ void FileCommands::mnuFileOpen_Click()
     Form *document = m_frame.ActiveForm();
     if (!document)
         return;
-    resumeNext([&] { textOf(*document).LoadFile(name); });
+    resumeNext([&] { DocumentText::of(*document).LoadFile(name); });
     document->setCaption(name);
     resumeNext([&] { document->call(QStringLiteral("doclengthupdate")); });
     freshDocument = true;
@@ -75,7 +71,8 @@ void FileCommands::SaveCurrentDocument()
     const QString caption = active->Caption();
     if (caption.left(8) != QLatin1String("Document")) {
         const bool isRtf = caption.right(3).toUpper() == QLatin1String("RTF");
-        textOf(*active).SaveFile(caption, isRtf ? RichTextFile::Format::Rtf : RichTextFile::Format::Text);
+        DocumentText::of(*active).SaveFile(caption,
+                                           isRtf ? RichTextFile::Format::Rtf : RichTextFile::Format::Text);
         active->call(QStringLiteral("unDirty"));
         active->call(QStringLiteral("doclengthupdate"));
         return;
@@ -128,7 +125,7 @@ void FileCommands::saveAs(RichTextFile::Format format)
         return;
     active->setCaption(dialog.FileName);
     resumeNext([&] {
-        textOf(*active).SaveFile(dialog.FileName, format);
+        DocumentText::of(*active).SaveFile(dialog.FileName, format);
         active->call(QStringLiteral("doclengthupdate")); // not reached when the file was not written
     });
 }

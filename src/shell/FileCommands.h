@@ -2,8 +2,6 @@
 
 #include "RichTextFile.h"
 
-class Form;
-class RichTextBox;
 class frmMain;
 
 /// The file commands of the frame. Each works on the frame's active window and reaches its text by name.
@@ -22,8 +20,6 @@ public:
 
     /// True, and shown in a box, when a window has \a name for its caption, letter for letter.
     static bool refuseOpenFile(const QString &name);
-    /// The text of \a form. Throws RuntimeError 438 when it has none.
-    static RichTextBox &textOf(const Form &form);
 
 private:
     /// Shows the prepared save dialog and saves the active window under the name that came back, if any.

@@ -1,6 +1,7 @@
 #include "FormatCommands.h"
 
 #include "ColorNumber.h"
+#include "DocumentText.h"
 #include "ErrorReports.h"
 #include "Form.h"
 #include "RichTextBox.h"
@@ -24,12 +25,6 @@ Value valueOf(const std::optional<Value> &state)
     return *state;
 }
 
-void requireUnlocked(const RichTextBox &text)
-{
-    if (text.Locked())
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-}
-
 } // namespace
 
 FormatCommands::FormatCommands(frmMain &frame)
@@ -38,8 +33,8 @@ FormatCommands::FormatCommands(frmMain &frame)
 
 RichTextBox &FormatCommands::text() const
 {
-    RichTextBox &text = m_frame.activeText();
-    requireUnlocked(text);
+    RichTextBox &text = DocumentText::ofActiveForm();
+    DocumentText::requireUnlocked(text);
     return text;
 }
 
@@ -80,27 +75,27 @@ void FormatCommands::Align(int alignment)
 
 void FormatCommands::FontColour()
 {
-    RichTextBox &document = m_frame.activeText();
+    RichTextBox &document = DocumentText::ofActiveForm();
     CommonDialog &dialog = m_frame.dlgCommonDialog();
     dialog.DialogTitle = QStringLiteral("Colour Picker");
     dialog.CancelError = false;
     dialog.Flags = fullColorDialog;
     ignoreErrors([&] { dialog.Color = ColorNumber::of(valueOf(document.SelColor())); });
     dialog.ShowColor();
-    requireUnlocked(document);
+    DocumentText::requireUnlocked(document);
     document.setSelColor(ColorNumber::toColor(dialog.Color));
 }
 
 void FormatCommands::Font()
 {
-    RichTextBox &document = m_frame.activeText();
+    RichTextBox &document = DocumentText::ofActiveForm();
     CommonDialog &dialog = m_frame.dlgCommonDialog();
     dialog.DialogTitle = QStringLiteral("Font Chooser");
     dialog.CancelError = false;
     dialog.Flags = fullFontDialog;
     takeFont(document);
     dialog.ShowFont();
-    requireUnlocked(document);
+    DocumentText::requireUnlocked(document);
     giveFont(document);
 }
 

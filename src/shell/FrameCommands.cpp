@@ -67,7 +67,7 @@ constexpr Command commands[] = {
     {"mnuEditUndo", [](frmMain &, const QString &) { EditCommands::mnuEditUndo_Click(); }},
     {"mnuEditCut", [](frmMain &, const QString &) { EditCommands::mnuEditCut_Click(); }},
     {"mnuEditCopy", [](frmMain &, const QString &) { EditCommands::mnuEditCopy_Click(); }},
-    {"mnuEditPaste", [](frmMain &frame, const QString &) { EditCommands::mnuEditPaste_Click(frame); }},
+    {"mnuEditPaste", [](frmMain &, const QString &) { EditCommands::mnuEditPaste_Click(); }},
     {"mnupasteimage", [](frmMain &, const QString &) { EditCommands::mnupasteimage_Click(); }},
     {"mnuEditPasteSpecial", placeholder},
     {"mnuViewToolbar", [](frmMain &frame, const QString &) { frame.mnuViewToolbar_Click(); }},

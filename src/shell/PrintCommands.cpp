@@ -1,6 +1,7 @@
 #include "PrintCommands.h"
 
 #include "Ask.h"
+#include "DocumentText.h"
 #include "ErrorReports.h"
 #include "Form.h"
 #include "RichTextBox.h"
@@ -30,14 +31,14 @@ void PrintCommands::print()
 {
     CommonDialog &dialog = m_frame.dlgCommonDialog();
     resumeNext([&] { dialog.ShowPrinter(); });
-    resumeNext([&] { m_frame.activeText().SelPrint(dialog.hDC()); });
+    resumeNext([&] { DocumentText::ofActiveForm().SelPrint(dialog.hDC()); });
 }
 
 void PrintCommands::printall_Click()
 {
     if (!m_frame.ActiveForm())
         return;
-    resumeNext([&] { m_frame.activeText().setSelLength(0); });
+    resumeNext([&] { DocumentText::ofActiveForm().setSelLength(0); });
     prepareDialog(jobFlags | CommonDialog::NoSelection);
     print();
 }
@@ -48,7 +49,7 @@ void PrintCommands::printselected_Click()
         return;
     prepareDialog(jobFlags);
     bool isEmpty = false;
-    resumeNext([&] { isEmpty = m_frame.activeText().SelLength() == 0; });
+    resumeNext([&] { isEmpty = DocumentText::ofActiveForm().SelLength() == 0; });
     if (isEmpty) {
         Ask(QStringLiteral("You have not selected any text!"), MsgBoxStyle::Information,
             QStringLiteral("No text selected.."));

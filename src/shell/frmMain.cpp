@@ -3,6 +3,7 @@
 #include "Ask.h"
 #include "ChildForm.h"
 #include "ChildMenus.h"
+#include "DocumentText.h"
 #include "ErrorReports.h"
 #include "EventGate.h"
 #include "Forms.h"
@@ -174,14 +175,12 @@ void frmMain::LoadNewDoc()
 
 void frmMain::checkForDocument()
 {
-    int documents = 0;
-    for (const Form *form : Forms::loaded())
-        documents += int(form->findChildren<QWidget *>(QStringLiteral("rtfTextBox")).size());
+    const bool hasDocument = DocumentText::openDocuments() > 0;
     m_toolBar->setButtonsVisible(FrameButtons::firstDocumentButton, FrameButtons::lastWordButton,
-                                 documents > 0);
+                                 hasDocument);
     for (const MenuRow &row : FrameMenus::rows()) {
         if (row.flags & MenuRow::DocumentMenu)
-            menuItem(QString::fromLatin1(row.name)).setVisible(documents > 0);
+            menuItem(QString::fromLatin1(row.name)).setVisible(hasDocument);
     }
 }
 
@@ -199,14 +198,6 @@ Form *frmMain::ActiveForm() const
 {
     const QMdiSubWindow *active = m_area->activeChild();
     return active ? qobject_cast<Form *>(active->widget()) : nullptr;
-}
-
-RichTextBox &frmMain::activeText() const
-{
-    const Form *active = ActiveForm();
-    if (!active)
-        throw RuntimeError(ErrorNumber::ObjectNotSet);
-    return FileCommands::textOf(*active);
 }
 
 void frmMain::adopt(ChildForm &child)
@@ -271,7 +262,7 @@ void frmMain::mnutipsandtricks_Click()
         return;
     LoadNewDoc();
     Form &document = *ActiveForm();
-    RichTextBox &text = FileCommands::textOf(document);
+    RichTextBox &text = DocumentText::of(document);
     text.LoadFile(path);
     document.setCaption(path);
     document.call(QStringLiteral("doclengthupdate"));

@@ -14,7 +14,6 @@ class MdiArea;
 class QAction;
 class QMenu;
 class QTimer;
-class RichTextBox;
 class StatusBar;
 
 /// The one frame of the suite: it owns menus, toolbar, status bar and child area, numbers the documents and
@@ -46,10 +45,6 @@ public:
     void adopt(ChildForm &child) override;
     void bringForward(ChildForm &child) override;
     void fillWindowList(QMenu &menu) override;
-
-    /// The text of the active window at this moment. Throws RuntimeError 91 without one, 438 when it has no
-    /// text.
-    RichTextBox &activeText() const;
 
     FileCommands &files() { return m_files; }
     FormatCommands &formats() { return m_formats; }

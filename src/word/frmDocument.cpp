@@ -1,6 +1,7 @@
 #include "frmDocument.h"
 
 #include "Ask.h"
+#include "DocumentText.h"
 #include "ErrorReports.h"
 #include "EventGate.h"
 #include "FormatButtons.h"
@@ -38,7 +39,7 @@ constexpr QKeyCombination editMenuKeys[] = {Qt::CTRL | Qt::Key_Z, Qt::CTRL | Qt:
 
 frmDocument::frmDocument()
     : ChildForm(QStringLiteral("frmDocument"))
-    , rtfTextBox(named("rtfTextBox", new RichTextBox(this), QStringLiteral("Document text")))
+    , rtfTextBox(named(DocumentText::name, new RichTextBox(this), QStringLiteral("Document text")))
     , m_formatTimer(new QTimer(this))
     , m_recovery(*rtfTextBox, *this)
     , dlgCommonDialog(this)
@@ -95,15 +96,9 @@ void frmDocument::Form_Resize()
 void frmDocument::closeme()
 {}
 
-void frmDocument::requireUnlocked() const
-{
-    if (rtfTextBox->Locked())
-        throw RuntimeError(ErrorNumber::PermissionDenied);
-}
-
 void frmDocument::bullet()
 {
-    requireUnlocked();
+    DocumentText::requireUnlocked(*rtfTextBox);
     rtfTextBox->setSelBullet(rtfTextBox->SelBullet() == false); // a mixed state counts as set
 }
 
@@ -125,7 +120,7 @@ void frmDocument::getindent()
 /// off and on again. Those with a number keep it.
 void frmDocument::applyBulletIndent()
 {
-    requireUnlocked();
+    DocumentText::requireUnlocked(*rtfTextBox);
     rtfTextBox->applyBulletIndent();
 }
 
@@ -306,7 +301,7 @@ bool frmDocument::writeActiveForm(const QString &name, RichTextFile::Format form
         if (!active)
             throw RuntimeError(ErrorNumber::ObjectNotSet);
         active->setCaption(name);
-        text = &active->member<RichTextBox>(QStringLiteral("rtfTextBox"));
+        text = &DocumentText::of(*active);
     });
     if (!text)
         return true;

@@ -54,8 +54,6 @@ private:
 
     /// Shows the selection's formats on the toolbar while this is the active document.
     void UpdateFormatButtons();
-    /// Throws RuntimeError 70 for a locked document.
-    void requireUnlocked() const;
     void applyBulletIndent();
     void freshDocumentSettled();
     void askToSave();

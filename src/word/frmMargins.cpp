@@ -1,5 +1,6 @@
 #include "frmMargins.h"
 
+#include "DocumentText.h"
 #include "EventGate.h"
 #include "Globals.h"
 #include "MainFrame.h"
@@ -90,20 +91,12 @@ QWidget *frmMargins::buildButtons()
     return panel;
 }
 
-RichTextBox &frmMargins::text()
-{
-    const Form *active = mainFrame->ActiveForm();
-    if (!active)
-        throw RuntimeError(ErrorNumber::ObjectNotSet);
-    return active->member<RichTextBox>(QStringLiteral("rtfTextBox"));
-}
-
 /// A selection with several indents leaves the boxes as they were designed.
 void frmMargins::Form_Load()
 {
-    if (const auto indent = text().SelIndent())
+    if (const auto indent = DocumentText::ofActiveForm().SelIndent())
         Text1[Left]->setText(QString::number(*indent));
-    if (const auto indent = text().SelRightIndent())
+    if (const auto indent = DocumentText::ofActiveForm().SelRightIndent())
         Text1[Right]->setText(QString::number(*indent));
     Text1[Left]->selectAll();
 }
@@ -124,7 +117,7 @@ void frmMargins::OKButton_Click()
 {
     const int left = Numbers::toInteger(Text1[Left]->text());
     const int right = Numbers::toInteger(Text1[Right]->text());
-    RichTextBox &document = text();
+    RichTextBox &document = DocumentText::ofActiveForm();
     if (Option1[WholeDocument]->isChecked()) {
         document.setSelStart(1); // Intended: the selection begins behind the first character
         document.setSelLength(int(document.Text().size()));

@@ -8,7 +8,6 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QRadioButton;
-class RichTextBox;
 class UpDown;
 
 /// Left and right margin of the active document's current paragraph or of all.
@@ -35,8 +34,6 @@ private:
     QWidget *buildSides();
     QWidget *buildExtents();
     QWidget *buildButtons();
-    /// The text of the active document. Throws RuntimeError 91 or 438 when there is none.
-    static RichTextBox &text();
 
     std::array<QLabel *, 2> Label2;
     std::array<QLineEdit *, 2> Text1;

@@ -27,14 +27,13 @@ wait_for_manager() {
 
 if [ "${1:-}" != --inside ]; then
     [ $# -gt 0 ] || fail "no command"
-    for tool in xvfb-run openbox xprop; do
+    for tool in Xvfb openbox xprop; do
         command -v "$tool" >/dev/null || fail "$tool is not installed"
     done
-    exec xvfb-run -a -s '-screen 0 1600x1000x24 -nolisten tcp' "$0" --inside "$@"
+    exec "$(dirname "$0")/../../scripts/with-display.sh" 1600x1000 "$0" --inside "$@"
 fi
 shift
 
-unset WAYLAND_DISPLAY
 export QT_QPA_PLATFORM=xcb
 openbox --sm-disable >/dev/null 2>&1 &
 manager=$!

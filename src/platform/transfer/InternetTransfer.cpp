@@ -20,12 +20,12 @@ void InternetTransfer::setProtocol(int protocol)
 
 QString InternetTransfer::RemoteHost() const
 {
-    return m_session->server;
+    return m_session->server();
 }
 
 void InternetTransfer::setRemoteHost(const QString &server)
 {
-    m_session->server = server;
+    m_session->setServer(server);
 }
 
 QString InternetTransfer::UserName() const

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TransferState.h"
+
 #include <QObject>
 #include <QString>
 #include <memory>
@@ -32,22 +34,8 @@ class InternetTransfer : public QObject
 public:
     enum ProtocolNumber { icFTP = 2 };
 
-    /// What StateChanged reports, in this order. Requesting to ResponseReceived repeat with each request that
-    /// goes to the server; the last state of a command is Error or ResponseCompleted.
-    enum State {
-        ResolvingHost = 1,
-        HostResolved,
-        Connecting,
-        Connected,
-        Requesting,
-        RequestSent,
-        ReceivingResponse,
-        ResponseReceived,
-        Disconnecting,
-        Disconnected, ///< also when the server ends the connection between two commands
-        Error,        ///< ResponseCode and ResponseInfo say why
-        ResponseCompleted,
-    };
+    using State = TransferState::State;
+    using enum TransferState::State;
 
     explicit InternetTransfer(QObject *parent = nullptr);
     /// As Cancel.
@@ -58,8 +46,9 @@ public:
     void setProtocol(int protocol);
 
     /// "host", "host:port", or an address: "ftp://host:port/", or "ftps://host:port/" for a server that has
-    /// to encrypt both control and data connection and to prove its name. An IPv6 address is in brackets.
-    /// These and the following properties take effect with the next log-on.
+    /// to encrypt both control and data connection and to prove its name. An IPv6 address is in brackets;
+    /// empty text is no server. These and the following properties take effect with the next log-on.
+    /// Throws RuntimeError 12005 or 12006 where \a server cannot be read; then there is no server.
     QString RemoteHost() const;
     void setRemoteHost(const QString &server);
 
@@ -80,9 +69,9 @@ public:
 
     /// Starts \a command and returns. The response and the code of the command before are discarded. Whatever
     /// becomes of it is reported by StateChanged, never before this function has returned:
-    /// 12030 where no server was ever set, 87 for a command or a name that cannot be sent.
-    /// Throws RuntimeError, with nothing started: 12110 while a command runs, 12005 or 12006 where RemoteHost
-    /// cannot be read as a server. \a address has to be empty; RuntimeError 5 otherwise.
+    /// 12030 where there is neither a connection nor a server, 87 for a command or a name that cannot be
+    /// sent. Throws RuntimeError, with nothing started, for what only the caller can get wrong: 12110 while a
+    /// command runs, 5 where \a address is not empty.
     void Execute(const QString &address, const QString &command);
 
     /// True from Execute until all handlers of the command's last state have returned, or until Cancel. So a
@@ -104,8 +93,8 @@ public:
     QString ResponseInfo() const;
 
 Q_SIGNALS:
-    /// A State, from the event loop. A handler may run pending events, in which the following states are
-    /// reported, and it may call Cancel or delete this object.
+    /// A TransferState, from the event loop. A handler may run pending events, in which the following states
+    /// are reported, and it may call Cancel or delete this object.
     void StateChanged(int state);
 
 private:

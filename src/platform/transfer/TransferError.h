@@ -24,13 +24,13 @@ inline constexpr int WrongUserName = 12013;
 inline constexpr int WrongPassword = 12014;
 inline constexpr int LogOnFailed = 12015;
 inline constexpr int CannotConnect = 12029;
-inline constexpr int ConnectionLost = 12030;  ///< after the log-on
+inline constexpr int ConnectionLost = 12030;  ///< after the log-on, also where the server says that it closes
 inline constexpr int ConnectionReset = 12031; ///< before it, or that of the data
 inline constexpr int CertificateDate = 12037;
 inline constexpr int CertificateName = 12038;
 inline constexpr int CertificateAuthority = 12045;
 inline constexpr int InProgress = 12110;
-inline constexpr int SessionAborted = 12111; ///< the server said that it closes the connection
+inline constexpr int SessionAborted = 12111; ///< the server says before the log-on that it closes
 inline constexpr int InvalidResponse = 12152;
 inline constexpr int SecureChannel = 12157;
 

@@ -6,9 +6,9 @@
 #include "FtpReceive.h"
 #include "FtpRequests.h"
 #include "FtpSend.h"
-#include "InternetTransfer.h"
 #include "RuntimeError.h"
 #include "TransferError.h"
+#include "TransferState.h"
 
 #include <QPointer>
 #include <utility>
@@ -22,7 +22,7 @@ bool canBeSent(const QString &text)
 
 bool isLastState(int state)
 {
-    return state == InternetTransfer::Error || state == InternetTransfer::ResponseCompleted;
+    return state == TransferState::Error || state == TransferState::ResponseCompleted;
 }
 
 /// For an object whose own code may be calling.
@@ -46,12 +46,20 @@ TransferSession::~TransferSession()
     cancel();
 }
 
+void TransferSession::setServer(const QString &server)
+{
+    m_server.clear();
+    m_address.reset();
+    if (server.isEmpty())
+        return;
+    m_address = ServerAddress::parse(server);
+    m_server = server;
+}
+
 void TransferSession::execute(const QString &command)
 {
     if (m_isExecuting)
         throw RuntimeError(TransferError::InProgress, TransferError::text(TransferError::InProgress));
-    if (!server.isEmpty() && canBeSent(server))
-        ServerAddress::parse(server); // throws
     ++m_command;
     m_isExecuting = true;
     m_response.clear();
@@ -67,7 +75,7 @@ void TransferSession::execute(const QString &command)
 
 void TransferSession::start(const QString &text)
 {
-    if (server.isEmpty())
+    if (!m_connection && !m_address)
         throw TransferFailure(TransferError::ConnectionLost);
     const TransferCommand command = TransferCommand::parse(text);
     if (command.verb == TransferCommand::Close) {
@@ -76,7 +84,7 @@ void TransferSession::start(const QString &text)
     }
     if (m_isLost)
         throw TransferFailure(TransferError::ConnectionLost);
-    if (!canBeSent(server) || !canBeSent(user) || !canBeSent(password))
+    if (!canBeSent(user) || !canBeSent(password))
         throw TransferFailure(TransferError::InvalidParameter);
     makeJob(command);
     waitLonger();
@@ -90,8 +98,8 @@ void TransferSession::closeByCommand()
 {
     m_isLost = false;
     if (dropConnection()) {
-        post(InternetTransfer::Disconnecting);
-        post(InternetTransfer::Disconnected);
+        post(TransferState::Disconnecting);
+        post(TransferState::Disconnected);
     }
     succeed({});
 }
@@ -145,8 +153,8 @@ void TransferSession::makeJob(const TransferCommand &command)
 void TransferSession::connectToServer()
 {
     m_connection =
-        std::make_unique<FtpConnection>(ServerAddress::parse(server), FileNames::toBytes(user),
-                                        FileNames::toBytes(password), FileNames::toBytes(authorities));
+        std::make_unique<FtpConnection>(*m_address, FileNames::toBytes(user), FileNames::toBytes(password),
+                                        FileNames::toBytes(authorities), std::chrono::seconds(timeout));
     on(&m_connection->control(), &FtpControl::stateChanged, this, &TransferSession::post);
     on(&m_connection->control(), &FtpControl::heard, this, &TransferSession::waitLonger);
     on(&m_connection->control(), &FtpControl::failed, this, &TransferSession::connectionFailed);
@@ -182,7 +190,7 @@ QString TransferSession::takeResponse(int size)
 void TransferSession::waitLonger()
 {
     if (m_job)
-        m_timeout.start(timeout * 1000);
+        m_timeout.start(std::chrono::seconds(timeout));
 }
 
 void TransferSession::timeOut()
@@ -202,7 +210,7 @@ void TransferSession::connectionFailed(const TransferFailure &failure)
 {
     m_isLost = m_connection->isLoggedOn();
     if (dropConnection())
-        post(InternetTransfer::Disconnected);
+        post(TransferState::Disconnected);
     if (m_job && m_job->waitsForServer())
         fail(m_job->failure() ? *m_job->failure() : failure);
 }
@@ -232,7 +240,7 @@ void TransferSession::succeed(const QString &response)
 {
     dropJob();
     m_response = response;
-    post(InternetTransfer::ResponseCompleted);
+    post(TransferState::ResponseCompleted);
 }
 
 void TransferSession::fail(const TransferFailure &failure)
@@ -240,7 +248,7 @@ void TransferSession::fail(const TransferFailure &failure)
     dropJob();
     m_code = failure.code;
     m_info = failure.info;
-    post(InternetTransfer::Error);
+    post(TransferState::Error);
 }
 
 void TransferSession::post(int state)

@@ -18,6 +18,10 @@ public:
     TransferSession();
     ~TransferSession() override;
 
+    QString server() const { return m_server; }
+    /// As InternetTransfer's.
+    void setServer(const QString &server);
+
     void execute(const QString &command);
     void cancel();
     bool isExecuting() const { return m_isExecuting; }
@@ -25,7 +29,6 @@ public:
     int code() const { return m_code; }
     QString info() const { return m_info; }
 
-    QString server;
     QString user;
     QString password;
     QString authorities;
@@ -53,6 +56,8 @@ private:
     void deliverSoon();
     void deliver();
 
+    QString m_server;
+    std::optional<ServerAddress> m_address; ///< of the server, if there is one
     std::unique_ptr<FtpConnection> m_connection;
     std::unique_ptr<FtpJob> m_job;
     QTimer m_timeout;

@@ -236,8 +236,12 @@ TEST_F(FormTest, AModalWindowThatIsMinimisedStillWaits)
 
 TEST_F(FormTest, AModalWindowLivesUntilItsCallerHasReturned)
 {
-    QMetaObject::invokeMethod(
-        form, [this] { form->unload(); }, Qt::QueuedConnection);
+    const auto unloadAndPump = [this] { // called by no handler
+        form->unload();
+        settle();
+        EXPECT_TRUE(form);
+    };
+    QMetaObject::invokeMethod(form, unloadAndPump, Qt::QueuedConnection);
     form->showModal(nullptr);
     EXPECT_TRUE(form);
     settle();
@@ -431,6 +435,16 @@ TEST_F(FormKeysTest, EscapePressesCancelFromEverywhere)
 {
     for (QWidget *focused : std::initializer_list<QWidget *>{field, box, ok, cancel})
         EXPECT_EQ(pressedBy(Qt::Key_Escape, focused), list("cancel"));
+}
+
+TEST_F(FormKeysTest, AKeyThatPressesNothingIsLeftToTheWindowsAround)
+{
+    QKeyEvent pressing(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(form, &pressing);
+    EXPECT_TRUE(pressing.isAccepted());
+    QKeyEvent other(QEvent::KeyPress, Qt::Key_F2, Qt::NoModifier);
+    QCoreApplication::sendEvent(form, &other);
+    EXPECT_FALSE(other.isAccepted());
 }
 
 TEST_F(FormKeysTest, OtherKeysAreLeftToTheControl)

@@ -124,6 +124,15 @@ TEST_F(EncryptedSessionTest, ACutConnectionLeavesNoFile)
     }
 }
 
+TEST_F(EncryptedSessionTest, DataMayEndWithoutTheNoticeOfItsEnd)
+{
+    const TestCertificate certificate;
+    encrypt(certificate);
+    server.setEndsAbruptly(true);
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+    EXPECT_EQ(probe.rows(), QStringList{QStringLiteral("a")});
+}
+
 TEST_F(EncryptedSessionTest, CancelDoesNotWaitForTheServer)
 {
     const TestCertificate certificate;

@@ -4,13 +4,23 @@
 #include "TransferError.h"
 #include "TransferFailure.h"
 
+#include <QFile>
 #include <QList>
 #include <QRandomGenerator>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace {
 
 using Format = FtpListing::Format;
+
+/// What the process has in memory.
+qint64 residentBytes()
+{
+    QFile file(QStringLiteral("/proc/self/statm"));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return file.readAll().split(' ').value(1).toLongLong() * ::sysconf(_SC_PAGESIZE);
+}
 
 QString rowsOf(Format format, const QByteArray &bytes, qsizetype step = 1 << 20)
 {
@@ -137,6 +147,17 @@ TEST(FtpListing, LongLinesAreNoRowsAndCostNoMoreThanTheirLength)
     EXPECT_EQ(rowsOf(Format::Free, QByteArray(1 << 20, ' ') + "\n-rw-r--r-- 1 o g 1 Jan 1 2026 next", 65536),
               QStringLiteral("next\r\n"));
     EXPECT_EQ(rowsOf(Format::Machine, "type=file; " + QByteArray(60000, 'x')).size(), 60002);
+}
+
+TEST(FtpListing, ALineWithoutAnEndIsNotKept)
+{
+    constexpr qint64 piece = 1 << 20;
+    const QByteArray bytes(piece, 'x');
+    FtpListing listing(Format::Machine);
+    const qint64 before = residentBytes();
+    for (int i = 0; i < 60; ++i)
+        listing.add(bytes);
+    EXPECT_LT(residentBytes() - before, 16 * piece);
 }
 
 TEST(FtpListing, ReadsManyRowsAndRefusesAnEndlessList)

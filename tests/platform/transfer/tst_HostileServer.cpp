@@ -1,3 +1,4 @@
+#include "DeafPort.h"
 #include "EventGate.h"
 #include "FtpServer.h"
 #include "InternetTransfer.h"
@@ -111,10 +112,61 @@ TEST_F(HostileServerTest, TheEndOfTheSessionInTheMiddleOfAListIsReported)
 {
     remote.addFile("a");
     server.reply(FtpServer::EndOfData, "421 Shutting down.");
-    EXPECT_EQ(probe.codeOf("DIR"), TransferError::SessionAborted);
+    EXPECT_EQ(probe.codeOf("DIR"), TransferError::ConnectionLost);
     EXPECT_EQ(probe.response(), QString());
     EXPECT_EQ(probe.states().mid(probe.states().size() - 2), (QList<int>{10, 11}));
     EXPECT_EQ(probe.codeOf("DIR"), TransferError::ConnectionLost);
+}
+
+TEST_F(HostileServerTest, TheEndOfTheSessionInPlaceOfAReplyIsALostConnection)
+{
+    remote.addFile("a");
+    const ScratchFolder local;
+    local.addFile("b");
+    const struct
+    {
+        const char *stage;
+        QString command;
+    } cases[] = {
+        {"SIZE", QStringLiteral("SIZE \"a\"")},
+        {"RETR", QStringLiteral("GET \"a\" \"%1\\a\"").arg(local.path())},
+        {"STOR", QStringLiteral("PUT \"%1\\b\" \"b\"").arg(local.path())},
+        {"CWD", QStringLiteral("CD \"a\"")},
+        {"EPSV", QStringLiteral("DIR")},
+    };
+    for (const auto &row : cases) {
+        probe.session().Cancel();
+        EXPECT_EQ(probe.codeOf("CDUP"), 0);
+        server.reply(row.stage, "421 Shutting down.");
+        EXPECT_EQ(probe.codeOf(row.command), TransferError::ConnectionLost) << row.stage;
+        EXPECT_EQ(probe.session().ResponseInfo(), TransferError::text(TransferError::ConnectionLost));
+        EXPECT_EQ(probe.states().mid(probe.states().size() - 2), (QList<int>{10, 11}));
+        EXPECT_EQ(probe.codeOf("CDUP"), TransferError::ConnectionLost) << row.stage;
+        server.forgetFault(row.stage);
+    }
+}
+
+TEST_F(HostileServerTest, AnExtendedPortThatNeverAnswersLeavesThePlainOne)
+{
+    const DeafPort deaf;
+    remote.addFile("a");
+    server.reply("EPSV", "229 Entering (|||" + QByteArray::number(deaf.number()) + "|)");
+    probe.session().setRequestTimeout(2);
+    for (int i = 0; i < 2; ++i) {
+        EXPECT_EQ(probe.codeOf("DIR"), 0);
+        EXPECT_EQ(probe.rows(), QStringList{QStringLiteral("a")});
+    }
+    EXPECT_EQ(server.commands("EPSV").size(), 1);
+    EXPECT_EQ(server.commands("PASV").size(), 2);
+}
+
+TEST_F(HostileServerTest, PortsThatNeverAnswerTimeOut)
+{
+    const DeafPort deaf;
+    server.setPassivePort(deaf.number());
+    probe.session().setRequestTimeout(1);
+    EXPECT_EQ(probe.codeOf("DIR"), TransferError::TimedOut);
+    EXPECT_EQ(server.commands("PASV").size(), 1);
 }
 
 TEST_F(HostileServerTest, AnEmptyFolderMayBeARefusal)
@@ -163,6 +215,14 @@ TEST_F(HostileServerTest, ASecondReplyToOneRequestIsNoAnswerToTheNext)
     server.reply("TYPE", "200 Done.\r\n213 99");
     EXPECT_EQ(probe.codeOf("SIZE \"a\""), 0);
     EXPECT_EQ(probe.response(), QStringLiteral("5"));
+}
+
+TEST_F(HostileServerTest, AFloodBehindAReplyEndsTheConnection)
+{
+    server.reply("TYPE", "200 Done." + QByteArray("\r\n213 99").repeated(250'000));
+    EXPECT_EQ(probe.codeOf("SIZE \"a\""), TransferError::InvalidResponse);
+    EXPECT_EQ(server.commands("SIZE"), QByteArrayList());
+    EXPECT_EQ(probe.codeOf("CDUP"), TransferError::ConnectionLost);
 }
 
 TEST_F(HostileServerTest, AFloodInsteadOfAReplyEndsTheConnection)

@@ -166,9 +166,7 @@ TEST_F(InternetTransferTest, NoPropertyBecomesASecondCommand)
         TransferProbe password(server);
         password.session().setPassword(bad);
         EXPECT_EQ(password.codeOf("DIR"), TransferError::InvalidParameter);
-        TransferProbe host(server);
-        host.session().setRemoteHost(bad);
-        EXPECT_EQ(host.codeOf("DIR"), TransferError::InvalidParameter);
+        EXPECT_EQ(errorNumberOf([&] { user.session().setRemoteHost(bad); }), TransferError::InvalidUrl);
     }
     EXPECT_EQ(server.connections(), 0);
 }
@@ -205,16 +203,50 @@ TEST_F(InternetTransferTest, FoldersOfOddNamesOpen)
     }
 }
 
-TEST_F(InternetTransferTest, TheServerIsReadWhenACommandStarts)
+TEST_F(InternetTransferTest, AServerThatCannotBeReadIsRefusedAndLeavesNone)
 {
-    const auto numberFor = [&](const char *host) {
-        probe.session().setRemoteHost(QString::fromUtf8(host));
-        return errorNumberOf([&] { probe.start("DIR"); });
+    const struct
+    {
+        const char *text;
+        int number;
+    } cases[] = {
+        {"two words", TransferError::InvalidUrl},
+        {"http://127.0.0.1/", TransferError::UnknownScheme},
+        {"ftp://", TransferError::InvalidUrl},
+        {" ", TransferError::InvalidUrl},
     };
-    EXPECT_EQ(numberFor("two words"), TransferError::InvalidUrl);
-    EXPECT_EQ(numberFor("http://127.0.0.1/"), TransferError::UnknownScheme);
-    EXPECT_FALSE(probe.session().StillExecuting());
-    EXPECT_EQ(numberFor("ftp://127.0.0.1:1/"), 0);
+    for (const auto &row : cases) {
+        TransferProbe other(server);
+        EXPECT_EQ(errorNumberOf([&] { other.session().setRemoteHost(QString::fromUtf8(row.text)); }),
+                  row.number);
+        EXPECT_EQ(other.session().RemoteHost(), QString());
+        for (const char *command : {"DIR", "PUT \"/tmp\\a\" \"a\"", "DELETE \"\"", "CLOSE"}) {
+            EXPECT_EQ(errorNumberOf([&] { other.start(command); }), 0) << command;
+            EXPECT_TRUE(other.session().StillExecuting());
+            other.wait();
+            EXPECT_EQ(other.session().ResponseCode(), TransferError::ConnectionLost) << command;
+        }
+        EXPECT_EQ(other.states(), QList<int>(4, InternetTransfer::Error));
+        other.session().setRemoteHost(server.address());
+        EXPECT_EQ(other.codeOf("DIR"), 0);
+    }
+}
+
+TEST_F(InternetTransferTest, AServerThatCannotBeReadLeavesTheConnectionThatThereIs)
+{
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+    EXPECT_EQ(errorNumberOf([&] { probe.session().setRemoteHost(QStringLiteral("two words")); }),
+              TransferError::InvalidUrl);
+    EXPECT_EQ(probe.codeOf("CDUP"), 0);
+    probe.session().Cancel();
+    EXPECT_EQ(probe.codeOf("CDUP"), TransferError::ConnectionLost);
+    EXPECT_EQ(server.connections(), 1);
+}
+
+TEST_F(InternetTransferTest, AServerThatRefusesConnectionsIsReported)
+{
+    probe.session().setRemoteHost(QStringLiteral("ftp://127.0.0.1:1/"));
+    probe.start("DIR");
     EXPECT_TRUE(probe.session().StillExecuting());
     EXPECT_TRUE(probe.states().isEmpty());
     probe.wait();

@@ -1,10 +1,18 @@
+#include "FileNames.h"
 #include "SocketStream.h"
+#include "TestCertificate.h"
+#include "TlsContext.h"
+#include "TransferProbe.h"
 
+#include <QCoreApplication>
 #include <QHostAddress>
 #include <QSignalSpy>
+#include <QSslSocket>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <csignal>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace {
 
@@ -16,6 +24,103 @@ SocketAddress loopback(quint16 port)
     ip4.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     address.length = sizeof ip4;
     return address.withPort(port);
+}
+
+/// Accepts one connection, whose other end is a stream, and leaves its bytes in the kernel.
+class BareServer : public QTcpServer
+{
+public:
+    BareServer() { EXPECT_TRUE(listen(QHostAddress::LocalHost)); }
+    ~BareServer() override { ::close(m_socket); }
+
+    int socket() const { return m_socket; }
+
+    void accept(SocketStream &stream)
+    {
+        QSignalSpy connected(&stream, &SocketStream::connected);
+        stream.connectTo({loopback(serverPort())});
+        TransferProbe::waitFor([&] { return m_socket >= 0 && connected.count() == 1; });
+    }
+
+    /// The server's side of the handshake.
+    void encrypt(SocketStream &stream, const TestCertificate &certificate, const TlsContext &context)
+    {
+        QSslSocket handshake;
+        handshake.setSslConfiguration(certificate.configuration());
+        EXPECT_TRUE(handshake.setSocketDescriptor(::dup(m_socket)));
+        handshake.startServerEncryption();
+        QSignalSpy encrypted(&stream, &SocketStream::encrypted);
+        stream.encrypt(context, "127.0.0.1", nullptr);
+        TransferProbe::waitFor([&] { return handshake.isEncrypted() && encrypted.count() == 1; });
+    }
+
+    /// The stream's own end of the connection.
+    int socketOfStream() const
+    {
+        for (int candidate = 3; candidate < 1024; ++candidate) {
+            sockaddr_in remote = {};
+            socklen_t length = sizeof remote;
+            if (::getpeername(candidate, reinterpret_cast<sockaddr *>(&remote), &length) == 0 &&
+                remote.sin_family == AF_INET && ntohs(remote.sin_port) == serverPort())
+                return candidate;
+        }
+        return -1;
+    }
+
+    /// All that comes until the stream's end.
+    QByteArray readToEnd() const
+    {
+        QByteArray all;
+        QByteArray piece(65536, Qt::Uninitialized);
+        for (;;) {
+            const ssize_t got = ::recv(m_socket, piece.data(), size_t(piece.size()), MSG_DONTWAIT);
+            if (got == 0)
+                return all;
+            if (got > 0)
+                all += piece.first(got);
+            else
+                QCoreApplication::processEvents();
+        }
+    }
+
+    /// Closes without reading, so that the stream's next bytes meet nobody.
+    void reset()
+    {
+        const linger noLinger = {1, 0};
+        ::setsockopt(m_socket, SOL_SOCKET, SO_LINGER, &noLinger, sizeof noLinger);
+        ::close(std::exchange(m_socket, -1));
+    }
+
+protected:
+    void incomingConnection(qintptr socket) override { m_socket = int(socket); }
+
+private:
+    int m_socket = -1;
+};
+
+/// Fills what the kernel keeps for the other side; how many bytes that took.
+qsizetype fill(int socket)
+{
+    const QByteArray piece(65536, 'x');
+    qsizetype all = 0;
+    for (;;) {
+        const ssize_t taken = ::send(socket, piece.constData(), size_t(piece.size()), MSG_DONTWAIT);
+        if (taken < 0)
+            return all;
+        all += taken;
+    }
+}
+
+/// Waits until \a socket knows that the other side is gone. What is written from then on raises the signal.
+void awaitReset(int socket)
+{
+    int error = 0; // the system says it once
+    TransferProbe::waitFor([&] {
+        socklen_t size = sizeof error;
+        return error == ECONNRESET ||
+               (::getsockopt(socket, SOL_SOCKET, SO_ERROR, &error, &size) == 0 && error != 0);
+    });
+    EXPECT_EQ(error, ECONNRESET);
 }
 
 } // namespace
@@ -39,4 +144,41 @@ TEST(SocketStream, TriesOneAddressAfterTheOther)
     EXPECT_TRUE(failed.count() == 1 || failed.wait());
     EXPECT_EQ(connected.count(), 1);
     EXPECT_FALSE(stream.isOpen());
+}
+
+TEST(SocketStream, TheEndOfEncryptedDataWaitsForRoom)
+{
+    constexpr char alert = 21; // the type of the record that says so
+    const TestCertificate certificate;
+    const TlsContext context(FileNames::toBytes(certificate.file()));
+    BareServer server;
+    SocketStream stream;
+    server.accept(stream);
+    server.encrypt(stream, certificate, context);
+
+    const qsizetype filled = fill(server.socketOfStream());
+    EXPECT_GT(filled, 0);
+    stream.finishWriting();
+    const QByteArray end = server.readToEnd().mid(filled);
+    ASSERT_FALSE(end.isEmpty());
+    EXPECT_EQ(end.front(), alert);
+}
+
+TEST(SocketStream, AConnectionThatHasGoneIsAnErrorAndNoSignal)
+{
+    const TestCertificate certificate;
+    const TlsContext context(FileNames::toBytes(certificate.file()));
+    for (const bool isEncrypted : {false, true}) {
+        BareServer server;
+        const sighandler_t before = ::signal(SIGPIPE, SIG_DFL);
+        SocketStream stream;
+        server.accept(stream);
+        if (isEncrypted)
+            server.encrypt(stream, certificate, context);
+        const int socket = server.socketOfStream();
+        server.reset();
+        awaitReset(socket);
+        EXPECT_EQ(stream.write("x", 1), SocketStream::Broken);
+        ::signal(SIGPIPE, before);
+    }
 }

@@ -11,7 +11,9 @@
 #include <QDir>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QTimer>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 
 namespace {
 
@@ -314,6 +316,54 @@ TEST_F(TransferWaitsTest, ASilentServerWhoseDataHasEndedTimesOut)
     server.keepSilent("MLSD");
     probe.session().setRequestTimeout(1);
     EXPECT_EQ(probe.codeOf("DIR"), TransferError::TimedOut);
+}
+
+/// Data that does not go on is no sign of the server either, and what has come of it is not used.
+TEST_F(TransferWaitsTest, ASilentServerInTheMiddleOfItsDataTimesOut)
+{
+    QTcpServer data;
+    ASSERT_TRUE(data.listen(QHostAddress::LocalHost));
+    QObject::connect(&data, &QTcpServer::newConnection,
+                     [&] { data.nextPendingConnection()->write("type=file; name\r\n"); });
+    server.setPassivePort(data.serverPort());
+    probe.session().setRequestTimeout(1);
+    for (const auto &[stage, command] :
+         {std::pair("MLSD", QStringLiteral("DIR")), std::pair("RETR", get())}) {
+        server.reply(stage, "150 Here it comes.");
+        EXPECT_EQ(probe.codeOf(command), TransferError::TimedOut) << stage;
+        EXPECT_EQ(probe.response(), QString());
+        EXPECT_EQ(localCount(), 1);
+        probe.session().Cancel();
+    }
+}
+
+/// A slow line takes long to empty what the kernel keeps of an upload; nothing else is heard meanwhile.
+TEST_F(TransferWaitsTest, AnUploadThatIsTakenSlowlyGoesOn)
+{
+    constexpr int size = 600'000;
+    local.addFile("b", QByteArray(size, 'x'));
+    QTcpServer data;
+    ASSERT_TRUE(data.listen(QHostAddress::LocalHost));
+    const int window = 8192;
+    ::setsockopt(int(data.socketDescriptor()), SOL_SOCKET, SO_RCVBUF, &window, sizeof window);
+    server.setPassivePort(data.serverPort());
+    server.reply("STOR", "150 Go on.");
+
+    int taken = 0;
+    QTimer slow;
+    QObject::connect(&data, &QTcpServer::newConnection, [&] {
+        QTcpSocket *socket = data.nextPendingConnection();
+        socket->setReadBufferSize(window);
+        QObject::connect(&slow, &QTimer::timeout, socket, [&, socket] {
+            taken += int(socket->read(window).size());
+            if (taken == size)
+                server.sendUnasked("226 Done.\r\n");
+        });
+        slow.start(4 * 1000 * window / size); // four times the time-out
+    });
+    probe.session().setRequestTimeout(1);
+    EXPECT_EQ(probe.codeOf(put()), 0);
+    EXPECT_EQ(taken, size);
 }
 
 TEST_F(TransferWaitsTest, AServerThatTakesNoDataTimesOut)

@@ -67,6 +67,8 @@ public:
     void cutDataAt(qint64 bytes, bool all);
     /// The last reply of a transfer is sent before its data.
     void setReplyBeforeData(bool before) { m_replyBeforeData = before; }
+    /// Encrypted data that the server sends ends as the connection does, without TLS's notice of its end.
+    void setEndsAbruptly(bool abruptly) { m_endsAbruptly = abruptly; }
     /// Closes all connections, or with \a text sends it first on those of control.
     void dropConnections(const QByteArray &text = {});
     /// Sends \a bytes on each control connection, without having been asked.
@@ -98,4 +100,5 @@ private:
     bool m_cutsAll = false;
     bool m_dotRows = false;
     bool m_replyBeforeData = false;
+    bool m_endsAbruptly = false;
 };

@@ -3,6 +3,7 @@
 #include <QHostAddress>
 #include <QSslSocket>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 
 namespace {
 
@@ -103,5 +104,10 @@ void FtpServerData::closeConnection(bool cut)
     m_cut = cut;
     m_next = nullptr;
     m_take = nullptr;
-    m_socket->disconnectFromHost();
+    if (!m_endsAbruptly) {
+        m_socket->disconnectFromHost();
+        return;
+    }
+    m_socket->flush();
+    ::shutdown(int(m_socket->socketDescriptor()), SHUT_WR);
 }

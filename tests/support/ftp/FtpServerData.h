@@ -16,6 +16,8 @@ public:
     /// Encrypts where \a tls is not null. After \a cutAt bytes, unless that is -1, the connection is closed.
     FtpServerData(const QSslConfiguration &tls, qint64 cutAt);
 
+    /// As FtpServer::setEndsAbruptly(), for what is small enough to be sent at once.
+    void setEndsAbruptly(bool abruptly) { m_endsAbruptly = abruptly; }
     /// Sends what \a next gives, piece by piece, until it is empty.
     void send(std::function<QByteArray()> next);
     /// Hands each piece to \a take until the client has closed the connection.
@@ -41,4 +43,5 @@ private:
     qint64 m_left; // until the cut; negative for no cut
     bool m_cut = false;
     bool m_finished = false;
+    bool m_endsAbruptly = false;
 };

@@ -40,9 +40,14 @@ def find(program):
     return found
 
 
-def environment():
-    folders = [*UNPACKED.glob("usr/lib/*-linux-gnu*"), *UNPACKED.glob("lib/*-linux-gnu*")]
-    return {**os.environ, "LD_LIBRARY_PATH": os.pathsep.join(map(str, folders)), "TZ": "UTC"}
+def libraries():
+    return [*UNPACKED.glob("usr/lib/*-linux-gnu*"), *UNPACKED.glob("lib/*-linux-gnu*")]
+
+
+def environment(*folders):
+    """Where programs find the unpacked libraries, which may be in other folders too."""
+    path = os.pathsep.join(map(str, [*folders, *libraries()]))
+    return {**os.environ, "LD_LIBRARY_PATH": path, "TZ": "UTC"}
 
 
 def run(*command):
@@ -159,17 +164,22 @@ def vsftpd(root, state, options):
                      "force_anon_data_ssl": "YES", "ssl_tlsv1": "YES", "ssl_ciphers": "HIGH",
                      "require_ssl_reuse": "YES",
                      "rsa_cert_file": pem, "rsa_private_key_file": pem}
+    # The user daemon may not look into the folder that the sources are in.
+    program = shutil.copy(find("vsftpd"), state / "vsftpd")
+    for folder in libraries():
+        shutil.copytree(folder, state / "lib", symlinks=True, dirs_exist_ok=True)
     configuration = state / "vsftpd.conf"
     configuration.write_text("".join(f"{name}={value}\n" for name, value in settings.items()))
     give_to_daemon(state)
-    return [find("vsftpd"), configuration]
+    return [program, configuration]
 
 
 class Sessions:
     """Accepts connections and starts the server for each, as inetd does."""
 
-    def __init__(self, command, **options):
+    def __init__(self, command, state, **options):
         self.command = command
+        self.environment = environment(state / "lib")
         self.options = options  # of Popen
         self.running = []
 
@@ -177,7 +187,7 @@ class Sessions:
         connection, _ = listener.accept()
         with connection:
             self.running.append(subprocess.Popen(self.command, stdin=connection, stdout=connection,
-                                                 stderr=subprocess.DEVNULL, env=environment(), start_new_session=True,
+                                                 stderr=subprocess.DEVNULL, env=self.environment, start_new_session=True,
                                                  **self.options))
         self.running = [session for session in self.running if session.poll() is None]
 
@@ -228,6 +238,7 @@ class PythonServer:
         from pyftpdlib.servers import FTPServer
         logging.disable()
         os.close(0)
+        os.chdir("/")  # the user daemon may not go back to where the test was started
         if os.geteuid() == 0:
             os.setgroups([])
             os.setgid(DAEMON)
@@ -252,7 +263,8 @@ def serve(options):
     else:
         as_daemon = {"user": DAEMON, "group": DAEMON, "extra_groups": []}
         dropped = as_daemon if options.server == "vsftpd" and os.geteuid() == 0 else {}
-        sessions = Sessions(SERVERS[options.server](root, options.state.resolve(), options), **dropped)
+        state = options.state.resolve()
+        sessions = Sessions(SERVERS[options.server](root, state, options), state, **dropped)
     give_to_daemon(root)
     listener = socket.create_server(("127.0.0.1", 0), backlog=64)
     user = "anonymous" if options.server == "vsftpd" else USER

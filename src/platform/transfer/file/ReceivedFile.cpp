@@ -33,14 +33,18 @@ bool isMissing(int error)
     return error == EINVAL || error == ENOSYS || error == ENOTSUP;
 }
 
-/// Renames where the new name is free. Not every file system can do that in one step; there a second name is
-/// made.
-bool renameToFree(int folder, const QByteArray &from, const QByteArray &to)
+/// Renames over an empty file that is made for that. Where this fails, nothing of it is left.
+void renameOverPlaceholder(int folder, const QByteArray &from, const QByteArray &to)
 {
-    if (::renameat2(folder, from.constData(), folder, to.constData(), RENAME_NOREPLACE) == 0)
-        return true;
-    return isMissing(errno) && ::linkat(folder, from.constData(), folder, to.constData(), 0) == 0 &&
-           ::unlinkat(folder, from.constData(), 0) == 0;
+    const int placeholder = ::openat(folder, to.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0);
+    if (placeholder < 0)
+        failWith();
+    ::close(placeholder);
+    if (::renameat(folder, from.constData(), folder, to.constData()) == 0)
+        return;
+    const int error = errno;
+    ::unlinkat(folder, to.constData(), 0);
+    failWith(error);
 }
 
 } // namespace
@@ -102,9 +106,15 @@ std::function<int()> ReceivedFile::syncing() const
     return [file] { return ::fsync(*file) == 0 || isMissing(errno) ? 0 : errno; };
 }
 
+/// Not every file system can rename to a free name in one step, nor give a file a second name.
 void ReceivedFile::publish()
 {
-    if (!renameToFree(m_folder, m_hidden, m_name))
-        failWith();
+    if (::renameat2(m_folder, m_hidden.constData(), m_folder, m_name.constData(), RENAME_NOREPLACE) != 0) {
+        if (!isMissing(errno))
+            failWith();
+        if (::linkat(m_folder, m_hidden.constData(), m_folder, m_name.constData(), 0) == 0)
+            return; // the destructor removes the hidden name; the file is whole even where it cannot
+        renameOverPlaceholder(m_folder, m_hidden, m_name);
+    }
     m_hidden.clear();
 }

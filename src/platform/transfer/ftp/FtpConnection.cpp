@@ -15,19 +15,15 @@ constexpr int wrongLogOn = 530;
 } // namespace
 
 FtpConnection::FtpConnection(const ServerAddress &address, const QByteArray &user, const QByteArray &password,
-                             const QByteArray &authorities)
+                             const QByteArray &authorities, std::chrono::milliseconds timeout)
     : m_address(address)
     , m_user(user)
     , m_password(password)
+    , m_timeout(timeout)
 {
     if (m_address.isEncrypted)
         m_tls.emplace(authorities);
     on(&m_control, &FtpControl::encrypted, this, &FtpConnection::protectData);
-}
-
-FtpConnection::~FtpConnection()
-{
-    m_password.fill('\0');
 }
 
 void FtpConnection::logOn()
@@ -90,6 +86,6 @@ void FtpConnection::answeredPassword(const FtpReply &reply)
 void FtpConnection::succeed()
 {
     m_isLoggedOn = true;
-    m_control.setLossCode(TransferError::ConnectionLost);
+    m_control.setLoggedOn();
     Q_EMIT loggedOn();
 }

@@ -3,6 +3,7 @@
 #include "FtpControl.h"
 #include "TlsContext.h"
 
+#include <chrono>
 #include <optional>
 
 /// A connection that somebody is logged on by, and what was learned about its server.
@@ -11,10 +12,10 @@ class FtpConnection : public QObject
     Q_OBJECT
 
 public:
-    /// Texts as the server gets them. \a authorities is the file for TlsContext.
+    /// Texts as the server gets them. \a authorities is the file for TlsContext, \a timeout how long a
+    /// command waits for the server.
     FtpConnection(const ServerAddress &address, const QByteArray &user, const QByteArray &password,
-                  const QByteArray &authorities);
-    ~FtpConnection() override;
+                  const QByteArray &authorities, std::chrono::milliseconds timeout);
 
     /// Connects and logs on; loggedOn(), or failed() of the control connection follows.
     void logOn();
@@ -24,6 +25,7 @@ public:
     /// For data connections; null where they are not encrypted.
     const TlsContext *tls() const { return m_tls ? &*m_tls : nullptr; }
     const QByteArray &host() const { return m_address.host; }
+    std::chrono::milliseconds timeout() const { return m_timeout; }
 
     bool knowsMlsd = true; ///< until the server refuses it; so with EPSV
     bool knowsEpsv = true;
@@ -44,6 +46,7 @@ private:
     ServerAddress m_address;
     QByteArray m_user;
     QByteArray m_password;
+    std::chrono::milliseconds m_timeout;
     std::optional<TlsContext> m_tls;
     FtpControl m_control;
     bool m_isLoggedOn = false;

@@ -2,14 +2,21 @@
 
 #include "EventGate.h"
 #include "HostLookup.h"
-#include "InternetTransfer.h"
 #include "TransferError.h"
+#include "TransferState.h"
 
 #include <utility>
+
+namespace {
+
+constexpr int serviceEnds = 421;
+
+} // namespace
 
 FtpControl::FtpControl(QObject *parent)
     : QObject(parent)
     , m_lossCode(TransferError::ConnectionReset)
+    , m_endCode(TransferError::SessionAborted)
 {
     on(&m_stream, &SocketStream::connected, this, &FtpControl::startReading);
     on(&m_stream, &SocketStream::connectFailed, this,
@@ -30,7 +37,7 @@ FtpControl::~FtpControl()
 
 void FtpControl::open(const ServerAddress &address)
 {
-    Q_EMIT stateChanged(InternetTransfer::ResolvingHost);
+    Q_EMIT stateChanged(TransferState::ResolvingHost);
     auto *lookup = new HostLookup(this);
     on(lookup, &HostLookup::finished, this, &FtpControl::connectTo);
     lookup->start(address.host, address.port);
@@ -43,8 +50,8 @@ void FtpControl::connectTo(const SocketAddresses &addresses)
         return;
     }
     Q_EMIT heard();
-    Q_EMIT stateChanged(InternetTransfer::HostResolved);
-    Q_EMIT stateChanged(InternetTransfer::Connecting);
+    Q_EMIT stateChanged(TransferState::HostResolved);
+    Q_EMIT stateChanged(TransferState::Connecting);
     m_stream.connectTo(addresses);
 }
 
@@ -75,7 +82,7 @@ void FtpControl::ask(const QByteArray &request, Handler handler, Beginning begin
     if (!m_stream.isOpen())
         return;
     awaitReply(std::move(handler), std::move(beginning));
-    Q_EMIT stateChanged(InternetTransfer::Requesting);
+    Q_EMIT stateChanged(TransferState::Requesting);
     m_request = request + "\r\n";
     guarded([this] { send(); });
 }
@@ -88,9 +95,8 @@ void FtpControl::send()
     if (sent > 0)
         Q_EMIT heard();
     if (sent == m_request.size()) {
-        m_request.fill('\0'); // it may have been the password
         m_request.clear();
-        Q_EMIT stateChanged(InternetTransfer::RequestSent);
+        Q_EMIT stateChanged(TransferState::RequestSent);
     } else if (sent > 0) {
         m_request.remove(0, sent);
     }
@@ -120,9 +126,9 @@ bool FtpControl::receive()
     m_stream.acknowledge();
     Q_EMIT heard();
     if (!std::exchange(m_isGreeted, true))
-        Q_EMIT stateChanged(InternetTransfer::Connected);
+        Q_EMIT stateChanged(TransferState::Connected);
     if (m_handler && !std::exchange(m_isReceiving, true))
-        Q_EMIT stateChanged(InternetTransfer::ReceivingResponse);
+        Q_EMIT stateChanged(TransferState::ReceivingResponse);
     m_reader.add(QByteArrayView(bytes, got));
     takeReplies();
     return true;
@@ -136,8 +142,8 @@ void FtpControl::takeReplies()
 
 void FtpControl::dispatch(const FtpReply &reply)
 {
-    if (reply.code == 421)
-        throw TransferFailure(TransferError::SessionAborted);
+    if (reply.code == serviceEnds)
+        throw TransferFailure(m_endCode);
     if (!m_handler)
         return;
     if (reply.isPreliminary()) {
@@ -145,9 +151,20 @@ void FtpControl::dispatch(const FtpReply &reply)
             beginning();
         return;
     }
-    Q_EMIT stateChanged(InternetTransfer::ResponseReceived);
+    Q_EMIT stateChanged(TransferState::ResponseReceived);
     m_beginning = nullptr;
     std::exchange(m_handler, nullptr)(reply);
+}
+
+void FtpControl::setLoggedOn()
+{
+    m_lossCode = m_endCode = TransferError::ConnectionLost;
+}
+
+void FtpControl::forgetHandlers()
+{
+    m_handler = nullptr;
+    m_beginning = nullptr;
 }
 
 void FtpControl::guarded(const std::function<void()> &step)
@@ -171,8 +188,6 @@ void FtpControl::close()
     if (m_stream.isOpen() && m_isGreeted && !m_handler)
         m_stream.write(quit.data(), quit.size());
     m_stream.close();
-    m_handler = nullptr;
-    m_beginning = nullptr;
-    m_request.fill('\0');
+    forgetHandlers();
     m_request.clear();
 }

@@ -7,7 +7,7 @@
 #include <functional>
 
 /// The control connection: sends one request at a time and hands its reply to whoever asked. It does not know
-/// what the requests mean. States are those of InternetTransfer.
+/// what the requests mean.
 class FtpControl : public QObject
 {
     Q_OBJECT
@@ -32,8 +32,12 @@ public:
     /// Sends \a request, which has no line end in it.
     void ask(const QByteArray &request, Handler handler, Beginning beginning = {});
 
-    /// The code with which a connection that is gone is reported.
-    void setLossCode(int code) { m_lossCode = code; }
+    /// From now on a connection that is gone, or that the server says it closes, is reported as lost. Before
+    /// somebody is logged on, nothing is lost.
+    void setLoggedOn();
+
+    /// The reply that is awaited, if any, is for nobody any more.
+    void forgetHandlers();
 
     /// Closes at once, and sends QUIT before where no reply is awaited. No signal follows.
     void close();
@@ -44,6 +48,7 @@ public:
 
 Q_SIGNALS:
     void encrypted();
+    /// A TransferState.
     void stateChanged(int state);
     /// Something came from the server, or was taken by it.
     void heard();
@@ -66,7 +71,8 @@ private:
     QByteArray m_request; ///< what of it has not been sent
     Handler m_handler;
     Beginning m_beginning;
-    int m_lossCode;
+    int m_lossCode; ///< for a connection that is gone
+    int m_endCode;  ///< for one that the server says it closes
     bool m_isGreeted = false;
     bool m_isReceiving = false; ///< the reply has begun
 };

@@ -6,6 +6,12 @@ void FtpJob::run(FtpConnection &connection)
     guarded([this] { start(); });
 }
 
+void FtpJob::letGo()
+{
+    if (m_connection)
+        m_connection->control().forgetHandlers();
+}
+
 void FtpJob::guarded(const std::function<void()> &step)
 {
     try {

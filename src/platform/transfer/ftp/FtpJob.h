@@ -2,6 +2,8 @@
 
 #include "FtpConnection.h"
 
+#include <QPointer>
+
 /// A command at work on a connection that is logged on. When it fails the connection goes on, unless that
 /// itself has ended: a job that is deleted has left nothing behind.
 class FtpJob : public QObject
@@ -12,8 +14,9 @@ public:
     /// Starts the work; finished() or failed() follows.
     void run(FtpConnection &connection);
 
-    /// Closes and removes at once what a job that is over still holds.
-    virtual void letGo() {}
+    /// Closes and removes at once what a job that is over still holds, and lets it hear no more of the
+    /// connection.
+    virtual void letGo();
     /// False while the job works on the local disk alone.
     virtual bool waitsForServer() const { return true; }
     /// True when the server has sent data that was not read yet.
@@ -47,6 +50,6 @@ protected:
     void setFailure(const TransferFailure &failure) { m_failure = failure; }
 
 private:
-    FtpConnection *m_connection = nullptr;
+    QPointer<FtpConnection> m_connection;
     std::optional<TransferFailure> m_failure;
 };

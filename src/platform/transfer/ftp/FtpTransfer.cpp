@@ -25,6 +25,7 @@ FtpTransfer::FtpTransfer(Direction direction)
 
 void FtpTransfer::letGo()
 {
+    FtpJob::letGo();
     m_data.close();
 }
 
@@ -90,6 +91,8 @@ void FtpTransfer::connectData(std::optional<quint16> port)
     if (!port)
         throw TransferFailure(TransferError::InvalidResponse);
     m_data.connectTo({connection().control().stream().remote().withPort(*port)});
+    if (connection().knowsEpsv)
+        m_data.limitAttempt(connection().timeout() / 4); // which leaves time for PASV
 }
 
 void FtpTransfer::dataConnectFailed()
@@ -197,7 +200,6 @@ void FtpTransfer::refill()
     }
     if (m_buffer.isEmpty()) {
         m_data.finishWriting();
-        m_data.watchWriting(false);
         m_hasEnded = true;
     }
 }

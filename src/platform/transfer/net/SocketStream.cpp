@@ -5,6 +5,7 @@
 
 #include <QSocketNotifier>
 #include <cerrno>
+#include <csignal>
 #include <linux/sockios.h>
 #include <netinet/tcp.h>
 #include <poll.h>
@@ -45,6 +46,9 @@ SocketStream::SocketStream(QObject *parent)
 {
     m_addressTimeout.setSingleShot(true);
     on(&m_addressTimeout, &QTimer::timeout, this, &SocketStream::tryNext);
+    // What is written to a connection that has gone is an error. The signal, which would end the process, is
+    // switched off here for all connections: the TLS library has no other way to write without it.
+    ::signal(SIGPIPE, SIG_IGN);
 }
 
 SocketStream::~SocketStream()
@@ -56,6 +60,12 @@ void SocketStream::connectTo(const SocketAddresses &addresses)
 {
     m_others = addresses;
     tryNext();
+}
+
+void SocketStream::limitAttempt(std::chrono::milliseconds time)
+{
+    if (m_phase == Phase::Connecting)
+        m_addressTimeout.start(time);
 }
 
 void SocketStream::keepAlive()
@@ -145,7 +155,7 @@ void SocketStream::onReadable()
 {
     if (m_phase == Phase::ShakingHands)
         shakeHands();
-    else if (m_phase == Phase::Open)
+    else if (m_phase == Phase::Open || m_phase == Phase::Finishing)
         Q_EMIT readable();
 }
 
@@ -157,6 +167,8 @@ void SocketStream::onWritable()
         shakeHands();
     else if (m_phase == Phase::Open)
         Q_EMIT writable();
+    else if (m_phase == Phase::Finishing)
+        finish();
 }
 
 qint64 SocketStream::read(char *bytes, qint64 most)
@@ -170,7 +182,7 @@ qint64 SocketStream::write(const char *bytes, qint64 count)
 {
     if (m_tls)
         return m_tls->write(bytes, count);
-    return resultOf(::send(m_socket, bytes, size_t(count), MSG_NOSIGNAL));
+    return resultOf(::send(m_socket, bytes, size_t(count), 0));
 }
 
 void SocketStream::watchReading(bool wanted)
@@ -199,9 +211,16 @@ int SocketStream::unacknowledged() const
 
 void SocketStream::finishWriting()
 {
-    if (m_tls)
-        m_tls->finishWriting();
-    ::shutdown(m_socket, SHUT_WR);
+    m_phase = Phase::Finishing;
+    finish();
+}
+
+void SocketStream::finish()
+{
+    const bool isFinished = !m_tls || m_tls->finishWriting();
+    watchWriting(!isFinished);
+    if (isFinished)
+        ::shutdown(m_socket, SHUT_WR);
 }
 
 void SocketStream::abort()

@@ -5,6 +5,7 @@
 
 #include <QObject>
 #include <QTimer>
+#include <chrono>
 #include <memory>
 
 class QSocketNotifier;
@@ -27,6 +28,8 @@ public:
 
     /// Tries one address after the other; connected() or connectFailed() follows.
     void connectTo(const SocketAddresses &addresses);
+    /// Gives up the address that is being tried after \a time.
+    void limitAttempt(std::chrono::milliseconds time);
     /// Where it is connected to.
     const SocketAddress &remote() const { return m_remote; }
     /// Asks the system now and then whether an idle connection is still there.
@@ -50,7 +53,8 @@ public:
     /// How many bytes were written that the other side has not acknowledged.
     int unacknowledged() const;
 
-    /// Ends this direction; the other side reads an end.
+    /// Ends this direction, as soon as there is room for the notice of the end that TLS has; the other side
+    /// reads an end. writable() does not come any more.
     void finishWriting();
     /// Closes at once. No signal follows.
     void close();
@@ -72,9 +76,10 @@ private:
     void onReadable();
     void onWritable();
     void shakeHands();
+    void finish();
     void openNotifiers();
 
-    enum class Phase { Closed, Connecting, ShakingHands, Open };
+    enum class Phase { Closed, Connecting, ShakingHands, Open, Finishing };
 
     Phase m_phase = Phase::Closed;
     int m_socket = -1;

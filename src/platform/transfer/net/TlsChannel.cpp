@@ -89,10 +89,11 @@ qint64 TlsChannel::write(const char *bytes, qint64 count)
     return resultOf(::SSL_write(m_handle.get(), bytes, int(qMin<qint64>(count, INT_MAX))));
 }
 
-void TlsChannel::finishWriting()
+bool TlsChannel::finishWriting()
 {
     ::ERR_clear_error();
-    ::SSL_shutdown(m_handle.get());
+    const int returned = ::SSL_shutdown(m_handle.get());
+    return returned >= 0 || ::SSL_get_error(m_handle.get(), returned) != SSL_ERROR_WANT_WRITE;
 }
 
 qint64 TlsChannel::resultOf(int returned) const

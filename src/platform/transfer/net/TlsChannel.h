@@ -28,8 +28,9 @@ public:
     qint64 read(char *bytes, qint64 most);
     qint64 write(const char *bytes, qint64 count);
 
-    /// Sends close_notify: nothing more is written.
-    void finishWriting();
+    /// Sends close_notify, after which nothing more is written. False where there is no room for it now: it
+    /// is to be called again when the socket is writable.
+    bool finishWriting();
 
 private:
     qint64 resultOf(int returned) const;
