@@ -14,7 +14,7 @@ namespace {
 constexpr qsizetype nameBytes = 256; // of the name that a callback gets
 
 /// One job, as its callbacks know it.
-struct Job
+struct UnzipState
 {
     cUnzip &object;
     bool isCancelled = false; ///< a password request had no answer
@@ -26,21 +26,21 @@ QString pathOf(QByteArrayView name)
     return ArchiveTexts::withBackslashes(ArchiveTexts::text(bytes));
 }
 
-int print(const Job &job, QByteArrayView text)
+int print(const UnzipState &job, QByteArrayView text)
 {
     if (ArchiveTexts::isHeard(text))
         Q_EMIT job.object.Progress(1, ArchiveTexts::withBackslashes(ArchiveTexts::text(text)));
     return 0;
 }
 
-int replace(const Job &job, QByteArrayView name)
+int replace(const UnzipState &job, QByteArrayView name)
 {
     int answer = OverwriteAnswer::No;
     Q_EMIT job.object.OverwritePrompt(pathOf(name), answer);
     return answer;
 }
 
-int password(Job &job, std::span<char> buffer)
+int password(UnzipState &job, std::span<char> buffer)
 {
     constexpr qsizetype mostBytes = 254;
     if (job.isCancelled)
@@ -57,7 +57,7 @@ int password(Job &job, std::span<char> buffer)
     return 0;
 }
 
-int service(const Job &job, QByteArrayView name)
+int service(const UnzipState &job, QByteArrayView name)
 {
     if (!ArchiveTexts::isHeard(name))
         return 0;
@@ -74,7 +74,7 @@ QDateTime dateOf(const ListedEntry &entry)
     return QDateTime(month.addDays(entry.hh - 1), QTime(qMin(entry.hh, 23), qMin(entry.mm, 59)));
 }
 
-void message(const Job &job, const ListedEntry &entry)
+void message(const UnzipState &job, const ListedEntry &entry)
 {
     constexpr char encryptedBit = 1 << 6;
     const QString path = pathOf(entry.fname);
@@ -116,7 +116,7 @@ int mUnzip::VBUnzip(cUnzip &object, const DCLIST &options, const QStringList &in
 
 USERFUNCTION mUnzip::callbacksOf(cUnzip &object)
 {
-    const auto job = std::make_shared<Job>(Job{object});
+    const auto job = std::make_shared<UnzipState>(UnzipState{object});
     return {[job](QByteArrayView text) { return print(*job, text); },
             [job](QByteArrayView name) { return replace(*job, name); },
             [job](std::span<char> buffer) { return password(*job, buffer); },

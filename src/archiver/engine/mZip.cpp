@@ -14,14 +14,14 @@
 namespace {
 
 /// One job, as its callbacks know it.
-struct Job
+struct ZipState
 {
     cZip &object;
     bool isCancelled = false;  ///< some request had no answer
     bool isConfirming = false; ///< the next password is the first one again
 };
 
-int print(const Job &job, QByteArrayView text)
+int print(const ZipState &job, QByteArrayView text)
 {
     if (ArchiveTexts::isHeard(text)) {
         const QString message = ArchiveTexts::text(ArchiveTexts::untilNul(text));
@@ -30,7 +30,7 @@ int print(const Job &job, QByteArrayView text)
     return 0;
 }
 
-int service(Job &job, QByteArrayView name)
+int service(ZipState &job, QByteArrayView name)
 {
     if (!ArchiveTexts::isHeard(name))
         return 0;
@@ -42,7 +42,7 @@ int service(Job &job, QByteArrayView name)
     return cancel ? 1 : 0;
 }
 
-void comment(Job &job, CommentBuffer &buffer)
+void comment(ZipState &job, CommentBuffer &buffer)
 {
     constexpr qsizetype mostBytes = 254;
     buffer[0] = '\0';
@@ -58,7 +58,7 @@ void comment(Job &job, CommentBuffer &buffer)
     ArchiveTexts::fill(buffer, ArchiveTexts::cut(FileNames::toBytes(text), mostBytes));
 }
 
-int password(Job &job, std::span<char> buffer)
+int password(ZipState &job, std::span<char> buffer)
 {
     if (job.isCancelled)
         return 1;
@@ -100,7 +100,7 @@ int mZip::VBZip(cZip &object, const QString &zipFile, const ZPOPT &options, cons
 
 ZIPUSERFUNCTIONS mZip::callbacksOf(cZip &object)
 {
-    const auto job = std::make_shared<Job>(Job{object});
+    const auto job = std::make_shared<ZipState>(ZipState{object});
     return {[job](QByteArrayView text) { return print(*job, text); },
             [job](CommentBuffer &buffer) { comment(*job, buffer); },
             [job](std::span<char> buffer) { return password(*job, buffer); },

@@ -2,6 +2,7 @@
 #include "PrintQt.h"
 #include "RowName.h"
 #include "ScratchFolder.h"
+#include "TestData.h"
 #include "Tool.h"
 #include "UnzipRun.h"
 #include "ZipRun.h"
@@ -13,15 +14,6 @@
 #include <sys/stat.h>
 
 namespace {
-
-QByteArray noise(qsizetype size)
-{
-    QByteArray data(size, Qt::Uninitialized);
-    QRandomGenerator random(1);
-    for (char &byte : data)
-        byte = char(random.generate());
-    return data;
-}
 
 /// A folder with files of several kinds, archived and extracted by ours and by other programs.
 struct ArchiveInteropTest : testing::Test
@@ -38,11 +30,12 @@ struct ArchiveInteropTest : testing::Test
         scratch.addFolder("in/sub");
         scratch.addFolder("in/empty");
         add("text.txt", QByteArray("some words and others\n").repeated(500), 0644);
-        add("sub/noise", noise(70'000), 0600);
+        add("sub/noise", TestData::noise(70'000), 0600);
         add("sub/script", "#!/bin/sh\n", 0755);
         add("caf\u00e9.txt", "utf-8", 0444);
         add("empty.txt", {}, 0640);
-        add("large", noise(3 << 20) + QByteArray(3 << 20, '\0') + QByteArray("words ").repeated(500'000),
+        add("large",
+            TestData::noise(3 << 20) + QByteArray(3 << 20, '\0') + QByteArray("words ").repeated(500'000),
             0644);
         for (const char *folder : {"in/sub", "in/empty"})
             setModified(scratch.file(folder));

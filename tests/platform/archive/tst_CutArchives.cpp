@@ -11,7 +11,7 @@
 
 namespace {
 
-MadeEntry file(const QByteArray &name, const QByteArray &data, bool isDeflated)
+MadeEntry wholeFile(const QByteArray &name, const QByteArray &data, bool isDeflated)
 {
     MadeEntry entry;
     entry.name = name;
@@ -46,8 +46,9 @@ struct CutArchiveTest : testing::Test
 
 TEST_F(CutArchiveTest, IsRefusedAtEachByteOfASmallOne)
 {
-    const QByteArray whole = ArchiveMaker::make({file("stored", "12345", false), file("sub/", {}, false),
-                                                 file("deflated", QByteArray(200, 'x'), true)});
+    const QByteArray whole =
+        ArchiveMaker::make({wholeFile("stored", "12345", false), wholeFile("sub/", {}, false),
+                            wholeFile("deflated", QByteArray(200, 'x'), true)});
     for (qsizetype size = 0; size < whole.size(); ++size)
         expectRefused(whole.left(size));
     EXPECT_FALSE(std::filesystem::exists(target.toStdString()));
@@ -57,7 +58,8 @@ TEST_F(CutArchiveTest, IsRefusedAtManyPlacesOfALargeOne)
 {
     QList<MadeEntry> entries;
     for (int i = 0; i < 1000; ++i)
-        entries.append(file("folder/" + QByteArray::number(i), QByteArray::number(i).repeated(i), i % 2));
+        entries.append(
+            wholeFile("folder/" + QByteArray::number(i), QByteArray::number(i).repeated(i), i % 2));
     const QByteArray whole = ArchiveMaker::make(entries);
     QRandomGenerator random(1);
     constexpr int places = 500;
@@ -69,7 +71,7 @@ TEST_F(CutArchiveTest, IsRefusedAtManyPlacesOfALargeOne)
 TEST_F(CutArchiveTest, ExtractsWhatIsLeft)
 {
     const QByteArray whole =
-        ArchiveMaker::make({file("a", "12345", false), file("b", QByteArray(500, 'b'), false)});
+        ArchiveMaker::make({wholeFile("a", "12345", false), wholeFile("b", QByteArray(500, 'b'), false)});
     QByteArray damaged = whole;
     damaged.remove(whole.indexOf("bbbb"), 300);
     scratch.addFile("a.zip", damaged);

@@ -5,9 +5,9 @@
 
 namespace {
 
-constexpr qint64 header = 30;
+constexpr qint64 headerSize = 30;
 
-ArchiveEntry at(qint64 offset, quint64 packedSize)
+ArchiveEntry entryAt(qint64 offset, quint64 packedSize)
 {
     ArchiveEntry entry;
     entry.offset = offset;
@@ -26,21 +26,22 @@ ArchiveDirectory directoryOf(std::vector<ArchiveEntry> entries, qint64 start)
 bool overlaps(const ArchiveDirectory &directory, std::size_t i)
 {
     const ArchiveEntry &entry = directory.entries.at(i);
-    return EntryExtents(directory).overlaps(entry, entry.offset + header + qint64(entry.packedSize));
+    return EntryExtents(directory).overlaps(entry, entry.offset + headerSize + qint64(entry.packedSize));
 }
 
 } // namespace
 
 TEST(EntryExtentsTest, AcceptsEntriesSideBySide)
 {
-    const ArchiveDirectory directory = directoryOf({at(130, 70), at(0, 100), at(230, 0)}, 260);
+    const ArchiveDirectory directory = directoryOf({entryAt(130, 70), entryAt(0, 100), entryAt(230, 0)}, 260);
     for (std::size_t i = 0; i < directory.entries.size(); ++i)
         EXPECT_FALSE(overlaps(directory, i)) << i;
 }
 
 TEST(EntryExtentsTest, RefusesOnlyThoseThatShareBytes)
 {
-    const ArchiveDirectory directory = directoryOf({at(0, 100), at(129, 10), at(200, 10)}, 300);
+    const ArchiveDirectory directory =
+        directoryOf({entryAt(0, 100), entryAt(129, 10), entryAt(200, 10)}, 300);
     EXPECT_TRUE(overlaps(directory, 0));
     EXPECT_TRUE(overlaps(directory, 1));
     EXPECT_FALSE(overlaps(directory, 2));
@@ -48,7 +49,7 @@ TEST(EntryExtentsTest, RefusesOnlyThoseThatShareBytes)
 
 TEST(EntryExtentsTest, RefusesAnEntryTwice)
 {
-    const ArchiveDirectory directory = directoryOf({at(0, 100), at(0, 100)}, 300);
+    const ArchiveDirectory directory = directoryOf({entryAt(0, 100), entryAt(0, 100)}, 300);
     EXPECT_TRUE(overlaps(directory, 0));
     EXPECT_TRUE(overlaps(directory, 1));
 }
@@ -56,21 +57,22 @@ TEST(EntryExtentsTest, RefusesAnEntryTwice)
 /// A long entry runs over several others, the last of which is far behind its start.
 TEST(EntryExtentsTest, RefusesWhatALongEntryRunsOver)
 {
-    const ArchiveDirectory directory = directoryOf({at(0, 500), at(40, 10), at(400, 10), at(600, 10)}, 700);
+    const ArchiveDirectory directory =
+        directoryOf({entryAt(0, 500), entryAt(40, 10), entryAt(400, 10), entryAt(600, 10)}, 700);
     EXPECT_TRUE(overlaps(directory, 2));
     EXPECT_FALSE(overlaps(directory, 3));
 }
 
 TEST(EntryExtentsTest, RefusesDataThatRunsIntoTheDirectory)
 {
-    const ArchiveDirectory directory = directoryOf({at(0, 100)}, 120);
+    const ArchiveDirectory directory = directoryOf({entryAt(0, 100)}, 120);
     EXPECT_TRUE(overlaps(directory, 0));
 }
 
-/// A long local header pushes the data into the next entry.
+/// A long local headerSize pushes the data into the next entry.
 TEST(EntryExtentsTest, CountsTheLocalHeader)
 {
-    const ArchiveDirectory directory = directoryOf({at(0, 100), at(140, 10)}, 300);
+    const ArchiveDirectory directory = directoryOf({entryAt(0, 100), entryAt(140, 10)}, 300);
     const EntryExtents extents(directory);
     EXPECT_FALSE(extents.overlaps(directory.entries[0], 140));
     EXPECT_TRUE(extents.overlaps(directory.entries[0], 141));
@@ -82,7 +84,7 @@ TEST(EntryExtentsTest, TakesAMillionEntries)
     constexpr qint64 tooLong = 20'000; // a quadratic check takes minutes; the sanitizers slow this one down
     std::vector<ArchiveEntry> entries;
     for (qint64 i = 0; i < count; ++i)
-        entries.push_back(at((count - i) * 40, 10));
+        entries.push_back(entryAt((count - i) * 40, 10));
     QElapsedTimer timer;
     timer.start();
     const ArchiveDirectory directory = directoryOf(std::move(entries), (count + 1) * 40);

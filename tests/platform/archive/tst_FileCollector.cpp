@@ -18,6 +18,7 @@ struct FileCollectorTest : testing::Test
     ZPOPT options;
     QByteArrayList warnings;
     bool hasMissed = false;
+    int calls = 0; ///< between files
 
     FileCollectorTest()
     {
@@ -39,8 +40,9 @@ struct FileCollectorTest : testing::Test
     QByteArrayList collect(const QByteArrayList &names)
     {
         warnings.clear();
-        FileCollector collector(options,
-                                [this](const QByteArray &name, const char *) { warnings.append(name); });
+        FileCollector collector(
+            options, [this](const QByteArray &name, const char *) { warnings.append(name); },
+            [this] { ++calls; });
         QByteArrayList found;
         for (const SourceFile &file : collector.collect(names))
             found.append(file.name);
@@ -162,7 +164,8 @@ TEST_F(FileCollectorTest, LeavesTheArchiveOut)
     SourceFile archive;
     archive.device = state.st_dev;
     archive.inode = state.st_ino;
-    FileCollector collector(options, [](const QByteArray &, const char *) {});
+    FileCollector collector(
+        options, [](const QByteArray &, const char *) {}, [] {});
     collector.leaveOut(archive);
     const auto files = collector.collect({"*.txt"});
     ASSERT_EQ(files.size(), 1u);
@@ -174,4 +177,13 @@ TEST_F(FileCollectorTest, TakesTheFileThatLooksLikeAPattern)
 {
     scratch.addFile("[ot]*");
     EXPECT_EQ(collect({"[ot]*"}), QByteArrayList{"[ot]*"});
+}
+
+TEST_F(FileCollectorTest, LetsEventsRunBetweenFiles)
+{
+    for (int i = 0; i < 200; ++i)
+        scratch.addFile("sub/" + QByteArray::number(i));
+    options.fRecurse = 1;
+    EXPECT_EQ(collect({"sub"}).size(), 202);
+    EXPECT_GE(calls, 3);
 }

@@ -11,7 +11,7 @@
 
 namespace {
 
-MadeEntry file(const QByteArray &name, const QByteArray &data = "evil")
+MadeEntry evilFile(const QByteArray &name, const QByteArray &data = "evil")
 {
     MadeEntry entry;
     entry.name = name;
@@ -21,7 +21,7 @@ MadeEntry file(const QByteArray &name, const QByteArray &data = "evil")
 
 MadeEntry dosFile(const QByteArray &name)
 {
-    MadeEntry entry = file(name);
+    MadeEntry entry = evilFile(name);
     entry.system = 0;
     entry.attributes = 0x20;
     return entry;
@@ -29,7 +29,7 @@ MadeEntry dosFile(const QByteArray &name)
 
 MadeEntry link(const QByteArray &name, const QByteArray &to)
 {
-    MadeEntry entry = file(name, to);
+    MadeEntry entry = evilFile(name, to);
     entry.attributes = 0120777u << 16;
     return entry;
 }
@@ -55,24 +55,24 @@ void PrintTo(const EscapeRow &row, std::ostream *out)
 
 // "outside" is a folder beside the target.
 const EscapeRow escapeRows[] = {
-    {"Parent", {file("../outside/x")}},
-    {"ParentInside", {file("a/../../outside/x")}},
-    {"ManyParents", {file(QByteArray("../").repeated(20) + "tmp/x")}},
+    {"Parent", {evilFile("../outside/x")}},
+    {"ParentInside", {evilFile("a/../../outside/x")}},
+    {"ManyParents", {evilFile(QByteArray("../").repeated(20) + "tmp/x")}},
     {"DosParent", {dosFile("..\\outside\\x")}},
     {"MixedParent", {dosFile("a/..\\..\\outside/x")}},
-    {"ParentFolder", {file("../outside/made/")}},
-    {"ParentOnlyLocal", {localName(file("x"), "../outside/x")}},
-    {"ParentOnlyCentral", {localName(file("../outside/x"), "x")}},
-    {"AbsoluteOnlyLocal", {localName(file("x"), "/tmp/x")}},
-    {"NulBehindParent", {file(QByteArray("..\0x", 4))}},
-    {"Absolute", {file("/outside/x")}, false},
-    {"AbsoluteTwice", {file("//outside//x")}, false},
+    {"ParentFolder", {evilFile("../outside/made/")}},
+    {"ParentOnlyLocal", {localName(evilFile("x"), "../outside/x")}},
+    {"ParentOnlyCentral", {localName(evilFile("../outside/x"), "x")}},
+    {"AbsoluteOnlyLocal", {localName(evilFile("x"), "/tmp/x")}},
+    {"NulBehindParent", {evilFile(QByteArray("..\0x", 4))}},
+    {"Absolute", {evilFile("/outside/x")}, false},
+    {"AbsoluteTwice", {evilFile("//outside//x")}, false},
     {"Drive", {dosFile("C:\\outside\\x")}, false},
     {"Share", {dosFile("\\\\outside\\x")}, false},
-    {"Link", {link("outside", "../outside"), file("outside/x")}, false},
-    {"AbsoluteLink", {link("outside", "/tmp"), file("outside/x")}, false},
-    {"ChainOfLinks", {link("a", "../outside"), link("b", "a"), file("b/x")}, false},
-    {"LinkAsFile", {link("x", "../outside/x"), file("x")}, false},
+    {"Link", {link("outside", "../outside"), evilFile("outside/x")}, false},
+    {"AbsoluteLink", {link("outside", "/tmp"), evilFile("outside/x")}, false},
+    {"ChainOfLinks", {link("a", "../outside"), link("b", "a"), evilFile("b/x")}, false},
+    {"LinkAsFile", {link("x", "../outside/x"), evilFile("x")}, false},
 };
 
 struct EscapeTest : testing::TestWithParam<EscapeRow>
@@ -137,7 +137,7 @@ TEST_F(HostileArchiveTest, FollowsNoLinkThatExists)
     scratch.addFile("outside/old", "old");
     scratch.addLink("target/folder", "../outside");
     scratch.addLink("target/file", "../outside/old");
-    EXPECT_EQ(extract({file("folder/x"), file("file"), file("folder/")}), UnzipResult::Warning);
+    EXPECT_EQ(extract({evilFile("folder/x"), evilFile("file"), evilFile("folder/")}), UnzipResult::Warning);
     EXPECT_EQ(FolderContent::filesOf(scratch.file("outside")),
               (QMap<QByteArray, QByteArray>{{"old", "old"}}));
     EXPECT_EQ(files().value("file"), QByteArray("evil")); // in place of the link
@@ -146,21 +146,22 @@ TEST_F(HostileArchiveTest, FollowsNoLinkThatExists)
 TEST_F(HostileArchiveTest, LeavesWhatIsInTheWay)
 {
     const QByteArray large(3 << 20, 'a'); // still at work when the next one comes
-    EXPECT_EQ(extract({file("a", large), file("a/b"), file("c/d", large), file("c")}), UnzipResult::Warning);
+    EXPECT_EQ(extract({evilFile("a", large), evilFile("a/b"), evilFile("c/d", large), evilFile("c")}),
+              UnzipResult::Warning);
     EXPECT_TRUE(files() == (QMap<QByteArray, QByteArray>{{"a", large}, {"c/d", large}}));
 }
 
 TEST_F(HostileArchiveTest, LeavesAPipeThatIsInTheWay)
 {
     ASSERT_EQ(::mkfifo((target + "/a").constData(), 0600), 0);
-    EXPECT_EQ(extract({file("a")}), UnzipResult::Warning);
+    EXPECT_EQ(extract({evilFile("a")}), UnzipResult::Warning);
     EXPECT_TRUE(S_ISFIFO(FolderContent::of(target).value("a").mode));
 }
 
 TEST_F(HostileArchiveTest, RefusesEntriesThatShareTheirData)
 {
     const QByteArray data(100'000, 'x');
-    MadeEntry first = file("first", data);
+    MadeEntry first = evilFile("first", data);
     first.isDeflated = true;
     MadeEntry second = first;
     second.name = "second";
@@ -168,7 +169,7 @@ TEST_F(HostileArchiveTest, RefusesEntriesThatShareTheirData)
     second.offset = 0;
     MadeEntry third = first;
     third.offset = 0;
-    const QList<MadeEntry> entries = {first, second, third, file("good", "good")};
+    const QList<MadeEntry> entries = {first, second, third, evilFile("good", "good")};
     EXPECT_EQ(extract(entries), UnzipResult::Overlap);
     EXPECT_EQ(files(), (QMap<QByteArray, QByteArray>{{"good", "good"}}));
     EXPECT_EQ(job.list(archive), UnzipResult::Success); // the list is shown nevertheless
@@ -178,17 +179,17 @@ TEST_F(HostileArchiveTest, RefusesEntriesThatShareTheirData)
 /// One entry is in the stored data of another, each with a header of its own.
 TEST_F(HostileArchiveTest, RefusesEntriesThatAreWithinOthers)
 {
-    const QByteArray inner = ArchiveMaker::make({file("inner", "inner data")});
-    MadeEntry quoted = file("inner", "inner data");
+    const QByteArray inner = ArchiveMaker::make({evilFile("inner", "inner data")});
+    MadeEntry quoted = evilFile("inner", "inner data");
     quoted.offset = 30 + 5; // in the data of "outer"
-    EXPECT_EQ(extract({file("outer", inner), quoted, file("good", "good")}), UnzipResult::Overlap);
+    EXPECT_EQ(extract({evilFile("outer", inner), quoted, evilFile("good", "good")}), UnzipResult::Overlap);
     EXPECT_EQ(files(), (QMap<QByteArray, QByteArray>{{"good", "good"}}));
 }
 
 TEST_F(HostileArchiveTest, StopsAtTheSizeThatIsDeclared)
 {
     for (const qsizetype size : {100'000, 20 << 20}) {
-        MadeEntry bomb = file("bomb", QByteArray(size, '\0'));
+        MadeEntry bomb = evilFile("bomb", QByteArray(size, '\0'));
         bomb.isDeflated = true;
         for (const quint64 declared : {quint64(0), quint64(10), quint64(size) - 1}) {
             bomb.size = declared;
@@ -206,12 +207,12 @@ TEST_F(HostileArchiveTest, StopsAtTheSizeThatIsDeclared)
 
 TEST_F(HostileArchiveTest, StopsAtThePackedSizeThatIsDeclared)
 {
-    MadeEntry stored = file("stored", "0123456789");
+    MadeEntry stored = evilFile("stored", "0123456789");
     stored.size = 20;
     EXPECT_EQ(extract({stored}), UnzipResult::DamagedEntry);
     stored.packedSize = 20; // into the directory
     EXPECT_EQ(extract({stored}), UnzipResult::Overlap);
-    MadeEntry shorter = file("shorter", "0123456789");
+    MadeEntry shorter = evilFile("shorter", "0123456789");
     shorter.packedSize = 5;
     EXPECT_EQ(extract({shorter}), UnzipResult::DamagedEntry);
     EXPECT_TRUE(FolderContent::of(target).isEmpty());
@@ -219,14 +220,14 @@ TEST_F(HostileArchiveTest, StopsAtThePackedSizeThatIsDeclared)
 
 TEST_F(HostileArchiveTest, RefusesAWrongChecksumMethodOrHeader)
 {
-    MadeEntry checksum = file("checksum");
+    MadeEntry checksum = evilFile("checksum");
     checksum.crc = 0;
-    MadeEntry method = file("method");
+    MadeEntry method = evilFile("method");
     method.localMethod = 8;
-    MadeEntry beyond = file("beyond");
+    MadeEntry beyond = evilFile("beyond");
     beyond.offset = 1'000'000;
     EXPECT_EQ(extract({checksum, method}), UnzipResult::DamagedEntry);
-    MadeEntry nowhere = file("nowhere");
+    MadeEntry nowhere = evilFile("nowhere");
     nowhere.offset = 1;
     EXPECT_EQ(extract({nowhere}), UnzipResult::DamagedEntry);
     EXPECT_EQ(extract({beyond}), UnzipResult::Cut);
@@ -235,7 +236,7 @@ TEST_F(HostileArchiveTest, RefusesAWrongChecksumMethodOrHeader)
 
 TEST_F(HostileArchiveTest, FindsEachDamagedByte)
 {
-    MadeEntry deflated = file("a", QByteArray("some words and others ").repeated(50));
+    MadeEntry deflated = evilFile("a", QByteArray("some words and others ").repeated(50));
     deflated.isDeflated = true;
     const QByteArray whole = ArchiveMaker::make({deflated});
     const qsizetype last =
@@ -252,16 +253,16 @@ TEST_F(HostileArchiveTest, FindsEachDamagedByte)
 TEST_F(HostileArchiveTest, TakesDeepAndLongNames)
 {
     const QByteArray deep = QByteArray("d/").repeated(300) + "x";
-    EXPECT_EQ(extract({file(deep)}), UnzipResult::Success);
+    EXPECT_EQ(extract({evilFile(deep)}), UnzipResult::Success);
     EXPECT_EQ(files().keys(), QByteArrayList{deep});
-    EXPECT_EQ(extract({file(QByteArray("d/").repeated(30'000) + "x"), file(QByteArray(65'535, 'n'))}),
+    EXPECT_EQ(extract({evilFile(QByteArray("d/").repeated(30'000) + "x"), evilFile(QByteArray(65'535, 'n'))}),
               UnzipResult::Warning);
     EXPECT_EQ(files().size(), 1);
 }
 
 TEST_F(HostileArchiveTest, TakesAFolderWithData)
 {
-    EXPECT_EQ(extract({file("folder/", "data"), file("folder/x")}), UnzipResult::Success);
+    EXPECT_EQ(extract({evilFile("folder/", "data"), evilFile("folder/x")}), UnzipResult::Success);
     EXPECT_EQ(files(), (QMap<QByteArray, QByteArray>{{"folder/x", "evil"}}));
 }
 

@@ -1,6 +1,7 @@
 #include "PieceCompressor.h"
 #include "PrintQt.h"
 #include "RowName.h"
+#include "TestData.h"
 
 #include <QRandomGenerator>
 #include <gtest/gtest.h>
@@ -21,15 +22,6 @@ QByteArray inflated(const QByteArray &stream, qsizetype size)
     EXPECT_EQ(state.avail_in, 0u);
     data.resize(qsizetype(state.total_out));
     inflateEnd(&state);
-    return data;
-}
-
-QByteArray noise(qsizetype size)
-{
-    QByteArray data(size, Qt::Uninitialized);
-    QRandomGenerator random(1);
-    for (char &byte : data)
-        byte = char(random.generate());
     return data;
 }
 
@@ -58,11 +50,11 @@ constexpr qsizetype part = PieceCompressor::partSize;
 const DataRow dataRows[] = {
     {"OneByte", "x"},
     {"Words", words(part)},
-    {"Noise", noise(part)},
+    {"Noise", TestData::noise(part)},
     {"Zeros", QByteArray(part, '\0')},
     {"FewZeros", QByteArray(part - 1, '\0')},
     {"Long", words(3 * part)},
-    {"NoiseInWords", words(part / 2) + noise(part / 2)},
+    {"NoiseInWords", words(part / 2) + TestData::noise(part / 2)},
 };
 
 struct PieceCompressorTest : testing::TestWithParam<DataRow>
@@ -105,7 +97,7 @@ TEST(PiecesTest, JoinsPartsOfAllLengths)
 TEST(PiecesTest, LeavesDataThatDoesNotShrink)
 {
     PieceCompressor compressor(6);
-    EXPECT_FALSE(compressor.compressWhole(noise(1000)));
+    EXPECT_FALSE(compressor.compressWhole(TestData::noise(1000)));
     EXPECT_FALSE(compressor.compressWhole({}));
     const QByteArray data = words(1000);
     const auto stream = compressor.compressWhole(data);

@@ -15,7 +15,7 @@
 
 namespace {
 
-MadeEntry file(const QByteArray &name, const QByteArray &data)
+MadeEntry extracted(const QByteArray &name, const QByteArray &data)
 {
     MadeEntry entry;
     entry.name = name;
@@ -57,17 +57,17 @@ struct UnzipLibraryTest : testing::Test
 struct HostileEntryTest : UnzipLibraryTest, testing::WithParamInterface<HostileName>
 {};
 
-constexpr mode_t permissions = 07777;
+constexpr mode_t modeBits = 07777;
 
 } // namespace
 
 TEST_F(UnzipLibraryTest, ListsEntries)
 {
-    MadeEntry deflated = file("folder/b.txt", QByteArray(1000, 'b'));
+    MadeEntry deflated = extracted("folder/b.txt", QByteArray(1000, 'b'));
     deflated.isDeflated = true;
-    MadeEntry encrypted = file("c", "ccc");
+    MadeEntry encrypted = extracted("c", "ccc");
     encrypted.flags = 1;
-    make({file("folder/", {}), deflated, encrypted});
+    make({extracted("folder/", {}), deflated, encrypted});
     EXPECT_EQ(job.list(archive), UnzipResult::Success);
     ASSERT_EQ(job.entries.size(), 3);
     const ListedEntry &entry = job.entries[1];
@@ -90,7 +90,7 @@ TEST_F(UnzipLibraryTest, ListsEntries)
 
 TEST_F(UnzipLibraryTest, ListsLongNamesAndLargeFilesWithinTheirFields)
 {
-    MadeEntry large = file(QByteArray(254, 'n') + "\u00e9x", "data");
+    MadeEntry large = extracted(QByteArray(254, 'n') + "\u00e9x", "data");
     large.is64 = true;
     large.size = Q_UINT64_C(5'000'000'000);
     make({large});
@@ -101,11 +101,11 @@ TEST_F(UnzipLibraryTest, ListsLongNamesAndLargeFilesWithinTheirFields)
 
 TEST_F(UnzipLibraryTest, ExtractsAll)
 {
-    MadeEntry deflated = file("sub/deep/b", QByteArray(100'000, 'b'));
+    MadeEntry deflated = extracted("sub/deep/b", QByteArray(100'000, 'b'));
     deflated.isDeflated = true;
-    MadeEntry described = file("c", "described");
+    MadeEntry described = extracted("c", "described");
     described.hasDescriptor = true;
-    make({file("a", "one"), deflated, described, file("empty/", {}), file("d", {})});
+    make({extracted("a", "one"), deflated, described, extracted("empty/", {}), extracted("d", {})});
     EXPECT_EQ(extract(), UnzipResult::Success);
     EXPECT_EQ(files(),
               (QMap<QByteArray, QByteArray>{
@@ -123,9 +123,9 @@ TEST_F(UnzipLibraryTest, ExtractsLargeFiles)
     QByteArray data;
     for (int i = 0; data.size() < 20 << 20; ++i)
         data += QByteArray::number(i * 7919) + (i % 100 ? ", " : "\n");
-    MadeEntry deflated = file("deflated", data);
+    MadeEntry deflated = extracted("deflated", data);
     deflated.isDeflated = true;
-    make({deflated, file("stored", data), file("after", "x")});
+    make({deflated, extracted("stored", data), extracted("after", "x")});
     EXPECT_EQ(extract(), UnzipResult::Success);
     EXPECT_TRUE(files().value("deflated") == data);
     EXPECT_TRUE(files().value("stored") == data);
@@ -135,7 +135,8 @@ TEST_F(UnzipLibraryTest, ExtractsLargeFiles)
 
 TEST_F(UnzipLibraryTest, ExtractsTheNamesThatAreWanted)
 {
-    make({file("a", "1"), file("sub/b", "2"), file("sub/B", "3"), file("sub\\c", "4"), file("e/", {})});
+    make({extracted("a", "1"), extracted("sub/b", "2"), extracted("sub/B", "3"), extracted("sub\\c", "4"),
+          extracted("e/", {})});
     job.included = {"sub/b", "sub/c"};
     EXPECT_EQ(extract(), UnzipResult::Success);
     EXPECT_EQ(files(), (QMap<QByteArray, QByteArray>{{"sub/b", "2"}, {"sub\\c", "4"}}));
@@ -145,7 +146,7 @@ TEST_F(UnzipLibraryTest, ExtractsTheNamesThatAreWanted)
 
 TEST_F(UnzipLibraryTest, FindsNamesInAnotherCaseUnlessCaseCounts)
 {
-    make({file("Read.Me", "1")});
+    make({extracted("Read.Me", "1")});
     job.included = {"read.me"};
     job.options.C_flag = 1;
     EXPECT_EQ(extract(), UnzipResult::NothingFound);
@@ -157,7 +158,7 @@ TEST_F(UnzipLibraryTest, FindsNamesInAnotherCaseUnlessCaseCounts)
 TEST_F(UnzipLibraryTest, FindsTheLongNamesThatItLists)
 {
     const QByteArray folder = QByteArray(150, 'f') + '/';
-    make({file(folder + QByteArray(150, 'n'), "1"), file("other", "2")});
+    make({extracted(folder + QByteArray(150, 'n'), "1"), extracted("other", "2")});
     job.list(archive);
     job.included = {job.entries.at(0).fname};
     EXPECT_EQ(extract(), UnzipResult::Success);
@@ -166,7 +167,7 @@ TEST_F(UnzipLibraryTest, FindsTheLongNamesThatItLists)
 
 TEST_F(UnzipLibraryTest, PutsAllFilesIntoOneFolder)
 {
-    make({file("a/b/", {}), file("a/b/c", "1"), file("d", "2")});
+    make({extracted("a/b/", {}), extracted("a/b/c", "1"), extracted("d", "2")});
     job.options.ndflag = 0;
     EXPECT_EQ(extract(), UnzipResult::Success);
     EXPECT_EQ(FolderContent::of(target).keys(), QByteArrayList({"c", "d"}));
@@ -174,7 +175,7 @@ TEST_F(UnzipLibraryTest, PutsAllFilesIntoOneFolder)
 
 TEST_F(UnzipLibraryTest, TurnsBlanksToUnderscores)
 {
-    make({file("a b/c d", "1")});
+    make({extracted("a b/c d", "1")});
     job.options.SpaceToUnderScore = 1;
     EXPECT_EQ(extract(), UnzipResult::Success);
     EXPECT_EQ(files().keys(), QByteArrayList{"a_b/c_d"});
@@ -182,15 +183,15 @@ TEST_F(UnzipLibraryTest, TurnsBlanksToUnderscores)
 
 TEST_F(UnzipLibraryTest, KeepsModesAndTimes)
 {
-    MadeEntry script = file("script", "x");
+    MadeEntry script = extracted("script", "x");
     script.attributes = 0106711u << 16; // with set-id bits
     script.extra = unixTime(1'234'567'891);
-    MadeEntry folder = file("folder/", {});
+    MadeEntry folder = extracted("folder/", {});
     folder.attributes = 040550u << 16;
     folder.extra = unixTime(1'111'111'111);
-    MadeEntry device = file("device", "x");
+    MadeEntry device = extracted("device", "x");
     device.attributes = 060666u << 16;
-    make({script, folder, file("folder/inside", "x"), device});
+    make({script, folder, extracted("folder/inside", "x"), device});
     EXPECT_EQ(extract(), UnzipResult::Success);
     EXPECT_EQ(stateOf("script").st_mode, S_IFREG | 0711u);
     EXPECT_EQ(stateOf("script").st_mtime, 1'234'567'891);
@@ -201,18 +202,18 @@ TEST_F(UnzipLibraryTest, KeepsModesAndTimes)
 
 TEST_F(UnzipLibraryTest, LeavesTheModeOfAFolderThatExists)
 {
-    MadeEntry folder = file("folder/", {});
+    MadeEntry folder = extracted("folder/", {});
     folder.attributes = 040777u << 16;
     make({folder});
     addTarget("x", {});
     scratch.addFolder("target/folder");
     EXPECT_EQ(extract(), UnzipResult::Success);
-    EXPECT_EQ(stateOf("folder").st_mode & permissions, 0755u);
+    EXPECT_EQ(stateOf("folder").st_mode & modeBits, 0755u);
 }
 
 TEST_F(UnzipLibraryTest, FilesThatExistStay)
 {
-    make({file("a", "new"), file("b", "new")});
+    make({extracted("a", "new"), extracted("b", "new")});
     addTarget("a", "old");
     EXPECT_EQ(extract(), UnzipResult::Success);
     EXPECT_EQ(files(), (QMap<QByteArray, QByteArray>{{"a", "old"}, {"b", "new"}}));
@@ -228,7 +229,7 @@ TEST_F(UnzipLibraryTest, OverwritesAsItIsAnswered)
 {
     QList<MadeEntry> entries;
     for (char name = 'a'; name <= 'f'; ++name)
-        entries.append(file(QByteArray("sub/") + name, "new"));
+        entries.append(extracted(QByteArray("sub/") + name, "new"));
     make(entries);
     const auto reset = [&] {
         std::filesystem::remove_all(target.toStdString());
@@ -261,11 +262,11 @@ TEST_F(UnzipLibraryTest, OverwritesAsItIsAnswered)
 
 TEST_F(UnzipLibraryTest, ExtractsOnlyWhatIsNewer)
 {
-    MadeEntry newer = file("a", "new");
+    MadeEntry newer = extracted("a", "new");
     newer.extra = unixTime(2'000'000'000);
-    MadeEntry older = file("b", "new");
+    MadeEntry older = extracted("b", "new");
     older.extra = unixTime(1'000'000'000);
-    make({newer, older, file("c", "new")});
+    make({newer, older, extracted("c", "new")});
     for (int *option : {&job.options.ExtractOnlyNewer, &job.options.nUflag}) {
         std::filesystem::remove_all(target.toStdString());
         addTarget("a", "old");
@@ -282,7 +283,7 @@ TEST_F(UnzipLibraryTest, ExtractsOnlyWhatIsNewer)
 TEST_F(UnzipLibraryTest, AsksAboutANameThatComesTwice)
 {
     const QByteArray first(3 << 20, '1'); // which takes its time
-    make({file("a", first), file("a", "second")});
+    make({extracted("a", first), extracted("a", "second")});
     job.options.PromptToOverwrite = 1;
     EXPECT_EQ(extract(), UnzipResult::Success);
     EXPECT_EQ(job.questions, QByteArrayList{"a"});
@@ -291,13 +292,13 @@ TEST_F(UnzipLibraryTest, AsksAboutANameThatComesTwice)
 
 TEST_F(UnzipLibraryTest, TestsWithoutWriting)
 {
-    MadeEntry damaged = file("b", "bbb");
+    MadeEntry damaged = extracted("b", "bbb");
     damaged.crc = 1;
-    make({file("a", "1")});
+    make({extracted("a", "1")});
     job.options.ntflag = 1;
     EXPECT_EQ(extract(), UnzipResult::Success);
     EXPECT_EQ(job.messages, QByteArrayList{"    testing: a   OK"});
-    make({file("a", "1"), damaged});
+    make({extracted("a", "1"), damaged});
     job.messages.clear();
     EXPECT_EQ(extract(), UnzipResult::DamagedEntry);
     EXPECT_EQ(job.messages.constLast(), QByteArray("error:  b: its checksum is wrong"));
@@ -306,7 +307,7 @@ TEST_F(UnzipLibraryTest, TestsWithoutWriting)
 
 TEST_F(UnzipLibraryTest, PrintsFilesInstead)
 {
-    make({file("a", "content\n"), file("b", QByteArray(2500, 'x'))});
+    make({extracted("a", "content\n"), extracted("b", QByteArray(2500, 'x'))});
     job.options.ncflag = 1;
     job.options.fQuiet = 2;
     EXPECT_EQ(extract(), UnzipResult::Success);
@@ -317,7 +318,7 @@ TEST_F(UnzipLibraryTest, PrintsFilesInstead)
 
 TEST_F(UnzipLibraryTest, PrintsTheComment)
 {
-    scratch.addFile("a.zip", ArchiveMaker::make({file("a", "1")}, {.comment = "a note"}));
+    scratch.addFile("a.zip", ArchiveMaker::make({extracted("a", "1")}, {.comment = "a note"}));
     job.options.nzflag = 1;
     EXPECT_EQ(job.list(archive), UnzipResult::Success);
     EXPECT_EQ(job.messages, QByteArrayList{"a note"});
@@ -325,9 +326,9 @@ TEST_F(UnzipLibraryTest, PrintsTheComment)
 
 TEST_F(UnzipLibraryTest, SaysAsMuchAsIsWanted)
 {
-    MadeEntry damaged = file("b", "bbb");
+    MadeEntry damaged = extracted("b", "bbb");
     damaged.crc = 1;
-    make({file("a", "1"), damaged});
+    make({extracted("a", "1"), damaged});
     job.options.noflag = 1;
     job.options.fQuiet = 1;
     EXPECT_EQ(extract(), UnzipResult::DamagedEntry);
@@ -340,9 +341,9 @@ TEST_F(UnzipLibraryTest, SaysAsMuchAsIsWanted)
 
 TEST_F(UnzipLibraryTest, AddsLineFeedsToReturns)
 {
-    MadeEntry large = file("large", QByteArray("0123456789abcde\r").repeated(200'000));
+    MadeEntry large = extracted("large", QByteArray("0123456789abcde\r").repeated(200'000));
     large.isDeflated = true;
-    make({file("text", "a\rb\r\nc\r"), file("binary", QByteArray("a\r\0", 3)), large});
+    make({extracted("text", "a\rb\r\nc\r"), extracted("binary", QByteArray("a\r\0", 3)), large});
     job.options.naflag = 1;
     EXPECT_EQ(extract(), UnzipResult::Success);
     EXPECT_EQ(files().value("text"), QByteArray("a\r\nb\r\nc\r\n"));
@@ -352,19 +353,19 @@ TEST_F(UnzipLibraryTest, AddsLineFeedsToReturns)
 
 TEST_F(UnzipLibraryTest, SkipsVolumeLabels)
 {
-    MadeEntry label = file("MY DISK", {});
+    MadeEntry label = extracted("MY DISK", {});
     label.system = 0;
     label.attributes = 8;
-    make({label, file("a", "1")});
+    make({label, extracted("a", "1")});
     EXPECT_EQ(extract(), UnzipResult::Success);
     EXPECT_EQ(files().keys(), QByteArrayList{"a"});
 }
 
 TEST_F(UnzipLibraryTest, StopsWhenItIsCancelled)
 {
-    MadeEntry large = file("large", QByteArray(30 << 20, 'x'));
+    MadeEntry large = extracted("large", QByteArray(30 << 20, 'x'));
     large.isDeflated = true;
-    make({file("a", "1"), large, file("c", "1")});
+    make({extracted("a", "1"), large, extracted("c", "1")});
     int left = 4;
     job.isCancelled = [&left](QByteArrayView) { return --left <= 0; };
     EXPECT_EQ(extract(), UnzipResult::Cancelled);
@@ -381,15 +382,15 @@ TEST_F(UnzipLibraryTest, SaysWhatCannotBeOpened)
     EXPECT_EQ(job.list(scratch.path().toUtf8()), UnzipResult::CannotOpen);
     scratch.addFile("a.zip", "no archive");
     EXPECT_EQ(job.list(archive), UnzipResult::NoArchive);
-    make({file("a", "1")});
+    make({extracted("a", "1")});
     scratch.addFile("target", "a file");
     EXPECT_EQ(extract(), UnzipResult::BadParameters);
 }
 
 TEST_F(UnzipLibraryTest, LeavesNothingHalfOnAFullDisk)
 {
-    MadeEntry large = file("b", QByteArray(300'000, 'x'));
-    make({file("a", "1"), large, file("c", "1")});
+    MadeEntry large = extracted("b", QByteArray(300'000, 'x'));
+    make({extracted("a", "1"), large, extracted("c", "1")});
     const FullDisk full(100'000);
     EXPECT_EQ(extract(), UnzipResult::DiskFull);
     EXPECT_EQ(files().value("a"), QByteArray("1"));
@@ -400,7 +401,7 @@ TEST_F(UnzipLibraryTest, LeavesNothingHalfOnAFullDisk)
 
 TEST_F(UnzipLibraryTest, WritesNothingIntoAReadOnlyFolder)
 {
-    make({file("a", "1")});
+    make({extracted("a", "1")});
     addTarget("x", {});
     const AsUser user(scratch.path());
     ASSERT_EQ(::chmod(target.constData(), 0555), 0);
@@ -411,16 +412,16 @@ TEST_F(UnzipLibraryTest, WritesNothingIntoAReadOnlyFolder)
 
 TEST_F(UnzipLibraryTest, RefusesMethodsThatItDoesNotKnow)
 {
-    MadeEntry unknown = file("b", "bbb");
+    MadeEntry unknown = extracted("b", "bbb");
     unknown.method = 77;
-    make({file("a", "1"), unknown});
+    make({extracted("a", "1"), unknown});
     EXPECT_EQ(extract(), UnzipResult::Unsupported);
     EXPECT_EQ(files().keys(), QByteArrayList{"a"});
 }
 
 TEST_F(UnzipLibraryTest, RunsOneJobAtATime)
 {
-    make({file("a", "1")});
+    make({extracted("a", "1")});
     int inner = -1;
     job.isCancelled = [&](QByteArrayView) {
         if (inner < 0)
@@ -444,7 +445,7 @@ TEST_F(UnzipLibraryTest, HasTheVersionOfTheSuite)
 TEST_P(HostileEntryTest, ExtractsOrRefuses)
 {
     scratch.addFolder("beside");
-    make({file(GetParam().bytes, "content")});
+    make({extracted(GetParam().bytes, "content")});
     const int result = extract();
     if (GetParam().canBeFile()) {
         EXPECT_EQ(result, UnzipResult::Success);

@@ -5,6 +5,7 @@
 #include "FullDisk.h"
 #include "PrintQt.h"
 #include "ScratchFolder.h"
+#include "TestData.h"
 #include "UnzipRun.h"
 #include "ZipRun.h"
 
@@ -19,15 +20,6 @@
 namespace {
 
 constexpr mode_t permissions = 07777;
-
-QByteArray noise(qsizetype size, quint32 seed = 1)
-{
-    QByteArray data(size, Qt::Uninitialized);
-    QRandomGenerator random(seed);
-    for (char &byte : data)
-        byte = char(random.generate());
-    return data;
-}
 
 struct ZipLibraryTest : testing::Test
 {
@@ -108,7 +100,7 @@ TEST_F(ZipLibraryTest, MakesAnArchive)
 
 TEST_F(ZipLibraryTest, StoresWhatDoesNotShrink)
 {
-    add("noise", noise(5000));
+    add("noise", TestData::noise(5000));
     add("empty", {});
     EXPECT_EQ(job.run(archive, {"noise", "empty", "one.txt"}), ZipResult::Success);
     const auto entries = directory().entries;
@@ -116,14 +108,15 @@ TEST_F(ZipLibraryTest, StoresWhatDoesNotShrink)
     EXPECT_EQ(entries[0].packedSize, 5000u);
     EXPECT_EQ(entries[1].methodName(), QByteArray("Stored"));
     EXPECT_EQ(entries[2].methodName(), QByteArray("Defl:N"));
-    EXPECT_EQ(content().value("noise"), noise(5000));
+    EXPECT_EQ(content().value("noise"), TestData::noise(5000));
     EXPECT_EQ(job.messages.value(1), QByteArray("  adding: empty (stored 0%)"));
 }
 
 /// In parts, which several threads compress.
 TEST_F(ZipLibraryTest, ArchivesLargeFiles)
 {
-    QByteArray large = QByteArray(3 << 20, '\0') + noise(3 << 20) + QByteArray("text ").repeated(600'000);
+    QByteArray large =
+        QByteArray(3 << 20, '\0') + TestData::noise(3 << 20) + QByteArray("text ").repeated(600'000);
     add("large", large);
     add("exact", QByteArray(8 << 20, 'x'));
     EXPECT_EQ(job.run(archive, {"one.txt", "large", "exact", "two.txt"}), ZipResult::Success);
@@ -169,7 +162,7 @@ TEST_F(ZipLibraryTest, ReplacesManyInAnyOrder)
     QByteArrayList all;
     for (int i = 0; i < 200; ++i) {
         all.append("f" + QByteArray::number(i));
-        add(all.constLast(), noise(i * 50, quint32(i)) + QByteArray(i * 20, 'x'));
+        add(all.constLast(), TestData::noise(i * 50, quint32(i)) + QByteArray(i * 20, 'x'));
     }
     ASSERT_EQ(job.run(archive, all), ZipResult::Success);
     QByteArrayList some;
@@ -202,7 +195,7 @@ TEST_F(ZipLibraryTest, CopiesOtherEntriesAsTheyAre)
 
 TEST_F(ZipLibraryTest, CompressesByTheLevel)
 {
-    add("words", noise(100'000).toHex() + QByteArray("some words and others ").repeated(5000));
+    add("words", TestData::noise(100'000).toHex() + QByteArray("some words and others ").repeated(5000));
     job.options.flevel = 1;
     ASSERT_EQ(job.run(archive, {"words"}), ZipResult::Success);
     const quint64 fast = directory().entries[0].packedSize;
@@ -339,14 +332,14 @@ TEST_F(ZipLibraryTest, StoresTheComment)
 
 TEST_F(ZipLibraryTest, EncryptsWithAPasswordThatIsGivenTwice)
 {
-    add("large", noise(5 << 20));
+    add("large", TestData::noise(5 << 20));
     job.options.fEncrypt = 1;
     job.passwords = {"p\u00e4ss", "p\u00e4ss"};
     EXPECT_EQ(job.run(archive, {"one.txt", "large"}), ZipResult::Success);
     EXPECT_TRUE(directory().entries[0].isEncrypted());
     EXPECT_FALSE(bytes().contains("first file"));
     EXPECT_EQ(content({"p\u00e4ss"}).value("one.txt"), QByteArray("first file, first file, first file"));
-    EXPECT_TRUE(content({"p\u00e4ss"}).value("large") == noise(5 << 20));
+    EXPECT_TRUE(content({"p\u00e4ss"}).value("large") == TestData::noise(5 << 20));
     job.options.fEncrypt = 0;
     EXPECT_EQ(job.run(archive, {"one.txt"}), ZipResult::Success);
     EXPECT_FALSE(directory().entries[0].isEncrypted()); // replaced by a plain one
@@ -419,7 +412,7 @@ TEST_F(ZipLibraryTest, StopsWhenItIsCancelled)
 {
     ASSERT_EQ(job.run(archive, {"one.txt"}), ZipResult::Success);
     const QByteArray old = bytes();
-    add("large", noise(6 << 20));
+    add("large", TestData::noise(6 << 20));
     for (int calls : {1, 2, 3, 5, 8}) {
         int left = calls;
         job.isCancelled = [&left](QByteArrayView) { return --left <= 0; };
@@ -433,7 +426,7 @@ TEST_F(ZipLibraryTest, LeavesTheOldArchiveOnAFullDisk)
 {
     ASSERT_EQ(job.run(archive, {"one.txt"}), ZipResult::Success);
     const QByteArray old = bytes();
-    add("large", noise(300'000));
+    add("large", TestData::noise(300'000));
     for (const rlim_t room : {0, 10, 100, 1000, 200'000}) {
         const FullDisk full(room);
         EXPECT_EQ(job.run(archive, {"large", "two.txt"}), ZipResult::WriteFailed) << room;

@@ -1,6 +1,7 @@
 #include "ArchiveRewrite.h"
 
 #include "FileFailure.h"
+#include "FileMode.h"
 
 #include <QByteArrayList>
 #include <fcntl.h>
@@ -10,20 +11,13 @@
 
 namespace {
 
-constexpr qint64 piece = 4 << 20;
+constexpr qint64 writtenAtOnce = 4 << 20;
 constexpr mode_t setIds = S_ISUID | S_ISGID;
 
-void check(bool isDone)
+void checkCall(bool isDone)
 {
     if (!isDone)
         throw FileFailure();
-}
-
-mode_t ordinaryMode()
-{
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return 0666 & ~mask;
 }
 
 /// Access lists are such attributes too. Some of a file's may be the system's own, and cannot be set.
@@ -110,8 +104,8 @@ void ArchiveRewrite::copyOld(qint64 size)
         loff_t from = m_size;
         loff_t to = m_size;
         const ssize_t copied = ::copy_file_range(file().get(), &from, m_new->file().get(), &to,
-                                                 size_t(qMin(piece, end - m_size)), 0);
-        check(copied >= 0);
+                                                 size_t(qMin(writtenAtOnce, end - m_size)), 0);
+        checkCall(copied >= 0);
         if (copied == 0)
             throw FileFailure(EIO); // the old file has become shorter
         m_size += copied;
@@ -125,12 +119,12 @@ void ArchiveRewrite::write(QByteArrayView bytes)
         const ssize_t taken = ::pwrite(m_new->file().get(), bytes.data(), size_t(bytes.size()), m_position);
         if (taken < 0 && errno == EINTR)
             continue;
-        check(taken >= 0);
+        checkCall(taken >= 0);
         m_position += taken;
         bytes = bytes.sliced(taken);
     }
     m_size = qMax(m_size, m_position);
-    if (m_size - m_begun < piece)
+    if (m_size - m_begun < writtenAtOnce)
         return;
     ::sync_file_range(m_new->file().get(), m_begun, m_size - m_begun, SYNC_FILE_RANGE_WRITE);
     m_begun = m_size;
@@ -159,13 +153,13 @@ void ArchiveRewrite::takeOldAttributes() const
 {
     const int target = m_new->file().get();
     if (!file().isOpen()) {
-        check(::fchmod(target, ordinaryMode()) == 0);
+        checkCall(::fchmod(target, FileMode::ordinary()) == 0);
         return;
     }
     struct stat old = {};
-    check(::fstat(file().get(), &old) == 0);
+    checkCall(::fstat(file().get(), &old) == 0);
     const bool isOwner = ::fchown(target, old.st_uid, old.st_gid) == 0;
-    check(::fchmod(target, old.st_mode & (isOwner ? 07777 : 07777 & ~setIds)) == 0);
+    checkCall(::fchmod(target, old.st_mode & (isOwner ? 07777 : 07777 & ~setIds)) == 0);
     copyAttributes(file().get(), target);
 }
 
@@ -174,15 +168,15 @@ void ArchiveRewrite::sync() const
 {
     const int target = m_new->file().get();
     constexpr unsigned all = SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
-    for (qint64 at = 0; at < m_size; at += piece) {
+    for (qint64 at = 0; at < m_size; at += writtenAtOnce) {
         m_betweenPieces();
-        ::sync_file_range(target, at, piece, all);
+        ::sync_file_range(target, at, writtenAtOnce, all);
     }
-    check(::fsync(target) == 0);
+    checkCall(::fsync(target) == 0);
 }
 
 /// The archive has no entry left.
 void ArchiveRewrite::remove() const
 {
-    check(::unlinkat(m_folder.get(), m_name.constData(), 0) == 0);
+    checkCall(::unlinkat(m_folder.get(), m_name.constData(), 0) == 0);
 }

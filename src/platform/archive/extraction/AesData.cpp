@@ -25,7 +25,7 @@ const uchar *readable(const QByteArray &bytes)
     return reinterpret_cast<const uchar *>(bytes.constData());
 }
 
-void check(bool isDone)
+void require(bool isDone)
 {
     if (!isDone)
         throw std::bad_alloc(); // nothing else can go wrong in these calls
@@ -58,7 +58,7 @@ AesData::AesData(std::unique_ptr<PackedData> data, qint64 size, int strength, co
     , m_code(EVP_MD_CTX_new(), EVP_MD_CTX_free)
     , m_codeKey(nullptr, EVP_PKEY_free)
 {
-    check(m_cipher && m_code);
+    require(m_cipher && m_code);
     if (strength < 1 || strength > 3)
         throw BadArchive{"its encryption is not supported", BadArchive::Unsupported};
     if (m_left < 0)
@@ -74,14 +74,15 @@ void AesData::readHead(int strength, const QByteArray &password)
     const QByteArray salt = readAll(*m_data, keySize / 2);
     const QByteArray expected = readAll(*m_data, checkSize);
     QByteArray keys(2 * keySize + checkSize, Qt::Uninitialized);
-    check(PKCS5_PBKDF2_HMAC_SHA1(password.constData(), int(password.size()), readable(salt), int(salt.size()),
-                                 rounds, int(keys.size()), writable(keys)) == 1);
+    require(PKCS5_PBKDF2_HMAC_SHA1(password.constData(), int(password.size()), readable(salt),
+                                   int(salt.size()), rounds, int(keys.size()), writable(keys)) == 1);
     if (keys.last(checkSize) != expected)
         throw WrongPassword();
-    check(EVP_EncryptInit_ex(m_cipher.get(), cipherOf(strength), nullptr, readable(keys), nullptr) == 1);
+    require(EVP_EncryptInit_ex(m_cipher.get(), cipherOf(strength), nullptr, readable(keys), nullptr) == 1);
     m_codeKey.reset(
         EVP_PKEY_new_raw_private_key(EVP_PKEY_HMAC, nullptr, readable(keys) + keySize, std::size_t(keySize)));
-    check(m_codeKey && EVP_DigestSignInit(m_code.get(), nullptr, EVP_sha1(), nullptr, m_codeKey.get()) == 1);
+    require(m_codeKey &&
+            EVP_DigestSignInit(m_code.get(), nullptr, EVP_sha1(), nullptr, m_codeKey.get()) == 1);
 }
 
 qsizetype AesData::read(char *to, qsizetype size)
@@ -89,7 +90,7 @@ qsizetype AesData::read(char *to, qsizetype size)
     const qsizetype wanted = qsizetype(qMin<qint64>(size, m_left));
     if (m_data->read(to, wanted) < wanted)
         throw BadArchive{"its data is damaged"};
-    check(EVP_DigestSignUpdate(m_code.get(), to, std::size_t(wanted)) == 1);
+    require(EVP_DigestSignUpdate(m_code.get(), to, std::size_t(wanted)) == 1);
     decrypt(to, wanted);
     m_left -= wanted;
     if (m_left == 0)
@@ -114,8 +115,8 @@ void AesData::fillKeyStream()
         qToLittleEndian(++m_block, counters.data() + i * blockSize);
     m_keyStream.resize(counters.size());
     int size = 0;
-    check(EVP_EncryptUpdate(m_cipher.get(), writable(m_keyStream), &size, readable(counters),
-                            int(counters.size())) == 1);
+    require(EVP_EncryptUpdate(m_cipher.get(), writable(m_keyStream), &size, readable(counters),
+                              int(counters.size())) == 1);
     m_used = 0;
 }
 
@@ -126,7 +127,7 @@ void AesData::checkEnd()
     m_isChecked = true;
     std::array<uchar, EVP_MAX_MD_SIZE> code = {};
     std::size_t size = code.size();
-    check(EVP_DigestSignFinal(m_code.get(), code.data(), &size) == 1);
+    require(EVP_DigestSignFinal(m_code.get(), code.data(), &size) == 1);
     if (readAll(*m_data, codeSize) != QByteArrayView(reinterpret_cast<char *>(code.data()), codeSize))
         throw BadArchive{"its data is damaged"};
 }

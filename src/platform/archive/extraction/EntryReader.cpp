@@ -6,12 +6,10 @@
 
 namespace {
 
-constexpr quint16 stored = 0;
-constexpr quint16 deflated = 8;
 constexpr qsizetype mostWhole = 8 << 20; ///< packed and unpacked
 constexpr qsizetype packedPiece = 256 << 10;
 constexpr qsizetype unpackedPiece = 1 << 20;
-constexpr int rawDeflate = -MAX_WBITS;
+constexpr int rawStream = -MAX_WBITS;
 constexpr quint64 mostRatio = 1032; ///< what deflate can reach
 
 bool isSmall(const ArchiveEntry &entry)
@@ -22,7 +20,8 @@ bool isSmall(const ArchiveEntry &entry)
 /// The directory promises more than so little data can become.
 bool isImpossible(const ArchiveEntry &entry)
 {
-    return entry.method == stored ? entry.size > entry.packedSize : entry.size / mostRatio > entry.packedSize;
+    return entry.method == ArchiveEntry::Stored ? entry.size > entry.packedSize
+                                                : entry.size / mostRatio > entry.packedSize;
 }
 
 } // namespace
@@ -30,7 +29,7 @@ bool isImpossible(const ArchiveEntry &entry)
 EntryReader::EntryReader()
     : m_decompressor(libdeflate_alloc_decompressor(), libdeflate_free_decompressor)
 {
-    if (!m_decompressor || inflateInit2(&m_stream, rawDeflate) != Z_OK)
+    if (!m_decompressor || inflateInit2(&m_stream, rawStream) != Z_OK)
         throw std::bad_alloc();
 }
 
@@ -41,13 +40,15 @@ EntryReader::~EntryReader()
 
 void EntryReader::start(PackedData &data, const ArchiveEntry &entry, bool isUnpacked)
 {
-    if (!isUnpacked && entry.method != stored && entry.method != deflated)
+    if (!isUnpacked && entry.method != ArchiveEntry::Stored && entry.method != ArchiveEntry::Deflated)
         throw BadArchive{"its compression method is not supported", BadArchive::Unsupported};
     if (!isUnpacked && isImpossible(entry))
         throw BadArchive{"it is smaller than the archive says"};
     m_data = &data;
     m_entry = &entry;
-    m_way = isUnpacked || entry.method == stored ? Way::Stored : isSmall(entry) ? Way::Whole : Way::Inflated;
+    m_way = isUnpacked || entry.method == ArchiveEntry::Stored ? Way::Stored
+            : isSmall(entry)                                   ? Way::Whole
+                                                               : Way::Inflated;
     m_isAtEnd = false;
     m_size = 0;
     m_crc = libdeflate_crc32(0, nullptr, 0);

@@ -11,15 +11,15 @@
 
 namespace {
 
-constexpr mode_t ordinaryMode = 0777;
+constexpr mode_t folderMode = 0777;
 constexpr qsizetype mostOpen = 64;
 
 void makeFolders(const QByteArray &path)
 {
     for (qsizetype slash = path.indexOf('/', 1); slash >= 0; slash = path.indexOf('/', slash + 1))
         ::mkdir(path.left(slash).constData(),
-                ordinaryMode); // what cannot be made is noticed by the last step
-    if (::mkdir(path.constData(), ordinaryMode) != 0 && errno != EEXIST)
+                folderMode); // what cannot be made is noticed by the last step
+    if (::mkdir(path.constData(), folderMode) != 0 && errno != EEXIST)
         throw FileFailure();
 }
 
@@ -68,7 +68,7 @@ TargetFolder::Folder TargetFolder::make(const QByteArray &path)
     const qsizetype slash = path.lastIndexOf('/');
     const Folder parent = folder(path.left(qMax<qsizetype>(slash, 0)));
     const QByteArray name = path.sliced(slash + 1);
-    if (::mkdirat(parent->get(), name.constData(), ordinaryMode) != 0 && errno != EEXIST)
+    if (::mkdirat(parent->get(), name.constData(), folderMode) != 0 && errno != EEXIST)
         throw FileFailure();
     FileDescriptor made = openBelow(*parent, name);
     if (!made.isOpen())

@@ -6,6 +6,7 @@
 #include "DosTime.h"
 #include "EntryName.h"
 #include "FileFailure.h"
+#include "FileMode.h"
 #include "JobEnd.h"
 #include "LocalHeader.h"
 #include "PlainData.h"
@@ -23,8 +24,6 @@
 
 namespace {
 
-constexpr quint16 stored = 0;
-constexpr quint16 deflated = 8;
 constexpr std::size_t listedAtOnce = 1024; // between two calls of the service function
 constexpr qsizetype printedAtOnce = 1023;  // what a print function takes
 
@@ -32,13 +31,6 @@ constexpr qsizetype printedAtOnce = 1023;  // what a print function takes
 constexpr int ifAll = 1;
 constexpr int ifFew = 2;
 constexpr int ifAsked = std::numeric_limits<int>::max();
-
-mode_t ordinaryFileMode()
-{
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return 0666 & ~mask;
-}
 
 qint32 limited(quint64 size)
 {
@@ -77,11 +69,16 @@ int resultOf(const BadArchive &failure)
     }
 }
 
+/// Unpacked here and not by libzip.
+bool isKnown(const ArchiveEntry &entry)
+{
+    return entry.method == ArchiveEntry::Stored || entry.method == ArchiveEntry::Deflated;
+}
+
 /// Neither encrypted nor packed by a method that only libzip knows.
 bool isPlain(const ArchiveEntry &entry)
 {
-    return !entry.isEncrypted() &&
-           (entry.method == stored || entry.method == deflated || !LibzipEntries::canUnpack(entry.method));
+    return !entry.isEncrypted() && (isKnown(entry) || !LibzipEntries::canUnpack(entry.method));
 }
 
 } // namespace
@@ -93,7 +90,7 @@ UnzipJob::UnzipJob(const QByteArrayList &included, const QByteArrayList &exclude
     , m_includedNames(included)
     , m_excludedNames(excluded)
     , m_password(functions.password)
-    , m_ordinaryMode(ordinaryFileMode())
+    , m_ordinaryMode(FileMode::ordinary())
 {}
 
 UnzipJob::~UnzipJob() = default;
@@ -335,7 +332,7 @@ void UnzipJob::extractByLibzip(std::size_t index, const ExtractionTask &task, co
 {
     if (!m_libzip)
         m_libzip.emplace(m_file, m_directory.prefix);
-    const bool isUnpacked = task.entry->method != stored && task.entry->method != deflated;
+    const bool isUnpacked = !isKnown(*task.entry);
     const auto data = m_libzip->open(index, password, isUnpacked);
     m_extraction.run(task, *data, isUnpacked, [this] { callService(); });
     report({task, nullptr});
@@ -351,7 +348,9 @@ void UnzipJob::report(const ExtractionPool::Done &done)
         if (m_options.ntflag)
             print("    testing: " + shown + "   OK", ifAll);
         else if (m_target)
-            print((done.task.entry->method == stored ? " extracting: " : "  inflating: ") + shown, ifAll);
+            print((done.task.entry->method == ArchiveEntry::Stored ? " extracting: " : "  inflating: ") +
+                      shown,
+                  ifAll);
     });
 }
 

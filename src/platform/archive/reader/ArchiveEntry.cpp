@@ -4,10 +4,6 @@
 
 namespace {
 
-constexpr quint32 dosReadOnly = 0x01;
-constexpr quint32 dosVolumeLabel = 0x08;
-constexpr quint32 dosFolder = 0x10;
-constexpr quint16 aesMethod = 99;
 constexpr int plainMode = 0644;
 constexpr int allPermissions = 0777; // neither set-id bits nor the sticky bit
 
@@ -23,29 +19,29 @@ bool ArchiveEntry::isFolder() const
 {
     if (name.endsWith('/') || (!isUnixMade() && name.endsWith('\\')))
         return true;
-    return isUnixMade() ? S_ISDIR(attributes >> 16) : size == 0 && (attributes & dosFolder);
+    return isUnixMade() ? S_ISDIR(attributes >> 16) : size == 0 && (attributes & Folder);
 }
 
 bool ArchiveEntry::isVolumeLabel() const
 {
-    return !isUnixMade() && (attributes & dosVolumeLabel);
+    return !isUnixMade() && (attributes & VolumeLabel);
 }
 
 quint16 ArchiveEntry::storedMethod() const
 {
-    return isAes() ? aesMethod : method;
+    return isAes() ? quint16(Aes) : method;
 }
 
 QByteArray ArchiveEntry::methodName() const
 {
     switch (method) {
-    case 0:
+    case Stored:
         return "Stored";
     case 1:
         return "Shrunk";
     case 6:
         return "Implode";
-    case 8:
+    case Deflated:
         return deflateName(flags);
     case 9:
         return "Def64";
@@ -74,7 +70,7 @@ int ArchiveEntry::savedPercentage() const
 int ArchiveEntry::permissions() const
 {
     if (!isUnixMade())
-        return attributes & dosReadOnly ? plainMode & ~S_IWUSR : 0;
+        return attributes & ReadOnly ? plainMode & ~S_IWUSR : 0;
     const mode_t mode = attributes >> 16;
     const bool isOrdinary = S_ISREG(mode) || S_ISDIR(mode) || (mode & S_IFMT) == 0;
     return isOrdinary ? int(mode) & allPermissions : plainMode;

@@ -8,6 +8,9 @@ struct ArchiveEntry
 {
     /// Who made the entry: the meaning of its attributes and of "\" in its name depend on that.
     enum System : quint8 { Dos = 0, Unix = 3, Darwin = 19 };
+    /// The methods that are unpacked here, and the one that stands for encryption by AES.
+    enum Method : quint16 { Stored = 0, Deflated = 8, Aes = 99 };
+    enum DosAttribute : quint32 { ReadOnly = 0x01, VolumeLabel = 0x08, Folder = 0x10 };
 
     QByteArray name;       ///< as FileNames has bytes: UTF-8 unless the entry was made with other names
     QByteArray storedName; ///< the bytes in the archive
@@ -18,7 +21,7 @@ struct ArchiveEntry
     quint32 crc = 0;
     quint32 attributes = 0; ///< the external ones: the high half is the mode where the system is Unix
     quint16 flags = 0;
-    quint16 method = 0; ///< that of the data; for AES too
+    quint16 method = Stored; ///< that of the data; for AES too
     quint16 dosTime = 0;
     quint16 dosDate = 0;
     quint8 system = Dos;

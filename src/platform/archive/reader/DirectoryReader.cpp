@@ -3,8 +3,9 @@
 #include "BadArchive.h"
 #include "DosTime.h"
 #include "EntryName.h"
+#include "LittleEndian.h"
 
-#include <QtEndian>
+using namespace LittleEndian;
 
 namespace {
 
@@ -20,23 +21,7 @@ constexpr qsizetype entrySize = 46;
 constexpr qsizetype mostComment = 65535;
 
 constexpr quint32 in64 = 0xffffffff; // the number is in the 64-bit field
-constexpr quint16 aesMethod = 99;
 constexpr quint64 mostOffset = quint64(1) << 60;
-
-quint16 number16(QByteArrayView bytes, qsizetype at)
-{
-    return qFromLittleEndian<quint16>(bytes.data() + at);
-}
-
-quint32 number32(QByteArrayView bytes, qsizetype at)
-{
-    return qFromLittleEndian<quint32>(bytes.data() + at);
-}
-
-quint64 number64(QByteArrayView bytes, qsizetype at)
-{
-    return qFromLittleEndian<quint64>(bytes.data() + at);
-}
 
 /// The field has those of the three numbers, in this order, that did not fit into 32 bits.
 void widen(ArchiveEntry &entry, quint64 &offset, QByteArrayView field)
@@ -52,7 +37,7 @@ void widen(ArchiveEntry &entry, quint64 &offset, QByteArrayView field)
 void readAes(ArchiveEntry &entry, QByteArrayView field)
 {
     constexpr qsizetype size = 7;
-    if (entry.method != aesMethod || field.size() < size || !entry.isEncrypted())
+    if (entry.method != ArchiveEntry::Aes || field.size() < size || !entry.isEncrypted())
         return;
     entry.aesStrength = qMax<int>(1, uchar(field[4]));
     entry.method = number16(field, 5);

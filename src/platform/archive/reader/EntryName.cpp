@@ -1,7 +1,8 @@
 #include "EntryName.h"
 
+#include "LittleEndian.h"
+
 #include <QString>
-#include <QtEndian>
 #include <libdeflate.h>
 
 namespace {
@@ -34,7 +35,7 @@ QByteArray unicodePath(const QByteArray &stored, const ExtraFields &fields)
         return {};
     const quint32 crc = libdeflate_crc32(0, stored.constData(), size_t(stored.size()));
     const QByteArrayView name = path.sliced(headSize);
-    if (qFromLittleEndian<quint32>(path.data() + 1) != crc || !name.isValidUtf8())
+    if (LittleEndian::number32(path, 1) != crc || !name.isValidUtf8())
         return {};
     return name.toByteArray();
 }

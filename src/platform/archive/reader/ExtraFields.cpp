@@ -1,28 +1,25 @@
 #include "ExtraFields.h"
 
-#include <QtEndian>
+#include "LittleEndian.h"
+
+using namespace LittleEndian;
 
 namespace {
 
-constexpr qsizetype headSize = 4;
-
-quint16 number16(QByteArrayView bytes, qsizetype at)
-{
-    return qFromLittleEndian<quint16>(bytes.data() + at);
-}
+constexpr qsizetype fieldHead = 4;
 
 } // namespace
 
 QByteArrayView ExtraFields::find(Id id) const
 {
     QByteArrayView rest = m_bytes;
-    while (rest.size() >= headSize) {
+    while (rest.size() >= fieldHead) {
         const qsizetype length = number16(rest, 2);
-        if (headSize + length > rest.size())
+        if (fieldHead + length > rest.size())
             break;
         if (number16(rest, 0) == id)
-            return rest.sliced(headSize, length);
-        rest = rest.sliced(headSize + length);
+            return rest.sliced(fieldHead, length);
+        rest = rest.sliced(fieldHead + length);
     }
     return {};
 }
@@ -38,7 +35,7 @@ std::optional<qint64> ExtraFields::modified() const
 
 std::optional<qint64> ExtraFields::windowsModified() const
 {
-    constexpr qsizetype size = 4 + headSize + 3 * 8; // reserved bytes, then a field of three times
+    constexpr qsizetype size = 4 + fieldHead + 3 * 8; // reserved bytes, then a field of three times
     constexpr qint64 perSecond = 10'000'000;
     constexpr qint64 from1601To1970 = 11'644'473'600;
     const QByteArrayView times = find(WindowsTimes);

@@ -1,17 +1,13 @@
 #include "LocalHeader.h"
 
 #include "BadArchive.h"
+#include "LittleEndian.h"
 
-#include <QtEndian>
+using namespace LittleEndian;
 
 namespace {
 
-constexpr quint32 signature = 0x04034b50;
-
-quint16 number16(const QByteArray &bytes, qsizetype at)
-{
-    return qFromLittleEndian<quint16>(bytes.constData() + at);
-}
+constexpr quint32 headerSignature = 0x04034b50;
 
 } // namespace
 
@@ -20,7 +16,7 @@ qint64 LocalHeader::dataOffset(const FileDescriptor &file, const ArchiveEntry &e
     QByteArray header(leastSize + entry.storedName.size(), Qt::Uninitialized);
     if (file.readAt(entry.offset, header.data(), header.size()) < header.size())
         throw BadArchive{"it is cut", BadArchive::Cut};
-    if (qFromLittleEndian<quint32>(header.constData()) != signature)
+    if (number32(header, 0) != headerSignature)
         throw BadArchive{"its header is missing"};
     const qsizetype nameSize = number16(header, 26);
     if (nameSize != entry.storedName.size() || header.sliced(leastSize) != entry.storedName)

@@ -17,6 +17,7 @@ namespace {
 
 constexpr int recurseFolders = 1;
 constexpr int recursePatterns = 2;
+constexpr std::size_t filesAtOnce = 64;
 
 std::optional<SourceFile> stateOf(const QByteArray &path)
 {
@@ -48,9 +49,11 @@ QByteArray joined(const QByteArray &folder, const QByteArray &name)
 } // namespace
 
 FileCollector::FileCollector(const ZPOPT &options,
-                             std::function<void(const QByteArray &name, const char *reason)> warn)
+                             std::function<void(const QByteArray &name, const char *reason)> warn,
+                             std::function<void()> betweenFiles)
     : m_options(options)
     , m_warn(std::move(warn))
+    , m_betweenFiles(std::move(betweenFiles))
 {}
 
 std::vector<SourceFile> FileCollector::collect(const QByteArrayList &names)
@@ -123,6 +126,8 @@ void FileCollector::walk(const QByteArray &folder, Visit visit)
     while (!left.isEmpty()) {
         const QByteArray at = left.takeLast();
         for (const QByteArray &name : namesIn(at)) {
+            if (++m_count % filesAtOnce == 0)
+                m_betweenFiles();
             const QByteArray path = joined(at, name);
             visit(path);
             if (isRealFolder(path))

@@ -13,8 +13,10 @@
 class FileCollector
 {
 public:
-    /// \a warn is called with each name that is left out, and why.
-    FileCollector(const ZPOPT &options, std::function<void(const QByteArray &name, const char *reason)> warn);
+    /// \a warn is called with each name that is left out, and why, \a betweenFiles now and then; what it
+    /// throws ends the search.
+    FileCollector(const ZPOPT &options, std::function<void(const QByteArray &name, const char *reason)> warn,
+                  std::function<void()> betweenFiles);
 
     /// A file that is never taken: the archive itself.
     void leaveOut(const SourceFile &file) { m_leftOut.push_back(file); }
@@ -41,8 +43,10 @@ private:
 
     const ZPOPT &m_options;
     std::function<void(const QByteArray &, const char *)> m_warn;
+    std::function<void()> m_betweenFiles;
     std::vector<SourceFile> m_leftOut;
     std::vector<SourceFile> m_files;
     QHash<QByteArray, std::size_t> m_byName; ///< indices of m_files
+    std::size_t m_count = 0;                 ///< of files looked at
     bool m_hasMissed = false;
 };

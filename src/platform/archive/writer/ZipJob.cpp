@@ -28,8 +28,6 @@
 namespace {
 
 constexpr int defaultLevel = 6;
-constexpr quint32 dosVolumeLabel = 0x08;
-constexpr quint32 dosFolder = 0x10;
 constexpr quint16 unixTimes = 0x5455;
 constexpr zip_flags_t bothHeaders = ZIP_FL_LOCAL | ZIP_FL_CENTRAL;
 
@@ -202,8 +200,9 @@ int ZipJob::addFiles()
 /// others.
 std::vector<SourceFile> ZipJob::collect()
 {
-    FileCollector collector(m_options,
-                            [this](const QByteArray &name, const char *reason) { warn(name, reason); });
+    FileCollector collector(
+        m_options, [this](const QByteArray &name, const char *reason) { warn(name, reason); },
+        [this] { callService(); });
     struct stat state = {};
     if (::stat(m_path.constData(), &state) == 0) {
         SourceFile archive;
@@ -328,7 +327,7 @@ void ZipJob::describe(const SourceFile &file, zip_uint64_t index)
     zip_t *archive = m_archive.get();
     if (file.replaced && m_directory.entries[*file.replaced].storedName != file.name)
         check(archive, zip_file_rename(archive, index, file.name.constData(), ZIP_FL_ENC_GUESS));
-    const quint32 attributes = quint32(file.mode) << 16 | (file.isFolder ? dosFolder : 0);
+    const quint32 attributes = quint32(file.mode) << 16 | (file.isFolder ? quint32(ArchiveEntry::Folder) : 0);
     check(archive, zip_file_set_external_attributes(archive, index, 0, ZIP_OPSYS_UNIX, attributes));
     zip_file_extra_field_delete(archive, index, ZIP_EXTRA_FIELD_ALL, bothHeaders);
     const auto seconds = qint32(file.modified);
@@ -352,17 +351,13 @@ void ZipJob::addVolumeLabel()
     if (index < 0)
         zip_source_free(source);
     check(archive, index);
-    check(archive,
-          zip_file_set_external_attributes(archive, zip_uint64_t(index), 0, ZIP_OPSYS_DOS, dosVolumeLabel));
+    check(archive, zip_file_set_external_attributes(archive, zip_uint64_t(index), 0, ZIP_OPSYS_DOS,
+                                                    ArchiveEntry::VolumeLabel));
 }
 
 /// Here everything is done: libzip asks for the data of all new entries and writes the archive.
 void ZipJob::close()
 {
-    zip_register_cancel_callback_with_state(
-        m_archive.get(),
-        [](zip_t *, void *job) { return static_cast<ZipJob *>(job)->m_rewrite->failure() ? 1 : 0; }, nullptr,
-        this);
     if (zip_close(m_archive.get()) == 0) {
         m_archive.release();
         return;
