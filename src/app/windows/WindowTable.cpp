@@ -7,7 +7,11 @@
 #include "frmFTPAccounts.h"
 #include "frmMargins.h"
 #include "frmOptions.h"
+#include "frmOverwrite.h"
+#include "frmPassword.h"
 #include "frmSplash.h"
+#include "frmUnzip.h"
+#include "frmZip.h"
 
 namespace {
 
@@ -32,6 +36,10 @@ constexpr Row windows[] = {
     {"frmCalculator", Forms::Instances::One, make<frmCalculator>},
     {"frmFTP", Forms::Instances::One, make<frmFTP>},
     {"frmFTPAccounts", Forms::Instances::One, make<frmFTPAccounts>},
+    {"frmZip", Forms::Instances::One, make<frmZip>},
+    {"frmUnzip", Forms::Instances::One, make<frmUnzip>},
+    {"frmOverwrite", Forms::Instances::One, make<frmOverwrite>},
+    {"frmPassword", Forms::Instances::One, make<frmPassword>},
 };
 
 } // namespace
