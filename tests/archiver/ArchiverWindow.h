@@ -38,7 +38,10 @@ public:
     /// The items of a menu, as "name caption", "-" for a separator.
     QStringList items(int menu) const;
     bool isEnabled(const char *name) const { return control<QWidget>(name).isEnabled(); }
-    QString status() const { return control<StatusBar>("sbrMain").Panels(1).Text(); }
+    QString status() const
+    {
+        return static_cast<const StatusBar &>(control<QStatusBar>("sbrMain")).Panels(1).Text();
+    }
 
     template<class Control>
     Control &control(const char *name) const

@@ -77,4 +77,4 @@ TEST_P(FileDropNameTest, AnyNameArrives)
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, FileDropNameTest, testing::ValuesIn(HostileNames::files()),
-                         HostileNames::what);
+                         HostileNames::what<testing::TestParamInfo<HostileName>>);

@@ -329,4 +329,5 @@ TEST_P(frmZipNameTest, AnyNameIsAddedAndNamed)
     EXPECT_EQ(test.code, 0) << test.output.constData();
 }
 
-INSTANTIATE_TEST_SUITE_P(Names, frmZipNameTest, testing::ValuesIn(HostileNames::files()), HostileNames::what);
+INSTANTIATE_TEST_SUITE_P(Names, frmZipNameTest, testing::ValuesIn(HostileNames::files()),
+                         HostileNames::what<testing::TestParamInfo<HostileName>>);
