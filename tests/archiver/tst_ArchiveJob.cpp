@@ -1,10 +1,12 @@
 #include "ArchiveJob.h"
+#include "EventGate.h"
 #include "FakeFrame.h"
 #include "Form.h"
 #include "PrintQt.h"
 #include "RuntimeError.h"
 
 #include <QAction>
+#include <QPointer>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -35,7 +37,7 @@ public:
 struct ArchiveJobTest : testing::Test
 {
     FakeFrame frame;
-    JobForm *form = new JobForm;
+    QPointer<JobForm> form = new JobForm;
     ArchiveJob job{*form,
                    {QStringLiteral("cmdFirst"), QStringLiteral("cmdSecond"), QStringLiteral("mnuItem")}};
 
@@ -44,7 +46,11 @@ struct ArchiveJobTest : testing::Test
         form->showModeless();
         EXPECT_TRUE(QTest::qWaitForWindowActive(form));
     }
-    ~ArchiveJobTest() override { form->unload(); }
+    ~ArchiveJobTest() override
+    {
+        if (form)
+            form->unload();
+    }
 };
 
 } // namespace
@@ -133,9 +139,13 @@ TEST_F(ArchiveJobTest, NotWithEachCall)
 TEST_F(ArchiveJobTest, ClosingTheWindowEndsTheJob)
 {
     QTimer::singleShot(0, form, [this] { form->unload(); });
-    job.run([this] {
-        while (job.letEventsThrough())
-            EXPECT_TRUE(form->isLoaded());
+    run([this] { // as every handler does, so that the window lives on until it has returned
+        job.run([this] {
+            while (job.letEventsThrough())
+                EXPECT_TRUE(form->isLoaded());
+        });
+        EXPECT_FALSE(form->isLoaded());
     });
-    EXPECT_FALSE(form->isLoaded());
+    QTest::qWait(0);
+    EXPECT_FALSE(form);
 }

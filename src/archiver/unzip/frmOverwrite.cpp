@@ -14,21 +14,22 @@ namespace {
 
 constexpr int iconSize = 32;       // pixels
 constexpr int charactersWide = 52; // of the question
-constexpr int longestWord = 40;    // characters that have to fit into a line
 
-/// \a text with places where a line may end in words that are longer than a line, as many names are.
-QString breakable(const QString &text)
+/// \a text with places where a line may end in words that are wider than \a width, as many names are.
+QString breakable(const QString &text, const QFontMetrics &metrics, int width)
 {
     constexpr QChar breakHere(0x200B);
     QString broken;
-    int wordLength = 0;
+    qsizetype wordStart = 0;
     for (const QChar character : text) {
-        wordLength = character == u' ' ? 0 : wordLength + 1;
-        if (wordLength > longestWord && !character.isLowSurrogate() && !character.isMark()) {
+        const QString word = broken.sliced(wordStart) + character;
+        if (metrics.horizontalAdvance(word) > width && !character.isLowSurrogate() && !character.isMark()) {
             broken += breakHere;
-            wordLength = 1;
+            wordStart = broken.size();
         }
         broken += character;
+        if (character == u' ')
+            wordStart = broken.size();
     }
     return broken;
 }
@@ -74,7 +75,7 @@ frmOverwrite::frmOverwrite()
 void frmOverwrite::setTheCaption(const QString &caption)
 {
     m_caption = caption;
-    lblCaption->setText(breakable(ShownText::line(caption)));
+    lblCaption->setText(breakable(ShownText::line(caption), lblCaption->fontMetrics(), lblCaption->width()));
     setAccessibleDescription(ShownText::line(caption));
 }
 

@@ -25,6 +25,7 @@ public:
     frmUnzip();
 
     QList<QMenu *> menus() const override { return m_menus; }
+    QSize sizeHint() const override;
 
     /// What the check boxes say since they have been clicked.
     bool OverwritePrompt = false;
@@ -63,6 +64,7 @@ private:
     void setStatus(const QString &status);
 
     QPushButton *button(const char *name, const QString &caption, const QString &icon);
+    QWidget *buildContent();
     QLayout *buildButtons();
     QLayout *buildOptions();
     void buildMenus();

@@ -16,6 +16,7 @@
 namespace {
 
 constexpr int columnWidth = 190 * 15; // twips
+constexpr QSize firstSize(820, 500);  // pixels
 constexpr int leastRows = 5;          // of the list
 
 constexpr ToolMenuRow menuRows[] = {
@@ -100,16 +101,33 @@ void frmUnzip::buildMenus()
             &member<QAction>(ControlName("mnuFile", firstRecentItem + row).text());
 }
 
+/// Four columns and some twenty rows, which a small child area cuts.
+QSize frmUnzip::sizeHint() const
+{
+    return ChildForm::sizeHint().expandedTo(firstSize);
+}
+
 void frmUnzip::layOut()
 {
+    sbrMain = named("sbrMain", new StatusBar(panels));
+    sbrMain->setSizeGripEnabled(false);
     auto *column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addWidget(buildContent(), 1);
+    column->addWidget(sbrMain);
+    setFocusProxy(cmdOpen);
+}
+
+QWidget *frmUnzip::buildContent()
+{
+    auto *content = new QWidget;
+    auto *column = new QVBoxLayout(content);
     column->addLayout(buildButtons());
     column->addLayout(buildOptions());
     buildList();
     column->addWidget(lvwZip, 1);
-    sbrMain = named("sbrMain", new StatusBar(panels));
-    sbrMain->setSizeGripEnabled(false);
-    column->addWidget(sbrMain);
+    return content;
 }
 
 QPushButton *frmUnzip::button(const char *name, const QString &caption, const QString &icon)

@@ -42,6 +42,7 @@ private:
     void ask(const QString &prompt, QString &answer, bool &cancel) const;
 
     QPushButton *button(const char *name, const QString &caption, const QString &icon);
+    QWidget *buildContent();
     QWidget *buildFiles();
     QWidget *buildTarget();
     QWidget *buildOptions();

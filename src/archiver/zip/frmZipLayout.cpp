@@ -93,14 +93,25 @@ frmZip::frmZip()
 
 void frmZip::layOut()
 {
+    sbrMain = named("sbrMain", new StatusBar(panels));
+    sbrMain->setSizeGripEnabled(false);
     auto *column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addWidget(buildContent(), 1);
+    column->addWidget(sbrMain);
+    setFocusProxy(cmdSingleFile);
+}
+
+QWidget *frmZip::buildContent()
+{
+    auto *content = new QWidget;
+    auto *column = new QVBoxLayout(content);
     column->addWidget(buildFiles(), 3);
     column->addWidget(buildTarget());
     column->addWidget(buildOptions());
     column->addWidget(buildProgress(), 2);
-    sbrMain = named("sbrMain", new StatusBar(panels));
-    sbrMain->setSizeGripEnabled(false);
-    column->addWidget(sbrMain);
+    return content;
 }
 
 QPushButton *frmZip::button(const char *name, const QString &caption, const QString &icon)

@@ -326,7 +326,7 @@ TEST_F(cBrowseForFolderTest, ANewFolderThatCannotBeMadeIsReported)
         choose([this] {
             frame.dialogs.expectInput(QStringLiteral("New Folder"), QStringLiteral("Enter new folder name"))
                 .type(QStringLiteral("none/new"));
-            frame.dialogs.expectBox(QStringLiteral("New Folder"), QStringLiteral("Path not found"))
+            frame.dialogs.expectBox(QStringLiteral("New Folder"), QStringLiteral("File not found"))
                 .icon(QMessageBox::Warning);
             press("cmdNewFolder");
             frame.dialogs.expectInput(QStringLiteral("New Folder"), QStringLiteral("Enter new folder name"))

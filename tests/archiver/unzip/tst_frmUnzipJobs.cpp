@@ -283,7 +283,7 @@ TEST_F(frmUnzipJobTest, ClosingTheWindowEndsTheExtraction)
     bool closed = false;
     on(&window.unzip(), &cUnzip::Progress, &window.form(), [&] {
         if (!closed)
-            QTimer::singleShot(0, &window.form(), [this] { window.choose("mnuClose"); });
+            window.choose("mnuClose");
         closed = true;
     });
     window.extract();
