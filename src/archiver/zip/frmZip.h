@@ -21,6 +21,7 @@ public:
     frmZip();
 
     QList<QMenu *> menus() const override { return m_menus; }
+    QSize sizeHint() const override;
 
 private:
     void cmdSingleFile_Click();

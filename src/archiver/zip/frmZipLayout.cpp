@@ -17,8 +17,9 @@
 
 namespace {
 
-constexpr int leastRows = 4;      // of a list
-constexpr int targetLetters = 48; // of the archive's path
+constexpr QSize firstSize(640, 500); // pixels
+constexpr int leastRows = 4;         // of a list
+constexpr int targetLetters = 30;    // of the archive's path
 
 constexpr ToolMenuRow menuRows[] = {
     renamed(StandardToolMenu::File, "mnufile", "&File"),
@@ -89,6 +90,12 @@ frmZip::frmZip()
         member<QAction>(QString::fromLatin1(item)).setCheckable(true);
     layOut();
     bind();
+}
+
+/// The text of the archive's box is readable.
+QSize frmZip::sizeHint() const
+{
+    return ChildForm::sizeHint().expandedTo(firstSize);
 }
 
 void frmZip::layOut()
