@@ -10,12 +10,20 @@
 #include "frmFTPAccounts.h"
 #include "frmMargins.h"
 #include "frmOptions.h"
+<<<<<<< HEAD
 #include "frmPrintDocument.h"
 #include "frmQuillAddressAbout.h"
 #include "frmRegCity.h"
 #include "frmRegister.h"
 #include "frmSplash.h"
 #include "frmquilladdresshelp.h"
+=======
+#include "frmOverwrite.h"
+#include "frmPassword.h"
+#include "frmSplash.h"
+#include "frmUnzip.h"
+#include "frmZip.h"
+>>>>>>> zipwindows
 
 namespace {
 
@@ -40,6 +48,7 @@ constexpr Row windows[] = {
     {"frmCalculator", Forms::Instances::One, make<frmCalculator>},
     {"frmFTP", Forms::Instances::One, make<frmFTP>},
     {"frmFTPAccounts", Forms::Instances::One, make<frmFTPAccounts>},
+<<<<<<< HEAD
     {"frmAddressBook", Forms::Instances::One, make<frmAddressBook>},
     {"frmBirthDays", Forms::Instances::One, make<frmBirthDays>},
     {"frmQuillAddressAbout", Forms::Instances::One, make<frmQuillAddressAbout>},
@@ -48,6 +57,12 @@ constexpr Row windows[] = {
     {"frmRegCity", Forms::Instances::One, make<frmRegCity>},
     {"frmRegister", Forms::Instances::One, make<frmRegister>},
     {"frmPrintDocument", Forms::Instances::One, make<frmPrintDocument>},
+=======
+    {"frmZip", Forms::Instances::One, make<frmZip>},
+    {"frmUnzip", Forms::Instances::One, make<frmUnzip>},
+    {"frmOverwrite", Forms::Instances::One, make<frmOverwrite>},
+    {"frmPassword", Forms::Instances::One, make<frmPassword>},
+>>>>>>> zipwindows
 };
 
 } // namespace
