@@ -10,20 +10,16 @@
 #include "frmFTPAccounts.h"
 #include "frmMargins.h"
 #include "frmOptions.h"
-<<<<<<< HEAD
+#include "frmOverwrite.h"
+#include "frmPassword.h"
 #include "frmPrintDocument.h"
 #include "frmQuillAddressAbout.h"
 #include "frmRegCity.h"
 #include "frmRegister.h"
 #include "frmSplash.h"
-#include "frmquilladdresshelp.h"
-=======
-#include "frmOverwrite.h"
-#include "frmPassword.h"
-#include "frmSplash.h"
 #include "frmUnzip.h"
 #include "frmZip.h"
->>>>>>> zipwindows
+#include "frmquilladdresshelp.h"
 
 namespace {
 
@@ -48,7 +44,6 @@ constexpr Row windows[] = {
     {"frmCalculator", Forms::Instances::One, make<frmCalculator>},
     {"frmFTP", Forms::Instances::One, make<frmFTP>},
     {"frmFTPAccounts", Forms::Instances::One, make<frmFTPAccounts>},
-<<<<<<< HEAD
     {"frmAddressBook", Forms::Instances::One, make<frmAddressBook>},
     {"frmBirthDays", Forms::Instances::One, make<frmBirthDays>},
     {"frmQuillAddressAbout", Forms::Instances::One, make<frmQuillAddressAbout>},
@@ -57,12 +52,10 @@ constexpr Row windows[] = {
     {"frmRegCity", Forms::Instances::One, make<frmRegCity>},
     {"frmRegister", Forms::Instances::One, make<frmRegister>},
     {"frmPrintDocument", Forms::Instances::One, make<frmPrintDocument>},
-=======
     {"frmZip", Forms::Instances::One, make<frmZip>},
     {"frmUnzip", Forms::Instances::One, make<frmUnzip>},
     {"frmOverwrite", Forms::Instances::One, make<frmOverwrite>},
     {"frmPassword", Forms::Instances::One, make<frmPassword>},
->>>>>>> zipwindows
 };
 
 } // namespace
