@@ -22,8 +22,10 @@ public:
 private:
     void AutoDial(const QString &number)
     {
+        load();
         m_dialled.append(Forms::named(QStringLiteral("frmAddress")).isEmpty() ? number
                                                                               : QStringLiteral("too early"));
+        unload();
     }
 
     QStringList &m_dialled;
