@@ -97,7 +97,7 @@ void TransferSession::start(const QString &text)
 void TransferSession::closeByCommand()
 {
     m_isLost = false;
-    if (dropConnection()) {
+    if (closeConnection()) {
         post(TransferState::Disconnecting);
         post(TransferState::Disconnected);
     }
@@ -199,7 +199,7 @@ void TransferSession::timeOut()
         return m_connection->control().stream().hasInput() || m_job->hasInput();
     };
     if (!m_job->waitsForServer() || hasUnreadInput() ||
-        m_job->isTaken()) { // another handler may have taken long
+        m_job->hasNewAcknowledgement()) { // another handler may have taken long
         waitLonger();
         return;
     }
@@ -209,23 +209,23 @@ void TransferSession::timeOut()
 void TransferSession::connectionFailed(const TransferFailure &failure)
 {
     m_isLost = m_connection->isLoggedOn();
-    if (dropConnection())
+    if (closeConnection())
         post(TransferState::Disconnected);
     if (m_job && m_job->waitsForServer())
         fail(m_job->failure() ? *m_job->failure() : failure);
 }
 
-void TransferSession::dropJob()
+void TransferSession::endJob()
 {
     m_timeout.stop();
     if (!m_job)
         return;
-    m_job->letGo();
+    m_job->cleanUp();
     deleteSoon(m_job);
 }
 
 /// True when the server had greeted.
-bool TransferSession::dropConnection()
+bool TransferSession::closeConnection()
 {
     if (!m_connection)
         return false;
@@ -238,14 +238,14 @@ bool TransferSession::dropConnection()
 
 void TransferSession::succeed(const QString &response)
 {
-    dropJob();
+    endJob();
     m_response = response;
     post(TransferState::ResponseCompleted);
 }
 
 void TransferSession::fail(const TransferFailure &failure)
 {
-    dropJob();
+    endJob();
     m_code = failure.code;
     m_info = failure.info;
     post(TransferState::Error);

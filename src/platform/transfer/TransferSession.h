@@ -47,8 +47,8 @@ private:
     void waitLonger();
     void timeOut();
     void connectionFailed(const TransferFailure &failure);
-    void dropJob();
-    bool dropConnection();
+    void endJob();
+    bool closeConnection();
     void succeed(const QString &response);
     void fail(const TransferFailure &failure);
 

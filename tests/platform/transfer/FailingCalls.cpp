@@ -1,6 +1,7 @@
 #include "FailingCalls.h"
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/syscall.h>
@@ -14,7 +15,9 @@ struct Failure
     int times = 0;
 };
 
-std::array<Failure, 4> failures;
+std::array<Failure, 5> failures;
+std::atomic<bool> isSyncHeld = false;
+std::atomic<int> syncCount = 0;
 
 template<class... Args>
 int perform(FailingCalls::Call call, long number, Args... args)
@@ -32,11 +35,23 @@ int perform(FailingCalls::Call call, long number, Args... args)
 FailingCalls::~FailingCalls()
 {
     failures = {};
+    holdSync(false);
 }
 
 void FailingCalls::fail(Call call, int error, int times)
 {
     failures[call] = {error, times};
+}
+
+void FailingCalls::holdSync(bool isHeld)
+{
+    isSyncHeld = isHeld;
+    isSyncHeld.notify_all();
+}
+
+int FailingCalls::syncs() const
+{
+    return syncCount;
 }
 
 // The linker takes these in place of the C library's.
@@ -60,5 +75,12 @@ int linkat(int oldFolder, const char *from, int newFolder, const char *to, int f
 int unlinkat(int folder, const char *name, int flags) noexcept
 {
     return perform(FailingCalls::Unlink, SYS_unlinkat, folder, name, flags);
+}
+
+int fsync(int file)
+{
+    ++syncCount;
+    isSyncHeld.wait(true);
+    return perform(FailingCalls::Sync, SYS_fsync, file);
 }
 }

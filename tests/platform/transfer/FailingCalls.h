@@ -1,11 +1,11 @@
 #pragma once
 
-/// Makes functions of the C library fail in this process, as they do on file systems that lack them. Its end
-/// makes them work again.
+/// Makes functions of the C library fail in this process, as they do on file systems that lack them, or wait
+/// as on slow disks. Its end makes them work again.
 class FailingCalls
 {
 public:
-    enum Call { RenameToFree, Rename, Link, Unlink };
+    enum Call { RenameToFree, Rename, Link, Unlink, Sync };
 
     FailingCalls() = default;
     ~FailingCalls();
@@ -14,4 +14,9 @@ public:
 
     /// The next \a times calls fail with the errno value \a error.
     void fail(Call call, int error, int times = 1000);
+
+    /// Calls of Sync, which other threads may make, wait until this is called with false, or for the end.
+    void holdSync(bool isHeld);
+    /// How many calls of Sync there were in this process.
+    int syncs() const;
 };

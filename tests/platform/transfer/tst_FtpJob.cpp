@@ -48,7 +48,7 @@ TEST(FtpJob, AJobThatIsOverHearsNoMore)
         QSignalSpy failed(&job, &FtpJob::failed);
         job.run(connection);
         TransferProbe::waitFor([&] { return failed.count() == 1; });
-        job.letGo();
+        job.cleanUp();
     }
     QSignalSpy heard(&connection.control(), &FtpControl::heard);
     server.sendUnasked("250 Done.\r\n");
@@ -70,6 +70,6 @@ TEST(FtpJob, AJobMayOutliveItsConnection)
         job.run(connection);
         TransferProbe::waitFor([&] { return server.isHolding(); });
     }
-    job.letGo();
+    job.cleanUp();
     EXPECT_EQ(replies, 0);
 }

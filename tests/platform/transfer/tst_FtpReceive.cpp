@@ -1,4 +1,5 @@
 #include "AsUser.h"
+#include "FailingCalls.h"
 #include "FileNames.h"
 #include "Files.h"
 #include "FtpServer.h"
@@ -7,6 +8,7 @@
 #include "InternetTransfer.h"
 #include "PrintQt.h"
 #include "ScratchFolder.h"
+#include "ScratchVariable.h"
 #include "TransferError.h"
 #include "TransferProbe.h"
 
@@ -74,6 +76,18 @@ TEST_F(FtpReceiveTest, TheFileComesWholeWithItsTime)
     const mode_t mask = ::umask(0);
     ::umask(mask);
     EXPECT_EQ(state.st_mode & 07777, 0666 & ~mask);
+}
+
+/// Half past two does not exist there on that day.
+TEST_F(FtpReceiveTest, TheTimeIsThatOfTheWholeWorld)
+{
+    const ScratchVariable zone("TZ", "Europe/Berlin");
+    remote.addFile("a");
+    server.reply("MDTM", "213 20260329023000.5");
+    EXPECT_EQ(probe.codeOf(get(QStringLiteral("a"))), 0);
+    struct stat state = {};
+    ASSERT_EQ(::stat(local.file("a").constData(), &state), 0);
+    EXPECT_EQ(state.st_mtim.tv_sec, 1'774'751'400);
 }
 
 TEST_F(FtpReceiveTest, AnEmptyFileIsAFileToo)
@@ -218,6 +232,16 @@ TEST_F(FtpReceiveTest, AFileThatIsNotThereIsRefused)
 {
     EXPECT_EQ(probe.codeOf(get(QStringLiteral("a"))), TransferError::Refused);
     EXPECT_EQ(probe.session().ResponseInfo(), QStringLiteral("550 No such file."));
+    EXPECT_EQ(localNames(), QByteArrayList());
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+}
+
+TEST_F(FtpReceiveTest, ADiskThatFailsAtTheEndIsReportedAndLeavesNothing)
+{
+    remote.addFile("a", "12345");
+    FailingCalls calls;
+    calls.fail(FailingCalls::Sync, EIO);
+    EXPECT_EQ(probe.codeOf(get(QStringLiteral("a"))), TransferError::DeviceError);
     EXPECT_EQ(localNames(), QByteArrayList());
     EXPECT_EQ(probe.codeOf("DIR"), 0);
 }

@@ -130,3 +130,15 @@ TEST_F(ReceivedFileTest, AHiddenNameThatStaysIsNoFailure)
     EXPECT_EQ(content("a"), "theirs");
     EXPECT_EQ(names().size(), 2);
 }
+
+TEST_F(ReceivedFileTest, SyncingWritesToTheDisk)
+{
+    const ReceivedFile file(folder(), "a");
+    const int before = calls.syncs();
+    EXPECT_EQ(file.syncing()(), 0);
+    EXPECT_EQ(calls.syncs(), before + 1);
+    calls.fail(FailingCalls::Sync, EIO);
+    EXPECT_EQ(file.syncing()(), EIO);
+    calls.fail(FailingCalls::Sync, EINVAL); // no disk is behind such a file
+    EXPECT_EQ(file.syncing()(), 0);
+}

@@ -1,4 +1,5 @@
 #include "EventGate.h"
+#include "FailingCalls.h"
 #include "FtpServer.h"
 #include "InternetTransfer.h"
 #include "PrintQt.h"
@@ -13,6 +14,7 @@
 #include <QTcpSocket>
 #include <QTimer>
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/socket.h>
 
 namespace {
@@ -39,6 +41,26 @@ protected:
     {
         for (int i = 0; i < 20; ++i)
             processPendingEvents();
+    }
+    /// Waits until a server that was silent for a second is given up by another session.
+    void outlastTimeOut()
+    {
+        ScratchFolder folder;
+        FtpServer silent(folder.path());
+        silent.keepSilent(FtpServer::Greeting);
+        TransferProbe other(silent);
+        other.session().setRequestTimeout(1);
+        EXPECT_EQ(other.codeOf("DIR"), TransferError::TimedOut);
+    }
+    /// A file has come, and the disk takes its time.
+    void receiveOnSlowDisk(FailingCalls &calls)
+    {
+        const int before = calls.syncs();
+        calls.holdSync(true);
+        probe.session().Execute({}, get());
+        QTimer looks; // it is another thread that gets there
+        looks.start(1);
+        probe.waitFor([&] { return calls.syncs() > before; });
     }
     template<class Handler>
     void onState(Handler handler)
@@ -364,6 +386,63 @@ TEST_F(TransferWaitsTest, AnUploadThatIsTakenSlowlyGoesOn)
     probe.session().setRequestTimeout(1);
     EXPECT_EQ(probe.codeOf(put()), 0);
     EXPECT_EQ(taken, size);
+}
+
+TEST_F(TransferWaitsTest, NothingTimesOutAfterCancel)
+{
+    probe.session().setRequestTimeout(1);
+    server.keepSilent("MLSD");
+    probe.start("DIR");
+    probe.waitFor([this] { return !server.commands("MLSD").isEmpty(); });
+    probe.session().Cancel();
+    probe.forgetStates();
+    outlastTimeOut();
+    EXPECT_EQ(probe.states(), QList<int>());
+}
+
+TEST_F(TransferWaitsTest, ASlowDiskDoesNotTimeOut)
+{
+    FailingCalls calls;
+    probe.session().setRequestTimeout(1);
+    receiveOnSlowDisk(calls);
+    outlastTimeOut();
+    EXPECT_TRUE(probe.session().StillExecuting());
+    calls.holdSync(false);
+    probe.wait();
+    EXPECT_EQ(probe.session().ResponseCode(), 0);
+    EXPECT_EQ(localCount(), 2);
+    EXPECT_EQ(probe.codeOf("CDUP"), 0);
+}
+
+TEST_F(TransferWaitsTest, AFileThatHasComeNeedsNoConnection)
+{
+    FailingCalls calls;
+    receiveOnSlowDisk(calls);
+    server.dropConnections();
+    probe.waitFor([this] { return probe.states().constLast() == State::Disconnected; });
+    EXPECT_TRUE(probe.session().StillExecuting());
+    calls.holdSync(false);
+    probe.wait();
+    EXPECT_EQ(probe.session().ResponseCode(), 0);
+    EXPECT_EQ(localCount(), 2);
+    EXPECT_EQ(probe.codeOf("CDUP"), TransferError::ConnectionLost);
+}
+
+/// The program itself was too busy to read it.
+TEST_F(TransferWaitsTest, AReplyThatWaitsToBeReadIsInTime)
+{
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+    probe.session().setRequestTimeout(1);
+    server.keepSilent("CDUP");
+    probe.start("CDUP");
+    probe.waitFor([this] { return !server.commands("CDUP").isEmpty(); });
+    QTimer::singleShot(1, &server, [this] {
+        ::poll(nullptr, 0, 1200);
+        QMetaObject::invokeMethod(
+            &server, [this] { server.sendUnasked("250 Done.\r\n"); }, Qt::QueuedConnection);
+    });
+    probe.wait();
+    EXPECT_EQ(probe.session().ResponseCode(), 0);
 }
 
 TEST_F(TransferWaitsTest, AServerThatTakesNoDataTimesOut)

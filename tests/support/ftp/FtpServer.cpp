@@ -3,14 +3,13 @@
 #include "FileNames.h"
 #include "FtpServerSession.h"
 
-#include <QHostAddress>
 #include <algorithm>
 #include <gtest/gtest.h>
 
-FtpServer::FtpServer(const QString &root)
+FtpServer::FtpServer(const QString &root, const QHostAddress &host)
     : m_root(FileNames::toBytes(root))
 {
-    EXPECT_TRUE(listen(QHostAddress::LocalHost)) << qPrintable(errorString());
+    EXPECT_TRUE(listen(host)) << qPrintable(errorString());
 }
 
 FtpServer::~FtpServer()
@@ -21,7 +20,10 @@ FtpServer::~FtpServer()
 
 QString FtpServer::address() const
 {
-    return QStringLiteral("127.0.0.1:%1").arg(port());
+    const bool isIp6 = serverAddress().protocol() == QAbstractSocket::IPv6Protocol;
+    return (isIp6 ? QStringLiteral("[%1]:%2") : QStringLiteral("%1:%2"))
+        .arg(serverAddress().toString())
+        .arg(port());
 }
 
 QByteArrayList FtpServer::commands(const QByteArray &verb) const

@@ -3,6 +3,7 @@
 #include "FtpFault.h"
 
 #include <QHash>
+#include <QHostAddress>
 #include <QList>
 #include <QPointer>
 #include <QSslConfiguration>
@@ -11,8 +12,8 @@
 
 class FtpServerSession;
 
-/// An FTP server on 127.0.0.1 that serves a folder and makes the faults that a test asks for. It runs in the
-/// test's own event loop.
+/// An FTP server on 127.0.0.1, or on ::1, that serves a folder and makes the faults that a test asks for. It
+/// runs in the test's own event loop.
 ///
 /// A fault belongs to a stage: a verb ("RETR"), Greeting, or EndOfData, which is the last reply of a
 /// transfer. It happens each time until it is replaced or forgotten.
@@ -23,11 +24,11 @@ public:
     static constexpr const char *EndOfData = "end of data";
 
     /// Serves \a root, a native path. Users are "tester" with the password "secret", and "anonymous".
-    explicit FtpServer(const QString &root);
+    explicit FtpServer(const QString &root, const QHostAddress &host = QHostAddress::LocalHost);
     ~FtpServer() override;
 
     quint16 port() const { return serverPort(); }
-    /// "127.0.0.1:port", as a user types it.
+    /// "127.0.0.1:port" or "[::1]:port", as a user types it.
     QString address() const;
 
     /// Every line that a client sent, on whatever connection, without its line end.

@@ -1,6 +1,5 @@
 #include "FtpServerData.h"
 
-#include <QHostAddress>
 #include <QSslSocket>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -11,11 +10,11 @@ constexpr qint64 fullBuffer = 262144;
 
 } // namespace
 
-FtpServerData::FtpServerData(const QSslConfiguration &tls, qint64 cutAt)
+FtpServerData::FtpServerData(const QHostAddress &host, const QSslConfiguration &tls, qint64 cutAt)
     : m_tls(tls)
     , m_left(cutAt)
 {
-    EXPECT_TRUE(listen(QHostAddress::LocalHost)) << qPrintable(errorString());
+    EXPECT_TRUE(listen(host)) << qPrintable(errorString());
 }
 
 void FtpServerData::send(std::function<QByteArray()> next)

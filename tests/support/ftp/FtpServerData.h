@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHostAddress>
 #include <QSslConfiguration>
 #include <QTcpServer>
 #include <functional>
@@ -13,8 +14,9 @@ class FtpServerData : public QTcpServer
     Q_OBJECT
 
 public:
-    /// Encrypts where \a tls is not null. After \a cutAt bytes, unless that is -1, the connection is closed.
-    FtpServerData(const QSslConfiguration &tls, qint64 cutAt);
+    /// Listens on \a host. Encrypts where \a tls is not null. After \a cutAt bytes, unless that is -1, the
+    /// connection is closed.
+    FtpServerData(const QHostAddress &host, const QSslConfiguration &tls, qint64 cutAt);
 
     /// As FtpServer::setEndsAbruptly(), for what is small enough to be sent at once.
     void setEndsAbruptly(bool abruptly) { m_endsAbruptly = abruptly; }

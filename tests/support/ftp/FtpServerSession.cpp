@@ -223,8 +223,8 @@ QByteArray FtpServerSession::beginTls()
 
 QByteArray FtpServerSession::openData(const QByteArray &verb)
 {
-    m_data = std::make_unique<FtpServerData>(m_protectsData ? m_server.m_tls : QSslConfiguration(),
-                                             m_server.m_cutAt);
+    m_data = std::make_unique<FtpServerData>(
+        m_server.serverAddress(), m_protectsData ? m_server.m_tls : QSslConfiguration(), m_server.m_cutAt);
     m_data->setEndsAbruptly(m_server.m_endsAbruptly);
     const int port = m_server.m_passivePort ? m_server.m_passivePort : m_data->serverPort();
     if (verb == "EPSV")

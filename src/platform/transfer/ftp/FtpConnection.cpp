@@ -29,7 +29,19 @@ FtpConnection::FtpConnection(const ServerAddress &address, const QByteArray &use
 void FtpConnection::logOn()
 {
     m_control.awaitReply([this](const FtpReply &reply) { greeted(reply); });
-    m_control.open(m_address);
+    m_control.open(m_address, m_timeout);
+}
+
+bool FtpConnection::canUsePasv() const
+{
+    return m_control.stream().remote().family() == AF_INET;
+}
+
+bool FtpConnection::leaveEpsv(bool isLasting)
+{
+    if (isLasting && canUsePasv())
+        m_usesEpsv = false;
+    return canUsePasv();
 }
 
 void FtpConnection::greeted(const FtpReply &greeting)

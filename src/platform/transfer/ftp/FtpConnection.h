@@ -27,9 +27,16 @@ public:
     const QByteArray &host() const { return m_address.host; }
     std::chrono::milliseconds timeout() const { return m_timeout; }
 
-    bool knowsMlsd = true; ///< until the server refuses it; so with EPSV
-    bool knowsEpsv = true;
-    char type = '\0'; ///< of the data, "A" or "I", as last set; at first unknown
+    /// Whether EPSV is worth a try; PASV is where it is not.
+    bool usesEpsv() const { return m_usesEpsv; }
+    /// PASV's reply has room for IPv4 addresses alone.
+    bool canUsePasv() const;
+    /// EPSV has failed. Returns false where nothing can replace it; elsewhere PASV can, which is used from
+    /// now on where the failure \a isLasting.
+    bool leaveEpsv(bool isLasting);
+
+    bool knowsMlsd = true; ///< until the server refuses it
+    char type = '\0';      ///< of the data, "A" or "I", as last set; at first unknown
 
 Q_SIGNALS:
     void loggedOn();
@@ -50,4 +57,5 @@ private:
     std::optional<TlsContext> m_tls;
     FtpControl m_control;
     bool m_isLoggedOn = false;
+    bool m_usesEpsv = true;
 };

@@ -15,8 +15,8 @@ constexpr int serviceEnds = 421;
 
 FtpControl::FtpControl(QObject *parent)
     : QObject(parent)
-    , m_lossCode(TransferError::ConnectionReset)
-    , m_endCode(TransferError::SessionAborted)
+    , m_codeIfGone(TransferError::ConnectionReset)
+    , m_codeIfEnded(TransferError::SessionAborted)
 {
     on(&m_stream, &SocketStream::connected, this, &FtpControl::startReading);
     on(&m_stream, &SocketStream::connectFailed, this,
@@ -35,15 +35,16 @@ FtpControl::~FtpControl()
     close();
 }
 
-void FtpControl::open(const ServerAddress &address)
+void FtpControl::open(const ServerAddress &address, std::chrono::milliseconds time)
 {
     Q_EMIT stateChanged(TransferState::ResolvingHost);
     auto *lookup = new HostLookup(this);
-    on(lookup, &HostLookup::finished, this, &FtpControl::connectTo);
+    on(lookup, &HostLookup::finished, this,
+       [this, time](const SocketAddresses &addresses) { connectTo(addresses, time); });
     lookup->start(address.host, address.port);
 }
 
-void FtpControl::connectTo(const SocketAddresses &addresses)
+void FtpControl::connectTo(const SocketAddresses &addresses, std::chrono::milliseconds time)
 {
     if (addresses.isEmpty()) {
         fail(TransferFailure(TransferError::NameNotResolved));
@@ -52,7 +53,7 @@ void FtpControl::connectTo(const SocketAddresses &addresses)
     Q_EMIT heard();
     Q_EMIT stateChanged(TransferState::HostResolved);
     Q_EMIT stateChanged(TransferState::Connecting);
-    m_stream.connectTo(addresses);
+    m_stream.connectTo(addresses, time);
 }
 
 void FtpControl::startReading()
@@ -91,7 +92,7 @@ void FtpControl::send()
 {
     const qint64 sent = m_stream.write(m_request.constData(), m_request.size());
     if (sent == SocketStream::Broken)
-        throw TransferFailure(m_lossCode);
+        throw TransferFailure(m_codeIfGone);
     if (sent > 0)
         Q_EMIT heard();
     if (sent == m_request.size()) {
@@ -122,7 +123,7 @@ bool FtpControl::receive()
     if (got == SocketStream::Nothing)
         return false;
     if (got <= 0)
-        throw TransferFailure(m_lossCode);
+        throw TransferFailure(m_codeIfGone);
     m_stream.acknowledge();
     Q_EMIT heard();
     if (!std::exchange(m_isGreeted, true))
@@ -143,7 +144,7 @@ void FtpControl::takeReplies()
 void FtpControl::dispatch(const FtpReply &reply)
 {
     if (reply.code == serviceEnds)
-        throw TransferFailure(m_endCode);
+        throw TransferFailure(m_codeIfEnded);
     if (!m_handler)
         return;
     if (reply.isPreliminary()) {
@@ -158,7 +159,7 @@ void FtpControl::dispatch(const FtpReply &reply)
 
 void FtpControl::setLoggedOn()
 {
-    m_lossCode = m_endCode = TransferError::ConnectionLost;
+    m_codeIfGone = m_codeIfEnded = TransferError::ConnectionLost;
 }
 
 void FtpControl::forgetHandlers()

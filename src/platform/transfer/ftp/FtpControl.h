@@ -22,14 +22,17 @@ public:
     /// As close().
     ~FtpControl() override;
 
-    /// The server's greeting follows, for which awaitReply() is called before.
-    void open(const ServerAddress &address);
+    /// The server's greeting follows, for which awaitReply() is called before. All addresses of the host are
+    /// tried within \a time.
+    void open(const ServerAddress &address, std::chrono::milliseconds time);
     /// encrypted() follows. Throws TransferFailure 12152 where the server has sent something that nobody
     /// asked for.
     void encrypt(const TlsContext &context, const QByteArray &host);
 
     void awaitReply(Handler handler, Beginning beginning = {});
-    /// Sends \a request, which has no line end in it.
+    /// Sends \a request, which has no line end in it. Byte 0xFF is sent as it is: pure-ftpd and vsftpd take
+    /// it for part of a name, and two of them for two. proftpd does so too, except before a byte from 0xF0
+    /// on, where it reads a Telnet command; names with that are out of reach there.
     void ask(const QByteArray &request, Handler handler, Beginning beginning = {});
 
     /// From now on a connection that is gone, or that the server says it closes, is reported as lost. Before
@@ -56,7 +59,7 @@ Q_SIGNALS:
     void failed(const TransferFailure &failure);
 
 private:
-    void connectTo(const SocketAddresses &addresses);
+    void connectTo(const SocketAddresses &addresses, std::chrono::milliseconds time);
     void startReading();
     void send();
     void discardInput();
@@ -71,8 +74,8 @@ private:
     QByteArray m_request; ///< what of it has not been sent
     Handler m_handler;
     Beginning m_beginning;
-    int m_lossCode; ///< for a connection that is gone
-    int m_endCode;  ///< for one that the server says it closes
+    int m_codeIfGone;  ///< for a connection that is gone
+    int m_codeIfEnded; ///< for one that the server says it closes
     bool m_isGreeted = false;
     bool m_isReceiving = false; ///< the reply has begun
 };

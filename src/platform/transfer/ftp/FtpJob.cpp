@@ -6,7 +6,7 @@ void FtpJob::run(FtpConnection &connection)
     guarded([this] { start(); });
 }
 
-void FtpJob::letGo()
+void FtpJob::cleanUp()
 {
     if (m_connection)
         m_connection->control().forgetHandlers();

@@ -16,14 +16,14 @@ public:
 
     /// Closes and removes at once what a job that is over still holds, and lets it hear no more of the
     /// connection.
-    virtual void letGo();
+    virtual void cleanUp();
     /// False while the job works on the local disk alone.
     virtual bool waitsForServer() const { return true; }
     /// True when the server has sent data that was not read yet.
     virtual bool hasInput() const { return false; }
     /// True when the server has acknowledged data since this was asked before. Slow lines take long to empty
     /// what the kernel keeps of an upload.
-    virtual bool isTaken() { return false; }
+    virtual bool hasNewAcknowledgement() { return false; }
     /// What has gone wrong while the server's last reply is still awaited.
     const std::optional<TransferFailure> &failure() const { return m_failure; }
 

@@ -2,15 +2,10 @@
 
 namespace {
 
-bool isUnknownCommand(int code)
-{
-    return code == 500 || code == 501 || code == 502 || code == 504;
-}
-
 /// Some servers refuse to list a folder that is empty.
 bool isEmptyFolder(const FtpReply &refusal)
 {
-    return refusal.code == 450 || (refusal.code == 550 && refusal.text.toLower().contains("no files"));
+    return (refusal.code == 450 || refusal.code == 550) && refusal.text.toLower().contains("no files");
 }
 
 } // namespace
@@ -39,7 +34,7 @@ void FtpList::take(QByteArrayView bytes)
 
 bool FtpList::copesWith(const FtpReply &refusal)
 {
-    if (connection().knowsMlsd && isUnknownCommand(refusal.code)) {
+    if (connection().knowsMlsd && refusal.isUnknownCommand()) {
         connection().knowsMlsd = false;
         request();
         return true;

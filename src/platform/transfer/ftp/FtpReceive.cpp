@@ -13,9 +13,9 @@ constexpr int fileStatus = 213;
 /// "20260131120000", perhaps with a fraction of a second behind it.
 std::optional<qint64> timeOf(const QByteArray &text)
 {
-    QDateTime time =
-        QDateTime::fromString(QString::fromLatin1(text.left(14)), QStringLiteral("yyyyMMddHHmmss"));
-    time.setTimeSpec(Qt::UTC);
+    const QString figures = QString::fromLatin1(text);
+    const QDateTime time(QDate::fromString(figures.left(8), QStringLiteral("yyyyMMdd")),
+                         QTime::fromString(figures.mid(8, 6), QStringLiteral("HHmmss")), Qt::UTC);
     return time.isValid() ? std::optional<qint64>(time.toSecsSinceEpoch()) : std::nullopt;
 }
 
@@ -27,9 +27,9 @@ FtpReceive::FtpReceive(const QByteArray &name, const QByteArray &folder, const Q
     , m_file(std::in_place, folder, file)
 {}
 
-void FtpReceive::letGo()
+void FtpReceive::cleanUp()
 {
-    FtpTransfer::letGo();
+    FtpTransfer::cleanUp();
     m_file.reset();
 }
 

@@ -12,7 +12,7 @@ public:
     /// Throws TransferFailure where the local file cannot be made.
     FtpReceive(const QByteArray &name, const QByteArray &folder, const QByteArray &file);
 
-    void letGo() override;
+    void cleanUp() override;
     bool waitsForServer() const override { return !m_isSyncing; }
 
 protected:

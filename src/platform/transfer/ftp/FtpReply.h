@@ -10,6 +10,8 @@ struct FtpReply
 
     bool isPreliminary() const { return code / 100 == 1; }
     bool isCompletion() const { return code / 100 == 2; }
+    /// The server does not have what was asked for, and will not.
+    bool isUnknownCommand() const { return code == 500 || code == 501 || code == 502 || code == 504; }
     bool asksForMore() const { return code / 100 == 3; }
 
     /// What is behind the code.

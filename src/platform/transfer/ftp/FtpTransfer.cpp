@@ -23,10 +23,15 @@ FtpTransfer::FtpTransfer(Direction direction)
     on(&m_data, &SocketStream::writable, this, [this] { guarded([this] { send(); }); });
 }
 
-void FtpTransfer::letGo()
+FtpTransfer::~FtpTransfer()
 {
-    FtpJob::letGo();
-    m_data.close();
+    closeData();
+}
+
+void FtpTransfer::cleanUp()
+{
+    FtpJob::cleanUp();
+    closeData();
 }
 
 bool FtpTransfer::hasInput() const
@@ -34,7 +39,7 @@ bool FtpTransfer::hasInput() const
     return m_direction == Direction::Receive && m_data.hasInput();
 }
 
-bool FtpTransfer::isTaken()
+bool FtpTransfer::hasNewAcknowledgement()
 {
     const int before = std::exchange(m_unacknowledged, m_data.unacknowledged());
     return before == 0 ? m_unacknowledged > 0 : m_unacknowledged < before;
@@ -57,49 +62,71 @@ void FtpTransfer::transfer(const QByteArray &request)
 {
     m_request = request;
     m_lastReply.reset();
-    m_hasBegun = m_hasEnded = m_isBroken = false;
+    m_isUnreachable = m_hasBegun = m_hasEnded = m_isBroken = false;
     openData();
 }
 
 void FtpTransfer::openData()
 {
-    if (connection().knowsEpsv)
+    m_isExtended = connection().usesEpsv();
+    if (m_isExtended)
         ask("EPSV", [this](const FtpReply &reply) { answeredExtended(reply); });
     else
-        ask("PASV", [this](const FtpReply &reply) { answeredPlain(reply); });
+        askPlain();
 }
 
 void FtpTransfer::answeredExtended(const FtpReply &reply)
 {
-    if (reply.isCompletion()) {
-        connectData(FtpPassivePort::ofExtended(reply.text));
-        return;
-    }
-    connection().knowsEpsv = false;
-    openData();
+    if (!reply.isCompletion())
+        leaveExtended(TransferFailure::ofReply(reply), reply.isUnknownCommand());
+    else if (const std::optional<quint16> port = FtpPassivePort::ofExtended(reply.text))
+        connectData(*port);
+    else
+        leaveExtended(TransferFailure(TransferError::InvalidResponse), true);
+}
+
+/// Some servers and firewalls know PASV alone.
+void FtpTransfer::leaveExtended(const TransferFailure &failure, bool isLasting)
+{
+    if (!connection().leaveEpsv(isLasting))
+        throw TransferFailure(failure);
+    askPlain();
+}
+
+void FtpTransfer::askPlain()
+{
+    m_isExtended = false;
+    ask("PASV", [this](const FtpReply &reply) { answeredPlain(reply); });
 }
 
 void FtpTransfer::answeredPlain(const FtpReply &reply)
 {
-    if (!reply.isCompletion())
+    const std::optional<quint16> port =
+        reply.isCompletion() ? FtpPassivePort::ofPlain(reply.text) : std::nullopt;
+    if (port)
+        connectData(*port);
+    else if (m_isUnreachable)
+        throw TransferFailure(TransferError::CannotConnect);
+    else if (reply.isCompletion())
+        throw TransferFailure(TransferError::InvalidResponse);
+    else
         throw TransferFailure::ofReply(reply);
-    connectData(FtpPassivePort::ofPlain(reply.text));
 }
 
-void FtpTransfer::connectData(std::optional<quint16> port)
+void FtpTransfer::connectData(quint16 port)
 {
-    if (!port)
-        throw TransferFailure(TransferError::InvalidResponse);
-    m_data.connectTo({connection().control().stream().remote().withPort(*port)});
-    if (connection().knowsEpsv)
+    m_data.connectTo({connection().control().stream().remote().withPort(port)}, connection().timeout());
+    if (m_isExtended && connection().canUsePasv())
         m_data.limitAttempt(connection().timeout() / 4); // which leaves time for PASV
 }
 
 void FtpTransfer::dataConnectFailed()
 {
-    if (!std::exchange(connection().knowsEpsv, false))
-        throw TransferFailure(TransferError::CannotConnect);
-    openData(); // some firewalls know PASV alone
+    const TransferFailure failure(TransferError::CannotConnect);
+    if (!m_isExtended)
+        throw TransferFailure(failure);
+    m_isUnreachable = true;
+    leaveExtended(failure, true);
 }
 
 void FtpTransfer::sendRequest()
@@ -194,7 +221,6 @@ void FtpTransfer::refill()
         m_buffer = give();
     } catch (const TransferFailure &failure) {
         setFailure(failure);
-        m_data.abort(); // so that the server does not take it for the whole file
         endData();
         return;
     }
@@ -206,9 +232,18 @@ void FtpTransfer::refill()
 
 void FtpTransfer::endData(bool isBroken)
 {
-    m_data.close();
+    closeData();
     m_hasEnded = true;
     m_isBroken = isBroken;
+}
+
+/// A server takes an ordinary end of an upload for the end of the file.
+void FtpTransfer::closeData()
+{
+    if (m_direction == Direction::Send && !m_hasEnded)
+        m_data.reset();
+    else
+        m_data.close();
 }
 
 void FtpTransfer::settle()
@@ -216,7 +251,6 @@ void FtpTransfer::settle()
     if (!m_lastReply || !m_hasEnded)
         return;
     const FtpReply reply = *m_lastReply;
-    m_data.close();
     if (failure())
         throw TransferFailure(*failure());
     if (!reply.isCompletion() && copesWith(reply))

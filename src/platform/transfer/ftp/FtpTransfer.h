@@ -9,9 +9,12 @@ class FtpTransfer : public FtpJob
     Q_OBJECT
 
 public:
-    void letGo() override;
+    /// An upload that is not whole is aborted.
+    ~FtpTransfer() override;
+
+    void cleanUp() override;
     bool hasInput() const override;
-    bool isTaken() override;
+    bool hasNewAcknowledgement() override;
 
 protected:
     enum class Direction { Receive, Send };
@@ -34,8 +37,10 @@ protected:
 private:
     void openData();
     void answeredExtended(const FtpReply &reply);
+    void leaveExtended(const TransferFailure &failure, bool isLasting);
+    void askPlain();
     void answeredPlain(const FtpReply &reply);
-    void connectData(std::optional<quint16> port);
+    void connectData(quint16 port);
     void dataConnectFailed();
     void sendRequest();
     void answered(const FtpReply &reply);
@@ -47,6 +52,7 @@ private:
     void refill();
     void encryptFailed(const TransferFailure &failure);
     void endData(bool isBroken = false);
+    void closeData();
     void settle();
 
     Direction m_direction;
@@ -54,8 +60,10 @@ private:
     SocketStream m_data;
     QByteArray m_buffer;
     qsizetype m_sent = 0;     ///< of the buffer
-    int m_unacknowledged = 0; ///< bytes when isTaken() was last asked
+    int m_unacknowledged = 0; ///< bytes when hasNewAcknowledgement() was last asked
     std::optional<FtpReply> m_lastReply;
+    bool m_isExtended = false;    ///< the port was asked for by EPSV
+    bool m_isUnreachable = false; ///< EPSV's port was
     bool m_hasBegun = false;
     bool m_hasEnded = false;
     bool m_isBroken = false; ///< the data connection ended in the middle

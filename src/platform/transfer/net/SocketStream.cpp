@@ -4,6 +4,7 @@
 #include "TlsChannel.h"
 
 #include <QSocketNotifier>
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <linux/sockios.h>
@@ -15,8 +16,8 @@
 
 namespace {
 
-constexpr int addressTimeoutMs = 5000; // with one address, while others are left
-constexpr int keepAliveIdle = 30;      // seconds
+constexpr std::chrono::milliseconds longestAddressTime(5000);
+constexpr int keepAliveIdle = 30; // seconds
 constexpr int keepAliveInterval = 10;
 
 void setOption(int socket, int level, int option, int value)
@@ -48,7 +49,7 @@ SocketStream::SocketStream(QObject *parent)
     on(&m_addressTimeout, &QTimer::timeout, this, &SocketStream::tryNext);
     // What is written to a connection that has gone is an error. The signal, which would end the process, is
     // switched off here for all connections: the TLS library has no other way to write without it.
-    ::signal(SIGPIPE, SIG_IGN);
+    [[maybe_unused]] static const sighandler_t before = ::signal(SIGPIPE, SIG_IGN);
 }
 
 SocketStream::~SocketStream()
@@ -56,8 +57,10 @@ SocketStream::~SocketStream()
     close();
 }
 
-void SocketStream::connectTo(const SocketAddresses &addresses)
+void SocketStream::connectTo(const SocketAddresses &addresses, std::chrono::milliseconds time)
 {
+    m_addressTime =
+        std::min<std::chrono::milliseconds>(longestAddressTime, time / qMax(addresses.size(), qsizetype(1)));
     m_others = addresses;
     tryNext();
 }
@@ -102,7 +105,7 @@ void SocketStream::tryNext()
     openNotifiers();
     watchWriting(true);
     if (!m_others.isEmpty())
-        m_addressTimeout.start(addressTimeoutMs);
+        m_addressTimeout.start(m_addressTime);
 }
 
 void SocketStream::connectOrTryNext()
@@ -223,7 +226,7 @@ void SocketStream::finish()
         ::shutdown(m_socket, SHUT_WR);
 }
 
-void SocketStream::abort()
+void SocketStream::reset()
 {
     const linger noLinger = {1, 0};
     if (isOpen())

@@ -26,8 +26,9 @@ public:
     explicit SocketStream(QObject *parent = nullptr);
     ~SocketStream() override;
 
-    /// Tries one address after the other; connected() or connectFailed() follows.
-    void connectTo(const SocketAddresses &addresses);
+    /// Tries one address after the other; connected() or connectFailed() follows. While others are left each
+    /// has its share of \a time, and no more than 5 s.
+    void connectTo(const SocketAddresses &addresses, std::chrono::milliseconds time);
     /// Gives up the address that is being tried after \a time.
     void limitAttempt(std::chrono::milliseconds time);
     /// Where it is connected to.
@@ -59,7 +60,7 @@ public:
     /// Closes at once. No signal follows.
     void close();
     /// The same in a way that the other side does not take for an ordinary end.
-    void abort();
+    void reset();
     bool isOpen() const { return m_socket >= 0; }
 
 Q_SIGNALS:
@@ -86,6 +87,7 @@ private:
     SocketAddress m_remote;
     SocketAddresses m_others;
     QTimer m_addressTimeout;
+    std::chrono::milliseconds m_addressTime = {};
     QSocketNotifier *m_read = nullptr;
     QSocketNotifier *m_write = nullptr;
     std::unique_ptr<TlsChannel> m_tls;

@@ -174,7 +174,7 @@ TEST_P(RealServersTest, NamesKeepTheirBytes)
     QByteArrayList names = {"with blank", "quo\"te", "a\" \"b",       "ha#sh",
                             "x;type=a",   "%41",     "uml\xc3\xa4ut", "a -> b"};
     if (GetParam() != python) // which replaces what is not UTF-8
-        names.append("caf\xe9");
+        names += {"caf\xe9", "\xff", "x\xffy", "z\xff"};
     if (GetParam() == vsftpd || GetParam() == python) // the others have rules of their own for these
         names += {"-rf", "a\\b", "[x]"};
     for (const QByteArray &name : names) {
