@@ -49,7 +49,7 @@ SocketStream::SocketStream(QObject *parent)
     on(&m_addressTimeout, &QTimer::timeout, this, &SocketStream::tryNext);
     // What is written to a connection that has gone is an error. The signal, which would end the process, is
     // switched off here for all connections: the TLS library has no other way to write without it.
-    [[maybe_unused]] static const sighandler_t before = ::signal(SIGPIPE, SIG_IGN);
+    ::signal(SIGPIPE, SIG_IGN);
 }
 
 SocketStream::~SocketStream()
