@@ -41,7 +41,8 @@ void copyData(const QString &name)
 {
     const QString target = Paths::appPath() + u'/' + name;
     QDir().mkpath(QFileInfo(target).path());
-    ASSERT_TRUE(QFile::copy(QCoreApplication::applicationDirPath() + u'/' + name, target)) << qPrintable(name);
+    ASSERT_TRUE(QFile::copy(QCoreApplication::applicationDirPath() + u'/' + name, target))
+        << qPrintable(name);
 }
 
 void execute(const char *statement)

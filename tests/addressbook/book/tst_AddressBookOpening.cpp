@@ -65,8 +65,7 @@ TEST_F(AddressBookOpeningTest, ADamagedFileIsSaidSo)
     file.resize(file.size() - 4096);
     file.close();
     const QString found = description();
-    EXPECT_TRUE(found.contains(QStringLiteral("is damaged: ")) ||
-                found.contains(QStringLiteral("malformed")))
+    EXPECT_TRUE(found.contains(QStringLiteral("is damaged: ")) || found.contains(QStringLiteral("malformed")))
         << qPrintable(found);
 }
 
