@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr qsizetype nameWidth = 25;
+constexpr qsizetype nameCharacters = 25;
 constexpr qsizetype addressWidth = 20;
 constexpr qsizetype cityWidth = 15;
 constexpr qsizetype phoneWidth = 12;
@@ -33,8 +33,9 @@ QString fittedAddress(const QString &address)
 
 QString columns(const ReportRecord &contact)
 {
-    return fitted(contact.name, nameWidth) + QStringLiteral("\\tab ") + fittedAddress(contact.homeAddress) +
-           QStringLiteral("\\tab ") + fitted(contact.homeCity, cityWidth) + QStringLiteral("\\tab H:") +
+    return fitted(contact.name, nameCharacters) + QStringLiteral("\\tab ") +
+           fittedAddress(contact.homeAddress) + QStringLiteral("\\tab ") +
+           fitted(contact.homeCity, cityWidth) + QStringLiteral("\\tab H:") +
            fitted(contact.homePhones, phoneWidth) + QStringLiteral("\\tab M:") +
            fitted(contact.homeMobile, phoneWidth) + QStringLiteral("\\tab W:") +
            fitted(contact.workPhones, phoneWidth) + QStringLiteral("\r\n");

@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr int iconSize = 32;       // pixels
-constexpr int charactersWide = 36; // of the box
+constexpr int pictureSize = 32;     // pixels
+constexpr int charactersOfBox = 36; // of the box
 
 } // namespace
 
@@ -26,13 +26,13 @@ frmPassword::frmPassword()
     const QIcon icon = ThemeIcon::named(QStringLiteral("dialog-password"));
     setWindowIcon(icon);
     auto *imgIcon = named("imgIcon", new QLabel);
-    imgIcon->setPixmap(icon.pixmap({iconSize, iconSize}, devicePixelRatioF()));
+    imgIcon->setPixmap(icon.pixmap({pictureSize, pictureSize}, devicePixelRatioF()));
     auto *lblPassword = named<QLabel>("lblPassword", QStringLiteral("Password:"));
     lblPassword->setBuddy(txtPassword);
     auto *lblInfo = named<QLabel>("lblInfo", QStringLiteral("Note: the password will be applied to files you "
                                                             "subsequently extract from this archive."));
     lblInfo->setWordWrap(true);
-    txtPassword->setMinimumWidth(charactersWide * fontMetrics().averageCharWidth());
+    txtPassword->setMinimumWidth(charactersOfBox * fontMetrics().averageCharWidth());
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cmdOK);
