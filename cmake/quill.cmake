@@ -128,16 +128,24 @@ function(quill_program name)
     add_dependencies(${name} ${name}-data)
 endfunction()
 
-# The suite's data in a folder of the build tree, brought up to date by the target name.
+# The address book's database without contacts, which tools/make-database makes.
+set(QUILL_DATABASE ${CMAKE_BINARY_DIR}/data/data97.mdb)
+set(QUILL_DATABASE_SCHEMA ${CMAKE_SOURCE_DIR}/src/addressbook/database/schema.sql)
+
+# The suite's data in a folder of the build tree, brought up to date by the target name. A database that is there is
+# left alone: it may have contacts in it.
 function(quill_data name folder)
     file(GLOB_RECURSE data CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/data/*)
     set(stamp ${CMAKE_BINARY_DIR}/${name}.stamp)
+    set(database ${CMAKE_BINARY_DIR}/${folder}/data97.mdb)
     add_custom_command(OUTPUT ${stamp}
         COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/data ${CMAKE_BINARY_DIR}/${folder}
         COMMAND chmod 600 ${CMAKE_BINARY_DIR}/${folder}/ftpprof.dat # it holds passwords
+        COMMAND sh -c "test -e \"$1\" || install -m 600 \"$0\" \"$1\"" ${QUILL_DATABASE} ${database}
         COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
-        DEPENDS ${data} COMMENT "Data in ${folder}")
+        DEPENDS ${data} ${QUILL_DATABASE} COMMENT "Data in ${folder}" VERBATIM)
     add_custom_target(${name} ALL DEPENDS ${stamp})
+    add_dependencies(${name} address-database)
 endfunction()
 
 function(quill_test)

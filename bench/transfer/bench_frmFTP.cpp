@@ -8,6 +8,7 @@
 #include "InternetTransfer.h"
 #include "ListBox.h"
 #include "Look.h"
+#include "PaintCounter.h"
 #include "Paths.h"
 #include "Settings.h"
 #include "WindowTable.h"
@@ -16,11 +17,9 @@
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 #include <cstdio>
 
 // The FTP window in the frame of the whole suite, as bench_transfer.py asks for it:
@@ -33,75 +32,6 @@
 // longest time in milliseconds in which it was not, and how many rows the list has.
 
 namespace {
-
-/// Asks for the frame to be painted again and again, and counts how often it is.
-class PaintCounter : public QObject
-{
-public:
-    explicit PaintCounter(QWidget &frame);
-
-    void start();
-    void stop();
-    /// What has passed since the start belongs to the server.
-    void markReply() { m_reply = m_time.elapsed(); }
-
-    qint64 afterReply() const { return m_elapsed - m_reply; }
-    qint64 elapsed() const { return m_elapsed; }
-    int count() const { return m_count; }
-    qint64 longestGap() const { return m_longestGap; }
-
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
-private:
-    void noteGap();
-
-    QTimer m_asks;
-    QElapsedTimer m_time;
-    qint64 m_elapsed = 0;
-    qint64 m_reply = 0;
-    qint64 m_last = 0;
-    qint64 m_longestGap = 0;
-    int m_count = 0;
-};
-
-PaintCounter::PaintCounter(QWidget &frame)
-{
-    frame.installEventFilter(this);
-    on(&m_asks, &QTimer::timeout, &frame, [&frame] { frame.update(); });
-}
-
-void PaintCounter::start()
-{
-    constexpr int interval = 5; // milliseconds
-    m_last = m_longestGap = 0;
-    m_count = 0;
-    m_asks.start(interval);
-    m_time.start();
-}
-
-void PaintCounter::stop()
-{
-    noteGap();
-    m_elapsed = m_time.elapsed();
-    m_asks.stop();
-}
-
-void PaintCounter::noteGap()
-{
-    const qint64 now = m_time.elapsed();
-    m_longestGap = qMax(m_longestGap, now - m_last);
-    m_last = now;
-}
-
-bool PaintCounter::eventFilter(QObject *, QEvent *event)
-{
-    if (event->type() == QEvent::Paint && m_asks.isActive()) {
-        ++m_count;
-        noteGap();
-    }
-    return false;
-}
 
 /// The program's folder, whose first profile is what the window logs on with.
 void prepareFolder(const QString &folder, const QStringList &arguments)

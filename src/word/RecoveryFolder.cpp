@@ -13,22 +13,10 @@ namespace {
 const QString copyName = QStringLiteral("copy-XXXXXX");
 constexpr int attempts = 3; // to make a copy; one fails only when another process starts at that moment
 
-QString stateFolder()
-{
-    const QString named = qEnvironmentVariable("XDG_STATE_HOME");
-    return QDir::isAbsolutePath(named) ? named : QDir::homePath() + QStringLiteral("/.local/state");
-}
-
-QString suiteFolder()
-{
-    return stateFolder() + u'/' + Paths::applicationTitle;
-}
-
 void makeFolder()
 {
-    QDir().mkpath(stateFolder());
-    for (const QString &folder : {suiteFolder(), RecoveryFolder::path()})
-        ::mkdir(QFile::encodeName(folder).constData(), 0700);
+    Paths::makeStateFolder();
+    ::mkdir(QFile::encodeName(RecoveryFolder::path()).constData(), 0700);
 }
 
 /// nullptr where none can be made, or where another process that starts at this moment has taken it for one
@@ -65,7 +53,7 @@ QStringList copies()
 
 QString RecoveryFolder::path()
 {
-    return suiteFolder() + QStringLiteral("/recovery");
+    return Paths::stateFolder() + QStringLiteral("/recovery");
 }
 
 std::unique_ptr<RecoveryCopy> RecoveryFolder::makeCopy()

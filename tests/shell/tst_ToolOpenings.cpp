@@ -92,6 +92,25 @@ TEST_F(ToolOpeningsTest, TheToolbarOpensTheFtpWindow)
     EXPECT_EQ(suite.active().Caption(), QStringLiteral("Quill-FTP"));
 }
 
+TEST_F(ToolOpeningsTest, TwoAddressBookCommandsGiveOneWindow)
+{
+    suite.choose("mnuaddressbookopen");
+    EXPECT_EQ(suite.active().Caption(), QStringLiteral("Quill-Address Book"));
+    suite.press("addressbook");
+    EXPECT_EQ(loaded("frmAddressBook"), 1);
+}
+
+TEST_F(ToolOpeningsTest, WithoutItsDatabaseTheAddressBookDoesNotOpen)
+{
+    const ScratchProgramFolder withoutDatabase;
+    suite.press("addressbook");
+    EXPECT_NE(suite.active().Name(), QStringLiteral("frmAddressBook"));
+    for (Form *form : Forms::named(QStringLiteral("frmAddressBook")))
+        form->unload();
+    suite.fatal.expect(-2147467259);
+    suite.choose("mnuaddressbookopen");
+}
+
 /// The profiles hold passwords.
 TEST(InstalledProfiles, AreTheUsersAlone)
 {

@@ -1,13 +1,25 @@
 #include "WindowTable.h"
 
 #include "Forms.h"
+#include "frmAddress.h"
+#include "frmAddressBook.h"
+#include "frmBirthDays.h"
 #include "frmCalculator.h"
 #include "frmDocument.h"
 #include "frmFTP.h"
 #include "frmFTPAccounts.h"
 #include "frmMargins.h"
 #include "frmOptions.h"
+#include "frmOverwrite.h"
+#include "frmPassword.h"
+#include "frmPrintDocument.h"
+#include "frmQuillAddressAbout.h"
+#include "frmRegCity.h"
+#include "frmRegister.h"
 #include "frmSplash.h"
+#include "frmUnzip.h"
+#include "frmZip.h"
+#include "frmquilladdresshelp.h"
 
 namespace {
 
@@ -32,6 +44,18 @@ constexpr Row windows[] = {
     {"frmCalculator", Forms::Instances::One, make<frmCalculator>},
     {"frmFTP", Forms::Instances::One, make<frmFTP>},
     {"frmFTPAccounts", Forms::Instances::One, make<frmFTPAccounts>},
+    {"frmAddressBook", Forms::Instances::One, make<frmAddressBook>},
+    {"frmBirthDays", Forms::Instances::One, make<frmBirthDays>},
+    {"frmQuillAddressAbout", Forms::Instances::One, make<frmQuillAddressAbout>},
+    {"frmquilladdresshelp", Forms::Instances::One, make<frmquilladdresshelp>},
+    {"frmAddress", Forms::Instances::One, make<frmAddress>},
+    {"frmRegCity", Forms::Instances::One, make<frmRegCity>},
+    {"frmRegister", Forms::Instances::One, make<frmRegister>},
+    {"frmPrintDocument", Forms::Instances::One, make<frmPrintDocument>},
+    {"frmZip", Forms::Instances::One, make<frmZip>},
+    {"frmUnzip", Forms::Instances::One, make<frmUnzip>},
+    {"frmOverwrite", Forms::Instances::One, make<frmOverwrite>},
+    {"frmPassword", Forms::Instances::One, make<frmPassword>},
 };
 
 } // namespace

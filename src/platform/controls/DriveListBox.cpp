@@ -4,26 +4,13 @@
 #include "ShownText.h"
 #include "ThemeIcon.h"
 #include "Volume.h"
+#include "VolumeIcon.h"
 
 #include <QDir>
 
 namespace {
 
 constexpr int leastLetters = 12;
-
-QString iconOf(Volume::Kind kind)
-{
-    switch (kind) {
-    case Volume::Kind::Home:
-        return QStringLiteral("user-home");
-    case Volume::Kind::Removable:
-        return QStringLiteral("drive-removable-media");
-    case Volume::Kind::Network:
-        return QStringLiteral("folder-remote");
-    default:
-        return QStringLiteral("drive-harddisk");
-    }
-}
 
 } // namespace
 
@@ -66,5 +53,6 @@ void DriveListBox::add(const Volume &volume)
 {
     const QString name = ShownText::line(volume.name);
     const QString path = ShownText::line(volume.path);
-    addItem(ThemeIcon::named(iconOf(volume.kind)), QStringLiteral("%1 (%2)").arg(name, path), volume.path);
+    addItem(ThemeIcon::named(VolumeIcon::nameOf(volume.kind)), QStringLiteral("%1 (%2)").arg(name, path),
+            volume.path);
 }

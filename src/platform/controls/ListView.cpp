@@ -10,7 +10,6 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QListView>
 #include <QTreeView>
@@ -104,12 +103,22 @@ void ListView::setView(int view)
     pane().scrollTo(m_selection->currentIndex());
 }
 
+void ListView::setCheckboxes(bool shown)
+{
+    m_items->setCheckboxes(shown);
+    if (m_view != table)
+        arrangeIcons();
+}
+
 void ListView::arrangeIcons()
 {
     const bool isLarge = m_view == largeIcons;
     const auto icon = isLarge ? QStyle::PM_LargeIconSize : QStyle::PM_SmallIconSize;
     const int iconSize = style()->pixelMetric(icon, nullptr, this);
-    const int width = fontMetrics().averageCharWidth() * (isLarge ? largeColumn : smallColumn);
+    const int box = Checkboxes() ? style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, this) +
+                                       style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, nullptr, this)
+                                 : 0;
+    const int width = box + fontMetrics().averageCharWidth() * (isLarge ? largeColumn : smallColumn);
     const int margin = fontMetrics().height() / 2;
     const int line = fontMetrics().lineSpacing();
     m_icons->setViewMode(isLarge ? QListView::IconMode : QListView::ListMode);
@@ -202,6 +211,8 @@ bool ListView::eventFilter(QObject *watched, QEvent *event)
     run([&] {
         if (event->type() == QEvent::KeyPress && watched == &pane())
             isDone = actOnKey(*static_cast<QKeyEvent *>(event));
+        else if (event->type() == QEvent::MouseButtonPress && watched == pane().viewport())
+            Q_EMIT MouseDown(static_cast<QMouseEvent *>(event)->button());
         else if (event->type() == QEvent::MouseButtonDblClick && watched == pane().viewport())
             Q_EMIT DblClick();
     });

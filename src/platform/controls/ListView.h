@@ -2,10 +2,10 @@
 
 #include "ListItemsModel.h"
 
+#include <QItemSelectionModel>
 #include <QStackedWidget>
 
 class QAbstractItemView;
-class QItemSelectionModel;
 class QListView;
 class QTreeView;
 
@@ -35,11 +35,12 @@ public:
     void setView(int view);
 
     bool Checkboxes() const { return m_items->hasCheckboxes(); }
-    void setCheckboxes(bool shown) { m_items->setCheckboxes(shown); }
+    void setCheckboxes(bool shown);
 
     bool MultiSelect() const;
     void setMultiSelect(bool multiSelect);
 
+    bool hasSelection() const { return m_selection->hasSelection(); }
     /// The selected row; with MultiSelect the first one. Throws RuntimeError 91 where none is selected.
     const ListItem &SelectedItem() const;
     /// Throw RuntimeError 35600 where there is no such row.
@@ -54,6 +55,8 @@ Q_SIGNALS:
     void ItemClick(int index);
     /// A double click, on a row or beside it.
     void DblClick();
+    /// A mouse button was pressed, on a row or beside it; the list has not acted on it yet.
+    void MouseDown(Qt::MouseButton button);
     /// The user checked or unchecked the row.
     void ItemCheck(int index);
     void ColumnClick(int index);

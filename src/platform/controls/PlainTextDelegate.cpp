@@ -6,12 +6,21 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QHelpEvent>
+#include <QListView>
 #include <QStyle>
 #include <QToolTip>
 
 QString PlainTextDelegate::displayText(const QVariant &value, const QLocale &) const
 {
     return ShownText::line(value.toString());
+}
+
+/// A list whose items are of one size would give all of them the room of the first one's text.
+QSize PlainTextDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    const auto *list = qobject_cast<const QListView *>(option.widget);
+    return list && list->gridSize().isValid() ? list->gridSize()
+                                              : QStyledItemDelegate::sizeHint(option, index);
 }
 
 bool PlainTextDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,

@@ -3,13 +3,14 @@
 #include <QStyledItemDelegate>
 
 /// Shows the texts of a list or tree as ShownText::line() has them. Where a text is cut off, its tool tip has
-/// all of it. The texts of the model stay as they are.
+/// all of it. The texts of the model stay as they are. In a list with a grid each item has a whole cell.
 class PlainTextDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
     QString displayText(const QVariant &value, const QLocale &locale) const override;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override;
 

@@ -6,6 +6,8 @@
 /// RuntimeError 380. Ctrl+Tab brings the next one to the front.
 class TabStrip : public QTabWidget
 {
+    Q_OBJECT
+
 public:
     explicit TabStrip(QWidget *parent = nullptr);
 

@@ -2,7 +2,9 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QStandardPaths>
+#include <sys/stat.h>
 
 namespace {
 
@@ -13,6 +15,12 @@ QString dataFolder()
         return beside;
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u'/' +
            Paths::applicationTitle;
+}
+
+QString userStateFolder()
+{
+    const QString named = qEnvironmentVariable("XDG_STATE_HOME");
+    return QDir::isAbsolutePath(named) ? named : QDir::homePath() + QStringLiteral("/.local/state");
 }
 
 QString &replacedFolder()
@@ -38,4 +46,15 @@ QString Paths::native(const QString &name)
 {
     QString path = name;
     return path.replace(u'\\', u'/');
+}
+
+QString Paths::stateFolder()
+{
+    return userStateFolder() + u'/' + applicationTitle;
+}
+
+void Paths::makeStateFolder()
+{
+    QDir().mkpath(userStateFolder());
+    ::mkdir(QFile::encodeName(stateFolder()).constData(), 0700);
 }

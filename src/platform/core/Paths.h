@@ -2,7 +2,7 @@
 
 #include <QString>
 
-/// The program's folder and its file names.
+/// The program's folder, its file names, and the suite's folder for what it remembers.
 namespace Paths {
 
 /// The application title; it keys the settings store and titles boxes that name no title of their own.
@@ -17,5 +17,10 @@ void setAppPath(const QString &path);
 /// \a name, in which "\" may separate, as a path of this system. Used at the moment a file is touched and
 /// only on names that the suite made itself: what a dialog returned is native already.
 QString native(const QString &name);
+
+/// The suite's folder below the user's state folder, without a trailing separator. It need not exist.
+QString stateFolder();
+/// Makes it where it is missing, for its user alone. A failure shows when a file in it is made.
+void makeStateFolder();
 
 } // namespace Paths

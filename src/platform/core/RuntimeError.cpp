@@ -35,6 +35,8 @@ QString platformText(int number)
         return QStringLiteral("Path not found");
     case ErrorNumber::ObjectNotSet:
         return QStringLiteral("Object variable or With block variable not set");
+    case ErrorNumber::InvalidUseOfNull:
+        return QStringLiteral("Invalid use of Null");
     case ErrorNumber::InvalidFileFormat:
         return QStringLiteral("Invalid file format");
     case ErrorNumber::InvalidPropertyValue:
@@ -45,6 +47,8 @@ QString platformText(int number)
         return QStringLiteral("Object required");
     case ErrorNumber::NoSuchMember:
         return QStringLiteral("Object doesn't support this property or method");
+    case ErrorNumber::InvalidPicture:
+        return QStringLiteral("Invalid picture");
     case ErrorNumber::PrinterError:
         return QStringLiteral("Printer error");
     case ErrorNumber::DialogCancelled:

@@ -7,6 +7,7 @@
 #include "FilePlaces.h"
 #include "FontDialog.h"
 #include "Paths.h"
+#include "PromptOwner.h"
 #include "RuntimeError.h"
 #include "ShowDialog.h"
 
@@ -267,6 +268,6 @@ void CommonDialog::takeFont(const QFont &font, const QColor &color)
 
 void CommonDialog::ShowPrinter()
 {
-    if (!m_printer.show(m_owner, DialogTitle, Flags, PrintJobName) && CancelError)
+    if (!m_printer.show(m_owner ? m_owner : promptOwner(), DialogTitle, Flags, PrintJobName) && CancelError)
         throw RuntimeError(ErrorNumber::DialogCancelled);
 }

@@ -28,6 +28,8 @@ public:
         ReturnDevice = 256, ///< hDC() gives the device
     };
 
+    /// The dialogs are shown above \a owner. Without one the printer dialog is shown above the window in
+    /// front.
     explicit CommonDialog(QWidget *owner);
 
     QString DialogTitle;

@@ -100,6 +100,8 @@ protected:
     /// Return presses \a accept and Escape presses \a cancel, wherever in the window the focus is; but Return
     /// presses a button that has the focus itself.
     void setKeyButtons(QPushButton &accept, QPushButton &cancel);
+    /// The same for a window in which Return accepts nothing.
+    void setCancelButton(QPushButton &cancel) { m_cancel = &cancel; }
 
     void closeEvent(QCloseEvent *event) override;
     void hideEvent(QHideEvent *event) override;

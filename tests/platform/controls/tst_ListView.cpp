@@ -1,4 +1,5 @@
 #include "ErrorNumberOf.h"
+#include "EventGate.h"
 #include "ListView.h"
 
 #include <QApplication>
@@ -179,6 +180,20 @@ TEST_F(ListViewTest, ADoubleClickBesideTheRowsIsEmittedToo)
     EXPECT_EQ(doubleClicks.count(), 2);
 }
 
+TEST_F(ListViewTest, EmitsPressesOfTheMouseBeforeItActsOnThem)
+{
+    QList<std::pair<Qt::MouseButton, bool>> presses;
+    on(&view, &ListView::MouseDown, &view, [&](Qt::MouseButton button) {
+        presses.append({button, view.hasSelection()});
+    });
+    QTest::mousePress(pane().viewport(), Qt::RightButton, {}, cell(2).center());
+    EXPECT_TRUE(view.hasSelection());
+    QTest::mouseRelease(pane().viewport(), Qt::RightButton, {}, cell(2).center());
+    QTest::mousePress(pane().viewport(), Qt::LeftButton, {}, cell(3).center() + QPoint(0, 100));
+    EXPECT_EQ(presses,
+              (QList<std::pair<Qt::MouseButton, bool>>{{Qt::RightButton, false}, {Qt::LeftButton, true}}));
+}
+
 TEST_F(ListViewTest, EmitsKeysAndClicksOnHeaders)
 {
     QSignalSpy keys(&view, &ListView::KeyDown);
@@ -189,6 +204,29 @@ TEST_F(ListViewTest, EmitsKeysAndClicksOnHeaders)
     QTest::mouseClick(header().viewport(), Qt::LeftButton, {}, {header().sectionPosition(1) + 20, 5});
     ASSERT_EQ(columns.count(), 1);
     EXPECT_EQ(columns.at(0).at(0).toInt(), 2);
+}
+
+TEST_F(ListViewTest, AmongIconsTheTextKeepsItsRoomBesideACheckBox)
+{
+    view.setView(0);
+    const auto &icons = static_cast<const QListView &>(pane());
+    const int without = icons.gridSize().width();
+    view.setCheckboxes(true);
+    const int with = icons.gridSize().width();
+    EXPECT_GE(with, without + view.style()->pixelMetric(QStyle::PM_IndicatorWidth));
+    view.setCheckboxes(false);
+    EXPECT_EQ(icons.gridSize().width(), without);
+}
+
+TEST_F(ListViewTest, AmongIconsEveryRowHasAWholeCell)
+{
+    items.Add({QStringLiteral("Long"), QStringLiteral("a name of more letters"), {}});
+    for (const int shown : {0, 1, 2}) {
+        view.setView(shown);
+        const auto &icons = static_cast<const QListView &>(pane());
+        for (int row = 0; row < items.Count(); ++row)
+            EXPECT_EQ(icons.visualRect(items.index(row, 0)).size(), icons.gridSize()) << shown << ' ' << row;
+    }
 }
 
 TEST_F(ListViewTest, ChecksByMouse)

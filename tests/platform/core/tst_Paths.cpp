@@ -1,6 +1,7 @@
 #include "Paths.h"
 #include "PrintQt.h"
 #include "ScratchHome.h"
+#include "ScratchVariable.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -8,6 +9,7 @@
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -78,4 +80,22 @@ TEST_F(PathsTest, AnInstalledProgramHasItsDataInTheUsersFolder)
 TEST_F(PathsTest, AWrongExpectationIsNoticed)
 {
     EXPECT_FALSE(copyInBinFinds(bin));
+}
+
+TEST_F(PathsTest, TheStateFolderIsForItsUserAlone)
+{
+    const QString folder = home.file(QStringLiteral(".local/state/QuillOfficeToolsv2"));
+    EXPECT_EQ(Paths::stateFolder(), folder);
+    Paths::makeStateFolder();
+    struct stat state = {};
+    ASSERT_EQ(::stat(QFile::encodeName(folder).constData(), &state), 0);
+    EXPECT_EQ(state.st_mode & 0777, 0700u);
+}
+
+TEST_F(PathsTest, AStateFolderThatIsNotAbsoluteIsNotTaken)
+{
+    for (const QByteArray &wrong : {QByteArray("state"), QByteArray("")}) {
+        const ScratchVariable variable("XDG_STATE_HOME", wrong);
+        EXPECT_EQ(Paths::stateFolder(), home.file(QStringLiteral(".local/state/QuillOfficeToolsv2")));
+    }
 }

@@ -50,6 +50,13 @@ void ftp(RunningSuite &suite)
     suite.frame().checkForDocument();
 }
 
+void addressBook(RunningSuite &suite)
+{
+    Forms::refer(QStringLiteral("frmAddressBook")).showModeless();
+    QTest::qWait(0);
+    suite.frame().checkForDocument();
+}
+
 } // namespace
 
 TEST_F(Walk, EveryMenuItemInADocument)
@@ -85,6 +92,15 @@ TEST_F(Walk, EveryMenuItemInTheFtpWindow)
     EXPECT_EQ(walker.errors(), QStringList());
     EXPECT_EQ(walker.ends(), QStringList(QStringLiteral("mnuexittools")));
     EXPECT_EQ(walker.steps().size(), 7);
+}
+
+TEST_F(Walk, EveryMenuItemInTheAddressBook)
+{
+    Walker walker(addressBook);
+    walker.chooseEveryMenuItem();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_EQ(walker.ends(), QStringList(QStringLiteral("mnuexittools")));
+    EXPECT_EQ(walker.steps().size(), 16);
 }
 
 TEST_F(Walk, EveryButtonInADocument)

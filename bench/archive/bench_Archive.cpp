@@ -1,0 +1,82 @@
+#include "UnzipLibrary.h"
+#include "ZipLibrary.h"
+
+#include <QElapsedTimer>
+#include <cstdio>
+#include <cstring>
+
+// One job of the archive libraries, as bench_archive.py asks for it:
+//
+//     bench_Archive make ARCHIVE FOLDER      all below the folder, names as they are
+//     bench_Archive add ARCHIVE FILE
+//     bench_Archive extract ARCHIVE FOLDER
+//     bench_Archive list ARCHIVE
+//
+// Prints the longest time between two calls of the service function, in ms: that long a window is not
+// painted.
+
+namespace {
+
+class Pauses
+{
+public:
+    Pauses() { m_timer.start(); }
+
+    int call()
+    {
+        m_longest = qMax(m_longest, m_timer.restart());
+        return 0;
+    }
+    qint64 longest() const { return m_longest; }
+
+private:
+    QElapsedTimer m_timer;
+    qint64 m_longest = 0;
+};
+
+int add(const char *archive, const char *name, int recursion, Pauses &pauses)
+{
+    ZIPUSERFUNCTIONS functions;
+    functions.service = [&pauses](QByteArrayView) { return pauses.call(); };
+    functions.print = [](QByteArrayView) { return 0; };
+    ZPOPT options;
+    options.fRecurse = recursion;
+    options.fSystem = 1;
+    ZpInit(functions);
+    ZpSetOptions(options);
+    NameList names;
+    names.append(name);
+    return ZpArchive(archive, names);
+}
+
+int unzip(const char *archive, const char *folder, Pauses &pauses)
+{
+    DCLIST options;
+    options.lpszZipFN = archive;
+    options.lpszExtractDir = folder ? folder : "";
+    options.nvflag = folder ? 0 : 1;
+    options.ndflag = 1;
+    USERFUNCTION functions;
+    functions.print = [](QByteArrayView) { return 0; };
+    functions.message = [](const ListedEntry &) {};
+    functions.service = [&pauses](QByteArrayView) { return pauses.call(); };
+    return Wiz_SingleEntryUnzip({}, {}, options, functions);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    Pauses pauses;
+    int result = -1;
+    if (argc == 4 && std::strcmp(argv[1], "make") == 0)
+        result = add(argv[2], argv[3], 1, pauses);
+    else if (argc == 4 && std::strcmp(argv[1], "add") == 0)
+        result = add(argv[2], argv[3], 0, pauses);
+    else if (argc == 4 && std::strcmp(argv[1], "extract") == 0)
+        result = unzip(argv[2], argv[3], pauses);
+    else if (argc == 3 && std::strcmp(argv[1], "list") == 0)
+        result = unzip(argv[2], nullptr, pauses);
+    std::printf("%lld\n", pauses.longest());
+    return result;
+}

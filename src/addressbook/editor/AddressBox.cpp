@@ -1,0 +1,61 @@
+#include "AddressBox.h"
+
+#include "EventGate.h"
+
+#include <QTextCursor>
+#include <QTextDocument>
+
+namespace {
+
+constexpr int addressLimit = 100; // characters
+constexpr int addressLines = 4;
+constexpr int textMargin = 3; // pixels
+
+} // namespace
+
+AddressBox::AddressBox(QWidget *parent)
+    : QPlainTextEdit(parent)
+    , m_longest(addressLimit)
+{
+    setTabChangesFocus(true);
+    document()->setDocumentMargin(textMargin);
+    on(this, &QPlainTextEdit::textChanged, this, &AddressBox::textChanged);
+}
+
+void AddressBox::setText(const QString &text)
+{
+    m_longest = qMax(addressLimit, int(text.size()));
+    setPlainText(text);
+}
+
+int AddressBox::textTop() const
+{
+    return frameWidth() + textMargin;
+}
+
+QSize AddressBox::sizeHint() const
+{
+    return {QPlainTextEdit::sizeHint().width(), addressLines * fontMetrics().lineSpacing() + 2 * textTop()};
+}
+
+/// Behind the last character Qt's document has a line end of its own.
+int AddressBox::length() const
+{
+    return document()->characterCount() - 1;
+}
+
+/// Takes the end of what has been put in, where the cursor is, away again, in the same step for undo.
+void AddressBox::textChanged()
+{
+    const int excess = length() - m_longest;
+    if (excess <= 0)
+        return;
+    const int end = textCursor().position() < excess ? length() : textCursor().position();
+    const bool isWithinCharacter = document()->characterAt(end - excess).isLowSurrogate();
+    QTextCursor cursor(document());
+    cursor.joinPreviousEditBlock();
+    cursor.setPosition(end);
+    cursor.setPosition(end - excess - int(isWithinCharacter), QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+    cursor.endEditBlock();
+}

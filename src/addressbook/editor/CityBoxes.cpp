@@ -1,0 +1,56 @@
+#include "CityBoxes.h"
+
+#include "ChoiceBox.h"
+#include "EventGate.h"
+#include "modGetFunctions.h"
+#include "modMain.h"
+
+#include <QLineEdit>
+
+CityBoxes::CityBoxes(ChoiceBox &city, QLineEdit &state)
+    : QObject(&city)
+    , m_city(city)
+    , m_state(state)
+{
+    m_state.setReadOnly(true); // it is stored with the city
+    m_state.setToolTip(QStringLiteral("The state that the chosen city is in"));
+    on(&m_city, &ChoiceBox::Click, this, &CityBoxes::city_Click);
+}
+
+void CityBoxes::fill()
+{
+    FillCityCombo(m_city);
+    if (!m_city.currentText().isEmpty())
+        return;
+    m_city.setText(QStringLiteral(".."));
+    m_state.setText(QStringLiteral(".."));
+}
+
+void CityBoxes::setCity(qint16 id)
+{
+    m_city.setText(GetCityName(QString::number(id)));
+}
+
+void CityBoxes::showState()
+{
+    m_state.setText(GetStateOfCity(cityId()));
+}
+
+void CityBoxes::requireCity()
+{
+    if (!m_city.currentText().isEmpty())
+        return;
+    m_city.setCurrentIndex(0);
+    city_Click();
+}
+
+qint16 CityBoxes::cityId() const
+{
+    return GetCityId(m_city.currentText());
+}
+
+void CityBoxes::city_Click()
+{
+    if (!m_city.currentText().trimmed().isEmpty())
+        showState();
+}

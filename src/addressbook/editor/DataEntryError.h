@@ -1,0 +1,10 @@
+#pragma once
+
+#include "RuntimeError.h"
+
+namespace DataEntryError {
+
+/// What the user is told when a contact could not be saved because of \a error. Lines end in CR LF.
+QString text(const RuntimeError &error);
+
+} // namespace DataEntryError

@@ -1,0 +1,119 @@
+#include "ContactExport.h"
+
+#include "AddressDatabase.h"
+#include "CityName.h"
+#include "ContactRows.h"
+#include "DataError.h"
+#include "Recordset.h"
+#include "modGetFunctions.h"
+
+#include <QHash>
+
+namespace {
+
+const QString placeholderName = QStringLiteral("..");
+constexpr int defaultGroup = 1;
+
+/// An empty row where the contact has none: a save may have failed half-way.
+template<class Row>
+Row rowOrEmpty(Row (*read)(qint32), qint32 number)
+{
+    try {
+        return read(number);
+    } catch (const RuntimeError &error) {
+        if (error.number() != DataError::NoCurrentRow)
+            throw;
+        return {};
+    }
+}
+
+QString withoutPlaceholder(const QString &name)
+{
+    return name == placeholderName ? QString() : name;
+}
+
+/// The names behind ids, each looked up once.
+class Names
+{
+public:
+    QString group(quint8 id);
+    Place place(const QString &address, qint16 cityId, const QString &zipCode);
+
+private:
+    struct City
+    {
+        QString name;
+        QString state;
+    };
+
+    static City find(qint16 cityId);
+
+    QHash<quint8, QString> m_groups;
+    QHash<qint16, City> m_cities;
+};
+
+QString Names::group(quint8 id)
+{
+    if (id == defaultGroup)
+        return {};
+    if (!m_groups.contains(id))
+        m_groups[id] = GetGroupName(id);
+    return m_groups[id];
+}
+
+Names::City Names::find(qint16 cityId)
+{
+    if (cityId == 0) // of a row that is missing
+        return {};
+    const QString state = GetStateOfCity(cityId);
+    const QString name = GetCityName(QString::number(cityId));
+    return {withoutPlaceholder(CityName::withoutState(name, state)), withoutPlaceholder(state)};
+}
+
+Place Names::place(const QString &address, qint16 cityId, const QString &zipCode)
+{
+    if (!m_cities.contains(cityId))
+        m_cities[cityId] = find(cityId);
+    return {address, m_cities[cityId].name, m_cities[cityId].state, zipCode};
+}
+
+Contact contact(qint32 number, Names &names)
+{
+    const NameRow name = ContactRows::name(number);
+    const HomeRow home = rowOrEmpty(ContactRows::home, number);
+    const BusinessRow business = rowOrEmpty(ContactRows::business, number);
+    return {
+        .salutation = name.salutation,
+        .name = name.name,
+        .nickName = name.nickName,
+        .group = names.group(name.groupId),
+        .comment = name.comment,
+        .birthDate = name.birthDate,
+        .eMails = ContactRows::eMails(number),
+        .home = names.place(home.address, home.cityId, home.zipCode),
+        .homePhone1 = home.phone1,
+        .homePhone2 = home.phone2,
+        .homeMobile = home.mobile,
+        .work = names.place(business.address, business.cityId, business.zipCode),
+        .workPhone1 = business.phone1,
+        .workPhone2 = business.phone2,
+        .workFax = business.fax,
+        .workMobile = business.pager,
+        .company = business.company,
+        .post = business.post,
+        .department = business.department,
+    };
+}
+
+} // namespace
+
+QList<Contact> ContactExport::all()
+{
+    QList<Contact> contacts;
+    Names names;
+    Recordset rows;
+    for (rows.open(QStringLiteral("select SrNo from Names order by Name, SrNo"), AddressConnection);
+         !rows.eof(); rows.moveNext())
+        contacts.append(contact(qint32(rows.field(0).number()), names));
+    return contacts;
+}

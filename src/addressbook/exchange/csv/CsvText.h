@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QList>
+#include <QStringList>
+
+/// Rows of texts as comma-separated values (RFC 4180).
+namespace CsvText {
+
+/// The rows of \a text, whose line ends are "\n". What parts the fields (comma, semicolon or tab) is what the
+/// first row has most of. A quote that does not end goes on to the end of the text; empty lines are left out.
+QList<QStringList> read(const QString &text);
+
+/// \a row with each field in quotes, and CR LF.
+QString written(const QStringList &row);
+
+} // namespace CsvText

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "ArchiveJob.h"
+#include "ChildForm.h"
+#include "FileIcons.h"
+#include "UnzipSettings.h"
+
+#include <array>
+
+class ListView;
+class QCheckBox;
+class QPushButton;
+class StatusBar;
+class WindowIcons;
+class cUnzip;
+
+/// The unzip window: lists an archive and extracts the selected files, all of them where none is selected.
+/// It knows nothing of archives; its cUnzip does the work. Two options and the recent archives and folders
+/// are kept in the registry.
+class frmUnzip : public ChildForm
+{
+    Q_OBJECT
+
+public:
+    frmUnzip();
+
+    QList<QMenu *> menus() const override { return m_menus; }
+    QSize sizeHint() const override;
+
+    /// What the check boxes say since they have been clicked.
+    bool OverwritePrompt = false;
+    bool UseFolderNames = false;
+
+protected:
+    void Form_Load() override;
+    void Form_Unload() override;
+
+private:
+    static constexpr int mostRecentRows = 4;
+
+    void cmdOpen_Click();
+    void cmdExtract_Click();
+    void cmdAll_Click();
+    void cmdInvert_Click();
+    void mnuFileRecent_Click(int row);
+    void mnuusefolders_Click();
+    void mnuoverrideprompt_Click();
+    void mnuHelp_Click();
+    void chkUseFolderNames_Click();
+    void chkOverwritePrompt_Click();
+    void lvwZip_Drop(const QStringList &paths);
+    void m_cUnzip_Progress(int lCount, const QString &sMsg);
+    void m_cUnzip_OverwritePrompt(const QString &sFile, int &eResponse);
+    void m_cUnzip_PasswordRequest(QString &sPassword, bool &bCancel);
+    void letEventsThrough(const QString &name, bool &cancel);
+
+    void list(const QString &path);
+    void showRows();
+    void showRecentFiles();
+    void enableActions();
+    QString askFolder();
+    void markSelection();
+    void extractTo(const QString &folder);
+    void setStatus(const QString &status);
+
+    QPushButton *button(const char *name, const QString &caption, const QString &icon);
+    QWidget *buildContent();
+    QLayout *buildButtons();
+    QLayout *buildOptions();
+    void buildMenus();
+    void buildList();
+    void layOut();
+    void bind();
+
+    QPushButton *cmdOpen;
+    QPushButton *cmdExtract;
+    QPushButton *cmdAll;
+    QPushButton *cmdInvert;
+    QCheckBox *chkUseFolderNames;
+    QCheckBox *chkOverwritePrompt;
+    ListView *lvwZip;
+    StatusBar *sbrMain;
+    WindowIcons *m_icons;
+    QList<QMenu *> m_menus;
+    std::array<QAction *, mostRecentRows> m_recentRows;
+    FileIcons ilsIcons16;
+    UnzipSettings m_settings;
+    cUnzip *m_cUnzip;
+    ArchiveJob m_job;
+};

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QByteArray>
+#include <functional>
+#include <span>
+
+/// The password of a job: asked for when an entry needs it first, and again after a wrong one.
+class ArchivePassword
+{
+public:
+    /// Fills the buffer up to a NUL; anything but 0 means that there is none.
+    using Request = std::function<int(std::span<char>)>;
+
+    explicit ArchivePassword(Request request)
+        : m_request(std::move(request))
+    {}
+
+    /// The one known; asks where there is none yet. Empty when none can be had.
+    const QByteArray &get();
+
+    /// The one known is wrong for some entry. Asks for another one, and returns false when none can be had:
+    /// after three wrong ones, or when a request had no answer, the user is not asked again.
+    bool replace() { return ask(); }
+
+private:
+    bool ask();
+
+    Request m_request;
+    QByteArray m_password;
+    int m_requestsLeft = 3;
+};

@@ -1,0 +1,34 @@
+#include "EntryExtraction.h"
+
+#include "CarriageReturns.h"
+#include "ExtractedFile.h"
+
+void EntryExtraction::run(const ExtractionTask &task, PackedData &data, bool isUnpacked,
+                          const std::function<void()> &betweenPieces)
+{
+    m_reader.start(data, *task.entry, isUnpacked);
+    if (!task.folder) {
+        write(task, task.output, betweenPieces);
+        return;
+    }
+    ExtractedFile file(task.folder, *task.entry);
+    write(
+        task, [&file](QByteArrayView piece) { file.write(piece); }, betweenPieces);
+    file.publish(task.name, task.existing, task.ordinaryMode);
+}
+
+void EntryExtraction::write(const ExtractionTask &task, const std::function<void(QByteArrayView)> &output,
+                            const std::function<void()> &betweenPieces)
+{
+    CarriageReturns returns;
+    for (;;) {
+        betweenPieces();
+        const QByteArrayView piece = m_reader.next();
+        if (piece.isEmpty())
+            break;
+        if (output)
+            output(task.convertsReturns ? returns.convert(piece) : piece);
+    }
+    if (output && task.convertsReturns)
+        output(returns.finish());
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "EntryReader.h"
+#include "ExtractionTask.h"
+
+/// Extracts entries, one after the other. Each thread has its own, which keeps the buffers.
+class EntryExtraction
+{
+public:
+    /// \a betweenPieces is called before each piece; what it throws ends the extraction. After any failure
+    /// there is no file. Throws BadArchive and FileFailure.
+    void run(const ExtractionTask &task, PackedData &data, bool isUnpacked,
+             const std::function<void()> &betweenPieces);
+
+private:
+    void write(const ExtractionTask &task, const std::function<void(QByteArrayView)> &output,
+               const std::function<void()> &betweenPieces);
+
+    EntryReader m_reader;
+};

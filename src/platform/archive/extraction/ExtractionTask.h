@@ -1,0 +1,21 @@
+#pragma once
+
+#include "ArchiveEntry.h"
+#include "PartFile.h"
+#include "TargetFolder.h"
+
+#include <functional>
+
+/// The extraction of one entry.
+struct ExtractionTask
+{
+    const ArchiveEntry *entry = nullptr;
+    qint64 dataOffset = 0; ///< in the archive's file
+    QByteArray path;       ///< below the target, for messages
+    QByteArray name;
+    TargetFolder::Folder folder;                ///< without one the data is not written, but handed to output
+    std::function<void(QByteArrayView)> output; ///< may be empty: the data is only checked
+    PartFile::Existing existing = PartFile::Existing::Keep;
+    mode_t ordinaryMode = 0600; ///< where the entry has no permissions
+    bool convertsReturns = false;
+};

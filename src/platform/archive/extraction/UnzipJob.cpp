@@ -1,0 +1,425 @@
+#include "UnzipJob.h"
+
+#include "AesData.h"
+#include "BadArchive.h"
+#include "DirectoryReader.h"
+#include "DosTime.h"
+#include "EntryName.h"
+#include "FileFailure.h"
+#include "FileMode.h"
+#include "JobEnd.h"
+#include "LocalHeader.h"
+#include "PlainData.h"
+#include "ServiceName.h"
+#include "TargetName.h"
+#include "UnzipResult.h"
+#include "WrongPassword.h"
+
+#include <cstring>
+#include <fcntl.h>
+#include <limits>
+#include <new>
+#include <sys/stat.h>
+#include <system_error>
+
+namespace {
+
+constexpr std::size_t listedAtOnce = 1024; // between two calls of the service function
+constexpr qsizetype printedAtOnce = 1023;  // what a print function takes
+
+// From which fQuiet on a message is not printed.
+constexpr int ifAll = 1;
+constexpr int ifFew = 2;
+constexpr int ifAsked = std::numeric_limits<int>::max();
+
+qint32 limited(quint64 size)
+{
+    return qint32(qMin<quint64>(size, std::numeric_limits<qint32>::max()));
+}
+
+ListedEntry listed(const ArchiveEntry &entry)
+{
+    ListedEntry row;
+    row.ucsize = limited(entry.size);
+    row.csiz = limited(entry.packedSize);
+    row.cfactor = entry.savedPercentage();
+    row.mo = DosTime::month(entry.dosDate);
+    row.dy = DosTime::day(entry.dosDate);
+    row.yr = DosTime::year(entry.dosDate);
+    row.hh = DosTime::hour(entry.dosTime);
+    row.mm = DosTime::minute(entry.dosTime);
+    row.fname = EntryName::shown(entry.name);
+    row.meth = entry.methodName();
+    row.crc = entry.crc;
+    row.fCrypt = entry.isEncrypted() ? 'E' : ' ';
+    return row;
+}
+
+int resultOf(const BadArchive &failure)
+{
+    switch (failure.kind) {
+    case BadArchive::Cut:
+        return UnzipResult::Cut;
+    case BadArchive::Overlapping:
+        return UnzipResult::Overlap;
+    case BadArchive::Unsupported:
+        return UnzipResult::Unsupported;
+    default:
+        return UnzipResult::DamagedEntry;
+    }
+}
+
+/// Unpacked here and not by libzip.
+bool isKnown(const ArchiveEntry &entry)
+{
+    return entry.method == ArchiveEntry::Stored || entry.method == ArchiveEntry::Deflated;
+}
+
+/// Neither encrypted nor packed by a method that only libzip knows.
+bool isPlain(const ArchiveEntry &entry)
+{
+    return !entry.isEncrypted() && (isKnown(entry) || !LibzipEntries::canUnpack(entry.method));
+}
+
+} // namespace
+
+UnzipJob::UnzipJob(const QByteArrayList &included, const QByteArrayList &excluded, const DCLIST &options,
+                   const USERFUNCTION &functions)
+    : m_options(options)
+    , m_functions(functions)
+    , m_includedNames(included)
+    , m_excludedNames(excluded)
+    , m_password(functions.password)
+    , m_ordinaryMode(FileMode::ordinary())
+{}
+
+UnzipJob::~UnzipJob() = default;
+
+int UnzipJob::run()
+{
+    try {
+        runSteps();
+    } catch (const JobEnd &end) {
+        m_result = end.result;
+    } catch (const BadArchive &failure) {
+        fail(m_options.lpszZipFN, failure.reason, UnzipResult::NoArchive);
+    } catch (const std::bad_alloc &) {
+        fail(m_options.lpszZipFN, "out of memory", UnzipResult::OutOfMemory);
+    } catch (const std::system_error &) { // no thread can be started
+        fail(m_options.lpszZipFN, "out of memory", UnzipResult::OutOfMemory);
+    }
+    return m_result;
+}
+
+void UnzipJob::runSteps()
+{
+    try {
+        m_file = FileDescriptor::open(m_options.lpszZipFN, O_RDONLY | O_NONBLOCK);
+        m_directory = DirectoryReader(m_file).read();
+    } catch (const FileFailure &failure) {
+        fail(m_options.lpszZipFN, std::strerror(failure.error), UnzipResult::CannotOpen);
+        return;
+    }
+    if (m_options.nzflag)
+        print(m_directory.comment, ifAsked);
+    const bool isCaseSensitive = m_options.C_flag;
+    m_included.emplace(m_includedNames, m_directory.entries, isCaseSensitive);
+    m_excluded.emplace(m_excludedNames, m_directory.entries, isCaseSensitive);
+    if (m_options.nvflag)
+        list();
+    else
+        extractAll();
+}
+
+bool UnzipJob::includes(const ArchiveEntry &entry) const
+{
+    return (m_included->isEmpty() || m_included->contains(entry)) && !m_excluded->contains(entry);
+}
+
+void UnzipJob::list()
+{
+    std::size_t count = 0;
+    for (const ArchiveEntry &entry : m_directory.entries) {
+        if (count++ % listedAtOnce == 0)
+            beginWith(entry);
+        if (includes(entry))
+            m_functions.message(listed(entry));
+    }
+}
+
+void UnzipJob::extractAll()
+{
+    const bool isWriting = !m_options.ntflag && !m_options.ncflag;
+    try {
+        if (isWriting)
+            m_target.emplace(m_options.lpszExtractDir);
+    } catch (const FileFailure &failure) {
+        fail(m_options.lpszExtractDir, std::strerror(failure.error), UnzipResult::BadParameters);
+        return;
+    }
+    m_extents.emplace(m_directory);
+    m_pool.emplace(m_file);
+    bool isAnyIncluded = false;
+    for (std::size_t i = 0; i < m_directory.entries.size(); ++i) {
+        const ArchiveEntry &entry = m_directory.entries[i];
+        if (!includes(entry) || entry.isVolumeLabel())
+            continue;
+        isAnyIncluded = true;
+        beginWith(entry);
+        guarded(entry.name, [&] { extract(i); });
+    }
+    finishAll();
+    restoreFolders();
+    if (!isAnyIncluded && !m_included->isEmpty())
+        m_result = qMax(m_result, UnzipResult::NothingFound);
+}
+
+void UnzipJob::extract(std::size_t index)
+{
+    const ArchiveEntry &entry = m_directory.entries[index];
+    std::optional<ExtractionTask> task = taskFor(entry);
+    if (!task)
+        return;
+    task->dataOffset = checkedDataOffset(entry);
+    if (!isPlain(entry) || task->output) {
+        finishAll(); // so that messages and questions come in the order of the entries
+        extractHere(index, *task);
+        return;
+    }
+    while (m_pool->isFull())
+        finishOne();
+    m_atWork.insert(task->path);
+    m_pool->add(std::move(*task));
+}
+
+void UnzipJob::makeFolder(const ArchiveEntry &entry, const QByteArray &path)
+{
+    if (path.isEmpty() || !m_target)
+        return;
+    waitFor(path);
+    const bool isNew = !m_target->exists(path);
+    m_target->folder(path);
+    if (isNew) {
+        print("   creating: " + EntryName::shown(path) + '/', ifAll);
+        m_newFolders.insert(path, &entry);
+    }
+}
+
+/// Nothing where the entry has no data, or where a file that exists stays.
+std::optional<ExtractionTask> UnzipJob::taskFor(const ArchiveEntry &entry)
+{
+    const int options = (m_options.ndflag ? TargetName::UseFolders : 0) |
+                        (m_options.SpaceToUnderScore ? TargetName::SpaceToUnderscore : 0);
+    const TargetName target = TargetName::of(entry, options);
+    if (target.name.isEmpty()) {
+        makeFolder(entry, target.folder);
+        return {};
+    }
+    ExtractionTask task;
+    task.entry = &entry;
+    task.path = target.path();
+    task.name = target.name;
+    task.convertsReturns = m_options.naflag;
+    task.ordinaryMode = m_ordinaryMode;
+    if (m_options.ncflag && !m_options.ntflag)
+        task.output = [this](QByteArrayView piece) { print(piece, ifAsked); };
+    if (!m_target)
+        return task;
+    waitFor(task.path);
+    task.folder = m_target->folder(target.folder);
+    struct stat existing = {};
+    if (::fstatat(task.folder->get(), task.name.constData(), &existing, AT_SYMLINK_NOFOLLOW) != 0)
+        return task;
+    if (!mayReplace(entry, task, existing))
+        return {};
+    task.existing = PartFile::Existing::Replace;
+    return task;
+}
+
+/// An entry meets the files of those before it, where one has its name, or that of a folder that it is in.
+void UnzipJob::waitFor(const QByteArray &path)
+{
+    bool isAtWork = m_atWork.contains(path);
+    for (qsizetype end = path.indexOf('/'); end >= 0; end = path.indexOf('/', end + 1))
+        isAtWork = isAtWork || m_atWork.contains(path.left(end));
+    if (isAtWork)
+        finishAll();
+}
+
+bool UnzipJob::mayReplace(const ArchiveEntry &entry, const ExtractionTask &task, const struct stat &existing)
+{
+    if (!S_ISREG(existing.st_mode) && !S_ISLNK(existing.st_mode))
+        throw FileFailure(EEXIST);
+    if ((m_options.ExtractOnlyNewer || m_options.nUflag) && existing.st_mtime >= entry.modified)
+        return false;
+    if (m_options.noflag || m_replacing == Replacing::All)
+        return true;
+    return m_options.PromptToOverwrite && m_replacing == Replacing::Ask && asksToReplace(task.path);
+}
+
+bool UnzipJob::asksToReplace(const QByteArray &path)
+{
+    const int answer =
+        m_functions.replace ? m_functions.replace(EntryName::shown(path)) : OverwriteAnswer::No;
+    if (answer == OverwriteAnswer::All)
+        m_replacing = Replacing::All;
+    else if (answer == OverwriteAnswer::None)
+        m_replacing = Replacing::None;
+    return answer == OverwriteAnswer::All || answer == OverwriteAnswer::Yes;
+}
+
+qint64 UnzipJob::checkedDataOffset(const ArchiveEntry &entry) const
+{
+    const qint64 offset = LocalHeader::dataOffset(m_file, entry);
+    if (m_extents->overlaps(entry, offset + qint64(entry.packedSize)))
+        throw BadArchive{"it shares its data with another entry", BadArchive::Overlapping};
+    return offset;
+}
+
+/// What talks to the user, as passwords do, and what the pool cannot read.
+void UnzipJob::extractHere(std::size_t index, const ExtractionTask &task)
+{
+    if (isPlain(*task.entry)) {
+        PlainData data(m_file, task.dataOffset, qint64(task.entry->packedSize));
+        m_extraction.run(task, data, false, [this] { callService(); });
+        report({task, nullptr});
+        return;
+    }
+    if (task.entry->isEncrypted())
+        extractEncrypted(index, task);
+    else
+        extractByLibzip(index, task, {});
+}
+
+void UnzipJob::extractEncrypted(std::size_t index, const ExtractionTask &task)
+{
+    bool hasPassword = !m_password.get().isEmpty();
+    while (hasPassword && !isRight(m_password.get(), index, task))
+        hasPassword = m_password.replace();
+    if (!hasPassword)
+        fail(task.path, "no password, or a wrong one", UnzipResult::NoPassword);
+}
+
+/// Extracts the entry if \a password is right. With the older encryption one in 256 wrong passwords is
+/// noticed by the data alone.
+bool UnzipJob::isRight(const QByteArray &password, std::size_t index, const ExtractionTask &task)
+{
+    try {
+        if (task.entry->isAes())
+            extractAes(task, password);
+        else
+            extractByLibzip(index, task, password);
+        return true;
+    } catch (const WrongPassword &) {
+        return false;
+    } catch (const BadArchive &failure) {
+        if (task.entry->isAes() || failure.kind == BadArchive::Unsupported)
+            throw;
+        return false;
+    }
+}
+
+void UnzipJob::extractAes(const ExtractionTask &task, const QByteArray &password)
+{
+    const auto size = qint64(task.entry->packedSize);
+    AesData data(std::make_unique<PlainData>(m_file, task.dataOffset, size), size, task.entry->aesStrength,
+                 password);
+    m_extraction.run(task, data, false, [this] { callService(); });
+    report({task, nullptr});
+}
+
+void UnzipJob::extractByLibzip(std::size_t index, const ExtractionTask &task, const QByteArray &password)
+{
+    if (!m_libzip)
+        m_libzip.emplace(m_file, m_directory.prefix);
+    const bool isUnpacked = !isKnown(*task.entry);
+    const auto data = m_libzip->open(index, password, isUnpacked);
+    m_extraction.run(task, *data, isUnpacked, [this] { callService(); });
+    report({task, nullptr});
+}
+
+void UnzipJob::report(const ExtractionPool::Done &done)
+{
+    m_atWork.remove(done.task.path);
+    guarded(done.task.path, [&] {
+        if (done.failure)
+            std::rethrow_exception(done.failure);
+        const QByteArray shown = EntryName::shown(done.task.path);
+        if (m_options.ntflag)
+            print("    testing: " + shown + "   OK", ifAll);
+        else if (m_target)
+            print((done.task.entry->method == ArchiveEntry::Stored ? " extracting: " : "  inflating: ") +
+                      shown,
+                  ifAll);
+    });
+}
+
+void UnzipJob::finishOne()
+{
+    if (const auto done = m_pool->wait())
+        report(*done);
+    else
+        callService();
+}
+
+void UnzipJob::finishAll()
+{
+    while (!m_pool->isEmpty())
+        finishOne();
+}
+
+/// Last, and the inner ones first: files that come into a folder change its time, and its permissions may
+/// forbid more files.
+void UnzipJob::restoreFolders()
+{
+    for (auto folder = m_newFolders.cend(); folder != m_newFolders.cbegin();) {
+        --folder;
+        guarded(folder.key(), [&] { m_target->restore(folder.key(), *folder.value()); });
+    }
+}
+
+template<class Step>
+void UnzipJob::guarded(const QByteArray &path, Step step)
+{
+    try {
+        step();
+    } catch (const BadArchive &failure) {
+        fail(path, failure.reason, resultOf(failure));
+    } catch (const FileFailure &failure) {
+        failBySystem(path, failure);
+    }
+}
+
+void UnzipJob::failBySystem(const QByteArray &path, const FileFailure &failure)
+{
+    fail(path, std::strerror(failure.error),
+         failure.isFullDisk() ? UnzipResult::DiskFull : UnzipResult::Warning);
+    if (failure.isFullDisk())
+        throw JobEnd{UnzipResult::DiskFull};
+}
+
+void UnzipJob::fail(const QByteArray &path, const QByteArray &reason, int result)
+{
+    print("error:  " + EntryName::shown(path) + ": " + reason, ifFew);
+    m_result = qMax(m_result, result);
+}
+
+void UnzipJob::print(QByteArrayView text, int mostQuiet) const
+{
+    if (m_options.fQuiet >= mostQuiet || !m_functions.print)
+        return;
+    for (qsizetype at = 0; at < text.size(); at += printedAtOnce)
+        m_functions.print(text.sliced(at, qMin(printedAtOnce, text.size() - at)));
+}
+
+void UnzipJob::beginWith(const ArchiveEntry &entry)
+{
+    m_current = ServiceName::of(entry.name);
+    callService();
+}
+
+void UnzipJob::callService() const
+{
+    if (m_functions.service && m_functions.service(m_current) != 0)
+        throw JobEnd{UnzipResult::Cancelled};
+}

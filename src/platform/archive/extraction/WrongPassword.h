@@ -1,0 +1,5 @@
+#pragma once
+
+/// The password does not open an entry.
+struct WrongPassword
+{};

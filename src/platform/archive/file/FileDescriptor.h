@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+
+/// An open file or folder, closed at the end. All functions but the constructors throw FileFailure.
+class FileDescriptor
+{
+public:
+    FileDescriptor() = default;
+    explicit FileDescriptor(int descriptor)
+        : m_descriptor(descriptor)
+    {}
+    ~FileDescriptor();
+    FileDescriptor(FileDescriptor &&other) noexcept;
+    FileDescriptor &operator=(FileDescriptor &&other) noexcept;
+
+    /// \a flags are those of open().
+    static FileDescriptor open(const QByteArray &path, int flags);
+    /// The folder that \a path is in.
+    static FileDescriptor openFolderOf(const QByteArray &path);
+
+    bool isOpen() const { return m_descriptor >= 0; }
+    int get() const { return m_descriptor; }
+
+    qint64 size() const;
+    /// The number of bytes read: fewer than \a size only at the end of the file.
+    qsizetype readAt(qint64 offset, char *to, qsizetype size) const;
+    void write(QByteArrayView bytes) const;
+
+private:
+    int m_descriptor = -1;
+};

@@ -1,0 +1,10 @@
+#pragma once
+
+#include <QByteArray>
+
+/// A file that is to be archived cannot be read, though it could be at the beginning of the job.
+struct ReadFailure
+{
+    QByteArray path;
+    int error; ///< a value of errno
+};

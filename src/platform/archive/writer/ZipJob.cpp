@@ -1,0 +1,406 @@
+#include "ZipJob.h"
+
+#include "BadArchive.h"
+#include "DirectoryReader.h"
+#include "FileCollector.h"
+#include "FileFailure.h"
+#include "FilePattern.h"
+#include "JobEnd.h"
+#include "ReadFailure.h"
+#include "ServiceName.h"
+#include "VolumeLabel.h"
+#include "ZipResult.h"
+
+#include <QtEndian>
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <limits>
+#include <new>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
+
+namespace {
+
+constexpr int defaultLevel = 6;
+constexpr quint16 unixTimes = 0x5455;
+constexpr zip_flags_t bothHeaders = ZIP_FL_LOCAL | ZIP_FL_CENTRAL;
+
+/// What \a path means behind all links.
+QByteArray targetOf(const QByteArray &path)
+{
+    const std::unique_ptr<char, void (*)(void *)> resolved(::realpath(path.constData(), nullptr), std::free);
+    return resolved ? QByteArray(resolved.get()) : path;
+}
+
+LineEnds::Conversion conversionOf(const ZPOPT &options)
+{
+    return options.fCRLF_LF   ? LineEnds::Conversion::ToLf
+           : options.fLF_CRLF ? LineEnds::Conversion::ToCrLf
+                              : LineEnds::Conversion::None;
+}
+
+/// The failure of a libzip call of the job's own.
+[[noreturn]] void failByLibzip(zip_t *archive)
+{
+    switch (zip_error_code_zip(zip_get_error(archive))) {
+    case ZIP_ER_MEMORY:
+        throw JobEnd{ZipResult::OutOfMemory};
+    case ZIP_ER_NOZIP:
+    case ZIP_ER_INCONS:
+    case ZIP_ER_READ:
+    case ZIP_ER_SEEK:
+    case ZIP_ER_EOF:
+        throw JobEnd{ZipResult::NoArchive};
+    default:
+        throw JobEnd{ZipResult::Internal};
+    }
+}
+
+void check(zip_t *archive, zip_int64_t result)
+{
+    if (result < 0)
+        failByLibzip(archive);
+}
+
+int percentSaved(const EntrySource &entry)
+{
+    if (entry.packedSize() >= entry.size())
+        return 0;
+    return int(100.0 * double(entry.size() - entry.packedSize()) / double(entry.size()) + 0.5);
+}
+
+} // namespace
+
+ZipJob::ZipJob(const QByteArray &archive, const QByteArrayList &names, const ZPOPT &options,
+               const ZIPUSERFUNCTIONS &functions)
+    : m_path(targetOf(archive))
+    , m_names(names)
+    , m_options(options)
+    , m_functions(functions)
+    , m_current(ServiceName::of(archive))
+    , m_archive(nullptr, zip_discard)
+{
+    m_events.begin = [this](const EntrySource &entry) {
+        m_current = ServiceName::of(entry.file().name);
+        callService();
+    };
+    m_events.pieceDone = [this](const EntrySource &) { callService(); };
+    m_events.end = [this](const EntrySource &entry) { printDone(entry); };
+}
+
+ZipJob::~ZipJob() = default;
+
+int ZipJob::run()
+{
+    try {
+        const int result = runSteps();
+        return result == ZipResult::Success && m_hasMissed ? ZipResult::CannotOpen : result;
+    } catch (const JobEnd &end) {
+        return end.result;
+    } catch (const BadArchive &failure) {
+        warn(m_path, failure.reason);
+        return ZipResult::NoArchive;
+    } catch (const ReadFailure &failure) {
+        warn(failure.path, std::strerror(failure.error));
+        return ZipResult::ReadFailed;
+    } catch (const FileFailure &failure) {
+        warn(m_path, std::strerror(failure.error));
+        return failure.error == EACCES || failure.error == EROFS || failure.error == ENOENT ||
+                       failure.error == ENOTDIR || failure.error == EPERM || failure.error == EISDIR
+                   ? ZipResult::CannotCreate
+                   : ZipResult::WriteFailed;
+    } catch (const std::bad_alloc &) {
+        return ZipResult::OutOfMemory;
+    } catch (const std::system_error &) { // no thread can be started
+        return ZipResult::OutOfMemory;
+    }
+}
+
+int ZipJob::runSteps()
+{
+    openOld();
+    return m_options.fDeleteEntries ? deleteEntries() : addFiles();
+}
+
+void ZipJob::openOld()
+{
+    struct stat state = {};
+    if (::stat(m_path.constData(), &state) != 0 && errno == ENOENT)
+        return;
+    if (!S_ISREG(state.st_mode))
+        throw FileFailure(EISDIR);
+    if (::access(m_path.constData(), W_OK) != 0)
+        throw FileFailure();
+    m_old = FileDescriptor::open(m_path, O_RDONLY);
+    if (state.st_size == 0)
+        return;
+    m_directory = DirectoryReader(m_old).read();
+    m_indices.reserve(qsizetype(m_directory.entries.size()));
+    for (quint64 i = 0; i < m_directory.entries.size(); ++i)
+        m_indices.insert(m_directory.entries[i].name, i);
+}
+
+void ZipJob::openContainer()
+{
+    m_rewrite.emplace(m_path, m_old, m_directory.prefix, [this] { callService(); });
+    m_archive.reset(m_rewrite->open(ZIP_CREATE));
+    if (!m_archive)
+        throw BadArchive{"its directory is damaged"};
+}
+
+int ZipJob::deleteEntries()
+{
+    if (!m_old.isOpen())
+        return ZipResult::MissingArchive;
+    openContainer();
+    bool isAny = false;
+    for (quint64 i = 0; i < m_directory.entries.size(); ++i) {
+        const QByteArray &name = m_directory.entries[i].name;
+        const auto matches = [&](const QByteArray &wanted) {
+            return FilePattern::matchesEntry(wanted, name);
+        };
+        if (std::none_of(m_names.cbegin(), m_names.cend(), matches))
+            continue;
+        isAny = true;
+        check(m_archive.get(), zip_delete(m_archive.get(), i));
+        print("deleting: " + EntryName::shown(name));
+    }
+    if (!isAny)
+        return ZipResult::NothingToDo;
+    close();
+    return ZipResult::Success;
+}
+
+int ZipJob::addFiles()
+{
+    m_files = collect();
+    for (const SourceFile &file : m_files) {
+        if (!file.isFolder)
+            m_regular.push_back(&file);
+    }
+    if (m_files.empty() && !m_options.fComment && !m_options.fVolume)
+        return m_hasMissed ? ZipResult::CannotOpen : ZipResult::NothingToDo;
+    if (m_options.fEncrypt)
+        askPassword();
+    if (m_options.fComment)
+        askComment();
+    if (m_files.empty() && m_comment.isEmpty() && !m_options.fVolume)
+        return ZipResult::NothingToDo;
+    addAll();
+    return ZipResult::Success;
+}
+
+/// In the order of the entries, which is the one in which libzip asks for the data: first those that replace
+/// others.
+std::vector<SourceFile> ZipJob::collect()
+{
+    FileCollector collector(
+        m_options, [this](const QByteArray &name, const char *reason) { warn(name, reason); },
+        [this] { callService(); });
+    struct stat state = {};
+    if (::stat(m_path.constData(), &state) == 0) {
+        SourceFile archive;
+        archive.device = state.st_dev;
+        archive.inode = state.st_ino;
+        collector.leaveOut(archive);
+    }
+    std::vector<SourceFile> files = collector.collect(m_names);
+    m_hasMissed = collector.hasMissed();
+    for (SourceFile &file : files)
+        findReplaced(file);
+    std::erase_if(files, [this](const SourceFile &file) { return !isWanted(file); });
+    std::stable_sort(files.begin(), files.end(), [](const SourceFile &a, const SourceFile &b) {
+        constexpr quint64 last = std::numeric_limits<quint64>::max();
+        return a.replaced.value_or(last) < b.replaced.value_or(last);
+    });
+    return files;
+}
+
+void ZipJob::findReplaced(SourceFile &file) const
+{
+    if (const auto found = m_indices.constFind(file.name); found != m_indices.cend())
+        file.replaced = *found;
+}
+
+bool ZipJob::isWanted(const SourceFile &file) const
+{
+    if (!file.replaced)
+        return !m_options.fFreshen;
+    if (!m_options.fFreshen && !m_options.fUpdate)
+        return true;
+    const ArchiveEntry &entry = m_directory.entries[*file.replaced];
+    return file.modified > entry.modified + (entry.hasExactTime ? 0 : 1); // times of DOS are even
+}
+
+void ZipJob::askPassword()
+{
+    const QByteArray first = requestPassword();
+    if (requestPassword() != first) {
+        print("error:  the passwords differ");
+        throw JobEnd{ZipResult::BadParameters};
+    }
+    m_password = first;
+}
+
+QByteArray ZipJob::requestPassword()
+{
+    std::array<char, 256> buffer = {};
+    if (!m_functions.password || m_functions.password(buffer) != 0)
+        throw JobEnd{ZipResult::Cancelled};
+    const QByteArray password(buffer.data(), std::find(buffer.begin(), buffer.end(), '\0') - buffer.begin());
+    if (password.isEmpty())
+        throw JobEnd{ZipResult::Cancelled};
+    return password;
+}
+
+void ZipJob::askComment()
+{
+    CommentBuffer buffer = {};
+    if (m_functions.comment)
+        m_functions.comment(buffer);
+    buffer.back() = '\0';
+    m_comment = QByteArray(buffer.data());
+}
+
+void ZipJob::addAll()
+{
+    const int level = m_options.flevel > 0 ? qMin(m_options.flevel, 9) : defaultLevel;
+    m_queue.emplace(m_regular, conversionOf(m_options), level);
+    openContainer();
+    if (!m_comment.isEmpty())
+        check(m_archive.get(), zip_set_archive_comment(m_archive.get(), m_comment.constData(),
+                                                       zip_uint16_t(m_comment.size())));
+    if (m_options.fVolume)
+        addVolumeLabel();
+    for (const SourceFile &file : m_files) {
+        if (file.isFolder)
+            addFolder(file);
+        else
+            addFile(file);
+    }
+    close();
+}
+
+void ZipJob::addFolder(const SourceFile &file)
+{
+    zip_int64_t index = file.replaced ? zip_int64_t(*file.replaced) : -1;
+    if (index < 0) {
+        index = zip_dir_add(m_archive.get(), file.name.constData(), ZIP_FL_ENC_GUESS);
+        check(m_archive.get(), index);
+        print("  adding: " + EntryName::shown(file.name) + " (stored 0%)");
+    }
+    describe(file, zip_uint64_t(index));
+    check(m_archive.get(), zip_file_set_mtime(m_archive.get(), zip_uint64_t(index), file.modified, 0));
+}
+
+void ZipJob::addFile(const SourceFile &file)
+{
+    zip_t *archive = m_archive.get();
+    auto &entry = m_sources.emplace_back(std::make_unique<EntrySource>(file, *m_queue, m_events));
+    zip_source_t *source = entry->create();
+    zip_int64_t index = -1;
+    if (!file.replaced)
+        index = zip_file_add(archive, file.name.constData(), source, ZIP_FL_ENC_GUESS);
+    else if (zip_file_replace(archive, *file.replaced, source, 0) == 0)
+        index = zip_int64_t(*file.replaced);
+    if (index < 0)
+        zip_source_free(source);
+    check(archive, index);
+    entry->setPlace(archive, zip_uint64_t(index));
+    check(archive, zip_set_file_compression(archive, zip_uint64_t(index), ZIP_CM_DEFLATE, 0));
+    const zip_uint16_t encryption = m_password.isEmpty() ? ZIP_EM_NONE : ZIP_EM_TRAD_PKWARE;
+    check(archive, zip_file_set_encryption(archive, zip_uint64_t(index), encryption,
+                                           m_password.isEmpty() ? nullptr : m_password.constData()));
+    describe(file, zip_uint64_t(index));
+}
+
+/// The entry's name, permissions and exact time. What an entry that is replaced had in other fields is out of
+/// date.
+void ZipJob::describe(const SourceFile &file, zip_uint64_t index)
+{
+    zip_t *archive = m_archive.get();
+    if (file.replaced && m_directory.entries[*file.replaced].storedName != file.name)
+        check(archive, zip_file_rename(archive, index, file.name.constData(), ZIP_FL_ENC_GUESS));
+    const quint32 attributes = quint32(file.mode) << 16 | (file.isFolder ? quint32(ArchiveEntry::Folder) : 0);
+    check(archive, zip_file_set_external_attributes(archive, index, 0, ZIP_OPSYS_UNIX, attributes));
+    zip_file_extra_field_delete(archive, index, ZIP_EXTRA_FIELD_ALL, bothHeaders);
+    const auto seconds = qint32(file.modified);
+    if (seconds != file.modified)
+        return; // the field ends in 2038
+    std::array<uchar, 5> times = {1};
+    qToLittleEndian(seconds, times.data() + 1);
+    check(archive, zip_file_extra_field_set(archive, index, unixTimes, ZIP_EXTRA_FIELD_NEW, times.data(),
+                                            times.size(), bothHeaders));
+}
+
+void ZipJob::addVolumeLabel()
+{
+    const QByteArray label = VolumeLabel::of(".");
+    if (label.isEmpty())
+        return;
+    zip_t *archive = m_archive.get();
+    zip_source_t *source = zip_source_buffer(archive, nullptr, 0, 0);
+    const zip_int64_t index =
+        source ? zip_file_add(archive, label.constData(), source, ZIP_FL_ENC_GUESS | ZIP_FL_OVERWRITE) : -1;
+    if (index < 0)
+        zip_source_free(source);
+    check(archive, index);
+    check(archive, zip_file_set_external_attributes(archive, zip_uint64_t(index), 0, ZIP_OPSYS_DOS,
+                                                    ArchiveEntry::VolumeLabel));
+}
+
+/// Here everything is done: libzip asks for the data of all new entries and writes the archive.
+void ZipJob::close()
+{
+    if (zip_close(m_archive.get()) == 0) {
+        m_archive.release();
+        return;
+    }
+    rethrowFailure();
+    failByLibzip(m_archive.get());
+}
+
+void ZipJob::rethrowFailure() const
+{
+    for (const auto &source : m_sources) {
+        if (source->failure())
+            std::rethrow_exception(source->failure());
+    }
+    if (m_rewrite->failure())
+        std::rethrow_exception(m_rewrite->failure());
+}
+
+void ZipJob::printDone(const EntrySource &entry) const
+{
+    QByteArray line = entry.file().replaced ? "updating: " : "  adding: ";
+    line += EntryName::shown(entry.file().name);
+    if (m_options.fVerbose)
+        line += " (in=" + QByteArray::number(entry.size()) +
+                ") (out=" + QByteArray::number(entry.packedSize()) + ')';
+    line += entry.isDeflated() ? " (deflated " : " (stored ";
+    print(line + QByteArray::number(percentSaved(entry)) + "%)");
+}
+
+void ZipJob::print(const QByteArray &text) const
+{
+    if (m_functions.print && !m_options.fQuiet)
+        m_functions.print(text);
+}
+
+void ZipJob::warn(const QByteArray &name, const QByteArray &reason) const
+{
+    if (m_functions.print)
+        m_functions.print("warning:  " + EntryName::shown(name) + ": " + reason);
+}
+
+void ZipJob::callService() const
+{
+    if (m_functions.service && m_functions.service(m_current) != 0)
+        throw JobEnd{ZipResult::Cancelled};
+}

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "ArchiveDirectory.h"
+#include "ArchiveRewrite.h"
+#include "EntrySource.h"
+#include "ZIPUSERFUNCTIONS.h"
+#include "ZPOPT.h"
+
+#include <QByteArrayList>
+#include <QHash>
+#include <memory>
+#include <optional>
+#include <vector>
+
+/// One job of the zip library: it adds files to an archive, or deletes entries. It decides on the caller's
+/// thread what is to be done; the queue reads and compresses, libzip arranges the archive.
+class ZipJob
+{
+public:
+    ZipJob(const QByteArray &archive, const QByteArrayList &names, const ZPOPT &options,
+           const ZIPUSERFUNCTIONS &functions);
+    ~ZipJob();
+
+    /// Returns a ZipResult.
+    int run();
+
+private:
+    int runSteps();
+    void openOld();
+    void openContainer();
+
+    int deleteEntries();
+    int addFiles();
+    std::vector<SourceFile> collect();
+    bool isWanted(const SourceFile &file) const;
+    void findReplaced(SourceFile &file) const;
+    void askPassword();
+    QByteArray requestPassword();
+    void askComment();
+    void addAll();
+    void addFolder(const SourceFile &file);
+    void addFile(const SourceFile &file);
+    void describe(const SourceFile &file, zip_uint64_t index);
+    void addVolumeLabel();
+    void close();
+    void rethrowFailure() const;
+
+    void printDone(const EntrySource &entry) const;
+    void print(const QByteArray &text) const;
+    void warn(const QByteArray &name, const QByteArray &reason) const;
+    void callService() const;
+
+    const QByteArray m_path; ///< without links
+    const QByteArrayList m_names;
+    const ZPOPT m_options;
+    const ZIPUSERFUNCTIONS m_functions;
+    QByteArray m_current; ///< the name at work
+    bool m_hasMissed = false;
+
+    FileDescriptor m_old;
+    ArchiveDirectory m_directory;              ///< of the old archive
+    QHash<QByteArray, quint64> m_indices;      ///< of its entries
+    std::vector<SourceFile> m_files;           ///< to be written, in the order of their entries
+    std::vector<const SourceFile *> m_regular; ///< those that are no folders
+    QByteArray m_password;
+    QByteArray m_comment;
+
+    std::optional<CompressionQueue> m_queue;
+    EntrySource::Events m_events;
+    std::vector<std::unique_ptr<EntrySource>> m_sources;
+    std::optional<ArchiveRewrite> m_rewrite;
+    std::unique_ptr<zip_t, void (*)(zip_t *)> m_archive;
+};

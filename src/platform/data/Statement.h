@@ -1,0 +1,52 @@
+#pragma once
+
+#include "FieldValue.h"
+
+#include <QByteArrayView>
+#include <QString>
+
+struct sqlite3;
+struct sqlite3_stmt;
+
+/// One statement that the engine has prepared, with the values and the rows of one run.
+///
+/// All functions throw RuntimeError with the engine's message. The text passes StatementText first, and a
+/// second statement behind it is refused before the first one runs.
+class Statement
+{
+public:
+    enum class Type { Null, Integer, Real, Text };
+
+    Statement(sqlite3 *database, const QString &text);
+    ~Statement();
+    Statement(const Statement &) = delete;
+    Statement &operator=(const Statement &) = delete;
+
+    /// \a index counts from 1.
+    void bind(int index, const FieldValue &value);
+    /// True when there is a next row; the functions below then read it.
+    bool step();
+    /// Runs the statement to its end.
+    void finish();
+
+    /// Columns count from 0.
+    int columnCount() const;
+    /// As its table spells it; the text of an expression.
+    QString columnName(int column) const;
+    /// Empty for an expression.
+    QString tableName(int column) const;
+    bool isDateColumn(int column) const;
+
+    Type type(int column) const;
+    qint64 integer(int column) const;
+    double real(int column) const;
+    /// UTF-8, until the next step.
+    QByteArrayView text(int column) const;
+
+private:
+    void refuseSecondStatement(const char *rest);
+
+    sqlite3 *m_database;
+    QString m_text;
+    sqlite3_stmt *m_statement = nullptr;
+};

@@ -1,0 +1,9 @@
+#pragma once
+
+/// The program that tells about the computer, as the registry names it.
+namespace SystemInformation {
+
+/// Starts it and does not wait. Returns false where the registry names none, or none that can be started.
+bool start();
+
+} // namespace SystemInformation

@@ -1,0 +1,60 @@
+#include "AddressDatabase.h"
+#include "Forms.h"
+#include "RuntimeError.h"
+#include "frmAddress.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <cstdio>
+
+namespace {
+
+constexpr qint32 contacts = 20;
+
+void setText(const frmAddress &editor, const char *name, const QString &text)
+{
+    editor.member<QLineEdit>(QString::fromLatin1(name)).setText(text);
+}
+
+/// Opens the editor for the contact \a number, or for a new one where it is 0, fills fields of all tables
+/// with \a text and presses Ok.
+void save(qint32 number, const QString &text)
+{
+    auto &editor = Forms::refer<frmAddress>();
+    editor.load();
+    if (number)
+        editor.configureEdit(number);
+    else
+        editor.EditMode = QStringLiteral("New");
+    setText(editor, "txtName", text);
+    setText(editor, "txtEMail", text);
+    setText(editor, "txtHZipCode", text);
+    setText(editor, "txtCompany", text);
+    editor.member<QPushButton>(QStringLiteral("cmdAdd")).click();
+    editor.member<QPushButton>(QStringLiteral("cmdOK")).click();
+    std::putchar('.');
+    std::fflush(stdout);
+}
+
+} // namespace
+
+/// contact-saver DATABASE: makes contacts, then changes them for ever; a dot for each save.
+int main(int argc, char **argv)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    if (argc != 2)
+        return 2;
+    Forms::registerWindow(QStringLiteral("frmAddress"), Forms::Instances::One, [] { return new frmAddress; });
+    try {
+        AddressDatabase::open(QFile::decodeName(argv[1]));
+        for (int round = 0;; ++round)
+            save(round < contacts ? 0 : 1 + round % contacts, QString::number(round));
+    } catch (const RuntimeError &error) {
+        std::fprintf(stderr, "%s\n", qUtf8Printable(error.description()));
+        return 1;
+    }
+}
