@@ -5,6 +5,7 @@
 # quill_program(NAME LINKS ...)   the program of this folder, in <build>/app/ with all its data beside it.
 # quill_test(LINKS ... [LABEL ...])   the tests of this folder of tests/, one program; ctest runs each tst_*.cpp of it
 #                                     in a process of its own.
+# quill_test_support(LINKS ...)   the library of this folder of tests/, for the tests of other folders.
 #
 # Links name folders of src/ ("platform/core") or imported targets ("Qt6::Gui").
 #
@@ -63,6 +64,24 @@ macro(quill_find_sources)
     file(GLOB sources CONFIGURE_DEPENDS ${implementations} ${headers})
 endmacro()
 
+# Parsing Qt's headers is most of what compiling costs. platform/core and platform/forms precompile those that most
+# sources include; a module takes them from platform/forms where it may show windows.
+function(quill_share_precompiled name)
+    if(name MATCHES "^platform-(core|forms)$")
+        return()
+    endif()
+    set(from platform-core)
+    foreach(link IN LISTS ARGN)
+        if(TARGET ${link})
+            get_target_property(shared ${link} PRECOMPILE_HEADERS_REUSE_FROM)
+            if("platform-forms" IN_LIST shared OR link STREQUAL platform-forms)
+                set(from platform-forms)
+            endif()
+        endif()
+    endforeach()
+    target_precompile_headers(${name} REUSE_FROM ${from})
+endfunction()
+
 function(quill_module)
     quill_parse_links(${ARGN})
     quill_targets(name ${folder})
@@ -70,6 +89,7 @@ function(quill_module)
     add_library(${name} STATIC ${sources})
     target_include_directories(${name} PUBLIC ${folders})
     target_link_libraries(${name} PUBLIC ${links} PRIVATE ${private_links})
+    quill_share_precompiled(${name} ${links} ${private_links})
 endfunction()
 
 # What is loaded into a running program brings its static libraries' statics a second time, so it links shared ones.
@@ -148,6 +168,19 @@ function(quill_data name folder)
     add_dependencies(${name} address-database)
 endfunction()
 
+# The tests' sources share the precompiled headers of what every test program starts with.
+function(quill_test_support)
+    cmake_parse_arguments(arg "" "" "LINKS" ${ARGN})
+    quill_folder(folder tests)
+    quill_targets(links ${arg_LINKS})
+    string(REPLACE "/" "-" name "test/${folder}")
+    file(GLOB sources CONFIGURE_DEPENDS *.cpp *.h)
+    add_library(${name} STATIC ${sources})
+    target_include_directories(${name} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
+    target_link_libraries(${name} PUBLIC ${links})
+    target_precompile_headers(${name} REUSE_FROM test-program)
+endfunction()
+
 function(quill_test)
     cmake_parse_arguments(arg "" "LABEL" "LINKS" ${ARGN})
     quill_folder(folder tests)
@@ -157,6 +190,7 @@ function(quill_test)
     add_executable(${name} ${sources})
     target_include_directories(${name} PRIVATE ${folders})
     target_link_libraries(${name} PRIVATE test-support ${links})
+    target_precompile_headers(${name} REUSE_FROM test-program)
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/bin)
     add_dependencies(${name} test-data)
     target_compile_definitions(${name} PRIVATE QUILL_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data")

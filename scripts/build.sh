@@ -1,8 +1,5 @@
 # Shared by ./run and ./test: packages and builds. Silent when there is nothing to do.
 
-# One clone's objects serve another.
-export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
-
 # install_missing LIST...   installs the Debian packages of scripts/packages.LIST that are not there.
 install_missing() {
     missing=
