@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QKeyEvent>
+#include <QResizeEvent>
 #include <QStyle>
 
 DirListBox::DirListBox(QWidget *parent)
@@ -57,14 +58,25 @@ void DirListBox::open(const QModelIndex &index)
     }
 }
 
-/// The folder stays in view, also when the list gets its first place.
+/// The folder stays in view, also when the list gets its first place, unless the user has scrolled it away.
 void DirListBox::resizeEvent(QResizeEvent *event)
 {
+    const QModelIndex folder = m_rows->index(m_rows->folderRow());
+    const QSize before = event->oldSize();
+    const bool wasInView = !before.isValid() || QRect({}, before).contains(visualRect(folder));
     QListView::resizeEvent(event);
     run([&] {
         executeDelayedItemsLayout();
-        scrollTo(m_rows->index(m_rows->folderRow()));
+        if (wasInView)
+            scrollTo(folder);
     });
+}
+
+void DirListBox::changeEvent(QEvent *event)
+{
+    QListView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        run([&] { m_rows->forgetIcons(); });
 }
 
 void DirListBox::keyPressEvent(QKeyEvent *event)
