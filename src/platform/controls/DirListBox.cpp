@@ -42,9 +42,13 @@ void DirListBox::list(const QString &path)
     const QString clean = QDir::cleanPath(path);
     m_rows->setFolder(clean, Folder::subfolders(clean, Folder::Hidden::Skip));
     m_path = clean;
-    const QModelIndex folder = m_rows->index(m_rows->folderRow());
-    setCurrentIndex(folder);
-    scrollTo(folder, PositionAtCenter);
+    setCurrentIndex(folder());
+    scrollTo(folder(), PositionAtCenter);
+}
+
+QModelIndex DirListBox::folder() const
+{
+    return m_rows->index(m_rows->folderRow());
 }
 
 void DirListBox::open(const QModelIndex &index)
@@ -61,14 +65,16 @@ void DirListBox::open(const QModelIndex &index)
 /// The folder stays in view, also when the list gets its first place, unless the user has scrolled it away.
 void DirListBox::resizeEvent(QResizeEvent *event)
 {
-    const QModelIndex folder = m_rows->index(m_rows->folderRow());
-    const QSize before = event->oldSize();
-    const bool wasInView = !before.isValid() || QRect({}, before).contains(visualRect(folder));
+    bool wasInView = false;
+    run([&] {
+        const QSize before = event->oldSize();
+        wasInView = !before.isValid() || QRect({}, before).contains(visualRect(folder()));
+    });
     QListView::resizeEvent(event);
     run([&] {
         executeDelayedItemsLayout();
         if (wasInView)
-            scrollTo(folder);
+            scrollTo(folder());
     });
 }
 

@@ -31,6 +31,7 @@ protected:
 private:
     void open(const QModelIndex &index);
     void list(const QString &path);
+    QModelIndex folder() const;
 
     FolderRowsModel *m_rows;
     QString m_path;

@@ -451,9 +451,7 @@ TEST_F(FormKeysTest, TheKeyOfAFieldsButtonIsForNoButtonThatGetsTheFocusMeanwhile
 
 TEST_F(FormKeysTest, AnUnloadedWindowsKeysPressNothing)
 {
-    on(field, &QLineEdit::returnPressed, form, [this] {
-        form->unload();
-    });
+    on(field, &QLineEdit::returnPressed, form, [this] { form->unload(); });
     EXPECT_TRUE(pressedBy(Qt::Key_Return, field).isEmpty());
     EXPECT_FALSE(form->isLoaded());
 }
