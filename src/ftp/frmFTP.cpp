@@ -177,7 +177,7 @@ void frmFTP::logOn()
         return;
     setStatus(connected); // Intended: also where the server refused
     setConnected(true);
-    if (hasFocusInside())
+    if (isFocusParked())
         lstRemoteFile->setFocus();
 }
 
@@ -229,22 +229,21 @@ void frmFTP::setDisconnected()
         cmdLogOn->setFocus();
 }
 
-/// Also while a box is in front of the frame. Otherwise the user works in another window.
-bool frmFTP::hasFocusInside() const
-{
-    const QWidget *focused = window()->focusWidget();
-    return focused == this || isAncestorOf(focused);
-}
-
 /// Takes the focus away from the controls that are about to be disabled, from which it would jump to any
-/// other one. Returns whether it is here, for the caller to give it back.
+/// other one, to the status label, where no key does anything. Returns whether it is there, for the caller to
+/// give it back.
 bool frmFTP::parkFocus()
 {
     QWidget *focused = window()->focusWidget();
-    const bool isParked = focused == this || focused == cmdLogOn || connectionControls().contains(focused);
-    if (isParked)
-        setFocus();
-    return isParked;
+    if (focused == cmdLogOn || connectionControls().contains(focused))
+        lblStatus->setFocus();
+    return isFocusParked();
+}
+
+/// False where the user has gone on to another control or window meanwhile.
+bool frmFTP::isFocusParked() const
+{
+    return window()->focusWidget() == lblStatus;
 }
 
 // ---- What the session reports
@@ -398,11 +397,11 @@ void frmFTP::cmdsend_Click()
     const QString name = filLocalFile->FileName();
     if (withoutBlanks(name).isEmpty())
         Ask(QStringLiteral("Please select a file to send."), MsgBoxStyle::Critical, QStringLiteral("Error"));
-    else if (mayOverwrite(name) && isLoaded())
+    else if (mayOverwrite(name))
         change(FtpCommand::send(name, filLocalFile->Path()));
 }
 
-/// Asks for each row of that name.
+/// Asks for each row of that name. Returns false also where the window is closed meanwhile.
 bool frmFTP::mayOverwrite(const QString &name)
 {
     for (int row = 0; row < lstRemoteFile->ListCount(); ++row) {
@@ -410,7 +409,7 @@ bool frmFTP::mayOverwrite(const QString &name)
             continue;
         const int reply = Ask(QStringLiteral("File ") + name + QStringLiteral(" already exists.\nOverwrite?"),
                               MsgBoxStyle::YesNo | MsgBoxStyle::Question, QStringLiteral("Overwrite"));
-        if (reply == MsgBoxReply::No)
+        if (reply == MsgBoxReply::No || !isLoaded())
             return false;
     }
     return true;

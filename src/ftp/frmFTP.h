@@ -63,10 +63,9 @@ private:
     QList<QWidget *> connectionControls() const;
     void setConnected(bool connected);
     void setDisconnected();
-    bool hasFocusInside() const;
     bool parkFocus();
+    bool isFocusParked() const;
 
-    QPushButton *button(const char *name, const QString &toolTip, const QString &icon);
     QToolButton *image(const char *name, const QString &toolTip, const QString &icon);
     QWidget *buildLoginInfo();
     QWidget *buildStatus();

@@ -3,6 +3,7 @@
 #include "Ask.h"
 #include "EventGate.h"
 #include "Forms.h"
+#include "IconButton.h"
 #include "ListBox.h"
 #include "Named.h"
 #include "PasswordBox.h"
@@ -17,7 +18,6 @@
 
 namespace {
 
-constexpr int iconSize = 22;   // pixels
 constexpr int listWidth = 34;  // characters
 constexpr int fieldWidth = 30; // characters
 
@@ -46,15 +46,6 @@ frmFTPAccounts::frmFTPAccounts()
                                     {"CancelButton", &frmFTPAccounts::CancelButton_Click},
                                 });
     on(List1, &ListBox::Click, this, &frmFTPAccounts::List1_Click);
-}
-
-QPushButton *frmFTPAccounts::button(const char *name, const QString &toolTip, const QString &icon)
-{
-    auto *button = named<QPushButton>(name, QString(), toolTip);
-    button->setToolTip(toolTip);
-    button->setIconSize({iconSize, iconSize});
-    m_icons->add(*button, icon);
-    return button;
 }
 
 QWidget *frmFTPAccounts::buildFields()
@@ -95,9 +86,10 @@ QWidget *frmFTPAccounts::buildProfiles()
 
 QWidget *frmFTPAccounts::buildButtons()
 {
-    cmdSave = button("cmdSave", QStringLiteral("Save Changes"), QStringLiteral("document-save"));
-    OKButton = button("OKButton", QStringLiteral("Connect to This Account Profile"),
-                      QStringLiteral("network-connect"));
+    cmdSave =
+        iconButton(*m_icons, "cmdSave", QStringLiteral("Save Changes"), QStringLiteral("document-save"));
+    OKButton = iconButton(*m_icons, "OKButton", QStringLiteral("Connect to This Account Profile"),
+                          QStringLiteral("network-connect"));
     auto *panel = new QWidget(this);
     auto *row = new QHBoxLayout(panel);
     row->setContentsMargins({});

@@ -28,7 +28,6 @@ private:
     void readProfiles();
     void showProfile(const FtpProfile &profile);
 
-    QPushButton *button(const char *name, const QString &toolTip, const QString &icon);
     QWidget *buildProfiles();
     QWidget *buildFields();
     QWidget *buildButtons();

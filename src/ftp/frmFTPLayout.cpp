@@ -2,10 +2,12 @@
 #include "DriveListBox.h"
 #include "EventGate.h"
 #include "FileListBox.h"
+#include "IconButton.h"
 #include "InternetTransfer.h"
 #include "ListBox.h"
 #include "Named.h"
 #include "PasswordBox.h"
+#include "PlainTextDelegate.h"
 #include "RowDrop.h"
 #include "StandardToolMenu.h"
 #include "WindowCommands.h"
@@ -22,10 +24,9 @@
 
 namespace {
 
-constexpr int buttonIconSize = 22; // pixels
-constexpr int imageSize = 32;      // the same
-constexpr int leastLetters = 16;   // of a text box
-constexpr int leastRows = 4;       // of a list, and one more of folders
+constexpr int imageSize = 32;    // pixels
+constexpr int leastLetters = 16; // of a text box
+constexpr int leastRows = 4;     // of a list
 
 constexpr ToolMenuRow menuRows[] = {
     renamed(StandardToolMenu::File, "mnufile", "&File"),
@@ -59,7 +60,7 @@ List *list(const char *name, const QString &toolTip)
 {
     auto *list = named<List>(name, toolTip);
     list->setToolTip(toolTip);
-    list->setMinimumHeight(leastRows * list->fontMetrics().lineSpacing());
+    list->setMinimumHeight(PlainTextDelegate::heightOfRows(*list, leastRows));
     list->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     return list;
 }
@@ -76,6 +77,7 @@ frmFTP::frmFTP()
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     m_menus = StandardToolMenu::build(menuRows, *this);
     layOut();
+    setFocusProxy(txtServer);
     setConnected(false);
     cmdsend->setEnabled(true); // Intended: only a lost connection or a log-off takes these two away
     cmdreceive->setEnabled(true);
@@ -94,15 +96,6 @@ void frmFTP::layOut()
     auto *column = new QVBoxLayout(this);
     column->addLayout(connection);
     column->addLayout(panes, 1);
-}
-
-QPushButton *frmFTP::button(const char *name, const QString &toolTip, const QString &icon)
-{
-    auto *button = named<QPushButton>(name, QString(), toolTip);
-    button->setToolTip(toolTip);
-    button->setIconSize({buttonIconSize, buttonIconSize});
-    m_icons->add(*button, icon);
-    return button;
 }
 
 /// A picture that can be clicked; the button beside it takes the keys.
@@ -135,10 +128,11 @@ QWidget *frmFTP::buildLoginInfo()
     grid->addWidget(txtUserName, 1, 1);
     grid->addWidget(labelOf("lblPassword", QStringLiteral("Password:"), txtPassword), 1, 2);
     grid->addWidget(txtPassword, 1, 3);
-    cmdLogOn = button("cmdLogOn", QStringLiteral("Connect"), QStringLiteral("network-connect"));
-    cmdLogOff = button("cmdLogOff", QStringLiteral("Disconnect"), QStringLiteral("network-disconnect"));
-    cmdAccounts =
-        button("cmdAccounts", QStringLiteral("Saved Account Profiles"), QStringLiteral("view-list-details"));
+    cmdLogOn = iconButton(*m_icons, "cmdLogOn", QStringLiteral("Connect"), QStringLiteral("network-connect"));
+    cmdLogOff =
+        iconButton(*m_icons, "cmdLogOff", QStringLiteral("Disconnect"), QStringLiteral("network-disconnect"));
+    cmdAccounts = iconButton(*m_icons, "cmdAccounts", QStringLiteral("Saved Account Profiles"),
+                             QStringLiteral("view-list-details"));
     auto *buttons = new QHBoxLayout;
     for (QPushButton *button : {cmdLogOn, cmdLogOff, cmdAccounts})
         buttons->addWidget(button);
@@ -180,8 +174,8 @@ QWidget *frmFTP::buildControls()
     auto *column = new QVBoxLayout(fraControls);
     const QString send = QStringLiteral("Send Selected File");
     const QString receive = QStringLiteral("Receive Selected File");
-    cmdsend = button("cmdsend", send, QStringLiteral("go-next"));
-    cmdreceive = button("cmdreceive", receive, QStringLiteral("go-previous"));
+    cmdsend = iconButton(*m_icons, "cmdsend", send, QStringLiteral("go-next"));
+    cmdreceive = iconButton(*m_icons, "cmdreceive", receive, QStringLiteral("go-previous"));
     column->addStretch(1);
     column->addWidget(image("imgSendFile", send, QStringLiteral("document-export")), 0, Qt::AlignHCenter);
     column->addWidget(cmdsend, 0, Qt::AlignHCenter);
@@ -201,11 +195,15 @@ QWidget *frmFTP::buildRemoteFiles()
     auto *fraRemoteFiles = named<QGroupBox>("fraRemoteFiles", QStringLiteral("Remote Files"));
     auto *column = new QVBoxLayout(fraRemoteFiles);
     lstRemoteFile = list<ListBox>("lstRemoteFile", QStringLiteral("Remote Files"));
-    cmdNewFolder = button("cmdNewFolder", QStringLiteral("New Folder"), QStringLiteral("folder-new"));
-    cmdUpFolder = button("cmdUpFolder", QStringLiteral("Move Up One Folder"), QStringLiteral("go-up"));
-    cmdDelete = button("cmdDelete", QStringLiteral("Delete"), QStringLiteral("edit-delete"));
-    cmdSize = button("cmdSize", QStringLiteral("Get File Size Information"), QStringLiteral("documentinfo"));
-    cmdRename = button("cmdRename", QStringLiteral("Rename File"), QStringLiteral("edit-rename"));
+    cmdNewFolder =
+        iconButton(*m_icons, "cmdNewFolder", QStringLiteral("New Folder"), QStringLiteral("folder-new"));
+    cmdUpFolder =
+        iconButton(*m_icons, "cmdUpFolder", QStringLiteral("Move Up One Folder"), QStringLiteral("go-up"));
+    cmdDelete = iconButton(*m_icons, "cmdDelete", QStringLiteral("Delete"), QStringLiteral("edit-delete"));
+    cmdSize = iconButton(*m_icons, "cmdSize", QStringLiteral("Get File Size Information"),
+                         QStringLiteral("documentinfo"));
+    cmdRename =
+        iconButton(*m_icons, "cmdRename", QStringLiteral("Rename File"), QStringLiteral("edit-rename"));
     auto *buttons = new QHBoxLayout;
     for (QPushButton *button : {cmdNewFolder, cmdUpFolder, cmdDelete, cmdSize, cmdRename})
         buttons->addWidget(button);
@@ -232,7 +230,7 @@ void frmFTP::bind()
                                     {"imgReceiveFile", &frmFTP::cmdreceive_Click},
                                 });
     for (const QLineEdit *box : {txtAccount, txtServer, txtUserName, txtPassword})
-        on(box, &QLineEdit::returnPressed, cmdLogOn, &QPushButton::click);
+        setReturnButton(*box, *cmdLogOn);
     auto *refresh = new QShortcut(QKeySequence::Refresh, dirLocalDir->parentWidget());
     refresh->setContext(Qt::WidgetWithChildrenShortcut);
     on(refresh, &QShortcut::activated, filLocalFile, &FileListBox::Refresh);

@@ -13,6 +13,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 #include <QMenu>
 #include <QTest>
 #include <QToolButton>
@@ -180,6 +181,20 @@ TEST_F(FtpWindowTest, TheListsTakeWhatALargerWindowGives)
     EXPECT_GT(window.remote().height(), remote.height() + 140);
     EXPECT_GT(window.remote().width(), remote.width() + 80);
     EXPECT_EQ(window.control<QWidget>("fraLoginInfo").height(), login);
+}
+
+TEST_F(FtpWindowTest, TheListsKeepFourRowsInASmallWindow)
+{
+    window.local.addFile("file");
+    window.control<DirListBox>("dirLocalDir").setPath(window.local.path());
+    window.logOn({QStringLiteral("row")});
+    window.form().parentWidget()->resize(1, 1);
+    QCoreApplication::processEvents();
+    for (const char *name : {"dirLocalDir", "filLocalFile", "lstRemoteFile"}) {
+        const auto &list = window.control<QListView>(name);
+        const int row = list.visualRect(list.model()->index(0, 0)).height();
+        EXPECT_GE(list.viewport()->height(), 4 * row) << name;
+    }
 }
 
 TEST_F(FtpWindowTest, AStatusOfAnyLengthLeavesTheLayout)

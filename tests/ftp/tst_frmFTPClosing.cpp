@@ -173,9 +173,12 @@ TEST_F(FtpBoxClosingTest, InTheErrorBox)
 TEST_F(FtpBoxClosingTest, InTheSizeBox)
 {
     window.selectRow(QStringLiteral("a"));
+    const WindowLog log(window.form(), window.control<QLabel>("lblStatus"));
     unloadInBox(QMessageBox::Ok);
     window.click("cmdSize");
     expectClosed();
+    EXPECT_FALSE(log.entries().contains(QStringLiteral("Connected"))); // the flow ended in the box
+    EXPECT_EQ(window.commands(), QStringLiteral("SIZE a"));
 }
 
 TEST_F(FtpBoxClosingTest, InTheBusyBox)
@@ -188,6 +191,17 @@ TEST_F(FtpBoxClosingTest, InTheBusyBox)
     window.click("cmdUpFolder");
     expectClosed();
     EXPECT_EQ(window.commands(), QStringLiteral("CDUP"));
+}
+
+TEST_F(FtpBoxClosingTest, InTheFirstOfTwoQuestions)
+{
+    window.logOn({QStringLiteral("a"), QStringLiteral("a")});
+    window.addLocalFile("a");
+    unloadInBox(QMessageBox::Yes);
+    window.click("cmdsend");
+    expectClosed();
+    EXPECT_EQ(window.frame.dialogs.seen().size(), 1);
+    EXPECT_EQ(window.commands(), QString());
 }
 
 TEST_F(FtpBoxClosingTest, InTheQuestions)

@@ -21,6 +21,14 @@ struct FtpFocusTest : testing::Test
         const QWidget *focused = window.form().window()->focusWidget();
         return focused ? focused->objectName() : QString();
     }
+    /// The profiles are opened and left again, which gives the focus to their button.
+    void lookAtProfiles()
+    {
+        window.frame.dialogs.expectWindow<Form>(QStringLiteral("frmFTPAccounts"), [](Form &profiles) {
+            QTest::keyClick(&profiles, Qt::Key_Escape);
+        });
+        window.click("cmdAccounts");
+    }
     void expectLost()
     {
         window.frame.dialogs.expectBox(
@@ -36,26 +44,73 @@ TEST_F(FtpFocusTest, ALogOnGivesItToTheServersList)
     QString during;
     window.server.during("USER", [&] { during = focus(); });
     window.click("cmdLogOn");
-    EXPECT_EQ(during, QStringLiteral("frmFTP")); // at no control
+    EXPECT_EQ(during, QStringLiteral("lblStatus")); // at no control that takes keys
     EXPECT_EQ(focus(), QStringLiteral("lstRemoteFile"));
 }
 
-TEST_F(FtpFocusTest, ALogOnByReturnGivesItToTheServersList)
+TEST_F(FtpFocusTest, TheWindowOpensWithItAtTheServer)
+{
+    EXPECT_EQ(focus(), QStringLiteral("txtServer"));
+}
+
+TEST_F(FtpFocusTest, ALogOnLeavesItWhereItDoesNotTakeItAway)
 {
     auto &box = window.control<QLineEdit>("txtPassword");
-    QString during;
-    window.server.during("USER", [&] { during = focus(); });
     box.setFocus();
     QTest::keyClick(&box, Qt::Key_Return);
-    EXPECT_EQ(during, QStringLiteral("txtPassword"));
-    EXPECT_EQ(focus(), QStringLiteral("lstRemoteFile"));
+    EXPECT_EQ(focus(), QStringLiteral("txtPassword"));
 }
 
-TEST_F(FtpFocusTest, AFailedLogOnGivesItBack)
+TEST_F(FtpFocusTest, ALogOnLeavesItWhereTheUserHasGoneMeanwhile)
 {
-    window.control<QLineEdit>("txtServer").setText(QStringLiteral("http://example.org"));
-    window.frame.dialogs.expectBox(QStringLiteral("LogOn Failure"), QStringLiteral("Logon attempt failed"));
+    window.server.during("USER", [this] { window.control<QWidget>("txtAccount").setFocus(); });
     window.click("cmdLogOn");
+    EXPECT_EQ(window.status(), QStringLiteral("Connected"));
+    EXPECT_EQ(focus(), QStringLiteral("txtAccount"));
+}
+
+TEST_F(FtpFocusTest, TheReturnThatLogsOnPressesNoOtherButton)
+{
+    auto &box = window.control<QLineEdit>("txtServer");
+    window.server.during("USER", [this] { lookAtProfiles(); });
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_Return);
+    EXPECT_EQ(window.frame.dialogs.seen().size(), 1);
+}
+
+TEST_F(FtpFocusTest, TheReturnThatReceivesPressesNoOtherButton)
+{
+    window.logOn();
+    window.selectRow(QStringLiteral("a"));
+    window.remote().setFocus();
+    window.server.during("RETR", [this] { lookAtProfiles(); });
+    QTest::keyClick(&window.remote(), Qt::Key_Return);
+    EXPECT_EQ(window.frame.dialogs.seen().size(), 1);
+    EXPECT_EQ(window.commands(), QStringLiteral("SIZE a|RETR a"));
+}
+
+TEST_F(FtpFocusTest, ClosedInItsWaitItPressesNoButton)
+{
+    auto &box = window.control<QLineEdit>("txtServer");
+    window.server.during("USER", [this] {
+        lookAtProfiles();
+        window.form().unload();
+    });
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_Return);
+    FtpWindow::waitFor([this] { return !window.isOpen(); });
+    EXPECT_EQ(window.frame.dialogs.seen().size(), 1);
+    window.open();
+    EXPECT_TRUE(window.isEnabled("cmdLogOn"));
+}
+
+TEST_F(FtpFocusTest, AFailedLogOnGivesItToConnect)
+{
+    window.logOn();
+    window.control<QLineEdit>("txtServer").setText(QStringLiteral("http://example.org"));
+    window.remote().setFocus(); // which the failure disables
+    window.frame.dialogs.expectBox(QStringLiteral("LogOn Failure"), QStringLiteral("Logon attempt failed"));
+    window.form().cmdLogOn_Click();
     EXPECT_EQ(focus(), QStringLiteral("cmdLogOn"));
 }
 

@@ -8,6 +8,7 @@
 
 #include <QDir>
 #include <QKeyEvent>
+#include <QResizeEvent>
 #include <QStyle>
 
 DirListBox::DirListBox(QWidget *parent)
@@ -41,9 +42,13 @@ void DirListBox::list(const QString &path)
     const QString clean = QDir::cleanPath(path);
     m_rows->setFolder(clean, Folder::subfolders(clean, Folder::Hidden::Skip));
     m_path = clean;
-    const QModelIndex folder = m_rows->index(m_rows->folderRow());
-    setCurrentIndex(folder);
-    scrollTo(folder, PositionAtCenter);
+    setCurrentIndex(folder());
+    scrollTo(folder(), PositionAtCenter);
+}
+
+QModelIndex DirListBox::folder() const
+{
+    return m_rows->index(m_rows->folderRow());
 }
 
 void DirListBox::open(const QModelIndex &index)
@@ -57,14 +62,27 @@ void DirListBox::open(const QModelIndex &index)
     }
 }
 
-/// The folder stays in view, also when the list gets its first place.
+/// The folder stays in view, also when the list gets its first place, unless the user has scrolled it away.
 void DirListBox::resizeEvent(QResizeEvent *event)
 {
+    bool wasInView = false;
+    run([&] {
+        const QSize before = event->oldSize();
+        wasInView = !before.isValid() || QRect({}, before).contains(visualRect(folder()));
+    });
     QListView::resizeEvent(event);
     run([&] {
         executeDelayedItemsLayout();
-        scrollTo(m_rows->index(m_rows->folderRow()));
+        if (wasInView)
+            scrollTo(folder());
     });
+}
+
+void DirListBox::changeEvent(QEvent *event)
+{
+    QListView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        run([&] { m_rows->forgetIcons(); });
 }
 
 void DirListBox::keyPressEvent(QKeyEvent *event)

@@ -26,10 +26,12 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void open(const QModelIndex &index);
     void list(const QString &path);
+    QModelIndex folder() const;
 
     FolderRowsModel *m_rows;
     QString m_path;

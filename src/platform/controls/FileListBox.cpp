@@ -5,6 +5,7 @@
 #include "NameDelegate.h"
 #include "NameListModel.h"
 #include "RowDrag.h"
+#include "RowKeys.h"
 #include "RuntimeError.h"
 
 #include <QDir>
@@ -69,6 +70,14 @@ void FileListBox::Refresh()
     }
     select(selected);
     verticalScrollBar()->setValue(scrolled);
+}
+
+void FileListBox::keyPressEvent(QKeyEvent *event)
+{
+    bool isDone = false;
+    run([&] { isDone = RowKeys::beginSelection(*this, *event); });
+    if (!isDone)
+        QListView::keyPressEvent(event);
 }
 
 /// The list is not deleted before the drag is over.

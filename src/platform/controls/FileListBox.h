@@ -34,6 +34,7 @@ public:
     void Refresh();
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void startDrag(Qt::DropActions actions) override;
 
 private:

@@ -22,10 +22,16 @@ QString FolderRowsModel::pathAt(int row) const
 QVariant FolderRowsModel::data(const QModelIndex &index, int role) const
 {
     if (role == Qt::DecorationRole)
-        return ThemeIcon::named(iconAt(index.row()));
+        return icon(iconAt(index.row()));
     if (role == DepthRole)
         return qMin(index.row(), folderRow() + 1);
     return NameListModel::data(index, role);
+}
+
+QIcon FolderRowsModel::icon(const QString &name) const
+{
+    const auto known = m_icons.constFind(name);
+    return known != m_icons.cend() ? *known : *m_icons.insert(name, ThemeIcon::named(name));
 }
 
 QString FolderRowsModel::iconAt(int row) const

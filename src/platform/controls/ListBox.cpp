@@ -209,9 +209,10 @@ void ListBox::keyPressEvent(QKeyEvent *event)
 {
     run([&] {
         showRows();
+        const QWidget *focused = window()->focusWidget();
         Q_EMIT KeyDown(event->key());
-        if (!isEnabled())
-            return; // the handler has disabled the list, and the key is for no other control either
+        if (!isEnabled() || window()->focusWidget() != focused)
+            return; // the handler has waited, and the key is for no control that has the focus since then
         showRows();
         const int before = ListIndex();
         actOnKey(event);

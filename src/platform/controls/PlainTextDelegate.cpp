@@ -10,6 +10,16 @@
 #include <QStyle>
 #include <QToolTip>
 
+namespace {
+
+int iconRowHeight(const QStyle &style, const QStyleOption &option)
+{
+    constexpr int margins = 4; // pixels
+    return style.pixelMetric(QStyle::PM_SmallIconSize, &option) + margins;
+}
+
+} // namespace
+
 QString PlainTextDelegate::displayText(const QVariant &value, const QLocale &) const
 {
     return ShownText::line(value.toString());
@@ -41,8 +51,17 @@ bool PlainTextDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
 
 int PlainTextDelegate::rowHeight(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    constexpr int margins = 4; // pixels
     const QStyle *style = option.widget ? option.widget->style() : QApplication::style();
-    return qMax(QStyledItemDelegate::sizeHint(option, index).height(),
-                style->pixelMetric(QStyle::PM_SmallIconSize, &option, option.widget) + margins);
+    return qMax(QStyledItemDelegate::sizeHint(option, index).height(), iconRowHeight(*style, option));
+}
+
+int PlainTextDelegate::heightOfRows(const QListView &list, int rows)
+{
+    QStyleOptionViewItem row;
+    row.initFrom(&list);
+    row.font = list.font();
+    row.text = QStringLiteral("x");
+    row.features = QStyleOptionViewItem::HasDisplay;
+    const int text = list.style()->sizeFromContents(QStyle::CT_ItemViewItem, &row, {}, &list).height();
+    return rows * qMax(text, iconRowHeight(*list.style(), row)) + 2 * list.frameWidth();
 }

@@ -3,8 +3,8 @@
 #include <QIcon>
 #include <QIconEngine>
 
-/// Draws an icon of a theme in one color where the theme has no drawing of its own: in that of disabled text
-/// while its control is disabled, and in that of selected text on a selected row.
+/// Draws an icon of a theme that has one color in that of disabled text while its control is disabled, and in
+/// that of selected text on a selected row. An icon with several colors is drawn as the style does it.
 class ThemeIconEngine : public QIconEngine
 {
 public:

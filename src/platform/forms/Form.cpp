@@ -185,15 +185,23 @@ bool Form::pressKeyButton(int key)
     if (key == Qt::Key_Escape)
         button = m_cancel;
     else if (key == Qt::Key_Return || key == Qt::Key_Enter)
-        button =
-            qobject_cast<QPushButton *>(focusWidget()) ? static_cast<QPushButton *>(focusWidget()) : m_accept;
+        button = returnButton();
     if (button)
         button->click();
     return button;
 }
 
+QPushButton *Form::returnButton() const
+{
+    if (auto *focused = qobject_cast<QPushButton *>(focusWidget()))
+        return focused;
+    return m_returnButtons.value(focusWidget(), m_accept);
+}
+
 void Form::keyPressEvent(QKeyEvent *event)
 {
+    if (m_state == State::Unloaded)
+        return; // its control's handler, which got the key first, has waited
     bool isPressed = false;
     run([&] { isPressed = pressKeyButton(event->key()); });
     if (!isPressed)

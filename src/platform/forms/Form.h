@@ -102,6 +102,9 @@ protected:
     void setKeyButtons(QPushButton &accept, QPushButton &cancel);
     /// The same for a window in which Return accepts nothing.
     void setCancelButton(QPushButton &cancel) { m_cancel = &cancel; }
+    /// Return presses \a button while \a field has the focus. The key ends there. A handler of the field's own
+    /// signal would let it go on, after a wait to whatever has the focus by then.
+    void setReturnButton(const QWidget &field, QPushButton &button) { m_returnButtons[&field] = &button; }
 
     void closeEvent(QCloseEvent *event) override;
     void hideEvent(QHideEvent *event) override;
@@ -114,12 +117,14 @@ private:
     bool finish();
     void leaveModalLoop();
     bool pressKeyButton(int key);
+    QPushButton *returnButton() const;
     QWidget &outerWindow();
 
     State m_state = State::New;
     QPointer<QEventLoop> m_modalLoop; ///< while showModal() waits
     QPushButton *m_accept = nullptr;
     QPushButton *m_cancel = nullptr;
+    QHash<const QWidget *, QPushButton *> m_returnButtons; ///< by field
     QHash<QString, std::any> m_operations; ///< each a std::function<void(values...)>
 };
 

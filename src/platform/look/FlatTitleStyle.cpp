@@ -2,6 +2,7 @@
 
 #include "ShownText.h"
 
+#include <QAbstractItemView>
 #include <QGroupBox>
 #include <QPainter>
 #include <QPainterPath>
@@ -93,6 +94,9 @@ void FlatTitleStyle::drawPrimitive(PrimitiveElement element, const QStyleOption 
 {
     if (element == PE_FrameGroupBox)
         return drawGroupFrame(*option, *painter, widget);
+    if (element == PE_Frame && (option->state & State_HasFocus) &&
+        qobject_cast<const QAbstractItemView *>(widget))
+        return drawFocusedFrame(*option, *painter);
     const auto drawOutlined = [&](auto outlined, float textPart) {
         outlined.palette.setColor(QPalette::Window, windowForOutlines(option->palette, textPart));
         QProxyStyle::drawPrimitive(element, &outlined, painter, widget);
@@ -169,6 +173,14 @@ void FlatTitleStyle::drawGroupFrame(const QStyleOption &option, QPainter &painte
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(outline(option.palette, textPart));
     painter.drawRoundedRect(frame, radius, radius);
+    painter.restore();
+}
+
+void FlatTitleStyle::drawFocusedFrame(const QStyleOption &option, QPainter &painter) const
+{
+    painter.save();
+    painter.setPen(option.palette.color(QPalette::Highlight));
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
     painter.restore();
 }
 

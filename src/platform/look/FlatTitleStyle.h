@@ -5,8 +5,8 @@
 class QStyleOptionTitleBar;
 
 /// Fusion with flat title bars on the child windows that show the end of a long title, menus and frames that
-/// suit light and dark windows, toolbars so compact that the frame's fits into its first width, and push
-/// buttons without icons.
+/// suit light and dark windows, lists that show which one has the focus, toolbars so compact that the frame's
+/// fits into its first width, and push buttons without icons.
 class FlatTitleStyle : public QProxyStyle
 {
 public:
@@ -26,6 +26,7 @@ public:
 
 private:
     void drawGroupFrame(const QStyleOption &option, QPainter &painter, const QWidget *widget) const;
+    void drawFocusedFrame(const QStyleOption &option, QPainter &painter) const;
     void drawTitleBar(const QStyleOptionTitleBar &option, QPainter &painter, const QWidget *widget) const;
     void drawTitleButtons(const QStyleOptionTitleBar &option, QPainter &painter, const QWidget *widget) const;
 };

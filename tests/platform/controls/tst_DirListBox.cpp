@@ -9,7 +9,9 @@
 #include "ScratchFolder.h"
 #include "ShownText.h"
 
+#include <QApplication>
 #include <QHelpEvent>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolTip>
@@ -209,6 +211,32 @@ TEST_F(DirListBoxTest, TheFolderIsInViewInASmallList)
     box.resize(300, 3 * box.visualRect(row(0)).height());
     box.show();
     EXPECT_TRUE(isInView());
+}
+
+TEST_F(DirListBoxTest, AListThatWasScrolledStaysThereWhenItIsResized)
+{
+    for (int i = 100; i < 200; ++i)
+        scratch.addFolder(QByteArray::number(i));
+    box.setPath(scratch.path());
+    box.verticalScrollBar()->setValue(box.verticalScrollBar()->maximum() / 2);
+    const int scrolled = box.verticalScrollBar()->value();
+    box.resize(300, 500);
+    EXPECT_EQ(box.verticalScrollBar()->value(), scrolled);
+}
+
+TEST_F(DirListBoxTest, IconsAreLookedUpOnceForAPalette)
+{
+    const auto key = [this](int index) {
+        return row(index).data(Qt::DecorationRole).value<QIcon>().cacheKey();
+    };
+    const qint64 before = key(0);
+    EXPECT_EQ(key(0), before);
+    EXPECT_EQ(key(depth), before);
+    QPalette dark;
+    dark.setColor(QPalette::Window, QColor(30, 30, 30));
+    QApplication::setPalette(dark);
+    QCoreApplication::processEvents();
+    EXPECT_NE(key(0), before);
 }
 
 TEST_F(DirListBoxTest, TheIconOfASelectedRowHasTheColorOfItsText)

@@ -97,6 +97,19 @@ TEST_F(FileListBoxTest, AClickSelectsAFile)
     EXPECT_EQ(box.FileName(), QString());
 }
 
+TEST_F(FileListBoxTest, TheFirstKeyBeginsAtTheEndItPointsTo)
+{
+    scratch.addFile("a.txt");
+    scratch.addFile("b.txt");
+    box.setPath(scratch.path());
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_Down);
+    EXPECT_EQ(box.FileName(), QStringLiteral("a.txt"));
+    box.setPath(scratch.path());
+    QTest::keyClick(&box, Qt::Key_End);
+    EXPECT_EQ(box.FileName(), QStringLiteral("b.txt"));
+}
+
 TEST_F(FileListBoxTest, AFolderThatCannotBeReadLeavesTheList)
 {
     scratch.addFile("a.txt");

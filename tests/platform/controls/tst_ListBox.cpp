@@ -1,8 +1,11 @@
 #include "ErrorNumberOf.h"
+#include "EventGate.h"
 #include "ListBox.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -120,6 +123,32 @@ TEST_F(ListBoxTest, TheFirstArrowSelectsTheFirstRow)
     EXPECT_EQ(clicks.count(), 3);
     QTest::keyClick(&list, Qt::Key_End);
     EXPECT_EQ(clicks.count(), 3);
+}
+
+TEST_F(ListBoxTest, EndGoesToTheLastRowFromNone)
+{
+    for (const QStringList &rows :
+         {QStringList{QStringLiteral("a"), QStringLiteral("b")}, QStringList{QStringLiteral("c")}}) {
+        list.Clear(); // its focus is in no row then
+        list.addItems(rows);
+        QTest::keyClick(&list, Qt::Key_End);
+        EXPECT_EQ(list.Text(), rows.last());
+    }
+}
+
+TEST_F(ListBoxTest, AKeyThatGivesTheFocusAwayDoesNothingMore)
+{
+    QWidget window;
+    list.setParent(&window);
+    auto *other = new QLineEdit(&window);
+    window.show();
+    list.setFocus();
+    list.setListIndex(0);
+    on(&list, &ListBox::KeyDown, &list, [other] { other->setFocus(); });
+    QKeyEvent event(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+    QCoreApplication::sendEvent(&list, &event);
+    EXPECT_TRUE(event.isAccepted());
+    list.setParent(nullptr);
 }
 
 TEST_F(ListBoxTest, TypingFindsARow)

@@ -1,9 +1,13 @@
 #include "Contrast.h"
+#include "Files.h"
 #include "ThemeIcon.h"
 
+#include <QDir>
 #include <QGuiApplication>
 #include <QImage>
+#include <QPainter>
 #include <QPalette>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace {
@@ -51,6 +55,26 @@ TEST(ThemeIcon, ASelectedOneHasTheColorOfTheText)
     QGuiApplication::setPalette(darkPalette());
     EXPECT_GT(leastContrast(drawing("folder", QIcon::Selected), Qt::black), 20.5);
     EXPECT_LT(leastContrast(drawing("folder", QIcon::Selected), Qt::white), 1.1); // there is something
+}
+
+TEST(ThemeIcon, OneWithSeveralColorsKeepsThem)
+{
+    const QTemporaryDir themes;
+    const QDir folder(themes.path());
+    ASSERT_TRUE(folder.mkpath(QStringLiteral("colored/22")));
+    Files::write(folder.filePath(QStringLiteral("colored/index.theme")),
+                 "[Icon Theme]\nName=Colored\nDirectories=22\n[22]\nSize=22\nType=Fixed\n");
+    QImage image(22, 22, QImage::Format_ARGB32);
+    image.fill(Qt::red);
+    QPainter(&image).fillRect(0, 0, 11, 22, Qt::blue);
+    ASSERT_TRUE(image.save(folder.filePath(QStringLiteral("colored/22/flag.png"))));
+    QIcon::setThemeSearchPaths(QStringList(themes.path()) << QIcon::themeSearchPaths());
+    QIcon::setThemeName(QStringLiteral("colored"));
+    for (const QIcon::Mode mode : {QIcon::Disabled, QIcon::Selected}) {
+        const QImage drawn = drawing("flag", mode);
+        ASSERT_EQ(drawn.width(), 22);
+        EXPECT_NE(drawn.pixel(5, 10), drawn.pixel(16, 10)) << mode;
+    }
 }
 
 TEST(ThemeIcon, AnEnabledOneIsAsTheThemeHasIt)

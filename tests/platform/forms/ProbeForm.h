@@ -15,6 +15,7 @@ public:
 
     using Form::addOperation;
     using Form::setKeyButtons;
+    using Form::setReturnButton;
 
     // Operations for other windows.
     void mnuSave_Click() { m_steps << QStringLiteral("saved"); }

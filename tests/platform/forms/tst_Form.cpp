@@ -431,6 +431,31 @@ TEST_F(FormKeysTest, ReturnElsewherePressesTheDefaultButton)
     EXPECT_EQ(pressedBy(Qt::Key_Enter, box), list("ok"));
 }
 
+TEST_F(FormKeysTest, AFieldMayHaveAButtonOfItsOwn)
+{
+    auto *other = new QLineEdit(form);
+    other->show();
+    form->setReturnButton(*field, *cancel);
+    EXPECT_EQ(pressedBy(Qt::Key_Return, field), list("cancel"));
+    EXPECT_EQ(pressedBy(Qt::Key_Enter, field), list("cancel"));
+    EXPECT_EQ(pressedBy(Qt::Key_Return, other), list("ok"));
+    EXPECT_EQ(pressedBy(Qt::Key_Return, ok), list("ok"));
+}
+
+TEST_F(FormKeysTest, TheKeyOfAFieldsButtonIsForNoButtonThatGetsTheFocusMeanwhile)
+{
+    form->setReturnButton(*field, *cancel);
+    on(cancel, &QPushButton::clicked, form, [this] { ok->setFocus(); });
+    EXPECT_EQ(pressedBy(Qt::Key_Return, field), list("cancel"));
+}
+
+TEST_F(FormKeysTest, AnUnloadedWindowsKeysPressNothing)
+{
+    on(field, &QLineEdit::returnPressed, form, [this] { form->unload(); });
+    EXPECT_TRUE(pressedBy(Qt::Key_Return, field).isEmpty());
+    EXPECT_FALSE(form->isLoaded());
+}
+
 TEST_F(FormKeysTest, EscapePressesCancelFromEverywhere)
 {
     for (QWidget *focused : std::initializer_list<QWidget *>{field, box, ok, cancel})

@@ -3,6 +3,7 @@
 #include "Prompts.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -178,4 +179,25 @@ TEST_F(MsgBoxTest, ReturnTakesTheDefault)
 {
     EXPECT_EQ(replyTo(MsgBoxStyle::YesNo, [](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Return); }),
               MsgBoxReply::Yes);
+}
+
+TEST_F(MsgBoxTest, BelongsToTheLastActiveWindowUntilAnotherIsActive)
+{
+    QWidget window;
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    const auto owner = [this] {
+        QWidget *found = nullptr;
+        replyTo(MsgBoxStyle::Plain, [&](QMessageBox &box) {
+            found = box.parentWidget();
+            box.accept();
+        });
+        return found;
+    };
+    EXPECT_EQ(owner(), &window);
+    QApplication::setActiveWindow(nullptr);
+    EXPECT_EQ(owner(), &window);
+    window.hide();
+    QApplication::setActiveWindow(nullptr);
+    EXPECT_EQ(owner(), nullptr);
 }

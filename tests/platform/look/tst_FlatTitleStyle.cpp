@@ -4,12 +4,14 @@
 
 #include <QDialogButtonBox>
 #include <QImage>
+#include <QListWidget>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QPainter>
 #include <QPushButton>
 #include <QStyleOptionButton>
 #include <QStyleOptionTitleBar>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -219,5 +221,31 @@ TEST(FlatTitleStyle, UncheckedBoxesAndButtonsContrastWithTheWindow)
             EXPECT_GT(contrastOf(QStyle::PE_IndicatorRadioButton, palette, pixelRatio), visible);
             EXPECT_GT(contrastOf(QStyle::PE_IndicatorCheckBox, palette, pixelRatio), visible);
         }
+    }
+}
+
+TEST(FlatTitleStyle, TheListWithTheFocusIsSeenInLightAndDark)
+{
+    FlatTitleStyle style;
+    for (const QPalette &palette : {Palettes::light(), Palettes::dark()}) {
+        QWidget window;
+        window.setPalette(palette);
+        auto *list = new QListWidget(&window);
+        auto *other = new QListWidget(&window);
+        other->move(0, 150);
+        for (QListWidget *each : {list, other}) {
+            each->setStyle(&style);
+            each->resize(100, 100);
+        }
+        window.resize(200, 300);
+        window.show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+        list->setFocus();
+        const QImage image = window.grab().toImage();
+        const QColor frame = image.pixelColor(50, 0);
+        EXPECT_EQ(frame, palette.color(QPalette::Highlight));
+        EXPECT_GT(contrast(frame, image.pixelColor(50, 150)), 1.3);
+        other->setFocus();
+        EXPECT_NE(window.grab().toImage().pixelColor(50, 0), frame);
     }
 }
