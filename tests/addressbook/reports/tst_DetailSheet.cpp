@@ -131,11 +131,12 @@ TEST(DetailSheetTest, MarkupOfAValueEndsWithIt)
 {
     ReportRecord contact;
     for (QString *value :
-         {&contact.name, &contact.nickName, &contact.comment, &contact.birthDate, &contact.groupName,
-          &contact.eMailText, &contact.homeAddress, &contact.homeCity, &contact.homeState, &contact.homeZip,
-          &contact.homePhones, &contact.homeMobile, &contact.workAddress, &contact.workCity,
-          &contact.workState, &contact.workZip, &contact.workPhones, &contact.workFax, &contact.workMobile,
-          &contact.company, &contact.post, &contact.department})
+         {&contact.name,        &contact.nickName,  &contact.comment,     &contact.birthDate,
+          &contact.groupName,   &contact.eMailText, &contact.homeAddress, &contact.homeCity,
+          &contact.homeState,   &contact.homeZip,   &contact.homePhones,  &contact.homeMobile,
+          &contact.workAddress, &contact.workCity,  &contact.workState,   &contact.workZip,
+          &contact.workPhones,  &contact.workFax,   &contact.workMobile,  &contact.company,
+          &contact.post,        &contact.department})
         *value = QStringLiteral("a{");
     const QString text = DetailSheet::first(contact) + DetailSheet::second(contact);
     EXPECT_EQ(text.count(QStringLiteral("{a{}}")), 2 * 23); // the name twice

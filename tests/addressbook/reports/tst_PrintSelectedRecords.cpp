@@ -44,7 +44,8 @@ struct PrintSelectedRecordsTest : testing::Test
         return page.contains(QStringLiteral("ADDRESS BOOK DETAILS FOR ") + QLatin1String(name) + u'.');
     }
 
-    /// The contacts of the printed documents, a bar between each two; the names of a document are on one page.
+    /// The contacts of the printed documents, a bar between each two; the names of a document are on one
+    /// page.
     QString sheets() const
     {
         QStringList documents;
