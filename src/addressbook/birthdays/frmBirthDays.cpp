@@ -12,6 +12,12 @@
 #include <QLabel>
 #include <QPushButton>
 
+namespace {
+
+constexpr int dateWidth = 32; // characters, so that the title bar has room for the caption
+
+} // namespace
+
 frmBirthDays::frmBirthDays()
     : Form(QStringLiteral("frmBirthDays"))
     , dtFrom(named<DateBox>("dtFrom", QStringLiteral("Date")))
@@ -25,6 +31,7 @@ frmBirthDays::frmBirthDays()
     auto *date = new QHBoxLayout(Frame1);
     date->addWidget(Label1);
     date->addWidget(dtFrom, 1);
+    dtFrom->setMinimumWidth(dateWidth * dtFrom->fontMetrics().averageCharWidth());
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cmdOK);

@@ -24,13 +24,19 @@ QList<ColumnHeader> contactColumns()
             {QStringLiteral("Col6"), QStringLiteral("Birth Date"), 1500}};
 }
 
+/// In a row the lines of an address follow one another.
+QString oneLine(QString text)
+{
+    return text.replace(QLatin1String("\r\n"), QLatin1String(" ")).replace(u'\r', u' ').replace(u'\n', u' ');
+}
+
 ListItem contactOf(const Recordset &row, const QIcon &icon, QSet<QString> &cities)
 {
     const FieldValue born = row.field(birthDate);
     const QString cityName = *cities.insert(row.field(city).text()); // many contacts share one text
     return {contactKey + row.field(number).text(),
             row.field(name).text(),
-            {row.field(address).text(), cityName, row.field(phone).text(), row.field(mobile).text(),
+            {oneLine(row.field(address).text()), cityName, row.field(phone).text(), row.field(mobile).text(),
              born.isEmpty() ? QString() : born.text()},
             icon};
 }

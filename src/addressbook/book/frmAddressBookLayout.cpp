@@ -1,6 +1,7 @@
 #include "BookIcons.h"
 #include "BookMenus.h"
 #include "BookSizes.h"
+#include "ElidedButton.h"
 #include "EventGate.h"
 #include "ListCommands.h"
 #include "ListView.h"
@@ -16,7 +17,6 @@
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
-#include <algorithm>
 
 namespace {
 
@@ -96,9 +96,9 @@ void frmAddressBook::buildTopRow()
 
 QPushButton *frmAddressBook::command(const char *name, const QString &caption)
 {
-    auto *button = named<QPushButton>(name, caption);
+    auto *button = named<ElidedButton>(name, caption);
     makeLow(*button);
-    button->setSizePolicy(QSizePolicy::MinimumExpanding, QSizePolicy::Fixed);
+    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     button->setMaximumWidth(button->sizeHint().width() + 2 * button->fontMetrics().averageCharWidth());
     return button;
 }
@@ -224,8 +224,7 @@ void frmAddressBook::placeRows()
     y += m_topRow->height();
     Line1->move(left, y);
     y += Line1->sizeHint().height();
-    const QSize commands = m_commandRow->minimumSizeHint(); // a narrow window cuts the row
-    m_commandRow->setGeometry(left, y, std::max(right - left, commands.width()), commands.height());
+    m_commandRow->setGeometry(left, y, right - left, m_commandRow->sizeHint().height());
     y += m_commandRow->height() + rowGap;
     Tv->move(left, y);
     m_letterRow->move(Twips::toPixels(listLeft, logicalDpiX()), y);

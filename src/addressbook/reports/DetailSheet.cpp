@@ -1,6 +1,7 @@
 #include "DetailSheet.h"
 
 #include "ReportRecord.h"
+#include "ReportValue.h"
 
 namespace {
 
@@ -70,26 +71,32 @@ const QString secondEnd = withCrLf(QStringLiteral(R"(\par
 )"));
 
 /// All values at once, so that a "%1" in one of them stays what it is.
+template<class... Values>
+QString filled(const QString &lines, const Values &...values)
+{
+    return lines.arg(ReportValue::markup(values)...);
+}
+
 QString contactLines(const ReportRecord &contact)
 {
-    return homePart.arg(contact.name, contact.nickName, contact.homeAddress, contact.homeCity,
-                        contact.homeState, contact.homeZip, contact.homePhones, contact.homeMobile,
-                        contact.eMailText, contact.birthDate, contact.groupName) +
-           workPart.arg(contact.company, contact.department, contact.post, contact.workAddress,
-                        contact.workCity, contact.workState, contact.workZip, contact.workPhones,
-                        contact.workMobile, contact.workFax, contact.comment);
+    return filled(homePart, contact.name, contact.nickName, contact.homeAddress, contact.homeCity,
+                  contact.homeState, contact.homeZip, contact.homePhones, contact.homeMobile,
+                  contact.eMailText, contact.birthDate, contact.groupName) +
+           filled(workPart, contact.company, contact.department, contact.post, contact.workAddress,
+                  contact.workCity, contact.workState, contact.workZip, contact.workPhones,
+                  contact.workMobile, contact.workFax, contact.comment);
 }
 
 } // namespace
 
 QString DetailSheet::first(const ReportRecord &contact)
 {
-    return firstHead.arg(contact.name) + contactLines(contact) + firstEnd;
+    return filled(firstHead, contact.name) + contactLines(contact) + firstEnd;
 }
 
 QString DetailSheet::second(const ReportRecord &contact)
 {
-    return nextHead.arg(contact.name) + contactLines(contact) + secondEnd;
+    return filled(nextHead, contact.name) + contactLines(contact) + secondEnd;
 }
 
 QString DetailSheet::end()

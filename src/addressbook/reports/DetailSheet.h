@@ -5,8 +5,8 @@ struct ReportRecord;
 
 /// The rich text of a detail sheet, which has one contact or two. The lines end in CR LF.
 ///
-/// Intended: values are put in as they are, so that a brace or a backslash in a name is markup, and line
-/// breaks of an address are those of the file.
+/// Intended: values are put in as they are, so that a brace or a backslash in a name is markup, as
+/// ReportValue has it, and line breaks of an address are those of the file.
 namespace DetailSheet {
 
 /// The document's head and its first contact.

@@ -1,6 +1,7 @@
 #include "SummaryTable.h"
 
 #include "ReportRecord.h"
+#include "ReportValue.h"
 
 namespace {
 
@@ -19,9 +20,10 @@ const QString tableHead =
 )")
         .replace(u'\n', QStringLiteral("\r\n"));
 
+/// The cut comes first, since it may take away half of a value's markup.
 QString fitted(const QString &value, qsizetype width)
 {
-    return value.left(width).leftJustified(width);
+    return ReportValue::markup(value.left(width).leftJustified(width));
 }
 
 /// Intended: also an address that just fits is marked as cut.

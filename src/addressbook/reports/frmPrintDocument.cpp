@@ -2,9 +2,11 @@
 
 #include "ErrorReports.h"
 #include "Named.h"
-#include "NumberedFile.h"
+#include "PrintJob.h"
 #include "RichTextBox.h"
 #include "Twips.h"
+
+#include <utility>
 
 frmPrintDocument::frmPrintDocument()
     : Form(QStringLiteral("frmPrintDocument"))
@@ -13,6 +15,8 @@ frmPrintDocument::frmPrintDocument()
 {
     setCaption(QStringLiteral("Printing Document"));
 }
+
+frmPrintDocument::~frmPrintDocument() = default;
 
 void frmPrintDocument::Form_Load()
 {
@@ -37,6 +41,7 @@ void frmPrintDocument::setFileName(const QString &path)
 
 void frmPrintDocument::choosePrinter(const QString &jobName)
 {
+    m_file.reset();
     rtfTextBox->setSelLength(0);
     dlgCommonDialog3.DialogTitle = QStringLiteral("Print");
     dlgCommonDialog3.PrintJobName = jobName;
@@ -44,19 +49,21 @@ void frmPrintDocument::choosePrinter(const QString &jobName)
     dlgCommonDialog3.Flags =
         CommonDialog::ReturnDevice | CommonDialog::NoPageNumbers | CommonDialog::NoSelection;
     dlgCommonDialog3.ShowPrinter();
-    m_nextNumber = 1;
 }
 
 void frmPrintDocument::print()
 {
     rtfTextBox->setSelLength(0);
     QPrinter *printer = dlgCommonDialog3.hDC();
-    if (printer && printer->outputFormat() == QPrinter::PdfFormat) {
-        if (m_nextNumber == 1)
-            m_firstFile = printer->outputFileName();
-        else
-            printer->setOutputFileName(NumberedFile::next(m_firstFile, m_nextNumber));
-        ++m_nextNumber;
-    }
-    rtfTextBox->SelPrint(printer);
+    if (!printer || printer->outputFormat() != QPrinter::PdfFormat)
+        return rtfTextBox->SelPrint(printer);
+    if (!m_file)
+        m_file = std::make_unique<PrintJob>(*printer);
+    rtfTextBox->SelPrint(*m_file);
+}
+
+void frmPrintDocument::finishPrinting()
+{
+    if (const auto file = std::exchange(m_file, nullptr))
+        file->finish();
 }

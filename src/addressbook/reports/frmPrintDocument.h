@@ -3,6 +3,9 @@
 #include "CommonDialog.h"
 #include "Form.h"
 
+#include <memory>
+
+class PrintJob;
 class RichTextBox;
 
 /// The hidden window that holds the report being printed and, for all documents of one run, the printer. It
@@ -13,6 +16,7 @@ class frmPrintDocument : public Form
 
 public:
     frmPrintDocument();
+    ~frmPrintDocument() override;
 
     /// Loads the file \a path into the text. Throws RuntimeError as RichTextBox::LoadFile does.
     void setFileName(const QString &path);
@@ -21,10 +25,14 @@ public:
     /// cancels; there is then no printer.
     void choosePrinter(const QString &jobName);
 
-    /// Prints the whole text on the chosen printer. Where that is a PDF file, each document after the first
-    /// is a file of its own, numbered from 2, and replaces none. Does nothing without a printer. Throws
+    /// Prints the whole text on the chosen printer; does nothing without one. Where that is a PDF file, the
+    /// documents are its pages, one behind the other, and the file is written by finishPrinting(). Throws
     /// RuntimeError as RichTextBox::SelPrint does.
     void print();
+
+    /// Writes the PDF file with what was printed; does nothing on any other printer. Throws RuntimeError as
+    /// PrintJob::finish does.
+    void finishPrinting();
 
 protected:
     void Form_Load() override;
@@ -33,6 +41,5 @@ protected:
 private:
     RichTextBox *rtfTextBox;
     CommonDialog dlgCommonDialog3;
-    QString m_firstFile;  ///< the PDF file that the user has chosen
-    int m_nextNumber = 1; ///< of the document to be printed, among those on the chosen printer
+    std::unique_ptr<PrintJob> m_file; ///< the PDF file, from its first document until it is finished
 };

@@ -77,7 +77,10 @@ void printAskingSilently(frmPrintDocument &window, const QString &job)
         if (error.number() == ErrorNumber::DialogCancelled)
             return;
     }
-    ignoreErrors([&] { window.print(); });
+    ignoreErrors([&] {
+        window.print();
+        window.finishPrinting();
+    });
 }
 
 void WriteNextDetail()
@@ -131,7 +134,15 @@ void printDetails(const ListView &list, bool &isTrapped)
     });
     if (ReportCount == 1)
         printLastSingle();
-    Forms::refer<frmPrintDocument>().unload();
+    auto &window = Forms::refer<frmPrintDocument>();
+    window.finishPrinting();
+    window.unload();
+}
+
+/// What was printed before a failure is kept, as far as it can be.
+void finishAfterFailure()
+{
+    ignoreErrors([] { Forms::refer<frmPrintDocument>().finishPrinting(); });
 }
 
 void countSummaryRow()
@@ -165,6 +176,7 @@ void PrintSelectedRecords(const ListView &list)
     } catch (const RuntimeError &error) {
         if (!isTrapped)
             throw;
+        finishAfterFailure();
         ReportRecoverableError(error.number(), error.description());
     }
 }

@@ -12,7 +12,8 @@ class ListView;
 /// not printed.
 ///
 /// From the first pair on an error ends the run with a box; before it, it is thrown: RuntimeError with the
-/// numbers of DataError, and as Files::write throws. The printing of a last single contact fails silently.
+/// numbers of DataError, and as Files::write throws. What was printed before the error is kept. The printing
+/// of a last single contact fails silently.
 void PrintSelectedRecords(const ListView &list);
 
 /// Prints one table of all contacts ("recordtestr.rtf"). An error ends it with a box, but the printing itself

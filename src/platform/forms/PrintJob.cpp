@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QLibrary>
 #include <QPrinter>
+#include <utility>
 
 namespace {
 
@@ -63,6 +64,12 @@ void PrintJob::newPage()
 {
     if (!m_printer.newPage())
         throw RuntimeError(ErrorNumber::PrinterError);
+}
+
+void PrintJob::nextPage()
+{
+    if (!std::exchange(m_isFirstPage, false))
+        newPage();
 }
 
 void PrintJob::finish()

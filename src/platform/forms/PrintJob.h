@@ -16,10 +16,13 @@ public:
     PrintJob(const PrintJob &) = delete;
     PrintJob &operator=(const PrintJob &) = delete;
 
+    QPrinter &printer() const { return m_printer; }
     /// In the printer's dots, from the top left corner inside the margins.
     QPainter &painter() { return m_painter; }
     /// Throws RuntimeError 482.
     void newPage();
+    /// For jobs of several documents: a new page unless this is the first call. Throws RuntimeError 482.
+    void nextPage();
     /// Hands the job over. Throws RuntimeError 482 when the print server does not take it, and for a file as
     /// Files::write does; an old file is then unchanged.
     void finish();
@@ -33,4 +36,5 @@ private:
     QString m_file; ///< as chosen; the printer writes into m_scratch meanwhile
     QTemporaryFile m_scratch;
     QPainter m_painter;
+    bool m_isFirstPage = true;
 };

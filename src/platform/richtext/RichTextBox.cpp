@@ -236,17 +236,23 @@ void RichTextBox::setLocked(bool locked)
 
 void RichTextBox::SelPrint(QPrinter *device) const
 {
-    if (!device)
-        return;
-    std::unique_ptr<QTextDocument> printed;
-    if (textCursor().hasSelection()) {
-        printed = newDocument();
-        RtfReader::read(SelRTF(), *printed);
-        PageFormat::copy(*document(), *printed);
-    } else {
-        printed.reset(document()->clone());
-    }
-    TextPrinter::print(*printed, *device, m_links.look());
+    if (device)
+        TextPrinter::print(*printedDocument(), *device, m_links.look());
+}
+
+void RichTextBox::SelPrint(PrintJob &job) const
+{
+    TextPrinter::print(*printedDocument(), job, m_links.look());
+}
+
+std::unique_ptr<QTextDocument> RichTextBox::printedDocument() const
+{
+    if (!textCursor().hasSelection())
+        return std::unique_ptr<QTextDocument>(document()->clone());
+    auto selection = newDocument();
+    RtfReader::read(SelRTF(), *selection);
+    PageFormat::copy(*document(), *selection);
+    return selection;
 }
 
 void RichTextBox::setAutoURLDetection(bool on)

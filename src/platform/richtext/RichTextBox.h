@@ -8,6 +8,7 @@
 
 #include <QTextEdit>
 
+class PrintJob;
 class QPrinter;
 
 /// The rich-text control: text, selection, formats, files and links under the names that all windows use.
@@ -91,6 +92,8 @@ public:
     /// Prints the selection, without headers and footers, or everything when it is empty. Does nothing
     /// without a device. Throws RuntimeError as PrintJob does.
     void SelPrint(QPrinter *device) const;
+    /// The same as further pages of \a job, on its printer's paper.
+    void SelPrint(PrintJob &job) const;
 
     /// Marks web and mail addresses in the text and reports clicks on them; the document itself is not
     /// changed.
@@ -123,6 +126,7 @@ protected:
 
 private:
     std::unique_ptr<QTextDocument> newDocument() const;
+    std::unique_ptr<QTextDocument> printedDocument() const;
     void replaceDocument(std::unique_ptr<QTextDocument> document, const RichTextFile::Loaded &loaded);
     void setPaper();
     void wrap();

@@ -62,6 +62,15 @@ TEST_P(AddressBookNodeTest, AClickShowsTheNodesContacts)
 
 INSTANTIATE_TEST_SUITE_P(Nodes, AddressBookNodeTest, testing::ValuesIn(nodes), RowName());
 
+TEST_F(AddressBookViewsTest, TheLinesOfAnAddressAreOneLineInTheRow)
+{
+    AddressConnection.execute(
+        QStringLiteral("update Home set hAddress='a' || char(13) || char(10) || 'b' || char(10) || 'c' || "
+                       "char(13) || 'd' where SrNo=(select SrNo from Names where Name='Bea Dunn')"));
+    window.clickNode("Root");
+    EXPECT_EQ(window.row("Bea Dunn"), QStringLiteral("Bea Dunn|a b c d|Woking|||"));
+}
+
 TEST_F(AddressBookViewsTest, AContactIsARowOfSixColumns)
 {
     window.clickNode("Root");

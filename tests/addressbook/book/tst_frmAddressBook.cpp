@@ -188,14 +188,25 @@ TEST_F(AddressBookTest, EverythingIsInTheWindowAndNothingOverlaps)
     const auto placeOf = [this](const QWidget &part) {
         return QRect(part.mapTo(&window.form(), QPoint()), part.size());
     };
-    for (const QWidget *part : parts) {
-        EXPECT_TRUE(part->isVisible() && window.form().rect().contains(placeOf(*part)))
-            << qPrintable(part->objectName());
-        for (const QWidget *other : parts) {
-            EXPECT_TRUE(part == other || !placeOf(*part).intersects(placeOf(*other)))
-                << qPrintable(part->objectName() + u' ' + other->objectName());
+    for (const int width : {12300, 9000, 6000}) {
+        window.form().setWidth(width);
+        for (const QWidget *part : parts) {
+            EXPECT_TRUE(part->isVisible() && window.form().rect().contains(placeOf(*part)))
+                << qPrintable(part->objectName()) << width;
+            for (const QWidget *other : parts) {
+                EXPECT_TRUE(part == other || !placeOf(*part).intersects(placeOf(*other)))
+                    << qPrintable(part->objectName() + u' ' + other->objectName()) << width;
+            }
         }
     }
+}
+
+TEST_F(AddressBookTest, InANarrowWindowTheButtonsCaptionsAreCut)
+{
+    const QWidget &button = window.control<QWidget>("cmdState");
+    EXPECT_EQ(button.toolTip(), QString());
+    window.form().setWidth(6000);
+    EXPECT_EQ(button.toolTip(), QStringLiteral("Add New County/State/Province"));
 }
 
 TEST_F(AddressBookTest, ItsPartsFollowItsSize)

@@ -55,6 +55,7 @@ TEST_F(BirthDaysTest, ItsControlsHaveTheirCaptions)
         EXPECT_EQ(dialog.member<QPushButton>(QStringLiteral("cmdOK")).text(), QStringLiteral("&Ok"));
         EXPECT_EQ(dialog.member<QPushButton>(QStringLiteral("cmdCancel")).text(), QStringLiteral("&Cancel"));
         EXPECT_EQ(date(dialog).Value(), QDate::currentDate());
+        EXPECT_GT(dialog.width(), 1.5 * dialog.fontMetrics().horizontalAdvance(dialog.Caption()));
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
     });
     window.click("CmdBirthDays");

@@ -104,8 +104,13 @@ bool ReportBook::canReadPages()
 
 QString ReportBook::printed(const char *name) const
 {
+    return printedPages(name).join(u' ').simplified();
+}
+
+QStringList ReportBook::printedPages(const char *name) const
+{
     const QString path = book.home().file(QString::fromLatin1(name));
-    return QFile::exists(path) ? PrintedPdf(path).pages().join(u' ').simplified() : QString();
+    return QFile::exists(path) ? PrintedPdf(path).pages() : QStringList();
 }
 
 QString ReportBook::printedFiles() const

@@ -38,6 +38,7 @@ public:
     static bool canReadPages();
     /// The words of a printed file's pages, a blank between each two. Empty where there is no such file.
     QString printed(const char *name = "a.pdf") const;
+    QStringList printedPages(const char *name = "a.pdf") const;
     /// The names of the printed files in the home folder, joined by "|".
     QString printedFiles() const;
 

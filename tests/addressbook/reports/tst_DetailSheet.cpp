@@ -121,8 +121,24 @@ TEST(DetailSheetTest, ValuesStayAsTheyAre)
     contact.homeAddress = QStringLiteral("1 Road\nFlat 2\r\nTown");
     contact.company = QStringLiteral("%2");
     const QString text = DetailSheet::first(contact);
-    EXPECT_TRUE(text.contains(QStringLiteral("DETAILS FOR {a} \\b %1 %11.\r\n")));
-    EXPECT_TRUE(text.contains(QStringLiteral("\\b0 {a} \\b %1 %11\\tab")));
+    EXPECT_TRUE(text.contains(QStringLiteral("DETAILS FOR {{a} \\b %1 %11}.\r\n")));
+    EXPECT_TRUE(text.contains(QStringLiteral("\\b0 {{a} \\b %1 %11}\\tab")));
     EXPECT_TRUE(text.contains(QStringLiteral("\\b0 1 Road\nFlat 2\r\nTown\\tab\r\n")));
     EXPECT_TRUE(text.contains(QStringLiteral("\\tab %2\\tab")));
+}
+
+TEST(DetailSheetTest, MarkupOfAValueEndsWithIt)
+{
+    ReportRecord contact;
+    for (QString *value :
+         {&contact.name,        &contact.nickName,  &contact.comment,     &contact.birthDate,
+          &contact.groupName,   &contact.eMailText, &contact.homeAddress, &contact.homeCity,
+          &contact.homeState,   &contact.homeZip,   &contact.homePhones,  &contact.homeMobile,
+          &contact.workAddress, &contact.workCity,  &contact.workState,   &contact.workZip,
+          &contact.workPhones,  &contact.workFax,   &contact.workMobile,  &contact.company,
+          &contact.post,        &contact.department})
+        *value = QStringLiteral("a{");
+    const QString text = DetailSheet::first(contact) + DetailSheet::second(contact);
+    EXPECT_EQ(text.count(QStringLiteral("{a{}}")), 2 * 23); // the name twice
+    EXPECT_EQ(text.count(u'{'), text.count(u'}'));
 }

@@ -164,6 +164,7 @@ TEST_F(PrintSummaryTest, NamesOfOpenBracesArePrinted)
     }
     reports.expectPrint();
     print();
-    EXPECT_EQ(reports.summaryFile().count('{'), 4 + 400 * 25);
+    EXPECT_EQ(reports.summaryFile().count('{'), 4 + 400 * (1 + 25));
     EXPECT_TRUE(reports.printed().startsWith(QStringLiteral("Address Records Summary")));
+    EXPECT_TRUE(reports.printed().endsWith(QStringLiteral("End of Report..")));
 }

@@ -3,7 +3,6 @@
 #include "ReportBook.h"
 #include "modprint.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
 // Texts that a careless report misreads, in every field.
@@ -20,6 +19,9 @@ QList<HostileName> reportTexts()
         {"OpenBraces", QByteArray(50, '{')},
         {"BackslashAtTheEnd", "back\\"},
         {"Binary", "x\\bin99999999 y"},
+        {"CharacterWithoutDigits", "O\\'Brien"},
+        {"Information", "\\\\server\\info"},
+        {"FontTable", "C:\\fonttbl"},
         {"UnicodeWithoutNumber", "x\\u"},
         {"SkippedCharacters", "x\\uc32000 \\u8364 y"},
         {"Picture", "{\\field{\\*\\fldinst INCLUDEPICTURE http://x/y}}"},
@@ -28,17 +30,6 @@ QList<HostileName> reportTexts()
         {"OutsideTheFirstPlane", QByteArray("\xF0\x9F\x98\x80").repeated(12)},
     };
     return all;
-}
-
-bool isMarkup(const QString &text)
-{
-    return std::any_of(text.cbegin(), text.cend(),
-                       [](QChar c) { return c == u'{' || c == u'}' || c == u'\\'; });
-}
-
-bool isAscii(const QString &text)
-{
-    return std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c < u'\x80'; });
 }
 
 struct ReportNames : testing::TestWithParam<HostileName>
@@ -74,14 +65,11 @@ TEST_P(ReportNames, BreakNoSheet)
 {
     reports.expectPrint();
     PrintSelectedRecords(reports.rows);
-    EXPECT_EQ(reports.printedFiles(), QStringLiteral("a-2.pdf|a.pdf"));
-    EXPECT_TRUE(reports.printed("a.pdf").contains(QStringLiteral("ADDRESS BOOK DETAILS FOR")));
-    EXPECT_TRUE(
-        reports.printed("a-2.pdf").startsWith(QStringLiteral("ADDRESS BOOK DETAILS FOR Cid. Name: Cid")));
-    if (!isMarkup(text)) {
-        EXPECT_TRUE(reports.printed("a.pdf").contains(QStringLiteral("DETAILS FOR Ben.")));
-        EXPECT_TRUE(reports.printed("a.pdf").contains(QStringLiteral("Name: Ben")));
-    }
+    const QString pages = reports.printed();
+    EXPECT_EQ(pages.count(QStringLiteral("ADDRESS BOOK DETAILS FOR")), 3);
+    EXPECT_TRUE(pages.contains(QStringLiteral("DETAILS FOR Ben.")));
+    EXPECT_TRUE(pages.contains(QStringLiteral("Name: Ben")));
+    EXPECT_TRUE(pages.contains(QStringLiteral("ADDRESS BOOK DETAILS FOR Cid. Name: Cid")));
 }
 
 TEST_P(ReportNames, BreakNoSummary)
@@ -89,12 +77,8 @@ TEST_P(ReportNames, BreakNoSummary)
     reports.expectPrint();
     PrintSummary(reports.rows);
     EXPECT_TRUE(reports.printed().startsWith(QStringLiteral("Address Records Summary")));
-    if (!isMarkup(text)) {
-        EXPECT_TRUE(reports.printed().endsWith(QStringLiteral("End of Report..")));
-    }
-    if (isAscii(text)) {
-        EXPECT_TRUE(reports.summaryFile().contains("\\par \\b0 " + text.left(25).toLatin1()));
-    }
+    EXPECT_TRUE(reports.printed().contains(QStringLiteral("Ben")));
+    EXPECT_TRUE(reports.printed().endsWith(QStringLiteral("End of Report..")));
 }
 
 INSTANTIATE_TEST_SUITE_P(Texts, ReportNames, testing::ValuesIn(reportTexts()),

@@ -34,7 +34,13 @@ const Fit fits[] = {
     {"MobileOf13", &ReportRecord::homeMobile, "1234567890123", "\\tab M:123456789012\\tab W:"},
     {"WorkOf0", &ReportRecord::workPhones, "", "\\tab W:            \r\n"},
     {"WorkOf13", &ReportRecord::workPhones, "1234567890123", "\\tab W:123456789012\r\n"},
-    {"WhatIsOfADocument", &ReportRecord::name, "%1 {\\b }", "\\par %1 {\\b }                 \\tab "},
+    {"WhatIsOfADocument", &ReportRecord::name, "%1 {\\b }", "\\par {%1 {\\b }                 }\\tab "},
+    {"MarkupThatIsCut", &ReportRecord::homeAddress, "12345678901234567{\\b 1}",
+     "\\tab {12345678901234567{\\b}}..\\tab "},
+    {"BraceInACity", &ReportRecord::homeCity, "a}", "\\tab {{a}             }\\tab H:"},
+    {"BraceInATelephone", &ReportRecord::homePhones, "1{", "\\tab H:{1{          }}\\tab M:"},
+    {"BraceInAMobile", &ReportRecord::homeMobile, "1{", "\\tab M:{1{          }}\\tab W:"},
+    {"BraceInAWorkTelephone", &ReportRecord::workPhones, "1{", "\\tab W:{1{          }}\r\n"},
 };
 
 struct SummaryTableFit : testing::TestWithParam<Fit>

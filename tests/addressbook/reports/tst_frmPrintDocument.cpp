@@ -38,6 +38,11 @@ struct FrmPrintDocumentTest : testing::Test
         reports.expectPrint(file);
         form.choosePrinter(QStringLiteral("Job"));
     }
+    void print()
+    {
+        form.print();
+        form.finishPrinting();
+    }
 
     ReportBook reports;
     frmPrintDocument &form = Forms::refer<frmPrintDocument>();
@@ -84,7 +89,7 @@ TEST_F(FrmPrintDocumentTest, TheDialogHasNoSelectionAndNamesTheJob)
         pressPrint(dialog, reports.book.home().file(QStringLiteral("a.pdf")));
     });
     form.choosePrinter(QStringLiteral("Address Book Details"));
-    form.print();
+    print();
     EXPECT_EQ(PrintedPdf(reports.book.home().file(QStringLiteral("a.pdf"))).title(),
               QStringLiteral("Address Book Details"));
 }
@@ -95,49 +100,49 @@ TEST_F(FrmPrintDocumentTest, PrintsEverythingWhateverIsSelected)
     choose("a.pdf");
     text().setSelStart(0);
     text().setSelLength(3);
-    form.print();
+    print();
     EXPECT_EQ(reports.printed("a.pdf"), QStringLiteral("one two"));
     EXPECT_EQ(text().SelLength(), 0);
 }
 
-TEST_F(FrmPrintDocumentTest, LaterDocumentsAreFilesOfTheirOwn)
+TEST_F(FrmPrintDocumentTest, LaterDocumentsArePagesOfTheSameFile)
 {
-    QFile other(reports.book.home().file(QStringLiteral("a-2.pdf")));
-    ASSERT_TRUE(other.open(QIODevice::WriteOnly));
     choose("a.pdf");
     for (const char *words : {"one", "two", "three"}) {
         loadText(words);
         form.print();
+        EXPECT_EQ(reports.printedFiles(), QString());
     }
-    EXPECT_EQ(reports.printed("a.pdf"), QStringLiteral("one"));
-    EXPECT_EQ(other.size(), 0);
-    EXPECT_EQ(reports.printed("a-3.pdf"), QStringLiteral("two"));
-    EXPECT_EQ(reports.printed("a-4.pdf"), QStringLiteral("three"));
+    form.finishPrinting();
+    form.finishPrinting(); // there is nothing more to write
+    EXPECT_EQ(reports.printedFiles(), QStringLiteral("a.pdf"));
+    EXPECT_EQ(reports.printedPages().join(u'|').remove(u'\n'), QStringLiteral("one|two|three"));
 }
 
-TEST_F(FrmPrintDocumentTest, TheFileThatIsChosenAnewIsReplaced)
+TEST_F(FrmPrintDocumentTest, WhatIsNotFinishedLeavesNoFile)
 {
     loadText("one");
     choose("a.pdf");
     form.print();
-    form.print();
-    loadText("two");
     choose("b.pdf");
+    print();
+    EXPECT_EQ(reports.printedFiles(), QStringLiteral("b.pdf"));
+    EXPECT_EQ(reports.printed("b.pdf"), QStringLiteral("one"));
+    choose("c.pdf");
     form.print();
-    form.print();
-    EXPECT_EQ(reports.printedFiles(), QStringLiteral("a-2.pdf|a.pdf|b-2.pdf|b.pdf"));
-    EXPECT_EQ(reports.printed("b.pdf"), QStringLiteral("two"));
+    form.unload();
+    EXPECT_EQ(reports.printedFiles(), QStringLiteral("b.pdf"));
 }
 
 TEST_F(FrmPrintDocumentTest, WithoutAPrinterNothingIsPrinted)
 {
     loadText("one");
-    form.print();
+    print();
     choose("a.pdf");
     reports.expectCancel();
     EXPECT_EQ(errorNumberOf([&] { form.choosePrinter(QStringLiteral("Job")); }),
               ErrorNumber::DialogCancelled);
-    form.print();
+    print();
     EXPECT_EQ(reports.printedFiles(), QString());
 }
 

@@ -60,6 +60,19 @@ TEST_F(PrintJobTest, TheFileIsWrittenWhenTheJobIsFinished)
     EXPECT_TRUE(isScratchEmpty());
 }
 
+TEST_F(PrintJobTest, TheFirstNextPageIsThatWithWhichTheJobBegins)
+{
+    if (QStandardPaths::findExecutable(QStringLiteral("pdftotext")).isEmpty())
+        GTEST_SKIP() << "pdftotext, which reads the printed pages, is not installed";
+    PrintJob job(printer);
+    for (const char *word : {"one", "two", "three"}) {
+        job.nextPage();
+        paint(job, word);
+    }
+    job.finish();
+    EXPECT_EQ(PrintedPdf(file).pages().join(u'|').simplified().remove(u' '), QStringLiteral("one|two|three"));
+}
+
 TEST_F(PrintJobTest, AnUnfinishedJobLeavesNoFile)
 {
     {

@@ -3,6 +3,7 @@
 #include "FullDisk.h"
 #include "ParagraphFormat.h"
 #include "PrintFixture.h"
+#include "PrintJob.h"
 #include "QtMessages.h"
 
 #include <QPainter>
@@ -84,6 +85,23 @@ TEST_F(Print, AnInchIsAnInchAtAnyResolution)
         EXPECT_NEAR(leftOf("zero"), paperMargin, 1) << resolution;
         EXPECT_NEAR(leftOf("inch"), paperMargin + 72, 1) << resolution;
     }
+}
+
+TEST_F(Print, DocumentsOfOneJobAreItsPages)
+{
+    const double margin = 100 / 20.0; // points
+    PrintJob job(printer);
+    for (const char *words : {"one\\page two", "three"}) {
+        box.setTextRTF(QByteArray("{\\rtf1\\paperw8000\\paperh6000\\margl100 ") + words + '}');
+        box.setSelStart(0);
+        box.SelPrint(job);
+    }
+    box.setSelLength(3);
+    box.SelPrint(job); // the selection
+    job.finish();
+    EXPECT_EQ(pdf.pages().join(u'|').simplified().remove(u' '), QStringLiteral("one|two|three|thr"));
+    EXPECT_NEAR(pdf.placeOf(QStringLiteral("one"), 1).left(), margin, 1); // the document's margin
+    EXPECT_NEAR(pdf.paper().width(), 595, 1);                             // the printer's paper
 }
 
 TEST_F(Print, HangingLinesAndBulletsKeepTheirPlace)

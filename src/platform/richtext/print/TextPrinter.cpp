@@ -106,33 +106,74 @@ QList<int> printOrder(const QPrinter &printer, int count)
     return order;
 }
 
+/// A document that has been laid out on a printer's paper.
+class Pages
+{
+public:
+    Pages(QTextDocument &document, const PageSetup &setup, QPrinter &printer);
+
+    void print(PrintJob &job, const std::optional<QTextCharFormat> &linkLook);
+
+private:
+    QTextDocument &m_document;
+    const PageSetup &m_setup;
+    const QPrinter &m_printer;
+    PrinterPaper m_paper;
+    PageArea m_area;
+    QImage m_coarse;
+    QImage m_fine;
+    PageTextPainter m_texts;
+    int m_dpi;
+};
+
+Pages::Pages(QTextDocument &document, const PageSetup &setup, QPrinter &printer)
+    : m_document(document)
+    , m_setup(setup)
+    , m_printer(printer)
+    , m_paper(setup, printer)
+    , m_area(m_paper.area())
+    , m_coarse(PaperLayout::device(PaperLayout::coarseDpi))
+    , m_fine(PaperLayout::device(PaperLayout::fineDpi))
+    , m_texts(document, m_area, m_fine)
+{
+    makeRoom(m_area, m_texts, setup);
+    lowerFirstPage(document, m_texts.firstHeaderRoom() - m_area.margins.top());
+    m_dpi = layOut(document, m_area.text(), m_coarse, m_fine);
+}
+
+void Pages::print(PrintJob &job, const std::optional<QTextCharFormat> &linkLook)
+{
+    const PagePainter pages(m_document, linkLook);
+    for (const int page : printOrder(m_printer, m_document.pageCount())) {
+        job.nextPage();
+        const QPointF corner(m_area.left(page + m_setup.firstNumber), m_area.margins.top());
+        {
+            const DotsOfPaper dots(job.painter(), m_printer, corner - m_paper.origin(), m_dpi);
+            pages.paint(page, job.painter());
+        }
+        const DotsOfPaper dots(job.painter(), m_printer, corner - m_paper.origin(), PaperLayout::fineDpi);
+        m_texts.paint(page, m_document.pageCount(), m_area, job.painter());
+    }
+}
+
 } // namespace
 
 void TextPrinter::print(QTextDocument &document, QPrinter &printer,
                         const std::optional<QTextCharFormat> &linkLook)
 {
     const PageSetup setup = PageSetup::of(document);
-    const PrinterPaper paper(setup, printer);
-    PageArea area = paper.area();
-    QImage coarse = PaperLayout::device(PaperLayout::coarseDpi);
-    QImage fine = PaperLayout::device(PaperLayout::fineDpi);
-    PageTextPainter texts(document, area, fine);
-    makeRoom(area, texts, setup);
-    lowerFirstPage(document, texts.firstHeaderRoom() - area.margins.top());
-    const int dpi = layOut(document, area.text(), coarse, fine);
+    Pages pages(document, setup, printer);
     PrintJob job(printer);
-    const PagePainter pages(document, linkLook);
-    bool isFirst = true;
-    for (const int page : printOrder(printer, document.pageCount())) {
-        if (!std::exchange(isFirst, false))
-            job.newPage();
-        const QPointF corner(area.left(page + setup.firstNumber), area.margins.top());
-        {
-            const DotsOfPaper dots(job.painter(), printer, corner - paper.origin(), dpi);
-            pages.paint(page, job.painter());
-        }
-        const DotsOfPaper dots(job.painter(), printer, corner - paper.origin(), PaperLayout::fineDpi);
-        texts.paint(page, document.pageCount(), area, job.painter());
-    }
+    pages.print(job, linkLook);
     job.finish();
+}
+
+void TextPrinter::print(QTextDocument &document, PrintJob &job,
+                        const std::optional<QTextCharFormat> &linkLook)
+{
+    PageSetup setup = PageSetup::of(document);
+    setup.width.reset();
+    setup.height.reset();
+    setup.isLandscape = false;
+    Pages(document, setup, job.printer()).print(job, linkLook);
 }

@@ -3,6 +3,7 @@
 #include <QTextCharFormat>
 #include <optional>
 
+class PrintJob;
 class QPrinter;
 class QTextDocument;
 
@@ -16,5 +17,8 @@ namespace TextPrinter {
 /// Copies that the printer does not make itself, as a file cannot, are pages of their own. Throws
 /// RuntimeError as PrintJob does, and 482 where the margins leave no paper.
 void print(QTextDocument &document, QPrinter &printer, const std::optional<QTextCharFormat> &linkLook);
+
+/// The same as further pages of \a job, on the paper that its printer has.
+void print(QTextDocument &document, PrintJob &job, const std::optional<QTextCharFormat> &linkLook);
 
 } // namespace TextPrinter
