@@ -5,8 +5,9 @@
 Archived and extracted is a folder of 22,434 mixed files, 498 MB: copies of the system's own, or FOLDER. One file is
 added to an archive of 500 MB, a sparse file of 5 GB is archived, and a directory of a million entries is listed. The
 programs take turns in an order drawn anew for each run. Printed are the median times of whole processes in seconds and
-ours as a multiple of the others', the sizes of the archives, our peak memory and the longest time in which no window
-would be painted. All files are on the disk of the temporary folder.
+ours as a multiple of the others', then the same of the processor times, the sizes of the archives, our peak memory and
+the longest time in which no window would be painted, with and without what other programs took. All files are on the
+disk of the temporary folder.
 """
 
 import argparse
@@ -69,7 +70,7 @@ def many_entries(path):
 
 
 def timed(command, folder):
-    """Seconds, what was printed, and the peak memory in MiB."""
+    """Seconds, those of the processors, what was printed, and the peak memory in MiB."""
     begin = time.perf_counter()
     process = subprocess.Popen(list(map(str, command)), cwd=folder, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
     output = process.stdout.read()
@@ -77,26 +78,33 @@ def timed(command, folder):
     seconds = time.perf_counter() - begin
     if status != 0:
         sys.exit(f"{command}: {status}")
-    return seconds, output, usage.ru_maxrss / 1024
+    return seconds, usage.ru_utime + usage.ru_stime, output, usage.ru_maxrss / 1024
 
 
-def measure(title, ways, folder, runs, prepare):
-    """ways: the command of each program, ours first."""
-    times = {name: [] for name in ways}
-    details = []
-    for _ in range(runs):
-        for name in random.sample(list(ways), len(ways)):
-            prepare(name)
-            seconds, output, memory = timed(ways[name], folder)
-            times[name].append(seconds)
-            if name == "ours":
-                details.append((int(output), memory))
+def print_medians(title, times):
     medians = {name: statistics.median(values) for name, values in times.items()}
     ours = medians["ours"]
     print(f"{title:<18}" + "".join(f"  {name} {seconds:.2f}" + (f" ({ours / seconds:.2f})" if name != "ours" else "")
                                    for name, seconds in medians.items()))
-    print(f"{'':<18}  pause {max(row[0] for row in details)} ms, memory {max(row[1] for row in details):.0f} MiB",
-          flush=True)
+
+
+def measure(title, ways, folder, runs, prepare):
+    """ways: the command of each program, ours first."""
+    walls = {name: [] for name in ways}
+    processors = {name: [] for name in ways}
+    details = []
+    for _ in range(runs):
+        for name in random.sample(list(ways), len(ways)):
+            prepare(name)
+            seconds, processor, output, memory = timed(ways[name], folder)
+            walls[name].append(seconds)
+            processors[name].append(processor)
+            if name == "ours":
+                details.append((*map(int, output.split()), memory))
+    print_medians(title, walls)
+    print_medians("  processors", processors)
+    pause, own, memory = (max(column) for column in zip(*details))
+    print(f"{'':<18}  pause {pause} ms, {own} ms of it ours, memory {memory:.0f} MiB", flush=True)
 
 
 def remove(path):

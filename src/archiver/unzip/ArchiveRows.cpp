@@ -6,16 +6,20 @@
 
 namespace {
 
+constexpr int rowsAtOnce = 256;
 const QString keyPrefix = QStringLiteral("File");
 
 } // namespace
 
-std::vector<ListItem> ArchiveRows::of(const cUnzip &archive, FileIcons &icons)
+std::vector<ListItem> ArchiveRows::of(const cUnzip &archive, FileIcons &icons,
+                                      const std::function<bool()> &goesOn)
 {
     std::vector<ListItem> rows;
     rows.reserve(std::size_t(archive.FileCount()));
     ShortDateTimes dates;
     for (int i = 1; i <= archive.FileCount(); ++i) {
+        if (i % rowsAtOnce == 0 && !goesOn())
+            break;
         const QString name = archive.FileName(i);
         ListItem row;
         row.Key = keyPrefix + QString::number(i);

@@ -69,7 +69,11 @@ void frmUnzip::list(const QString &path)
 {
     lvwZip->ListItems().Clear();
     m_cUnzip->setZipFile(path);
-    m_job.run([this] { m_cUnzip->Directory(); });
+    std::vector<ListItem> rows;
+    m_job.run([&] {
+        m_cUnzip->Directory();
+        rows = ArchiveRows::of(*m_cUnzip, ilsIcons16, [this] { return m_job.letEventsThrough(); });
+    });
     if (!isLoaded())
         return;
     if (m_cUnzip->FileCount() >= 1) {
@@ -77,7 +81,7 @@ void frmUnzip::list(const QString &path)
         showRecentFiles();
     }
     enableActions();
-    showRows();
+    lvwZip->ListItems().addItems(std::move(rows));
 }
 
 /// The actions that need a listed file.
@@ -88,11 +92,6 @@ void frmUnzip::enableActions()
         button->setEnabled(hasFiles);
     for (const char *item : {"mnuFile_1", "mnuEdit_0", "mnuEdit_1"})
         member<QAction>(QString::fromLatin1(item)).setEnabled(hasFiles);
-}
-
-void frmUnzip::showRows()
-{
-    lvwZip->ListItems().addItems(ArchiveRows::of(*m_cUnzip, ilsIcons16));
 }
 
 void frmUnzip::showRecentFiles()

@@ -55,7 +55,6 @@ private:
     void letEventsThrough(const QString &name, bool &cancel);
 
     void list(const QString &path);
-    void showRows();
     void showRecentFiles();
     void enableActions();
     QString askFolder();

@@ -4,9 +4,11 @@
 #include "HostileNames.h"
 #include "PrintQt.h"
 #include "ScratchFolder.h"
+#include "ScratchHome.h"
 #include "Volume.h"
 
 #include <QAbstractItemModelTester>
+#include <QDir>
 #include <filesystem>
 #include <gtest/gtest.h>
 
@@ -107,19 +109,17 @@ TEST_F(FolderTreeModelTest, FindsWhatWasMadeLater)
     EXPECT_EQ(below(model, model.index(0, 0)).last(), QStringLiteral("new"));
 }
 
+/// The home folder, and not the file system that it is in, which comes before it.
 TEST_F(FolderTreeModelTest, TheNearestVolumeIsTaken)
 {
+    const ScratchHome home;
+    const QString folder = home.file(QStringLiteral("inner"));
+    ASSERT_TRUE(QDir().mkpath(folder));
     FolderTreeModel model({}, foldersAlone);
-    const QModelIndex place = model.indexOf(scratch.path());
-    ASSERT_TRUE(place.isValid());
-    QModelIndex root = place;
-    while (root.parent().isValid())
-        root = root.parent();
-    for (const Volume &volume : Volume::all()) {
-        if (scratch.path().startsWith(volume.path)) {
-            EXPECT_GE(model.pathAt(root).size(), volume.path.size());
-        }
-    }
+    const QModelIndex place = model.indexOf(folder);
+    EXPECT_EQ(model.pathAt(place), folder);
+    EXPECT_EQ(model.pathAt(place.parent()), home.path());
+    EXPECT_FALSE(place.parent().parent().isValid());
 }
 
 TEST_F(FolderTreeModelTest, AFolderThatMayNotBeReadIsEmpty)

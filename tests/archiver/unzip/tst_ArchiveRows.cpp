@@ -56,6 +56,18 @@ TEST_F(ArchiveRowsTest, KeepsTheOrderAndNumbersTheRecords)
     EXPECT_EQ(ArchiveRows::recordOf(QStringLiteral("File1000000")), 1000000);
 }
 
+/// A window that is closed meanwhile needs no rows.
+TEST_F(ArchiveRowsTest, AsksNowAndThenWhetherToGoOn)
+{
+    constexpr int files = 2000;
+    for (int i = 0; i < files; ++i)
+        archive.addRecord(record(QStringLiteral("a")));
+    int calls = 0;
+    EXPECT_EQ(ArchiveRows::of(archive, icons, [&] { return ++calls > 0; }).size(), std::size_t(files));
+    EXPECT_GT(calls, 5);
+    EXPECT_LT(ArchiveRows::of(archive, icons, [] { return false; }).size(), std::size_t(files / 2));
+}
+
 TEST_F(ArchiveRowsTest, AnEncryptedFileHasAPlus)
 {
     ArchiveRecord encrypted = record(QStringLiteral("a.txt"));

@@ -207,15 +207,15 @@ TEST_F(DirectoryReaderTest, TakesTheExactTime)
 {
     MadeEntry entry = named("a");
     entry.extra = ArchiveMaker::extraField(0x5455, "\x01" + ArchiveMaker::number(1'000'000'001, 4));
-    EXPECT_EQ(readEntry(entry).modified, 1'000'000'001);
-    EXPECT_TRUE(readEntry(entry).hasExactTime);
+    EXPECT_EQ(readEntry(entry).modified(), 1'000'000'001);
+    EXPECT_TRUE(readEntry(entry).exactTime.has_value());
     constexpr quint64 windowsTime = (Q_UINT64_C(1'000'000'001) + 11'644'473'600) * 10'000'000;
     entry.extra = ArchiveMaker::extraField(
         0x000a, QByteArray(4, '\0') + ArchiveMaker::number(1, 2) + ArchiveMaker::number(24, 2) +
                     ArchiveMaker::number(windowsTime, 8) + QByteArray(16, '\0'));
-    EXPECT_EQ(readEntry(entry).modified, 1'000'000'001);
+    EXPECT_EQ(readEntry(entry).modified(), 1'000'000'001);
     entry.extra.clear();
-    EXPECT_FALSE(readEntry(entry).hasExactTime);
+    EXPECT_FALSE(readEntry(entry).exactTime.has_value());
 }
 
 TEST_F(DirectoryReaderTest, TakesPermissionsByWhoMadeTheEntry)

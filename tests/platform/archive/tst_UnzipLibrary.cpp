@@ -1,3 +1,4 @@
+#include "ArchiveEntry.h"
 #include "ArchiveMaker.h"
 #include "AsUser.h"
 #include "FolderContent.h"
@@ -376,6 +377,37 @@ TEST_F(UnzipLibraryTest, StopsWhenItIsCancelled)
     EXPECT_EQ(job.list(archive), UnzipResult::Cancelled);
 }
 
+TEST_F(UnzipLibraryTest, CallsWhileItReadsTheDirectory)
+{
+    scratch.addFile("a.zip", ArchiveMaker::makeMany(3000));
+    job.isCancelled = [](QByteArrayView) { return true; };
+    EXPECT_EQ(job.list(archive), UnzipResult::Cancelled);
+    EXPECT_EQ(job.services, QByteArrayList{archive});
+    EXPECT_TRUE(job.entries.isEmpty());
+}
+
+TEST_F(UnzipLibraryTest, CallsWhileItPassesEntries)
+{
+    constexpr int entries = 20000;
+    scratch.addFile("a.zip", ArchiveMaker::makeMany(entries));
+    EXPECT_EQ(job.list(archive), UnzipResult::Success);
+    const qsizetype listing = job.services.size();
+    job.services.clear();
+    job.included = {"00000002"};
+    EXPECT_EQ(extract(), UnzipResult::DamagedEntry);
+    EXPECT_GE(job.services.size(), listing);
+}
+
+TEST_F(UnzipLibraryTest, CallsWhileItRestoresFolders)
+{
+    QList<MadeEntry> folders;
+    for (int i = 0; i < 50; ++i)
+        folders.append(extracted(QByteArray::number(i) + '/', {}));
+    make(folders);
+    EXPECT_EQ(extract(), UnzipResult::Success);
+    EXPECT_GE(job.services.size(), 2 * folders.size());
+}
+
 TEST_F(UnzipLibraryTest, SaysWhatCannotBeOpened)
 {
     EXPECT_EQ(job.list(scratch.file("none.zip")), UnzipResult::CannotOpen);
@@ -421,6 +453,21 @@ TEST_F(UnzipLibraryTest, RefusesMethodsThatItDoesNotKnow)
     make({extracted("a", "1"), unknown});
     EXPECT_EQ(extract(), UnzipResult::Unsupported);
     EXPECT_EQ(files().keys(), QByteArrayList{"a"});
+}
+
+TEST_F(UnzipLibraryTest, AsksForNoPasswordWhereItCannotDecrypt)
+{
+    MadeEntry strong = extracted("strong", "sss");
+    strong.flags = 1 | 1 << 6;
+    MadeEntry aesWithoutField = extracted("aes", "aaa");
+    aesWithoutField.flags = 1;
+    aesWithoutField.method = aesWithoutField.localMethod = ArchiveEntry::Aes;
+    for (const MadeEntry &entry : {strong, aesWithoutField}) {
+        make({extracted("a", "1"), entry});
+        EXPECT_EQ(extract(), UnzipResult::Unsupported) << entry.name.constData();
+        EXPECT_EQ(files().keys(), QByteArrayList{"a"});
+    }
+    EXPECT_EQ(job.passwordRequests, 0);
 }
 
 TEST_F(UnzipLibraryTest, RunsOneJobAtATime)

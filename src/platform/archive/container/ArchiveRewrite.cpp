@@ -2,16 +2,18 @@
 
 #include "FileFailure.h"
 #include "FileMode.h"
+#include "WorkerThreads.h"
 
 #include <QByteArrayList>
 #include <fcntl.h>
+#include <future>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
 namespace {
 
-constexpr qint64 writtenAtOnce = 4 << 20;
+constexpr qint64 writtenAtOnce = 1 << 20;
 constexpr mode_t setIds = S_ISUID | S_ISGID;
 
 void checkCall(bool isDone)
@@ -55,6 +57,9 @@ zip_int64_t ArchiveRewrite::supported() const
 zip_int64_t ArchiveRewrite::handle(zip_source_cmd_t command, void *data, zip_uint64_t size)
 {
     switch (command) {
+    case ZIP_SOURCE_READ:
+        m_betweenPieces();
+        return ArchiveSource::handle(command, data, size);
     case ZIP_SOURCE_BEGIN_WRITE:
         begin();
         return 0;
@@ -144,9 +149,12 @@ zip_int64_t ArchiveRewrite::seekNew(void *arguments, zip_uint64_t size)
 void ArchiveRewrite::commit()
 {
     takeOldAttributes();
-    sync();
+    sync(m_new->file());
     m_new->publish(m_name, PartFile::Existing::Replace);
-    ::fsync(m_folder.get()); // the rename itself has to last; not every file system offers it
+    try {
+        sync(m_folder); // the rename itself has to last; not every file system offers it
+    } catch (...) {
+    } // the archive is there
 }
 
 void ArchiveRewrite::takeOldAttributes() const
@@ -163,16 +171,15 @@ void ArchiveRewrite::takeOldAttributes() const
     copyAttributes(file().get(), target);
 }
 
-/// In pieces, so that a slow disk holds nobody up.
-void ArchiveRewrite::sync() const
+/// On a thread of its own, so that a slow disk holds nobody up.
+void ArchiveRewrite::sync(const FileDescriptor &file) const
 {
-    const int target = m_new->file().get();
-    constexpr unsigned all = SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
-    for (qint64 at = 0; at < m_size; at += writtenAtOnce) {
+    const auto sync = [descriptor = file.get()] { return ::fsync(descriptor) == 0 ? 0 : errno; };
+    std::future<int> error = std::async(std::launch::async, sync);
+    while (error.wait_for(WorkerThreads::longestWait) != std::future_status::ready)
         m_betweenPieces();
-        ::sync_file_range(target, at, writtenAtOnce, all);
-    }
-    checkCall(::fsync(target) == 0);
+    if (const int code = error.get(); code != 0)
+        throw FileFailure(code);
 }
 
 /// The archive has no entry left.

@@ -28,7 +28,7 @@ private:
     zip_int64_t seekNew(void *arguments, zip_uint64_t size);
     void commit();
     void takeOldAttributes() const;
-    void sync() const;
+    void sync(const FileDescriptor &file) const;
     void remove() const;
 
     FileDescriptor m_folder;

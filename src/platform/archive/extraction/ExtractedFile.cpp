@@ -29,7 +29,7 @@ void ExtractedFile::publish(const QByteArray &name, PartFile::Existing existing,
     const int file = m_part.file().get();
     const int permissions = m_entry.permissions();
     ::fchmod(file, permissions != 0 ? mode_t(permissions) : ordinaryMode);
-    const timespec times[] = {{0, UTIME_OMIT}, {time_t(m_entry.modified), 0}};
+    const timespec times[] = {{0, UTIME_OMIT}, {time_t(m_entry.modified()), 0}};
     ::futimens(file, times); // not every file system keeps times; the data is what counts
     m_part.publish(name, existing);
 }

@@ -40,7 +40,7 @@ std::optional<ExtractionPool::Done> ExtractionPool::wait()
     std::unique_lock lock(m_mutex);
     const quint64 seen = m_news;
     if (!m_slots.front()->isDone)
-        m_forOwner.wait(lock, [&] { return m_news != seen; });
+        m_forOwner.wait_for(lock, WorkerThreads::longestWait, [&] { return m_news != seen; });
     if (!m_slots.front()->isDone)
         return {};
     const auto slot = std::move(m_slots.front());

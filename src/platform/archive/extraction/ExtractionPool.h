@@ -35,8 +35,8 @@ public:
     bool isFull() const { return m_slots.size() >= mostSlots; }
     void add(ExtractionTask task);
 
-    /// Waits until a piece of some task, or the task that was added first, is done. Returns the latter, so
-    /// that results come in the order of the tasks.
+    /// Waits a short time until a piece of some task, or the task that was added first, is done. Returns the
+    /// latter, so that results come in the order of the tasks.
     std::optional<Done> wait();
 
 private:

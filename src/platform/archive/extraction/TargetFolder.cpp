@@ -89,7 +89,7 @@ void TargetFolder::restore(const QByteArray &path, const ArchiveEntry &entry)
 {
     const Folder found = folder(path);
     const FileDescriptor opened(::openat(found->get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    const timespec times[] = {{0, UTIME_OMIT}, {time_t(entry.modified), 0}};
+    const timespec times[] = {{0, UTIME_OMIT}, {time_t(entry.modified()), 0}};
     ::futimens(opened.get(), times);
     if (const int permissions = entry.permissions(); permissions != 0)
         ::fchmod(opened.get(), mode_t(permissions));

@@ -24,7 +24,7 @@
 
 namespace {
 
-constexpr std::size_t listedAtOnce = 1024; // between two calls of the service function
+constexpr std::size_t passedAtOnce = 1024; // entries, between two calls of the service function
 constexpr qsizetype printedAtOnce = 1023;  // what a print function takes
 
 // From which fQuiet on a message is not printed.
@@ -89,6 +89,7 @@ UnzipJob::UnzipJob(const QByteArrayList &included, const QByteArrayList &exclude
     , m_functions(functions)
     , m_includedNames(included)
     , m_excludedNames(excluded)
+    , m_current(ServiceName::of(options.lpszZipFN))
     , m_password(functions.password)
     , m_ordinaryMode(FileMode::ordinary())
 {}
@@ -115,7 +116,7 @@ void UnzipJob::runSteps()
 {
     try {
         m_file = FileDescriptor::open(m_options.lpszZipFN, O_RDONLY | O_NONBLOCK);
-        m_directory = DirectoryReader(m_file).read();
+        m_directory = DirectoryReader(m_file).read([this] { callService(); });
     } catch (const FileFailure &failure) {
         fail(m_options.lpszZipFN, std::strerror(failure.error), UnzipResult::CannotOpen);
         return;
@@ -140,7 +141,7 @@ void UnzipJob::list()
 {
     std::size_t count = 0;
     for (const ArchiveEntry &entry : m_directory.entries) {
-        if (count++ % listedAtOnce == 0)
+        if (count++ % passedAtOnce == 0)
             beginWith(entry);
         if (includes(entry))
             m_functions.message(listed(entry));
@@ -162,6 +163,8 @@ void UnzipJob::extractAll()
     bool isAnyIncluded = false;
     for (std::size_t i = 0; i < m_directory.entries.size(); ++i) {
         const ArchiveEntry &entry = m_directory.entries[i];
+        if (i % passedAtOnce == 0)
+            callService();
         if (!includes(entry) || entry.isVolumeLabel())
             continue;
         isAnyIncluded = true;
@@ -250,7 +253,7 @@ bool UnzipJob::mayReplace(const ArchiveEntry &entry, const ExtractionTask &task,
 {
     if (!S_ISREG(existing.st_mode) && !S_ISLNK(existing.st_mode))
         throw FileFailure(EEXIST);
-    if ((m_options.ExtractOnlyNewer || m_options.nUflag) && existing.st_mtime >= entry.modified)
+    if ((m_options.ExtractOnlyNewer || m_options.nUflag) && existing.st_mtime >= entry.modified())
         return false;
     if (m_options.noflag || m_replacing == Replacing::All)
         return true;
@@ -293,6 +296,9 @@ void UnzipJob::extractHere(std::size_t index, const ExtractionTask &task)
 
 void UnzipJob::extractEncrypted(std::size_t index, const ExtractionTask &task)
 {
+    // Not left to libzip, which loses memory by it.
+    if (!task.entry->hasKnownEncryption())
+        throw BadArchive{"its encryption is not supported", BadArchive::Unsupported};
     bool hasPassword = !m_password.get().isEmpty();
     while (hasPassword && !isRight(m_password.get(), index, task))
         hasPassword = m_password.replace();
@@ -374,6 +380,7 @@ void UnzipJob::restoreFolders()
 {
     for (auto folder = m_newFolders.cend(); folder != m_newFolders.cbegin();) {
         --folder;
+        callService();
         guarded(folder.key(), [&] { m_target->restore(folder.key(), *folder.value()); });
     }
 }

@@ -1,5 +1,7 @@
 #include "ArchiveEntry.h"
 
+#include "DosTime.h"
+
 #include <sys/stat.h>
 
 namespace {
@@ -20,6 +22,12 @@ bool ArchiveEntry::isFolder() const
     if (name.endsWith('/') || (!isUnixMade() && name.endsWith('\\')))
         return true;
     return isUnixMade() ? S_ISDIR(attributes >> 16) : size == 0 && (attributes & Folder);
+}
+
+bool ArchiveEntry::hasKnownEncryption() const
+{
+    constexpr quint16 isStrong = 1 << 6;
+    return isAes() || (method != Aes && !(flags & isStrong));
 }
 
 bool ArchiveEntry::isVolumeLabel() const
@@ -65,6 +73,11 @@ int ArchiveEntry::savedPercentage() const
     if (packedSize >= size)
         return 0;
     return int(100.0 * double(size - packedSize) / double(size) + 0.5);
+}
+
+qint64 ArchiveEntry::modified() const
+{
+    return exactTime ? *exactTime : DosTime::toSeconds(dosDate, dosTime);
 }
 
 int ArchiveEntry::permissions() const

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <optional>
 
 /// One entry of an archive, as the central directory describes it.
 struct ArchiveEntry
@@ -16,8 +17,8 @@ struct ArchiveEntry
     QByteArray storedName; ///< the bytes in the archive
     quint64 size = 0;
     quint64 packedSize = 0;
-    qint64 offset = 0;   ///< of the local header, from the start of the file
-    qint64 modified = 0; ///< seconds since 1970
+    qint64 offset = 0;               ///< of the local header, from the start of the file
+    std::optional<qint64> exactTime; ///< seconds since 1970; times of DOS are even
     quint32 crc = 0;
     quint32 attributes = 0; ///< the external ones: the high half is the mode where the system is Unix
     quint16 flags = 0;
@@ -25,12 +26,13 @@ struct ArchiveEntry
     quint16 dosTime = 0;
     quint16 dosDate = 0;
     quint8 system = Dos;
-    int aesStrength = 0;       ///< 1 to 3 for AES with 128, 192 and 256 bits
-    bool hasExactTime = false; ///< modified is no time of DOS, which are even
+    int aesStrength = 0; ///< 1 to 3 for AES with 128, 192 and 256 bits
 
     bool isFolder() const;
     bool isAes() const { return aesStrength != 0; }
     bool isEncrypted() const { return flags & 1; }
+    /// By AES or the older way.
+    bool hasKnownEncryption() const;
     bool isUnixMade() const { return system == Unix || system == Darwin; }
     bool isVolumeLabel() const;
     /// The method that the local header has too.
@@ -43,6 +45,9 @@ struct ArchiveEntry
     /// The percentage saved, 0 to 100; 0 where the data did not shrink.
     int savedPercentage() const;
 
+    /// Seconds since 1970. For times of DOS the system looks up the time zone, which takes longer than
+    /// reading the entry.
+    qint64 modified() const;
     /// The permissions that an extracted file gets; 0 where the entry has none.
     int permissions() const;
 };

@@ -1,7 +1,6 @@
 #include "DirectoryReader.h"
 
 #include "BadArchive.h"
-#include "DosTime.h"
 #include "EntryName.h"
 #include "LittleEndian.h"
 
@@ -19,6 +18,8 @@ constexpr qsizetype end64Size = 56;
 constexpr qsizetype locator64Size = 20;
 constexpr qsizetype entrySize = 46;
 constexpr qsizetype mostComment = 65535;
+
+constexpr std::size_t entriesAtOnce = 1024;
 
 constexpr quint32 in64 = 0xffffffff; // the number is in the 64-bit field
 constexpr quint64 mostOffset = quint64(1) << 60;
@@ -50,33 +51,35 @@ DirectoryReader::DirectoryReader(const FileDescriptor &file)
     , m_fileSize(file.size())
 {}
 
-ArchiveDirectory DirectoryReader::read()
+ArchiveDirectory DirectoryReader::read(const std::function<void()> &betweenEntries)
 {
     const qint64 start = qMax<qint64>(0, m_fileSize - endSize - mostComment);
     const QByteArray tail = m_window.at(start, endSize + mostComment).toByteArray();
     const QByteArrayView bytes(tail);
     ArchiveDirectory directory;
+    End end;
     for (qsizetype at = bytes.size(); (at = bytes.first(at).lastIndexOf(endSignature)) >= 0;) {
-        if (readEnd(start + at, bytes.sliced(at), directory))
-            return directory;
+        if (!findEnd(start + at, bytes.sliced(at), end, directory))
+            continue;
+        readEntries(end, directory, betweenEntries);
+        return directory;
     }
     throw BadArchive{"it has no end record"};
 }
 
 /// False where the record is no end of an archive: the same four bytes may be in a comment.
-bool DirectoryReader::readEnd(qint64 position, QByteArrayView record, ArchiveDirectory &directory)
+bool DirectoryReader::findEnd(qint64 position, QByteArrayView record, End &end, ArchiveDirectory &directory)
 {
     if (record.size() < endSize)
         return false;
     const qsizetype commentSize = number16(record, 20);
     if (endSize + commentSize > record.size() || number16(record, 4) != number16(record, 6))
         return false;
-    End end{position, number32(record, 12), number32(record, 16), number16(record, 10)};
+    end = {position, number32(record, 12), number32(record, 16), number16(record, 10)};
     readEnd64(position - locator64Size, end);
     if (!locate(end, directory))
         return false;
     directory.comment = record.sliced(endSize, commentSize).toByteArray();
-    readEntries(end, directory);
     return true;
 }
 
@@ -126,9 +129,9 @@ bool DirectoryReader::locate(const End &end, ArchiveDirectory &directory)
     return end.offset + end.size <= quint64(end.position) && isEntryAt(directory.start);
 }
 
-void DirectoryReader::readEntries(const End &end, ArchiveDirectory &directory)
+void DirectoryReader::readEntries(const End &end, ArchiveDirectory &directory,
+                                  const std::function<void()> &betweenEntries)
 {
-    directory.entries.clear();
     const qint64 last = directory.start + qint64(end.size);
     for (qint64 position = directory.start; position + entrySize <= last;) {
         const QByteArrayView head = m_window.at(position, entrySize);
@@ -140,6 +143,8 @@ void DirectoryReader::readEntries(const End &end, ArchiveDirectory &directory)
             throw BadArchive{"its directory is damaged"};
         directory.entries.push_back(parse(record, directory.prefix));
         position += size;
+        if (directory.entries.size() % entriesAtOnce == 0)
+            betweenEntries();
     }
     // Writers without 64-bit records let the 16-bit count overflow.
     const quint64 found = directory.entries.size();
@@ -167,9 +172,7 @@ ArchiveEntry DirectoryReader::parse(QByteArrayView record, qint64 prefix) const
         throw BadArchive{"its directory is damaged"};
     entry.offset = qint64(offset) + prefix;
     readAes(entry, fields.find(ExtraFields::Aes));
-    const auto modified = fields.modified();
-    entry.hasExactTime = modified.has_value();
-    entry.modified = modified ? *modified : DosTime::toSeconds(entry.dosDate, entry.dosTime);
+    entry.exactTime = fields.modified();
     entry.storedName = record.sliced(entrySize, nameSize).toByteArray();
     entry.name = EntryName::decode(entry.storedName, fields, entry.isUnixMade());
     return entry;

@@ -33,10 +33,15 @@ CompressionQueue::~CompressionQueue()
         thread.join();
 }
 
-CompressedPiece CompressionQueue::take()
+CompressedPiece CompressionQueue::take(const std::function<void()> &whileWaiting)
 {
+    const auto isThere = [this] { return !m_slots.empty() && m_slots.front()->isDone; };
     std::unique_lock lock(m_mutex);
-    m_forOwner.wait(lock, [this] { return !m_slots.empty() && m_slots.front()->isDone; });
+    while (!m_forOwner.wait_for(lock, WorkerThreads::longestWait, isThere)) {
+        lock.unlock();
+        whileWaiting();
+        lock.lock();
+    }
     const auto slot = std::move(m_slots.front());
     m_slots.pop_front();
     m_ahead -= slot->length;

@@ -8,6 +8,7 @@
 
 #include <condition_variable>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <thread>
@@ -25,8 +26,9 @@ public:
     CompressionQueue(const CompressionQueue &) = delete;
     CompressionQueue &operator=(const CompressionQueue &) = delete;
 
-    /// The next piece, in the order of the files; waits for it. Throws ReadFailure.
-    CompressedPiece take();
+    /// The next piece, in the order of the files. Calls \a whileWaiting again and again until it is there.
+    /// Throws ReadFailure, and what \a whileWaiting throws.
+    CompressedPiece take(const std::function<void()> &whileWaiting);
 
 private:
     /// A file while its pieces are being handed out.

@@ -54,7 +54,7 @@ void EntrySource::begin()
 
 void EntrySource::takePiece()
 {
-    m_piece = m_queue.take();
+    m_piece = m_queue.take(m_events.betweenPieces);
     if (m_piece.file != &m_file)
         throw JobEnd{ZipResult::Internal};
     m_position = 0;
@@ -88,7 +88,7 @@ zip_int64_t EntrySource::read(char *to, qsizetype size)
     while (m_position == m_piece.bytes.size()) {
         if (m_piece.isLast)
             return 0;
-        m_events.pieceDone(*this);
+        m_events.betweenPieces();
         takePiece();
     }
     const qsizetype count = qMin(size, m_piece.bytes.size() - m_position);

@@ -13,7 +13,7 @@ public:
     struct Events
     {
         std::function<void(const EntrySource &)> begin;
-        std::function<void(const EntrySource &)> pieceDone;
+        std::function<void()> betweenPieces; ///< also again and again while the next one is waited for
         std::function<void(const EntrySource &)> end;
     };
 

@@ -83,6 +83,7 @@ void FileCollector::addMatches(const QByteArray &pattern)
     const QByteArray folder = pattern.left(name);
     bool isAny = false;
     for (const QByteArray &found : namesIn(folder)) {
+        countFile();
         const QByteArray path = joined(folder, found);
         if (!FilePattern::matchesFile(pattern.sliced(name), found))
             continue;
@@ -126,8 +127,7 @@ void FileCollector::walk(const QByteArray &folder, Visit visit)
     while (!left.isEmpty()) {
         const QByteArray at = left.takeLast();
         for (const QByteArray &name : namesIn(at)) {
-            if (++m_count % filesAtOnce == 0)
-                m_betweenFiles();
+            countFile();
             const QByteArray path = joined(at, name);
             visit(path);
             if (isRealFolder(path))
@@ -137,18 +137,25 @@ void FileCollector::walk(const QByteArray &folder, Visit visit)
 }
 
 /// Sorted, so that the same files make the same archive.
-QByteArrayList FileCollector::namesIn(const QByteArray &folder) const
+QByteArrayList FileCollector::namesIn(const QByteArray &folder)
 {
     QByteArrayList names;
     const std::unique_ptr<DIR, int (*)(DIR *)> entries(::opendir(folder.isEmpty() ? "." : folder.constData()),
                                                        ::closedir);
     while (const dirent *entry = entries ? ::readdir(entries.get()) : nullptr) {
+        countFile();
         const QByteArray name(entry->d_name);
         if (name != "." && name != ".." && (m_options.fSystem || !name.startsWith('.')))
             names.append(name);
     }
     std::sort(names.begin(), names.end());
     return names;
+}
+
+void FileCollector::countFile()
+{
+    if (++m_count % filesAtOnce == 0)
+        m_betweenFiles();
 }
 
 void FileCollector::add(const QByteArray &path)

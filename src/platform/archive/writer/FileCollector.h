@@ -34,7 +34,8 @@ private:
     void addMatchesBelow(const QByteArrayList &patterns);
     template<class Visit>
     void walk(const QByteArray &folder, Visit visit);
-    QByteArrayList namesIn(const QByteArray &folder) const;
+    QByteArrayList namesIn(const QByteArray &folder);
+    void countFile();
 
     void add(const QByteArray &path);
     void addFile(SourceFile file);

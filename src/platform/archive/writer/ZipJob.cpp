@@ -8,6 +8,7 @@
 #include "JobEnd.h"
 #include "ReadFailure.h"
 #include "ServiceName.h"
+#include "TargetName.h"
 #include "VolumeLabel.h"
 #include "ZipResult.h"
 
@@ -28,6 +29,7 @@
 namespace {
 
 constexpr int defaultLevel = 6;
+constexpr quint64 entriesAtOnce = 1024; // between two calls of the service function
 constexpr quint16 unixTimes = 0x5455;
 constexpr zip_flags_t bothHeaders = ZIP_FL_LOCAL | ZIP_FL_CENTRAL;
 
@@ -45,7 +47,6 @@ LineEnds::Conversion conversionOf(const ZPOPT &options)
                               : LineEnds::Conversion::None;
 }
 
-/// The failure of a libzip call of the job's own.
 [[noreturn]] void failByLibzip(zip_t *archive)
 {
     switch (zip_error_code_zip(zip_get_error(archive))) {
@@ -62,10 +63,18 @@ LineEnds::Conversion conversionOf(const ZPOPT &options)
     }
 }
 
-void check(zip_t *archive, zip_int64_t result)
+/// The name under which an entry is extracted; empty where it is not, or where libzip takes a folder for a
+/// file, which cannot be given the name of a folder.
+QByteArray plainName(const ArchiveEntry &entry)
 {
-    if (result < 0)
-        failByLibzip(archive);
+    if (entry.isFolder() != entry.storedName.endsWith('/'))
+        return {};
+    try {
+        const QByteArray path = TargetName::of(entry, TargetName::UseFolders).path();
+        return entry.isFolder() ? path + '/' : path;
+    } catch (const BadArchive &) {
+        return {};
+    }
 }
 
 int percentSaved(const EntrySource &entry)
@@ -90,7 +99,7 @@ ZipJob::ZipJob(const QByteArray &archive, const QByteArrayList &names, const ZPO
         m_current = ServiceName::of(entry.file().name);
         callService();
     };
-    m_events.pieceDone = [this](const EntrySource &) { callService(); };
+    m_events.betweenPieces = [this] { callService(); };
     m_events.end = [this](const EntrySource &entry) { printDone(entry); };
 }
 
@@ -140,18 +149,32 @@ void ZipJob::openOld()
     m_old = FileDescriptor::open(m_path, O_RDONLY);
     if (state.st_size == 0)
         return;
-    m_directory = DirectoryReader(m_old).read();
+    m_directory = DirectoryReader(m_old).read([this] { callService(); });
     m_indices.reserve(qsizetype(m_directory.entries.size()));
-    for (quint64 i = 0; i < m_directory.entries.size(); ++i)
-        m_indices.insert(m_directory.entries[i].name, i);
+    for (quint64 i = 0; i < m_directory.entries.size(); ++i) {
+        if (i % entriesAtOnce == 0)
+            callService();
+        addIndex(i);
+    }
+}
+
+/// The file "a" also replaces the entry "./a", unless there is one that is called "a".
+void ZipJob::addIndex(quint64 index)
+{
+    const ArchiveEntry &entry = m_directory.entries[index];
+    if (const QByteArray plain = plainName(entry); !m_indices.contains(plain))
+        m_indices.insert(plain, index);
+    m_indices.insert(entry.name, index);
 }
 
 void ZipJob::openContainer()
 {
     m_rewrite.emplace(m_path, m_old, m_directory.prefix, [this] { callService(); });
     m_archive.reset(m_rewrite->open(ZIP_CREATE));
-    if (!m_archive)
-        throw BadArchive{"its directory is damaged"};
+    if (m_archive)
+        return;
+    rethrowFailure();
+    throw BadArchive{"its directory is damaged"};
 }
 
 int ZipJob::deleteEntries()
@@ -161,6 +184,8 @@ int ZipJob::deleteEntries()
     openContainer();
     bool isAny = false;
     for (quint64 i = 0; i < m_directory.entries.size(); ++i) {
+        if (i % entriesAtOnce == 0)
+            callService();
         const QByteArray &name = m_directory.entries[i].name;
         const auto matches = [&](const QByteArray &wanted) {
             return FilePattern::matchesEntry(wanted, name);
@@ -168,7 +193,7 @@ int ZipJob::deleteEntries()
         if (std::none_of(m_names.cbegin(), m_names.cend(), matches))
             continue;
         isAny = true;
-        check(m_archive.get(), zip_delete(m_archive.get(), i));
+        check(zip_delete(m_archive.get(), i));
         print("deleting: " + EntryName::shown(name));
     }
     if (!isAny)
@@ -235,7 +260,7 @@ bool ZipJob::isWanted(const SourceFile &file) const
     if (!m_options.fFreshen && !m_options.fUpdate)
         return true;
     const ArchiveEntry &entry = m_directory.entries[*file.replaced];
-    return file.modified > entry.modified + (entry.hasExactTime ? 0 : 1); // times of DOS are even
+    return file.modified > entry.modified() + (entry.exactTime ? 0 : 1); // times of DOS are even
 }
 
 void ZipJob::askPassword()
@@ -274,11 +299,12 @@ void ZipJob::addAll()
     m_queue.emplace(m_regular, conversionOf(m_options), level);
     openContainer();
     if (!m_comment.isEmpty())
-        check(m_archive.get(), zip_set_archive_comment(m_archive.get(), m_comment.constData(),
-                                                       zip_uint16_t(m_comment.size())));
+        check(
+            zip_set_archive_comment(m_archive.get(), m_comment.constData(), zip_uint16_t(m_comment.size())));
     if (m_options.fVolume)
         addVolumeLabel();
     for (const SourceFile &file : m_files) {
+        callService();
         if (file.isFolder)
             addFolder(file);
         else
@@ -292,11 +318,11 @@ void ZipJob::addFolder(const SourceFile &file)
     zip_int64_t index = file.replaced ? zip_int64_t(*file.replaced) : -1;
     if (index < 0) {
         index = zip_dir_add(m_archive.get(), file.name.constData(), ZIP_FL_ENC_GUESS);
-        check(m_archive.get(), index);
+        check(index);
         print("  adding: " + EntryName::shown(file.name) + " (stored 0%)");
     }
     describe(file, zip_uint64_t(index));
-    check(m_archive.get(), zip_file_set_mtime(m_archive.get(), zip_uint64_t(index), file.modified, 0));
+    check(zip_file_set_mtime(m_archive.get(), zip_uint64_t(index), file.modified, 0));
 }
 
 void ZipJob::addFile(const SourceFile &file)
@@ -311,12 +337,12 @@ void ZipJob::addFile(const SourceFile &file)
         index = zip_int64_t(*file.replaced);
     if (index < 0)
         zip_source_free(source);
-    check(archive, index);
+    check(index);
     entry->setPlace(archive, zip_uint64_t(index));
-    check(archive, zip_set_file_compression(archive, zip_uint64_t(index), ZIP_CM_DEFLATE, 0));
+    check(zip_set_file_compression(archive, zip_uint64_t(index), ZIP_CM_DEFLATE, 0));
     const zip_uint16_t encryption = m_password.isEmpty() ? ZIP_EM_NONE : ZIP_EM_TRAD_PKWARE;
-    check(archive, zip_file_set_encryption(archive, zip_uint64_t(index), encryption,
-                                           m_password.isEmpty() ? nullptr : m_password.constData()));
+    check(zip_file_set_encryption(archive, zip_uint64_t(index), encryption,
+                                  m_password.isEmpty() ? nullptr : m_password.constData()));
     describe(file, zip_uint64_t(index));
 }
 
@@ -326,17 +352,17 @@ void ZipJob::describe(const SourceFile &file, zip_uint64_t index)
 {
     zip_t *archive = m_archive.get();
     if (file.replaced && m_directory.entries[*file.replaced].storedName != file.name)
-        check(archive, zip_file_rename(archive, index, file.name.constData(), ZIP_FL_ENC_GUESS));
+        check(zip_file_rename(archive, index, file.name.constData(), ZIP_FL_ENC_GUESS));
     const quint32 attributes = quint32(file.mode) << 16 | (file.isFolder ? quint32(ArchiveEntry::Folder) : 0);
-    check(archive, zip_file_set_external_attributes(archive, index, 0, ZIP_OPSYS_UNIX, attributes));
+    check(zip_file_set_external_attributes(archive, index, 0, ZIP_OPSYS_UNIX, attributes));
     zip_file_extra_field_delete(archive, index, ZIP_EXTRA_FIELD_ALL, bothHeaders);
     const auto seconds = qint32(file.modified);
     if (seconds != file.modified)
         return; // the field ends in 2038
     std::array<uchar, 5> times = {1};
     qToLittleEndian(seconds, times.data() + 1);
-    check(archive, zip_file_extra_field_set(archive, index, unixTimes, ZIP_EXTRA_FIELD_NEW, times.data(),
-                                            times.size(), bothHeaders));
+    check(zip_file_extra_field_set(archive, index, unixTimes, ZIP_EXTRA_FIELD_NEW, times.data(), times.size(),
+                                   bothHeaders));
 }
 
 void ZipJob::addVolumeLabel()
@@ -350,18 +376,23 @@ void ZipJob::addVolumeLabel()
         source ? zip_file_add(archive, label.constData(), source, ZIP_FL_ENC_GUESS | ZIP_FL_OVERWRITE) : -1;
     if (index < 0)
         zip_source_free(source);
-    check(archive, index);
-    check(archive, zip_file_set_external_attributes(archive, zip_uint64_t(index), 0, ZIP_OPSYS_DOS,
-                                                    ArchiveEntry::VolumeLabel));
+    check(index);
+    check(zip_file_set_external_attributes(archive, zip_uint64_t(index), 0, ZIP_OPSYS_DOS,
+                                           ArchiveEntry::VolumeLabel));
 }
 
 /// Here everything is done: libzip asks for the data of all new entries and writes the archive.
 void ZipJob::close()
 {
-    if (zip_close(m_archive.get()) == 0) {
-        m_archive.release();
+    check(zip_close(m_archive.get()));
+    m_archive.release();
+}
+
+/// \a result is that of a libzip call of the job's own.
+void ZipJob::check(zip_int64_t result) const
+{
+    if (result >= 0)
         return;
-    }
     rethrowFailure();
     failByLibzip(m_archive.get());
 }

@@ -27,6 +27,7 @@ public:
 private:
     int runSteps();
     void openOld();
+    void addIndex(quint64 index);
     void openContainer();
 
     int deleteEntries();
@@ -43,6 +44,7 @@ private:
     void describe(const SourceFile &file, zip_uint64_t index);
     void addVolumeLabel();
     void close();
+    void check(zip_int64_t result) const;
     void rethrowFailure() const;
 
     void printDone(const EntrySource &entry) const;

@@ -1,0 +1,33 @@
+#include "ExtractionPool.h"
+#include "PrintQt.h"
+#include "ScratchFolder.h"
+
+#include <QSemaphore>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+
+/// Whoever waits can do something else meanwhile, however long a piece takes.
+TEST(ExtractionPoolTest, WaitsAShortTimeOnly)
+{
+    constexpr int mostMilliseconds = 10000;
+    const ScratchFolder scratch;
+    scratch.addFile("data", "abc");
+    const FileDescriptor archive = FileDescriptor::open(scratch.file("data"), O_RDONLY);
+    ArchiveEntry entry;
+    entry.size = entry.packedSize = 3;
+    entry.crc = libdeflate_crc32(0, "abc", 3);
+    QSemaphore isReleased;
+    ExtractionTask task;
+    task.entry = &entry;
+    task.output = [&isReleased](QByteArrayView) { isReleased.tryAcquire(1, mostMilliseconds); };
+    ExtractionPool pool(archive);
+    pool.add(std::move(task));
+    for (int i = 0; i < 5; ++i)
+        EXPECT_FALSE(pool.wait());
+    isReleased.release(2);
+    std::optional<ExtractionPool::Done> done;
+    while (!done)
+        done = pool.wait();
+    EXPECT_FALSE(done->failure);
+    EXPECT_TRUE(pool.isEmpty());
+}
