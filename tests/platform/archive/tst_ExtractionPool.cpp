@@ -23,7 +23,7 @@ TEST(ExtractionPoolTest, WaitsAShortTimeOnly)
     ExtractionPool pool(archive);
     pool.add(std::move(task));
     for (int i = 0; i < 5; ++i)
-        EXPECT_FALSE(pool.wait());
+        ASSERT_FALSE(pool.wait());
     isReleased.release(2);
     std::optional<ExtractionPool::Done> done;
     while (!done)
