@@ -102,8 +102,8 @@ protected:
     void setKeyButtons(QPushButton &accept, QPushButton &cancel);
     /// The same for a window in which Return accepts nothing.
     void setCancelButton(QPushButton &cancel) { m_cancel = &cancel; }
-    /// Return presses \a button while \a field has the focus. The key ends there. A handler of the field's own
-    /// signal would let it go on, after a wait to whatever has the focus by then.
+    /// Return presses \a button while \a field has the focus. The key ends there. A handler of the field's
+    /// own signal would let it go on, after a wait to whatever has the focus by then.
     void setReturnButton(const QWidget &field, QPushButton &button) { m_returnButtons[&field] = &button; }
 
     void closeEvent(QCloseEvent *event) override;
@@ -125,7 +125,7 @@ private:
     QPushButton *m_accept = nullptr;
     QPushButton *m_cancel = nullptr;
     QHash<const QWidget *, QPushButton *> m_returnButtons; ///< by field
-    QHash<QString, std::any> m_operations; ///< each a std::function<void(values...)>
+    QHash<QString, std::any> m_operations;                 ///< each a std::function<void(values...)>
 };
 
 template<HasMetaObject Control>
