@@ -240,10 +240,12 @@ bool frmFTP::parkFocus()
     return isFocusParked();
 }
 
-/// False where the user has gone on to another control or window meanwhile.
+/// False where the user has gone on to another control or window meanwhile. A click beside the controls, or
+/// on a disabled one, gives the focus to what is behind them.
 bool frmFTP::isFocusParked() const
 {
-    return window()->focusWidget() == lblStatus;
+    const QWidget *focused = window()->focusWidget();
+    return !focused || focused == lblStatus || focused->isAncestorOf(this);
 }
 
 // ---- What the session reports

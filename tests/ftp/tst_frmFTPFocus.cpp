@@ -69,6 +69,19 @@ TEST_F(FtpFocusTest, ALogOnLeavesItWhereTheUserHasGoneMeanwhile)
     EXPECT_EQ(focus(), QStringLiteral("txtAccount"));
 }
 
+TEST_F(FtpFocusTest, ASecondPressOfConnectChangesNothing)
+{
+    QString during;
+    window.server.during("USER", [&] {
+        QTest::mousePress(&window.control<QWidget>("cmdLogOn"),
+                          Qt::LeftButton); // disabled, so what is behind gets it
+        during = focus();
+    });
+    window.click("cmdLogOn");
+    EXPECT_NE(during, QStringLiteral("lblStatus"));
+    EXPECT_EQ(focus(), QStringLiteral("lstRemoteFile"));
+}
+
 TEST_F(FtpFocusTest, TheReturnThatLogsOnPressesNoOtherButton)
 {
     auto &box = window.control<QLineEdit>("txtServer");

@@ -47,7 +47,7 @@ void MdiArea::adopt(QWidget &child)
     const QSize space = maximumViewportSize();
     auto *window = new ChildWindow(child);
     addSubWindow(window);
-    window->resize(sizeOf(child, space).boundedTo(space));
+    window->resize(sizeOf(child, space).boundedTo(space).expandedTo(window->minimumSizeHint()));
     const int places = std::max(1, (space.height() - window->height()) / cascadeStep() + 1);
     const int place = m_placed++ % places;
     window->move(place * cascadeStep(), place * cascadeStep());

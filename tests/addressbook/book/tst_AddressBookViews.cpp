@@ -6,6 +6,7 @@
 #include "RowName.h"
 #include "ShownText.h"
 
+#include <QRegularExpression>
 #include <QStyledItemDelegate>
 #include <QTest>
 #include <QTreeView>
@@ -264,7 +265,9 @@ TEST_P(AddressBookNameTest, IsShownAsItIsInEveryField)
     window.clickNode("City1");
     const ListItem &item = window.list().ListItems().Item(QStringLiteral("SrNo5"));
     EXPECT_EQ(item.Text, text);
-    EXPECT_EQ(item.SubItems, QStringList({text, QStringLiteral(".."), text, text, QString()}));
+    const QString address =
+        QString(text).replace(QRegularExpression(QStringLiteral("\r\n|\r|\n")), QStringLiteral(" "));
+    EXPECT_EQ(item.SubItems, QStringList({address, QStringLiteral(".."), text, text, QString()}));
     const auto &pane = static_cast<QTreeView &>(window.pane());
     const QModelIndex place =
         pane.model()->index(window.list().ListItems().IndexOf(QStringLiteral("SrNo5")) - 1, 0);

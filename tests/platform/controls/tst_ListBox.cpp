@@ -136,6 +136,16 @@ TEST_F(ListBoxTest, EndGoesToTheLastRowFromNone)
     }
 }
 
+TEST_F(ListBoxTest, ATypedLetterIsLookedForFromTheFirstRowOnWhereNoneIsSelected)
+{
+    list.Clear();
+    list.addItems({QStringLiteral("first"), QStringLiteral("further")});
+    list.selectionModel()->setCurrentIndex(list.model()->index(0, 0),
+                                           QItemSelectionModel::NoUpdate); // as by Tab
+    QTest::keyClick(&list, Qt::Key_F);
+    EXPECT_EQ(list.Text(), QStringLiteral("first"));
+}
+
 TEST_F(ListBoxTest, AKeyThatGivesTheFocusAwayDoesNothingMore)
 {
     QWidget window;

@@ -11,6 +11,7 @@ struct Child : QWidget
 {
     explicit Child(QSizePolicy::Policy policy) { setSizePolicy(policy, policy); }
     QSize sizeHint() const override { return {600, 400}; }
+    QSize minimumSizeHint() const override { return {450, 250}; }
 };
 
 struct MdiAreaTest : testing::Test
@@ -53,4 +54,13 @@ TEST_F(MdiAreaTest, InASmallFrameTheChildsOwnSizeIsBoundedByTheArea)
     EXPECT_EQ(placed(QSizePolicy::Expanding).size(), QSize(600, 400));
     frame.resize(500, 300);
     EXPECT_EQ(placed(QSizePolicy::Expanding).size(), QSize(500, 300));
+}
+
+TEST_F(MdiAreaTest, InATinyFrameTheChildStillHasRoomForItsControls)
+{
+    frame.resize(300, 200);
+    const QMdiSubWindow &window = placed(QSizePolicy::Expanding);
+    EXPECT_EQ(window.size(), window.minimumSizeHint());
+    EXPECT_GE(window.widget()->width(), 450);
+    EXPECT_GE(window.widget()->height(), 250);
 }
