@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -23,9 +24,9 @@ struct FtpProfileFileTest : testing::Test
     QString path() const { return folder.path() + QStringLiteral("/ftpprof.dat"); }
     QByteArray content() const { return Files::read(path()); }
     int read() { return FtpProfileFile::read(table); }
-    QString record(int index) const
+    QString record(int index) const { return recordOf(table[index]); }
+    static QString recordOf(const FtpProfile &row)
     {
-        const FtpProfile &row = table[index];
         return QStringList({QString::number(row.number), row.account, row.server, row.userName, row.password,
                             row.trailing})
             .join(u'|');
@@ -150,7 +151,12 @@ TEST_F(FtpProfileFileTest, GarbageIsReadAndWrittenBack)
     put(garbage);
     EXPECT_GE(read(), 1);
     FtpProfileFile::write(table);
-    EXPECT_GE(content().count("\r\n"), 101);
+    FtpProfileFile::Table written = std::exchange(table, {});
+    EXPECT_EQ(read(), FtpProfileFile::readable);
+    for (int i = 0; i < FtpProfileFile::readable; ++i) {
+        written[i].number = i;
+        EXPECT_EQ(record(i), recordOf(written[i]));
+    }
 }
 
 TEST_F(FtpProfileFileTest, OnlyTheUserMayReadIt)

@@ -421,7 +421,7 @@ TEST_F(FtpCommandsTest, ShowsTheSizeAsItCame)
 /// The session refuses it, which nobody sees.
 TEST_F(FtpCommandsTest, TheSizeOfNothingIsAskedFor)
 {
-    const WindowLog log(window.form(), label());
+    label().setText(QStringLiteral("before"));
     window.click("cmdSize");
     EXPECT_EQ(window.probe.states(), QStringLiteral("11:87"));
     EXPECT_EQ(window.commands(), QString());

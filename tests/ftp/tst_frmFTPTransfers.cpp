@@ -234,6 +234,7 @@ TEST_F(FtpTransfersTest, AFileOfAnotherCaseIsReceived)
 /// The session refuses them, which nobody sees.
 TEST_F(FtpTransfersTest, WithoutARowEmptyNamesGoOut)
 {
+    window.control<QLabel>("lblStatus").setText(QStringLiteral("before"));
     window.click("cmdreceive");
     EXPECT_EQ(window.probe.states(), QStringLiteral("11:87"));
     EXPECT_EQ(window.commands(), QString());

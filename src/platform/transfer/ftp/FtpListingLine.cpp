@@ -62,6 +62,19 @@ bool isMonth(QByteArrayView word)
     return word.size() == 3 && months.contains(word.toByteArray().toLower());
 }
 
+/// "1" to "31"
+bool isDay(QByteArrayView word)
+{
+    const int day = word.size() <= 2 ? word.toByteArray().toInt() : 0;
+    return day >= 1 && day <= 31;
+}
+
+/// "12:00" or "2026"
+bool isTimeOrYear(QByteArrayView word)
+{
+    return beginsWithDigit(word) && (word.size() == 4 || word.contains(':'));
+}
+
 /// "2026-01-31"
 bool isIsoDate(QByteArrayView word)
 {
@@ -81,11 +94,10 @@ QByteArrayView unixName(QByteArrayView line)
 {
     const QList<Word> words = wordsOf(line, 10);
     for (qsizetype i = 2; i + 1 < words.size(); ++i) {
-        if (!beginsWithDigit(words[i + 1].text))
-            continue;
-        if (isIsoDate(words[i].text))
+        if (isIsoDate(words[i].text) && beginsWithDigit(words[i + 1].text))
             return behind(line, words[i + 1].end);
-        if (isMonth(words[i].text) && beginsWithDigit(words[i - 1].text) && i + 2 < words.size())
+        if (i + 2 < words.size() && beginsWithDigit(words[i - 1].text) && isMonth(words[i].text) &&
+            isDay(words[i + 1].text) && isTimeOrYear(words[i + 2].text))
             return behind(line, words[i + 2].end);
     }
     return words.size() >= 9 ? behind(line, words[7].end) : QByteArrayView();
