@@ -455,5 +455,5 @@ void frmFTP::drvLocalDrive_Change()
 
 void frmFTP::dirLocalDir_Change()
 {
-    filLocalFile->setPath(dirLocalDir->Path());
+    ignoreErrors([&] { filLocalFile->setPath(dirLocalDir->Path()); }); // the folder may be gone since
 }

@@ -68,7 +68,8 @@ void DirListBox::resizeEvent(QResizeEvent *event)
     bool wasInView = false;
     run([&] {
         const QSize before = event->oldSize();
-        wasInView = !before.isValid() || QRect({}, before).contains(visualRect(folder()));
+        const QRect row = visualRect(folder()); // already as wide as the new size
+        wasInView = !before.isValid() || (row.top() >= 0 && row.bottom() < before.height());
     });
     QListView::resizeEvent(event);
     run([&] {

@@ -14,8 +14,8 @@ public:
 
     /// Gives \a child a window of its own, a step right and down of the one before. It is not shown yet. The
     /// window has the child's preferred size, or two thirds of this area where that is more and the child's
-    /// size policy is to expand; it is never larger than the area. When it is closed, it and its child are
-    /// deleted once no handler runs any more.
+    /// size policy is to expand; it is never larger than the area, but has always room for its controls. When
+    /// it is closed, it and its child are deleted once no handler runs any more.
     void adopt(QWidget &child);
     /// Shows the window of \a child, restores it where it is minimised, and makes it the active one.
     void bringForward(QWidget &child);

@@ -211,6 +211,9 @@ TEST_F(DirListBoxTest, TheFolderIsInViewInASmallList)
     box.resize(300, 3 * box.visualRect(row(0)).height());
     box.show();
     EXPECT_TRUE(isInView());
+    box.resize(300, 600);
+    box.resize(500, 3 * box.visualRect(row(0)).height());
+    EXPECT_TRUE(isInView()); // wider and lower in one step
 }
 
 TEST_F(DirListBoxTest, AListThatWasScrolledStaysThereWhenItIsResized)

@@ -12,9 +12,11 @@
 #include <QSslSocket>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QTest>
 #include <csignal>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 namespace {
@@ -194,6 +196,30 @@ TEST(SocketStream, AnAddressThatNeverAnswersIsLeftSoon)
     QSignalSpy connected(&stream, &SocketStream::connected);
     stream.connectTo({loopback(deaf.number()), loopback(server.serverPort())}, 1h);
     TransferProbe::waitFor([&] { return connected.count() == 1; });
+}
+
+/// More is sent before all is acknowledged, and nothing counts back.
+TEST(SocketStream, CountsWhatTheOtherSideHasAcknowledged)
+{
+    SocketStream stream;
+    EXPECT_EQ(stream.acknowledged(), 0u);
+    BareServer server;
+    server.accept(stream);
+    const quint64 atFirst = stream.acknowledged();
+    const QByteArray data(1 << 20, 'x');
+    quint64 sent = 0;
+    for (int round = 1; round <= 3; ++round) {
+        qint64 taken;
+        while ((taken = stream.write(data.constData(), data.size())) > 0)
+            sent += quint64(taken);
+        const quint64 before = stream.acknowledged();
+        EXPECT_LT(before - atFirst, sent);
+        EXPECT_TRUE(QTest::qWaitFor([&] {
+            QByteArray piece(1 << 20, '\0');
+            ::recv(server.socket(), piece.data(), size_t(piece.size()), MSG_DONTWAIT);
+            return stream.acknowledged() >= before + (1 << 20);
+        }));
+    }
 }
 
 TEST(SocketStream, TheEndOfEncryptedDataWaitsForRoom)

@@ -21,8 +21,8 @@ public:
     virtual bool waitsForServer() const { return true; }
     /// True when the server has sent data that was not read yet.
     virtual bool hasInput() const { return false; }
-    /// True when the server has acknowledged data since this was asked before. Slow lines take long to empty
-    /// what the kernel keeps of an upload.
+    /// True when the server has acknowledged data since some was sent, or this was asked before. Slow lines
+    /// take long to empty what the kernel keeps of an upload.
     virtual bool hasNewAcknowledgement() { return false; }
     /// What has gone wrong while the server's last reply is still awaited.
     const std::optional<TransferFailure> &failure() const { return m_failure; }

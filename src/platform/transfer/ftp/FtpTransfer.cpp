@@ -41,8 +41,8 @@ bool FtpTransfer::hasInput() const
 
 bool FtpTransfer::hasNewAcknowledgement()
 {
-    const int before = std::exchange(m_unacknowledged, m_data.unacknowledged());
-    return before == 0 ? m_unacknowledged > 0 : m_unacknowledged < before;
+    const quint64 before = std::exchange(m_acknowledged, m_data.acknowledged());
+    return m_acknowledged > before;
 }
 
 void FtpTransfer::take(QByteArrayView)
@@ -196,6 +196,7 @@ void FtpTransfer::takeOver(qint64 count)
 
 void FtpTransfer::send()
 {
+    m_acknowledged = m_data.acknowledged();
     for (int i = 0; i < mostPieces && !m_hasEnded; ++i) {
         if (m_sent == m_buffer.size())
             refill();

@@ -59,8 +59,8 @@ private:
     QByteArray m_request;
     SocketStream m_data;
     QByteArray m_buffer;
-    qsizetype m_sent = 0;     ///< of the buffer
-    int m_unacknowledged = 0; ///< bytes when hasNewAcknowledgement() was last asked
+    qsizetype m_sent = 0;       ///< of the buffer
+    quint64 m_acknowledged = 0; ///< bytes when data was last sent, or hasNewAcknowledgement() asked
     std::optional<FtpReply> m_lastReply;
     bool m_isExtended = false;    ///< the port was asked for by EPSV
     bool m_isUnreachable = false; ///< EPSV's port was

@@ -7,10 +7,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
-#include <linux/sockios.h>
-#include <netinet/tcp.h>
+#include <linux/tcp.h> // whose tcp_info has more than the C library's
+#include <netinet/in.h>
 #include <poll.h>
-#include <sys/ioctl.h>
 #include <unistd.h>
 #include <utility>
 
@@ -206,10 +205,13 @@ bool SocketStream::hasInput() const
     return m_read && m_read->isEnabled() && ::poll(&state, 1, 0) > 0;
 }
 
-int SocketStream::unacknowledged() const
+quint64 SocketStream::acknowledged() const
 {
-    int bytes = 0;
-    return isOpen() && ::ioctl(m_socket, SIOCOUTQ, &bytes) == 0 ? bytes : 0;
+    tcp_info state = {};
+    socklen_t size = sizeof state;
+    return isOpen() && ::getsockopt(m_socket, IPPROTO_TCP, TCP_INFO, &state, &size) == 0
+               ? state.tcpi_bytes_acked
+               : 0;
 }
 
 void SocketStream::finishWriting()

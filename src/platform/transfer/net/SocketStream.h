@@ -51,8 +51,8 @@ public:
     void watchWriting(bool wanted);
     /// True when reading is watched and there is something to read at this moment.
     bool hasInput() const;
-    /// How many bytes were written that the other side has not acknowledged.
-    int unacknowledged() const;
+    /// How many bytes the other side has acknowledged so far, its protocol's own among them; 0 when closed.
+    quint64 acknowledged() const;
 
     /// Ends this direction, as soon as there is room for the notice of the end that TLS has; the other side
     /// reads an end. writable() does not come any more.

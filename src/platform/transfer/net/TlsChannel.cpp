@@ -27,14 +27,16 @@ int codeOf(long verifyResult)
     }
 }
 
+/// Without the host's name any valid certificate would be accepted.
 void requireHost(SSL *handle, const QByteArray &host)
 {
     X509_VERIFY_PARAM *expected = ::SSL_get0_param(handle);
     if (::X509_VERIFY_PARAM_set1_ip_asc(expected, host.constData()) == 1)
         return;
     ::X509_VERIFY_PARAM_set_hostflags(expected, X509_CHECK_FLAG_NO_PARTIAL_WILDCARDS);
-    ::X509_VERIFY_PARAM_set1_host(expected, host.constData(), size_t(host.size()));
-    ::SSL_set_tlsext_host_name(handle, host.constData());
+    if (::X509_VERIFY_PARAM_set1_host(expected, host.constData(), size_t(host.size())) != 1 ||
+        ::SSL_set_tlsext_host_name(handle, host.constData()) != 1)
+        throw TransferFailure(TransferError::SecureChannel);
 }
 
 /// The library takes a session out of use whose connection is freed without close_notify. The session is the

@@ -8,11 +8,10 @@
 TlsContext::TlsContext(const QByteArray &authorities)
     : m_handle(::SSL_CTX_new(::TLS_client_method()), ::SSL_CTX_free)
 {
-    if (!m_handle)
-        throw TransferFailure(TransferError::SecureChannel);
-    ::SSL_CTX_set_min_proto_version(handle(), TLS1_2_VERSION);
     // Servers that ask for the control connection's session on the data connection lose it with version 1.3.
-    ::SSL_CTX_set_max_proto_version(handle(), TLS1_2_VERSION);
+    if (!m_handle || ::SSL_CTX_set_min_proto_version(handle(), TLS1_2_VERSION) != 1 ||
+        ::SSL_CTX_set_max_proto_version(handle(), TLS1_2_VERSION) != 1)
+        throw TransferFailure(TransferError::SecureChannel);
     // Some servers end their data without close_notify. Data that was cut off is known all the same: the last
     // reply of the transfer is missing or a refusal, and a file has not its size.
     ::SSL_CTX_set_options(handle(), SSL_OP_NO_RENEGOTIATION | SSL_OP_IGNORE_UNEXPECTED_EOF);
