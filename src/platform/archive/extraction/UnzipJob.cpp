@@ -299,6 +299,8 @@ void UnzipJob::extractEncrypted(std::size_t index, const ExtractionTask &task)
     // Not left to libzip, which loses memory by it.
     if (!task.entry->hasKnownEncryption())
         throw BadArchive{"its encryption is not supported", BadArchive::Unsupported};
+    if (!task.entry->isAes())
+        openLibzip(); // no password opens a directory that is damaged
     bool hasPassword = !m_password.get().isEmpty();
     while (hasPassword && !isRight(m_password.get(), index, task))
         hasPassword = m_password.replace();
@@ -334,10 +336,15 @@ void UnzipJob::extractAes(const ExtractionTask &task, const QByteArray &password
     report({task, nullptr});
 }
 
-void UnzipJob::extractByLibzip(std::size_t index, const ExtractionTask &task, const QByteArray &password)
+void UnzipJob::openLibzip()
 {
     if (!m_libzip)
-        m_libzip.emplace(m_file, m_directory.prefix);
+        m_libzip.emplace(m_file, m_directory, [this] { callService(); });
+}
+
+void UnzipJob::extractByLibzip(std::size_t index, const ExtractionTask &task, const QByteArray &password)
+{
+    openLibzip();
     const bool isUnpacked = !isKnown(*task.entry);
     const auto data = m_libzip->open(index, password, isUnpacked);
     m_extraction.run(task, *data, isUnpacked, [this] { callService(); });
