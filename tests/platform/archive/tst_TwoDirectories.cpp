@@ -104,6 +104,19 @@ TEST_F(TwoDirectoriesTest, NoPasswordIsAskedForWhatLibzipCannotFind)
     expectDamaged(job);
 }
 
+TEST_F(TwoDirectoriesTest, WhatOnlyTheOldOneCallsEncryptedIsDamaged)
+{
+    MadeEntry encrypted = entryOf("b", "encrypted, and longer");
+    encrypted.flags = 1;
+    MadeEntry plain = entryOf("b", "2");
+    plain.method = bzip2;
+    const QByteArray old = ArchiveMaker::make({encrypted});
+    scratch.addFile("a.zip", ArchiveMaker::make({plain}, {.prefix = old, .countsPrefix = true}));
+    UnzipRun job;
+    EXPECT_EQ(job.extract(archive, target), UnzipResult::DamagedEntry);
+    EXPECT_EQ(job.messages, QByteArrayList({"error:  b: its encryption differs"}));
+}
+
 /// As libzip gives it: a field repeats it in UTF-8, it has a NUL, or there is none.
 TEST_F(TwoDirectoriesTest, ANameThatLibzipReadsInItsOwnWayIsNoDifference)
 {
