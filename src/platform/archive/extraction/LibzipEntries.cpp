@@ -1,6 +1,7 @@
 #include "LibzipEntries.h"
 
 #include "BadArchive.h"
+#include "DirectoryCheck.h"
 #include "WrongPassword.h"
 
 namespace {
@@ -45,12 +46,14 @@ qsizetype LibzipData::read(char *to, qsizetype size)
 
 } // namespace
 
-LibzipEntries::LibzipEntries(const FileDescriptor &file, qint64 prefix)
-    : m_source(file, prefix)
+LibzipEntries::LibzipEntries(const FileDescriptor &file, const ArchiveDirectory &directory,
+                             const std::function<void()> &betweenEntries)
+    : m_source(file, directory.prefix)
     , m_archive(m_source.open(ZIP_RDONLY), zip_discard)
 {
     if (!m_archive)
         throw BadArchive{"its directory is damaged"};
+    DirectoryCheck::requireSame(m_archive.get(), directory, betweenEntries);
 }
 
 bool LibzipEntries::canUnpack(quint16 method)

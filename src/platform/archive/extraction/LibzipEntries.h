@@ -1,8 +1,10 @@
 #pragma once
 
+#include "ArchiveDirectory.h"
 #include "ArchiveSource.h"
 #include "PackedData.h"
 
+#include <functional>
 #include <memory>
 
 /// The entries that libzip reads: those with the older encryption, and those packed by a method that is not
@@ -10,8 +12,10 @@
 class LibzipEntries
 {
 public:
-    /// \a file has to exist for as long as this object and the data of its entries. Throws BadArchive.
-    LibzipEntries(const FileDescriptor &file, qint64 prefix);
+    /// \a file has to exist for as long as this object and the data of its entries. \a betweenEntries is
+    /// called now and then. Throws BadArchive, also where libzip finds other entries than \a directory has.
+    LibzipEntries(const FileDescriptor &file, const ArchiveDirectory &directory,
+                  const std::function<void()> &betweenEntries);
 
     /// libzip unpacks \a method.
     static bool canUnpack(quint16 method);

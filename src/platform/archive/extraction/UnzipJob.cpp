@@ -104,6 +104,8 @@ int UnzipJob::run()
         m_result = end.result;
     } catch (const BadArchive &failure) {
         fail(m_options.lpszZipFN, failure.reason, UnzipResult::NoArchive);
+    } catch (const FileFailure &failure) {
+        fail(m_options.lpszZipFN, std::strerror(failure.error), UnzipResult::CannotOpen);
     } catch (const std::bad_alloc &) {
         fail(m_options.lpszZipFN, "out of memory", UnzipResult::OutOfMemory);
     } catch (const std::system_error &) { // no thread can be started
@@ -114,13 +116,8 @@ int UnzipJob::run()
 
 void UnzipJob::runSteps()
 {
-    try {
-        m_file = FileDescriptor::open(m_options.lpszZipFN, O_RDONLY | O_NONBLOCK);
-        m_directory = DirectoryReader(m_file).read([this] { callService(); });
-    } catch (const FileFailure &failure) {
-        fail(m_options.lpszZipFN, std::strerror(failure.error), UnzipResult::CannotOpen);
-        return;
-    }
+    m_file = FileDescriptor::open(m_options.lpszZipFN, O_RDONLY | O_NONBLOCK);
+    m_directory = DirectoryReader(m_file).read([this] { callService(); });
     if (m_options.nzflag)
         print(m_directory.comment, ifAsked);
     const bool isCaseSensitive = m_options.C_flag;
@@ -299,6 +296,8 @@ void UnzipJob::extractEncrypted(std::size_t index, const ExtractionTask &task)
     // Not left to libzip, which loses memory by it.
     if (!task.entry->hasKnownEncryption())
         throw BadArchive{"its encryption is not supported", BadArchive::Unsupported};
+    if (!task.entry->isAes())
+        openLibzip(); // no password opens a directory that is damaged
     bool hasPassword = !m_password.get().isEmpty();
     while (hasPassword && !isRight(m_password.get(), index, task))
         hasPassword = m_password.replace();
@@ -334,10 +333,15 @@ void UnzipJob::extractAes(const ExtractionTask &task, const QByteArray &password
     report({task, nullptr});
 }
 
-void UnzipJob::extractByLibzip(std::size_t index, const ExtractionTask &task, const QByteArray &password)
+void UnzipJob::openLibzip()
 {
     if (!m_libzip)
-        m_libzip.emplace(m_file, m_directory.prefix);
+        m_libzip.emplace(m_file, m_directory, [this] { callService(); });
+}
+
+void UnzipJob::extractByLibzip(std::size_t index, const ExtractionTask &task, const QByteArray &password)
+{
+    openLibzip();
     const bool isUnpacked = !isKnown(*task.entry);
     const auto data = m_libzip->open(index, password, isUnpacked);
     m_extraction.run(task, *data, isUnpacked, [this] { callService(); });
@@ -392,6 +396,8 @@ void UnzipJob::guarded(const QByteArray &path, Step step)
         step();
     } catch (const BadArchive &failure) {
         fail(path, failure.reason, resultOf(failure));
+    } catch (const WrongPassword &) { // libzip takes the entry for an encrypted one
+        fail(path, "its encryption differs", UnzipResult::DamagedEntry);
     } catch (const FileFailure &failure) {
         failBySystem(path, failure);
     }

@@ -45,6 +45,7 @@ private:
     void extractEncrypted(std::size_t index, const ExtractionTask &task);
     bool isRight(const QByteArray &password, std::size_t index, const ExtractionTask &task);
     void extractAes(const ExtractionTask &task, const QByteArray &password);
+    void openLibzip();
     void extractByLibzip(std::size_t index, const ExtractionTask &task, const QByteArray &password);
     void report(const ExtractionPool::Done &done);
     void finishOne();

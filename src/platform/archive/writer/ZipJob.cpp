@@ -1,6 +1,7 @@
 #include "ZipJob.h"
 
 #include "BadArchive.h"
+#include "DirectoryCheck.h"
 #include "DirectoryReader.h"
 #include "FileCollector.h"
 #include "FileFailure.h"
@@ -171,10 +172,11 @@ void ZipJob::openContainer()
 {
     m_rewrite.emplace(m_path, m_old, m_directory.prefix, [this] { callService(); });
     m_archive.reset(m_rewrite->open(ZIP_CREATE));
-    if (m_archive)
-        return;
-    rethrowFailure();
-    throw BadArchive{"its directory is damaged"};
+    if (!m_archive) {
+        rethrowFailure();
+        throw BadArchive{"its directory is damaged"};
+    }
+    DirectoryCheck::requireSame(m_archive.get(), m_directory, [this] { callService(); });
 }
 
 int ZipJob::deleteEntries()
