@@ -18,7 +18,7 @@ bool ListedContacts::confirmDeletion(const ListItem &item, const QString &title)
 {
     const auto style = MsgBoxStyle::YesNo | MsgBoxStyle::Question | MsgBoxStyle::DefaultButton2;
     return Ask(QStringLiteral("Are you sure you want to delete\r") + item.Text + QStringLiteral(" ?"), style,
-               title) != MsgBoxReply::No;
+               title) == MsgBoxReply::Yes;
 }
 
 void ListedContacts::remove(const ListItem &item)

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <algorithm>
 #include <sys/stat.h>
 
 namespace {
@@ -15,8 +16,18 @@ constexpr int kept = 7;
 /// The names of all copies, the newest first.
 QStringList names()
 {
+    const QString ofADay = QStringLiteral("data97-[0-9][0-9][0-9][0-9]-[0-9][0-9]-[0-9][0-9].mdb");
     return QDir(DailyCopies::folder())
-        .entryList({QStringLiteral("data97-[0-9]*.mdb")}, QDir::Files, QDir::Name | QDir::Reversed);
+        .entryList({ofADay}, QDir::Files | QDir::CaseSensitive, QDir::Name | QDir::Reversed);
+}
+
+/// All but seven. Those that a wrong clock has dated behind \a newest go first.
+QStringList surplus(const QString &newest)
+{
+    QStringList copies = names();
+    std::stable_partition(copies.begin(), copies.end(),
+                          [&newest](const QString &name) { return name <= newest; });
+    return copies.mid(kept);
 }
 
 QString pathOf(const QString &name)
@@ -62,7 +73,7 @@ void DailyCopies::make(Connection &connection, QDate today)
     } catch (const RuntimeError &) {
         return; // the older copies stay
     }
-    const QStringList old = names().mid(kept);
+    const QStringList old = surplus(name);
     for (const QString &oldest : old)
         QFile::remove(pathOf(oldest));
 }

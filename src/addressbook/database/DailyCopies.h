@@ -15,7 +15,8 @@ QString folder();
 /// True when there is a copy.
 bool any();
 
-/// Copies the file of \a connection unless \a today has a copy, and removes the oldest beyond seven.
+/// Copies the file of \a connection unless \a today has a copy, and removes those beyond seven: first the
+/// ones dated after \a today, then the oldest.
 void make(Connection &connection, QDate today);
 
 } // namespace DailyCopies

@@ -3,17 +3,23 @@
 #include "DataError.h"
 #include "DateText.h"
 
+#include <new>
 #include <sqlite3.h>
 
 namespace {
 
+/// The engine calls it, and no exception may pass through the engine.
 template<int (QDate::*part)() const>
-void answer(sqlite3_context *context, int, sqlite3_value **arguments)
+void answer(sqlite3_context *context, int, sqlite3_value **arguments) noexcept
 {
-    const auto *text = reinterpret_cast<const char *>(::sqlite3_value_text(arguments[0]));
-    const auto date = DateText::parseStored(QString::fromUtf8(text, ::sqlite3_value_bytes(arguments[0])));
-    if (date)
-        ::sqlite3_result_int(context, ((*date).*part)());
+    try {
+        const auto *text = reinterpret_cast<const char *>(::sqlite3_value_text(arguments[0]));
+        const auto date = DateText::parseStored(QByteArrayView(text, ::sqlite3_value_bytes(arguments[0])));
+        if (date)
+            ::sqlite3_result_int(context, ((*date).*part)());
+    } catch (const std::bad_alloc &) {
+        ::sqlite3_result_error_nomem(context);
+    }
 }
 
 using Function = void (*)(sqlite3_context *, int, sqlite3_value **);

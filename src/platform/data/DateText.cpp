@@ -27,20 +27,22 @@ std::optional<QDate> valid(QDate date)
 }
 
 /// "1999-09-05". By hand, since every date of every row passes here.
-std::optional<QDate> fromIso(QStringView text)
+template<class View>
+std::optional<QDate> fromIso(View text)
 {
     if (text.size() != isoLength)
         return {};
     int numbers[] = {0, 0, 0};
     int field = 0;
     for (qsizetype i = 0; i < isoLength; ++i) {
+        const QChar letter(text[i]);
         const bool isSeparator = i == 4 || i == 7;
-        if (isSeparator ? text[i] != u'-' : text[i] < u'0' || text[i] > u'9')
+        if (isSeparator ? letter != u'-' : letter < u'0' || letter > u'9')
             return {};
         if (isSeparator)
             ++field;
         else
-            numbers[field] = numbers[field] * 10 + text[i].unicode() - u'0';
+            numbers[field] = numbers[field] * 10 + letter.unicode() - u'0';
     }
     return valid({numbers[0], numbers[1], numbers[2]});
 }
@@ -50,7 +52,7 @@ std::optional<QDate> fromIso(QStringView text)
 std::optional<QDate> DateText::parse(const QString &text)
 {
     const QString date = text.trimmed();
-    if (const auto found = fromIso(date))
+    if (const auto found = fromIso(QStringView(date)))
         return found;
     static const QRegularExpression named(QStringLiteral("\\A([0-9]{1,2})-([A-Za-z]{3})-([0-9]{4})\\z"));
     const auto found = named.match(date);
@@ -63,6 +65,12 @@ std::optional<QDate> DateText::parseStored(const QString &text)
 {
     const bool hasTime = text.size() > isoLength && (text[isoLength] == u' ' || text[isoLength] == u'T');
     return parse(hasTime ? text.left(isoLength) : text);
+}
+
+std::optional<QDate> DateText::parseStored(QByteArrayView utf8)
+{
+    const auto found = fromIso(QLatin1String(utf8.data(), utf8.size()));
+    return found ? found : parseStored(QString::fromUtf8(utf8));
 }
 
 QString DateText::show(QDate date)

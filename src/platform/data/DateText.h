@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArrayView>
 #include <QDate>
 #include <QString>
 #include <optional>
@@ -13,6 +14,7 @@ std::optional<QDate> parse(const QString &text);
 
 /// The same for what a column holds, where a time of day may follow the date; the time is left out.
 std::optional<QDate> parseStored(const QString &text);
+std::optional<QDate> parseStored(QByteArrayView utf8);
 
 /// "05-Sep-1999"
 QString show(QDate date);

@@ -68,7 +68,7 @@ PackedRows::Field PackedRows::fieldOf(const Statement &statement, int column)
         const QByteArrayView bytes = statement.text(column);
         if (!m_isDate[column])
             return text(bytes);
-        const auto date = DateText::parseStored(QString::fromUtf8(bytes));
+        const auto date = DateText::parseStored(bytes);
         return date ? Field{Kind::Date, 0, date->toJulianDay()} : text(bytes);
     }
     default:

@@ -7,6 +7,17 @@
 #include <cstring>
 #include <sqlite3.h>
 
+namespace {
+
+/// After these the engine may end the whole transaction, or the statement alone.
+bool isSevere(int result)
+{
+    const int kind = result & 0xff;
+    return kind == SQLITE_FULL || kind == SQLITE_IOERR || kind == SQLITE_NOMEM || kind == SQLITE_CORRUPT;
+}
+
+} // namespace
+
 Statement::Statement(sqlite3 *database, const QString &text)
     : m_database(database)
     , m_text(text)
@@ -65,8 +76,16 @@ bool Statement::step()
 {
     const int result = ::sqlite3_step(m_statement);
     if (result != SQLITE_ROW && result != SQLITE_DONE)
-        throw DataError::fromEngine(m_database, m_text);
+        fail(result);
     return result == SQLITE_ROW;
+}
+
+void Statement::fail(int result)
+{
+    const RuntimeError error = DataError::fromEngine(m_database, m_text); // which a rollback replaces
+    if (isSevere(result) && ::sqlite3_get_autocommit(m_database) == 0)
+        ::sqlite3_exec(m_database, "rollback", nullptr, nullptr, nullptr);
+    throw error;
 }
 
 void Statement::finish()

@@ -24,7 +24,8 @@ public:
 
     /// \a index counts from 1.
     void bind(int index, const FieldValue &value);
-    /// True when there is a next row; the functions below then read it.
+    /// True when there is a next row; the functions below then read it. A full disk, a failure to read or
+    /// write, a lack of memory or a damaged file also ends the transaction and discards what it has written.
     bool step();
     /// Runs the statement to its end.
     void finish();
@@ -45,6 +46,7 @@ public:
 
 private:
     void refuseSecondStatement(const char *rest);
+    [[noreturn]] void fail(int result);
 
     sqlite3 *m_database;
     QString m_text;

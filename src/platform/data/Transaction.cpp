@@ -24,8 +24,9 @@ Transaction::~Transaction()
 void Transaction::keep() noexcept
 {
     try {
-        commit();
-    } catch (const RuntimeError &) {
+        if (m_connection.isInTransaction())
+            commit();
+    } catch (...) {
         return;
     }
 }
@@ -41,13 +42,13 @@ void Transaction::commit()
     }
 }
 
-/// The engine has ended the transaction by itself after some failures, such as a full disk.
+/// A severe failure, such as a full disk, has ended the transaction already.
 void Transaction::rollBack() noexcept
 {
     try {
         if (m_connection.isInTransaction())
             m_connection.execute(QStringLiteral("rollback"));
-    } catch (const RuntimeError &) {
+    } catch (...) {
         // the engine discards what is left when the file is opened next
     }
 }

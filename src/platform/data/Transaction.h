@@ -13,6 +13,7 @@ class Transaction
 {
 public:
     /// What the destructor does with what was written when an exception or a return has passed commit by.
+    /// After a full disk, a failure to read or write, a lack of memory or a damaged file nothing is kept.
     enum class Unfinished { Keep, Discard };
 
     /// Waits for another process that writes. Throws RuntimeError where that does not end.

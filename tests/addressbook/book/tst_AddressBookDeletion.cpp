@@ -108,6 +108,20 @@ TEST_F(AddressBookDeletionTest, ARefusalOfAllUnchecksAll)
     EXPECT_EQ(lastAnswer, QStringLiteral("7"));
 }
 
+/// As when the session ends.
+TEST_F(AddressBookDeletionTest, AQuestionThatNobodyAnswersDeletesNothing)
+{
+    const auto end = [](QMessageBox &box) { box.hide(); };
+    check({"Bea Dunn"});
+    window.frame.dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), end);
+    window.click("cmddeleteselected");
+    EXPECT_EQ(numbers(), QStringLiteral("1 2 3 4"));
+    window.selectRow("Ben Cole");
+    window.frame.dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), end);
+    window.press(Qt::Key_Delete);
+    EXPECT_EQ(numbers(), QStringLiteral("1 2 3 4"));
+}
+
 TEST_F(AddressBookDeletionTest, InATableNothingHappens)
 {
     window.clickNode("Groups");

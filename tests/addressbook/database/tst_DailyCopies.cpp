@@ -69,12 +69,31 @@ TEST_F(DailyCopiesTest, SevenAreKept)
         EXPECT_TRUE(QFile::exists(pathOf(today.addDays(day * 20)))) << day;
 }
 
+TEST_F(DailyCopiesTest, ThoseOfAClockThatWasAheadGoFirst)
+{
+    for (int day = 1; day <= 9; ++day)
+        DailyCopies::make(AddressConnection, today.addDays(3650 + day));
+    const QDate later = today.addDays(1);
+    DailyCopies::make(AddressConnection, later);
+    EXPECT_EQ(names().size(), 7);
+    EXPECT_TRUE(QFile::exists(pathOf(later)));
+    DailyCopies::make(AddressConnection, later.addDays(1));
+    EXPECT_EQ(names().size(), 7);
+    EXPECT_TRUE(QFile::exists(pathOf(later)));
+    EXPECT_TRUE(QFile::exists(pathOf(later.addDays(1))));
+}
+
 TEST_F(DailyCopiesTest, OtherFilesAreLeftAlone)
 {
-    Files::write(DailyCopies::folder() + QStringLiteral("/mine.txt"), "x");
+    const QStringList own = {QStringLiteral("mine.txt"), QStringLiteral("data97-2026 keep.mdb"),
+                             QStringLiteral("data97-1999-01-01 old.mdb")};
+    for (const QString &name : own)
+        Files::write(DailyCopies::folder() + u'/' + name, "x");
     for (int day = 1; day <= 9; ++day)
         DailyCopies::make(AddressConnection, today.addDays(day));
-    EXPECT_TRUE(names().contains(QStringLiteral("mine.txt")));
+    EXPECT_EQ(names().size(), 7 + own.size());
+    for (const QString &name : own)
+        EXPECT_TRUE(names().contains(name)) << name.toStdString();
 }
 
 TEST_F(DailyCopiesTest, HalfACopyIsNoCopy)

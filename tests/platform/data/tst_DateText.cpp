@@ -51,6 +51,14 @@ TEST(DateText, SkipsTheTimeOfAStoredDate)
     EXPECT_EQ(DateText::parseStored(QStringLiteral("1999-09-051")), std::nullopt);
 }
 
+TEST(DateText, ReadsTheBytesOfAStoredDateAsItsText)
+{
+    for (const char *text : {"1999-09-05", "1999-09-05 23:59:59", "1999-09-05T00:00", "5-Sep-1999"})
+        EXPECT_EQ(DateText::parseStored(QByteArrayView(text)), QDate(1999, 9, 5)) << text;
+    for (const char *text : {"", "1999-09-051", "1999-13-05", "1999-09-\xC3\xA9", "\xB1\xB9\xB9\xB9-09-05"})
+        EXPECT_EQ(DateText::parseStored(QByteArrayView(text)), std::nullopt) << text;
+}
+
 TEST(DateText, ShowsEnglishMonthsInEveryLocale)
 {
     QLocale::setDefault(QLocale(QLocale::German));

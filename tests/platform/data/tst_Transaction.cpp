@@ -20,6 +20,20 @@ struct TransactionTest : ScratchDatabase
         execute("insert into T values(1)");
         transaction.commit();
     }
+    /// Writes 1, then many rows for which there is no room.
+    void fillUp()
+    {
+        const Transaction transaction(connection, Transaction::Unfinished::Keep);
+        execute("insert into T values(1)");
+        try {
+            execute("insert into T with recursive N(i) as (select 2 union all select i+1 from N "
+                    "where i<100000) select i from N");
+        } catch (const RuntimeError &) {
+            connection.execute(maximumPages(1000)); // the end of the transaction has room again
+            throw;
+        }
+    }
+    static QString maximumPages(int count) { return QStringLiteral("pragma max_page_count=%1").arg(count); }
     QString seenByOthers()
     {
         Recordset rows;
@@ -58,6 +72,14 @@ TEST_F(TransactionTest, AFailureKeepsWhatWasWrittenWhereThatIsWanted)
     EXPECT_EQ(errorOf([&] { fail(Transaction::Unfinished::Keep); }), notUnique);
     EXPECT_FALSE(connection.isInTransaction());
     EXPECT_EQ(seenByOthers(), QStringLiteral("1"));
+}
+
+TEST_F(TransactionTest, NothingIsKeptOnceTheDiskWasFull)
+{
+    connection.execute(maximumPages(column("pragma page_count").constFirst().toInt() + 1));
+    EXPECT_EQ(errorOf([&] { fillUp(); }), QStringLiteral("-2147467259 database or disk is full"));
+    EXPECT_FALSE(connection.isInTransaction());
+    EXPECT_EQ(seenByOthers(), QStringLiteral("0"));
 }
 
 TEST_F(TransactionTest, ALaterTransactionCanBegin)
