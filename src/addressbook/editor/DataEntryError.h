@@ -4,7 +4,7 @@
 
 namespace DataEntryError {
 
-/// What the user is told when a contact could not be saved because of \a error. Lines end in CR LF.
+/// The text of the box when a contact could not be saved because of \a error. Lines end in CR LF.
 QString text(const RuntimeError &error);
 
 } // namespace DataEntryError

@@ -1,6 +1,6 @@
 #pragma once
 
-/// What the library is told after the question about a file that exists.
+/// The library's answer codes for the question about a file that exists.
 namespace OverwriteReply {
 
 /// The OverwriteAnswer for \a response, a MsgBoxReply. Whatever is neither Yes nor No refuses all files.
