@@ -53,7 +53,6 @@ private:
     void indexKeys(const std::vector<ListItem> &items, int firstRow);
     void updateIndex() const;
     int rowOf(int index) const;
-    QString textOf(const QModelIndex &index) const;
     QVariant alignmentOf(int column) const;
 
     std::vector<ListItem> m_items;

@@ -47,6 +47,13 @@ std::optional<QDate> fromIso(View text)
     return valid({numbers[0], numbers[1], numbers[2]});
 }
 
+/// \a number with leading zeros; by hand for the same reason.
+void putDigits(QString &text, qsizetype place, int count, int number)
+{
+    for (int i = count - 1; i >= 0; --i, number /= 10)
+        text[place + i] = QChar(u'0' + number % 10);
+}
+
 } // namespace
 
 std::optional<QDate> DateText::parse(const QString &text)
@@ -75,7 +82,13 @@ std::optional<QDate> DateText::parseStored(QByteArrayView utf8)
 
 QString DateText::show(QDate date)
 {
-    return QString::asprintf("%02d-%s-%04d", date.day(), months[size_t(date.month()) - 1], date.year());
+    QString text(11, u'-');
+    putDigits(text, 0, 2, date.day());
+    const char *month = months[size_t(date.month()) - 1];
+    for (int i = 0; i < 3; ++i)
+        text[3 + i] = QLatin1Char(month[i]);
+    putDigits(text, 7, 4, date.year());
+    return text;
 }
 
 QString DateText::store(QDate date)

@@ -16,7 +16,7 @@ std::optional<QDate> parse(const QString &text);
 std::optional<QDate> parseStored(const QString &text);
 std::optional<QDate> parseStored(QByteArrayView utf8);
 
-/// "05-Sep-1999"
+/// "05-Sep-1999"; for the years 1 to 9999.
 QString show(QDate date);
 
 /// "1999-09-05", as columns hold it.

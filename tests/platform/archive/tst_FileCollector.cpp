@@ -1,3 +1,4 @@
+#include "AsUser.h"
 #include "FileCollector.h"
 #include "JobEnd.h"
 #include "PrintQt.h"
@@ -145,6 +146,32 @@ TEST_F(FileCollectorTest, WarnsOfWhatIsNotThere)
     options.fRecurse = 2;
     EXPECT_EQ(collect({"*.bas", "*.none"}), QByteArrayList{"three.bas"});
     EXPECT_EQ(warnings, QByteArrayList{"*.none"});
+}
+
+TEST_F(FileCollectorTest, WarnsOfAFolderThatMayNotBeRead)
+{
+    const AsUser user(scratch.path());
+    ASSERT_EQ(::chmod("sub/deep", 0), 0);
+    options.fRecurse = 1;
+    EXPECT_EQ(collect({"sub"}), QByteArrayList{"sub/four.txt"});
+    EXPECT_EQ(warnings, QByteArrayList{"sub/deep"});
+    EXPECT_TRUE(hasMissed);
+    options.fRecurse = 2;
+    EXPECT_EQ(collect({"f*.txt"}), QByteArrayList{"sub/four.txt"});
+    EXPECT_EQ(warnings, QByteArrayList{"sub/deep"});
+    EXPECT_TRUE(hasMissed);
+    options.fRecurse = 0;
+    EXPECT_TRUE(collect({"sub/deep/*.txt"}).isEmpty());
+    EXPECT_EQ(warnings, QByteArrayList({"sub/deep/", "sub/deep/*.txt"}));
+    EXPECT_TRUE(hasMissed);
+    ASSERT_EQ(::chmod("sub/deep", 0755), 0);
+}
+
+TEST_F(FileCollectorTest, APatternInNoFolderMatchesNothing)
+{
+    EXPECT_TRUE(collect({"none/*.txt", "one.txt/*"}).isEmpty());
+    EXPECT_EQ(warnings, QByteArrayList({"none/*.txt", "one.txt/*"}));
+    EXPECT_FALSE(hasMissed);
 }
 
 TEST_F(FileCollectorTest, TakesNeitherPipesNorLinkedFolders)

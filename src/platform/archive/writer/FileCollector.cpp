@@ -136,18 +136,22 @@ void FileCollector::walk(const QByteArray &folder, Visit visit)
     }
 }
 
-/// Sorted, so that the same files make the same archive.
+/// Sorted, so that the same files make the same archive. A folder that is not there has none.
 QByteArrayList FileCollector::namesIn(const QByteArray &folder)
 {
     QByteArrayList names;
-    const std::unique_ptr<DIR, int (*)(DIR *)> entries(::opendir(folder.isEmpty() ? "." : folder.constData()),
-                                                       ::closedir);
+    const QByteArray path = folder.isEmpty() ? QByteArray(".") : folder;
+    errno = 0;
+    const std::unique_ptr<DIR, int (*)(DIR *)> entries(::opendir(path.constData()), ::closedir);
     while (const dirent *entry = entries ? ::readdir(entries.get()) : nullptr) {
         countFile();
         const QByteArray name(entry->d_name);
         if (name != "." && name != ".." && (m_options.fSystem || !name.startsWith('.')))
             names.append(name);
+        errno = 0; // only that tells the end from a failure
     }
+    if (errno != 0 && errno != ENOENT && errno != ENOTDIR)
+        miss(path, std::strerror(errno));
     std::sort(names.begin(), names.end());
     return names;
 }

@@ -24,7 +24,7 @@ public:
     /// In the order in which they are found, each once. Throws JobEnd where two files would have one name.
     std::vector<SourceFile> collect(const QByteArrayList &names);
 
-    /// Some file cannot be read.
+    /// Some file or folder cannot be read.
     bool hasMissed() const { return m_hasMissed; }
 
 private:
