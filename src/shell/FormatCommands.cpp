@@ -19,9 +19,8 @@ constexpr int fullFontDialog = 164099; // screen and printer fonts, effects, sca
 template<class Value>
 Value valueOf(const std::optional<Value> &state)
 {
-    constexpr int invalidUseOfNull = 94;
     if (!state)
-        throw RuntimeError(invalidUseOfNull, QStringLiteral("Invalid use of Null"));
+        throw RuntimeError(ErrorNumber::InvalidUseOfNull);
     return *state;
 }
 

@@ -55,7 +55,7 @@ void PrintCommands::printselected_Click()
             QStringLiteral("No text selected.."));
         return;
     }
-    m_frame.dlgCommonDialog().Flags += CommonDialog::NoSelection;
+    m_frame.dlgCommonDialog().Flags |= CommonDialog::NoSelection;
     print();
 }
 

@@ -9,6 +9,7 @@
 #include "Forms.h"
 #include "FrameButtons.h"
 #include "FrameCommands.h"
+#include "FrameMenuBar.h"
 #include "FrameMenus.h"
 #include "Globals.h"
 #include "MdiArea.h"
@@ -56,6 +57,7 @@ frmMain::frmMain()
     setWindowTitle(QStringLiteral("Tallowick - Quill-Office Tools"));
     // Qt's own menu would hide the toolbar and leave the View menu's item checked.
     setContextMenuPolicy(Qt::NoContextMenu);
+    setMenuBar(new FrameMenuBar(this));
     buildMenus();
     buildToolBar();
     m_statusBar->setObjectName(QStringLiteral("sbStatusBar"));

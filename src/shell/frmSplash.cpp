@@ -48,7 +48,7 @@ void frmSplash::Form_Load()
 
 void frmSplash::paintEvent(QPaintEvent *)
 {
-    run([&] {
+    runPainting([&] {
         QPainter painter(this);
         QSvgRenderer(QStringLiteral(":/splash.svg")).render(&painter, rect());
     });

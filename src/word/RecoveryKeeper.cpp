@@ -47,6 +47,15 @@ void RecoveryKeeper::settled()
     m_copy.reset();
 }
 
+void RecoveryKeeper::leaveBehind()
+{
+    m_isBehind = true;
+    keepNow();
+    m_timer.stop();
+    m_isBehind = false;
+    m_copy.reset();
+}
+
 void RecoveryKeeper::adopt(std::unique_ptr<RecoveryCopy> copy)
 {
     settled();

@@ -25,6 +25,8 @@ public:
     void changed();
     /// The text needs no copy any more: it has been saved or discarded.
     void settled();
+    /// Writes a last copy, which is left for the next start. Returns when it is written.
+    void leaveBehind();
     /// The text is what \a copy holds.
     void adopt(std::unique_ptr<RecoveryCopy> copy);
 

@@ -302,6 +302,8 @@ bool frmDocument::writeActiveForm(const QString &name, RichTextFile::Format form
             throw RuntimeError(ErrorNumber::ObjectNotSet);
         active->setCaption(name);
         text = &DocumentText::of(*active);
+        if (text != rtfTextBox)
+            m_recovery.leaveBehind(); // this window's own text is in no file
     });
     if (!text)
         return true;

@@ -1,4 +1,4 @@
-#include "Contrast.h"
+#include "Colors.h"
 #include "DirListBox.h"
 #include "DriveListBox.h"
 #include "FileListBox.h"

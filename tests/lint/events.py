@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""An overridden event of Qt's does its own work inside run(): elsewhere an exception would pass through Qt's own code,
+"""An overridden event of Qt's does its own work inside run(), or
+runPainting(): elsewhere an exception would pass through Qt's own code,
 and a window closed meanwhile would be deleted while its handler runs.
 
 Outside run() the override may call the same function of its base and functions of the event itself.
@@ -15,7 +16,7 @@ import sources
 OVERRIDE = re.compile(
     r'\b(?:\w+::)?(?P<name>event|eventFilter|viewportEvent|[a-z]\w*Event)\s*'
     r'\((?P<parameters>[^(){};]*\bQ\w*Event\s*\*[^(){};]*)\)\s*(?:override|final)?\s*\{')
-GATED = re.compile(r'(?<![\w:.>])run\s*\(')
+GATED = re.compile(r'(?<![\w:.>])run(?:Painting)?\s*\(')
 CALL = re.compile(r'(?P<target>[\w:]+(?:\s*(?:->|\.)\s*\w+)*)\s*(?:<[^<>;]*>)?\s*\(')
 HARMLESS = {'if', 'switch', 'while', 'for', 'return', 'Q_UNUSED', 'static_cast', 'dynamic_cast', 'qobject_cast'}
 

@@ -1,4 +1,4 @@
-#include "Contrast.h"
+#include "Colors.h"
 #include "FrameButtons.h"
 #include "Palettes.h"
 #include "RunningSuite.h"

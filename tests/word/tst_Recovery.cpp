@@ -1,12 +1,14 @@
 #include "EntryRoutine.h"
 #include "EventGate.h"
 #include "Files.h"
+#include "Folder.h"
 #include "ForkedTask.h"
 #include "Forms.h"
 #include "FullDisk.h"
 #include "Globals.h"
 #include "RecoveryFolder.h"
 #include "RunningSuite.h"
+#include "ScratchFolder.h"
 #include "frmDocument.h"
 
 #include <QDeadlineTimer>
@@ -379,6 +381,28 @@ TEST_F(RecoveryTest, ARecoveredFileIsNotOpenedTwice)
         .press(QMessageBox::Ok);
     suite.choose("mnuFileOpen");
     EXPECT_EQ(documents().size(), 2);
+}
+
+TEST_F(RecoveryTest, ADocumentThatClosesWhileTheActiveOneIsSavedIsKept)
+{
+    suite.type(QStringLiteral("of the first"));
+    suite.choose("mnuFileNew");
+    suite.type(QStringLiteral("of the second"));
+    const ScratchFolder folder;
+    suite.dialogs.expectBox(QStringLiteral("Save Changes?..."), QStringLiteral("Save Changes to Document 1"))
+        .press(QMessageBox::Yes);
+    suite.dialogs
+        .expectBox(QStringLiteral("Save as RTF?..."),
+                   QStringLiteral("Save as RTF? Yes to save as RTF format No to save in Plain Text."))
+        .press(QMessageBox::Yes);
+    suite.dialogs.expectFileDialog(QStringLiteral("Save As RTF"))
+        .accept(Folder::join(folder.path(), QStringLiteral("second.rtf")));
+    documents().first()->unload();
+    ASSERT_EQ(documents().size(), 1);
+    EXPECT_EQ(textOf(*documents().first()), QStringLiteral("of the second"));
+    EXPECT_TRUE(kept().contains("of the first"));
+    restart();
+    EXPECT_EQ(textOf(suite.active()), QStringLiteral("of the first"));
 }
 
 TEST_F(RecoveryTest, ADamagedCopyIsLeftAsItIs)

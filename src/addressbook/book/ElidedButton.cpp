@@ -20,7 +20,7 @@ QSize ElidedButton::minimumSizeHint() const
 
 void ElidedButton::paintEvent(QPaintEvent *)
 {
-    run([&] {
+    runPainting([&] {
         QStyleOptionButton option;
         initStyleOption(&option);
         option.text = shownCaption();

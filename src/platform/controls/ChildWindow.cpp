@@ -2,6 +2,7 @@
 
 #include "EventGate.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 
 ChildWindow::ChildWindow(QWidget &child)
@@ -22,5 +23,21 @@ void ChildWindow::closeEvent(QCloseEvent *event)
         setAttribute(Qt::WA_DeleteOnClose, false);
         if (event->isAccepted())
             RunningHandler::deleteWhenNoneRuns(this);
+    });
+}
+
+/// Qt hides the window when it is maximised or restored, and the focus goes to the next control.
+void ChildWindow::hideEvent(QHideEvent *event)
+{
+    run([&] { m_focusedAtHide = isAncestorOf(QApplication::focusWidget()) ? focusWidget() : nullptr; });
+    QMdiSubWindow::hideEvent(event);
+}
+
+void ChildWindow::showEvent(QShowEvent *event)
+{
+    QMdiSubWindow::showEvent(event);
+    run([&] {
+        if (m_focusedAtHide)
+            m_focusedAtHide->setFocus();
     });
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QMdiSubWindow>
+#include <QPointer>
 
-/// The window around a child of the child area. Its icon follows the child's. Once it is closed it is no
+/// The window around a child of the child area. Its icon follows the child's. The control that has the focus
+/// keeps it when the window is maximised or restored. Once it is closed it is no
 /// child of the area any more, and is deleted with its child when no handler runs.
 class ChildWindow : public QMdiSubWindow
 {
@@ -13,4 +15,9 @@ public:
 
 protected:
     void closeEvent(QCloseEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    QPointer<QWidget> m_focusedAtHide;
 };

@@ -103,7 +103,7 @@ QSize PictureBox::drawnSize() const
 
 void PictureBox::paintEvent(QPaintEvent *event)
 {
-    run([&] {
+    runPainting([&] {
         const QRect exposed = event->rect() & QRect({}, drawnSize());
         QPainter painter(this);
         if (!m_picture.isNull() && !exposed.isEmpty())

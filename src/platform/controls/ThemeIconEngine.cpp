@@ -1,6 +1,6 @@
 #include "ThemeIconEngine.h"
 
-#include "Contrast.h"
+#include "Colors.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -33,12 +33,6 @@ std::optional<QColor> singleColor(const QImage &image)
         }
     }
     return first;
-}
-
-QColor mixed(const QColor &a, const QColor &b, double share)
-{
-    const auto part = [share](int x, int y) { return qRound(x + share * (y - x)); };
-    return QColor(part(a.red(), b.red()), part(a.green(), b.green()), part(a.blue(), b.blue()));
 }
 
 /// \a color, as near to that of the text as it takes to be seen on a button.

@@ -67,6 +67,18 @@ void run(Step &&step) noexcept
     }
 }
 
+/// The same for the painting of a widget, which goes on while no handler runs: a box that is moved away
+/// leaves the windows below it whole.
+template<class Step>
+void runPainting(Step &&step) noexcept
+{
+    try {
+        step();
+    } catch (...) {
+        EventGate::failWithCurrentException();
+    }
+}
+
 /// Binds \a handler to a signal of \a sender for as long as \a context exists. The handler takes as many of
 /// the signal's arguments as it likes, and may answer through those that are references.
 template<class Sender, class Signal, class Handler>

@@ -1,6 +1,8 @@
 #include "FlatTitleStyle.h"
 
+#include "Colors.h"
 #include "ShownText.h"
+#include "ThemeIconEngine.h"
 
 #include <QAbstractItemView>
 #include <QGroupBox>
@@ -39,13 +41,6 @@ QPainterPath markOf(QStyle::SubControl button)
         break;
     }
     return mark;
-}
-
-/// From \a a, \a part 0, to \a b, \a part 1.
-QColor mixed(const QColor &a, const QColor &b, float part)
-{
-    const auto mix = [part](float from, float to) { return from + (to - from) * part; };
-    return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()), mix(a.blueF(), b.blueF()));
 }
 
 /// Between the window's colour and its text's.
@@ -134,6 +129,16 @@ QPixmap FlatTitleStyle::generatedIconPixmap(QIcon::Mode mode, const QPixmap &pix
     painter.setOpacity(0.4);
     painter.drawPixmap(0, 0, pixmap);
     return faint;
+}
+
+/// The arrows of what has no room in a bar; Qt's are black in dark windows, too.
+QIcon FlatTitleStyle::standardIcon(StandardPixmap picture, const QStyleOption *option,
+                                   const QWidget *widget) const
+{
+    const QIcon icon = QProxyStyle::standardIcon(picture, option, widget);
+    const bool isArrow =
+        picture == SP_ToolBarHorizontalExtensionButton || picture == SP_ToolBarVerticalExtensionButton;
+    return isArrow ? QIcon(new ThemeIconEngine(icon)) : icon;
 }
 
 int FlatTitleStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,

@@ -93,7 +93,7 @@ void RichTextBox::mouseReleaseEvent(QMouseEvent *event)
 
 void RichTextBox::paintEvent(QPaintEvent *event)
 {
-    run([&] {
+    runPainting([&] {
         m_links.markVisible();
         QTextEdit::paintEvent(event);
     });

@@ -1,5 +1,6 @@
 #include "MdiArea.h"
 
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMdiSubWindow>
 #include <QTest>
@@ -63,4 +64,25 @@ TEST_F(MdiAreaTest, InATinyFrameTheChildStillHasRoomForItsControls)
     EXPECT_EQ(window.size(), window.minimumSizeHint());
     EXPECT_GE(window.widget()->width(), 450);
     EXPECT_GE(window.widget()->height(), 250);
+}
+
+TEST_F(MdiAreaTest, MaximisedAndRestoredAChildKeepsItsFocus)
+{
+    frame.resize(1800, 1200);
+    frame.show();
+    QMdiSubWindow &window = placed(QSizePolicy::Preferred);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&frame));
+    QLineEdit fields[3];
+    for (QLineEdit &field : fields) {
+        field.setParent(window.widget());
+        field.show();
+    }
+    fields[1].setFocus();
+    ASSERT_TRUE(fields[1].hasFocus());
+    window.showMaximized();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(fields[1].hasFocus());
+    window.showNormal();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(fields[1].hasFocus());
 }

@@ -1,4 +1,4 @@
-#include "Contrast.h"
+#include "Colors.h"
 #include "Files.h"
 #include "ThemeIcon.h"
 

@@ -144,6 +144,20 @@ TEST_F(EventGateTest, AFailureInANestedLoopDoesNotReachTheTrapAroundIt)
     EXPECT_FALSE(caught);
 }
 
+TEST_F(EventGateTest, PaintingGoesOnWhileTheBoxIsUp)
+{
+    int painted = 0;
+    EventGate::setBox([&](int, const QString &) {
+        runPainting([&] { ++painted; });
+        runPainting([&] {
+            ++painted;
+            failStep();
+        });
+    });
+    run(failStep);
+    EXPECT_EQ(painted, 2);
+}
+
 TEST_F(EventGateTest, NoOtherHandlerRunsWhileTheBoxIsUp)
 {
     int ran = 0;

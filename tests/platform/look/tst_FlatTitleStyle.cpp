@@ -1,4 +1,4 @@
-#include "Contrast.h"
+#include "Colors.h"
 #include "FlatTitleStyle.h"
 #include "Palettes.h"
 
@@ -191,6 +191,25 @@ TEST(FlatTitleStyle, DisabledIconsAreFaintInLightAndDark)
         EXPECT_GT(contrastOfIcon(QIcon::Normal, palette), 7);
         EXPECT_LT(contrastOfIcon(QIcon::Disabled, palette), 4);
         EXPECT_GT(contrastOfIcon(QIcon::Disabled, palette), 1.5);
+    }
+}
+
+TEST(FlatTitleStyle, TheArrowsOfCrowdedBarsAreSeenInLightAndDark)
+{
+    for (const QPalette &palette : {Palettes::light(), Palettes::dark()}) {
+        QApplication::setPalette(palette);
+        const QIcon arrow =
+            FlatTitleStyle().standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton, nullptr, nullptr);
+        const QImage image = arrow.pixmap(16).toImage();
+        double greatest = 1;
+        for (int x = 0; x < image.width(); ++x) {
+            for (int y = 0; y < image.height(); ++y) {
+                if (image.pixelColor(x, y).alpha() > 200)
+                    greatest =
+                        std::max(greatest, contrast(image.pixelColor(x, y), palette.color(QPalette::Window)));
+            }
+        }
+        EXPECT_GT(greatest, 3);
     }
 }
 

@@ -1,4 +1,4 @@
-#include "Contrast.h"
+#include "Colors.h"
 #include "Palettes.h"
 
 #include <gtest/gtest.h>

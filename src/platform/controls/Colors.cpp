@@ -1,4 +1,4 @@
-#include "Contrast.h"
+#include "Colors.h"
 
 #include <QColor>
 #include <algorithm>
@@ -23,4 +23,10 @@ double contrast(const QColor &a, const QColor &b)
 {
     const auto [dim, bright] = std::minmax({luminance(a), luminance(b)});
     return (bright + 0.05) / (dim + 0.05);
+}
+
+QColor mixed(const QColor &a, const QColor &b, double part)
+{
+    const auto mix = [part](double from, double to) { return float(from + (to - from) * part); };
+    return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()), mix(a.blueF(), b.blueF()));
 }
