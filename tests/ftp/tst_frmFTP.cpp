@@ -1,6 +1,7 @@
 #include "Contrast.h"
 #include "DirListBox.h"
 #include "DriveListBox.h"
+#include "EventGate.h"
 #include "FileListBox.h"
 #include "Forms.h"
 #include "FtpWindow.h"
@@ -18,6 +19,7 @@
 #include <QTest>
 #include <QToolButton>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace {
 
@@ -253,15 +255,41 @@ TEST_F(FtpWindowTest, AMissingProfileFileIsAnErrorOfTheLoad)
 {
     window.close();
     ASSERT_EQ(::unlink(window.programFolder.file("ftpprof.dat").constData()), 0);
-    auto &form = Forms::refer<frmFTP>();
+    const QPointer<Form> form = &Forms::refer<frmFTP>();
     try {
-        form.showModeless();
+        form->showModeless();
         ADD_FAILURE() << "it was opened";
     } catch (const RuntimeError &error) {
         EXPECT_EQ(error.number(), ErrorNumber::FileNotFound);
         EXPECT_EQ(error.description(), QStringLiteral("File not found"));
     }
-    EXPECT_FALSE(form.isVisible());
+    EXPECT_FALSE(form && form->isVisible());
+}
+
+TEST_F(FtpWindowTest, AMissingProfileFileIsFatalInAMenuItem)
+{
+    window.close();
+    ASSERT_EQ(::unlink(window.programFolder.file("ftpprof.dat").constData()), 0);
+    QAction item;
+    on(&item, &QAction::triggered, &item, [this] { window.open(); });
+    window.frame.fatal.expect(ErrorNumber::FileNotFound, QStringLiteral("File not found"));
+    item.trigger();
+}
+
+/// As where the first record has no fields.
+TEST_F(FtpWindowTest, AnEmptyProfileFileLeavesTheBoxesEmpty)
+{
+    for (const char *content : {"", "\r\n", "0"}) {
+        window.close();
+        window.programFolder.addFile("ftpprof.dat", content);
+        window.open();
+        for (const char *name : {"txtAccount", "txtServer", "txtUserName", "txtPassword"})
+            EXPECT_EQ(text(name), QString()) << name;
+        EXPECT_TRUE(window.isEnabled("cmdLogOn"));
+    }
+    window.frame.dialogs.expectBox(QStringLiteral("LogOn Failure"),
+                                   QStringLiteral("You must specify a server and password."));
+    window.click("cmdLogOn");
 }
 
 TEST_F(FtpWindowTest, IconsFollowThePalette)
@@ -318,6 +346,37 @@ TEST_F(FtpWindowTest, TheFileListFollowsTheFolder)
     EXPECT_EQ(files.Path(), window.local.path() + QStringLiteral("/sub"));
     ASSERT_EQ(files.ListCount(), 1);
     EXPECT_EQ(files.List(0), QStringLiteral(".hidden"));
+}
+
+TEST_F(FtpWindowTest, AFolderThatIsGoneLeavesTheFileList)
+{
+    window.local.addFolder("sub");
+    window.local.addFile("sub/file");
+    auto &folders = window.control<DirListBox>("dirLocalDir");
+    const auto &files = window.control<FileListBox>("filLocalFile");
+    folders.setPath(window.local.path() + QStringLiteral("/sub"));
+    ASSERT_EQ(::unlink(window.local.file("sub/file").constData()), 0);
+    ASSERT_EQ(::rmdir(window.local.file("sub").constData()), 0);
+    Q_EMIT folders.Change();
+    EXPECT_EQ(files.Path(), window.local.path() + QStringLiteral("/sub"));
+    EXPECT_EQ(files.ListCount(), 1);
+}
+
+TEST_F(FtpWindowTest, ADoubleClickOpensALocalFolder)
+{
+    window.local.addFolder("sub");
+    window.local.addFile("sub/file");
+    auto &folders = window.control<DirListBox>("dirLocalDir");
+    folders.setPath(QStringLiteral("/"));
+    folders.setPath(window.local.path());
+    const QModelIndex below = folders.model()->index(folders.currentIndex().row() + 1, 0);
+    folders.scrollTo(below);
+    const QPoint place = folders.visualRect(below).center();
+    QTest::mouseClick(folders.viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(folders.viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(path(), window.local.path() + QStringLiteral("/sub"));
+    EXPECT_EQ(window.control<FileListBox>("filLocalFile").Path(), path());
+    EXPECT_EQ(window.control<FileListBox>("filLocalFile").List(0), QStringLiteral("file"));
 }
 
 TEST_F(FtpWindowTest, TheRefreshKeyReadsTheLocalFilesAgain)
