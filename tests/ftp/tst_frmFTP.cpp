@@ -302,16 +302,14 @@ TEST_F(FtpWindowTest, IconsFollowThePalette)
         for (int x = 0; x < image.width(); ++x) {
             for (int y = 0; y < image.height(); ++y) {
                 const QColor color = image.pixelColor(x, y);
-                if (color.alpha() > 100 && luminance(color) < luminance(found))
+                if (color.alpha() > 100 && color.lightnessF() < found.lightnessF())
                     found = color;
             }
         }
-        return luminance(found);
+        return found.lightnessF();
     };
     EXPECT_LT(darkest(), 0.3);
-    QPalette dark;
-    dark.setColor(QPalette::Window, QColor(30, 30, 30));
-    QApplication::setPalette(dark);
+    QApplication::setPalette(QColor(30, 30, 30));
     QCoreApplication::processEvents();
     EXPECT_GT(darkest(), 0.5);
 }

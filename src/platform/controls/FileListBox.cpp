@@ -75,7 +75,7 @@ void FileListBox::Refresh()
 void FileListBox::keyPressEvent(QKeyEvent *event)
 {
     bool isDone = false;
-    run([&] { isDone = RowKeys::beginSelection(*this, *event); });
+    run([&] { isDone = RowKeys::handle(*this, *event); });
     if (!isDone)
         QListView::keyPressEvent(event);
 }

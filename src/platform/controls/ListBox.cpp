@@ -231,7 +231,7 @@ void ListBox::actOnKey(QKeyEvent *event)
 {
     if (event->matches(QKeySequence::Copy))
         copy();
-    else if (!RowKeys::beginSelection(*this, *event))
+    else if (!RowKeys::handle(*this, *event))
         QListView::keyPressEvent(event);
 }
 

@@ -228,7 +228,7 @@ bool ListView::actOnKey(const QKeyEvent &event)
     }
     if (event.key() == Qt::Key_Space && event.modifiers() == Qt::NoModifier && toggleCheck())
         return true;
-    return RowKeys::beginSelection(pane(), event);
+    return RowKeys::handle(pane(), event);
 }
 
 bool ListView::toggleCheck()

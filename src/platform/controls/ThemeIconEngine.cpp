@@ -1,19 +1,23 @@
 #include "ThemeIconEngine.h"
 
+#include "Contrast.h"
+
 #include <QGuiApplication>
 #include <QPainter>
 #include <QPalette>
+#include <QPixmapCache>
 #include <cstdlib>
 #include <optional>
 
 namespace {
 
-/// False for an empty picture.
-bool hasOneColor(const QPixmap &picture)
+constexpr double leastContrast = 3;
+
+/// The color of a picture that has only one.
+std::optional<QColor> singleColor(const QImage &image)
 {
     constexpr int leastOpacity = 128; // below it the color is not exact
     constexpr int tolerance = 24;     // of the same scale, for each part of a color
-    const QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
     std::optional<QColor> first;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
@@ -25,17 +29,38 @@ bool hasOneColor(const QPixmap &picture)
             if (std::abs(color.red() - first->red()) > tolerance ||
                 std::abs(color.green() - first->green()) > tolerance ||
                 std::abs(color.blue() - first->blue()) > tolerance)
-                return false;
+                return {};
         }
     }
-    return first.has_value();
+    return first;
 }
 
-QColor textColor(QIcon::Mode mode)
+QColor mixed(const QColor &a, const QColor &b, double share)
+{
+    const auto part = [share](int x, int y) { return qRound(x + share * (y - x)); };
+    return QColor(part(a.red(), b.red()), part(a.green(), b.green()), part(a.blue(), b.blue()));
+}
+
+/// \a color, as near to that of the text as it takes to be seen on a button.
+QColor visibleOnButton(const QColor &color)
 {
     const QPalette palette = QGuiApplication::palette();
-    return mode == QIcon::Disabled ? palette.color(QPalette::Disabled, QPalette::ButtonText)
-                                   : palette.color(QPalette::HighlightedText);
+    constexpr double step = 0.125;
+    double share = 0;
+    QColor result = color;
+    while (share < 1 && contrast(result, palette.color(QPalette::Button)) < leastContrast) {
+        share += step;
+        result = mixed(color, palette.color(QPalette::ButtonText), share);
+    }
+    return result;
+}
+
+QColor shownColor(const QColor &color, QIcon::Mode mode)
+{
+    const QPalette palette = QGuiApplication::palette();
+    if (mode == QIcon::Disabled)
+        return palette.color(QPalette::Disabled, QPalette::ButtonText);
+    return mode == QIcon::Selected ? palette.color(QPalette::HighlightedText) : visibleOnButton(color);
 }
 
 QPixmap inColor(QPixmap picture, const QColor &color)
@@ -44,6 +69,31 @@ QPixmap inColor(QPixmap picture, const QColor &color)
     painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
     painter.fillRect(picture.rect(), color);
     return picture;
+}
+
+/// \a picture in the color for \a mode; null where it has several.
+QPixmap recolored(const QPixmap &picture, QIcon::Mode mode)
+{
+    const auto color = singleColor(picture.toImage().convertToFormat(QImage::Format_ARGB32));
+    if (!color)
+        return {};
+    const QColor shown = shownColor(*color, mode);
+    return shown == *color ? picture : inColor(picture, shown);
+}
+
+/// The same, made once for each picture and palette.
+QPixmap cachedRecolored(const QPixmap &picture, QIcon::Mode mode)
+{
+    const QString key = QStringLiteral("ThemeIconEngine %1 %2 %3")
+                            .arg(picture.cacheKey())
+                            .arg(QGuiApplication::palette().cacheKey())
+                            .arg(mode);
+    QPixmap result;
+    if (!QPixmapCache::find(key, &result)) {
+        result = recolored(picture, mode);
+        QPixmapCache::insert(key, result);
+    }
+    return result;
 }
 
 } // namespace
@@ -61,12 +111,9 @@ QPixmap ThemeIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::Stat
 
 QPixmap ThemeIconEngine::scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State state, qreal scale)
 {
-    if (mode == QIcon::Disabled || mode == QIcon::Selected) {
-        const QPixmap picture = m_icon.pixmap(size / scale, scale, QIcon::Normal, state);
-        if (hasOneColor(picture))
-            return inColor(picture, textColor(mode));
-    }
-    return m_icon.pixmap(size / scale, scale, mode, state);
+    const QPixmap picture = m_icon.pixmap(size / scale, scale, QIcon::Normal, state);
+    const QPixmap result = cachedRecolored(picture, mode);
+    return result.isNull() ? m_icon.pixmap(size / scale, scale, mode, state) : result;
 }
 
 QSize ThemeIconEngine::actualSize(const QSize &size, QIcon::Mode mode, QIcon::State state)

@@ -3,8 +3,9 @@
 #include <QIcon>
 #include <QIconEngine>
 
-/// Draws an icon of a theme that has one color in that of disabled text while its control is disabled, and in
-/// that of selected text on a selected row. An icon with several colors is drawn as the style does it.
+/// Draws an icon of a theme that has one color in that of disabled text while its control is disabled, in
+/// that of selected text on a selected row, and else so that it is seen on a button. An icon with several
+/// colors is drawn as the style does it.
 class ThemeIconEngine : public QIconEngine
 {
 public:

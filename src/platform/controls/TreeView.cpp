@@ -106,7 +106,7 @@ void TreeView::keyPressEvent(QKeyEvent *event)
 {
     run([&] {
         const QString before = SelectedItem();
-        if (!RowKeys::beginSelection(*this, *event))
+        if (!RowKeys::handle(*this, *event))
             QTreeView::keyPressEvent(event);
         const QString selected = SelectedItem();
         if (selected != before && !selected.isEmpty())

@@ -96,7 +96,13 @@ void Form::load()
     m_state = State::Loaded;
     Forms::add(*this);
     takePlace();
-    Form_Load();
+    try {
+        Form_Load();
+    } catch (...) {
+        forget();
+        dispose();
+        throw;
+    }
 }
 
 void Form::showModeless()
@@ -155,11 +161,16 @@ bool Form::finish()
         m_state = State::Loaded;
         throw;
     }
+    forget();
+    Form_Terminate();
+    return true;
+}
+
+void Form::forget()
+{
     m_state = State::Unloaded;
     Forms::remove(*this);
     RunningHandler::deleteWhenNoneRuns(this);
-    Form_Terminate();
-    return true;
 }
 
 void Form::dispose()

@@ -50,7 +50,7 @@ public:
     void setWindowState(FormState state);
 
     /// Runs Form_Load unless the window is loaded already. What the load throws reaches the caller; the
-    /// window then stays loaded.
+    /// window is then out of Forms without its unload, so that the next reference makes a new one.
     void load();
     bool isLoaded() const { return m_state == State::Loaded; }
 
@@ -115,6 +115,7 @@ private:
     enum class State { New, Loaded, Unloading, Unloaded };
 
     bool finish();
+    void forget();
     void leaveModalLoop();
     bool pressKeyButton(int key);
     QPushButton *returnButton() const;

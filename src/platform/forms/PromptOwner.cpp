@@ -1,17 +1,31 @@
 #include "PromptOwner.h"
 
+#include "Forms.h"
+
 #include <QApplication>
-#include <QPointer>
-#include <QWidget>
+#include <algorithm>
+
+namespace {
+
+bool isOnScreen(const Form *form)
+{
+    // A box that belongs to a minimised window would be hidden with it.
+    return form->isVisible() && !form->window()->isMinimized();
+}
+
+QWidget *newestOnScreen()
+{
+    const auto &forms = Forms::loaded();
+    const auto newest = std::find_if(forms.crbegin(), forms.crend(), isOnScreen);
+    return newest == forms.crend() ? nullptr : (*newest)->window();
+}
+
+} // namespace
 
 QWidget *promptOwner()
 {
-    // Between one box and the next no window is active, until the window system says which one it is.
-    static QPointer<QWidget> last;
-    QWidget *modal = QApplication::activeModalWidget();
-    if (QWidget *active = modal ? modal : QApplication::activeWindow())
-        last = active;
-    while (last && !last->isVisible())
-        last = last->parentWidget() ? last->parentWidget()->window() : nullptr;
-    return last;
+    if (QWidget *modal = QApplication::activeModalWidget())
+        return modal;
+    QWidget *active = QApplication::activeWindow();
+    return active ? active : newestOnScreen();
 }

@@ -3,5 +3,6 @@
 class QWidget;
 
 /// The window that a question belongs to: the modal one in front, else the active one; where none is active,
-/// the one of the question before, or what that belongs to. Null where none of them is on the screen.
+/// as between two boxes or while another program is used, that of the newest form on the screen. Null where
+/// none is on the screen.
 QWidget *promptOwner();

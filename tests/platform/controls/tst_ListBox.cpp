@@ -146,6 +146,27 @@ TEST_F(ListBoxTest, ATypedLetterIsLookedForFromTheFirstRowOnWhereNoneIsSelected)
     EXPECT_EQ(list.Text(), QStringLiteral("first"));
 }
 
+TEST_F(ListBoxTest, ALetterThatNoRowBeginsWithLeavesTheFocusInItsRow)
+{
+    list.Clear();
+    list.addItems({QStringLiteral("first"), QStringLiteral("second")});
+    QTest::keyClick(&list, Qt::Key_End);
+    list.clearSelection();
+    QTest::keyClick(&list, Qt::Key_X);
+    EXPECT_EQ(list.currentIndex().row(), 1);
+    EXPECT_FALSE(list.selectionModel()->hasSelection());
+}
+
+TEST_F(ListBoxTest, AShortcutIsNotLookedFor)
+{
+    list.Clear();
+    list.addItems({QStringLiteral("first")});
+    QKeyEvent shortcut(QEvent::KeyPress, Qt::Key_F, Qt::AltModifier, QStringLiteral("f"));
+    QCoreApplication::sendEvent(&list, &shortcut);
+    EXPECT_FALSE(list.selectionModel()->hasSelection());
+    EXPECT_FALSE(shortcut.isAccepted());
+}
+
 TEST_F(ListBoxTest, AKeyThatGivesTheFocusAwayDoesNothingMore)
 {
     QWidget window;

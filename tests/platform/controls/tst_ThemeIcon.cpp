@@ -34,6 +34,8 @@ QPalette darkPalette()
 {
     QPalette palette;
     palette.setColor(QPalette::Window, QColor(0x34, 0x39, 0x3F));
+    palette.setColor(QPalette::Button, QColor(0x41, 0x47, 0x4E));
+    palette.setColor(QPalette::ButtonText, QColor(0xED, 0xEF, 0xF0));
     palette.setColor(QPalette::Disabled, QPalette::ButtonText, QColor(0x7F, 0x86, 0x8C));
     palette.setColor(QPalette::HighlightedText, Qt::white);
     return palette;
@@ -55,6 +57,17 @@ TEST(ThemeIcon, ASelectedOneHasTheColorOfTheText)
     QGuiApplication::setPalette(darkPalette());
     EXPECT_GT(leastContrast(drawing("folder", QIcon::Selected), Qt::black), 20.5);
     EXPECT_LT(leastContrast(drawing("folder", QIcon::Selected), Qt::white), 1.1); // there is something
+}
+
+TEST(ThemeIcon, OneThatIsTooDarkForAButtonIsLighter)
+{
+    QGuiApplication::setPalette(darkPalette());
+    const QColor button = darkPalette().color(QPalette::Button);
+    const QPixmap theme = QIcon::fromTheme(QStringLiteral("edit-delete")).pixmap(22);
+    const QImage shown = drawing("edit-delete", QIcon::Normal);
+    EXPECT_LT(leastContrast(theme.toImage(), button), 2.5);
+    EXPECT_GE(leastContrast(shown, button), 2.9);
+    EXPECT_GT(shown.pixelColor(10, 6).red(), shown.pixelColor(10, 6).green() + 60); // red as before
 }
 
 TEST(ThemeIcon, OneWithSeveralColorsKeepsThem)
@@ -79,6 +92,7 @@ TEST(ThemeIcon, OneWithSeveralColorsKeepsThem)
 
 TEST(ThemeIcon, AnEnabledOneIsAsTheThemeHasIt)
 {
+    QGuiApplication::setPalette(Qt::white);
     EXPECT_FALSE(drawing("edit-delete", QIcon::Normal).isNull());
     EXPECT_EQ(drawing("edit-delete", QIcon::Normal),
               QIcon::fromTheme(QStringLiteral("edit-delete")).pixmap(22).toImage());

@@ -103,13 +103,16 @@ TEST_F(FormTest, IsLoadedBeforeItIsSeen)
     form->showModeless();
 }
 
-TEST_F(FormTest, AFailingLoadReachesTheCallerAndTheWindowStaysLoaded)
+TEST_F(FormTest, AFailingLoadReachesTheCallerAndTheWindowIsForgotten)
 {
     form->onLoad = [] { throw RuntimeError(ErrorNumber::FileNotFound); };
     EXPECT_EQ(errorNumberOf([&] { form->showModeless(); }), ErrorNumber::FileNotFound);
-    EXPECT_TRUE(form->isLoaded());
+    EXPECT_FALSE(form->isLoaded());
     EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(Forms::loaded(), QList<Form *>{form});
+    EXPECT_EQ(Forms::loaded(), QList<Form *>());
+    settle();
+    EXPECT_FALSE(form);
+    EXPECT_EQ(steps, list("load deleted"));
 }
 
 TEST_F(FormTest, AFailingLoadReachesTheCallerOfAModalShow)

@@ -1,9 +1,11 @@
 #include "DialogDriver.h"
+#include "Form.h"
 #include "PrintQt.h"
 #include "Prompts.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialog>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -30,6 +32,16 @@ struct MsgBoxTest : testing::Test
     {
         dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), std::move(act));
         return MsgBox(text, style, title);
+    }
+
+    QWidget *owner()
+    {
+        QWidget *found = nullptr;
+        replyTo(MsgBoxStyle::Plain, [&](QMessageBox &box) {
+            found = box.parentWidget();
+            box.accept();
+        });
+        return found;
     }
 };
 
@@ -181,23 +193,36 @@ TEST_F(MsgBoxTest, ReturnTakesTheDefault)
               MsgBoxReply::Yes);
 }
 
-TEST_F(MsgBoxTest, BelongsToTheLastActiveWindowUntilAnotherIsActive)
+TEST_F(MsgBoxTest, BelongsToTheActiveWindowElseToTheNewestFormOnTheScreen)
 {
-    QWidget window;
-    window.show();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    const auto owner = [this] {
-        QWidget *found = nullptr;
-        replyTo(MsgBoxStyle::Plain, [&](QMessageBox &box) {
-            found = box.parentWidget();
-            box.accept();
-        });
-        return found;
+    QWidget active;
+    Form older(QStringLiteral("frmOlder"));
+    Form newer(QStringLiteral("frmNewer"));
+    for (Form *form : {&older, &newer})
+        form->showModeless();
+    active.show();
+    active.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&active));
+    EXPECT_EQ(owner(), &active);
+    const auto ownerWithoutActive = [this] {
+        QApplication::setActiveWindow(nullptr); // another program is used
+        return owner();
     };
-    EXPECT_EQ(owner(), &window);
+    EXPECT_EQ(ownerWithoutActive(), &newer);
+    newer.showMinimized();
+    EXPECT_EQ(ownerWithoutActive(), &older);
+    older.hide();
+    EXPECT_EQ(ownerWithoutActive(), nullptr);
+}
+
+TEST_F(MsgBoxTest, BelongsToTheModalWindowInFront)
+{
+    QWidget active;
+    active.show();
+    QDialog modal(&active);
+    modal.setModal(true);
+    modal.show();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&modal));
     QApplication::setActiveWindow(nullptr);
-    EXPECT_EQ(owner(), &window);
-    window.hide();
-    QApplication::setActiveWindow(nullptr);
-    EXPECT_EQ(owner(), nullptr);
+    EXPECT_EQ(owner(), &modal);
 }
