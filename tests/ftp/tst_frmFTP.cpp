@@ -1,6 +1,7 @@
 #include "Contrast.h"
 #include "DirListBox.h"
 #include "DriveListBox.h"
+#include "ErrorReports.h"
 #include "EventGate.h"
 #include "FileListBox.h"
 #include "Forms.h"
@@ -266,14 +267,31 @@ TEST_F(FtpWindowTest, AMissingProfileFileIsAnErrorOfTheLoad)
     EXPECT_FALSE(form && form->isVisible());
 }
 
-TEST_F(FtpWindowTest, AMissingProfileFileIsFatalInAMenuItem)
+/// The frame's toolbar ignores errors, its menu does not; a load that has failed is none.
+TEST_F(FtpWindowTest, AMissingProfileFileIsSilentInTheToolbarAndThenFatalInTheMenu)
 {
     window.close();
     ASSERT_EQ(::unlink(window.programFolder.file("ftpprof.dat").constData()), 0);
+    for (int i = 0; i < 2; ++i) {
+        ignoreErrors([this] { window.open(); });
+        EXPECT_FALSE(window.isOpen());
+        EXPECT_TRUE(Forms::named(QStringLiteral("frmFTP")).isEmpty());
+    }
     QAction item;
     on(&item, &QAction::triggered, &item, [this] { window.open(); });
     window.frame.fatal.expect(ErrorNumber::FileNotFound, QStringLiteral("File not found"));
     item.trigger();
+}
+
+TEST_F(FtpWindowTest, OnceThereIsAProfileFileTheWindowOpens)
+{
+    window.close();
+    ASSERT_EQ(::unlink(window.programFolder.file("ftpprof.dat").constData()), 0);
+    ignoreErrors([this] { window.open(); });
+    window.programFolder.addFile("ftpprof.dat", "0,Other,other.example,,pw,\r\n");
+    window.open();
+    EXPECT_TRUE(window.form().isVisible());
+    EXPECT_EQ(text("txtAccount"), QStringLiteral("Other"));
 }
 
 /// As where the first record has no fields.
