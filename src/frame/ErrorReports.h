@@ -14,7 +14,8 @@ void resumeNext(Step &&step)
 {
     try {
         step();
-    } catch (const RuntimeError &error) {
+    } catch (...) {
+        const RuntimeError error = RuntimeError::current();
         ReportRecoverableError(error.number(), error.description());
     }
 }
@@ -25,7 +26,7 @@ void ignoreErrors(Step &&step)
 {
     try {
         step();
-    } catch (const RuntimeError &) {
+    } catch (...) {
         return;
     }
 }

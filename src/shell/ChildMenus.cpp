@@ -14,13 +14,13 @@ ChildMenus::ChildMenus(QMenuBar &bar, MdiArea &area)
     , m_area(area)
     , m_frameMenus(bar.actions())
 {
-    on(&area, &QMdiArea::subWindowActivated, this, &ChildMenus::follow);
+    on(&area, &MdiArea::activeChildChanged, this, &ChildMenus::follow);
 }
 
-void ChildMenus::follow(QMdiSubWindow *active)
+void ChildMenus::follow()
 {
-    if (!active && !m_area.subWindowList().isEmpty())
-        return; // the frame lost the focus, not the child
+    // Not the window that Qt activates: it may be hidden, and is none while the frame has no focus.
+    const QMdiSubWindow *active = m_area.activeChild();
     QList<QAction *> wanted;
     if (const auto *child = active ? qobject_cast<ChildForm *>(active->widget()) : nullptr) {
         for (QMenu *menu : child->menus())

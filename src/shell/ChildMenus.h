@@ -5,7 +5,6 @@
 
 class MdiArea;
 class QAction;
-class QMdiSubWindow;
 class QMenuBar;
 
 /// Gives the frame's menu bar to the active child's own menus, and back to the frame's where the child has
@@ -16,7 +15,7 @@ public:
     ChildMenus(QMenuBar &bar, MdiArea &area);
 
 private:
-    void follow(QMdiSubWindow *active);
+    void follow();
 
     QMenuBar &m_bar;
     MdiArea &m_area;

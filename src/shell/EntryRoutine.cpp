@@ -33,7 +33,8 @@ void EntryRoutine()
         frame->load();
         frame->show();
         frame->openRecovered();
-    } catch (const RuntimeError &error) {
+    } catch (...) {
+        const RuntimeError error = RuntimeError::current();
         ReportFatalError(error.number(), error.description());
     }
 }

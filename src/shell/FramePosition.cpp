@@ -28,11 +28,20 @@ const std::array<Length, 4> lengths = {{
     {QStringLiteral("MainHeight"), 9000, WindowGeometry::height, WindowGeometry::setHeight},
 }};
 
-/// The space for windows on the screen that shows \a place, else on the first screen.
-QRect spaceAround(const QRect &place)
+constexpr int leastGrip = 100; // pixels of the title bar by which a window can be moved
+
+bool canBeMovedIn(const QRect &space, const QRect &titleBar)
+{
+    const QRect seen = space.intersected(titleBar);
+    return seen.height() == titleBar.height() && seen.width() >= qMin(leastGrip, titleBar.width());
+}
+
+/// The space for windows on the screen by which a window with \a titleBar can be moved, else on the first
+/// one.
+QRect spaceAround(const QRect &titleBar)
 {
     for (const QScreen *screen : QGuiApplication::screens()) {
-        if (screen->availableGeometry().intersects(place))
+        if (canBeMovedIn(screen->availableGeometry(), titleBar))
             return screen->availableGeometry();
     }
     return QGuiApplication::primaryScreen()->availableGeometry();
@@ -68,12 +77,13 @@ FramePosition::Lengths FramePosition::current() const
 /// is now.
 void FramePosition::fitOntoScreen()
 {
-    const QRect space = spaceAround(m_frame.geometry());
-    const int titleBar = m_frame.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const int titleHeight = m_frame.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect titleBar(m_frame.pos(), QSize(m_frame.width(), titleHeight));
+    const QRect space = spaceAround(titleBar);
     const QSize size = m_frame.size();
-    const QSize fitted = size.boundedTo(space.size() - QSize(0, titleBar));
+    const QSize fitted = size.boundedTo(space.size() - QSize(0, titleHeight));
     m_frame.resize(fitted);
-    const bool isOutside = !space.intersects(m_frame.geometry());
+    const bool isOutside = !canBeMovedIn(space, titleBar);
     m_frame.move(isOutside || fitted.width() < size.width() ? space.left() : m_frame.x(),
                  isOutside || fitted.height() < size.height() ? space.top() : m_frame.y());
 }
@@ -81,8 +91,10 @@ void FramePosition::fitOntoScreen()
 void FramePosition::store() const
 {
     const Lengths now = current();
+    QList<std::pair<QString, QString>> values;
     for (std::size_t i = 0; i < lengths.size(); ++i) {
         const double twips = now[i] == m_restored[i] ? m_stored[i] : now[i];
-        Settings::save(Paths::applicationTitle, section, lengths[i].key, Numbers::singleText(float(twips)));
+        values.append({lengths[i].key, Numbers::singleText(float(twips))});
     }
+    Settings::save(Paths::applicationTitle, section, values);
 }

@@ -3,8 +3,9 @@
 #include <QWidget>
 #include <array>
 
-/// Keeps the frame's place and size in the settings from one run to the next. What fits on no screen is
-/// brought onto one, and is stored as it was unless the user changes it.
+/// Keeps the frame's place and size in the settings from one run to the next. A frame that could
+/// not be moved by its title bar is brought onto a screen, and is stored as it was unless the user changes
+/// it.
 class FramePosition
 {
 public:
@@ -12,6 +13,7 @@ public:
 
     /// Throws RuntimeError 13 for a stored position that is no number.
     void restore();
+    /// Throws RuntimeError 70, 61 or another file error where the settings cannot be written.
     void store() const;
 
 private:

@@ -142,7 +142,8 @@ void frmMain::unload()
     if (!closeChildren())
         return;
     if (!isMinimized())
-        m_position.store();
+        m_position.store(); // Intended: without a trap; settings that cannot be written end in the default
+                            // error box
     EventGate::end(EXIT_SUCCESS);
 }
 

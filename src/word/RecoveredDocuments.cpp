@@ -20,13 +20,11 @@ RecoveredDocuments RecoveredDocuments::open()
 {
     RecoveredDocuments documents;
     for (std::unique_ptr<RecoveryCopy> &orphan : RecoveryFolder::takeOrphans()) {
-        if (orphan->hasFailedToOpen()) {
+        const std::optional<RecoveryText> text = orphan->read();
+        if (!text || orphan->hasFailedToOpen()) {
             ++documents.failedCopies;
             continue;
         }
-        const std::optional<RecoveryText> text = orphan->read();
-        if (!text)
-            continue;
         const RecoveryCopy &copy = *orphan;
         copy.beginOpening();
         openDocument(*text, std::move(orphan));

@@ -14,7 +14,9 @@ QString lockOf(const QString &path)
     return path + QStringLiteral(".lock");
 }
 
-/// The file that exists while the copy is being opened.
+constexpr int openingsAllowed = 2;
+
+/// The file that exists while the copy is being opened, with a byte for each opening.
 QString markOf(const QString &path)
 {
     return path + QStringLiteral(".opening");
@@ -59,12 +61,13 @@ void RecoveryCopy::remove() const
 
 bool RecoveryCopy::hasFailedToOpen() const
 {
-    return QFile::exists(markOf(m_path));
+    return QFileInfo(markOf(m_path)).size() >= openingsAllowed;
 }
 
 void RecoveryCopy::beginOpening() const
 {
-    ignoreErrors([&] { Files::write(markOf(m_path), {}); });
+    const QByteArray openings(QFileInfo(markOf(m_path)).size() + 1, '.');
+    ignoreErrors([&] { Files::write(markOf(m_path), openings); });
 }
 
 void RecoveryCopy::endOpening() const

@@ -7,7 +7,8 @@
 /// as long as this lives. The file stays unless remove() is called, and is then an orphan.
 ///
 /// A document whose text makes the suite crash would do so at every start. So whoever opens a copy calls
-/// beginOpening() before and endOpening() after, and leaves alone a copy that hasFailedToOpen().
+/// beginOpening() before and endOpening() after, and leaves alone a copy that hasFailedToOpen(). One opening
+/// that did not end may be a power cut; the second one is the document's fault.
 class RecoveryCopy
 {
 public:
@@ -24,7 +25,7 @@ public:
     /// Removes the file and all that is beside it. Does nothing when they do not exist.
     void remove() const;
 
-    /// An opening has begun and its process has ended before endOpening().
+    /// Two openings have begun whose processes ended before endOpening().
     bool hasFailedToOpen() const;
     /// Is on the disk when this returns. Has no effect where no file can be made.
     void beginOpening() const;

@@ -121,6 +121,17 @@ TEST_F(EntryTest, PositionAndSizeSurviveARestart)
     EXPECT_EQ(suite->frame().size(), QSize(700, 500));
 }
 
+TEST_F(EntryTest, APositionThatCannotBeStoredEndsInTheDefaultErrorBox)
+{
+    const QString file = Settings::fileName(Paths::applicationTitle);
+    QFile::remove(file);
+    ASSERT_TRUE(QDir().mkpath(file));
+    suite->fatal.expect(ErrorNumber::PathFileAccessError);
+    suite->choose("mnuFileExit");
+    EXPECT_EQ(suite->fatal.seen().size(), 1);
+    ASSERT_TRUE(QDir(file).removeRecursively());
+}
+
 TEST_F(EntryTest, AMinimisedFrameStoresNothing)
 {
     store("Settings", "MainLeft", "1500");
@@ -152,6 +163,19 @@ TEST_F(EntryTest, APositionBeyondEveryScreenComesBack)
     store("Settings", "MainTop", "-3E+38");
     restart();
     EXPECT_TRUE(suite->frame().screen()->availableGeometry().intersects(suite->frame().geometry()));
+}
+
+TEST_F(EntryTest, AFrameWhoseTitleBarIsBeyondEveryScreenComesBack)
+{
+    store("Settings", "MainTop", "-7500");
+    store("Settings", "MainHeight", "9000"); // most of it is seen
+    restart();
+    EXPECT_EQ(suite->frame().y(), suite->frame().screen()->availableGeometry().top());
+    store("Settings", "MainLeft", "-14000"); // a strip of 50 pixels is seen
+    store("Settings", "MainTop", "750");
+    store("Settings", "MainWidth", "14750");
+    restart();
+    EXPECT_EQ(suite->frame().x(), suite->frame().screen()->availableGeometry().left());
 }
 
 TEST_F(EntryTest, ASizeBeyondTheScreenIsCutAndStaysStored)

@@ -211,6 +211,20 @@ TEST_F(FrameTest, TheActiveChildsMenusTakeTheBar)
     EXPECT_TRUE(barHasFrameMenus());
 }
 
+TEST_F(FrameTest, TheFramesMenusComeBackThoughAChildIsLoadedAndNotShown)
+{
+    registerTool(QStringLiteral("frmStandIn"), Forms::Instances::Many, QStringLiteral("&Own"));
+    Form &hidden = Forms::refer(QStringLiteral("frmStandIn"));
+    hidden.load();
+    closeAllDocuments();
+    Form &tool = Forms::refer(QStringLiteral("frmStandIn"));
+    tool.showModeless();
+    EXPECT_FALSE(barHasFrameMenus());
+    tool.unload();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(barHasFrameMenus());
+}
+
 TEST_F(FrameTest, TheWindowMenuListsAnyCaption)
 {
     QMenu *menu = suite.item("mnuWindow").menu();

@@ -47,6 +47,7 @@ const QList<HostileName> &HostileNames::all()
         {"TurnedDirection", "invoice\u202Efdp.exe\u2067\u200F"},
         {"Joiners", QByteArray("\u0645\u06CC\u200C\u062E").repeated(9)},
         {"Long", QByteArray(200, 'w')},
+        {"NearlyLongest", QByteArray(NAME_MAX - 5, 'l')}, // leaves room for an extension
         {"TooLong", QByteArray("\u00E9").repeated(150)},
         {"NotUtf8", "caf\xE9.rtf"},
         {"ByteOrderMark", "\xFF\xFE"},

@@ -388,7 +388,9 @@ TEST_F(RecoveryTest, ADamagedCopyIsLeftAsItIs)
     Files::write(path, "not a copy");
     restart();
     EXPECT_EQ(documents().size(), 1);
-    EXPECT_EQ(notice(), QString());
+    EXPECT_EQ(
+        notice(),
+        QStringLiteral("1 document could not be recovered; its copy is in %1.").arg(RecoveryFolder::path()));
     EXPECT_EQ(Files::read(path), "not a copy");
 }
 
@@ -409,13 +411,15 @@ TEST_F(RecoveryTest, ACopyThatMakesTheSuiteCrashIsNotOpenedAgain)
     const QByteArray content = Files::read(fatal);
     QTest::qSleep(20);
     leaveBehind(QStringLiteral("/b.rtf"), "b");
-    ForkedTask firstStart;
-    ASSERT_TRUE(firstStart.start([] {
-        crashAt(QStringLiteral("fatal"));
-        restart();
-        return true;
-    }));
-    ASSERT_FALSE(firstStart.wait());
+    for (int start = 0; start < 2; ++start) { // the first may have been a power cut
+        ForkedTask crashing;
+        ASSERT_TRUE(crashing.start([] {
+            crashAt(QStringLiteral("fatal"));
+            restart();
+            return true;
+        }));
+        ASSERT_FALSE(crashing.wait());
+    }
 
     for (int start = 0; start < 2; ++start) {
         restart();
@@ -447,6 +451,7 @@ TEST_F(RecoveryTest, ItIsSaidWhereSeveralCopiesAreThatCannotBeOpened)
     for (int i = 0; i < 2; ++i) {
         const auto copy = RecoveryFolder::makeCopy();
         ASSERT_TRUE(copy->write({QStringLiteral("/fatal.rtf"), PlainText::LineEnd::Lf, "{\\rtf1 fatal}"}));
+        copy->beginOpening();
         copy->beginOpening();
     }
     restart();

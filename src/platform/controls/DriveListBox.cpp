@@ -35,6 +35,13 @@ void DriveListBox::showPopup()
     QComboBox::showPopup();
 }
 
+void DriveListBox::changeEvent(QEvent *event)
+{
+    QComboBox::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        run([&] { fill(Volume::all()); });
+}
+
 /// A selected place that no longer exists stays in the list until another is chosen.
 void DriveListBox::fill(const QList<Volume> &volumes)
 {

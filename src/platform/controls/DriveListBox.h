@@ -5,7 +5,7 @@
 struct Volume;
 
 /// The places where files are: the file system, the home folder, drives and network shares. They are looked
-/// up anew each time when the list is opened.
+/// up anew each time when the list is opened, and when the palette has turned, which gives other icons.
 class DriveListBox : public QComboBox
 {
     Q_OBJECT
@@ -18,6 +18,9 @@ public:
     QString Drive() const;
 
     void showPopup() override;
+
+protected:
+    void changeEvent(QEvent *event) override;
 
 Q_SIGNALS:
     /// The user chose a place, also the one that is selected already.

@@ -38,6 +38,15 @@ MdiArea::MdiArea(QWidget *parent)
     setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
     setBackgroundFromPalette();
+    on(this, &QMdiArea::subWindowActivated, this, &MdiArea::activeChildChanged);
+}
+
+bool MdiArea::viewportEvent(QEvent *event)
+{
+    const bool isHandled = QMdiArea::viewportEvent(event);
+    if (event->type() == QEvent::ChildRemoved)
+        run([&] { Q_EMIT activeChildChanged(); });
+    return isHandled;
 }
 
 void MdiArea::adopt(QWidget &child)

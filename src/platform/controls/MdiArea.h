@@ -31,7 +31,13 @@ public:
     /// The children in order of creation.
     QList<QMdiSubWindow *> childWindows() const { return subWindowList(CreationOrder); }
 
+Q_SIGNALS:
+    /// activeChild() may be another one. Also when the last child on show is closed while another is loaded
+    /// and not shown, of which Qt's own signal says nothing.
+    void activeChildChanged();
+
 protected:
+    bool viewportEvent(QEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
 

@@ -15,7 +15,7 @@ void printError(int number, const QString &description)
     std::fprintf(stderr, "Run-time error '%d': %s\n", number, qPrintable(description));
 }
 
-bool failing = false;
+bool blocked = false;
 
 /// A normal end lets the application object go as it should, so that what was copied stays with the desktop;
 /// but no handler runs any more.
@@ -23,7 +23,7 @@ void endProcess(int code)
 {
     if (code != EXIT_SUCCESS || !QCoreApplication::instance())
         std::_Exit(code);
-    failing = true;
+    blocked = true;
     QCoreApplication::exit(code);
 }
 
@@ -88,36 +88,26 @@ void EventGate::end(int code)
     currentEnd()(code);
 }
 
-bool EventGate::isFailing()
+bool EventGate::isBlocked()
 {
-    return failing;
+    return blocked;
 }
 
 void EventGate::fail(int number, const QString &description)
 {
-    if (failing)
+    if (blocked)
         return;
-    failing = true;
+    blocked = true;
     runLastSteps();
     currentBox()(number, description);
     currentEnd()(EXIT_FAILURE);
-    failing = false; // reached only where a test replaced the end
+    blocked = false; // reached only where a test replaced the end
 }
 
 void EventGate::failWithCurrentException() noexcept
 {
-    try {
-        throw;
-    } catch (const RuntimeError &error) {
-        fail(error.number(), error.description());
-    } catch (const std::bad_alloc &) {
-        fail(ErrorNumber::OutOfMemory, RuntimeError(ErrorNumber::OutOfMemory).description());
-    } catch (const std::exception &error) {
-        fail(ErrorNumber::InvalidProcedureCall, QString::fromUtf8(error.what()));
-    } catch (...) {
-        fail(ErrorNumber::InvalidProcedureCall,
-             RuntimeError(ErrorNumber::InvalidProcedureCall).description());
-    }
+    const RuntimeError error = RuntimeError::current();
+    fail(error.number(), error.description());
 }
 
 void processPendingEvents()

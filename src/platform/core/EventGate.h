@@ -34,8 +34,8 @@ void end(int code);
 /// The default error box, then the end. Does nothing while the box of another failure is up.
 void fail(int number, const QString &description);
 
-/// True while the box is up.
-bool isFailing();
+/// No handler runs: the box is up, or the process ends.
+bool isBlocked();
 
 /// Fails with the exception that is being handled.
 void failWithCurrentException() noexcept;
@@ -57,7 +57,7 @@ void waitForEvents();
 template<class Step>
 void run(Step &&step) noexcept
 {
-    if (EventGate::isFailing())
+    if (EventGate::isBlocked())
         return;
     const RunningHandler running;
     try {

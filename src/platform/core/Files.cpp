@@ -4,6 +4,7 @@
 #include "FileNames.h"
 #include "RuntimeError.h"
 
+#include <QRandomGenerator>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
@@ -14,23 +15,29 @@
 
 namespace {
 
-/// The new file beside its name; removed unless it is renamed into place.
-class Sibling
+constexpr mode_t privateMode = 0600;
+constexpr mode_t ordinaryMode = 0666; // of which the system takes what the user's mask forbids
+
+/// The folder that \a name is in, with a slash at its end.
+QByteArray folderOf(const QByteArray &name)
+{
+    const qsizetype slash = name.lastIndexOf('/');
+    return slash < 0 ? QByteArray("./") : name.left(slash + 1);
+}
+
+/// The new file in the folder of its target; removed unless it is renamed into place.
+class TemporaryFile
 {
 public:
-    static Sibling unique(const QByteArray &target)
-    {
-        QByteArray name = target + ".XXXXXX";
-        const int fd = ::mkostemp(name.data(), O_CLOEXEC);
-        return Sibling(name, fd);
-    }
-    static Sibling fixed(const QByteArray &target)
+    /// Its own name is short, however long that of \a target is.
+    static TemporaryFile unique(const QByteArray &target, mode_t mode);
+    static TemporaryFile fixed(const QByteArray &target, mode_t mode)
     {
         const QByteArray name = target + ".new";
-        return Sibling(name,
-                       ::open(name.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0600));
+        return TemporaryFile(
+            name, ::open(name.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, mode));
     }
-    ~Sibling()
+    ~TemporaryFile()
     {
         if (m_pending)
             ::unlink(m_name.constData());
@@ -42,7 +49,7 @@ public:
     bool replace(const QByteArray &target);
 
 private:
-    Sibling(const QByteArray &name, int fd)
+    TemporaryFile(const QByteArray &name, int fd)
         : m_name(name)
         , m_fd(fd)
         , m_pending(m_fd.isOpen())
@@ -53,7 +60,18 @@ private:
     bool m_pending;
 };
 
-bool Sibling::write(const QByteArray &bytes)
+TemporaryFile TemporaryFile::unique(const QByteArray &target, mode_t mode)
+{
+    for (;;) {
+        const QByteArray name =
+            folderOf(target) + ".new-" + QByteArray::number(QRandomGenerator::global()->generate(), 36);
+        const int fd = ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        if (fd >= 0 || errno != EEXIST)
+            return TemporaryFile(name, fd);
+    }
+}
+
+bool TemporaryFile::write(const QByteArray &bytes)
 {
     const char *next = bytes.constData();
     qsizetype left = bytes.size();
@@ -69,7 +87,7 @@ bool Sibling::write(const QByteArray &bytes)
     return ::fsync(m_fd.get()) == 0;
 }
 
-bool Sibling::replace(const QByteArray &target)
+bool TemporaryFile::replace(const QByteArray &target)
 {
     if (!m_fd.close() || ::rename(m_name.constData(), target.constData()) != 0)
         return false;
@@ -77,23 +95,9 @@ bool Sibling::replace(const QByteArray &target)
     return true;
 }
 
-mode_t ordinaryMode()
-{
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return 0666 & ~mask;
-}
-
 [[noreturn]] void fail(const QString &path, int code = errno)
 {
     throw RuntimeError::fromErrno(code, path);
-}
-
-/// The folder that \a name is in, with a slash at its end.
-QByteArray folderOf(const QByteArray &name)
-{
-    const qsizetype slash = name.lastIndexOf('/');
-    return slash < 0 ? QByteArray("./") : name.left(slash + 1);
 }
 
 /// The file that writing \a name has to replace: what a link points to, else the name itself.
@@ -115,11 +119,9 @@ QByteArray targetOf(const QByteArray &name)
     return targetOf(next.startsWith('/') ? next : folderOf(name) + next);
 }
 
-constexpr mode_t privateMode = S_IRUSR | S_IWUSR;
-
-/// \a mode is the new file's; without one the old file's is kept.
-void writeBy(Sibling (*make)(const QByteArray &target), const QString &path, const QByteArray &bytes,
-             std::optional<mode_t> mode = {})
+/// \a mode is the new file's; without one the old file's is kept, or the ordinary one taken.
+void writeBy(TemporaryFile (*make)(const QByteArray &target, mode_t mode), const QString &path,
+             const QByteArray &bytes, std::optional<mode_t> mode = {})
 {
     const QByteArray target = targetOf(FileNames::toBytes(path));
     struct stat old = {};
@@ -128,13 +130,13 @@ void writeBy(Sibling (*make)(const QByteArray &target), const QString &path, con
         throw RuntimeError(ErrorNumber::PathFileAccessError, {}, path);
     if (replaces && ::access(target.constData(), W_OK) != 0)
         fail(path);
-    if (!mode)
-        mode = replaces ? old.st_mode & 07777 : ordinaryMode();
+    if (!mode && replaces)
+        mode = old.st_mode & 07777;
 
-    Sibling sibling = make(target);
-    if (!sibling.isOpen())
+    TemporaryFile file = make(target, mode ? privateMode : ordinaryMode);
+    if (!file.isOpen())
         fail(path, errno == ENOENT ? ENOTDIR : errno);
-    if (!sibling.setMode(*mode) || !sibling.write(bytes) || !sibling.replace(target))
+    if ((mode && !file.setMode(*mode)) || !file.write(bytes) || !file.replace(target))
         fail(path);
 
     const Descriptor folder(::open(folderOf(target).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -176,15 +178,15 @@ QByteArray Files::read(const QString &path)
 
 void Files::write(const QString &path, const QByteArray &bytes)
 {
-    writeBy(&Sibling::unique, path, bytes);
+    writeBy(&TemporaryFile::unique, path, bytes);
 }
 
 void Files::writePrivate(const QString &path, const QByteArray &bytes)
 {
-    writeBy(&Sibling::unique, path, bytes, privateMode);
+    writeBy(&TemporaryFile::unique, path, bytes, privateMode);
 }
 
 void Files::writeLocked(const QString &path, const QByteArray &bytes)
 {
-    writeBy(&Sibling::fixed, path, bytes);
+    writeBy(&TemporaryFile::fixed, path, bytes);
 }

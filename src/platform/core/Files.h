@@ -14,8 +14,8 @@ QByteArray read(const QString &path);
 /// Replaces \a path by \a bytes: written beside it, synced and renamed over it, so that after any failure
 /// the old file is unchanged and nothing is left beside it. Permissions of the old file are kept, and a
 /// symbolic link keeps its target.
-/// Throws RuntimeError: 61 on a full disk, 70 without permission, 76 when the folder is missing, 75 when
-/// \a path is a folder or a device.
+/// Throws RuntimeError: 61 on a full disk, 70 without permission for the file or for its folder, 76 when the
+/// folder is missing, 75 when \a path is a folder or a device.
 void write(const QString &path, const QByteArray &bytes);
 
 /// As write, but only the user may read the new file, whatever the old one's permissions were.
@@ -23,6 +23,7 @@ void writePrivate(const QString &path, const QByteArray &bytes);
 
 /// As write, for a caller that holds a lock against all other writers of \a path: the new bytes are in
 /// "PATH.new" meanwhile, so that what killed processes leave behind is one file, which the next write takes.
+/// The name of \a path may have four bytes less than others for that.
 void writeLocked(const QString &path, const QByteArray &bytes);
 
 } // namespace Files

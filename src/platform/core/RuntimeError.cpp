@@ -101,3 +101,18 @@ RuntimeError RuntimeError::fromErrno(int code, const QString &path)
 {
     return RuntimeError(numberForErrno(code), {}, path);
 }
+
+RuntimeError RuntimeError::current()
+{
+    try {
+        throw;
+    } catch (const RuntimeError &error) {
+        return error;
+    } catch (const std::bad_alloc &) {
+        return RuntimeError(ErrorNumber::OutOfMemory);
+    } catch (const std::exception &error) {
+        return RuntimeError(ErrorNumber::InvalidProcedureCall, QString::fromUtf8(error.what()));
+    } catch (...) {
+        return RuntimeError(ErrorNumber::InvalidProcedureCall);
+    }
+}

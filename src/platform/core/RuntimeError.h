@@ -46,6 +46,9 @@ public:
     QString source() const { return m_source; }
     const char *what() const noexcept override { return m_what.constData(); }
 
+    /// The exception that is being handled; 7 where memory was short, 5 for another that is no RuntimeError.
+    static RuntimeError current();
+
     /// The error for the C library's \a code (an errno value) met while touching \a path.
     static RuntimeError fromErrno(int code, const QString &path);
 

@@ -15,6 +15,8 @@
 
 namespace {
 
+constexpr int patience = 2000; // milliseconds
+
 using Section = QMap<QString, QString>;
 
 struct Ini
@@ -85,18 +87,27 @@ QString Settings::get(const QString &application, const QString &section, const 
     }
 }
 
-void Settings::save(const QString &application, const QString &section, const QString &key,
-                    const QString &value)
+void Settings::save(const QString &application, const QString &section,
+                    const QList<std::pair<QString, QString>> &values)
 {
     const QString path = fileName(application);
     QDir().mkpath(QFileInfo(path).path());
     QLockFile lock(path + QStringLiteral(".lock"));
-    lock.tryLock(2000); // without the lock the write itself reports the reason
+    // Where no lock can be made at all, the write itself reports the reason.
+    if (!lock.tryLock(patience) && lock.error() == QLockFile::LockFailedError)
+        throw RuntimeError(ErrorNumber::PermissionDenied, {}, path);
 
     const QByteArray before = QFileInfo::exists(path) ? Files::read(path) : QByteArray();
     Ini ini = parse(before);
     if (ini.isDamaged)
         Files::write(path + QStringLiteral(".damaged"), before);
-    ini.sections[section][key] = value;
+    for (const auto &[key, value] : values)
+        ini.sections[section][key] = value;
     Files::write(path, serialise(ini));
+}
+
+void Settings::save(const QString &application, const QString &section, const QString &key,
+                    const QString &value)
+{
+    save(application, section, {{key, value}});
 }

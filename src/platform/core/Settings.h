@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QList>
 #include <QString>
+#include <utility>
 
 /// The small per-user map of settings: one INI file, keyed by application, section and key; values are text.
 namespace Settings {
@@ -8,9 +10,11 @@ namespace Settings {
 /// The stored value, or \a fallback when the key is absent or the file cannot be read.
 QString get(const QString &application, const QString &section, const QString &key, const QString &fallback);
 
-/// Stores \a value at once and makes what is missing. A file that could not be understood is kept beside the
-/// new one with ".damaged" behind its name. Throws RuntimeError 70, 61 or another file error when the file
-/// cannot be written; it is then unchanged.
+/// Stores the values by their keys at once and makes what is missing. A file that could not be understood is
+/// kept beside the new one with ".damaged" behind its name. Throws RuntimeError 70, 61 or another file error
+/// when the file cannot be written, 70 also when another process keeps it locked; it is then unchanged.
+void save(const QString &application, const QString &section,
+          const QList<std::pair<QString, QString>> &values);
 void save(const QString &application, const QString &section, const QString &key, const QString &value);
 
 /// The INI file of \a application.

@@ -3,7 +3,8 @@
 #include "EventGate.h"
 
 #include <QDBusConnection>
-#include <QDBusConnectionInterface>
+#include <QDBusError>
+#include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 #include <QFileInfo>
 
@@ -32,6 +33,18 @@ bool meansDark(QVariant value)
     return value.toUInt() == darkScheme;
 }
 
+QDBusMessage question()
+{
+    QDBusMessage message = QDBusMessage::createMethodCall(service, path, portal, QStringLiteral("Read"));
+    message << appearance << colorScheme;
+    return message;
+}
+
+bool isAnswer(const QDBusMessage &message)
+{
+    return message.type() == QDBusMessage::ReplyMessage;
+}
+
 } // namespace
 
 ColorScheme::ColorScheme(QObject *parent)
@@ -42,17 +55,25 @@ ColorScheme::ColorScheme(QObject *parent)
                                               SLOT(settingChanged(QDBusMessage)));
 }
 
-bool ColorScheme::prefersDark() const
+bool ColorScheme::prefersDark()
 {
     if (!hasSessionBus())
         return false;
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected() || !bus.interface()->isServiceRegistered(service).value())
-        return false;
-    QDBusMessage question = QDBusMessage::createMethodCall(service, path, portal, QStringLiteral("Read"));
-    question << appearance << colorScheme;
-    const QDBusMessage answer = bus.call(question, QDBus::Block, patience);
-    return answer.type() == QDBusMessage::ReplyMessage && meansDark(answer.arguments().value(0));
+    const QDBusMessage answer = QDBusConnection::sessionBus().call(question(), QDBus::Block, patience);
+    if (QDBusError(answer).type() == QDBusError::NoReply)
+        askAgain();
+    return isAnswer(answer) && meansDark(answer.arguments().value(0));
+}
+
+void ColorScheme::askAgain()
+{
+    auto *call = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question()), this);
+    on(call, &QDBusPendingCallWatcher::finished, this, [this, call] {
+        call->deleteLater();
+        const QDBusMessage answer = call->reply();
+        if (isAnswer(answer))
+            Q_EMIT changed(meansDark(answer.arguments().value(0)));
+    });
 }
 
 // The whole message: a slot with the arguments of this signal is refused by this version of QtDBus.

@@ -11,11 +11,15 @@ class ColorScheme : public QObject
 public:
     explicit ColorScheme(QObject *parent);
 
-    /// False where no portal runs or it has no opinion. Waits at most a twentieth of a second.
-    bool prefersDark() const;
+    /// False where there is no portal or it has no opinion. Waits at most a twentieth of a second; a portal
+    /// that has to be started first answers later, by changed().
+    bool prefersDark();
 
 Q_SIGNALS:
     void changed(bool dark);
+
+private:
+    void askAgain();
 
 private Q_SLOTS:
     void settingChanged(const QDBusMessage &message);

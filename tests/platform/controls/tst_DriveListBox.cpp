@@ -2,6 +2,7 @@
 #include "PrintQt.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QDir>
 #include <QSignalSpy>
 #include <QTest>
@@ -25,6 +26,17 @@ TEST_F(DriveListBoxTest, BeginsWithTheHomeFolder)
     EXPECT_EQ(box.itemText(0), QStringLiteral("File System (/)"));
     for (int i = 0; i < box.count(); ++i)
         EXPECT_FALSE(box.itemIcon(i).isNull());
+}
+
+TEST_F(DriveListBoxTest, TheIconsFollowThePalette)
+{
+    const auto shown = [this] { return box.itemIcon(box.currentIndex()).pixmap(22).toImage(); };
+    QApplication::setPalette(Qt::white);
+    const QImage light = shown();
+    QApplication::setPalette(Qt::black);
+    EXPECT_NE(shown(), light);
+    EXPECT_EQ(box.Drive(), QDir::homePath());
+    EXPECT_TRUE(changes.isEmpty());
 }
 
 TEST_F(DriveListBoxTest, AChoiceOfTheUserIsAChange)

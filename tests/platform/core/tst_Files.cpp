@@ -41,6 +41,10 @@ TEST_P(HostileFilesTest, WritesTheFileThatItReads)
     Files::write(path, "one");
     EXPECT_EQ(Files::read(path), QByteArray("one"));
     EXPECT_EQ(files(), QStringList(GetParam().text()));
+}
+
+TEST_P(HostileFilesTest, WritesTheFileWhoseLockIsHeld)
+{
     Files::writeLocked(path, "two");
     EXPECT_EQ(Files::read(path), QByteArray("two"));
     EXPECT_EQ(files(), QStringList(GetParam().text()));

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QTimer>
 
 namespace {
 
@@ -11,8 +12,9 @@ const QString path = QStringLiteral("/org/freedesktop/portal/desktop");
 
 } // namespace
 
-StandInPortal::StandInPortal(uint scheme)
+StandInPortal::StandInPortal(uint scheme, int delay)
     : m_scheme(scheme)
+    , m_delay(delay)
 {
     moveToThread(&m_thread);
     m_thread.start();
@@ -41,9 +43,14 @@ StandInPortal::~StandInPortal()
     m_thread.wait();
 }
 
-QDBusVariant StandInPortal::Read(const QString &, const QString &) const
+QDBusVariant StandInPortal::Read(const QString &, const QString &, const QDBusMessage &question)
 {
-    return QDBusVariant(QVariant::fromValue(QDBusVariant(m_scheme)));
+    question.setDelayedReply(true);
+    const auto value = QVariant::fromValue(QDBusVariant(QVariant::fromValue(QDBusVariant(m_scheme))));
+    QTimer::singleShot(m_delay, this, [reply = question.createReply(value)] {
+        QDBusConnection(connectionName).send(reply);
+    });
+    return {};
 }
 
 void StandInPortal::turnTo(uint scheme)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QDBusMessage>
 #include <QDBusVariant>
 #include <QThread>
 
@@ -11,17 +12,19 @@ class StandInPortal : public QObject
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 
 public:
-    explicit StandInPortal(uint scheme);
+    /// Answers \a delay milliseconds after the question.
+    explicit StandInPortal(uint scheme, int delay = 0);
     ~StandInPortal() override;
 
     void turnTo(uint scheme);
 
 public Q_SLOTS:
-    QDBusVariant Read(const QString &nameSpace, const QString &key) const;
+    QDBusVariant Read(const QString &nameSpace, const QString &key, const QDBusMessage &question);
 
 private:
     static void announce(const QString &key, uint value);
 
     QThread m_thread;
     uint m_scheme;
+    int m_delay;
 };

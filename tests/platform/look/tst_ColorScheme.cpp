@@ -24,6 +24,18 @@ TEST(ColorScheme, FollowsThePortal)
     EXPECT_FALSE(turns[0][0].toBool());
 }
 
+TEST(ColorScheme, ALateAnswerIsAChange)
+{
+    ASSERT_TRUE(PrivateBus::isRunning());
+    constexpr int moreThanThePatience = 300; // milliseconds
+    StandInPortal portal(1, moreThanThePatience);
+    ColorScheme scheme(nullptr);
+    QSignalSpy turns(&scheme, &ColorScheme::changed);
+    EXPECT_FALSE(scheme.prefersDark());
+    ASSERT_TRUE(turns.wait());
+    EXPECT_TRUE(turns[0][0].toBool());
+}
+
 TEST(ColorScheme, NoPreferenceIsLight)
 {
     ASSERT_TRUE(PrivateBus::isRunning());

@@ -26,7 +26,7 @@ Walker::Walker(std::function<void(RunningSuite &)> prepare)
     EventGate::setBox(
         [this](int number, const QString &) { m_errors << m_steps.last() + u' ' + QString::number(number); });
     EventGate::setEnd([this](int) {
-        if (!EventGate::isFailing())
+        if (!EventGate::isBlocked())
             m_ends << m_steps.last();
     });
     m_suite.dialogs.leaveWhatComes();
