@@ -286,7 +286,9 @@ void frmFTP::showResponse()
     if (!isLoaded())
         return;
     Beep();
-    if (GettingSize) // Intended: for CLOSE, too, where Disconnect was pressed meanwhile
+    // Intended: also for CLOSE or the list of a new log-on, where the user has disconnected or connected
+    // while a size was waited for.
+    if (GettingSize)
         Ask(QStringLiteral("The size of file ") + selectedRow() + QStringLiteral(" is ") + response +
                 QStringLiteral(" bytes"),
             MsgBoxStyle::Information, QStringLiteral("Size"));

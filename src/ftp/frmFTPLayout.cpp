@@ -195,6 +195,7 @@ QWidget *frmFTP::buildRemoteFiles()
     auto *fraRemoteFiles = named<QGroupBox>("fraRemoteFiles", QStringLiteral("Remote Files"));
     auto *column = new QVBoxLayout(fraRemoteFiles);
     lstRemoteFile = list<ListBox>("lstRemoteFile", QStringLiteral("Remote Files"));
+    lstRemoteFile->setTextElideMode(Qt::ElideMiddle); // the end says what kind it is
     cmdNewFolder =
         iconButton(*m_icons, "cmdNewFolder", QStringLiteral("New Folder"), QStringLiteral("folder-new"));
     cmdUpFolder =

@@ -1,6 +1,8 @@
 #include "Colors.h"
 #include "DirListBox.h"
 #include "DriveListBox.h"
+#include "ErrorReports.h"
+#include "EventGate.h"
 #include "FileListBox.h"
 #include "Forms.h"
 #include "FtpWindow.h"
@@ -18,6 +20,7 @@
 #include <QTest>
 #include <QToolButton>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace {
 
@@ -253,15 +256,58 @@ TEST_F(FtpWindowTest, AMissingProfileFileIsAnErrorOfTheLoad)
 {
     window.close();
     ASSERT_EQ(::unlink(window.programFolder.file("ftpprof.dat").constData()), 0);
-    auto &form = Forms::refer<frmFTP>();
+    const QPointer<Form> form = &Forms::refer<frmFTP>();
     try {
-        form.showModeless();
+        form->showModeless();
         ADD_FAILURE() << "it was opened";
     } catch (const RuntimeError &error) {
         EXPECT_EQ(error.number(), ErrorNumber::FileNotFound);
         EXPECT_EQ(error.description(), QStringLiteral("File not found"));
     }
-    EXPECT_FALSE(form.isVisible());
+    EXPECT_FALSE(form && form->isVisible());
+}
+
+/// The frame's toolbar ignores errors, its menu does not; a load that has failed is none.
+TEST_F(FtpWindowTest, AMissingProfileFileIsSilentInTheToolbarAndThenFatalInTheMenu)
+{
+    window.close();
+    ASSERT_EQ(::unlink(window.programFolder.file("ftpprof.dat").constData()), 0);
+    for (int i = 0; i < 2; ++i) {
+        ignoreErrors([this] { window.open(); });
+        EXPECT_FALSE(window.isOpen());
+        EXPECT_TRUE(Forms::named(QStringLiteral("frmFTP")).isEmpty());
+    }
+    QAction item;
+    on(&item, &QAction::triggered, &item, [this] { window.open(); });
+    window.frame.fatal.expect(ErrorNumber::FileNotFound, QStringLiteral("File not found"));
+    item.trigger();
+}
+
+TEST_F(FtpWindowTest, OnceThereIsAProfileFileTheWindowOpens)
+{
+    window.close();
+    ASSERT_EQ(::unlink(window.programFolder.file("ftpprof.dat").constData()), 0);
+    ignoreErrors([this] { window.open(); });
+    window.programFolder.addFile("ftpprof.dat", "0,Other,other.example,,pw,\r\n");
+    window.open();
+    EXPECT_TRUE(window.form().isVisible());
+    EXPECT_EQ(text("txtAccount"), QStringLiteral("Other"));
+}
+
+/// As where the first record has no fields.
+TEST_F(FtpWindowTest, AnEmptyProfileFileLeavesTheBoxesEmpty)
+{
+    for (const char *content : {"", "\r\n", "0"}) {
+        window.close();
+        window.programFolder.addFile("ftpprof.dat", content);
+        window.open();
+        for (const char *name : {"txtAccount", "txtServer", "txtUserName", "txtPassword"})
+            EXPECT_EQ(text(name), QString()) << name;
+        EXPECT_TRUE(window.isEnabled("cmdLogOn"));
+    }
+    window.frame.dialogs.expectBox(QStringLiteral("LogOn Failure"),
+                                   QStringLiteral("You must specify a server and password."));
+    window.click("cmdLogOn");
 }
 
 TEST_F(FtpWindowTest, IconsFollowThePalette)
@@ -316,6 +362,37 @@ TEST_F(FtpWindowTest, TheFileListFollowsTheFolder)
     EXPECT_EQ(files.Path(), window.local.path() + QStringLiteral("/sub"));
     ASSERT_EQ(files.ListCount(), 1);
     EXPECT_EQ(files.List(0), QStringLiteral(".hidden"));
+}
+
+TEST_F(FtpWindowTest, AFolderThatIsGoneLeavesTheFileList)
+{
+    window.local.addFolder("sub");
+    window.local.addFile("sub/file");
+    auto &folders = window.control<DirListBox>("dirLocalDir");
+    const auto &files = window.control<FileListBox>("filLocalFile");
+    folders.setPath(window.local.path() + QStringLiteral("/sub"));
+    ASSERT_EQ(::unlink(window.local.file("sub/file").constData()), 0);
+    ASSERT_EQ(::rmdir(window.local.file("sub").constData()), 0);
+    Q_EMIT folders.Change();
+    EXPECT_EQ(files.Path(), window.local.path() + QStringLiteral("/sub"));
+    EXPECT_EQ(files.ListCount(), 1);
+}
+
+TEST_F(FtpWindowTest, ADoubleClickOpensALocalFolder)
+{
+    window.local.addFolder("sub");
+    window.local.addFile("sub/file");
+    auto &folders = window.control<DirListBox>("dirLocalDir");
+    folders.setPath(QStringLiteral("/"));
+    folders.setPath(window.local.path());
+    const QModelIndex below = folders.model()->index(folders.currentIndex().row() + 1, 0);
+    folders.scrollTo(below);
+    const QPoint place = folders.visualRect(below).center();
+    QTest::mouseClick(folders.viewport(), Qt::LeftButton, {}, place);
+    QTest::mouseDClick(folders.viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(path(), window.local.path() + QStringLiteral("/sub"));
+    EXPECT_EQ(window.control<FileListBox>("filLocalFile").Path(), path());
+    EXPECT_EQ(window.control<FileListBox>("filLocalFile").List(0), QStringLiteral("file"));
 }
 
 TEST_F(FtpWindowTest, TheRefreshKeyReadsTheLocalFilesAgain)

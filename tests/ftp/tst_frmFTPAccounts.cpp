@@ -274,6 +274,30 @@ TEST_F(FtpAccountsTest, MayBeOpenedDuringATransfer)
     EXPECT_EQ(window.rows().join(u'|'), QStringLiteral("a|a"));
 }
 
+/// The wait for the size goes on while the new log-on runs.
+TEST_F(FtpAccountsTest, ConnectedDuringSizeTheListIsShownAsTheSize)
+{
+    window.served.addFile("a");
+    window.logOn({QStringLiteral("a")});
+    window.server.setListing("type=file; b\r\ntype=dir; c\r\n");
+    window.server.hold("SIZE");
+    window.server.during("SIZE", [this] {
+        use([this](const Accounts &accounts) {
+            window.frame.dialogs.expectBox(QStringLiteral("Size"),
+                                           QStringLiteral("The size of file a is b\nc/\n bytes"));
+            accounts.click("OKButton");
+        });
+    });
+    window.selectRow(QStringLiteral("a"));
+    window.click("cmdSize");
+    EXPECT_EQ(window.commands(), QStringLiteral("SIZE a|USER tester|PASS secret|MLSD"));
+    EXPECT_EQ(window.rows(), QStringList{QStringLiteral("a")});
+    EXPECT_EQ(window.status(), QStringLiteral("Connected"));
+    window.server.release();
+    window.click("cmdUpFolder"); // whose list is a list again
+    EXPECT_EQ(window.rows().join(u'|'), QStringLiteral("b|c/"));
+}
+
 TEST_F(FtpAccountsTest, AMissingFileEndsTheSuite)
 {
     ASSERT_EQ(::unlink(window.programFolder.file("ftpprof.dat").constData()), 0);

@@ -150,6 +150,12 @@ TEST_F(FtpCommandsTest, ADoubleClickReceivesAFile)
     window.selectLocalFile("a b.txt");
 }
 
+/// In the server's list, too, where a "/" at the end is that of a folder.
+TEST_F(FtpCommandsTest, ALongRowShowsItsEnd)
+{
+    EXPECT_EQ(window.remote().textElideMode(), Qt::ElideMiddle);
+}
+
 TEST_F(FtpCommandsTest, MovesUpOneFolder)
 {
     window.click("cmdUpFolder");

@@ -17,6 +17,7 @@
 #include <QTest>
 #include <QUrl>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace {
 
@@ -134,6 +135,18 @@ TEST_F(FtpTransfersTest, AsksForEachRowOfThatName)
     EXPECT_EQ(window.commands(), put(file));
 }
 
+TEST_F(FtpTransfersTest, ANoAfterAYesEndsTheSend)
+{
+    window.logOn({file, QStringLiteral("c"), file, file});
+    window.addLocalFile("a b.txt", "newer");
+    expectOverwrite(file).press(QMessageBox::Yes);
+    expectOverwrite(file).press(QMessageBox::No);
+    window.click("cmdsend");
+    EXPECT_EQ(window.frame.dialogs.seen().size(), 2);
+    EXPECT_EQ(window.probe.states(), QString());
+    EXPECT_EQ(served(file), "from the server");
+}
+
 TEST_F(FtpTransfersTest, AFolderOfThatNameOrAnotherCaseIsNotTheFile)
 {
     window.server.reply("STOR", "226 Done.");
@@ -175,6 +188,58 @@ TEST_F(FtpTransfersTest, BeforeAnyLogOnASendReachesTheSession)
     EXPECT_EQ(window.probe.states(), QStringLiteral("11:12030 11:12030"));
     EXPECT_EQ(window.server.connections(), 1); // that of the window before
     EXPECT_FALSE(window.isEnabled("cmdsend"));
+}
+
+TEST_F(FtpTransfersTest, BeforeAnyLogOnAReceiveReachesTheSession)
+{
+    window.close();
+    window.open();
+    window.forget();
+    window.control<DirListBox>("dirLocalDir").setPath(window.local.path());
+    QString during;
+    window.frame.dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [&](QMessageBox &box) {
+        EXPECT_EQ(box.windowTitle(), QStringLiteral("Error"));
+        EXPECT_EQ(box.text(), QStringLiteral("12030 The connection with the server has been terminated."));
+        during = window.status();
+        box.accept();
+    });
+    window.control<QLabel>("lblStatus").setText(QStringLiteral("before"));
+    window.click("cmdreceive");
+    EXPECT_EQ(window.probe.states(), QStringLiteral("11:12030"));
+    EXPECT_EQ(during, QStringLiteral("Not Connected"));
+    EXPECT_EQ(window.status(), QStringLiteral("Connected")); // the flow goes on
+    EXPECT_FALSE(window.isEnabled("cmdreceive"));
+    EXPECT_TRUE(window.isEnabled("cmdLogOn"));
+    EXPECT_EQ(window.control<FileListBox>("filLocalFile").ListCount(), 0);
+}
+
+/// The session logs on again as before; the buttons stay as they are.
+TEST_F(FtpTransfersTest, AfterALogOffTheSendImageSends)
+{
+    window.addLocalFile("new.txt", "from this computer");
+    window.click("cmdLogOff");
+    window.forget();
+    window.click("imgSendFile");
+    EXPECT_EQ(window.commands(), QStringLiteral("USER tester|PASS secret|") + put(QStringLiteral("new.txt")));
+    EXPECT_EQ(served(QStringLiteral("new.txt")), "from this computer");
+    EXPECT_EQ(window.rows(), QStringList({QStringLiteral("pub/"), file}));
+    for (const char *name : {"cmdsend", "cmdreceive", "lstRemoteFile", "cmdLogOff"})
+        EXPECT_FALSE(window.isEnabled(name)) << name;
+    EXPECT_TRUE(window.isEnabled("cmdLogOn"));
+}
+
+/// The list is empty then.
+TEST_F(FtpTransfersTest, AfterALogOffTheReceiveImageSendsEmptyNames)
+{
+    window.selectRow(file);
+    window.click("cmdLogOff");
+    window.forget();
+    window.click("imgReceiveFile");
+    EXPECT_EQ(window.probe.states(), QStringLiteral("11:87"));
+    EXPECT_EQ(window.commands(), QString());
+    EXPECT_EQ(window.server.openConnections(), 0);
+    EXPECT_EQ(window.status(), QStringLiteral("Connected"));
+    EXPECT_FALSE(window.isEnabled("cmdreceive"));
 }
 
 TEST_F(FtpTransfersTest, ReceivesTheSelectedFile)
@@ -252,6 +317,25 @@ TEST_F(FtpTransfersTest, ARefusedTransferIsReported)
     EXPECT_EQ(window.control<FileListBox>("filLocalFile").ListCount(), 0);
 }
 
+/// The list is refreshed all the same.
+TEST_F(FtpTransfersTest, ARefusedSendIsReported)
+{
+    window.server.reply("STOR", "553 <b>Not</b> allowed.");
+    window.server.setListing("type=file; other\r\n");
+    window.addLocalFile("new.txt");
+    window.frame.dialogs.expectBox(QStringLiteral("Error"), QStringLiteral("12003 553 <b>Not</b> allowed."))
+        .icon(QMessageBox::Critical)
+        .buttons(QMessageBox::Ok);
+    const WindowLog log(window.form(), window.control<QLabel>("lblStatus"));
+    window.click("cmdsend");
+    EXPECT_EQ(window.commands(), put(QStringLiteral("new.txt")));
+    EXPECT_EQ(window.rows(), QStringList{QStringLiteral("other")});
+    EXPECT_TRUE(log.entries().contains(QStringLiteral("Connected")));
+    EXPECT_TRUE(window.isEnabled("cmdsend"));
+    EXPECT_EQ(window.beeps, 1); // of the list
+    EXPECT_NE(::access(window.served.file("new.txt").constData(), F_OK), 0);
+}
+
 TEST_F(FtpTransfersTest, AFileDroppedOnTheServersListIsSent)
 {
     window.addLocalFile("new.txt");
@@ -285,7 +369,7 @@ TEST_F(FtpTransfersTest, AForeignDragIsNotTaken)
         QCoreApplication::sendEvent(list->viewport(), &drop);
         EXPECT_FALSE(drop.isAccepted());
     }
-    QTest::qWait(0);
+    QCoreApplication::sendPostedEvents(); // among which a drop would come
     EXPECT_EQ(window.probe.states(), QString());
     EXPECT_EQ(window.rows().size(), 2);
 }

@@ -1,5 +1,6 @@
 #include "Files.h"
 
+#include "Descriptor.h"
 #include "FileNames.h"
 #include "RuntimeError.h"
 
@@ -11,34 +12,11 @@
 #include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
-#include <utility>
 
 namespace {
 
 constexpr mode_t privateMode = 0600;
 constexpr mode_t ordinaryMode = 0666; // of which the system takes what the user's mask forbids
-
-class Descriptor
-{
-public:
-    explicit Descriptor(int fd)
-        : m_fd(fd)
-    {}
-    ~Descriptor() { close(); }
-    Descriptor(const Descriptor &) = delete;
-    Descriptor &operator=(const Descriptor &) = delete;
-
-    int get() const { return m_fd; }
-    bool isOpen() const { return m_fd >= 0; }
-    bool close()
-    {
-        const int fd = std::exchange(m_fd, -1);
-        return fd < 0 || ::close(fd) == 0;
-    }
-
-private:
-    int m_fd;
-};
 
 /// The folder that \a name is in, with a slash at its end.
 QByteArray folderOf(const QByteArray &name)

@@ -18,63 +18,28 @@ void InternetTransfer::setProtocol(int protocol)
         throw RuntimeError(ErrorNumber::InvalidPropertyValue);
 }
 
-QString InternetTransfer::RemoteHost() const
-{
-    return m_session->server();
-}
-
 void InternetTransfer::setRemoteHost(const QString &server)
 {
-    m_session->setServer(server);
-}
-
-QString InternetTransfer::UserName() const
-{
-    return m_session->user;
-}
-
-void InternetTransfer::setUserName(const QString &name)
-{
-    m_session->user = name;
-}
-
-QString InternetTransfer::Password() const
-{
-    return m_session->password;
-}
-
-void InternetTransfer::setPassword(const QString &password)
-{
-    m_session->password = password;
-}
-
-int InternetTransfer::RequestTimeout() const
-{
-    return m_session->timeout;
+    m_server.clear();
+    m_logOn.address = {};
+    if (server.isEmpty())
+        return;
+    m_logOn.address = ServerAddress::parse(server);
+    m_server = server;
 }
 
 void InternetTransfer::setRequestTimeout(int seconds)
 {
     if (seconds < 1)
         throw RuntimeError(ErrorNumber::InvalidPropertyValue);
-    m_session->timeout = seconds;
-}
-
-QString InternetTransfer::TrustedAuthorities() const
-{
-    return m_session->authorities;
-}
-
-void InternetTransfer::setTrustedAuthorities(const QString &file)
-{
-    m_session->authorities = file;
+    m_logOn.timeout = std::chrono::seconds(seconds);
 }
 
 void InternetTransfer::Execute(const QString &address, const QString &command)
 {
     if (!address.isEmpty())
         throw RuntimeError(ErrorNumber::InvalidProcedureCall);
-    m_session->execute(command);
+    m_session->execute(command, m_logOn);
 }
 
 bool InternetTransfer::StillExecuting() const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LogOn.h"
 #include "TransferState.h"
 
 #include <QObject>
@@ -47,25 +48,25 @@ public:
 
     /// "host", "host:port", or an address: "ftp://host:port/", or "ftps://host:port/" for a server that has
     /// to encrypt both control and data connection and to prove its name. An IPv6 address is in brackets;
-    /// empty text is no server. These and the following properties take effect with the next log-on.
+    /// empty text is no server. This and the following properties take effect with the next log-on.
     /// Throws RuntimeError 12005 or 12006 where \a server cannot be read; then there is no server.
-    QString RemoteHost() const;
+    QString RemoteHost() const { return m_server; }
     void setRemoteHost(const QString &server);
 
-    QString UserName() const;
-    void setUserName(const QString &name);
+    QString UserName() const { return m_logOn.user; }
+    void setUserName(const QString &name) { m_logOn.user = name; }
 
-    QString Password() const;
-    void setPassword(const QString &password);
+    QString Password() const { return m_logOn.password; }
+    void setPassword(const QString &password) { m_logOn.password = password; }
 
-    /// After how many seconds without a sign of the server a command ends with 12002; 60 at first. There is
-    /// no limit for the whole command. Throws RuntimeError 380 for less than 1.
-    int RequestTimeout() const;
+    /// After how many seconds without a sign of the server the next commands end with 12002; 60 at first.
+    /// There is no limit for the whole command. Throws RuntimeError 380 for less than 1.
+    int RequestTimeout() const { return int(m_logOn.timeout.count()); }
     void setRequestTimeout(int seconds);
 
     /// A file of PEM certificates to trust in place of the system's, for ftps; empty for the system's.
-    QString TrustedAuthorities() const;
-    void setTrustedAuthorities(const QString &file);
+    QString TrustedAuthorities() const { return m_logOn.authorities; }
+    void setTrustedAuthorities(const QString &file) { m_logOn.authorities = file; }
 
     /// Starts \a command and returns. The response and the code of the command before are discarded. Whatever
     /// becomes of it is reported by StateChanged, never before this function has returned:
@@ -98,5 +99,7 @@ Q_SIGNALS:
     void StateChanged(int state);
 
 private:
+    QString m_server; ///< as it was set
+    LogOn m_logOn;
     std::unique_ptr<TransferSession> m_session;
 };

@@ -6,7 +6,7 @@
 /// The server that a user's text names.
 struct ServerAddress
 {
-    QByteArray host; ///< a name in ASCII, or a numeric address without brackets
+    QByteArray host; ///< a name in ASCII, or a numeric address without brackets; empty for no server
     quint16 port = 21;
     bool isEncrypted = false; ///< the whole session has to be encrypted
 

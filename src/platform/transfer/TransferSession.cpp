@@ -1,7 +1,6 @@
 #include "TransferSession.h"
 
 #include "EventGate.h"
-#include "FileNames.h"
 #include "FtpList.h"
 #include "FtpReceive.h"
 #include "FtpRequests.h"
@@ -46,22 +45,13 @@ TransferSession::~TransferSession()
     cancel();
 }
 
-void TransferSession::setServer(const QString &server)
-{
-    m_server.clear();
-    m_address.reset();
-    if (server.isEmpty())
-        return;
-    m_address = ServerAddress::parse(server);
-    m_server = server;
-}
-
-void TransferSession::execute(const QString &command)
+void TransferSession::execute(const QString &command, const LogOn &logOn)
 {
     if (m_isExecuting)
         throw RuntimeError(TransferError::InProgress, TransferError::text(TransferError::InProgress));
     ++m_command;
     m_isExecuting = true;
+    m_logOn = logOn;
     m_response.clear();
     m_taken = 0;
     m_code = 0;
@@ -75,7 +65,7 @@ void TransferSession::execute(const QString &command)
 
 void TransferSession::start(const QString &text)
 {
-    if (!m_connection && !m_address)
+    if (!m_connection && m_logOn.address.host.isEmpty())
         throw TransferFailure(TransferError::ConnectionLost);
     const TransferCommand command = TransferCommand::parse(text);
     if (command.verb == TransferCommand::Close) {
@@ -84,7 +74,7 @@ void TransferSession::start(const QString &text)
     }
     if (m_isLost)
         throw TransferFailure(TransferError::ConnectionLost);
-    if (!canBeSent(user) || !canBeSent(password))
+    if (!canBeSent(m_logOn.user) || !canBeSent(m_logOn.password))
         throw TransferFailure(TransferError::InvalidParameter);
     makeJob(command);
     waitLonger();
@@ -152,9 +142,7 @@ void TransferSession::makeJob(const TransferCommand &command)
 
 void TransferSession::connectToServer()
 {
-    m_connection =
-        std::make_unique<FtpConnection>(*m_address, FileNames::toBytes(user), FileNames::toBytes(password),
-                                        FileNames::toBytes(authorities), std::chrono::seconds(timeout));
+    m_connection = std::make_unique<FtpConnection>(m_logOn);
     on(&m_connection->control(), &FtpControl::stateChanged, this, &TransferSession::post);
     on(&m_connection->control(), &FtpControl::heard, this, &TransferSession::waitLonger);
     on(&m_connection->control(), &FtpControl::failed, this, &TransferSession::connectionFailed);
@@ -190,7 +178,7 @@ QString TransferSession::takeResponse(int size)
 void TransferSession::waitLonger()
 {
     if (m_job)
-        m_timeout.start(std::chrono::seconds(timeout));
+        m_timeout.start(m_logOn.timeout);
 }
 
 void TransferSession::timeOut()

@@ -1,14 +1,15 @@
 #pragma once
 
 #include "FtpJob.h"
+#include "LogOn.h"
 #include "TransferCommand.h"
 
 #include <QList>
 #include <QTimer>
 #include <memory>
 
-/// What runs behind an InternetTransfer: its properties, its connection, the command at work and the states
-/// that are still to be reported. It says what to do when something fails; how a command works is known to
+/// What runs behind an InternetTransfer: its connection, the command at work and the states that are still to
+/// be reported. It says what to do when something fails; how a command works is known to
 /// the jobs.
 class TransferSession : public QObject
 {
@@ -18,21 +19,13 @@ public:
     TransferSession();
     ~TransferSession() override;
 
-    QString server() const { return m_server; }
-    /// As InternetTransfer's.
-    void setServer(const QString &server);
-
-    void execute(const QString &command);
+    /// As InternetTransfer's. \a logOn is for a command that has to log on; its time-out is for each.
+    void execute(const QString &command, const LogOn &logOn);
     void cancel();
     bool isExecuting() const { return m_isExecuting; }
     QString takeResponse(int size);
     int code() const { return m_code; }
     QString info() const { return m_info; }
-
-    QString user;
-    QString password;
-    QString authorities;
-    int timeout = 60; ///< seconds
 
 Q_SIGNALS:
     void stateChanged(int state);
@@ -56,8 +49,7 @@ private:
     void deliverSoon();
     void deliver();
 
-    QString m_server;
-    std::optional<ServerAddress> m_address; ///< of the server, if there is one
+    LogOn m_logOn;
     std::unique_ptr<FtpConnection> m_connection;
     std::unique_ptr<FtpJob> m_job;
     QTimer m_timeout;

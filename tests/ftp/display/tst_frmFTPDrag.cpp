@@ -18,8 +18,7 @@ struct FtpDragTest : testing::Test
 TEST_F(FtpDragTest, BeforeALogOnTheServersListTakesNoFile)
 {
     window.addLocalFile("new.txt");
-    dragByMouse(files, 0, window.remote());
-    QTest::qWait(0);
+    EXPECT_TRUE(dragByMouse(files, 0, window.remote()));
     EXPECT_EQ(window.probe.states(), QString());
     EXPECT_EQ(window.frame.dialogs.seen().size(), 0);
 }
@@ -28,7 +27,7 @@ TEST_F(FtpDragTest, AFileIsSent)
 {
     window.addLocalFile("new.txt", "content");
     window.logOn();
-    dragByMouse(files, 0, window.remote());
+    EXPECT_TRUE(dragByMouse(files, 0, window.remote()));
     FtpWindow::waitFor([this] { return window.rows().contains(QStringLiteral("new.txt")); });
 }
 
@@ -36,7 +35,7 @@ TEST_F(FtpDragTest, ARowIsReceived)
 {
     window.served.addFile("there", "content");
     window.logOn();
-    dragByMouse(window.remote(), 0, files);
+    EXPECT_TRUE(dragByMouse(window.remote(), 0, files));
     FtpWindow::waitFor([this] { return files.ListCount() == 1; });
     EXPECT_EQ(files.List(0), QStringLiteral("there"));
 }

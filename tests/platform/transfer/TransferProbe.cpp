@@ -14,8 +14,17 @@ constexpr int hangMs = 60000;
 
 } // namespace
 
+LogOn TransferProbe::logOnTo(const FtpServer &server)
+{
+    LogOn logOn;
+    logOn.address = ServerAddress::parse(server.address());
+    logOn.user = QStringLiteral("tester");
+    logOn.password = QStringLiteral("secret");
+    return logOn;
+}
+
 TransferProbe::TransferProbe(const FtpServer &server)
-    : TransferProbe(server.address(), QStringLiteral("tester"), QStringLiteral("secret"))
+    : TransferProbe(server.address(), logOnTo(server).user, logOnTo(server).password)
 {}
 
 TransferProbe::TransferProbe(const QString &address, const QString &user, const QString &password)

@@ -11,6 +11,9 @@ class FtpServer;
 class TransferProbe
 {
 public:
+    /// As the user that \a server has.
+    static LogOn logOnTo(const FtpServer &server);
+
     /// Logs on to \a server as its user.
     explicit TransferProbe(const FtpServer &server);
     TransferProbe(const QString &address, const QString &user, const QString &password);

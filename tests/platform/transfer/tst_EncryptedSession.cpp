@@ -97,6 +97,19 @@ TEST_F(EncryptedSessionTest, AHostIsKnownByItsName)
     EXPECT_EQ(probe.codeOf("DIR"), 0);
 }
 
+TEST_F(EncryptedSessionTest, ACertificateOfAnotherHostIsRefused)
+{
+    probe.session().setRemoteHost(QStringLiteral("ftps://localhost:%1/").arg(server.port()));
+    for (const char *name : {"DNS:other.example", "DNS:localhost.example", "DNS:example.localhost",
+                             "DNS:local*", "DNS:*.localhost", "IP:127.0.0.1"}) {
+        const TestCertificate certificate(QString::fromLatin1(name));
+        encrypt(certificate);
+        EXPECT_EQ(probe.codeOf("DIR"), TransferError::CertificateName) << name;
+    }
+    EXPECT_EQ(server.commands("USER"), QByteArrayList());
+    EXPECT_EQ(server.commands("PASS"), QByteArrayList());
+}
+
 TEST_F(EncryptedSessionTest, WordsThatWereSentBeforeEncryptionAreNotTrusted)
 {
     const TestCertificate certificate;

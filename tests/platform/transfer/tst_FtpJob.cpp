@@ -9,8 +9,6 @@
 
 namespace {
 
-using namespace std::chrono_literals;
-
 /// Fails as soon as the server has begun to answer, with its last reply still to come.
 class FailingJob : public FtpJob
 {
@@ -38,7 +36,7 @@ TEST(FtpJob, AJobThatIsOverHearsNoMore)
     const ScratchFolder remote;
     FtpServer server(remote.path());
     server.reply("CDUP", "150 Begun.");
-    FtpConnection connection(ServerAddress::parse(server.address()), "tester", "secret", {}, 10s);
+    FtpConnection connection(TransferProbe::logOnTo(server));
     connection.logOn();
     TransferProbe::waitFor([&] { return connection.isLoggedOn(); });
 
@@ -64,7 +62,7 @@ TEST(FtpJob, AJobMayOutliveItsConnection)
     int replies = 0;
     FailingJob job(replies);
     {
-        FtpConnection connection(ServerAddress::parse(server.address()), "tester", "secret", {}, 10s);
+        FtpConnection connection(TransferProbe::logOnTo(server));
         connection.logOn();
         TransferProbe::waitFor([&] { return connection.isLoggedOn(); });
         job.run(connection);

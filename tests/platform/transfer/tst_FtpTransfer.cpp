@@ -5,16 +5,15 @@
 #include "ScratchFolder.h"
 #include "TransferProbe.h"
 
+#include <QCoreApplication>
 #include <QSignalSpy>
 #include <gtest/gtest.h>
 #include <sys/socket.h>
 
 namespace {
 
-using namespace std::chrono_literals;
-
 constexpr int pieceCount = 100;
-constexpr qsizetype pieceSize = 65536;
+constexpr qsizetype fedSize = 65536;
 
 /// Moves data as fast as it can: with each piece the other side is ready for the next one.
 class FastTransfer : public FtpTransfer
@@ -29,7 +28,7 @@ public:
     int pieces() const { return m_pieces; }
     void feed() const
     {
-        const QByteArray bytes(pieceSize, 'x');
+        const QByteArray bytes(fedSize, 'x');
         ::send(m_sink.socket(), bytes.constData(), size_t(bytes.size()), MSG_DONTWAIT);
     }
 
@@ -44,7 +43,7 @@ protected:
     }
     QByteArray give() override
     {
-        QByteArray bytes(pieceSize, 'x');
+        QByteArray bytes(fedSize, 'x');
         while (::recv(m_sink.socket(), bytes.data(), size_t(bytes.size()), MSG_DONTWAIT) > 0) {
         }
         return ++m_pieces < pieceCount ? bytes : QByteArray();
@@ -57,13 +56,48 @@ private:
     int m_pieces = 0;
 };
 
+/// Sends without an end.
+class EndlessUpload : public FtpTransfer
+{
+public:
+    EndlessUpload()
+        : FtpTransfer(Direction::Send)
+    {}
+
+    int pieces() const { return m_pieces; }
+
+protected:
+    void start() override { transfer("STOR x"); }
+    QByteArray give() override
+    {
+        ++m_pieces;
+        return QByteArray(fedSize, 'x');
+    }
+    void done() override {}
+
+private:
+    int m_pieces = 0;
+};
+
+/// Until the system keeps as much as it can, and all acknowledgements of that are noticed.
+void fillSystem(EndlessUpload &job)
+{
+    constexpr int mostTurns = 100'000;
+    int before = -1;
+    for (int i = 0; before != job.pieces() || job.hasNewAcknowledgement(); ++i) {
+        ASSERT_LT(i, mostTurns);
+        before = job.pieces();
+        QCoreApplication::processEvents();
+    }
+}
+
 } // namespace
 
 TEST(FtpTransfer, AFastStreamLeavesTurnsToOthers)
 {
     const ScratchFolder remote;
     FtpServer server(remote.path());
-    FtpConnection connection(ServerAddress::parse(server.address()), "tester", "secret", {}, 10s);
+    FtpConnection connection(TransferProbe::logOnTo(server));
     connection.logOn();
     TransferProbe::waitFor([&] { return connection.isLoggedOn(); });
     for (const bool receives : {true, false}) {
@@ -90,4 +124,26 @@ TEST(FtpTransfer, AFastStreamLeavesTurnsToOthers)
         EXPECT_LE(mostInTurn, 10) << receives;
         job.cleanUp();
     }
+}
+
+/// What the other side takes of the data that the system keeps is a sign of it, each time once.
+TEST(FtpTransfer, AnUploadHearsOfItsAcknowledgements)
+{
+    const ScratchFolder remote;
+    FtpServer server(remote.path());
+    server.reply("STOR", "150 Go on.");
+    DataSink sink;
+    server.setPassivePort(sink.serverPort());
+    FtpConnection connection(TransferProbe::logOnTo(server));
+    connection.logOn();
+    TransferProbe::waitFor([&] { return connection.isLoggedOn(); });
+    EndlessUpload job;
+    job.run(connection);
+    TransferProbe::waitFor([&] { return job.pieces() > 0; });
+    fillSystem(job);
+    sink.readToEnd();
+    bool isHeard = false;
+    TransferProbe::waitFor([&] { return isHeard = isHeard || job.hasNewAcknowledgement(); });
+    job.cleanUp();
+    EXPECT_FALSE(job.hasNewAcknowledgement());
 }

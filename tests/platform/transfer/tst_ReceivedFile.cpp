@@ -3,7 +3,6 @@
 #include "Files.h"
 #include "PrintQt.h"
 #include "ReceivedFile.h"
-#include "RowName.h"
 #include "ScratchFolder.h"
 #include "TransferError.h"
 #include "TransferFailure.h"
@@ -15,14 +14,6 @@
 
 namespace {
 
-/// What a file system can do: rename to a free name in one step, make a second name, or neither.
-struct Abilities
-{
-    const char *name;
-    int renameError; ///< 0 where it can
-    int linkError;
-};
-
 class ReceivedFileTest : public testing::Test
 {
 protected:
@@ -32,40 +23,35 @@ protected:
         return QDir(local.path()).entryList(QDir::Files | QDir::Hidden | QDir::System);
     }
     QByteArray content(const char *name) const { return Files::read(FileNames::fromBytes(local.file(name))); }
-    /// Receives a file; the code of what went wrong, or 0.
-    int receive() const
+    /// The code of what goes wrong in \a step, or 0.
+    template<class Step>
+    static int codeOf(Step step)
     {
-        ReceivedFile file(folder(), "a");
-        file.write("theirs");
         try {
-            file.publish();
+            step();
         } catch (const TransferFailure &failure) {
             return failure.code;
         }
         return 0;
+    }
+    int receive(const QByteArray &into) const
+    {
+        return codeOf([&] {
+            ReceivedFile file(into, "a");
+            file.write("theirs");
+            file.publish();
+        });
     }
 
     const ScratchFolder local;
     FailingCalls calls;
 };
 
-class PublishedFile : public ReceivedFileTest, public testing::WithParamInterface<Abilities>
-{
-protected:
-    PublishedFile()
-    {
-        if (GetParam().renameError != 0)
-            calls.fail(FailingCalls::RenameToFree, GetParam().renameError);
-        if (GetParam().linkError != 0)
-            calls.fail(FailingCalls::Link, GetParam().linkError);
-    }
-};
-
 } // namespace
 
-TEST_P(PublishedFile, GetsItsName)
+TEST_F(ReceivedFileTest, IsAnOrdinaryFile)
 {
-    EXPECT_EQ(receive(), 0);
+    EXPECT_EQ(receive(folder()), 0);
     EXPECT_EQ(names(), QStringList{QStringLiteral("a")});
     EXPECT_EQ(content("a"), "theirs");
     struct stat state = {};
@@ -75,70 +61,44 @@ TEST_P(PublishedFile, GetsItsName)
     EXPECT_EQ(state.st_mode & 07777, 0666 & ~mask);
 }
 
-TEST_P(PublishedFile, LeavesWhatWasMadeMeanwhile)
+TEST_F(ReceivedFileTest, ANameThatIsTakenIsAnError)
+{
+    local.addLink("a", "/nowhere/at/all");
+    EXPECT_EQ(receive(folder()), TransferError::FileExists);
+    EXPECT_EQ(names(), QStringList{QStringLiteral("a")});
+}
+
+TEST_F(ReceivedFileTest, LeavesWhatWasMadeMeanwhile)
 {
     {
         ReceivedFile file(folder(), "a");
         file.write("theirs");
         local.addFile("a", "mine");
-        EXPECT_THROW(file.publish(), TransferFailure);
+        EXPECT_EQ(codeOf([&] { file.publish(); }), TransferError::FileExists);
     }
     EXPECT_EQ(names(), QStringList{QStringLiteral("a")});
     EXPECT_EQ(content("a"), "mine");
 }
 
-TEST_P(PublishedFile, SaysThatTheNameIsTaken)
+TEST_F(ReceivedFileTest, AFolderIsNeeded)
 {
-    ReceivedFile file(folder(), "a");
-    local.addLink("a", "/nowhere/at/all");
-    try {
-        file.publish();
-        ADD_FAILURE() << "published";
-    } catch (const TransferFailure &failure) {
-        EXPECT_EQ(failure.code, TransferError::FileExists);
-    }
+    EXPECT_EQ(receive(folder() + "/none"), TransferError::PathNotFound);
+    local.addFile("file");
+    EXPECT_EQ(receive(folder() + "/file"), TransferError::PathNotFound);
 }
 
-INSTANTIATE_TEST_SUITE_P(FileSystems, PublishedFile,
-                         testing::Values(Abilities{"Renames", 0, 0}, Abilities{"OldKernel", ENOSYS, 0},
-                                         Abilities{"Links", EINVAL, 0}, Abilities{"Neither", EINVAL, EPERM},
-                                         Abilities{"NoLinks", EINVAL, EOPNOTSUPP}),
-                         RowName());
-
-TEST_F(ReceivedFileTest, NothingIsLeftWhereNoWayWorks)
-{
-    calls.fail(FailingCalls::RenameToFree, EINVAL);
-    calls.fail(FailingCalls::Link, EPERM);
-    calls.fail(FailingCalls::Rename, EIO);
-    EXPECT_EQ(receive(), TransferError::DeviceError);
-    EXPECT_EQ(names(), QStringList());
-}
-
-TEST_F(ReceivedFileTest, AnErrorOfTheDiskIsNoMissingAbility)
+TEST_F(ReceivedFileTest, ErrorsOfTheDiskAreReported)
 {
     calls.fail(FailingCalls::RenameToFree, ENOSPC);
-    EXPECT_EQ(receive(), TransferError::DiskFull);
+    EXPECT_EQ(receive(folder()), TransferError::DiskFull);
     EXPECT_EQ(names(), QStringList());
 }
 
-/// The file is whole under its name: its hidden name is no failure of the receive.
-TEST_F(ReceivedFileTest, AHiddenNameThatStaysIsNoFailure)
+TEST_F(ReceivedFileTest, RemovesWhatAKilledReceiveLeft)
 {
-    calls.fail(FailingCalls::RenameToFree, EINVAL);
-    calls.fail(FailingCalls::Unlink, EACCES);
-    EXPECT_EQ(receive(), 0);
-    EXPECT_EQ(content("a"), "theirs");
-    EXPECT_EQ(names().size(), 2);
-}
-
-TEST_F(ReceivedFileTest, SyncingWritesToTheDisk)
-{
+    const QByteArray left = ".quill-left.part";
+    local.addFile(left, "half");
     const ReceivedFile file(folder(), "a");
-    const int before = calls.syncs();
-    EXPECT_EQ(file.syncing()(), 0);
-    EXPECT_EQ(calls.syncs(), before + 1);
-    calls.fail(FailingCalls::Sync, EIO);
-    EXPECT_EQ(file.syncing()(), EIO);
-    calls.fail(FailingCalls::Sync, EINVAL); // no disk is behind such a file
-    EXPECT_EQ(file.syncing()(), 0);
+    EXPECT_FALSE(names().contains(QString::fromLatin1(left)));
+    EXPECT_EQ(names().size(), 1);
 }

@@ -1,6 +1,7 @@
 #include "FtpConnection.h"
 
 #include "EventGate.h"
+#include "FileNames.h"
 #include "TransferError.h"
 
 namespace {
@@ -14,22 +15,18 @@ constexpr int wrongLogOn = 530;
 
 } // namespace
 
-FtpConnection::FtpConnection(const ServerAddress &address, const QByteArray &user, const QByteArray &password,
-                             const QByteArray &authorities, std::chrono::milliseconds timeout)
-    : m_address(address)
-    , m_user(user)
-    , m_password(password)
-    , m_timeout(timeout)
+FtpConnection::FtpConnection(const LogOn &logOn)
+    : m_logOn(logOn)
 {
-    if (m_address.isEncrypted)
-        m_tls.emplace(authorities);
+    if (m_logOn.address.isEncrypted)
+        m_tls.emplace(FileNames::toBytes(m_logOn.authorities));
     on(&m_control, &FtpControl::encrypted, this, &FtpConnection::protectData);
 }
 
 void FtpConnection::logOn()
 {
     m_control.awaitReply([this](const FtpReply &reply) { greeted(reply); });
-    m_control.open(m_address, m_timeout);
+    m_control.open(m_logOn.address, timeout());
 }
 
 bool FtpConnection::canUsePasv() const
@@ -58,7 +55,7 @@ void FtpConnection::authorized(const FtpReply &reply)
 {
     if (!reply.isCompletion()) // going on in the clear would show the password
         throw TransferFailure(TransferError::SecureChannel);
-    m_control.encrypt(*m_tls, m_address.host);
+    m_control.encrypt(*m_tls, host());
 }
 
 void FtpConnection::protectData()
@@ -74,7 +71,8 @@ void FtpConnection::protectData()
 
 void FtpConnection::sendUser()
 {
-    m_control.ask("USER " + m_user, [this](const FtpReply &reply) { answeredUser(reply); });
+    m_control.ask("USER " + FileNames::toBytes(m_logOn.user),
+                  [this](const FtpReply &reply) { answeredUser(reply); });
 }
 
 void FtpConnection::answeredUser(const FtpReply &reply)
@@ -85,7 +83,8 @@ void FtpConnection::answeredUser(const FtpReply &reply)
     }
     if (reply.code != 331)
         failLogOn(reply, TransferError::WrongUserName);
-    m_control.ask("PASS " + m_password, [this](const FtpReply &answer) { answeredPassword(answer); });
+    m_control.ask("PASS " + FileNames::toBytes(m_logOn.password),
+                  [this](const FtpReply &answer) { answeredPassword(answer); });
 }
 
 void FtpConnection::answeredPassword(const FtpReply &reply)

@@ -1,9 +1,9 @@
 #pragma once
 
 #include "FtpControl.h"
+#include "LogOn.h"
 #include "TlsContext.h"
 
-#include <chrono>
 #include <optional>
 
 /// A connection that somebody is logged on by, and what was learned about its server.
@@ -12,10 +12,8 @@ class FtpConnection : public QObject
     Q_OBJECT
 
 public:
-    /// Texts as the server gets them. \a authorities is the file for TlsContext, \a timeout how long a
-    /// command waits for the server.
-    FtpConnection(const ServerAddress &address, const QByteArray &user, const QByteArray &password,
-                  const QByteArray &authorities, std::chrono::milliseconds timeout);
+    /// \a logOn names a server.
+    explicit FtpConnection(const LogOn &logOn);
 
     /// Connects and logs on; loggedOn(), or failed() of the control connection follows.
     void logOn();
@@ -24,8 +22,8 @@ public:
     FtpControl &control() { return m_control; }
     /// For data connections; null where they are not encrypted.
     const TlsContext *tls() const { return m_tls ? &*m_tls : nullptr; }
-    const QByteArray &host() const { return m_address.host; }
-    std::chrono::milliseconds timeout() const { return m_timeout; }
+    const QByteArray &host() const { return m_logOn.address.host; }
+    std::chrono::seconds timeout() const { return m_logOn.timeout; }
 
     /// Whether EPSV is worth a try; PASV is where it is not.
     bool usesEpsv() const { return m_usesEpsv; }
@@ -50,10 +48,7 @@ private:
     void answeredPassword(const FtpReply &reply);
     void succeed();
 
-    ServerAddress m_address;
-    QByteArray m_user;
-    QByteArray m_password;
-    std::chrono::milliseconds m_timeout;
+    LogOn m_logOn;
     std::optional<TlsContext> m_tls;
     FtpControl m_control;
     bool m_isLoggedOn = false;

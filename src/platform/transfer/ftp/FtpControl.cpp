@@ -70,19 +70,19 @@ void FtpControl::encrypt(const TlsContext &context, const QByteArray &host)
     m_stream.encrypt(context, host, nullptr);
 }
 
-void FtpControl::awaitReply(Handler handler, Beginning beginning)
+void FtpControl::awaitReply(Handler handler, Step preliminary)
 {
     m_handler = std::move(handler);
-    m_beginning = std::move(beginning);
+    m_preliminary = std::move(preliminary);
     m_isReceiving = false;
 }
 
-void FtpControl::ask(const QByteArray &request, Handler handler, Beginning beginning)
+void FtpControl::ask(const QByteArray &request, Handler handler, Step preliminary)
 {
     guarded([this] { discardInput(); });
     if (!m_stream.isOpen())
         return;
-    awaitReply(std::move(handler), std::move(beginning));
+    awaitReply(std::move(handler), std::move(preliminary));
     Q_EMIT stateChanged(TransferState::Requesting);
     m_request = request + "\r\n";
     guarded([this] { send(); });
@@ -91,7 +91,7 @@ void FtpControl::ask(const QByteArray &request, Handler handler, Beginning begin
 void FtpControl::send()
 {
     const qint64 sent = m_stream.write(m_request.constData(), m_request.size());
-    if (sent == SocketStream::Broken)
+    if (sent == StreamResult::Broken)
         throw TransferFailure(m_codeIfGone);
     if (sent > 0)
         Q_EMIT heard();
@@ -120,7 +120,7 @@ bool FtpControl::receive()
 {
     char bytes[SocketStream::leastRead];
     const qint64 got = m_stream.read(bytes, sizeof bytes);
-    if (got == SocketStream::Nothing)
+    if (got == StreamResult::Nothing)
         return false;
     if (got <= 0)
         throw TransferFailure(m_codeIfGone);
@@ -148,12 +148,12 @@ void FtpControl::dispatch(const FtpReply &reply)
     if (!m_handler)
         return;
     if (reply.isPreliminary()) {
-        if (const Beginning beginning = m_beginning)
-            beginning();
+        if (const Step preliminary = m_preliminary)
+            preliminary();
         return;
     }
     Q_EMIT stateChanged(TransferState::ResponseReceived);
-    m_beginning = nullptr;
+    m_preliminary = nullptr;
     std::exchange(m_handler, nullptr)(reply);
 }
 
@@ -165,10 +165,10 @@ void FtpControl::setLoggedOn()
 void FtpControl::forgetHandlers()
 {
     m_handler = nullptr;
-    m_beginning = nullptr;
+    m_preliminary = nullptr;
 }
 
-void FtpControl::guarded(const std::function<void()> &step)
+void FtpControl::guarded(const Step &step)
 {
     try {
         step();

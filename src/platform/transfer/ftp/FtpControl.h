@@ -15,8 +15,7 @@ class FtpControl : public QObject
 public:
     /// Gets the last reply to a request. A TransferFailure that it throws ends the connection.
     using Handler = std::function<void(const FtpReply &)>;
-    /// Hears that the server has begun.
-    using Beginning = std::function<void()>;
+    using Step = std::function<void()>;
 
     explicit FtpControl(QObject *parent = nullptr);
     /// As close().
@@ -29,11 +28,12 @@ public:
     /// asked for.
     void encrypt(const TlsContext &context, const QByteArray &host);
 
-    void awaitReply(Handler handler, Beginning beginning = {});
-    /// Sends \a request, which has no line end in it. Byte 0xFF is sent as it is: pure-ftpd and vsftpd take
+    void awaitReply(Handler handler, Step preliminary = {});
+    /// Sends \a request, which has no line end in it. \a preliminary is run where the server says that it
+    /// has begun, before its last reply. Byte 0xFF is sent as it is: pure-ftpd and vsftpd take
     /// it for part of a name, and two of them for two. proftpd does so too, except before a byte from 0xF0
     /// on, where it reads a Telnet command; names with that are out of reach there.
-    void ask(const QByteArray &request, Handler handler, Beginning beginning = {});
+    void ask(const QByteArray &request, Handler handler, Step preliminary = {});
 
     /// From now on a connection that is gone, or that the server says it closes, is reported as lost. Before
     /// somebody is logged on, nothing is lost.
@@ -67,13 +67,13 @@ private:
     void takeReplies();
     void dispatch(const FtpReply &reply);
     void fail(const TransferFailure &failure);
-    void guarded(const std::function<void()> &step);
+    void guarded(const Step &step);
 
     SocketStream m_stream;
     FtpReplyReader m_reader;
     QByteArray m_request; ///< what of it has not been sent
     Handler m_handler;
-    Beginning m_beginning;
+    Step m_preliminary;
     int m_codeIfGone;  ///< for a connection that is gone
     int m_codeIfEnded; ///< for one that the server says it closes
     bool m_isGreeted = false;

@@ -12,7 +12,7 @@ void FtpJob::cleanUp()
         m_connection->control().forgetHandlers();
 }
 
-void FtpJob::guarded(const std::function<void()> &step)
+void FtpJob::guarded(const Step &step)
 {
     try {
         step();
@@ -21,18 +21,17 @@ void FtpJob::guarded(const std::function<void()> &step)
     }
 }
 
-void FtpJob::ask(const QByteArray &request, const FtpControl::Handler &handler,
-                 const FtpControl::Beginning &beginning)
+void FtpJob::ask(const QByteArray &request, const Handler &handler, const Step &preliminary)
 {
     connection().control().ask(
         request, [this, handler](const FtpReply &reply) { guarded([&] { handler(reply); }); },
-        [this, beginning] {
-            if (beginning)
-                guarded(beginning);
+        [this, preliminary] {
+            if (preliminary)
+                guarded(preliminary);
         });
 }
 
-void FtpJob::demand(const QByteArray &request, const FtpControl::Beginning &next)
+void FtpJob::demand(const QByteArray &request, const Step &next)
 {
     ask(request, [next](const FtpReply &reply) {
         if (!reply.isCompletion())
@@ -41,7 +40,7 @@ void FtpJob::demand(const QByteArray &request, const FtpControl::Beginning &next
     });
 }
 
-void FtpJob::setType(char type, const FtpControl::Beginning &next)
+void FtpJob::setType(char type, const Step &next)
 {
     if (connection().type == type) {
         next();

@@ -34,17 +34,19 @@ Q_SIGNALS:
     void heard();
 
 protected:
+    using Handler = FtpControl::Handler;
+    using Step = FtpControl::Step;
+
     virtual void start() = 0;
 
     /// Runs \a step; a TransferFailure that it throws ends the job.
-    void guarded(const std::function<void()> &step);
+    void guarded(const Step &step);
     /// As FtpControl::ask, but what the handlers throw ends the job alone.
-    void ask(const QByteArray &request, const FtpControl::Handler &handler,
-             const FtpControl::Beginning &beginning = {});
-    /// The same where only a completion is good.
-    void demand(const QByteArray &request, const FtpControl::Beginning &next);
-    /// Sets the type of the data if it is another one.
-    void setType(char type, const FtpControl::Beginning &next);
+    void ask(const QByteArray &request, const Handler &handler, const Step &preliminary = {});
+    /// The same where only a completion is good, behind which \a next is run.
+    void demand(const QByteArray &request, const Step &next);
+    /// Sets the type of the data if it is another one, and runs \a next.
+    void setType(char type, const Step &next);
 
     FtpConnection &connection() { return *m_connection; }
     void setFailure(const TransferFailure &failure) { m_failure = failure; }

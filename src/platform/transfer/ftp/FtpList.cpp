@@ -32,7 +32,7 @@ void FtpList::take(QByteArrayView bytes)
     m_listing.add(bytes);
 }
 
-bool FtpList::copesWith(const FtpReply &refusal)
+bool FtpList::recoverFrom(const FtpReply &refusal)
 {
     if (connection().knowsMlsd && refusal.isUnknownCommand()) {
         connection().knowsMlsd = false;

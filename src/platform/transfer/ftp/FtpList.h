@@ -14,7 +14,7 @@ public:
 protected:
     void start() override;
     void take(QByteArrayView bytes) override;
-    bool copesWith(const FtpReply &refusal) override;
+    bool recoverFrom(const FtpReply &refusal) override;
     void done() override;
 
 private:

@@ -1,19 +1,16 @@
 #include "FtpListingLine.h"
 
+#include "AsciiDigit.h"
+
 #include <QList>
 #include <algorithm>
 #include <cstring>
 
 namespace {
 
-bool isDigit(char character)
-{
-    return character >= '0' && character <= '9';
-}
-
 bool beginsWithDigit(QByteArrayView word)
 {
-    return !word.isEmpty() && isDigit(word.front());
+    return !word.isEmpty() && isAsciiDigit(word.front());
 }
 
 QByteArray rowOf(QByteArrayView name, bool isFolder)
@@ -78,7 +75,8 @@ bool isTimeOrYear(QByteArrayView word)
 /// "2026-01-31"
 bool isIsoDate(QByteArrayView word)
 {
-    return word.size() == 10 && word[4] == '-' && word[7] == '-' && isDigit(word[0]) && isDigit(word[9]);
+    return word.size() == 10 && word[4] == '-' && word[7] == '-' && isAsciiDigit(word[0]) &&
+           isAsciiDigit(word[9]);
 }
 
 bool isUnix(QByteArrayView line)
@@ -128,7 +126,8 @@ QByteArray dosRow(QByteArrayView line)
 
 bool isDos(QByteArrayView line)
 {
-    return line.size() > 8 && isDigit(line[0]) && isDigit(line[1]) && line[2] == '-' && isDigit(line[3]);
+    return line.size() > 8 && isAsciiDigit(line[0]) && isAsciiDigit(line[1]) && line[2] == '-' &&
+           isAsciiDigit(line[3]);
 }
 
 QByteArray easyRow(QByteArrayView line)

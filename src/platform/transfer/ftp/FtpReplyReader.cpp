@@ -1,5 +1,6 @@
 #include "FtpReplyReader.h"
 
+#include "AsciiDigit.h"
 #include "TransferError.h"
 #include "TransferFailure.h"
 
@@ -7,15 +8,10 @@
 
 namespace {
 
-bool isFigure(char character)
-{
-    return character >= '0' && character <= '9';
-}
-
 /// The code that \a line begins with, 0 for none.
 int codeOf(QByteArrayView line)
 {
-    if (line.size() < 3 || line[0] < '1' || line[0] > '5' || !isFigure(line[1]) || !isFigure(line[2]))
+    if (line.size() < 3 || line[0] < '1' || line[0] > '5' || !isAsciiDigit(line[1]) || !isAsciiDigit(line[2]))
         return 0;
     if (line.size() > 3 && line[3] != ' ' && line[3] != '-')
         return 0;

@@ -1,11 +1,5 @@
 #include "FtpSend.h"
 
-namespace {
-
-constexpr qsizetype pieceSize = 262144;
-
-} // namespace
-
 FtpSend::FtpSend(const QByteArray &path, const QByteArray &name)
     : FtpTransfer(Direction::Send)
     , m_file(path)

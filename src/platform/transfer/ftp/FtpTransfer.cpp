@@ -6,7 +6,6 @@
 
 namespace {
 
-constexpr qsizetype bufferSize = 262144;
 constexpr int mostPieces = 8; // in one event, so that others get their turn
 
 } // namespace
@@ -53,7 +52,7 @@ QByteArray FtpTransfer::give()
     return {};
 }
 
-bool FtpTransfer::copesWith(const FtpReply &)
+bool FtpTransfer::recoverFrom(const FtpReply &)
 {
     return false;
 }
@@ -164,7 +163,7 @@ void FtpTransfer::encryptFailed(const TransferFailure &failure)
 
 void FtpTransfer::pump()
 {
-    m_buffer.resize(m_direction == Direction::Receive ? bufferSize : 0);
+    m_buffer.resize(m_direction == Direction::Receive ? pieceSize : 0);
     m_data.watchReading(m_direction == Direction::Receive);
     m_data.watchWriting(m_direction == Direction::Send);
 }
@@ -173,12 +172,12 @@ void FtpTransfer::receive()
 {
     for (int i = 0; i < mostPieces && !m_hasEnded; ++i) {
         const qint64 got = m_data.read(m_buffer.data(), m_buffer.size());
-        if (got == SocketStream::Nothing)
+        if (got == StreamResult::Nothing)
             return;
         if (got > 0)
             takeOver(got);
         else
-            endData(got == SocketStream::Broken);
+            endData(got == StreamResult::Broken);
     }
     settle();
 }
@@ -203,9 +202,9 @@ void FtpTransfer::send()
         if (m_hasEnded)
             break;
         const qint64 taken = m_data.write(m_buffer.constData() + m_sent, m_buffer.size() - m_sent);
-        if (taken == SocketStream::Nothing)
+        if (taken == StreamResult::Nothing)
             return;
-        if (taken == SocketStream::Broken) {
+        if (taken == StreamResult::Broken) {
             endData(true);
             break;
         }
@@ -254,7 +253,7 @@ void FtpTransfer::settle()
     const FtpReply reply = *m_lastReply;
     if (failure())
         throw TransferFailure(*failure());
-    if (!reply.isCompletion() && copesWith(reply))
+    if (!reply.isCompletion() && recoverFrom(reply))
         return;
     if (!reply.isCompletion())
         throw TransferFailure::ofReply(reply);

@@ -19,6 +19,8 @@ public:
 protected:
     enum class Direction { Receive, Send };
 
+    static constexpr qsizetype pieceSize = 262144; ///< of data that is moved at once
+
     explicit FtpTransfer(Direction direction);
 
     /// Opens a data connection, sends \a request and moves the data. done() follows.
@@ -29,8 +31,8 @@ protected:
     virtual void take(QByteArrayView bytes);
     /// The next data to send, none at the end.
     virtual QByteArray give();
-    /// Whether the job goes on in another way after the server has refused the request.
-    virtual bool copesWith(const FtpReply &refusal);
+    /// Goes on in another way after the server has refused the request, or returns false where the job fails.
+    virtual bool recoverFrom(const FtpReply &refusal);
     /// All data was moved, and the server has confirmed it.
     virtual void done() = 0;
 

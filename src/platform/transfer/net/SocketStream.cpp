@@ -36,7 +36,7 @@ qint64 resultOf(ssize_t returned)
     if (returned >= 0)
         return returned;
     const bool isLater = errno == EAGAIN || errno == EWOULDBLOCK || errno == EINTR;
-    return isLater ? SocketStream::Nothing : SocketStream::Broken;
+    return isLater ? StreamResult::Nothing : StreamResult::Broken;
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "SocketAddress.h"
+#include "StreamResult.h"
 #include "TransferFailure.h"
 
 #include <QObject>
@@ -19,9 +20,7 @@ class SocketStream : public QObject
     Q_OBJECT
 
 public:
-    static constexpr qint64 Nothing = -1; ///< can be read or written now
-    static constexpr qint64 Broken = -2;  ///< the connection is
-    static constexpr qint64 leastRead = 16384;
+    static constexpr qint64 leastRead = 16384; ///< bytes; TLS hands its data on in pieces of that size
 
     explicit SocketStream(QObject *parent = nullptr);
     ~SocketStream() override;
@@ -42,9 +41,9 @@ public:
     /// Begins encryption; encrypted() or encryptFailed() follows. See TlsChannel.
     void encrypt(const TlsContext &context, const QByteArray &host, const SocketStream *resumed);
 
-    /// How many bytes were read, 0 at the end, Nothing or Broken. \a most is at least leastRead.
+    /// How many bytes were read, 0 at the end, or a StreamResult. \a most is at least leastRead.
     qint64 read(char *bytes, qint64 most);
-    /// How many bytes were written, Nothing or Broken.
+    /// How many bytes were written, or a StreamResult.
     qint64 write(const char *bytes, qint64 count);
     /// Whether readable() and writable() are wanted, whenever they are true.
     void watchReading(bool wanted);

@@ -1,5 +1,6 @@
 #include "TlsChannel.h"
 
+#include "StreamResult.h"
 #include "TlsContext.h"
 #include "TransferError.h"
 #include "TransferFailure.h"
@@ -105,10 +106,10 @@ qint64 TlsChannel::resultOf(int returned) const
     switch (::SSL_get_error(m_handle.get(), returned)) {
     case SSL_ERROR_WANT_READ:
     case SSL_ERROR_WANT_WRITE:
-        return Nothing;
+        return StreamResult::Nothing;
     case SSL_ERROR_ZERO_RETURN:
         return 0;
     default:
-        return Broken;
+        return StreamResult::Broken;
     }
 }

@@ -13,9 +13,6 @@ class TlsChannel
 public:
     enum class Handshake { Done, WaitsToRead, WaitsToWrite };
 
-    static constexpr qint64 Nothing = -1; ///< can be read or written now
-    static constexpr qint64 Broken = -2;
-
     /// \a host is who the server has to be. The session of \a resumed is used again where the server agrees.
     TlsChannel(const TlsContext &context, int socket, const QByteArray &host, const TlsChannel *resumed);
 
@@ -23,9 +20,10 @@ public:
     /// rest.
     Handshake handshake();
 
-    /// How many bytes were read; 0 at the end. At least 16 KiB have to be asked for, so that nothing is left
-    /// behind that the socket does not show.
+    /// How many bytes were read, 0 at the end, or a StreamResult. At least SocketStream::leastRead have to be
+    /// asked for, so that nothing is left behind that the socket does not show.
     qint64 read(char *bytes, qint64 most);
+    /// How many bytes were written, or a StreamResult.
     qint64 write(const char *bytes, qint64 count);
 
     /// Sends close_notify, after which nothing more is written. False where there is no room for it now: it

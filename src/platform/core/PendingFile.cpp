@@ -1,0 +1,146 @@
+#include "PendingFile.h"
+
+#include <QRandomGenerator>
+#include <cerrno>
+#include <cstdio>
+#include <dirent.h>
+#include <fcntl.h>
+#include <memory>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <system_error>
+
+namespace {
+
+const QByteArray prefix = QByteArrayLiteral(".quill-");
+const QByteArray suffix = QByteArrayLiteral(".part");
+
+[[noreturn]] void fail(int error = errno)
+{
+    throw std::system_error(error, std::generic_category());
+}
+
+void check(bool isDone)
+{
+    if (!isDone)
+        fail();
+}
+
+QByteArray randomName()
+{
+    return prefix + QByteArray::number(QRandomGenerator::system()->generate64(), 36) + suffix;
+}
+
+bool lock(const Descriptor &file)
+{
+    return ::flock(file.get(), LOCK_EX | LOCK_NB) == 0;
+}
+
+/// Locks a new file. True where a sweep is removing it, or has done so.
+bool isSwept(const Descriptor &file)
+{
+    struct stat state = {};
+    return (!lock(file) && errno == EWOULDBLOCK) || (::fstat(file.get(), &state) == 0 && state.st_nlink == 0);
+}
+
+/// The file system has no such operation.
+bool isMissing(int error)
+{
+    return error == EINVAL || error == ENOSYS || error == ENOTSUP;
+}
+
+/// Renames over an empty file that is made for that. Where this fails, nothing of it is left.
+void renameOverPlaceholder(int folder, const QByteArray &from, const QByteArray &to)
+{
+    const Descriptor placeholder(
+        ::openat(folder, to.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0));
+    check(placeholder.isOpen());
+    if (::renameat(folder, from.constData(), folder, to.constData()) == 0)
+        return;
+    const int error = errno;
+    ::unlinkat(folder, to.constData(), 0);
+    fail(error);
+}
+
+/// Not every file system can rename to a free name in one step, nor give a file a second name. Returns false
+/// where the file has both names now.
+bool renameToFree(int folder, const QByteArray &from, const QByteArray &to)
+{
+    if (::renameat2(folder, from.constData(), folder, to.constData(), RENAME_NOREPLACE) == 0)
+        return true;
+    check(isMissing(errno));
+    if (::linkat(folder, from.constData(), folder, to.constData(), 0) == 0)
+        return false;
+    renameOverPlaceholder(folder, from, to);
+    return true;
+}
+
+} // namespace
+
+PendingFile::PendingFile(int folder, mode_t mode)
+    : m_folder(::fcntl(folder, F_DUPFD_CLOEXEC, 0))
+{
+    check(m_folder.isOpen());
+    // A sweep that comes between making and locking takes the file; then another one is made.
+    do {
+        m_hidden = randomName();
+        m_file = Descriptor(::openat(m_folder.get(), m_hidden.constData(),
+                                     O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+        check(m_file.isOpen());
+    } while (isSwept(m_file));
+}
+
+PendingFile::~PendingFile()
+{
+    if (!m_hidden.isEmpty())
+        ::unlinkat(m_folder.get(), m_hidden.constData(), 0);
+}
+
+void PendingFile::write(QByteArrayView bytes)
+{
+    while (!bytes.isEmpty()) {
+        const ssize_t taken = ::write(m_file.get(), bytes.data(), size_t(bytes.size()));
+        if (taken < 0 && errno == EINTR)
+            continue;
+        check(taken >= 0);
+        bytes = bytes.sliced(taken);
+    }
+}
+
+void PendingFile::setModified(time_t time)
+{
+    const timespec times[] = {{0, UTIME_OMIT}, {time, 0}};
+    ::futimens(m_file.get(), times); // the data is what counts
+}
+
+std::function<int()> PendingFile::syncing() const
+{
+    const auto file = std::make_shared<Descriptor>(::fcntl(m_file.get(), F_DUPFD_CLOEXEC, 0));
+    return [file] { return ::fsync(file->get()) == 0 || isMissing(errno) ? 0 : errno; };
+}
+
+void PendingFile::publish(const QByteArray &name, Existing existing)
+{
+    const int folder = m_folder.get();
+    if (existing == Existing::Replace)
+        check(::renameat(folder, m_hidden.constData(), folder, name.constData()) == 0);
+    else if (!renameToFree(folder, m_hidden, name))
+        return; // the destructor removes the hidden name; the file is whole even where it cannot
+    m_hidden.clear();
+}
+
+void PendingFile::sweep(int folder)
+{
+    const int listed = ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const std::unique_ptr<DIR, int (*)(DIR *)> entries(listed < 0 ? nullptr : ::fdopendir(listed),
+                                                       ::closedir);
+    while (const dirent *entry = entries ? ::readdir(entries.get()) : nullptr) {
+        const QByteArrayView name(entry->d_name);
+        if (!name.startsWith(prefix) || !name.endsWith(suffix))
+            continue;
+        const Descriptor file(
+            ::openat(folder, entry->d_name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+        if (file.isOpen() && lock(file))
+            ::unlinkat(folder, entry->d_name, 0);
+    }
+}
