@@ -406,5 +406,18 @@ class Layering(LintTest):
                                   'quill_allow(view TO platform/forms)')
 
 
+class WithoutQtPrivate(LintTest):
+    """The whole project is configured without Qt's private headers."""
+
+    def test_it_configures_and_takes_none_of_them(self):
+        command = ['cmake', '-G', 'Ninja', '-S', str(HERE.parents[1]), '-B', str(self.root), '-DQUILL_QT_PRIVATE=OFF']
+        found = subprocess.run(command, capture_output=True, text=True)
+        self.assertEqual(found.returncode, 0, found.stderr)
+        commands = (self.root / 'compile_commands.json').read_text(encoding='utf-8')
+        self.assertIn('/quick/plain/', commands)
+        self.assertNotIn('/quick/internals/', commands)
+        self.assertNotRegex(commands, r'/QtGui/6\.[0-9.]+')  # where the private headers are
+
+
 if __name__ == '__main__':
     unittest.main()
