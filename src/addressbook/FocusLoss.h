@@ -4,8 +4,8 @@
 
 class QWidget;
 
-/// Tells when the focus goes from a control to another one of its window. Another window, a menu, or the
-/// control's own list only borrows the focus.
+/// Signals that the focus has moved from a control to another one of its window. Another window, a menu, or
+/// the control's own list only borrows the focus.
 class FocusLoss : public QObject
 {
     Q_OBJECT

@@ -21,7 +21,7 @@ namespace {
 
 constexpr int mostDecimals = 8;
 constexpr double keyWidth = 2.7;  // in heights of the keys' font
-constexpr double keyHeight = 1.7; // the same
+constexpr double keyHeight = 1.7; // in heights of the keys' font
 constexpr double keyFontScale = 1.25;
 constexpr double pointFontScale = 1.6; // over the keys' own: a dot is small
 constexpr double fieldFontScale = 1.9;

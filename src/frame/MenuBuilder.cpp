@@ -10,7 +10,7 @@ bool opensMenu(std::span<const MenuRow> rows, std::size_t index)
     return rows[index].level == 0 || (index + 1 < rows.size() && rows[index + 1].level > rows[index].level);
 }
 
-void furnish(QAction &action, const MenuRow &row, WindowIcons &icons)
+void applyRow(QAction &action, const MenuRow &row, WindowIcons &icons)
 {
     action.setObjectName(QString::fromLatin1(row.name));
     action.setMenuRole(QAction::NoRole);
@@ -44,11 +44,11 @@ QList<QMenu *> MenuBuilder::build(std::span<const MenuRow> rows, QWidget &owner)
             else
                 open.last()->addMenu(menu);
             open.append(menu);
-            furnish(*menu->menuAction(), row, icons);
+            applyRow(*menu->menuAction(), row, icons);
         } else {
             QAction *item = row.flags & MenuRow::Separator ? open.last()->addSeparator()
                                                            : open.last()->addAction(caption);
-            furnish(*item, row, icons);
+            applyRow(*item, row, icons);
         }
     }
     return bar;

@@ -8,8 +8,8 @@ class QString;
 namespace SystemShortcuts {
 
 /// Starts the tool of the menu item \a item, and does not wait. Items of the system folder leave the process
-/// id in lastAnswer. Where the desktop has no such tool nothing happens; one that cannot be started is
-/// RuntimeError 53, unless the item only opens something.
+/// id in lastAnswer. Where the desktop has no such tool nothing happens. One that cannot be started is
+/// RuntimeError 53; those of mnuDefrag, mnuGpEdit, mnuWinEvent and mnuStartup do nothing then.
 void run(const QString &item);
 
 /// Disables the items of \a menu whose tool is not installed, each time the menu opens. \a itemOf

@@ -37,8 +37,8 @@ frmOptions::frmOptions()
 
 QWidget *frmOptions::buildDefaults()
 {
-    auto *defaults = new QGroupBox(QStringLiteral("Defaults"), this);
-    auto *startUp = new QGroupBox(QStringLiteral("Start Up Options"), defaults);
+    auto *defaults = named<QGroupBox>("fraDefaults", QStringLiteral("Defaults"));
+    auto *startUp = named<QGroupBox>("fraStartUp", QStringLiteral("Start Up Options"));
     (new QVBoxLayout(defaults))->addWidget(startUp);
     (new QVBoxLayout(startUp))->addWidget(chkSplashTime);
     return defaults;
@@ -46,7 +46,7 @@ QWidget *frmOptions::buildDefaults()
 
 QWidget *frmOptions::buildHelp()
 {
-    auto *help = new QGroupBox(QStringLiteral("Help"), this);
+    auto *help = named<QGroupBox>("fraHelp", QStringLiteral("Help"));
     auto *text = named<QLabel>(
         "Label4", QStringLiteral("Make your choices then click Apply or OK to apply your choices. "
                                  "Selecting OK also closes this page. Cancel closes this page "

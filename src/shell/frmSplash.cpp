@@ -21,11 +21,12 @@ const QSize pictureSize(480, 288);
 
 frmSplash::frmSplash()
     : Form(QStringLiteral("frmSplash"))
-    , lblVersion(named("lblVersion", new QLabel(this)))
+    , lblVersion(named<QLabel>("lblVersion", QString(), QStringLiteral("Version")))
     , Timer1(named("Timer1", new QTimer(this)))
 {
     setWindowFlags(Qt::FramelessWindowHint);
     setFixedSize(pictureSize);
+    lblVersion->setParent(this);
     lblVersion->setStyleSheet(QStringLiteral("color: #dfe7ef;"));
     lblVersion->setAttribute(Qt::WA_TransparentForMouseEvents);
     Timer1->setInterval(shownFor);

@@ -35,7 +35,7 @@ struct FocusLossTest : testing::Test
 
 } // namespace
 
-TEST_F(FocusLossTest, IsToldOfKeyMouseAndCode)
+TEST_F(FocusLossTest, IsSignalledForKeyMouseAndCode)
 {
     QSignalSpy losses(loss, &FocusLoss::LostFocus);
     QTest::keyClick(box, Qt::Key_Tab);

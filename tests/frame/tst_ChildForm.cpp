@@ -139,7 +139,7 @@ TEST_F(ChildFormTest, ItsPlaceAndSizeAreThoseOfItsWindowInTheFrame)
     EXPECT_EQ(tool->WindowState(), FormState::Maximized);
 }
 
-TEST_F(ChildFormTest, IsOfNoAccountBeforeItIsShown)
+TEST_F(ChildFormTest, IsNotListedOrActiveBeforeItIsShown)
 {
     Form *document = suite.frame().ActiveForm();
     auto *tool = new StandInTool(QStringLiteral("frmTool"));

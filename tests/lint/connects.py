@@ -22,6 +22,7 @@ QT_FUNCTION = re.compile(r'&Q\w+::~?\w+$|q(?:Const|NonConst)?Overload<.*>\(&Q\w+
 OWN_FUNCTION = re.compile(r'&(?P<owner>(?!Q[A-Z])\w+)::(?P<name>\w+)$')
 CONNECTION_TYPE = re.compile(r'Qt::\w+Connection$')
 GATED_LAMBDA = re.compile(r'\[[^\]]*\](?:\([^()]*\))?(?:mutable)?\{(?:return)?(?:::)?run\(')
+GATED_SLOT = r'::%s\([^{};]*\)\s*\{\s*run\('
 SIGNALS = re.compile(r'Q_SIGNALS\s*:(?P<body>.*?)(?=\b(?:public|protected|private)\b[^:;{}]*:|\};)', re.DOTALL)
 DECLARED = re.compile(r'\bvoid\s+(\w+)\s*\(')
 
@@ -54,10 +55,15 @@ def own_signals(texts):
     return signals
 
 
+def is_one_run(gated, code):
+    """Whether the body ends behind the run() with which it begins; gated ends behind the bracket of that run()."""
+    return gated is not None and re.match(r'\s*;?\s*\}', code[sources.end_of(code, gated.end() - 1):]) is not None
+
+
 def fault_of_text_connect(args, code):
     slot = re.match(r'SLOT\((\w+)\(', args[-1])
     is_of_the_bus = slot and len(args) == 6 and args[4] == 'this'
-    if is_of_the_bus and re.search(r'::' + slot.group(1) + r'\([^{};]*\)\s*\{\s*run\(', code):
+    if is_of_the_bus and is_one_run(re.search(GATED_SLOT % slot.group(1), code), code):
         return None
     return 'a connect by text'
 
@@ -81,7 +87,7 @@ def fault_of_connect(args, code, signals):
 def fault_of_later_call(args):
     if any(QT_FUNCTION.match(arg) for arg in args):
         return None
-    if any(GATED_LAMBDA.match(arg) for arg in args):
+    if any(is_one_run(GATED_LAMBDA.match(arg), arg) for arg in args):
         return None
     return 'a step that runs later has to be a lambda around run()'
 

@@ -125,6 +125,8 @@ class Connects(LintTest):
         call = 'bus.connect(service, path, portal, name, this, SLOT(changed(QString)));\n'
         self.assert_passes(call + 'void Scheme::changed(const QString &key)\n{\n    run([&] { go(key); });\n}\n')
         self.assert_refused(call + 'void Scheme::changed(const QString &key)\n{\n    go(key);\n}\n', 'by text')
+        self.assert_refused(call + 'void Scheme::changed(const QString &key)\n{\n    run([&] { go(key); });\n    go(key);\n}\n',
+                            'by text')
 
     def test_qts_own_functions_pass(self):
         self.assert_passes('connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);\n')
@@ -153,6 +155,7 @@ class Connects(LintTest):
             self.assert_passes(f'{call} &QWidget::close);\n')
             self.assert_refused(f'{call} [this] {{ go(); }});\n', 'runs later')
             self.assert_refused(f'{call} [this] {{ go(); run([&] {{ go(); }}); }});\n', 'runs later')
+            self.assert_refused(f'{call} [this] {{ run([&] {{ go(); }}); stop(); }});\n', 'runs later')
             self.assert_refused(f'{call} &frmTool::go);\n', 'runs later')
         self.assert_refused('QMetaObject::invokeMethod(this, "go");\n', 'runs later')
         self.assert_refused('timer.callOnTimeout([this] { go(); });\n', 'callOnTimeout')
@@ -169,12 +172,25 @@ class Waits(LintTest):
                      'dialog->exec();', 'QMenu::exec(items);'):
             self.assert_refused(f'\n{wait}\n', 'a wait past processPendingEvents()', line=2)
 
+    def test_a_dialog_that_waits_for_itself_is_refused(self):
+        for wait in ('exec();', 'return exec() == Accepted;', 'if (exec() == Accepted)', 'const bool ok = exec();',
+                     'run([&] { exec(); });'):
+            self.assert_refused(f'class Box : public QDialog\n{{\n    int ask()\n    {{\n        {wait}\n    }}\n}};\n',
+                                'a wait past processPendingEvents()', line=5)
+        self.assert_passes('exec();\n', 'platform/forms/Form.cpp')
+
+    def test_a_declared_exec_passes(self):
+        self.assert_passes('class Connection\n{\n    void exec(const QString &text);\n    Rows *exec(int);\n};\n'
+                           'void Connection::select()\n{\n}\n')
+
     def test_waits_through_the_gate_pass(self):
         self.assert_passes('processPendingEvents();\n// processEvents() would be wrong here\nvoid exec(int);\n')
 
     def test_the_owners_pass(self):
         self.assert_passes('QCoreApplication::processEvents();\n', 'platform/core/EventGate.cpp')
         self.assert_passes('QEventLoop loop;\nloop.exec();\n', 'platform/forms/Form.cpp')
+        self.assert_passes('drag->exec(actions);\n', 'platform/controls/RowDrag.cpp')
+        self.assert_refused('drag->exec(actions);\n', 'a wait', name='platform/controls/ListBox.cpp')
         self.assert_refused('QEventLoop loop;\n', 'a wait', name='word/EventGate.cpp')
 
 
@@ -189,6 +205,41 @@ class Events(LintTest):
         self.assert_refused('bool Tool::eventFilter(QObject *watched, QEvent *event)\n{\n    go();\n}\n', 'eventFilter()')
         self.assert_refused('class Tool\n{\n    void closeEvent(QCloseEvent *) override { go(); }\n};\n', 'closeEvent()',
                             name='tool/Tool.h', line=3)
+
+    def test_what_Qt_calls_besides_events_is_gated_too(self):
+        for override, base in (('accept()', 'QDialog::accept()'), ('reject()', 'QDialog::reject()'),
+                               ('done(int result)', 'QDialog::done(result)'),
+                               ('showPopup()', 'QComboBox::showPopup()'), ('hidePopup()', 'QComboBox::hidePopup()'),
+                               ('startDrag(Qt::DropActions actions)', 'QListView::startDrag(actions)'),
+                               ('setData(const QModelIndex &index, const QVariant &value, int role)',
+                                'QStringListModel::setData(index, value, role)'),
+                               ('nativeEvent(const QByteArray &type, void *message, qintptr *result)',
+                                'QWidget::nativeEvent(type, message, result)'),
+                               ('timerEvent(QTimerEvent *event)', 'QObject::timerEvent(event)')):
+            name = override[:override.index('(')]
+            self.assert_refused(f'\nvoid Tool::{override}\n{{\n    {base};\n    go();\n}}\n', f'{name}() calls go()', line=2)
+            self.assert_refused(f'class Tool\n{{\n    void {override} override {{ go(); }}\n}};\n', f'{name}() calls go()',
+                                name='tool/Tool.h', line=3)
+            self.assert_passes(f'void Tool::{override}\n{{\n    {base};\n    run([&] {{ go(); }});\n}}\n')
+
+    def test_own_functions_of_those_names_pass(self):
+        self.assert_passes('bool Plan::accept(int position)\n{\n    go();\n}\nvoid List::done()\n{\n    go();\n}\n'
+                           'void Drop::setData(const QByteArray &data)\n{\n    go();\n}\n')
+
+    def test_work_without_a_call_is_refused(self):
+        for body, fault in (('delete m_row;', 'makes or deletes an object'), ('m_row = new Row;', 'makes or deletes'),
+                            ('new Row;', 'makes or deletes'), ('throw 13;', 'throws'), ('m_rows << 1;', 'streams'),
+                            ('m_name = text;', 'assigns'), ('m_row->name += text;', 'assigns'), ('m_rows[1] = 2;', 'assigns'),
+                            ('if (m_isOpen)\n        m_isOpen = false;', 'assigns'), ('++m_count;', 'counts'),
+                            ('Guard guard{text};', 'makes an object'), ('Guard{text};', 'makes an object'),
+                            ('Guard guard;', 'makes an object')):
+            self.assert_refused(f'\nvoid Tool::showEvent(QShowEvent *)\n{{\n    {body}\n}}\n', f'showEvent() {fault}', line=2)
+            self.assert_passes(f'void Tool::showEvent(QShowEvent *)\n{{\n    run([&] {{ {body} }});\n}}\n')
+
+    def test_simple_variables_pass(self):
+        self.assert_passes('bool Tool::event(QEvent *event)\n{\n    bool isOwn = true;\n    const auto type = event->type();\n'
+                           '    if (type == 1) {\n        run([&] { go(); });\n    } else {\n        isOwn == m_isOwn;\n    }\n'
+                           '    return isOwn || QWidget::event(event);\n}\n')
 
     def test_gated_work_passes(self):
         self.assert_passes('void Tool::keyPressEvent(QKeyEvent *event)\n{\n    QWidget::keyPressEvent(event);\n'
@@ -225,8 +276,21 @@ class Prompts(LintTest):
     def test_the_error_message_dialog_is_nowhere(self):
         self.assert_refused('QErrorMessage box;\n', 'QErrorMessage', name='platform/forms/Prompts.cpp')
 
+    def test_dialogs_of_progress_and_steps_are_refused(self):
+        for name in ('QProgressDialog', 'QWizard', 'QPrintPreviewDialog'):
+            self.assert_refused(f'\n{name} box;\n', f'{name} outside the prompts', line=2)
+            self.assert_refused(f'#include <{name}>\n', name, name='platform/forms/Form.cpp')
+
+    def test_own_dialogs_are_refused(self):
+        for head in ('class Box : public QDialog', 'class Box final : public Base, public QDialog', 'struct Box :\n    QDialog'):
+            self.assert_refused(f'\n{head}\n{{\n}};\n', 'is no Form', name='tool/Box.h', line=2)
+            self.assert_passes(f'{head}\n{{\n}};\n', 'platform/forms/Box.h')
+        self.assert_passes('class dlgFindReplace : public QDialog\n{\n};\n', 'word/dlgFindReplace.h')
+        self.assert_refused('class dlgFindReplace : public QDialog\n{\n};\n', 'is no Form', name='tool/dlgFindReplace.h')
+
     def test_other_names_pass(self):
-        self.assert_passes('// as QMessageBox does\nQDialog dialog;\nMyQMessageBox box;\n')
+        self.assert_passes('// as QMessageBox does\nclass QDialog;\nint f(QDialog &dialog);\nMyQMessageBox box;\n'
+                           'class Frame : public QWidget\n{\n    QDialog *m_dialog;\n};\n')
 
 
 class Sizes(LintTest):
@@ -340,6 +404,19 @@ class Layering(LintTest):
                 self.assert_stops('view may not link platform/forms: its statics would come twice',
                                   {'platform/forms': 'quill_module()', 'view': f'{declaration}(LINKS platform/forms)'},
                                   'quill_allow(view TO platform/forms)')
+
+
+class WithoutQtPrivate(LintTest):
+    """The whole project is configured without Qt's private headers."""
+
+    def test_it_configures_and_takes_none_of_them(self):
+        command = ['cmake', '-G', 'Ninja', '-S', str(HERE.parents[1]), '-B', str(self.root), '-DQUILL_QT_PRIVATE=OFF']
+        found = subprocess.run(command, capture_output=True, text=True)
+        self.assertEqual(found.returncode, 0, found.stderr)
+        commands = (self.root / 'compile_commands.json').read_text(encoding='utf-8')
+        self.assertIn('/quick/plain/', commands)
+        self.assertNotIn('/quick/internals/', commands)
+        self.assertNotRegex(commands, r'/QtGui/6\.[0-9.]+')  # where the private headers are
 
 
 if __name__ == '__main__':

@@ -27,6 +27,16 @@ def read(path):
     return path.read_text(encoding='utf-8')
 
 
+def end_of(code, start):
+    """The position behind the bracket that closes the one at start."""
+    depth = 0
+    for position in range(start, len(code)):
+        depth += {'(': 1, '{': 1, ')': -1, '}': -1}.get(code[position], 0)
+        if depth == 0:
+            return position + 1
+    return len(code)
+
+
 def line_of(text, position):
     return text.count('\n', 0, position) + 1
 

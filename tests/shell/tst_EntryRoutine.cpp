@@ -64,12 +64,14 @@ TEST_P(SplashSkipped, OnlyTheValueOneShowsIt)
 
 INSTANTIATE_TEST_SUITE_P(Values, SplashSkipped, testing::Values("0", "2", "-1", "garbage", "99999", ""));
 
-TEST_F(EntryTest, AValueThatIsNoNumberLeavesTheSplashSettingZero)
+TEST_F(EntryTest, AValueThatIsNoNumberLeavesTheSplashSettingAsItWas)
 {
-    showSplash = 0;
+    showSplash = 1;
     splash("garbage");
+    suite->dialogs.expectWindow<frmSplash>(
+        QStringLiteral("frmSplash"), [&](frmSplash &window) { QTest::keyClick(&window, Qt::Key_Space); });
     restart();
-    EXPECT_EQ(showSplash, 0);
+    EXPECT_EQ(showSplash, 1);
 }
 
 TEST_F(EntryTest, AKeyEndsTheSplashAndTheFrameLoads)
@@ -78,7 +80,11 @@ TEST_F(EntryTest, AKeyEndsTheSplashAndTheFrameLoads)
     QString version;
     suite->dialogs.expectWindow<frmSplash>(QStringLiteral("frmSplash"), [&](frmSplash &window) {
         EXPECT_TRUE(Forms::named(QStringLiteral("frmDocument")).isEmpty());
-        version = window.member<QLabel>(QStringLiteral("lblVersion")).text();
+        const auto &label = window.member<QLabel>(QStringLiteral("lblVersion"));
+        version = label.text();
+        EXPECT_EQ(label.accessibleName(), QStringLiteral("Version"));
+        EXPECT_EQ(label.textFormat(), Qt::PlainText);
+        EXPECT_TRUE(label.isVisible());
         EXPECT_EQ(window.member<QTimer>(QStringLiteral("Timer1")).interval(), 3500);
         QTest::keyClick(&window, Qt::Key_Space);
     });

@@ -1,18 +1,14 @@
+#include "BareDesktop.h"
 #include "DialogDriver.h"
 #include "ErrorNumberOf.h"
-#include "Files.h"
 #include "Globals.h"
 #include "PrintQt.h"
-#include "ScratchHome.h"
-#include "ScratchVariable.h"
 #include "SystemShortcuts.h"
 #include "UrlCatcher.h"
 
 #include <QDir>
-#include <QFile>
 #include <QMenu>
 #include <QSysInfo>
-#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -44,49 +40,20 @@ constexpr Item items[] = {
     {"mnuStartup", "org.gnome.tweaks", false, true, true},
 };
 
-/// A desktop on which nothing is installed but what the test puts there.
-struct BareDesktop
+/// An empty desktop, whose tools may show a box.
+struct ShortcutDesk
 {
     ScratchHome home;
+    BareDesktop desktop{home};
     DialogDriver dialogs;
-    QString bin = home.file(QStringLiteral("bin"));
-    QString log = home.file(QStringLiteral("log"));
-    ScratchVariable path{"PATH", bin.toUtf8()};
-    ScratchVariable dataFolders{"XDG_DATA_DIRS", home.file(QStringLiteral("data")).toUtf8()};
-    ScratchVariable desktop{"XDG_CURRENT_DESKTOP"};
 
-    BareDesktop()
-    {
-        QDir().mkpath(bin);
-        QDir().mkpath(home.file(QStringLiteral("data/applications")));
-        lastAnswer = QStringLiteral("before");
-    }
-    ~BareDesktop() { lastAnswer.clear(); }
-
-    void install(const char *tool) const
-    {
-        install(tool, "#!/bin/sh\nprintf '%s' \"$$ $*\" >'" + log.toUtf8() + ".part'\n/bin/mv '" +
-                          log.toUtf8() + ".part' '" + log.toUtf8() + "'\n");
-    }
-    void install(const char *tool, const QByteArray &script) const
-    {
-        const QString program = bin + QStringLiteral("/the-tool");
-        Files::write(program, script);
-        QFile::setPermissions(program, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-        Files::write(home.file(QStringLiteral("data/applications/%1.desktop").arg(QLatin1String(tool))),
-                     "[Desktop Entry]\nExec=the-tool --from " + QByteArray(tool) + '\n');
-    }
-    /// Process id and words of the tool that was started.
-    QString started() const
-    {
-        EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(log); }));
-        return QString::fromUtf8(Files::read(log));
-    }
+    ShortcutDesk() { lastAnswer = QStringLiteral("before"); }
+    ~ShortcutDesk() { lastAnswer.clear(); }
 };
 
 struct SystemShortcutTest : testing::TestWithParam<Item>
 {
-    BareDesktop desktop;
+    ShortcutDesk desk;
     QString item = QString::fromLatin1(GetParam().name);
 };
 
@@ -94,9 +61,9 @@ struct SystemShortcutTest : testing::TestWithParam<Item>
 
 TEST_P(SystemShortcutTest, StartsItsTool)
 {
-    desktop.install(GetParam().tool);
+    desk.desktop.install(GetParam().tool);
     SystemShortcuts::run(item);
-    const QString call = desktop.started();
+    const QString call = desk.desktop.started();
     EXPECT_EQ(call.section(u' ', 1), QStringLiteral("--from ") + QLatin1String(GetParam().tool));
     EXPECT_EQ(lastAnswer, GetParam().keepsId ? call.section(u' ', 0, 0) : QStringLiteral("before"));
 }
@@ -108,14 +75,14 @@ TEST_P(SystemShortcutTest, AToolThatCannotBeStartedIsAnErrorUnlessItOnlyOpens)
 {
     if (GetParam().hasSubstitute)
         return;
-    desktop.install(GetParam().tool, "#!/nonexistent/interpreter\n");
+    desk.desktop.install(GetParam().tool, "#!/nonexistent/interpreter\n");
     EXPECT_EQ(errorNumberOf([&] { SystemShortcuts::run(item); }), GetParam().isOpen ? 0 : 53);
     EXPECT_EQ(lastAnswer, QStringLiteral("before"));
 }
 
 TEST(SystemShortcuts, AnItemWhoseToolIsMissingDoesNothing)
 {
-    const BareDesktop desktop;
+    const ShortcutDesk desk;
     for (const Item &item : items) {
         if (item.hasSubstitute)
             continue;
@@ -127,7 +94,7 @@ TEST(SystemShortcuts, AnItemWhoseToolIsMissingDoesNothing)
 
 TEST(SystemShortcuts, ItemsWhoseToolIsMissingAreGreyWhileItIs)
 {
-    const BareDesktop desktop;
+    const ShortcutDesk desk;
     QMenu menu;
     for (const char *name : {"mnuDefrag", "mnuTskMgr", "mnuWinVer", "mnuOther"})
         menu.addAction(QStringLiteral("item"))->setObjectName(QString::fromLatin1(name));
@@ -140,7 +107,7 @@ TEST(SystemShortcuts, ItemsWhoseToolIsMissingAreGreyWhileItIs)
         return states;
     };
     EXPECT_EQ(enabled(), QList<bool>({false, false, true, true}));
-    desktop.install("xfce4-taskmanager");
+    desk.desktop.install("xfce4-taskmanager");
     EXPECT_EQ(enabled(), QList<bool>({false, true, true, true}));
 }
 
@@ -152,8 +119,8 @@ TEST(SystemShortcuts, AnUnknownItemIsAnError)
 
 TEST(SystemShortcuts, TheVersionIsShownInABoxWhereNoToolShowsIt)
 {
-    BareDesktop desktop;
-    desktop.dialogs
+    ShortcutDesk desk;
+    desk.dialogs
         .expectBox(QStringLiteral("QuillOfficeToolsv2"),
                    QSysInfo::prettyProductName() + QStringLiteral("\nVersion: ") +
                        QSysInfo::productVersion() + QStringLiteral("\nKernel: ") + QSysInfo::kernelType() +
@@ -165,10 +132,10 @@ TEST(SystemShortcuts, TheVersionIsShownInABoxWhereNoToolShowsIt)
 
 TEST(SystemShortcuts, StartupOpensItsFolderWhereNoToolDoes)
 {
-    BareDesktop desktop;
+    ShortcutDesk desk;
     const UrlCatcher urls;
     SystemShortcuts::run(QStringLiteral("mnuStartup"));
-    const QString folder = desktop.home.file(QStringLiteral(".config/autostart"));
+    const QString folder = desk.home.file(QStringLiteral(".config/autostart"));
     EXPECT_EQ(urls.opened(), QList<QUrl>{QUrl::fromLocalFile(folder)});
     EXPECT_TRUE(QDir(folder).exists());
     EXPECT_EQ(lastAnswer, QStringLiteral("before"));
@@ -176,8 +143,8 @@ TEST(SystemShortcuts, StartupOpensItsFolderWhereNoToolDoes)
 
 TEST(SystemShortcuts, AFolderThatNothingOpensIsSilent)
 {
-    BareDesktop desktop;
+    ShortcutDesk desk;
     SystemShortcuts::run(QStringLiteral("mnuStartup"));
-    EXPECT_TRUE(QDir(desktop.home.file(QStringLiteral(".config/autostart"))).exists());
-    EXPECT_TRUE(desktop.dialogs.seen().isEmpty());
+    EXPECT_TRUE(QDir(desk.home.file(QStringLiteral(".config/autostart"))).exists());
+    EXPECT_TRUE(desk.dialogs.seen().isEmpty());
 }

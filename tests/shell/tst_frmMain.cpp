@@ -16,6 +16,8 @@
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -326,6 +328,23 @@ TEST_F(FrameTest, ClosingTheFrameReachesEveryChildAndEndsTheProgram)
     suite.fatal.expectEnd(EXIT_SUCCESS);
     suite.frame().close();
     EXPECT_EQ(Forms::named(QStringLiteral("frmDocument")).size(), 0);
+}
+
+TEST_F(FrameTest, TheFrameStaysWhileAChildsQuestionIsOpen)
+{
+    suite.type(QStringLiteral("a"));
+    suite.dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [this](QMessageBox &box) {
+        EXPECT_EQ(box.text(), QStringLiteral("Save Changes to Document 1"));
+        suite.frame().close();
+        EXPECT_TRUE(suite.fatal.ends().isEmpty());
+        EXPECT_TRUE(box.isVisible());
+        box.button(QMessageBox::No)->click();
+    });
+    suite.choose("mnuFileClose");
+    EXPECT_TRUE(suite.frame().isVisible());
+    EXPECT_TRUE(Forms::named(QStringLiteral("frmDocument")).isEmpty());
+    suite.fatal.expectEnd(EXIT_SUCCESS);
+    suite.frame().close();
 }
 
 TEST_F(FrameTest, TheTipsDocumentOpensOnceAndLocked)

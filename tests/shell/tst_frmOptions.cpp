@@ -119,6 +119,21 @@ TEST_F(OptionsTest, ShowsItsCaptions)
     });
 }
 
+TEST_F(OptionsTest, EveryFrameHasANameAndIsSpoken)
+{
+    open("mnuToolsOptions", [](frmOptions &window) {
+        QStringList names;
+        for (const QGroupBox *frame : window.findChildren<QGroupBox *>()) {
+            EXPECT_EQ(frame->accessibleName(), frame->title());
+            names << frame->objectName();
+        }
+        names.sort();
+        EXPECT_EQ(names.join(u' '),
+                  QStringLiteral("fraDefaults fraHelp fraSample2 fraSample3 fraSample4 fraStartUp"));
+        click(window, "cmdCancel");
+    });
+}
+
 TEST_F(OptionsTest, AStoreThatCannotBeWrittenIsAnUntrappedError)
 {
     suite.fatal.expect(76);

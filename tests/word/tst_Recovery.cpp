@@ -6,11 +6,13 @@
 #include "Forms.h"
 #include "FullDisk.h"
 #include "Globals.h"
+#include "HostileNames.h"
 #include "RecoveryFolder.h"
 #include "RunningSuite.h"
 #include "ScratchFolder.h"
 #include "frmDocument.h"
 
+#include <QDateTime>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QLabel>
@@ -66,6 +68,18 @@ QString newestCopy()
     const QDir folder(RecoveryFolder::path());
     return folder.filePath(
         folder.entryList({QStringLiteral("copy-??????")}, QDir::Files, QDir::Time).front());
+}
+
+/// What is left behind next is newer than the newest copy; file times are coarse.
+void waitForNextFileTime()
+{
+    const QString probe = RecoveryFolder::path() + QStringLiteral("/probe");
+    const QDateTime newest = QFileInfo(newestCopy()).lastModified();
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        Files::write(probe, "x");
+        return QFileInfo(probe).lastModified() > newest;
+    }));
+    EXPECT_TRUE(QFile::remove(probe));
 }
 
 /// From now on a document that is given a text with \a words ends the process, as a fault of the reader does.
@@ -328,7 +342,7 @@ TEST_F(RecoveryTest, AnEmptyRecoveredDocumentAsksToo)
 TEST_F(RecoveryTest, TheOldestIsOpenedFirstAndAllAreCounted)
 {
     leaveBehind(QStringLiteral("/a.rtf"), "a");
-    QTest::qSleep(20); // file times are that coarse
+    waitForNextFileTime();
     leaveBehind(QStringLiteral("/b.rtf"), "b");
     restart();
     ASSERT_EQ(documents().size(), 3);
@@ -429,11 +443,11 @@ TEST_F(RecoveryTest, ACopyCutShortGivesWhatCanBeRead)
 TEST_F(RecoveryTest, ACopyThatMakesTheSuiteCrashIsNotOpenedAgain)
 {
     leaveBehind(QStringLiteral("/a.rtf"), "a");
-    QTest::qSleep(20); // file times are that coarse
+    waitForNextFileTime();
     leaveBehind(QStringLiteral("/fatal.rtf"), "fatal");
     const QString fatal = newestCopy();
     const QByteArray content = Files::read(fatal);
-    QTest::qSleep(20);
+    waitForNextFileTime();
     leaveBehind(QStringLiteral("/b.rtf"), "b");
     for (int start = 0; start < 2; ++start) { // the first may have been a power cut
         ForkedTask crashing;
@@ -483,3 +497,19 @@ TEST_F(RecoveryTest, ItIsSaidWhereSeveralCopiesAreThatCannotBeOpened)
     EXPECT_EQ(notice(), QStringLiteral("2 documents could not be recovered; their copies are in %1.")
                             .arg(RecoveryFolder::path()));
 }
+
+class RecoveredName : public RecoveryTest, public testing::WithParamInterface<HostileName>
+{};
+
+TEST_P(RecoveredName, IsTheCaptionAgain)
+{
+    const QString caption = QStringLiteral("/gone/") + GetParam().text();
+    leaveBehind(caption, "words");
+    restart();
+    EXPECT_EQ(suite.active().Caption(), caption);
+    EXPECT_EQ(textOf(suite.active()), QStringLiteral("words"));
+    EXPECT_EQ(notice(), QStringLiteral("1 document recovered from the last run."));
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, RecoveredName, testing::ValuesIn(HostileNames::all()),
+                         HostileNames::what<testing::TestParamInfo<HostileName>>);

@@ -1,15 +1,22 @@
 #include "AsUser.h"
+#include "FileNames.h"
 #include "Files.h"
 #include "Forms.h"
 #include "FullDisk.h"
 #include "Globals.h"
+#include "HostileNames.h"
 #include "Paths.h"
 #include "RunningSuite.h"
+#include "ScratchFolder.h"
+#include "ShownText.h"
 #include "StandInTool.h"
 #include "UrlCatcher.h"
 #include "frmDocument.h"
 
 #include <QDir>
+#include <QMdiSubWindow>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -425,3 +432,43 @@ TEST_F(DocumentTest, CommandsWithoutADocumentDoNothing)
     textQuestion().press(QMessageBox::Yes);
     suite.choose("mnuFileSaveAs");
 }
+
+class DocumentNameTest : public DocumentTest, public testing::WithParamInterface<HostileName>
+{};
+
+TEST_P(DocumentNameTest, IsShownAsItIs)
+{
+    const QString name = suite.home.file(GetParam().text());
+    suite.type(QStringLiteral("x"));
+    suite.active().setCaption(name);
+    EXPECT_EQ(suite.active().parentWidget()->windowTitle(), name);
+    suite.dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [&](QMessageBox &box) {
+        EXPECT_EQ(box.windowTitle(), QString::fromLatin1(saveChanges));
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        EXPECT_EQ(box.text(), QStringLiteral("Save Changes to ") + ShownText::lines(name));
+        box.button(QMessageBox::No)->click();
+    });
+    suite.choose("mnuFileClose");
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, DocumentNameTest, testing::ValuesIn(HostileNames::all()),
+                         HostileNames::what<testing::TestParamInfo<HostileName>>);
+
+class DocumentFileTest : public DocumentTest, public testing::WithParamInterface<HostileName>
+{};
+
+TEST_P(DocumentFileTest, IsSavedUnderItsName)
+{
+    const ScratchFolder folder;
+    folder.addFile(GetParam().bytes, "one");
+    const QString name = FileNames::fromBytes(folder.file(GetParam().bytes));
+    suite.text().LoadFile(name);
+    suite.active().setCaption(name);
+    suite.type(QStringLiteral("x"));
+    suite.choose("mnusaveonly");
+    EXPECT_EQ(suite.active().Caption(), name);
+    EXPECT_TRUE(Files::read(name).contains("xone"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, DocumentFileTest, testing::ValuesIn(HostileNames::files()),
+                         HostileNames::what<testing::TestParamInfo<HostileName>>);

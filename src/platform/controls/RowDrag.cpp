@@ -11,8 +11,8 @@
 namespace {
 
 constexpr int iconSize = 16;     // pixels
-constexpr int margin = 4;        // the same
-constexpr int longestName = 240; // the same
+constexpr int margin = 4;        // pixels
+constexpr int longestName = 240; // pixels
 constexpr QPoint besidePointer(-12, -12);
 
 QIcon iconOf(const QModelIndex &row)

@@ -5,7 +5,6 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QPalette>
-#include <optional>
 
 namespace {
 
@@ -24,25 +23,18 @@ void addPackagedThemes()
         QIcon::setThemeSearchPaths(QStringList(paths) << packagedThemes);
 }
 
-void choosePackagedTheme(bool dark)
-{
-    const QString packaged = dark ? QStringLiteral("breeze-dark") : QStringLiteral("breeze");
-    const QString desktop = QIcon::themeName();
-    QIcon::setFallbackThemeName(packaged);
-    if (desktop.isEmpty() || desktop == QLatin1String("hicolor") ||
-        desktop.startsWith(QLatin1String("breeze")))
-        QIcon::setThemeName(packaged);
-}
-
+/// The desktop's own theme stays, unless it has none for this palette.
 void followPalette()
 {
-    static std::optional<bool> chosen;
-    const bool dark = isDark();
-    if (chosen == dark)
-        return;
+    const QString packaged = isDark() ? QStringLiteral("breeze-dark") : QStringLiteral("breeze");
+    const QString desktop = QIcon::themeName();
     addPackagedThemes();
-    choosePackagedTheme(dark);
-    chosen = dark;
+    if (QIcon::fallbackThemeName() != packaged)
+        QIcon::setFallbackThemeName(packaged);
+    const bool isReplaced = desktop.isEmpty() || desktop == QLatin1String("hicolor") ||
+                            desktop.startsWith(QLatin1String("breeze"));
+    if (isReplaced && desktop != packaged)
+        QIcon::setThemeName(packaged);
 }
 
 } // namespace

@@ -6,7 +6,7 @@ namespace {
 
 constexpr QChar mark = QChar::ReplacementCharacter;
 
-/// The joiners U+200C and U+200D are spared: words of several scripts, and many emoji, are written with them.
+/// The joiners U+200C and U+200D are kept: words of several scripts, and many emoji, are written with them.
 bool isHidden(QChar character)
 {
     const char16_t code = character.unicode();
@@ -15,13 +15,13 @@ bool isHidden(QChar character)
            (code >= 0x2060 && code <= 0x206f) || code == 0xfeff;
 }
 
-QString marked(const QString &text, QStringView spared)
+QString marked(const QString &text, QStringView kept)
 {
     QString shown = text;
     for (qsizetype i = 0; i < text.size(); ++i) {
         if (isSurrogatePair(text, i))
             ++i;
-        else if (text[i].isSurrogate() || (isHidden(text[i]) && !spared.contains(text[i])))
+        else if (text[i].isSurrogate() || (isHidden(text[i]) && !kept.contains(text[i])))
             shown[i] = mark;
     }
     return shown;

@@ -47,9 +47,9 @@ void selectRow(QListWidget &list, int row)
     list.scrollToItem(list.currentItem(), QAbstractItemView::PositionAtCenter);
 }
 
-QVBoxLayout *column(QWidget *owner, const QString &caption, QWidget *buddy)
+QVBoxLayout *column(const char *labelName, const QString &caption, QWidget *buddy)
 {
-    auto *label = new QLabel(caption, owner);
+    auto *label = named<QLabel>(labelName, caption);
     label->setBuddy(buddy);
     auto *column = new QVBoxLayout;
     column->addWidget(label);
@@ -71,7 +71,7 @@ FontDialog::FontDialog(const QFont &font, const QColor &color, QWidget *owner)
           named<QCheckBox>("chkUnderline", QStringLiteral("&Underline"), QStringLiteral("Underline")))
     , cmdColor(named<QPushButton>("cmdColor", QString(), QStringLiteral("Colour")))
     , lblSample(named<QLabel>("lblSample", QStringLiteral("AaBbYyZz"), QStringLiteral("Sample")))
-    , m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this))
+    , buttons(named("buttons", new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel)))
 {
     setObjectName(QStringLiteral("FontDialog"));
     auto *rows = new QVBoxLayout(this);
@@ -80,7 +80,7 @@ FontDialog::FontDialog(const QFont &font, const QColor &color, QWidget *owner)
     lower->addWidget(buildEffects());
     lower->addWidget(buildSample(), 1);
     rows->addLayout(lower);
-    rows->addWidget(m_buttons);
+    rows->addWidget(buttons);
     fillFamilies();
     setCurrentFont(font);
     showColor();
@@ -91,8 +91,8 @@ FontDialog::FontDialog(const QFont &font, const QColor &color, QWidget *owner)
     on(chkStrikeout, &QCheckBox::toggled, this, &FontDialog::showSample);
     on(chkUnderline, &QCheckBox::toggled, this, &FontDialog::showSample);
     on(cmdColor, &QPushButton::clicked, this, &FontDialog::cmdColor_Click);
-    on(m_buttons, &QDialogButtonBox::accepted, this, &FontDialog::accept);
-    on(m_buttons, &QDialogButtonBox::rejected, this, &FontDialog::reject);
+    on(buttons, &QDialogButtonBox::accepted, this, &FontDialog::accept);
+    on(buttons, &QDialogButtonBox::rejected, this, &FontDialog::reject);
     lstFont->setFocus();
 }
 
@@ -101,11 +101,11 @@ QWidget *FontDialog::buildChoices()
     auto *choices = new QWidget(this);
     auto *columns = new QHBoxLayout(choices);
     columns->setContentsMargins({});
-    QVBoxLayout *fonts = column(choices, QStringLiteral("&Font"), lstFont);
+    QVBoxLayout *fonts = column("lblFont", QStringLiteral("&Font"), lstFont);
     fonts->addWidget(lstFont);
-    QVBoxLayout *styles = column(choices, QStringLiteral("Font st&yle"), lstStyle);
+    QVBoxLayout *styles = column("lblStyle", QStringLiteral("Font st&yle"), lstStyle);
     styles->addWidget(lstStyle);
-    QVBoxLayout *sizes = column(choices, QStringLiteral("&Size"), txtSize);
+    QVBoxLayout *sizes = column("lblSize", QStringLiteral("&Size"), txtSize);
     sizes->addWidget(txtSize);
     sizes->addWidget(lstSize);
     columns->addLayout(fonts, 4);
@@ -128,7 +128,7 @@ QWidget *FontDialog::buildEffects()
     auto *rows = new QVBoxLayout(effects);
     rows->addWidget(chkStrikeout);
     rows->addWidget(chkUnderline);
-    auto *label = new QLabel(QStringLiteral("&Colour"), effects);
+    auto *label = named<QLabel>("lblColor", QStringLiteral("&Colour"));
     label->setBuddy(cmdColor);
     cmdColor->setAutoDefault(false);
     auto *row = new QHBoxLayout;
@@ -203,7 +203,7 @@ void FontDialog::txtSize_Change()
     lstSize->clearSelection();
     if (!same.isEmpty())
         selectRow(*lstSize, lstSize->row(same.first()));
-    m_buttons->button(QDialogButtonBox::Ok)->setEnabled(txtSize->hasAcceptableInput());
+    buttons->button(QDialogButtonBox::Ok)->setEnabled(txtSize->hasAcceptableInput());
     showSample();
 }
 

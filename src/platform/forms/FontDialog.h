@@ -44,5 +44,5 @@ private:
     QCheckBox *chkUnderline;
     QPushButton *cmdColor;
     QLabel *lblSample;
-    QDialogButtonBox *m_buttons;
+    QDialogButtonBox *buttons;
 };

@@ -276,6 +276,22 @@ TEST_F(ListBoxTest, CopiesSelectedRowsAsLines)
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QStringLiteral("alpha\ngamma"));
 }
 
+TEST_F(ListBoxTest, ManyRowsOfOneCallAreOneChange)
+{
+    constexpr int many = 50000;
+    list.Clear();
+    QStringList texts;
+    for (int i = 0; i < many; ++i)
+        texts << QString::number(i);
+    const QSignalSpy inserted(list.model(), &QAbstractItemModel::rowsInserted);
+    list.addItems(texts);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return list.model()->rowCount() == many; }));
+    ASSERT_EQ(inserted.size(), 1);
+    EXPECT_EQ(inserted[0][1].toInt(), 0);
+    EXPECT_EQ(inserted[0][2].toInt(), many - 1);
+    EXPECT_EQ(list.List(many - 1), QString::number(many - 1));
+}
+
 TEST_F(ListBoxTest, AFastLogIsKnownAtOnceAndShownSoon)
 {
     constexpr int lines = 20000;

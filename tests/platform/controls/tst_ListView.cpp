@@ -103,6 +103,21 @@ TEST_F(ListViewTest, RefusesAKeyTwice)
     EXPECT_EQ(items.IndexOf(QStringLiteral("File4")), 4);
 }
 
+TEST_F(ListViewTest, ManyItemsOfOneCallAreOneChange)
+{
+    constexpr int count = 50000;
+    items.Clear();
+    std::vector<ListItem> many;
+    for (int i = 1; i <= count; ++i)
+        many.push_back(item(i));
+    const QSignalSpy inserted(&items, &QAbstractItemModel::rowsInserted);
+    items.addItems(std::move(many));
+    ASSERT_EQ(inserted.size(), 1);
+    EXPECT_EQ(inserted[0][1].toInt(), 0);
+    EXPECT_EQ(inserted[0][2].toInt(), count - 1);
+    EXPECT_EQ(items.Count(), count);
+}
+
 TEST_F(ListViewTest, RemovesItems)
 {
     items.Remove(1);

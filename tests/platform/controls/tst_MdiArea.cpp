@@ -86,3 +86,31 @@ TEST_F(MdiAreaTest, MaximisedAndRestoredAChildKeepsItsFocus)
     QCoreApplication::processEvents();
     EXPECT_TRUE(fields[1].hasFocus());
 }
+
+TEST_F(MdiAreaTest, MinimisedChildrenThatFillARowBeginASecondOneAboveIt)
+{
+    frame.resize(900, 600);
+    frame.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&frame));
+    QList<QMdiSubWindow *> icons;
+    for (int i = 0; i < 3; ++i) {
+        icons << &placed(QSizePolicy::Preferred);
+        icons.last()->showMinimized();
+    }
+    QMdiSubWindow &open = placed(QSizePolicy::Preferred);
+    const QSize icon = icons[0]->size();
+    const int width = 2 * icon.width() + icon.width() / 2; // two beside each other
+    const int height = 6 * icon.height();
+    frame.resize(frame.size() + QSize(width, height) - area->viewport()->size());
+    ASSERT_EQ(area->viewport()->size(), QSize(width, height));
+    for (QMdiSubWindow *child : icons)
+        child->move(7, 7);
+
+    area->arrange(MdiArea::Arrangement::ArrangeIcons);
+    EXPECT_EQ(icons[0]->pos(), QPoint(0, height - icon.height()));
+    EXPECT_EQ(icons[1]->pos(), QPoint(icon.width(), height - icon.height()));
+    EXPECT_EQ(icons[2]->pos(), QPoint(0, height - 2 * icon.height()));
+
+    area->arrange(MdiArea::Arrangement::TileHorizontal);
+    EXPECT_EQ(open.geometry(), QRect(0, 0, width, height - 2 * icon.height()));
+}

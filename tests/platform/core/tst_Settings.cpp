@@ -10,6 +10,8 @@
 #include <QFile>
 #include <QFileInfo>
 #include <gtest/gtest.h>
+#include <latch>
+#include <thread>
 
 namespace {
 
@@ -109,6 +111,26 @@ TEST_F(SettingsTest, SavingLeavesTheOtherKeys)
     EXPECT_EQ(get("Options", "MainLeft"), QStringLiteral("2"));
     EXPECT_EQ(get("Settings", "MainTop"), QStringLiteral("3"));
     EXPECT_EQ(folder(), QStringList(QStringLiteral("QuillOfficeToolsv2.ini")));
+}
+
+/// Each would write back what it has read before the other one's values.
+TEST_F(SettingsTest, TwoWritersAtOnceLoseNothing)
+{
+    constexpr int values = 25;
+    std::latch start(2);
+    const auto write = [&](const char *section) {
+        start.arrive_and_wait();
+        for (int i = 0; i < values; ++i)
+            save(section, qPrintable(QStringLiteral("Key%1").arg(i)), QString::number(i));
+    };
+    std::thread other(write, "Other");
+    write("Settings");
+    other.join();
+    for (const char *section : {"Settings", "Other"}) {
+        for (int i = 0; i < values; ++i)
+            EXPECT_EQ(get(section, qPrintable(QStringLiteral("Key%1").arg(i))), QString::number(i))
+                << section << " Key" << i;
+    }
 }
 
 TEST_F(SettingsTest, AFileThatCannotBeUnderstoodIsKeptBeside)

@@ -1,5 +1,6 @@
 #include "CommonDialog.h"
 #include "DialogDriver.h"
+#include "DialogHook.h"
 #include "ErrorNumberOf.h"
 #include "EventGate.h"
 #include "Files.h"
@@ -49,7 +50,37 @@ struct CommonDialogTest : testing::Test
     }
 };
 
+/// As on a desktop that has file dialogs of its own.
+struct DesktopsOwnDialogs
+{
+    DesktopsOwnDialogs() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs, false); }
+    ~DesktopsOwnDialogs() { QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs); }
+};
+
 } // namespace
+
+TEST_F(CommonDialogTest, OneThatIsFollowedOrHasABoxOfItsOwnIsNotTheDesktops)
+{
+    const DesktopsOwnDialogs desktop;
+    const auto isQts = [&](void (CommonDialog::*show)()) {
+        bool isForced = false;
+        dialogs.expectWindow<QFileDialog>(QStringLiteral("FileDialog"), [&](QFileDialog &shown) {
+            isForced = shown.testOption(QFileDialog::DontUseNativeDialog);
+            shown.reject();
+        });
+        (dialog.*show)();
+        return isForced;
+    };
+    EXPECT_FALSE(isQts(&CommonDialog::ShowOpen));
+    EXPECT_FALSE(isQts(&CommonDialog::ShowSave));
+    dialog.OffersReadOnly = true;
+    EXPECT_TRUE(isQts(&CommonDialog::ShowOpen));
+    dialog.OffersReadOnly = false;
+    DialogHook hook;
+    dialog.Hook = &hook;
+    EXPECT_TRUE(isQts(&CommonDialog::ShowOpen));
+    EXPECT_TRUE(isQts(&CommonDialog::ShowSave));
+}
 
 TEST_F(CommonDialogTest, OpensAnExistingFile)
 {

@@ -183,3 +183,21 @@ TEST_F(FontDialogTest, ReturnInTheListTakesTheFont)
     dialog.ShowFont();
     EXPECT_EQ(dialog.FontName, missing);
 }
+
+TEST_F(FontDialogTest, EveryControlHasANameAndIsSpoken)
+{
+    choose([](FontDialog &window) {
+        for (const auto &[name, spoken] :
+             {std::pair("lblFont", "Font"), std::pair("lstFont", "Font"), std::pair("lblStyle", "Font style"),
+              std::pair("lstStyle", "Font style"), std::pair("lblSize", "Size"), std::pair("txtSize", "Size"),
+              std::pair("lstSize", "Sizes"), std::pair("fraEffects", "Effects"),
+              std::pair("chkStrikeout", "Strikeout"), std::pair("chkUnderline", "Underline"),
+              std::pair("lblColor", "Colour"), std::pair("cmdColor", "Colour"),
+              std::pair("fraSample", "Sample"), std::pair("lblSample", "Sample")}) {
+            EXPECT_EQ(control<QWidget>(window, name).accessibleName(), QString::fromLatin1(spoken)) << name;
+        }
+        EXPECT_NE(window.findChild<QDialogButtonBox *>(QStringLiteral("buttons")), nullptr);
+        for (const QLabel *label : window.findChildren<QLabel *>())
+            EXPECT_FALSE(label->objectName().isEmpty()) << qUtf8Printable(label->text());
+    });
+}

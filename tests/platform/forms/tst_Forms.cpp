@@ -8,6 +8,25 @@
 
 namespace {
 
+/// A window whose class has its base's name: Q_OBJECT is left out.
+struct NamelessForm : Form
+{};
+
+template<class Window>
+concept CanBeReferredTo = requires
+{
+    Forms::refer<Window>();
+};
+
+template<class Control>
+concept CanBeAMember = requires(const Form &form)
+{
+    form.member<Control>(QString());
+};
+
+static_assert(CanBeReferredTo<ProbeForm> && !CanBeReferredTo<NamelessForm>);
+static_assert(CanBeAMember<ProbeForm> && !CanBeAMember<NamelessForm>);
+
 const QString single = QStringLiteral("frmSingle");
 const QString document = QStringLiteral("frmDocument");
 

@@ -1,6 +1,8 @@
 #include "Colors.h"
 #include "FlatTitleStyle.h"
+#include "HostileNames.h"
 #include "Palettes.h"
+#include "ShownText.h"
 
 #include <QDialogButtonBox>
 #include <QImage>
@@ -166,6 +168,14 @@ TEST(FlatTitleStyle, ALongTitleShowsItsEnd)
     const QString name = QStringLiteral("letter.rtf");
     EXPECT_NE(barWithTitle(folders + name), barWithTitle(folders + QStringLiteral("figures.txt")));
     EXPECT_EQ(barWithTitle(folders + name), barWithTitle(QStringLiteral("/mnt") + folders + name));
+}
+
+TEST(FlatTitleStyle, ATitleFromOutsideShowsMarksForWhatCannotBeSeen)
+{
+    const QString hidden = QStringLiteral("invoice\u202Efdp.exe");
+    EXPECT_NE(barWithTitle(QStringLiteral("invoicefdp.exe")), barWithTitle(hidden)); // the marks are seen
+    for (const HostileName &name : HostileNames::all())
+        EXPECT_EQ(barWithTitle(name.text()), barWithTitle(ShownText::line(name.text()))) << name.what;
 }
 
 TEST(FlatTitleStyle, GroupFramesAndMenuEntriesAreSeenInLightAndDark)

@@ -4,6 +4,7 @@
 #include "Forms.h"
 #include "Toolbar.h"
 
+#include <QAbstractButton>
 #include <QMenu>
 #include <QMenuBar>
 #include <QTest>
@@ -117,15 +118,17 @@ void Walker::chooseEveryMenuItem()
     }
 }
 
-void Walker::press(const QString &key)
+void Walker::press(QAbstractButton &button)
 {
-    auto *button = m_suite.frame().tbToolBar().findChild<QToolButton *>(key);
-    m_steps << key;
-    click(*button, QPoint(button->height() / 2, button->height() / 2));
+    m_steps << button.objectName();
+    const int inside = qMin(button.width(), button.height()) / 2; // the main part of a button with a list
+    click(button, QPoint(inside, inside));
     settle();
-    if (!button->menu())
-        return;
-    for (QAction *entry : button->menu()->actions()) {
+}
+
+void Walker::chooseFromList(const QMenu &list)
+{
+    for (QAction *entry : list.actions()) {
         if (entry->isSeparator())
             continue;
         startAfresh();
@@ -145,6 +148,24 @@ void Walker::pressEveryButton()
     }
     for (const QString &key : std::as_const(keys)) {
         startAfresh();
-        press(key);
+        auto &button = *m_suite.frame().tbToolBar().findChild<QToolButton *>(key);
+        press(button);
+        if (button.menu())
+            chooseFromList(*button.menu());
+    }
+}
+
+void Walker::pressEveryButtonOfTheTool()
+{
+    startAfresh();
+    QStringList names;
+    for (const QAbstractButton *button : m_suite.active().findChildren<QAbstractButton *>()) {
+        if (button->isVisible() && button->isEnabled() &&
+            !button->objectName().startsWith(QStringLiteral("qt_")))
+            names << button->objectName();
+    }
+    for (const QString &name : std::as_const(names)) {
+        startAfresh();
+        press(*m_suite.active().findChild<QAbstractButton *>(name));
     }
 }

@@ -4,6 +4,8 @@
 
 #include <functional>
 
+class QAbstractButton;
+
 /// A user who tries everything that the frame offers, with the mouse, and leaves every dialog by its
 /// least harmful button. Errors that would end the program are recorded, and it continues.
 class Walker
@@ -13,7 +15,10 @@ public:
     explicit Walker(std::function<void(RunningSuite &)> prepare);
 
     void chooseEveryMenuItem();
+    /// Of the frame's toolbar.
     void pressEveryButton();
+    /// Of the active window itself.
+    void pressEveryButtonOfTheTool();
 
     /// What was tried, by name.
     const QStringList &steps() const { return m_steps; }
@@ -28,7 +33,8 @@ private:
     void choose(const QList<QAction *> &path);
     void visit(const QList<QAction *> &items, const QStringList &path, QList<QStringList> &leaves) const;
     QList<QAction *> find(const QStringList &path) const;
-    void press(const QString &key);
+    void press(QAbstractButton &button);
+    void chooseFromList(const QMenu &list);
     void settle() const;
 
     RunningSuite m_suite;

@@ -36,25 +36,37 @@ void document(RunningSuite &suite)
     suite.text().setSelLength(4);
 }
 
+void openTool(RunningSuite &suite, const QString &name)
+{
+    Form &tool = Forms::refer(name);
+    tool.showModeless();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return suite.frame().ActiveForm() == &tool && tool.isVisible(); }));
+    suite.frame().checkForDocument();
+}
+
 void calculator(RunningSuite &suite)
 {
-    Forms::refer(QStringLiteral("frmCalculator")).showModeless();
-    QTest::qWait(0);
-    suite.frame().checkForDocument();
+    openTool(suite, QStringLiteral("frmCalculator"));
 }
 
 void ftp(RunningSuite &suite)
 {
-    Forms::refer(QStringLiteral("frmFTP")).showModeless();
-    QTest::qWait(0);
-    suite.frame().checkForDocument();
+    openTool(suite, QStringLiteral("frmFTP"));
 }
 
 void addressBook(RunningSuite &suite)
 {
-    Forms::refer(QStringLiteral("frmAddressBook")).showModeless();
-    QTest::qWait(0);
-    suite.frame().checkForDocument();
+    openTool(suite, QStringLiteral("frmAddressBook"));
+}
+
+void zip(RunningSuite &suite)
+{
+    openTool(suite, QStringLiteral("frmZip"));
+}
+
+void unzip(RunningSuite &suite)
+{
+    openTool(suite, QStringLiteral("frmUnzip"));
 }
 
 } // namespace
@@ -103,6 +115,24 @@ TEST_F(Walk, EveryMenuItemInTheAddressBook)
     EXPECT_EQ(walker.steps().size(), 16);
 }
 
+TEST_F(Walk, EveryMenuItemInTheZipWindow)
+{
+    Walker walker(zip);
+    walker.chooseEveryMenuItem();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_EQ(walker.ends(), QStringList(QStringLiteral("mnuexittools")));
+    EXPECT_EQ(walker.steps().size(), 12);
+}
+
+TEST_F(Walk, EveryMenuItemInTheUnzipWindow)
+{
+    Walker walker(unzip);
+    walker.chooseEveryMenuItem();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_EQ(walker.ends(), QStringList(QStringLiteral("mnuexittools")));
+    EXPECT_EQ(walker.steps().size(), 11);
+}
+
 TEST_F(Walk, EveryButtonInADocument)
 {
     Walker walker(document);
@@ -124,4 +154,76 @@ TEST_F(Walk, EveryButtonInTheCalculator)
     Walker walker(calculator);
     walker.pressEveryButton();
     EXPECT_EQ(walker.errors(), QStringList());
+}
+
+TEST_F(Walk, EveryButtonInTheFtpWindow)
+{
+    Walker walker(ftp);
+    walker.pressEveryButton();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_GT(walker.steps().size(), 30);
+}
+
+TEST_F(Walk, EveryButtonInTheAddressBook)
+{
+    Walker walker(addressBook);
+    walker.pressEveryButton();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_GT(walker.steps().size(), 30);
+}
+
+TEST_F(Walk, EveryButtonInTheZipWindow)
+{
+    Walker walker(zip);
+    walker.pressEveryButton();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_GT(walker.steps().size(), 30);
+}
+
+TEST_F(Walk, EveryButtonInTheUnzipWindow)
+{
+    Walker walker(unzip);
+    walker.pressEveryButton();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_GT(walker.steps().size(), 30);
+}
+
+TEST_F(Walk, EveryButtonOfTheCalculatorItself)
+{
+    Walker walker(calculator);
+    walker.pressEveryButtonOfTheTool();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_EQ(walker.steps().size(), 21);
+}
+
+TEST_F(Walk, EveryButtonOfTheFtpWindowItself)
+{
+    Walker walker(ftp);
+    walker.pressEveryButtonOfTheTool();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_EQ(walker.steps().size(), 6);
+}
+
+TEST_F(Walk, EveryButtonOfTheAddressBookItself)
+{
+    Walker walker(addressBook);
+    walker.pressEveryButtonOfTheTool();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_EQ(walker.steps().size(), 40);
+}
+
+TEST_F(Walk, EveryButtonOfTheZipWindowItself)
+{
+    Walker walker(zip);
+    walker.pressEveryButtonOfTheTool();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_EQ(walker.steps().size(), 8);
+}
+
+TEST_F(Walk, EveryButtonOfTheUnzipWindowItself)
+{
+    Walker walker(unzip);
+    walker.pressEveryButtonOfTheTool();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_EQ(walker.steps().size(), 3);
 }

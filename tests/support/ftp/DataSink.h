@@ -4,7 +4,7 @@
 
 class QSocketNotifier;
 
-/// Takes one data connection at a port of 127.0.0.1 in an FtpServer's place, and tells how it has ended.
+/// Takes one data connection at a port of 127.0.0.1 in an FtpServer's place, and records how it has ended.
 class DataSink : public QTcpServer
 {
     Q_OBJECT

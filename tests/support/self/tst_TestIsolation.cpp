@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QIcon>
 #include <QPointer>
 #include <gtest/gtest.h>
 
@@ -14,12 +15,13 @@ namespace {
 struct TestIsolationTest : testing::Test
 {
     /// What happens between two tests.
-    static void end()
+    void end()
     {
-        TestIsolation isolation;
         testing::TestEventListener &listener = isolation;
         listener.OnTestEnd(*testing::UnitTest::GetInstance()->current_test_info());
     }
+
+    TestIsolation isolation;
 };
 
 } // namespace
@@ -55,4 +57,18 @@ TEST_F(TestIsolationTest, ClipboardAndPaletteAreFresh)
     end();
     EXPECT_EQ(QGuiApplication::clipboard()->text(), QString());
     EXPECT_NE(QApplication::palette().color(QPalette::Window), QColor(Qt::black));
+}
+
+TEST_F(TestIsolationTest, TheIconThemeIsTheFirstAgain)
+{
+    const QString theme = QIcon::themeName();
+    const QString fallback = QIcon::fallbackThemeName();
+    const QStringList paths = QIcon::themeSearchPaths();
+    QIcon::setThemeName(QStringLiteral("left"));
+    QIcon::setFallbackThemeName(QStringLiteral("left"));
+    QIcon::setThemeSearchPaths({QStringLiteral("/left")});
+    end();
+    EXPECT_EQ(QIcon::themeName(), theme);
+    EXPECT_EQ(QIcon::fallbackThemeName(), fallback);
+    EXPECT_EQ(QIcon::themeSearchPaths(), paths);
 }

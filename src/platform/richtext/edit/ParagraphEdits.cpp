@@ -14,8 +14,8 @@ namespace {
 constexpr int markWidth = 240; // twips, room for the mark itself
 constexpr int notInList = -1;
 
-/// Whenever an item comes or goes Qt visits all items of its list. So lists are kept short; no user sees
-/// where one list of bullets ends and the next begins.
+/// Whenever an item is added or removed Qt visits all items of its list. So lists are kept short; no user
+/// sees where one list of bullets ends and the next begins.
 constexpr int mostItems = 200;
 
 /// Paragraphs in a row that all have the same format.

@@ -33,7 +33,7 @@ private:
     struct Text
     {
         std::unique_ptr<QTextDocument> document;
-        QList<QTextCursor> numbers; ///< each selects what stands for one
+        QList<QTextCursor> numbers; ///< each selects a page number or a count of pages
     };
 
     Text layOut(const QTextDocument &text, const PageArea &area, QPaintDevice &device) const;

@@ -11,7 +11,7 @@ namespace PaperSpacing {
 /// these.
 void complete(QTextDocument &document);
 
-/// Puts an empty line \a height pixels high before \a paragraph, whose own space before it goes.
+/// Puts an empty line \a height pixels high before \a paragraph, whose own space before it is removed.
 void insertBefore(const QTextBlock &paragraph, double height);
 
 } // namespace PaperSpacing
