@@ -60,6 +60,7 @@ public:
 
     bool isOpen() const { return m_fd.isOpen(); }
     bool write(const QByteArray &bytes);
+    bool sync() { return ::fsync(m_fd.get()) == 0; }
     bool setMode(mode_t mode) { return ::fchmod(m_fd.get(), mode) == 0; }
     bool replace(const QByteArray &target);
 
@@ -88,7 +89,7 @@ bool Sibling::write(const QByteArray &bytes)
         next += taken;
         left -= taken;
     }
-    return ::fsync(m_fd.get()) == 0;
+    return true;
 }
 
 bool Sibling::replace(const QByteArray &target)
@@ -139,9 +140,11 @@ QByteArray targetOf(const QByteArray &name)
 
 constexpr mode_t privateMode = S_IRUSR | S_IWUSR;
 
+enum class Sync { Yes, No };
+
 /// \a mode is the new file's; without one the old file's is kept.
 void writeBy(Sibling (*make)(const QByteArray &target), const QString &path, const QByteArray &bytes,
-             std::optional<mode_t> mode = {})
+             std::optional<mode_t> mode = {}, Sync sync = Sync::Yes)
 {
     const QByteArray target = targetOf(FileNames::toBytes(path));
     struct stat old = {};
@@ -156,8 +159,12 @@ void writeBy(Sibling (*make)(const QByteArray &target), const QString &path, con
     Sibling sibling = make(target);
     if (!sibling.isOpen())
         fail(path, errno == ENOENT ? ENOTDIR : errno);
-    if (!sibling.setMode(*mode) || !sibling.write(bytes) || !sibling.replace(target))
+    const bool isSynced = sync == Sync::Yes;
+    if (!sibling.setMode(*mode) || !sibling.write(bytes) || (isSynced && !sibling.sync()) ||
+        !sibling.replace(target))
         fail(path);
+    if (!isSynced)
+        return;
 
     const Descriptor folder(::open(folderOf(target).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.isOpen())
@@ -199,6 +206,11 @@ QByteArray Files::read(const QString &path)
 void Files::write(const QString &path, const QByteArray &bytes)
 {
     writeBy(&Sibling::unique, path, bytes);
+}
+
+void Files::writePassing(const QString &path, const QByteArray &bytes)
+{
+    writeBy(&Sibling::unique, path, bytes, {}, Sync::No);
 }
 
 void Files::writePrivate(const QString &path, const QByteArray &bytes)
