@@ -2,17 +2,20 @@
 
 #include "AddressDatabase.h"
 #include "BookIcons.h"
+#include "BookRows.h"
+#include "BookTable.h"
 #include "ListView.h"
 #include "Recordset.h"
-
-#include <QSet>
+#include "RuntimeError.h"
 
 namespace {
 
 const QString contactKey = QStringLiteral("SrNo");
+const QString tableKey = QStringLiteral("Item");
 const QString nameCaption = QStringLiteral("Name");
 
-enum Field { number, name, address, city, phone, mobile, birthDate };
+/// Of the statements; the birth date is behind them.
+enum Field { number, name, address, city, phone, mobile };
 
 QList<ColumnHeader> contactColumns()
 {
@@ -24,40 +27,15 @@ QList<ColumnHeader> contactColumns()
             {QStringLiteral("Col6"), QStringLiteral("Birth Date"), 1500}};
 }
 
-/// In a row the lines of an address follow one another.
-QString oneLine(QString text)
+/// Throws RuntimeError 94 where a text is NULL.
+void requireTexts(const PackedRows &rows)
 {
-    return text.replace(QLatin1String("\r\n"), QLatin1String(" ")).replace(u'\r', u' ').replace(u'\n', u' ');
-}
-
-ListItem contactOf(const Recordset &row, const QIcon &icon, QSet<QString> &cities)
-{
-    const FieldValue born = row.field(birthDate);
-    const QString cityName = *cities.insert(row.field(city).text()); // many contacts share one text
-    return {contactKey + row.field(number).text(),
-            row.field(name).text(),
-            {oneLine(row.field(address).text()), cityName, row.field(phone).text(), row.field(mobile).text(),
-             born.isEmpty() ? QString() : born.text()},
-            icon};
-}
-
-std::vector<ListItem> contacts(Recordset &rows)
-{
-    std::vector<ListItem> items;
-    const QIcon icon = BookIcons::contact();
-    QSet<QString> cities;
-    for (; !rows.eof(); rows.moveNext())
-        items.push_back(contactOf(rows, icon, cities));
-    return items;
-}
-
-QString sortColumn(const QString &table)
-{
-    if (table.compare(QStringLiteral("Groups"), Qt::CaseInsensitive) == 0)
-        return QStringLiteral("GroupName");
-    if (table.compare(QStringLiteral("City"), Qt::CaseInsensitive) == 0)
-        return QStringLiteral("CityName");
-    return QStringLiteral("StateName");
+    for (qsizetype row = 0; row < rows.count(); ++row) {
+        for (const int column : {name, address, city, phone, mobile}) {
+            if (rows.isNull(row, column))
+                throw RuntimeError(ErrorNumber::InvalidUseOfNull);
+        }
+    }
 }
 
 } // namespace
@@ -66,28 +44,23 @@ void BookList::showContacts(ListView &list, const QString &statement)
 {
     Recordset rows;
     rows.open(statement, AddressConnection);
-    list.ListItems().Clear();
-    list.setColumnHeaders({});
+    requireTexts(rows.rows());
     list.setCheckboxes(true);
-    list.setColumnHeaders(contactColumns());
-    list.ListItems().addItems(contacts(rows));
+    list.setRows(contactColumns(),
+                 std::make_unique<BookRows>(rows.rows(), contactKey, BookRows::Fields{name, address},
+                                            BookIcons::contact()));
 }
 
 void BookList::showTable(ListView &list, const QString &table)
 {
     Recordset rows;
-    rows.open(QStringLiteral("select * from ") + table + QStringLiteral(" ORDER BY ") + sortColumn(table),
+    rows.open(QStringLiteral("select * from ") + table + QStringLiteral(" ORDER BY ") +
+                  BookTable::of(table)->nameField,
               AddressConnection);
-    list.ListItems().Clear();
-    list.setColumnHeaders({{QStringLiteral("Col1"), rows.fieldName(0), 800},
-                           {QStringLiteral("Col2"), rows.fieldName(1), 2500}});
-    std::vector<ListItem> items;
-    const QIcon icon = BookIcons::ofTable(table);
-    for (; !rows.eof(); rows.moveNext()) {
-        const QString id = rows.field(0).text();
-        items.push_back({QStringLiteral("Item") + id, id, {rows.field(1).text()}, icon});
-    }
-    list.ListItems().addItems(std::move(items));
+    list.setRows(
+        {{QStringLiteral("Col1"), rows.fieldName(0), 800}, {QStringLiteral("Col2"), rows.fieldName(1), 2500}},
+        std::make_unique<BookRows>(rows.rows(), tableKey, BookRows::Fields{number},
+                                   BookIcons::ofTable(table)));
 }
 
 bool BookList::hasContacts(const ListView &list)
@@ -95,7 +68,7 @@ bool BookList::hasContacts(const ListView &list)
     return list.ListItems().columnCount() > 0 && list.ColumnHeaders(1).Text == nameCaption;
 }
 
-qint32 BookList::contactNumber(const ListItem &item)
+qint32 BookList::contactNumber(const QString &key)
 {
-    return item.Key.mid(contactKey.size()).toInt();
+    return key.mid(contactKey.size()).toInt();
 }
