@@ -62,7 +62,7 @@ void CheckAnySelected(const ListView &list)
 {
     AnyChecked = 0;
     for (int i = 1; i <= list.ListItems().Count(); ++i) {
-        if (list.ListItems().Item(i).Checked)
+        if (list.ListItems().isChecked(i))
             AnyChecked = -1;
     }
 }

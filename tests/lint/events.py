@@ -1,6 +1,7 @@
 #!/usr/bin/python3
-"""An overridden function that Qt calls, an event or one such as accept(), does its own work inside run()
-or runPainting(): elsewhere an exception would pass through Qt's own code, and a window closed meanwhile would be deleted while its handler runs.
+"""An overridden function that Qt calls, an event or one such as accept(), does its own work inside run() or
+runPainting(): elsewhere an exception would pass through Qt's own code, and a window closed meanwhile would be deleted
+while its handler runs.
 
 Outside run() the override may call the same function of its base and functions of the event itself, and declare
 variables of simple types.

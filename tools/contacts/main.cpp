@@ -2,12 +2,13 @@
 #include "ContactExport.h"
 #include "ContactFile.h"
 #include "ContactImport.h"
+#include "FileNames.h"
 #include "RuntimeError.h"
 #include "ShownText.h"
 
-#include <QFile>
 #include <QStringList>
 #include <cstdio>
+#include <new>
 
 namespace {
 
@@ -15,13 +16,19 @@ constexpr char usage[] = "contacts: usage: contacts import FILE DATABASE, or\n"
                          "          contacts export [--vcard3] [--guard-formulas] DATABASE FILE\n"
                          "FILE ends in .vcf or .csv\n";
 
+/// One line on the standard error.
+void complain(const QString &text)
+{
+    std::fprintf(stderr, "contacts: %s\n", qUtf8Printable(ShownText::line(text)));
+}
+
 void importFile(const QString &file, const QString &database)
 {
     const ContactList list = ContactFile::load(file);
     AddressDatabase::open(database);
     const QStringList remarks = ContactImport::add(list);
     for (const QString &remark : remarks)
-        std::fprintf(stderr, "contacts: %s\n", qUtf8Printable(ShownText::line(remark)));
+        complain(remark);
     std::printf("%lld contacts added\n", static_cast<long long>(list.contacts.size()));
 }
 
@@ -60,20 +67,22 @@ bool run(QStringList arguments)
 } // namespace
 
 /// Brings contacts of other programs into an address database, and takes them out of it. Needs no display and
-/// no network. Exit codes: 0 done, 1 a file could not be read or written, 2 wrong usage.
+/// no network. Exit codes: 0 done, 1 a file could not be read or written, or
+/// there was not enough memory, 2 wrong usage.
 int main(int argc, char **argv)
 {
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
-        arguments.append(QFile::decodeName(argv[i]));
+        arguments.append(FileNames::fromBytes(argv[i]));
     try {
         if (run(arguments))
             return 0;
         std::fputs(usage, stderr);
         return 2;
     } catch (const RuntimeError &error) {
-        std::fprintf(stderr, "contacts: %s: %s\n", qUtf8Printable(error.source()),
-                     qUtf8Printable(error.description()));
-        return 1;
+        complain(error.source() + QStringLiteral(": ") + error.description());
+    } catch (const std::bad_alloc &) {
+        std::fputs("contacts: there is not enough memory\n", stderr);
     }
+    return 1;
 }

@@ -14,12 +14,24 @@ const QString state = QStringLiteral("State");
 const QString cityIcon = QStringLiteral("\\city.ico");
 const QString stateIcon = QStringLiteral("\\stateb.ico");
 
+/// A window that could not be filled is not to be found half filled by the next command.
+template<class Step>
+void orUnload(Form &window, Step step)
+{
+    try {
+        step();
+    } catch (...) {
+        window.unload();
+        throw;
+    }
+}
+
 /// The window of the name, loaded.
 template<class Window>
 Window &loaded()
 {
     auto &window = Forms::refer<Window>();
-    window.load();
+    orUnload(window, [&] { window.load(); });
     return window;
 }
 
@@ -62,21 +74,21 @@ void BookDialogs::newState(QWidget *owner)
 void BookDialogs::editContact(qint32 number, QWidget *owner)
 {
     auto &editor = loaded<frmAddress>();
-    editor.configureEdit(number);
+    orUnload(editor, [&] { editor.configureEdit(number); });
     editor.showModal(owner);
 }
 
 void BookDialogs::editGroup(qint16 id, QWidget *owner)
 {
     auto &dialog = loaded<frmRegister>();
-    dialog.configureEdit(group, id);
+    orUnload(dialog, [&] { dialog.configureEdit(group, id); });
     dialog.showModal(owner);
 }
 
 void BookDialogs::editCity(qint16 id, QWidget *owner)
 {
     auto &dialog = loaded<frmRegCity>();
-    dialog.configureEdit(id);
+    orUnload(dialog, [&] { dialog.configureEdit(id); });
     dialog.showModal(owner);
 }
 
@@ -84,6 +96,6 @@ void BookDialogs::editState(qint16 id, QWidget *owner)
 {
     auto &dialog = loaded<frmRegister>();
     dialog.setWindowIcon(IconFile::read(stateIcon));
-    dialog.configureEdit(state, id);
+    orUnload(dialog, [&] { dialog.configureEdit(state, id); });
     dialog.showModal(owner);
 }

@@ -2,60 +2,43 @@
 
 #include "AddressDatabase.h"
 #include "BookIcons.h"
+#include "BookTable.h"
 #include "Recordset.h"
 #include "TreeView.h"
 
-#include <algorithm>
+#include <vector>
 
 namespace {
 
 const QString root = QStringLiteral("Root");
 
-struct Head
+void add(TreeView &tree, const BookTable &table, Recordset &rows)
 {
-    QString key;
-    QString text;
-    QString statement;
-    QString idField;
-    QString nameField;
-    QString rowKey; ///< what precedes the id in the key of a row's node
-};
-
-const Head heads[] = {
-    {QStringLiteral("Groups"), QStringLiteral("Groups"),
-     QStringLiteral("Select * from groups order by groupName"), QStringLiteral("GroupID"),
-     QStringLiteral("GroupName"), QStringLiteral("Group")},
-    {QStringLiteral("City"), QStringLiteral("City/Town"),
-     QStringLiteral("Select * from City order by CityName"), QStringLiteral("CityID"),
-     QStringLiteral("CityName"), QStringLiteral("City")},
-    {QStringLiteral("State"), QStringLiteral("County/State/Province"),
-     QStringLiteral("Select * from State order by stateName"), QStringLiteral("StateID"),
-     QStringLiteral("StateName"), QStringLiteral("State")},
-};
-
-void add(TreeView &tree, const Head &head)
-{
-    const QIcon icon = BookIcons::ofTable(head.key);
-    tree.Add({head.key, head.text, root, icon});
-    Recordset rows;
-    for (rows.open(head.statement, AddressConnection); !rows.eof(); rows.moveNext())
-        tree.Add({head.rowKey + rows.field(head.idField).text(), rows.field(head.nameField).text(), head.key,
-                  icon});
+    const QIcon icon = BookIcons::ofTable(table.key);
+    tree.Add({table.key, table.caption, root, icon});
+    for (; !rows.eof(); rows.moveNext())
+        tree.Add({table.rowKey + rows.field(table.idField).text(), rows.field(table.nameField).text(),
+                  table.key, icon});
 }
 
 } // namespace
 
 void BookTree::fill(TreeView &tree)
 {
+    const auto tables = BookTable::all();
+    std::vector<Recordset> rows(tables.size());
+    for (std::size_t i = 0; i < tables.size(); ++i)
+        rows[i].open(tables[i].statement, AddressConnection);
     tree.Clear();
     tree.Add({root, QStringLiteral("Address Book"), {}, BookIcons::book()});
-    for (const Head &head : heads)
-        add(tree, head);
+    for (std::size_t i = 0; i < tables.size(); ++i)
+        add(tree, tables[i], rows[i]);
     tree.setExpanded(root, true);
-    tree.setExpanded(heads[0].key, true);
+    tree.setExpanded(tables.front().key, true);
 }
 
 bool BookTree::isTable(const QString &key)
 {
-    return std::ranges::any_of(heads, [&](const Head &head) { return head.key == key; });
+    const BookTable *table = BookTable::of(key);
+    return table && table->key == key;
 }

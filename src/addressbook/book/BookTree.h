@@ -8,7 +8,7 @@ class TreeView;
 namespace BookTree {
 
 /// Reads the tree anew from AddressConnection and opens the root and the groups. Throws RuntimeError with the
-/// numbers of DataError; the tree then has what was read before.
+/// numbers of DataError; the tree is then as before.
 void fill(TreeView &tree);
 
 /// Whether a node is the head of a table, "Groups", "City" or "State".

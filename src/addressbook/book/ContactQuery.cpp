@@ -1,13 +1,6 @@
 #include "ContactQuery.h"
 
-namespace {
-
-bool isHead(const QString &key, const QString &head)
-{
-    return key.compare(head, Qt::CaseInsensitive) == 0;
-}
-
-} // namespace
+#include "BookTable.h"
 
 QString ContactQuery::all()
 {
@@ -18,14 +11,10 @@ QString ContactQuery::all()
 
 std::optional<QString> ContactQuery::ofNode(const QString &parentKey, const QString &nodeKey)
 {
-    if (isHead(parentKey, QStringLiteral("Groups")))
-        return all() + QStringLiteral(" and names.groupId=") + nodeKey.mid(5); // behind "Group"
-    if (isHead(parentKey, QStringLiteral("State")))
-        return all() + QStringLiteral(" and Home.CityId in(select cityid from city where stateid=") +
-               nodeKey.mid(5) + u')'; // behind "State"
-    if (isHead(parentKey, QStringLiteral("City")))
-        return all() + QStringLiteral(" and City.CityId=") + nodeKey.mid(4); // behind "City"
-    return {};
+    const BookTable *table = BookTable::of(parentKey);
+    if (!table)
+        return {};
+    return all() + table->condition.arg(nodeKey.mid(table->rowKey.size()));
 }
 
 QString ContactQuery::letterFilter(int index)

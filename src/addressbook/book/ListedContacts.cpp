@@ -1,15 +1,15 @@
 #include "ListedContacts.h"
 
-#include "AddressDatabase.h"
 #include "Ask.h"
 #include "BookList.h"
+#include "ContactRows.h"
 #include "ListView.h"
 
 void ListedContacts::setAllChecked(ListView &list, bool checked)
 {
     ListItemsModel &items = list.ListItems();
     for (int i = 1; i <= items.Count(); ++i) {
-        if (items.Item(i).Checked != checked)
+        if (items.isChecked(i) != checked)
             items.setChecked(i, checked);
     }
 }
@@ -21,18 +21,11 @@ bool ListedContacts::confirmDeletion(const ListItem &item, const QString &title)
                title) == MsgBoxReply::Yes;
 }
 
-void ListedContacts::remove(const ListItem &item)
-{
-    AddressConnection.execute(QStringLiteral("delete from names where srno=") +
-                              QString::number(BookList::contactNumber(item)));
-}
-
 void ListedContacts::deleteChecked(ListView &list)
 {
     ListItemsModel &items = list.ListItems();
     const auto refuses = [&](int i) {
-        return !items.Item(i).Checked ||
-               !confirmDeletion(items.Item(i), QStringLiteral("Confirm Deletion..."));
+        return !items.isChecked(i) || !confirmDeletion(items.Item(i), QStringLiteral("Confirm Deletion..."));
     };
     int i = 0;
     // Intended: a deletion begins again at the first row, so that contacts which the user has refused are
@@ -42,7 +35,7 @@ void ListedContacts::deleteChecked(ListView &list)
         while (i <= items.Count() && refuses(i))
             ++i;
         if (i <= items.Count()) {
-            remove(items.Item(i));
+            ContactRows::remove(BookList::contactNumber(items.key(i)));
             items.Remove(i);
         }
     } while (i - 1 != items.Count());

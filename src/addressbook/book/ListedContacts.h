@@ -12,10 +12,6 @@ void setAllChecked(ListView &list, bool checked);
 /// Asks in a box with \a title whether the contact of a row may be deleted.
 bool confirmDeletion(const ListItem &item, const QString &title);
 
-/// Deletes the contact of a row, which itself stays in the list. Throws RuntimeError with the numbers of
-/// DataError.
-void remove(const ListItem &item);
-
 /// Asks about each checked contact, deletes those that the user agrees to, and unchecks the others. Throws
 /// where the database refuses; what was deleted before stays deleted.
 void deleteChecked(ListView &list);

@@ -6,14 +6,18 @@
 #include "BookList.h"
 #include "BookTree.h"
 #include "ContactQuery.h"
+#include "ContactRows.h"
+#include "DataError.h"
 #include "ErrorReports.h"
 #include "Forms.h"
 #include "ListCommands.h"
 #include "ListView.h"
 #include "ListedContacts.h"
 #include "Numbers.h"
+#include "SeedRows.h"
 #include "ShownText.h"
 #include "TreeView.h"
+#include "UnlessLocked.h"
 #include "frmBirthDays.h"
 #include "frmQuillAddressAbout.h"
 #include "frmquilladdresshelp.h"
@@ -27,8 +31,6 @@
 
 namespace {
 
-constexpr qint16 protectedId = 1; // "Default" and the two ".."
-
 const QString protectedItem = QStringLiteral("You cannot edit this item!");
 const QString protectedGroup = QStringLiteral("You cannot edit the default Group!");
 
@@ -36,7 +38,7 @@ const QString protectedGroup = QStringLiteral("You cannot edit the default Group
 std::optional<qint16> editableId(const ListItem &row, const QString &refusal)
 {
     const qint16 id = Numbers::toInteger(row.Text);
-    if (id != protectedId)
+    if (id != SeedRows::id)
         return id;
     Ask(refusal, MsgBoxStyle::Critical, QStringLiteral("The .. Node is Protected.."));
     return {};
@@ -93,10 +95,22 @@ void frmAddressBook::Tv_NodeClick(const QString &key)
     SelectedNodeKey = key;
     ParentNodeKey.clear();
     ignoreErrors([&] { ParentNodeKey = Tv->ParentKey(key); });
+    const QString label = lblSel->text();
+    const bool isShown = unlessLocked([&] { orShowAll([&] { showNode(key); }); });
+    if (!isShown)
+        lblSel->setText(label);
+}
+
+/// Shows all contacts where \a step fails, in particular for the root.
+template<class Step>
+void frmAddressBook::orShowAll(Step step)
+{
     try {
-        showNode(key);
-    } catch (const RuntimeError &) {
-        showAll(); // in particular for the root
+        step();
+    } catch (const RuntimeError &error) {
+        if (DataError::isLocked(error)) // so would showing all be, after the same wait
+            throw;
+        showAll();
     }
 }
 
@@ -123,7 +137,7 @@ void frmAddressBook::showAll()
 
 void frmAddressBook::refreshCurrentList()
 {
-    try {
+    orShowAll([&] {
         NameFilter.clear();
         if (BookTree::isTable(SelectedNodeKey)) {
             fillReferenceList(SelectedNodeKey);
@@ -132,25 +146,28 @@ void frmAddressBook::refreshCurrentList()
         if (const auto query = ContactQuery::ofNode(ParentNodeKey, SelectedNodeKey))
             BaseQuery = *query;
         fillAddresses();
-    } catch (const RuntimeError &) {
-        showAll();
-    }
+    });
 }
 
 void frmAddressBook::cmdChar_Click(int index)
 {
     NameFilter = ContactQuery::letterFilter(index);
-    fillAddresses();
+    unlessLocked([&] { fillAddresses(); });
 }
 
 // ---- The list
 
 void frmAddressBook::Lv_DblClick()
 {
+    unlessLocked([&] { openSelected(); });
+}
+
+void frmAddressBook::openSelected()
+{
     const QString column = Lv->ColumnHeaders(1).Text.toLower();
     const ListItem row = Lv->SelectedItem();
     if (column == u"name") {
-        BookDialogs::editContact(BookList::contactNumber(row), window());
+        BookDialogs::editContact(BookList::contactNumber(row.Key), window());
         refreshCurrentList();
     } else if (column == u"cityid") {
         if (const auto id = editableId(row, protectedItem))
@@ -191,30 +208,30 @@ void frmAddressBook::deleteSelectedContact()
     const ListItem contact = Lv->SelectedItem();
     if (!ListedContacts::confirmDeletion(contact, {}))
         return;
-    ListedContacts::remove(contact);
-    Lv->ListItems().Remove(contact.Key);
+    if (unlessLocked([&] { ContactRows::remove(BookList::contactNumber(contact.Key)); }))
+        Lv->ListItems().Remove(contact.Key);
 }
 
 // ---- New rows
 
 void frmAddressBook::newContact_Click()
 {
-    BookDialogs::newContact(window());
+    unlessLocked([&] { BookDialogs::newContact(window()); });
 }
 
 void frmAddressBook::newGroup_Click()
 {
-    BookDialogs::newGroup(window());
+    unlessLocked([&] { BookDialogs::newGroup(window()); });
 }
 
 void frmAddressBook::newCity_Click()
 {
-    BookDialogs::newCity(window());
+    unlessLocked([&] { BookDialogs::newCity(window()); });
 }
 
 void frmAddressBook::newState_Click()
 {
-    BookDialogs::newState(window());
+    unlessLocked([&] { BookDialogs::newState(window()); });
 }
 
 // ---- Commands on the list
@@ -234,12 +251,12 @@ void frmAddressBook::deleteSelected_Click()
         hint(QStringLiteral("Nothing to Print..."),
              QStringLiteral("You have not selected any records to delete!"));
     else
-        ListedContacts::deleteChecked(*Lv);
+        unlessLocked([&] { ListedContacts::deleteChecked(*Lv); });
 }
 
 void frmAddressBook::refreshData_Click()
 {
-    fillTree();
+    unlessLocked([&] { fillTree(); });
     Lv->update();
 }
 

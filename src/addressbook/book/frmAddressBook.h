@@ -74,6 +74,9 @@ private:
     void refreshCurrentList();
     void showNode(const QString &key);
     void showAll();
+    template<class Step>
+    void orShowAll(Step step);
+    void openSelected();
     void enableCommands();
     void deleteSelectedContact();
 

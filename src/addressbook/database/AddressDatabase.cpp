@@ -2,11 +2,12 @@
 
 #include "DailyCopies.h"
 #include "DataError.h"
+#include "FileNames.h"
 #include "Paths.h"
 #include "Recordset.h"
 #include "ShownText.h"
 
-#include <QFileInfo>
+#include <unistd.h>
 
 namespace {
 
@@ -52,7 +53,7 @@ State stateOf(const QString &path)
 
 void openSound(const QString &path)
 {
-    if (!QFileInfo::exists(path))
+    if (::access(FileNames::toBytes(path).constData(), F_OK) != 0)
         refuse(path, QStringLiteral("does not exist.") + copiesHint());
     const State state = stateOf(path);
     if (!state.damage.isEmpty())

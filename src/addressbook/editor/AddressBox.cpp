@@ -1,13 +1,14 @@
 #include "AddressBox.h"
 
 #include "EventGate.h"
+#include "FieldLimits.h"
 
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 
 namespace {
 
-constexpr int addressLimit = 100; // characters
 constexpr int addressLines = 4;
 constexpr int textMargin = 3; // pixels
 
@@ -15,7 +16,7 @@ constexpr int textMargin = 3; // pixels
 
 AddressBox::AddressBox(QWidget *parent)
     : QPlainTextEdit(parent)
-    , m_longest(addressLimit)
+    , m_longest(FieldLimits::address)
 {
     setTabChangesFocus(true);
     document()->setDocumentMargin(textMargin);
@@ -24,8 +25,16 @@ AddressBox::AddressBox(QWidget *parent)
 
 void AddressBox::setText(const QString &text)
 {
-    m_longest = qMax(addressLimit, int(text.size()));
+    m_longest = qMax(FieldLimits::address, int(text.size()));
     setPlainText(text);
+}
+
+QString AddressBox::text() const
+{
+    QStringList lines;
+    for (QTextBlock line = document()->begin(); line.isValid(); line = line.next())
+        lines.append(line.text().replace(QChar::LineSeparator, u'\n'));
+    return lines.join(u'\n');
 }
 
 int AddressBox::textTop() const

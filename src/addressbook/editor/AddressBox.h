@@ -13,6 +13,9 @@ public:
     /// A longer text is shown whole and can only be made shorter.
     void setText(const QString &text);
 
+    /// Lines end in "\n". Unlike Qt's own text it has its no-break spaces.
+    QString text() const;
+
     /// Where the first line begins, in pixels from the top.
     int textTop() const;
 

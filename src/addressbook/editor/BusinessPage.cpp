@@ -4,14 +4,9 @@
 #include "BoxText.h"
 #include "CityBoxes.h"
 #include "FieldGrid.h"
+#include "FieldLimits.h"
 
 #include <QLineEdit>
-
-namespace {
-
-constexpr int workLimit = 50; // characters
-
-} // namespace
 
 BusinessPage::BusinessPage(WindowIcons &icons)
 {
@@ -24,8 +19,8 @@ BusinessPage::BusinessPage(WindowIcons &icons)
 
 void BusinessPage::buildAddress(FieldGrid &grid)
 {
-    txtCompany = grid.addText("txtCompany", QStringLiteral("Company"), workLimit);
-    txtPost = grid.addText("txtPost", QStringLiteral("Post"), workLimit);
+    txtCompany = grid.addText("txtCompany", QStringLiteral("Company"), FieldLimits::name);
+    txtPost = grid.addText("txtPost", QStringLiteral("Post"), FieldLimits::name);
     txtBAddress = grid.addAddress("txtBAddress", QStringLiteral("Address"));
     auto *cmbBCity = grid.addChoice("cmbBCity", QStringLiteral("City/Town"));
     auto *txtBState = grid.addText("txtBState", QStringLiteral("State/ County/ Province"));
@@ -36,7 +31,7 @@ void BusinessPage::buildAddress(FieldGrid &grid)
 
 void BusinessPage::buildPhones(FieldGrid &grid, WindowIcons &icons)
 {
-    txtDept = grid.addText("txtDept", QStringLiteral("Department"), workLimit);
+    txtDept = grid.addText("txtDept", QStringLiteral("Department"), FieldLimits::name);
     txtBPhone1 = grid.addPhone("txtBPhone1", QStringLiteral("Phone 1"), "Command4", icons);
     txtBPhone2 = grid.addPhone("txtBPhone2", QStringLiteral("Phone 2"), "Command5", icons);
     txtFax = grid.addText("txtFax", QStringLiteral("Fax"));
@@ -61,7 +56,7 @@ void BusinessPage::setRow(const BusinessRow &row)
 BusinessRow BusinessPage::row() const
 {
     return {
-        .address = txtBAddress->toPlainText().trimmed(),
+        .address = txtBAddress->text().trimmed(),
         .cityId = m_city->cityId(),
         .zipCode = txtBZipCode->text().trimmed(),
         .phone1 = txtBPhone1->text().trimmed(),

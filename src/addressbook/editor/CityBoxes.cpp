@@ -2,6 +2,7 @@
 
 #include "ChoiceBox.h"
 #include "EventGate.h"
+#include "SeedRows.h"
 #include "modGetFunctions.h"
 #include "modMain.h"
 
@@ -22,8 +23,8 @@ void CityBoxes::fill()
     FillCityCombo(m_city);
     if (!m_city.currentText().isEmpty())
         return;
-    m_city.setText(QStringLiteral(".."));
-    m_state.setText(QStringLiteral(".."));
+    m_city.setText(SeedRows::place);
+    m_state.setText(SeedRows::place);
 }
 
 void CityBoxes::setCity(qint16 id)

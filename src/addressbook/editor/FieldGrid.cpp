@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int boxWidth = 30;  // characters
+constexpr int boxWidth = 8;   // characters, at least
 constexpr int columnGap = 12; // pixels, beside the layout's own
 
 /// "txtName" has the label "lblName".

@@ -46,7 +46,7 @@ void HomePage::setRow(const HomeRow &row)
 HomeRow HomePage::row() const
 {
     return {
-        .address = txtHAddress->toPlainText().trimmed(),
+        .address = txtHAddress->text().trimmed(),
         .cityId = m_city->cityId(),
         .zipCode = txtHZipCode->text().trimmed(),
         .phone1 = txtHPhone1->text().trimmed(),

@@ -7,18 +7,13 @@
 #include "EMailBoxes.h"
 #include "EventGate.h"
 #include "FieldGrid.h"
+#include "FieldLimits.h"
 #include "FocusLoss.h"
+#include "SeedRows.h"
 #include "modGetFunctions.h"
 #include "modMain.h"
 
 #include <QLineEdit>
-
-namespace {
-
-constexpr int fullNameLimit = 50;
-constexpr int commentLimit = 255;
-
-} // namespace
 
 NamePage::NamePage()
 {
@@ -38,8 +33,8 @@ NamePage::NamePage()
 void NamePage::buildPerson(FieldGrid &grid)
 {
     cmbSalute = grid.addChoice("cmbSalute", QStringLiteral("Salutation"));
-    txtName = grid.addText("txtName", QStringLiteral("Full Name"), fullNameLimit);
-    txtNick = grid.addText("txtNick", QStringLiteral("Nick Name"), fullNameLimit);
+    txtName = grid.addText("txtName", QStringLiteral("Full Name"), FieldLimits::name);
+    txtNick = grid.addText("txtNick", QStringLiteral("Nick Name"), FieldLimits::name);
     cmbGroups = grid.addChoice("cmbGroups", QStringLiteral("Group"));
     txtBDate = grid.addText("txtBDate", QStringLiteral("Birth Date"));
     txtBDate->setPlaceholderText(QStringLiteral("e.g. 5-Sep-1999"));
@@ -49,7 +44,7 @@ void NamePage::buildPerson(FieldGrid &grid)
 
 void NamePage::buildComment(FieldGrid &grid)
 {
-    txtComment = grid.addText("txtComment", QStringLiteral("Comments"), commentLimit);
+    txtComment = grid.addText("txtComment", QStringLiteral("Comments"), FieldLimits::comment);
 }
 
 void NamePage::bind()
@@ -107,7 +102,7 @@ bool NamePage::hasName() const
 void NamePage::requireGroup()
 {
     if (cmbGroups->currentText().isEmpty())
-        cmbGroups->setText(QStringLiteral("Default"));
+        cmbGroups->setText(SeedRows::group);
 }
 
 void NamePage::cmbSalute_LostFocus()

@@ -25,6 +25,8 @@
 
 namespace {
 
+constexpr int firstWidth = 124; // characters
+
 struct DialButton
 {
     const char *name;
@@ -75,6 +77,13 @@ QWidget *frmAddress::buildButtons()
     row->addWidget(cmdCancel);
     setCancelButton(*cmdCancel);
     return panel;
+}
+
+/// Wider than it has to be, so that most names and addresses are seen whole.
+QSize frmAddress::sizeHint() const
+{
+    const QSize least = Form::sizeHint();
+    return {qMax(least.width(), firstWidth * fontMetrics().averageCharWidth()), least.height()};
 }
 
 void frmAddress::bind()

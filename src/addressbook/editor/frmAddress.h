@@ -23,6 +23,8 @@ public:
     /// the contact has no row in one of the tables.
     void configureEdit(qint32 srNo);
 
+    QSize sizeHint() const override;
+
     QString EditMode; ///< "New", which the caller sets, or "Modify"; empty once finished
 
 protected:

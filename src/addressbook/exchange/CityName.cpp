@@ -1,8 +1,10 @@
 #include "CityName.h"
 
+#include "FieldLimits.h"
+
 namespace {
 
-constexpr qsizetype longest = 50;
+constexpr qsizetype longest = FieldLimits::name;
 
 QString suffix(const QString &state)
 {

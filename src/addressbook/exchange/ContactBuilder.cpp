@@ -116,6 +116,43 @@ void ContactBuilder::addComment(const QString &text)
     m_contact.comment += trimmed;
 }
 
+void ContactBuilder::addPrefix(const QString &prefix)
+{
+    const QString word = QString(prefix).remove(u'.').trimmed();
+    for (const char *known : {"Mr.", "Miss.", "Mrs.", "M/S."}) {
+        const QString salutation = QLatin1String(known);
+        if (word.compare(QString(salutation).remove(u'.'), Qt::CaseInsensitive) == 0)
+            return addText(&Contact::salutation, QStringLiteral("Prefix"), salutation);
+    }
+    m_rest.append({QStringLiteral("Prefix"), prefix.trimmed(), true});
+}
+
+void ContactBuilder::addSuffix(const QString &suffix)
+{
+    m_rest.append({QStringLiteral("Suffix"), suffix.trimmed(), true});
+}
+
+void ContactBuilder::addText(QString Contact::*field, const QString &label, const QString &text)
+{
+    if ((m_contact.*field).isEmpty())
+        m_contact.*field = text.trimmed();
+    else if (m_contact.*field != text.trimmed())
+        addRest(label, text);
+}
+
+void ContactBuilder::addRest(const QString &label, const QString &text)
+{
+    m_rest.append({label, text.trimmed()});
+}
+
+void ContactBuilder::commentRest()
+{
+    for (const auto &[label, text, isOfName] : std::as_const(m_rest)) {
+        if (!text.isEmpty() && !(isOfName && m_contact.name.contains(text, Qt::CaseInsensitive)))
+            addComment(label + QStringLiteral(": ") + text);
+    }
+}
+
 void ContactBuilder::setBirthDate(const QString &text)
 {
     const QString words = text.trimmed();
@@ -141,6 +178,7 @@ void ContactBuilder::finish(ContactList &list)
         return;
     }
     placePhones();
+    commentRest();
     for (const QString &text : std::as_const(m_remarks))
         list.remarks.append(QStringLiteral("%1: %2.").arg(m_contact.name, text));
     list.contacts.append(m_contact);

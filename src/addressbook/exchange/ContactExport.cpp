@@ -5,14 +5,13 @@
 #include "ContactRows.h"
 #include "DataError.h"
 #include "Recordset.h"
+#include "SeedRows.h"
+#include "Snapshot.h"
 #include "modGetFunctions.h"
 
 #include <QHash>
 
 namespace {
-
-const QString placeholderName = QStringLiteral("..");
-constexpr int defaultGroup = 1;
 
 /// An empty row where the contact has none: a save may have failed half-way.
 template<class Row>
@@ -29,7 +28,7 @@ Row rowOrEmpty(Row (*read)(qint32), qint32 number)
 
 QString withoutPlaceholder(const QString &name)
 {
-    return name == placeholderName ? QString() : name;
+    return name == SeedRows::place ? QString() : name;
 }
 
 /// The names behind ids, each looked up once.
@@ -54,7 +53,7 @@ private:
 
 QString Names::group(quint8 id)
 {
-    if (id == defaultGroup)
+    if (id == SeedRows::id)
         return {};
     if (!m_groups.contains(id))
         m_groups[id] = GetGroupName(id);
@@ -109,6 +108,7 @@ Contact contact(qint32 number, Names &names)
 
 QList<Contact> ContactExport::all()
 {
+    const Snapshot snapshot(AddressConnection);
     QList<Contact> contacts;
     Names names;
     Recordset rows;

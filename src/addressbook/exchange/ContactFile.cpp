@@ -1,11 +1,12 @@
 #include "ContactFile.h"
 
 #include "CsvReader.h"
+#include "FileNames.h"
 #include "Files.h"
 #include "RuntimeError.h"
 #include "VCardReader.h"
 
-#include <QFileInfo>
+#include <sys/stat.h>
 
 namespace {
 
@@ -41,7 +42,8 @@ ContactList read(Format format, const QByteArray &bytes, const QString &path)
 ContactList ContactFile::load(const QString &path)
 {
     const Format format = formatOf(path);
-    if (QFileInfo(path).size() > largest)
+    struct stat state = {};
+    if (::stat(FileNames::toBytes(path).constData(), &state) == 0 && state.st_size > largest)
         throw RuntimeError(ErrorNumber::OutOfMemory, QStringLiteral("The file is too large"), path);
     const ContactList list = read(format, Files::read(path), path);
     if (list.contacts.isEmpty() && list.remarks.isEmpty())

@@ -1,10 +1,9 @@
 #include "ContactFitting.h"
 
+#include "FieldLimits.h"
+
 namespace {
 
-constexpr qsizetype nameLength = 50;
-constexpr qsizetype addressLength = 100;
-constexpr qsizetype commentLength = 255;
 constexpr qsizetype otherLength = 255; // fields to which nothing else sets a limit
 
 /// \a text without control characters; a line end or tab is a blank.
@@ -65,13 +64,13 @@ void Fitting::set(QString &text, const QString &clean, qsizetype length, const c
 
 void Fitting::reference(QString &text, const char *field)
 {
-    line(text, nameLength, field);
+    line(text, FieldLimits::name, field);
     text.replace(u'\'', QChar(0x2019));
 }
 
 void Fitting::place(Place &place, const char *address, const char *city)
 {
-    lines(place.address, addressLength, address);
+    lines(place.address, FieldLimits::address, address);
     reference(place.city, city);
     reference(place.state, "state");
     line(place.zipCode, otherLength, "postal code");
@@ -83,10 +82,10 @@ QStringList ContactFitting::fit(Contact &contact)
 {
     Fitting fitting;
     fitting.line(contact.salutation, otherLength, "salutation");
-    fitting.line(contact.name, nameLength, "name");
-    fitting.line(contact.nickName, nameLength, "nick name");
+    fitting.line(contact.name, FieldLimits::name, "name");
+    fitting.line(contact.nickName, FieldLimits::name, "nick name");
     fitting.reference(contact.group, "group");
-    fitting.lines(contact.comment, commentLength, "comment");
+    fitting.lines(contact.comment, FieldLimits::comment, "comment");
     for (QString &address : contact.eMails)
         fitting.line(address, otherLength, "e-mail address");
     fitting.place(contact.home, "home address", "home city");
@@ -95,8 +94,8 @@ QStringList ContactFitting::fit(Contact &contact)
          {&Contact::homePhone1, &Contact::homePhone2, &Contact::homeMobile, &Contact::workPhone1,
           &Contact::workPhone2, &Contact::workFax, &Contact::workMobile})
         fitting.line(contact.*phone, otherLength, "telephone number");
-    fitting.line(contact.company, nameLength, "company");
-    fitting.line(contact.post, nameLength, "position");
-    fitting.line(contact.department, nameLength, "department");
+    fitting.line(contact.company, FieldLimits::name, "company");
+    fitting.line(contact.post, FieldLimits::name, "position");
+    fitting.line(contact.department, FieldLimits::name, "department");
     return fitting.remarks();
 }

@@ -4,11 +4,9 @@
 #include "CityName.h"
 #include "Recordset.h"
 #include "RuntimeError.h"
-#include "modGetFunctions.h"
+#include "SeedRows.h"
 
 namespace {
-
-constexpr int placeholderId = 1; // the id of "Default" and of both ".."
 
 void addRow(const QString &table, std::initializer_list<std::pair<QStringView, FieldValue>> fields)
 {
@@ -30,7 +28,7 @@ quint8 stateOf(qint16 city)
 
 } // namespace
 
-/// The id that \a add makes; that of the placeholderId where the table takes no more rows.
+/// The id that \a add makes; that of the seed row where the table takes no more rows.
 template<class Add>
 auto ReferenceIds::placeholderWhenFull(const char *kind, const QString &name, Add add)
 {
@@ -41,38 +39,21 @@ auto ReferenceIds::placeholderWhenFull(const char *kind, const QString &name, Ad
             throw;
         m_remarks.append(
             QStringLiteral("There is no room for the %1 \"%2\".").arg(QLatin1String(kind), name));
-        return decltype(add())(placeholderId);
+        return decltype(add())(SeedRows::id);
     }
 }
 
-quint8 ReferenceIds::group(const QString &name)
+quint8 ReferenceIds::idIn(Table &table, const QString &name)
 {
     if (name.isEmpty())
-        return placeholderId;
-    quint8 &id = m_groups[name];
+        return SeedRows::id;
+    quint8 &id = table.ids[name];
     if (id == 0)
-        id = GetGroupId(name);
+        id = table.find(name);
     if (id == 0) {
-        id = placeholderWhenFull("group", name, [&] {
-            const quint8 next = NextGroupId();
-            addRow(QStringLiteral("Groups"), {{u"GroupID", next}, {u"GroupName", name}});
-            return next;
-        });
-    }
-    return id;
-}
-
-quint8 ReferenceIds::state(const QString &name)
-{
-    if (name.isEmpty())
-        return placeholderId;
-    quint8 &id = m_states[name];
-    if (id == 0)
-        id = GetStateId(name);
-    if (id == 0) {
-        id = placeholderWhenFull("state", name, [&] {
-            const quint8 next = NextStateId();
-            addRow(QStringLiteral("State"), {{u"StateID", next}, {u"StateName", name}});
+        id = placeholderWhenFull(table.kind, name, [&] {
+            const quint8 next = table.next();
+            addRow(table.name, {{table.idField, next}, {table.nameField, name}});
             return next;
         });
     }
@@ -82,7 +63,7 @@ quint8 ReferenceIds::state(const QString &name)
 qint16 ReferenceIds::city(const QString &name, const QString &state)
 {
     if (name.isEmpty() && state.isEmpty())
-        return placeholderId;
+        return SeedRows::id;
     qint16 &id = m_cities[{name, state}];
     if (id == 0)
         id = placeholderWhenFull("city", name, [&] { return findOrAddCity(name, state); });
@@ -91,7 +72,7 @@ qint16 ReferenceIds::city(const QString &name, const QString &state)
 
 qint16 ReferenceIds::findOrAddCity(const QString &name, const QString &state)
 {
-    const quint8 stateId = this->state(state);
+    const quint8 stateId = idIn(m_states, state);
     const QString candidates[] = {name, CityName::withState(name, state)};
     for (const QString &candidate : candidates) {
         if (candidate.isEmpty())

@@ -10,8 +10,6 @@ class QWidget;
 /// What the two dialogs of reference data look like.
 namespace ReferenceLayout {
 
-inline constexpr int nameLimit = 50; ///< characters
-
 using Field = std::pair<QLabel *, QWidget *>;
 
 /// Lays out \a window: \a fields, each beside its label, above the two buttons.

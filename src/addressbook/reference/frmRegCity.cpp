@@ -1,13 +1,17 @@
 #include "frmRegCity.h"
 
+#include "AddressDatabase.h"
 #include "AskAgain.h"
 #include "BoxText.h"
 #include "ChoiceBox.h"
 #include "CityRows.h"
 #include "EventGate.h"
+#include "FieldLimits.h"
 #include "FocusLoss.h"
 #include "Named.h"
 #include "ReferenceLayout.h"
+#include "Transaction.h"
+#include "UnlessLocked.h"
 #include "WindowCommands.h"
 #include "modGetFunctions.h"
 #include "modMain.h"
@@ -28,7 +32,7 @@ frmRegCity::frmRegCity()
     auto *lblDisp = named<QLabel>("lblDisp", QStringLiteral("City Name"));
     auto *Label1 = named<QLabel>("Label1", QStringLiteral("County/ State/ Province"));
     ReferenceLayout::build(*this, {{lblDisp, txtCity}, {Label1, cmbStates}}, *cmdOK, *cmdCancel);
-    txtCity->setMaxLength(ReferenceLayout::nameLimit);
+    txtCity->setMaxLength(FieldLimits::name);
     setKeyButtons(*cmdOK, *cmdCancel);
     WindowCommands::bind(*this, {
                                     {"cmdOK", &frmRegCity::cmdOK_Click},
@@ -79,26 +83,30 @@ void frmRegCity::cmdOK_Click()
         return AskAgain(*txtCity, QStringLiteral("Enter City Name..."));
     if (cmbStates->currentText().trimmed().isEmpty())
         return AskAgain(*cmbStates, QStringLiteral("State ? "));
-    if (!store())
+    bool isStored = false;
+    if (!unlessLocked([&] { isStored = store(); }))
         return;
+    if (!isStored)
+        return AskAgain(*txtCity, QStringLiteral("City Already Exists..."));
     EditMode.clear();
     unload();
     CurrentCityId = 0;
 }
 
+/// Looked up and stored in one transaction, since another program may add cities too.
 bool frmRegCity::store()
 {
+    Transaction transaction(AddressConnection);
     const QString name = txtCity->text().trimmed();
     const QString state = cmbStates->currentText();
     if (EditMode == u"Modify")
         CityRows::change(CurrentCityId, name, state);
-    if (EditMode != u"New")
-        return true;
-    if (GetCityId(name) > 0) {
-        AskAgain(*txtCity, QStringLiteral("City Already Exists..."));
-        return false;
+    if (EditMode == u"New") {
+        if (GetCityId(name) > 0)
+            return false;
+        CityRows::add(name, state);
     }
-    CityRows::add(name, state);
+    transaction.commit();
     return true;
 }
 

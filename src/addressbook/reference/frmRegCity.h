@@ -30,7 +30,7 @@ private:
     void cmdOK_Click();
     void cmdCancel_Click();
 
-    bool store();
+    bool store(); ///< false where there is a city of this name
 
     QLineEdit *txtCity;
     ChoiceBox *cmbStates;

@@ -1,10 +1,14 @@
 #include "frmRegister.h"
 
+#include "AddressDatabase.h"
 #include "AskAgain.h"
 #include "BoxText.h"
+#include "FieldLimits.h"
 #include "Named.h"
 #include "ReferenceEntity.h"
 #include "ReferenceLayout.h"
+#include "Transaction.h"
+#include "UnlessLocked.h"
 #include "WindowCommands.h"
 
 #include <QLabel>
@@ -19,7 +23,7 @@ frmRegister::frmRegister()
     , cmdCancel(named<QPushButton>("cmdCancel", QStringLiteral("&Cancel")))
 {
     ReferenceLayout::build(*this, {{lblDisp, txtEntity}}, *cmdOK, *cmdCancel);
-    txtEntity->setMaxLength(ReferenceLayout::nameLimit);
+    txtEntity->setMaxLength(FieldLimits::name);
     setKeyButtons(*cmdOK, *cmdCancel);
     WindowCommands::bind(*this, {
                                     {"cmdOK", &frmRegister::cmdOK_Click},
@@ -55,26 +59,31 @@ void frmRegister::cmdOK_Click()
 {
     if (txtEntity->text().trimmed().isEmpty())
         return AskAgain(*txtEntity, QStringLiteral("Enter Value..."));
-    if (!store())
+    bool isStored = false;
+    if (!unlessLocked([&] { isStored = store(); }))
         return;
+    if (!isStored)
+        return AskAgain(*txtEntity, QString::fromLatin1(ReferenceEntity::of(EntityType)->alreadyExists));
     EditMode.clear();
     EntityType.clear();
     unload();
 }
 
+/// In one transaction, since another program may add rows too.
+///
 /// Intended: a new name is looked up without the blanks around it and stored with them.
 bool frmRegister::store()
 {
+    Transaction transaction(AddressConnection);
     const ReferenceEntity *entity = ReferenceEntity::of(EntityType);
     if (entity && EditMode == u"Modify")
         entity->rename(CurrentEntityId, txtEntity->text());
-    if (!entity || EditMode != u"New")
-        return true;
-    if (entity->exists(txtEntity->text().trimmed())) {
-        AskAgain(*txtEntity, QString::fromLatin1(entity->alreadyExists));
-        return false;
+    if (entity && EditMode == u"New") {
+        if (entity->exists(txtEntity->text().trimmed()))
+            return false;
+        entity->add(txtEntity->text());
     }
-    entity->add(txtEntity->text());
+    transaction.commit();
     return true;
 }
 

@@ -27,7 +27,7 @@ private:
     void cmdCancel_Click();
 
     void setEntity(const QString &editMode, const QString &entityType);
-    bool store();
+    bool store(); ///< false where there is a row of this name
 
     QLabel *lblDisp;
     QLineEdit *txtEntity;

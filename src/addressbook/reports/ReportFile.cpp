@@ -36,7 +36,7 @@ void ReportFile::open(const QString &name)
 
 void ReportFile::close()
 {
-    Files::write(path(), encode(std::exchange(m_text, {})));
+    Files::writeWithoutSync(path(), encode(std::exchange(m_text, {})));
 }
 
 QString ReportFile::path() const

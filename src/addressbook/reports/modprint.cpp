@@ -50,10 +50,9 @@ void forEachChecked(const ListView &list, ReportRecord::Phones phones, Step step
 {
     const qint32 count = list.ListItems().Count();
     for (qint32 ListIndexPos = 1; ListIndexPos <= count; ++ListIndexPos) {
-        const ListItem &item = list.ListItems().Item(ListIndexPos);
-        if (!item.Checked)
+        if (!list.ListItems().isChecked(ListIndexPos))
             continue;
-        contact.read(BookList::contactNumber(item), phones);
+        contact.read(BookList::contactNumber(list.ListItems().key(ListIndexPos)), phones);
         step();
     }
 }

@@ -3,16 +3,46 @@
 #include "RuntimeError.h"
 #include "ShownText.h"
 
-#include <iterator>
-
-const ListItem &ListItemsModel::Item(int index) const
+ListItem ListItemsModel::Item(int index) const
 {
-    return m_items[std::size_t(rowOf(index))];
+    const Row &found = row(index);
+    ListItem item;
+    if (found.added) {
+        item = *found.added;
+    } else {
+        item = {keyOf(found), textOf(found, 0), {}, iconOf(found)};
+        for (int column = 1; column < columnCount(); ++column)
+            item.SubItems.append(textOf(found, column));
+    }
+    item.Checked = found.isChecked;
+    return item;
 }
 
-const ListItem &ListItemsModel::Item(const QString &key) const
+QString ListItemsModel::key(int index) const
 {
-    return Item(IndexOf(key));
+    return keyOf(row(index));
+}
+
+bool ListItemsModel::isChecked(int index) const
+{
+    return row(index).isChecked;
+}
+
+QString ListItemsModel::keyOf(const Row &row) const
+{
+    return row.added ? row.added->Key : m_source->key(row.source);
+}
+
+QString ListItemsModel::textOf(const Row &row, int column) const
+{
+    if (!row.added)
+        return m_source->text(row.source, column);
+    return column == 0 ? row.added->Text : row.added->SubItems.value(column - 1);
+}
+
+QIcon ListItemsModel::iconOf(const Row &row) const
+{
+    return row.added ? row.added->Icon : m_source->icon(row.source);
 }
 
 int ListItemsModel::IndexOf(const QString &key) const
@@ -38,11 +68,25 @@ void ListItemsModel::addItems(std::vector<ListItem> items)
     const int first = Count();
     indexKeys(items, first);
     beginInsertRows({}, first, first + int(items.size()) - 1);
-    if (m_items.empty())
-        m_items = std::move(items);
-    else
-        std::move(items.begin(), items.end(), std::back_inserter(m_items));
+    m_rows.reserve(m_rows.size() + items.size());
+    for (ListItem &item : items) {
+        const bool isChecked = item.Checked;
+        m_rows.push_back({.added = std::make_unique<ListItem>(std::move(item)), .isChecked = isChecked});
+    }
     endInsertRows();
+}
+
+void ListItemsModel::setRows(const QList<ColumnHeader> &headers, std::unique_ptr<const ListRows> rows)
+{
+    beginResetModel();
+    forgetRows();
+    m_headers = headers;
+    m_source = std::move(rows);
+    m_rows.resize(std::size_t(m_source->count()));
+    for (int i = 0; i < Count(); ++i)
+        m_rows[std::size_t(i)].source = i;
+    m_isIndexCurrent = m_rows.empty();
+    endResetModel();
 }
 
 void ListItemsModel::indexKeys(const std::vector<ListItem> &items, int firstRow)
@@ -67,7 +111,7 @@ void ListItemsModel::updateIndex() const
         return;
     m_rowOfKey.clear();
     for (int row = 0; row < Count(); ++row) {
-        const QString &key = m_items[std::size_t(row)].Key;
+        const QString key = keyOf(m_rows[std::size_t(row)]);
         if (!key.isEmpty())
             m_rowOfKey.insert(key, row);
     }
@@ -78,7 +122,7 @@ void ListItemsModel::Remove(int index)
 {
     const int row = rowOf(index);
     beginRemoveRows({}, row, row);
-    m_items.erase(m_items.begin() + row);
+    m_rows.erase(m_rows.begin() + row);
     m_isIndexCurrent = false;
     endRemoveRows();
 }
@@ -86,16 +130,22 @@ void ListItemsModel::Remove(int index)
 void ListItemsModel::Clear()
 {
     beginResetModel();
-    m_items.clear();
+    forgetRows();
+    endResetModel();
+}
+
+void ListItemsModel::forgetRows()
+{
+    m_rows.clear();
+    m_source.reset();
     m_rowOfKey.clear();
     m_isIndexCurrent = true;
-    endResetModel();
 }
 
 void ListItemsModel::setChecked(int index, bool checked)
 {
     const int row = rowOf(index);
-    m_items[std::size_t(row)].Checked = checked;
+    m_rows[std::size_t(row)].isChecked = checked;
     const QModelIndex place = this->index(row, 0);
     Q_EMIT dataChanged(place, place, {Qt::CheckStateRole});
 }
@@ -146,20 +196,27 @@ QVariant ListItemsModel::data(const QModelIndex &index, int role) const
 {
     if (!index.isValid())
         return {};
-    const ListItem &item = m_items[std::size_t(index.row())];
+    const Row &row = m_rows[std::size_t(index.row())];
     const bool isFirst = index.column() == 0;
     switch (role) {
     case Qt::DisplayRole:
-        return isFirst ? item.Text : item.SubItems.value(index.column() - 1);
+        return textOf(row, index.column());
     case Qt::DecorationRole:
-        return isFirst && !item.Icon.isNull() ? QVariant(item.Icon) : QVariant();
+        return isFirst ? decorationOf(row) : QVariant();
     case Qt::CheckStateRole:
-        return isFirst && m_hasCheckboxes ? QVariant(item.Checked ? Qt::Checked : Qt::Unchecked) : QVariant();
+        return isFirst && m_hasCheckboxes ? QVariant(row.isChecked ? Qt::Checked : Qt::Unchecked)
+                                          : QVariant();
     case Qt::TextAlignmentRole:
         return alignmentOf(index.column());
     default:
         return {};
     }
+}
+
+QVariant ListItemsModel::decorationOf(const Row &row) const
+{
+    const QIcon icon = iconOf(row);
+    return icon.isNull() ? QVariant() : QVariant(icon);
 }
 
 bool ListItemsModel::setData(const QModelIndex &index, const QVariant &value, int role)

@@ -87,6 +87,17 @@ void ListView::share(QAbstractItemView &pane)
 void ListView::setColumnHeaders(const QList<ColumnHeader> &headers)
 {
     m_items->setColumnHeaders(headers);
+    applyWidths(headers);
+}
+
+void ListView::setRows(const QList<ColumnHeader> &headers, std::unique_ptr<const ListRows> rows)
+{
+    m_items->setRows(headers, std::move(rows));
+    applyWidths(headers);
+}
+
+void ListView::applyWidths(const QList<ColumnHeader> &headers)
+{
     for (int i = 0; i < headers.size(); ++i)
         m_table->setColumnWidth(i, Twips::toPixels(headers.at(i).Width, logicalDpiX()));
 }
@@ -149,7 +160,7 @@ void ListView::setMultiSelect(bool multiSelect)
                                            : QAbstractItemView::SingleSelection);
 }
 
-const ListItem &ListView::SelectedItem() const
+ListItem ListView::SelectedItem() const
 {
     const std::vector<bool> rows = selectedRows();
     const auto first = std::find(rows.cbegin(), rows.cend(), true);
@@ -236,7 +247,7 @@ bool ListView::toggleCheck()
     const QModelIndex current = m_selection->currentIndex();
     if (!Checkboxes() || !current.isValid())
         return false;
-    const bool isChecked = m_items->Item(current.row() + 1).Checked;
+    const bool isChecked = m_items->isChecked(current.row() + 1);
     m_items->setData(current.siblingAtColumn(0), isChecked ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole);
     return true;
 }

@@ -26,6 +26,8 @@ public:
 
     /// Replaces all columns; they are as wide as their headers say until the user drags them. The rows stay.
     void setColumnHeaders(const QList<ColumnHeader> &headers);
+    /// The same, and replaces all rows as ListItemsModel::setRows does.
+    void setRows(const QList<ColumnHeader> &headers, std::unique_ptr<const ListRows> rows);
     /// Throws RuntimeError 35600 where there is no such column.
     const ColumnHeader &ColumnHeaders(int index) const { return m_items->columnHeader(index); }
 
@@ -42,7 +44,7 @@ public:
 
     bool hasSelection() const { return m_selection->hasSelection(); }
     /// The selected row; with MultiSelect the first one. Throws RuntimeError 91 where none is selected.
-    const ListItem &SelectedItem() const;
+    ListItem SelectedItem() const;
     /// Throw RuntimeError 35600 where there is no such row.
     bool Selected(int index) const;
     void setSelected(int index, bool selected);
@@ -70,6 +72,7 @@ private:
     void buildTable();
     void buildIcons();
     void share(QAbstractItemView &pane);
+    void applyWidths(const QList<ColumnHeader> &headers);
     void arrangeIcons();
     QAbstractItemView &pane() const;
     bool actOnKey(const QKeyEvent &event);

@@ -45,6 +45,7 @@ public:
 
     bool isOpen() const { return m_fd.isOpen(); }
     bool write(const QByteArray &bytes);
+    bool sync() { return ::fsync(m_fd.get()) == 0; }
     bool setMode(mode_t mode) { return ::fchmod(m_fd.get(), mode) == 0; }
     bool replace(const QByteArray &target);
 
@@ -84,7 +85,7 @@ bool TemporaryFile::write(const QByteArray &bytes)
         next += taken;
         left -= taken;
     }
-    return ::fsync(m_fd.get()) == 0;
+    return true;
 }
 
 bool TemporaryFile::replace(const QByteArray &target)
@@ -119,9 +120,11 @@ QByteArray targetOf(const QByteArray &name)
     return targetOf(next.startsWith('/') ? next : folderOf(name) + next);
 }
 
+enum class Sync { Yes, No };
+
 /// \a mode is the new file's; without one the old file's is kept, or the ordinary one taken.
 void writeBy(TemporaryFile (*make)(const QByteArray &target, mode_t mode), const QString &path,
-             const QByteArray &bytes, std::optional<mode_t> mode = {})
+             const QByteArray &bytes, std::optional<mode_t> mode = {}, Sync sync = Sync::Yes)
 {
     const QByteArray target = targetOf(FileNames::toBytes(path));
     struct stat old = {};
@@ -136,8 +139,12 @@ void writeBy(TemporaryFile (*make)(const QByteArray &target, mode_t mode), const
     TemporaryFile file = make(target, mode ? privateMode : ordinaryMode);
     if (!file.isOpen())
         fail(path, errno == ENOENT ? ENOTDIR : errno);
-    if ((mode && !file.setMode(*mode)) || !file.write(bytes) || !file.replace(target))
+    const bool isSynced = sync == Sync::Yes;
+    if ((mode && !file.setMode(*mode)) || !file.write(bytes) || (isSynced && !file.sync()) ||
+        !file.replace(target))
         fail(path);
+    if (!isSynced)
+        return;
 
     const Descriptor folder(::open(folderOf(target).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.isOpen())
@@ -179,6 +186,11 @@ QByteArray Files::read(const QString &path)
 void Files::write(const QString &path, const QByteArray &bytes)
 {
     writeBy(&TemporaryFile::unique, path, bytes);
+}
+
+void Files::writeWithoutSync(const QString &path, const QByteArray &bytes)
+{
+    writeBy(&TemporaryFile::unique, path, bytes, {}, Sync::No);
 }
 
 void Files::writePrivate(const QString &path, const QByteArray &bytes)

@@ -18,6 +18,9 @@ QByteArray read(const QString &path);
 /// folder is missing, 75 when \a path is a folder or a device.
 void write(const QString &path, const QByteArray &bytes);
 
+/// As write, but not synced, for a file that can be made again: after a loss of power it may be empty.
+void writeWithoutSync(const QString &path, const QByteArray &bytes);
+
 /// As write, but only the user may read the new file, whatever the old one's permissions were.
 void writePrivate(const QString &path, const QByteArray &bytes);
 

@@ -12,6 +12,7 @@
 namespace {
 
 constexpr int waitMs = 5000;         // for another process that writes
+constexpr int cacheKiB = 16000;      // room for the tables of tens of thousands of contacts
 constexpr int longestText = 1 << 24; // bytes; no honest field comes near
 constexpr int longestStatement = 1 << 20;
 constexpr int deepestStatement = 100;
@@ -70,6 +71,7 @@ void Connection::configure()
     TextCollation::install(m_database);
     DateFunctions::install(m_database);
     execute(QStringLiteral("pragma foreign_keys=on"));
+    execute(QStringLiteral("pragma cache_size=-%1").arg(cacheKiB));
 }
 
 void Connection::close()

@@ -39,6 +39,11 @@ RuntimeError DataError::make(int number, const QString &source)
     return RuntimeError(number, platformText(number), source);
 }
 
+bool DataError::isLocked(const RuntimeError &error)
+{
+    return error.number() == Engine && error.description() == QLatin1String(::sqlite3_errstr(SQLITE_BUSY));
+}
+
 RuntimeError DataError::fromEngine(sqlite3 *database, const QString &statement)
 {
     const int number = (::sqlite3_errcode(database) & 0xff) == SQLITE_ERROR ? RejectedStatement : Engine;

@@ -23,6 +23,9 @@ inline constexpr int ClosedConnection = 3709;
 /// about.
 RuntimeError make(int number, const QString &source = {});
 
+/// Whether \a error is that another process has locked the file.
+bool isLocked(const RuntimeError &error);
+
 /// The error for what \a database has just reported about \a statement.
 RuntimeError fromEngine(sqlite3 *database, const QString &statement);
 

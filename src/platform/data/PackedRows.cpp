@@ -30,7 +30,7 @@ qsizetype PackedRows::count() const
 
 FieldValue PackedRows::at(qsizetype row, int column) const
 {
-    const Field &field = m_fields[row * m_isDate.size() + column];
+    const Field &field = fieldAt(row, column);
     switch (field.kind) {
     case Kind::Integer:
         return field.number;

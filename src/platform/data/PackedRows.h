@@ -8,7 +8,7 @@
 class Statement;
 
 /// The rows of a recordset, packed: 16 bytes a field, and all texts in one array. Tens of thousands of rows
-/// are so kept in a few megabytes.
+/// are so kept in a few megabytes. Copies share them.
 class PackedRows
 {
 public:
@@ -23,6 +23,10 @@ public:
 
     qsizetype count() const;
     bool isDate(int column) const { return m_isDate[column]; }
+    bool isNull(qsizetype row, int column) const
+    {
+        return fieldAt(row, column).kind == FieldValue::Kind::Null;
+    }
     FieldValue at(qsizetype row, int column) const;
 
 private:
@@ -33,6 +37,7 @@ private:
         qint64 number; ///< the number, the bits of the float, the day of the date, or where the text begins
     };
 
+    const Field &fieldAt(qsizetype row, int column) const { return m_fields[row * m_isDate.size() + column]; }
     static Field null();
     Field text(QByteArrayView bytes);
     Field fieldOf(const Statement &statement, int column);

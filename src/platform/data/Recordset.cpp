@@ -92,6 +92,12 @@ FieldValue Recordset::field(int index) const
     return m_rows.at(m_row, index);
 }
 
+const PackedRows &Recordset::rows() const
+{
+    requireOpen();
+    return m_rows;
+}
+
 void Recordset::addNew()
 {
     requireOpen();

@@ -45,6 +45,8 @@ public:
     /// DataError::NoSuchField or NoCurrentRow.
     FieldValue field(QStringView name) const;
     FieldValue field(int index) const;
+    /// All rows, which outlive the recordset.
+    const PackedRows &rows() const;
 
     /// Begins a new row, all of it NULL; one that was begun before is dropped. Throws
     /// DataError::NotUpdatable.

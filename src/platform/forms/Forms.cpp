@@ -31,6 +31,11 @@ void Forms::registerWindow(const QString &name, Instances instances, Factory fac
     windows().insert(name, {instances, std::move(factory), {}});
 }
 
+void Forms::unregisterWindow(const QString &name)
+{
+    windows().remove(name);
+}
+
 bool Forms::isRegistered(const QString &name)
 {
     return windows().contains(name);

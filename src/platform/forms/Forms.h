@@ -17,6 +17,9 @@ using Factory = std::function<Form *()>;
 /// Makes a window known. Done once for each at start-up.
 void registerWindow(const QString &name, Instances instances, Factory factory);
 
+/// Takes that back; a window of the name that is loaded stays.
+void unregisterWindow(const QString &name);
+
 bool isRegistered(const QString &name);
 
 /// The window of class \a Window, registered under the name of the class. Throws RuntimeError 424 where it is

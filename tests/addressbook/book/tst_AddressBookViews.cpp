@@ -6,6 +6,7 @@
 #include "RowName.h"
 #include "ShownText.h"
 
+#include <QElapsedTimer>
 #include <QRegularExpression>
 #include <QStyledItemDelegate>
 #include <QTest>
@@ -290,3 +291,26 @@ TEST_P(AddressBookNameTest, AsAGroupIsTheLabelAndNothingMore)
 
 INSTANTIATE_TEST_SUITE_P(Names, AddressBookNameTest, testing::ValuesIn(HostileNames::texts()),
                          HostileNames::what<testing::TestParamInfo<HostileName>>);
+
+/// The wait is five seconds, not twice as many.
+TEST_F(AddressBookViewsTest, ALockedDatabaseIsReportedOnceAndLeavesTheList)
+{
+    window.clickNode("City2");
+    Connection other;
+    other.open(window.book.path());
+    other.execute(QStringLiteral("begin exclusive"));
+    window.frame.dialogs
+        .expectBox(QStringLiteral("QuillOfficeToolsv2"),
+                   QStringLiteral("Another program is using the address database. Please try again."))
+        .icon(QMessageBox::Warning);
+    QElapsedTimer wait;
+    wait.start();
+    window.clickNode("State2");
+    EXPECT_LT(wait.elapsed(), 9000);
+    EXPECT_EQ(window.frame.dialogs.seen().size(), 1);
+    EXPECT_EQ(window.label(), QStringLiteral("Dover"));
+    EXPECT_EQ(window.names(), QStringLiteral("Anna Bell"));
+    other.close();
+    window.clickNode("State2");
+    EXPECT_EQ(window.names(), QStringLiteral("Anna Bell|Ben Cole"));
+}

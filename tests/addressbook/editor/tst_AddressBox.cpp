@@ -105,3 +105,14 @@ TEST_F(AddressBoxTest, TabGoesToTheNextControl)
     EXPECT_TRUE(next.hasFocus());
     EXPECT_EQ(box.toPlainText(), QString());
 }
+
+TEST_F(AddressBoxTest, ItsTextHasItsNoBreakSpaces)
+{
+    const QString text = QStringLiteral("12\u00A0Road\nOld\u00A0Town");
+    box.setText(text);
+    EXPECT_EQ(box.text(), text);
+    box.clear();
+    EXPECT_EQ(box.text(), QString());
+    paste(QStringLiteral("a\u2028b\u2029c"));
+    EXPECT_EQ(box.text(), QStringLiteral("a\nb\nc"));
+}

@@ -38,6 +38,7 @@ struct FrmAddressDial : testing::TestWithParam<DialButtonRow>
         Forms::registerWindow(QStringLiteral("frmdialler"), Forms::Instances::One,
                               [this] { return new StandInDialler(dialled); });
     }
+    ~FrmAddressDial() override { Forms::unregisterWindow(QStringLiteral("frmdialler")); }
 
     EditorWindow editor;
     QStringList dialled;

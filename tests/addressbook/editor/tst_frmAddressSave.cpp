@@ -1,3 +1,4 @@
+#include "AddressBox.h"
 #include "AddressDatabase.h"
 #include "ContactRows.h"
 #include "DataError.h"
@@ -290,4 +291,16 @@ TEST_F(FrmAddressSaveTest, TheNextWindowCanBeCancelledAgain)
     editor.openNew();
     EXPECT_TRUE(editor.isEnabled("cmdCancel"));
     EXPECT_EQ(editor.text("cmbHCity"), QStringLiteral(".."));
+}
+
+TEST_F(FrmAddressSaveTest, KeepsNoBreakSpacesOfAddresses)
+{
+    const QString address = QStringLiteral("12\u00A0Road\nTown");
+    editor.openNew();
+    editor.type("txtName", QStringLiteral("Ann"));
+    editor.control<AddressBox>("txtHAddress").setText(address);
+    editor.control<AddressBox>("txtBAddress").setText(address);
+    editor.click("cmdOK");
+    EXPECT_EQ(editor.rows("select hAddress,bAddress from Home,Business"),
+              QStringList(address + u'|' + address));
 }

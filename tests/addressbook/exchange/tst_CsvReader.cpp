@@ -44,6 +44,7 @@ TEST(CsvReader, ReadsTheFileOfAnOffice)
     ASSERT_EQ(list.contacts.size(), 3);
     EXPECT_EQ(list.contacts[0],
               (Contact{
+                  .salutation = words("Mr."),
                   .name = words("Jo K. Low"),
                   .group = words("Friends"),
                   .comment = words("=1+1"),
@@ -126,7 +127,7 @@ TEST(CsvReader, RowsMayBeShorterOrLongerThanTheCaptions)
 TEST(CsvReader, LargeFilesTakeTimeInProportion)
 {
     EXPECT_EQ(CsvReader::read("Name\n" + QByteArray("x\n").repeated(20'000)).contacts.size(), 20'000);
-    EXPECT_EQ(CsvReader::read("Name,Notes\nx,\"" + QByteArray(1'000'000, 'x')).contacts.size(), 1);
+    EXPECT_EQ(CsvReader::read("Name,Notes\nx,\"" + QByteArray(1'000'000, 'x') + '"').contacts.size(), 1);
     EXPECT_EQ(CsvReader::read("Name" + QByteArray(",").repeated(100'000) + "\nx").contacts.size(), 1);
     EXPECT_EQ(CsvReader::read("Name,E-Mail 9999\nx,y").contacts.value(0).eMails, QStringList(words("y")));
 }

@@ -1,5 +1,6 @@
 #include "CsvText.h"
 #include "PrintQt.h"
+#include "RuntimeError.h"
 
 #include <gtest/gtest.h>
 
@@ -36,8 +37,22 @@ TEST(CsvText, FindsTheSeparatorInTheFirstRow)
 TEST(CsvText, ReadsDamagedQuotes)
 {
     EXPECT_EQ(rowsOf("a\"b,c\"\nd"), QStringLiteral("a\"b|c\"/d"));
-    EXPECT_EQ(rowsOf("\"a,b\nc"), QStringLiteral("a,b\nc"));
     EXPECT_EQ(rowsOf("\"a\"b,c"), QStringLiteral("ab|c"));
+}
+
+TEST(CsvText, AQuoteWithoutAnEndIsNoText)
+{
+    const auto complaintOf = [](const char *text) {
+        try {
+            rowsOf(text);
+        } catch (const RuntimeError &error) {
+            return QStringLiteral("%1 %2").arg(error.number()).arg(error.description());
+        }
+        return QString();
+    };
+    EXPECT_EQ(complaintOf("\"a,b\nc"), QStringLiteral("321 The quote that begins in line 1 has no end"));
+    EXPECT_EQ(complaintOf("a,\"b\nc\"\nd,\"\"\"\ne\n"),
+              QStringLiteral("321 The quote that begins in line 3 has no end"));
 }
 
 TEST(CsvText, WritesWhatItReads)

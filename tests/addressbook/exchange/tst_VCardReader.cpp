@@ -44,7 +44,7 @@ TEST(VCardReader, ReadsACardOfAPhone)
                   .group = utf8("Freunde"),
                   .comment = utf8(
                       "Erste Zeile\nzweite Zeile, mit Komma; und mehr: eine Zeile, die so lang ist, dass "
-                      "sie umgebrochen wird."),
+                      "sie umgebrochen wird.\nPrefix: Dr.\nSuffix: jr.\nGroup: Verein"),
                   .birthDate = QDate(Contact::unknownYear, 2, 29),
                   .eMails = {utf8("joerg@example.org"), utf8("jb@example.net")},
                   .home = {utf8("Hauptstraße 1\nHinterhaus\nDeutschland"), utf8("Köln"), utf8("NRW"),
@@ -67,6 +67,7 @@ TEST(VCardReader, ReadsVersion4)
     ASSERT_EQ(list.contacts.size(), 3);
     EXPECT_EQ(list.contacts[0], (Contact{
                                     .name = utf8("Simon Perreault"),
+                                    .comment = utf8("Suffix: ing. jr,M.Sc."),
                                     .birthDate = QDate(Contact::unknownYear, 2, 3),
                                     .eMails = {utf8("simon.perreault@viagenie.example")},
                                     .work = {utf8("Suite D2-630\n2875 Laurier\nCanada"), utf8("Quebec"),
@@ -155,6 +156,19 @@ TEST(VCardReader, KnowsTheSalutationsOfTheAddressBook)
     EXPECT_EQ(cardOf("N:a;b;;mrs.;").salutation, utf8("Mrs."));
     EXPECT_EQ(cardOf("N:a;b;;M/S.;").salutation, utf8("M/S."));
     EXPECT_EQ(cardOf("N:a;b;;Dr.;").salutation, QString());
+}
+
+TEST(VCardReader, WordsWithoutAFieldAreInTheComment)
+{
+    EXPECT_EQ(cardOf("N:a;b;;Dr.;jr.\nNOTE:n").comment, utf8("n\nPrefix: Dr.\nSuffix: jr."));
+    EXPECT_EQ(cardOf("NICKNAME:Al\nNICKNAME:Bo\nNICKNAME:Al").nickName, utf8("Al"));
+    EXPECT_EQ(cardOf("NICKNAME:Al\nNICKNAME:Bo\nNICKNAME:Al").comment, utf8("Nick name: Bo"));
+    EXPECT_EQ(cardOf("ORG:a;b\nORG:c;b\nTITLE:d\nTITLE:e").comment, utf8("Company: c\nPosition: e"));
+    EXPECT_EQ(cardOf("CATEGORIES:a,b").group, utf8("a"));
+    EXPECT_EQ(cardOf("CATEGORIES:a,b").comment, utf8("Group: b"));
+    const ContactList list =
+        VCardReader::read("BEGIN:VCARD\nN:Lee;Ann;;Dr.;PhD\nFN:Dr. Ann Lee\nEND:VCARD\n");
+    EXPECT_EQ(list.contacts.value(0).comment, utf8("Suffix: PhD")); // the name has the prefix
 }
 
 TEST(VCardReader, ReadsWhatIsWholeOfADamagedFile)

@@ -267,3 +267,26 @@ TEST_P(FrmRegCityNames, AreStored)
 
 INSTANTIATE_TEST_SUITE_P(Texts, FrmRegCityNames, testing::ValuesIn(HostileNames::texts()),
                          HostileNames::what<testing::TestParamInfo<HostileName>>);
+
+/// Another program that is about to add a city would get the same id.
+TEST_F(FrmRegCityTest, AWriterOfAnotherProgramIsReportedAndTheCityCanBeStoredLater)
+{
+    openNew();
+    dialog.type("txtCity", QStringLiteral("Dover"));
+    dialog.type("cmbStates", QStringLiteral("Kent"));
+    Connection other;
+    other.open(dialog.book.path());
+    other.execute(QStringLiteral("begin immediate"));
+    other.execute(QStringLiteral("insert into city values(3,'Leeds',1)"));
+    dialog.frame.dialogs
+        .expectBox(QStringLiteral("QuillOfficeToolsv2"),
+                   QStringLiteral("Another program is using the address database. Please try again."))
+        .icon(QMessageBox::Warning);
+    dialog.click("cmdOK");
+    EXPECT_TRUE(dialog.isOpen());
+    EXPECT_FALSE(AddressConnection.isInTransaction());
+    other.execute(QStringLiteral("commit"));
+    dialog.click("cmdOK");
+    EXPECT_FALSE(dialog.isOpen());
+    EXPECT_EQ(cities().mid(2), QStringList({QStringLiteral("3|Leeds|1"), QStringLiteral("4|Dover|2")}));
+}

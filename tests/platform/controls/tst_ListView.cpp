@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QHeaderView>
 #include <QListView>
+#include <QSet>
 #include <QSignalSpy>
 #include <QStyle>
 #include <QTest>
@@ -369,4 +370,100 @@ TEST_F(ListViewTest, ChecksManyRowsOneByOneAndTouchesNoOther)
     EXPECT_EQ(touched, 50000);
     EXPECT_TRUE(items.Item(1).Checked);
     EXPECT_TRUE(items.Item(50000).Checked);
+}
+
+namespace {
+
+/// Rows that remember which of them were looked at.
+class ManyRows : public ListRows
+{
+public:
+    explicit ManyRows(std::shared_ptr<QSet<int>> seen)
+        : m_seen(std::move(seen))
+    {}
+
+    int count() const override { return 100000; }
+    QString key(int row) const override { return QStringLiteral("Key%1").arg(row); }
+    QString text(int row, int column) const override
+    {
+        m_seen->insert(row);
+        return QStringLiteral("text%1-%2").arg(row).arg(column);
+    }
+    QIcon icon(int row) const override { return item(row).Icon; }
+
+private:
+    std::shared_ptr<QSet<int>> m_seen; // the view outlives the test
+};
+
+struct ListViewOfRowsTest : ListViewTest
+{
+    std::shared_ptr<QSet<int>> seen = std::make_shared<QSet<int>>();
+
+    ListViewOfRowsTest()
+    {
+        view.setRows({{QStringLiteral("Col1"), QStringLiteral("Name"), 2400},
+                      {QStringLiteral("Col2"), QStringLiteral("Size"), 900}},
+                     std::make_unique<ManyRows>(seen));
+    }
+};
+
+} // namespace
+
+TEST_F(ListViewOfRowsTest, ReadsOnlyWhatIsShown)
+{
+    pane().viewport()->repaint();
+    EXPECT_EQ(items.Count(), 100000);
+    EXPECT_EQ(header().sectionSize(1), 60);
+    EXPECT_TRUE(seen->contains(0));
+    EXPECT_LT(seen->size(), 100);
+    view.setCheckboxes(true);
+    pane().viewport()->repaint();
+    EXPECT_LT(seen->size(), 100);
+}
+
+TEST_F(ListViewOfRowsTest, TheirRowsAreLikeAllOthers)
+{
+    EXPECT_EQ(items.Item(3).Key, QStringLiteral("Key2"));
+    EXPECT_EQ(items.key(3), QStringLiteral("Key2"));
+    EXPECT_EQ(items.Item(3).Text, QStringLiteral("text2-0"));
+    EXPECT_EQ(items.Item(3).SubItems, QStringList{QStringLiteral("text2-1")});
+    EXPECT_FALSE(items.Item(3).Icon.isNull());
+    EXPECT_FALSE(items.index(2, 0).data(Qt::DecorationRole).isNull());
+    items.setChecked(3, true);
+    EXPECT_TRUE(items.isChecked(3));
+    EXPECT_TRUE(items.Item(3).Checked);
+    view.setSelected(3, true);
+    EXPECT_EQ(view.SelectedItem().Text, QStringLiteral("text2-0"));
+    key(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("text2-0\ttext2-1"));
+    EXPECT_EQ(errorNumberOf([&] { (void)items.key(100001); }), 35600);
+}
+
+TEST_F(ListViewOfRowsTest, RowsAreRemovedAndAdded)
+{
+    items.setChecked(3, true);
+    items.Remove(1);
+    EXPECT_EQ(items.Count(), 99999);
+    EXPECT_EQ(items.Item(1).Text, QStringLiteral("text1-0"));
+    EXPECT_TRUE(items.isChecked(2));
+    items.Remove(QStringLiteral("Key1"));
+    EXPECT_EQ(items.Item(1).Text, QStringLiteral("text2-0"));
+    EXPECT_EQ(errorNumberOf([&] { (void)items.IndexOf(QStringLiteral("Key1")); }), 35601);
+    items.Add(item(7));
+    EXPECT_EQ(items.Item(99999).Text, QStringLiteral("name7"));
+    EXPECT_EQ(items.index(99998, 1).data().toString(), QStringLiteral("size7"));
+    EXPECT_EQ(errorNumberOf([&] { items.Add({QStringLiteral("Key5"), {}, {}}); }), 35602);
+}
+
+TEST_F(ListViewOfRowsTest, NothingOfThemIsLeftWhenTheyAreReplaced)
+{
+    items.setChecked(1, true);
+    view.setRows({{QStringLiteral("Col1"), QStringLiteral("Name"), 2400}}, std::make_unique<ManyRows>(seen));
+    EXPECT_FALSE(items.isChecked(1));
+    EXPECT_EQ(items.columnCount(), 1);
+    items.Clear();
+    EXPECT_EQ(items.Count(), 0);
+    EXPECT_EQ(errorNumberOf([&] { (void)items.Item(QStringLiteral("Key1")); }), 35601);
+    items.Add(item(1));
+    EXPECT_EQ(items.Item(1).Text, QStringLiteral("name1"));
 }

@@ -1,13 +1,17 @@
 #include "AddressDatabase.h"
+#include "FileNames.h"
 #include "Files.h"
 #include "FullDisk.h"
 #include "PrintQt.h"
 #include "ScratchAddressBook.h"
 #include "ScratchVariable.h"
 
+#include <QFileInfo>
 #include <QProcess>
 #include <QTcpServer>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -16,10 +20,18 @@ struct ContactsTool : testing::Test
     ContactsTool() { AddressConnection.close(); }
 
     /// Runs the program and waits for its end.
-    void run(const QStringList &arguments)
+    void run(const QStringList &arguments) { start(QStringLiteral(QUILL_CONTACTS_TOOL), arguments); }
+    /// The same by way of a shell, in which the program is $2, between \a arguments.
+    void runShell(const QString &commands, QStringList arguments)
+    {
+        arguments.insert(1, QStringLiteral(QUILL_CONTACTS_TOOL));
+        start(QStringLiteral("/bin/sh"),
+              QStringList({QStringLiteral("-c"), commands, QStringLiteral("sh")}) + arguments);
+    }
+    void start(const QString &program, const QStringList &arguments)
     {
         QProcess process;
-        process.start(QStringLiteral(QUILL_CONTACTS_TOOL), arguments);
+        process.start(program, arguments);
         ASSERT_TRUE(process.waitForFinished());
         ASSERT_EQ(process.exitStatus(), QProcess::NormalExit);
         code = process.exitCode();
@@ -210,4 +222,52 @@ TEST_F(ContactsTool, PrintsItsUsage)
         EXPECT_EQ(code, 2);
         EXPECT_TRUE(complaint.startsWith("contacts: usage: "));
     }
+}
+
+TEST_F(ContactsTool, ANameMayHaveAnyBytes)
+{
+    const QByteArray folder = book.home().file(QStringLiteral("caf")).toUtf8() + "\xE9";
+    ASSERT_EQ(::mkdir(folder.constData(), 0700), 0);
+    Files::write(FileNames::fromBytes(folder + "/b.mdb"), Files::read(book.path()));
+    const QString shell = QStringLiteral("cd \"$(printf '%s/caf\\351' \"$1\")\" && "
+                                         "n=$(printf 'a\\351.vcf') && "
+                                         "printf 'BEGIN:VCARD\\nFN:x\\nEND:VCARD\\n' >\"$n\" && "
+                                         "\"$2\" import \"$n\" \"$PWD/b.mdb\" && "
+                                         "\"$2\" export \"$PWD/b.mdb\" \"$n\" && "
+                                         "\"$2\" import \"$n.none.vcf\" \"$PWD/b.mdb\"");
+    runShell(shell, {QFileInfo(book.home().file(QStringLiteral("caf"))).path()});
+    EXPECT_EQ(out, QByteArray("1 contacts added\n1 contacts written\n"));
+    EXPECT_EQ(code, 1);
+    EXPECT_EQ(complaint, QByteArray("contacts: a\xEF\xBF\xBD.vcf.none.vcf: File not found\n"));
+    ASSERT_EQ(::rename(folder.constData(), file("cafe").toUtf8().constData()), 0); // Qt removes it
+    ASSERT_EQ(::unlink((file("cafe").toUtf8() + "/a\xE9.vcf").constData()), 0);
+}
+
+TEST_F(ContactsTool, ComplaintsShowNoControlCharacters)
+{
+    import(file("a\x1b[2J\n.vcf"));
+    EXPECT_EQ(code, 1);
+    EXPECT_EQ(complaint.count('\x1b'), 0);
+    EXPECT_EQ(complaint.count('\n'), 1);
+}
+
+TEST_F(ContactsTool, SaysThatThereIsNotEnoughMemory)
+{
+#if defined(__SANITIZE_ADDRESS__)
+    GTEST_SKIP() << "the sanitizer itself takes more memory than the test leaves";
+#endif
+    const QString path = file("a.vcf", "BEGIN:VCARD\nFN:x\nNOTE:");
+    ASSERT_TRUE(QFile::resize(path, 200 * 1024 * 1024));
+    runShell(QStringLiteral("ulimit -v 400000 && \"$2\" import \"$1\" \"$3\""), {path, book.path()});
+    EXPECT_EQ(code, 1);
+    EXPECT_EQ(complaint, QByteArray("contacts: there is not enough memory\n"));
+}
+
+TEST_F(ContactsTool, NothingOfAFileWithAnOpenQuoteIsImported)
+{
+    const QString path = file("a.csv", "Name,Notes\nAnn,\"x\nBen,y\n");
+    import(path);
+    EXPECT_EQ(code, 1);
+    EXPECT_EQ(complaint, "contacts: " + path.toUtf8() + ": The quote that begins in line 2 has no end\n");
+    EXPECT_EQ(names(), QStringList());
 }

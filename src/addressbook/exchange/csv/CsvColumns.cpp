@@ -50,27 +50,51 @@ void addOtherPhone(ContactBuilder &builder, const QString &text)
     builder.addPhone(text, {});
 }
 
+void addPrefix(ContactBuilder &builder, const QString &text)
+{
+    builder.addPrefix(text);
+}
+
+void addSuffix(ContactBuilder &builder, const QString &text)
+{
+    builder.addSuffix(text);
+}
+
+void addNickName(ContactBuilder &builder, const QString &text)
+{
+    builder.addText(&Contact::nickName, QStringLiteral("Nick name"), text);
+}
+
+void addGroup(ContactBuilder &builder, const QString &text)
+{
+    builder.addText(&Contact::group, QStringLiteral("Group"), text);
+}
+
 /// "Friends ::: * myContacts"
 void setLabels(ContactBuilder &builder, const QString &text)
 {
     for (const QString &label : text.split(several)) {
         if (!label.startsWith(u'*'))
-            setText<&Contact::group>(builder, label.trimmed());
+            addGroup(builder, label);
     }
 }
 
 constexpr CaptionRow captionRows[] = {
     {"salutation", setText<&Contact::salutation>},
+    {"title", addPrefix},
+    {"name prefix", addPrefix},
+    {"suffix", addSuffix},
+    {"name suffix", addSuffix},
     {"name", setText<&Contact::name>},
     {"full name", setText<&Contact::name>},
     {"display name", setText<&Contact::name>},
     {"file as", setText<&Contact::name>},
-    {"nick name", setText<&Contact::nickName>},
-    {"nickname", setText<&Contact::nickName>},
-    {"group", setText<&Contact::group>},
+    {"nick name", addNickName},
+    {"nickname", addNickName},
+    {"group", addGroup},
     {"labels", setLabels},
     {"group membership", setLabels},
-    {"categories", setText<&Contact::group>},
+    {"categories", addGroup},
     {"birth date", setBirthDate},
     {"birthday", setBirthDate},
     {"comments", addComment},

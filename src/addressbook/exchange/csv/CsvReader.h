@@ -7,7 +7,7 @@
 namespace CsvReader {
 
 /// The contacts of \a bytes, in their order. Throws RuntimeError 321 where no caption of the first line is
-/// known.
+/// known, or a quote does not end.
 ContactList read(const QByteArray &bytes);
 
 } // namespace CsvReader

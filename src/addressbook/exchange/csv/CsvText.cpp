@@ -1,5 +1,7 @@
 #include "CsvText.h"
 
+#include "RuntimeError.h"
+
 #include <array>
 
 namespace {
@@ -41,6 +43,8 @@ private:
     QList<QStringList> m_rows;
     QStringList m_row;
     QString m_field;
+    int m_line = 1;
+    int m_quoteLine = 0; ///< where the last quote began
     bool m_isQuoted = false;
     bool m_wasQuoted = false; ///< the last character ended a quote
 };
@@ -52,7 +56,11 @@ QList<QStringList> Reader::read()
             readQuoted(c);
         else
             readPlain(c);
+        m_line += int(c == u'\n');
     }
+    if (m_isQuoted)
+        throw RuntimeError(ErrorNumber::InvalidFileFormat,
+                           QStringLiteral("The quote that begins in line %1 has no end").arg(m_quoteLine));
     endRow();
     return m_rows;
 }
@@ -72,6 +80,8 @@ void Reader::readPlain(QChar c)
     if (c == u'"' && (m_field.isEmpty() || m_wasQuoted)) {
         if (m_wasQuoted)
             m_field.append(c); // doubled
+        else
+            m_quoteLine = m_line;
         m_isQuoted = true;
     } else if (c == m_separator) {
         endField();

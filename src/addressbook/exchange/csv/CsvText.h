@@ -7,7 +7,8 @@
 namespace CsvText {
 
 /// The rows of \a text, whose line ends are "\n". What parts the fields (comma, semicolon or tab) is what the
-/// first row has most of. A quote that does not end goes on to the end of the text; empty lines are left out.
+/// first row has most of. Empty lines are left out. Throws RuntimeError 321 where a quote does not end: what
+/// comes behind its beginning could be anything.
 QList<QStringList> read(const QString &text);
 
 /// \a row with each field in quotes, and CR LF.

@@ -31,17 +31,6 @@ QString phoneNumber(const VCardProperty &property)
     return dialled;
 }
 
-QString salutationOf(const QString &prefix)
-{
-    const QString word = QString(prefix).remove(u'.').trimmed();
-    for (const char *known : {"Mr.", "Miss.", "Mrs."}) {
-        const QString salutation = QLatin1String(known);
-        if (word.compare(salutation.chopped(1), Qt::CaseInsensitive) == 0)
-            return salutation;
-    }
-    return prefix.compare(u"M/S.", Qt::CaseInsensitive) == 0 ? QStringLiteral("M/S.") : QString();
-}
-
 void addFullName(ContactBuilder &builder, const VCardProperty &property)
 {
     if (builder.contact().name.isEmpty()) // a card may have its name in several languages
@@ -52,12 +41,13 @@ void addName(ContactBuilder &builder, const VCardProperty &property)
 {
     const QStringList parts = split(property.value, u';');
     builder.addName(component(parts, 1), component(parts, 2), component(parts, 0));
-    builder.contact().salutation = salutationOf(component(parts, 3));
+    builder.addPrefix(component(parts, 3));
+    builder.addSuffix(component(parts, 4));
 }
 
 void addNickName(ContactBuilder &builder, const VCardProperty &property)
 {
-    builder.contact().nickName = unescaped(property.value).trimmed();
+    builder.addText(&Contact::nickName, QStringLiteral("Nick name"), unescaped(property.value));
 }
 
 void addBirthDate(ContactBuilder &builder, const VCardProperty &property)
@@ -95,20 +85,14 @@ void addOrganisation(ContactBuilder &builder, const VCardProperty &property)
     QStringList units = split(property.value, u';');
     for (QString &unit : units)
         unit = unescaped(unit).trimmed();
-    builder.contact().company = units.takeFirst();
+    builder.addText(&Contact::company, QStringLiteral("Company"), units.takeFirst());
     units.removeAll(QString());
-    builder.contact().department = units.join(QLatin1String(", "));
+    builder.addText(&Contact::department, QStringLiteral("Department"), units.join(QLatin1String(", ")));
 }
 
 void addTitle(ContactBuilder &builder, const VCardProperty &property)
 {
-    builder.contact().post = unescaped(property.value).trimmed();
-}
-
-void addRole(ContactBuilder &builder, const VCardProperty &property)
-{
-    if (builder.contact().post.isEmpty())
-        addTitle(builder, property);
+    builder.addText(&Contact::post, QStringLiteral("Position"), unescaped(property.value));
 }
 
 void addNote(ContactBuilder &builder, const VCardProperty &property)
@@ -118,8 +102,8 @@ void addNote(ContactBuilder &builder, const VCardProperty &property)
 
 void addCategories(ContactBuilder &builder, const VCardProperty &property)
 {
-    if (builder.contact().group.isEmpty())
-        builder.contact().group = component(split(property.value, u','), 0);
+    for (const QString &category : split(property.value, u','))
+        builder.addText(&Contact::group, QStringLiteral("Group"), unescaped(category));
 }
 
 struct PropertyRow
@@ -129,9 +113,9 @@ struct PropertyRow
 };
 
 constexpr PropertyRow propertyRows[] = {
-    {"FN", addFullName}, {"N", addName},    {"NICKNAME", addNickName}, {"BDAY", addBirthDate},
-    {"ADR", addPlace},   {"TEL", addPhone}, {"EMAIL", addEMail},       {"ORG", addOrganisation},
-    {"TITLE", addTitle}, {"ROLE", addRole}, {"NOTE", addNote},         {"CATEGORIES", addCategories},
+    {"FN", addFullName}, {"N", addName},     {"NICKNAME", addNickName}, {"BDAY", addBirthDate},
+    {"ADR", addPlace},   {"TEL", addPhone},  {"EMAIL", addEMail},       {"ORG", addOrganisation},
+    {"TITLE", addTitle}, {"ROLE", addTitle}, {"NOTE", addNote},         {"CATEGORIES", addCategories},
 };
 
 /// The cards of a file one after the other. A card within another one, an agent's, is skipped.

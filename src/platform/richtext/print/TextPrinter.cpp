@@ -54,21 +54,53 @@ void setPages(QTextDocument &document, const QSizeF &text, QPaintDevice &device)
     document.setPageSize({text.width() * dpi, 3 * text.height() * dpi});
 }
 
+/// Whether fine dots are good for \a document, which is laid out in coarse ones.
+bool isShort(const QTextDocument &document)
+{
+    return document.pageCount() * document.pageSize().height() * PaperLayout::fineDpi /
+               PaperLayout::coarseDpi <
+           PaperLayout::farthest;
+}
+
+/// The height in inches that a line of \a document has at most; nothing where its formats do not say so.
+std::optional<double> highestLine(const QTextDocument &document)
+{
+    constexpr double linesOfFont = 2; // what the highest fonts need
+    constexpr double pointsPerInch = 72;
+    double points = document.defaultFont().pointSizeF();
+    for (const QTextFormat &format : document.allFormats()) {
+        if (format.isImageFormat() || format.intProperty(QTextFormat::LineHeightType) != 0)
+            return {};
+        points = qMax(points, format.doubleProperty(QTextFormat::FontPointSize));
+    }
+    return linesOfFont * points / pointsPerInch;
+}
+
+/// The same before a layout, on pages \a page inches high: even if each paragraph began a page and each
+/// character a line.
+bool isSurelyShort(const QTextDocument &document, double page)
+{
+    const auto line = highestLine(document);
+    if (!line || !document.rootFrame()->childFrames().isEmpty())
+        return false;
+    const double height = document.blockCount() * 3 * page + document.characterCount() * *line;
+    return height * PaperLayout::fineDpi < PaperLayout::farthest;
+}
+
 /// In fine dots if the pages are not too many. Returns how many there are to the inch.
 int layOut(QTextDocument &document, const QSizeF &text, QPaintDevice &coarse, QPaintDevice &fine)
 {
-    PaperLayout::fit(document, text, PaperLayout::coarseDpi);
+    int dpi = isSurelyShort(document, text.height()) ? PaperLayout::fineDpi : PaperLayout::coarseDpi;
+    PaperLayout::fit(document, text, dpi);
     partPages(document, text.height() * ParagraphFormat::layoutDpi());
-    setPages(document, text, coarse);
-    const bool isShort =
-        document.pageCount() * document.pageSize().height() * PaperLayout::fineDpi / PaperLayout::coarseDpi <
-        PaperLayout::farthest;
-    if (isShort) {
+    setPages(document, text, dpi == PaperLayout::fineDpi ? fine : coarse);
+    if (dpi == PaperLayout::coarseDpi && isShort(document)) {
         PaperLayout::change(document, PaperLayout::coarseDpi, PaperLayout::fineDpi);
         setPages(document, text, fine);
+        dpi = PaperLayout::fineDpi;
     }
     RowsAcrossPages::alignTop(document);
-    return isShort ? PaperLayout::fineDpi : PaperLayout::coarseDpi;
+    return dpi;
 }
 
 /// Lets \a painter paint in dots of which \a dpi are an inch, from \a corner on, in inches, as long as this

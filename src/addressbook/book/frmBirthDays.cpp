@@ -4,6 +4,7 @@
 #include "DateBox.h"
 #include "Forms.h"
 #include "Named.h"
+#include "UnlessLocked.h"
 #include "WindowCommands.h"
 #include "frmAddressBook.h"
 
@@ -55,8 +56,8 @@ void frmBirthDays::cmdOK_Click()
     auto &book = Forms::refer<frmAddressBook>();
     book.NameFilter = ContactQuery::birthdayFilter(dtFrom->Value());
     book.BaseQuery = ContactQuery::all();
-    book.fillAddresses();
-    unload();
+    if (unlessLocked([&] { book.fillAddresses(); }))
+        unload();
 }
 
 void frmBirthDays::cmdCancel_Click()

@@ -4,7 +4,6 @@
 
 class ListView;
 class QString;
-struct ListItem;
 
 /// The list's two views: contacts with check boxes, or the rows of a table. Which one is shown is read from
 /// the first column's caption, "Name" for contacts.
@@ -23,7 +22,7 @@ void showTable(ListView &list, const QString &table);
 /// False in an empty list, which has no columns yet.
 bool hasContacts(const ListView &list);
 
-/// The number of the contact that a row shows.
-qint32 contactNumber(const ListItem &item);
+/// The number of the contact whose row has \a key.
+qint32 contactNumber(const QString &key);
 
 } // namespace BookList

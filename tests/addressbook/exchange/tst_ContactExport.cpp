@@ -1,0 +1,48 @@
+#include "AddressDatabase.h"
+#include "ContactExport.h"
+#include "ContactRows.h"
+#include "RuntimeError.h"
+#include "ScratchAddressBook.h"
+#include "Transaction.h"
+
+#include <QSet>
+#include <atomic>
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace {
+
+/// Another program that gives all contacts a new comment, again and again.
+void changeAll(const QString &path, const std::atomic<bool> &isDone, std::atomic<int> &changes)
+{
+    Connection connection;
+    connection.open(path);
+    while (!isDone)
+        connection.execute(QStringLiteral("update Names set Comment='%1'").arg(++changes));
+}
+
+} // namespace
+
+TEST(ContactExport, IsOfOneStateOfTheDatabase)
+{
+    const ScratchAddressBook book;
+    {
+        Transaction transaction(AddressConnection);
+        for (int i = 0; i < 300; ++i)
+            ScratchAddressBook::addContact(QStringLiteral("Ann"));
+        transaction.commit();
+    }
+    std::atomic<bool> isDone = false;
+    std::atomic<int> changes = 0;
+    std::thread other([&] { changeAll(book.path(), isDone, changes); });
+    while (changes < 2)
+        std::this_thread::yield();
+    for (int round = 0; round < 5; ++round) {
+        QSet<QString> comments;
+        for (const Contact &contact : ContactExport::all())
+            comments.insert(contact.comment);
+        EXPECT_EQ(comments.size(), 1);
+    }
+    isDone = true;
+    other.join();
+}
