@@ -6,6 +6,8 @@
 #include "RuntimeError.h"
 
 #include <QAction>
+#include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QPointer>
 #include <QPushButton>
 #include <QTest>
@@ -33,6 +35,8 @@ public:
     QPushButton &button(const char *name) const { return member<QPushButton>(QString::fromLatin1(name)); }
     QAction &item() const { return member<QAction>(QStringLiteral("mnuItem")); }
 };
+
+constexpr std::chrono::seconds longestTest{10};
 
 struct ArchiveJobTest : testing::Test
 {
@@ -114,8 +118,9 @@ TEST_F(ArchiveJobTest, EventsGoThrough)
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, form, [&] { ++events; });
     timer.start(0);
+    const QDeadlineTimer deadline(longestTest);
     job.run([&] {
-        while (events < 3)
+        while (events < 3 && !deadline.hasExpired())
             EXPECT_TRUE(job.letEventsThrough());
     });
     EXPECT_GE(events, 3);
@@ -128,22 +133,26 @@ TEST_F(ArchiveJobTest, NotWithEachCall)
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, form, [&] { ++events; });
     timer.start(0);
-    int calls = 0;
+    constexpr int calls = 1000;
+    QElapsedTimer time;
+    time.start();
     job.run([&] {
-        for (; events < 2; ++calls)
+        for (int i = 0; i < calls; ++i)
             job.letEventsThrough();
     });
-    EXPECT_GT(calls, 100);
+    EXPECT_LE(events, 1 + time.elapsed() / 25); // a moment on a slow machine may be a long one
 }
 
 TEST_F(ArchiveJobTest, ClosingTheWindowEndsTheJob)
 {
     QTimer::singleShot(0, form, [this] { form->unload(); });
     run([this] { // as every handler does, so that the window lives on until it has returned
-        job.run([this] {
-            while (job.letEventsThrough())
+        const QDeadlineTimer deadline(longestTest);
+        job.run([&] {
+            while (job.letEventsThrough() && !deadline.hasExpired())
                 EXPECT_TRUE(form->isLoaded());
         });
+        EXPECT_FALSE(deadline.hasExpired());
         EXPECT_FALSE(form->isLoaded());
     });
     QTest::qWait(0);

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "ArchiveJob.h"
-#include "ChildForm.h"
+#include "ArchiverForm.h"
 #include "FileIcons.h"
 #include "UnzipSettings.h"
 
@@ -9,23 +8,17 @@
 
 class ListView;
 class QCheckBox;
-class QPushButton;
-class StatusBar;
-class WindowIcons;
 class cUnzip;
 
 /// The unzip window: lists an archive and extracts the selected files, all of them where none is selected.
 /// It knows nothing of archives; its cUnzip does the work. Two options and the recent archives and folders
 /// are kept in the registry.
-class frmUnzip : public ChildForm
+class frmUnzip : public ArchiverForm
 {
     Q_OBJECT
 
 public:
     frmUnzip();
-
-    QList<QMenu *> menus() const override { return m_menus; }
-    QSize sizeHint() const override;
 
     /// What the check boxes say since they have been clicked.
     bool OverwritePrompt = false;
@@ -62,13 +55,11 @@ private:
     void extractTo(const QString &folder);
     void setStatus(const QString &status);
 
-    QPushButton *button(const char *name, const QString &caption, const QString &icon);
-    QWidget *buildContent();
+    void buildContent();
     QLayout *buildButtons();
     QLayout *buildOptions();
-    void buildMenus();
+    void findRecentRows();
     void buildList();
-    void layOut();
     void bind();
 
     QPushButton *cmdOpen;
@@ -78,12 +69,8 @@ private:
     QCheckBox *chkUseFolderNames;
     QCheckBox *chkOverwritePrompt;
     ListView *lvwZip;
-    StatusBar *sbrMain;
-    WindowIcons *m_icons;
-    QList<QMenu *> m_menus;
     std::array<QAction *, mostRecentRows> m_recentRows;
     FileIcons ilsIcons16;
     UnzipSettings m_settings;
     cUnzip *m_cUnzip;
-    ArchiveJob m_job;
 };

@@ -3,20 +3,21 @@
 #include "ListView.h"
 #include "Named.h"
 #include "StandardToolMenu.h"
-#include "StatusBar.h"
+#include "StatusBarRow.h"
+#include "ThemeIcon.h"
 #include "WindowCommands.h"
-#include "WindowIcons.h"
 #include "cUnzip.h"
 #include "frmUnzip.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace {
 
 constexpr int columnWidth = 190 * 15; // twips
-constexpr QSize firstSize(820, 500);  // pixels
+constexpr QSize firstSize(820, 500);  // pixels; four columns and some twenty rows
 constexpr int leastRows = 5;          // of the list
 
 constexpr ToolMenuRow menuRows[] = {
@@ -79,62 +80,32 @@ ColumnHeader column(const QString &text, Qt::Alignment alignment = Qt::AlignLeft
 } // namespace
 
 frmUnzip::frmUnzip()
-    : ChildForm(QStringLiteral("frmUnzip"))
-    , m_icons(new WindowIcons(*this))
+    : ArchiverForm(QStringLiteral("frmUnzip"), firstSize, jobCommands)
     , m_cUnzip(named("m_cUnzip", new cUnzip(this)))
-    , m_job(*this, jobCommands)
 {
     setCaption(QStringLiteral("Quill-Zip Unzipper"));
     setWindowIcon(ThemeIcon::named(QStringLiteral("archive-extract")));
-    buildMenus();
-    layOut();
+    buildMenus(menuRows, {QStringLiteral("mnuusefolders"), QStringLiteral("mnuoverrideprompt")});
+    findRecentRows();
+    buildContent();
     bind();
 }
 
-void frmUnzip::buildMenus()
+void frmUnzip::findRecentRows()
 {
-    m_menus = StandardToolMenu::build(menuRows, *this);
-    for (const char *item : {"mnuusefolders", "mnuoverrideprompt"})
-        member<QAction>(QString::fromLatin1(item)).setCheckable(true);
     for (int row = 0; row < mostRecentRows; ++row)
         m_recentRows[std::size_t(row)] =
             &member<QAction>(ControlName("mnuFile", firstRecentItem + row).text());
 }
 
-/// Four columns and some twenty rows, which a small child area cuts.
-QSize frmUnzip::sizeHint() const
+void frmUnzip::buildContent()
 {
-    return ChildForm::sizeHint().expandedTo(firstSize);
-}
-
-void frmUnzip::layOut()
-{
-    sbrMain = named("sbrMain", new StatusBar(panels));
-    sbrMain->setSizeGripEnabled(false);
-    auto *column = new QVBoxLayout(this);
-    column->setContentsMargins({});
-    column->setSpacing(0);
-    column->addWidget(buildContent(), 1);
-    column->addWidget(sbrMain);
-    setFocusProxy(cmdOpen);
-}
-
-QWidget *frmUnzip::buildContent()
-{
-    auto *content = new QWidget;
-    auto *column = new QVBoxLayout(content);
+    QVBoxLayout *column = layOut(panels);
     column->addLayout(buildButtons());
     column->addLayout(buildOptions());
     buildList();
     column->addWidget(lvwZip, 1);
-    return content;
-}
-
-QPushButton *frmUnzip::button(const char *name, const QString &caption, const QString &icon)
-{
-    auto *button = named<QPushButton>(name, caption);
-    m_icons->add(*button, icon);
-    return button;
+    setFocusProxy(cmdOpen);
 }
 
 QLayout *frmUnzip::buildButtons()

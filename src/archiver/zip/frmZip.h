@@ -1,27 +1,20 @@
 #pragma once
 
-#include "ArchiveJob.h"
-#include "ChildForm.h"
+#include "ArchiverForm.h"
 
 class QCheckBox;
 class QLineEdit;
-class QPushButton;
 class ListBox;
-class StatusBar;
-class WindowIcons;
 class cZip;
 
 /// The zip window: a list of single files, an archive that they go into, and a log of what happens. It knows
 /// nothing of archives; its cZip does the work.
-class frmZip : public ChildForm
+class frmZip : public ArchiverForm
 {
     Q_OBJECT
 
 public:
     frmZip();
-
-    QList<QMenu *> menus() const override { return m_menus; }
-    QSize sizeHint() const override;
 
 private:
     void cmdSingleFile_Click();
@@ -42,13 +35,11 @@ private:
     bool runJob();
     void ask(const QString &prompt, QString &answer, bool &cancel) const;
 
-    QPushButton *button(const char *name, const QString &caption, const QString &icon);
-    QWidget *buildContent();
+    void buildContent();
     QWidget *buildFiles();
     QWidget *buildTarget();
     QWidget *buildOptions();
     QWidget *buildProgress();
-    void layOut();
     void bind();
 
     ListBox *FileList1;
@@ -62,9 +53,5 @@ private:
     QPushButton *cmdCreateZip;
     QPushButton *cmdRecurse;
     ListBox *lstLog;
-    StatusBar *sbrMain;
-    WindowIcons *m_icons;
-    QList<QMenu *> m_menus;
     cZip *m_cZ;
-    ArchiveJob m_job;
 };

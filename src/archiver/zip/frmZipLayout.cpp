@@ -3,9 +3,9 @@
 #include "ListBox.h"
 #include "Named.h"
 #include "StandardToolMenu.h"
-#include "StatusBar.h"
+#include "StatusBarRow.h"
+#include "ThemeIcon.h"
 #include "WindowCommands.h"
-#include "WindowIcons.h"
 #include "ZipTexts.h"
 #include "cZip.h"
 #include "frmZip.h"
@@ -14,10 +14,11 @@
 #include <QGridLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 namespace {
 
-constexpr QSize firstSize(640, 500); // pixels
+constexpr QSize firstSize(640, 500); // pixels; the text of the archive's box is readable
 constexpr int leastRows = 4;         // of a list
 constexpr int targetLetters = 30;    // of the archive's path
 
@@ -78,54 +79,24 @@ QWidget *panelWith(QLayout *layout)
 } // namespace
 
 frmZip::frmZip()
-    : ChildForm(QStringLiteral("frmZip"))
-    , m_icons(new WindowIcons(*this))
+    : ArchiverForm(QStringLiteral("frmZip"), firstSize, jobCommands)
     , m_cZ(named("m_cZ", new cZip(this)))
-    , m_job(*this, jobCommands)
 {
     setCaption(QStringLiteral("Quill-Zip Zipper"));
     setWindowIcon(ThemeIcon::named(QStringLiteral("archive-insert")));
-    m_menus = StandardToolMenu::build(menuRows, *this);
-    for (const char *item : {"mnuencrypt", "mnustorefolders"})
-        member<QAction>(QString::fromLatin1(item)).setCheckable(true);
-    layOut();
+    buildMenus(menuRows, {QStringLiteral("mnuencrypt"), QStringLiteral("mnustorefolders")});
+    buildContent();
     bind();
 }
 
-/// The text of the archive's box is readable.
-QSize frmZip::sizeHint() const
+void frmZip::buildContent()
 {
-    return ChildForm::sizeHint().expandedTo(firstSize);
-}
-
-void frmZip::layOut()
-{
-    sbrMain = named("sbrMain", new StatusBar(panels));
-    sbrMain->setSizeGripEnabled(false);
-    auto *column = new QVBoxLayout(this);
-    column->setContentsMargins({});
-    column->setSpacing(0);
-    column->addWidget(buildContent(), 1);
-    column->addWidget(sbrMain);
-    setFocusProxy(cmdSingleFile);
-}
-
-QWidget *frmZip::buildContent()
-{
-    auto *content = new QWidget;
-    auto *column = new QVBoxLayout(content);
+    QVBoxLayout *column = layOut(panels);
     column->addWidget(buildFiles(), 3);
     column->addWidget(buildTarget());
     column->addWidget(buildOptions());
     column->addWidget(buildProgress(), 2);
-    return content;
-}
-
-QPushButton *frmZip::button(const char *name, const QString &caption, const QString &icon)
-{
-    auto *button = named<QPushButton>(name, caption);
-    m_icons->add(*button, icon);
-    return button;
+    setFocusProxy(cmdSingleFile);
 }
 
 QWidget *frmZip::buildFiles()

@@ -2,7 +2,7 @@
 
 #include <QByteArray>
 
-/// What a listing tells of one entry.
+/// What a listing shows of one entry.
 struct ListedEntry
 {
     qint32 ucsize = 0; ///< the size, at most 2 GiB - 1

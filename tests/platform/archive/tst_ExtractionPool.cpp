@@ -1,10 +1,12 @@
 #include "ExtractionPool.h"
+#include "FaultyCalls.h"
 #include "PrintQt.h"
 #include "ScratchFolder.h"
 
 #include <QSemaphore>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <new>
 
 /// Whoever waits can do something else meanwhile, however long a piece takes.
 TEST(ExtractionPoolTest, WaitsAShortTimeOnly)
@@ -30,4 +32,17 @@ TEST(ExtractionPoolTest, WaitsAShortTimeOnly)
         done = pool.wait();
     EXPECT_FALSE(done->failure);
     EXPECT_TRUE(pool.isEmpty());
+}
+
+TEST(ExtractionPoolTest, WhatEndsAThreadReachesTheCaller)
+{
+    const FaultyCalls calls;
+    calls.fail(FaultyCalls::AllocateDecompressor, ENOMEM);
+    const FileDescriptor archive;
+    const ArchiveEntry entry;
+    ExtractionTask task;
+    task.entry = &entry;
+    ExtractionPool pool(archive);
+    pool.add(std::move(task));
+    EXPECT_THROW(while (!pool.wait()) continue, std::bad_alloc);
 }

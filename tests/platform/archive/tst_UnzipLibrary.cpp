@@ -1,6 +1,7 @@
 #include "ArchiveEntry.h"
 #include "ArchiveMaker.h"
 #include "AsUser.h"
+#include "FaultyCalls.h"
 #include "FolderContent.h"
 #include "FullDisk.h"
 #include "HostileNames.h"
@@ -8,6 +9,7 @@
 #include "ScratchFolder.h"
 #include "UnzipRun.h"
 #include "Version.h"
+#include "ZipRun.h"
 
 #include <filesystem>
 #include <gtest/gtest.h>
@@ -199,6 +201,27 @@ TEST_F(UnzipLibraryTest, KeepsModesAndTimes)
     EXPECT_EQ(stateOf("folder").st_mode, S_IFDIR | 0550u);
     EXPECT_EQ(stateOf("folder").st_mtime, 1'111'111'111);
     EXPECT_EQ(stateOf("device").st_mode, S_IFREG | 0644u);
+}
+
+/// The folders were made for files that came before their entries.
+TEST_F(UnzipLibraryTest, KeepsModesAndTimesOfFoldersThatComeLast)
+{
+    MadeEntry inner = extracted("folder/inner/", {});
+    inner.attributes = 040500u << 16;
+    inner.extra = unixTime(1'111'111'111);
+    MadeEntry folder = extracted("folder/", {});
+    folder.attributes = 040550u << 16;
+    folder.extra = unixTime(1'222'222'222);
+    make({extracted("folder/inner/a", "x"), folder, inner, extracted("folder/b", "x")});
+    const AsUser user(scratch.path()); // for whom the permissions count
+    EXPECT_EQ(extract(), UnzipResult::Success);
+    EXPECT_EQ(stateOf("folder").st_mode, S_IFDIR | 0550u);
+    EXPECT_EQ(stateOf("folder").st_mtime, 1'222'222'222);
+    EXPECT_EQ(stateOf("folder/inner").st_mode, S_IFDIR | 0500u);
+    EXPECT_EQ(stateOf("folder/inner").st_mtime, 1'111'111'111);
+    EXPECT_EQ(files().size(), 2);
+    for (const char *name : {"folder", "folder/inner"})
+        ASSERT_EQ(::chmod((target + '/' + name).constData(), 0755), 0);
 }
 
 TEST_F(UnzipLibraryTest, LeavesTheModeOfAFolderThatExists)
@@ -408,8 +431,67 @@ TEST_F(UnzipLibraryTest, CallsWhileItRestoresFolders)
     EXPECT_GE(job.services.size(), 2 * folders.size());
 }
 
+/// Encrypted entries too are written by the threads.
+TEST_F(UnzipLibraryTest, CallsWhileTheDiskTakesItsTime)
+{
+    scratch.addFile("a", "content");
+    ZipRun zip;
+    zip.options.fEncrypt = zip.options.fJunkDir = 1;
+    zip.passwords = {"secret", "secret"};
+    ASSERT_EQ(zip.run(archive, {scratch.file("a")}), ZipResult::Success);
+    job.passwords = {"secret"};
+    const FaultyCalls calls;
+    calls.hold(FaultyCalls::Write);
+    int waits = 0;
+    job.isCancelled = [&](QByteArrayView) {
+        if (calls.held() > 0 && ++waits == 3)
+            calls.release();
+        return false;
+    };
+    EXPECT_EQ(extract(), UnzipResult::Success);
+    EXPECT_EQ(waits, 3);
+    EXPECT_FALSE(calls.isOverdue());
+    EXPECT_EQ(files().value("a"), QByteArray("content"));
+}
+
+TEST_F(UnzipLibraryTest, CallsWhileItPrints)
+{
+    make({extracted("a", QByteArray(1 << 20, 'x'))});
+    job.options.ncflag = 1;
+    EXPECT_EQ(extract(), UnzipResult::Success);
+    EXPECT_GT(job.services.size(), 15);
+}
+
+TEST_F(UnzipLibraryTest, WhatIsReplacedIsOnTheDiskFirst)
+{
+    make({extracted("a", "new"), extracted("b", "new")});
+    addTarget("a", "old");
+    job.options.noflag = 1;
+    const FaultyCalls calls;
+    calls.fail(FaultyCalls::Fdatasync, EIO);
+    EXPECT_EQ(extract(), UnzipResult::Warning);
+    EXPECT_EQ(files(), (QMap<QByteArray, QByteArray>{{"a", "old"}, {"b", "new"}}));
+    EXPECT_TRUE(job.messages.contains("error:  a: Input/output error"));
+    EXPECT_EQ(calls.count(FaultyCalls::Fdatasync), 1); // what is new does not wait for the disk
+}
+
+/// Servers may report a full disk only when a file is closed.
+TEST_F(UnzipLibraryTest, NoFileAppearsThatCouldNotBeClosed)
+{
+    make({extracted("a", "new"), extracted("b", "new")});
+    addTarget("a", "old");
+    job.options.noflag = 1;
+    const FaultyCalls calls;
+    calls.fail(FaultyCalls::Close, EIO);
+    EXPECT_EQ(extract(), UnzipResult::Warning);
+    EXPECT_EQ(files(), (QMap<QByteArray, QByteArray>{{"a", "old"}}));
+}
+
 TEST_F(UnzipLibraryTest, SaysWhatCannotBeOpened)
 {
+    EXPECT_EQ(job.list("/dev/zero"), UnzipResult::CannotOpen);
+    ASSERT_EQ(::mkfifo(scratch.file("pipe").constData(), 0600), 0);
+    EXPECT_EQ(job.list(scratch.file("pipe")), UnzipResult::CannotOpen);
     EXPECT_EQ(job.list(scratch.file("none.zip")), UnzipResult::CannotOpen);
     EXPECT_EQ(job.list(scratch.path().toUtf8()), UnzipResult::CannotOpen);
     scratch.addFile("a.zip", "no archive");
@@ -426,13 +508,24 @@ TEST_F(UnzipLibraryTest, LeavesNothingHalfOnAFullDisk)
     for (int i = 0; i < 500; ++i)
         entries.append(extracted(QByteArray::number(i), "1"));
     make(entries);
-    const FullDisk full(100'000);
+    const FaultyCalls calls;
+    calls.leaveRoom(100'000);
     EXPECT_EQ(extract(), UnzipResult::DiskFull);
     EXPECT_EQ(files().value("a"), QByteArray("1"));
     EXPECT_FALSE(files().contains("b"));
     EXPECT_FALSE(files().contains("499")); // the job has ended
     for (const QByteArray &name : files().keys())
         EXPECT_FALSE(name.startsWith('.')) << name.constData();
+}
+
+/// Some file systems hold no file of 4 GiB, but they do hold the others.
+TEST_F(UnzipLibraryTest, ExtractsTheOthersWhereAFileIsTooLarge)
+{
+    make({extracted("a", "1"), extracted("b", QByteArray(300'000, 'x')), extracted("c", "1")});
+    const FullDisk full(100'000);
+    EXPECT_EQ(extract(), UnzipResult::Warning);
+    EXPECT_EQ(files(), (QMap<QByteArray, QByteArray>{{"a", "1"}, {"c", "1"}}));
+    EXPECT_TRUE(job.messages.contains("error:  b: File too large"));
 }
 
 TEST_F(UnzipLibraryTest, WritesNothingIntoAReadOnlyFolder)

@@ -2,6 +2,7 @@
 #include "AsUser.h"
 #include "DirectoryReader.h"
 #include "ErrorNumberOf.h"
+#include "FaultyCalls.h"
 #include "FolderContent.h"
 #include "FullDisk.h"
 #include "PrintQt.h"
@@ -13,10 +14,13 @@
 #include <QRandomGenerator>
 #include <fcntl.h>
 #include <filesystem>
+#include <functional>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -285,6 +289,41 @@ TEST_F(ZipLibraryTest, DeletesEntriesByNameAndPattern)
     EXPECT_EQ(content().value("one.txt"), QByteArray("first file, first file, first file"));
 }
 
+TEST_F(ZipLibraryTest, KeepsTheProgramOfAnArchiveThatUnpacksItself)
+{
+    const QByteArray program = "#!/bin/sh\n" + QByteArray(3000, '#');
+    MadeEntry one;
+    one.name = "one.txt";
+    for (const bool countsPrefix : {false, true}) {
+        scratch.addFile(
+            "a.zip",
+            ArchiveMaker::make({one}, {.prefix = program, .comment = "note", .countsPrefix = countsPrefix}));
+        EXPECT_EQ(job.remove(archive, {"*"}), ZipResult::Success);
+        EXPECT_TRUE(bytes().startsWith(program));
+        EXPECT_EQ(bytes().size(), program.size() + 22 + 4);
+        EXPECT_EQ(directory().comment, QByteArray("note"));
+        EXPECT_EQ(job.run(archive, {"two.txt"}), ZipResult::Success);
+        EXPECT_TRUE(bytes().startsWith(program));
+        EXPECT_EQ(names(), QByteArrayList{"two.txt"});
+        EXPECT_EQ(directory().comment, QByteArray("note"));
+    }
+}
+
+TEST_F(ZipLibraryTest, GivesAnEmptyArchiveAComment)
+{
+    scratch.addFile("a.zip", ArchiveMaker::make({}));
+    job.options.fComment = 1;
+    job.comment = "hello";
+    EXPECT_EQ(job.run(archive, {}), ZipResult::Success);
+    EXPECT_EQ(directory().comment, QByteArray("hello"));
+    EXPECT_TRUE(names().isEmpty());
+    for (const QByteArray &name : {QByteArray("none.zip"), QByteArray("zero.zip")}) {
+        EXPECT_EQ(job.run(scratch.file(name), {}), ZipResult::NothingToDo); // what would it be a comment of
+        scratch.addFile("zero.zip");
+    }
+    EXPECT_EQ(beside(), QByteArrayList({"a.zip", "zero.zip"}));
+}
+
 TEST_F(ZipLibraryTest, RemovesAnArchiveWithoutEntries)
 {
     EXPECT_EQ(job.remove(archive, {"one.txt"}), ZipResult::MissingArchive);
@@ -534,6 +573,132 @@ TEST_F(ZipLibraryTest, KeepsWhoseTheArchiveIs)
         EXPECT_EQ(::getxattr(archive.constData(), "user.note", note, sizeof note), 4);
     }
     EXPECT_EQ(names(), QByteArrayList({"one.txt", "two.txt"}));
+}
+
+TEST_F(ZipLibraryTest, MakesTheArchiveThatALinkLeadsTo)
+{
+    scratch.addFolder("sub");
+    scratch.addLink("link.zip", "sub/other.zip");
+    scratch.addLink("sub/other.zip", "../a.zip");
+    EXPECT_EQ(job.run(scratch.file("link.zip"), {"one.txt"}), ZipResult::Success);
+    EXPECT_EQ(names(), QByteArrayList{"one.txt"});
+    EXPECT_TRUE(std::filesystem::is_symlink(scratch.file("link.zip").toStdString()));
+    scratch.addLink("nowhere.zip", "none/a.zip");
+    EXPECT_EQ(job.run(scratch.file("nowhere.zip"), {"one.txt"}), ZipResult::CannotCreate);
+    scratch.addLink("circle.zip", "circle.zip");
+    EXPECT_EQ(job.run(scratch.file("circle.zip"), {"one.txt"}), ZipResult::CannotCreate);
+}
+
+TEST_F(ZipLibraryTest, NeverWaitsForAPipe)
+{
+    ASSERT_EQ(::mkfifo(archive.constData(), 0600), 0);
+    EXPECT_EQ(job.run(archive, {"one.txt"}), ZipResult::CannotCreate);
+}
+
+TEST_F(ZipLibraryTest, LeavesAnArchiveThatAnotherProgramChanges)
+{
+    ASSERT_EQ(job.run(archive, {"one.txt"}), ZipResult::Success);
+    const QByteArray old = bytes();
+    const QByteArray withComment = QByteArray(old).replace(old.size() - 2, 2, QByteArray("\1\0x", 3));
+    const std::vector<std::function<void()>> changes = {
+        [&] { scratch.addFile("a.zip", withComment); },
+        [&] { scratch.addFile("a.zip", QByteArray(old).replace(50, 1, "#")); }, // of the same size
+        [&] {
+            scratch.addFile("b.zip", old);
+            std::filesystem::rename(scratch.file("b.zip").toStdString(), archive.toStdString());
+        },
+        [&] { std::filesystem::remove(archive.toStdString()); },
+    };
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        for (const bool removesAll : {false, true}) {
+            scratch.addFile("a.zip", old);
+            bool isChanged = false;
+            QByteArray changed;
+            job.isCancelled = [&](QByteArrayView) {
+                // Not before the job has opened the archive, which it does before the first call.
+                if (!std::exchange(isChanged, true)) {
+                    changes[i]();
+                    changed = bytes();
+                }
+                return false;
+            };
+            const int result =
+                removesAll ? job.remove(archive, {"*"}) : job.run(archive, {"one.txt", "two.txt"});
+            EXPECT_EQ(result, ZipResult::WriteFailed) << i;
+            EXPECT_EQ(bytes(), changed) << i;
+        }
+    }
+    EXPECT_TRUE(beside().isEmpty());
+    EXPECT_EQ(job.messages.constLast(),
+              "warning:  " + archive + ": another program has changed it meanwhile");
+}
+
+TEST_F(ZipLibraryTest, LeavesAnArchiveThatAnotherProgramMakes)
+{
+    job.isCancelled = [&](QByteArrayView) {
+        scratch.addFile("a.zip", "theirs");
+        return false;
+    };
+    EXPECT_EQ(job.run(archive, {"one.txt"}), ZipResult::WriteFailed);
+    EXPECT_EQ(bytes(), QByteArray("theirs"));
+    EXPECT_EQ(beside(), QByteArrayList{"a.zip"});
+}
+
+TEST_F(ZipLibraryTest, CallsWhileTheDiskTakesItsTime)
+{
+    for (const auto call : {FaultyCalls::Write, FaultyCalls::Fsync}) {
+        const FaultyCalls calls;
+        calls.hold(call);
+        int waits = 0;
+        job.isCancelled = [&](QByteArrayView) {
+            if (calls.held() > 0 && ++waits == 3)
+                calls.release();
+            return false;
+        };
+        EXPECT_EQ(job.run(archive, {"one.txt"}), ZipResult::Success);
+        EXPECT_EQ(waits, 3);
+        EXPECT_FALSE(calls.isOverdue());
+    }
+    EXPECT_EQ(names(), QByteArrayList{"one.txt"});
+}
+
+TEST_F(ZipLibraryTest, StopsAtOnceWhileTheDiskTakesItsTime)
+{
+    for (const auto call : {FaultyCalls::Write, FaultyCalls::Fsync}) {
+        const FaultyCalls calls;
+        calls.hold(call);
+        job.isCancelled = [&](QByteArrayView) { return calls.held() > 0; };
+        EXPECT_EQ(job.run(archive, {"one.txt"}), ZipResult::Cancelled);
+        EXPECT_FALSE(calls.isOverdue());
+        EXPECT_EQ(calls.held(), 1);
+        EXPECT_TRUE(beside().isEmpty());
+    }
+}
+
+TEST_F(ZipLibraryTest, LeavesTheOldArchiveWhereTheNewOneCannotBeSaved)
+{
+    ASSERT_EQ(job.run(archive, {"one.txt"}), ZipResult::Success);
+    const QByteArray old = bytes();
+    for (const auto call : {FaultyCalls::Write, FaultyCalls::Fsync, FaultyCalls::Close}) {
+        const FaultyCalls calls;
+        calls.fail(call, EIO);
+        EXPECT_EQ(job.run(archive, {"two.txt"}), ZipResult::WriteFailed) << call;
+        EXPECT_EQ(bytes(), old);
+        EXPECT_EQ(beside(), QByteArrayList{"a.zip"});
+    }
+}
+
+TEST_F(ZipLibraryTest, UpdatesAnArchiveWithMoreEntriesThanItsCountHolds)
+{
+    constexpr int count = 70'000;
+    scratch.addFile("a.zip", ArchiveMaker::makeMany(count, false));
+    EXPECT_EQ(job.run(archive, {"one.txt"}), ZipResult::Success);
+    EXPECT_EQ(job.remove(archive, {"00000002"}), ZipResult::Success);
+    const QByteArrayList kept = names();
+    EXPECT_EQ(kept.size(), count);
+    EXPECT_EQ(kept.first(), QByteArray("00000001"));
+    EXPECT_EQ(kept[1], QByteArray("00000003"));
+    EXPECT_EQ(kept.last(), QByteArray("one.txt"));
 }
 
 TEST_F(ZipLibraryTest, KeepsWhatIsBeforeTheArchive)

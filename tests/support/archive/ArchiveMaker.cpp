@@ -122,7 +122,7 @@ QByteArray ArchiveMaker::make(const QList<MadeEntry> &entries)
     return make(entries, Options());
 }
 
-QByteArray ArchiveMaker::makeMany(int count)
+QByteArray ArchiveMaker::makeMany(int count, bool is64)
 {
     constexpr qsizetype nameAt = 46;
     MadeEntry entry;
@@ -137,7 +137,7 @@ QByteArray ArchiveMaker::makeMany(int count)
         bytes += record;
     }
     return bytes +
-           end(quint64(count), quint64(bytes.size()) - offset, offset, {.is64 = true}, quint64(bytes.size()));
+           end(quint64(count), quint64(bytes.size()) - offset, offset, {.is64 = is64}, quint64(bytes.size()));
 }
 
 QByteArray ArchiveMaker::deflated(const QByteArray &data)

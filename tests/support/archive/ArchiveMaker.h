@@ -18,8 +18,9 @@ struct Options
 QByteArray make(const QList<MadeEntry> &entries, const Options &options);
 QByteArray make(const QList<MadeEntry> &entries);
 
-/// One empty file that the directory names so many times: "00000001", "00000002" ...
-QByteArray makeMany(int count);
+/// One empty file that the directory names so many times: "00000001", "00000002" ... Without
+/// the 64-bit end record a large count overflows, as with writers that do not know that record.
+QByteArray makeMany(int count, bool is64 = true);
 
 /// \a data as a raw stream.
 QByteArray deflated(const QByteArray &data);

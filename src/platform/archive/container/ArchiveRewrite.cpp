@@ -1,20 +1,23 @@
 #include "ArchiveRewrite.h"
 
+#include "ChangedMeanwhile.h"
+#include "DiskCall.h"
 #include "FileFailure.h"
 #include "FileMode.h"
-#include "WorkerThreads.h"
+#include "KeptAttributes.h"
+#include "OldArchive.h"
 
-#include <QByteArrayList>
+#include <QtEndian>
+#include <algorithm>
 #include <fcntl.h>
-#include <future>
 #include <sys/stat.h>
-#include <sys/xattr.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
 constexpr qint64 writtenAtOnce = 1 << 20;
-constexpr mode_t setIds = S_ISUID | S_ISGID;
+constexpr qint64 copiedAtOnce = 16 << 20;
 
 void checkCall(bool isDone)
 {
@@ -22,31 +25,72 @@ void checkCall(bool isDone)
         throw FileFailure();
 }
 
-/// Access lists are such attributes too. Some of a file's may be the system's own, and cannot be set.
-void copyAttributes(int from, int to)
+/// Has the disk begin with what would else be left for the end.
+void startWriting(const FileDescriptor &file, qint64 offset, qint64 size)
 {
-    QByteArray names(qMax<ssize_t>(0, ::flistxattr(from, nullptr, 0)), Qt::Uninitialized);
-    names.resize(qMax<ssize_t>(0, ::flistxattr(from, names.data(), size_t(names.size()))));
-    for (const QByteArray &name : names.split('\0')) {
-        const ssize_t size = name.isEmpty() ? -1 : ::fgetxattr(from, name.constData(), nullptr, 0);
-        if (size < 0)
+    ::sync_file_range(file.get(), offset, size, SYNC_FILE_RANGE_WRITE);
+}
+
+void writeAt(const FileDescriptor &file, QByteArrayView bytes, qint64 offset)
+{
+    const qint64 begin = offset;
+    while (!bytes.isEmpty()) {
+        const ssize_t taken = ::pwrite(file.get(), bytes.data(), size_t(bytes.size()), offset);
+        if (taken < 0 && errno == EINTR)
             continue;
-        QByteArray value(size, Qt::Uninitialized);
-        if (::fgetxattr(from, name.constData(), value.data(), size_t(size)) == size)
-            ::fsetxattr(to, name.constData(), value.constData(), size_t(size), 0);
+        checkCall(taken >= 0);
+        offset += taken;
+        bytes = bytes.sliced(taken);
     }
+    startWriting(file, begin, offset - begin);
+}
+
+/// The kernel copies.
+void copyRange(const FileDescriptor &from, const FileDescriptor &to, qint64 begin, qint64 end)
+{
+    for (qint64 at = begin; at < end;) {
+        loff_t source = at;
+        loff_t target = at;
+        const ssize_t copied = ::copy_file_range(from.get(), &source, to.get(), &target, size_t(end - at), 0);
+        checkCall(copied >= 0);
+        if (copied == 0)
+            throw FileFailure(EIO); // the old file has become shorter
+        at += copied;
+    }
+    startWriting(to, begin, end - begin);
+}
+
+/// It outlives what it is a copy of, as the calls do that a cancelled job leaves alone.
+std::shared_ptr<const FileDescriptor> sharedCopy(const FileDescriptor &file)
+{
+    return std::make_shared<const FileDescriptor>(file.duplicate());
+}
+
+/// The whole archive where that has no entries.
+QByteArray endRecord(const QByteArray &comment)
+{
+    constexpr qsizetype numbers = 16; // all of them 0
+    const auto size = qToLittleEndian(quint16(comment.size()));
+    return "PK\x05\x06" + QByteArray(numbers, '\0') +
+           QByteArray(reinterpret_cast<const char *>(&size), sizeof size) + comment;
 }
 
 } // namespace
 
-ArchiveRewrite::ArchiveRewrite(const QByteArray &path, const FileDescriptor &old, qint64 prefix,
+ArchiveRewrite::ArchiveRewrite(const QByteArray &path, const OldArchive &old, qint64 prefix,
                                std::function<void()> betweenPieces)
-    : ArchiveSource(old, prefix)
+    : ArchiveSource(old.file(), prefix)
+    , m_old(old)
     , m_folder(FileDescriptor::openFolderOf(path))
     , m_name(path.sliced(path.lastIndexOf('/') + 1))
     , m_betweenPieces(std::move(betweenPieces))
 {
     PartFile::sweep(m_folder);
+}
+
+void ArchiveRewrite::keepWhenEmpty(qint64 size, const QByteArray &comment)
+{
+    m_leftWhenEmpty = Empty{size, comment};
 }
 
 zip_int64_t ArchiveRewrite::supported() const
@@ -94,46 +138,49 @@ void ArchiveRewrite::begin()
     if (failure())
         std::rethrow_exception(failure());
     m_new = std::make_unique<PartFile>(m_folder);
-    m_position = m_size = m_begun = 0;
+    m_position = m_size = 0;
+    m_unwritten.clear();
+    m_unwritten.reserve(writtenAtOnce);
     if (prefix() > 0)
         copyOld(0);
 }
 
-/// What the old file has before and in the first \a size bytes of its archive stays as it is; the kernel
-/// copies it.
+/// What the old file has before and in the first \a size bytes of its archive stays as it is.
 void ArchiveRewrite::copyOld(qint64 size)
 {
     const qint64 end = prefix() + size;
-    while (m_size < end) {
+    for (qint64 begin = m_size; begin < end; begin += copiedAtOnce) {
         m_betweenPieces();
-        loff_t from = m_size;
-        loff_t to = m_size;
-        const ssize_t copied = ::copy_file_range(file().get(), &from, m_new->file().get(), &to,
-                                                 size_t(qMin(writtenAtOnce, end - m_size)), 0);
-        checkCall(copied >= 0);
-        if (copied == 0)
-            throw FileFailure(EIO); // the old file has become shorter
-        m_size += copied;
+        callDisk([from = sharedCopy(file()), begin, pieceEnd = qMin(begin + copiedAtOnce, end)](
+                     const FileDescriptor &to) { copyRange(*from, to, begin, pieceEnd); });
     }
-    m_position = m_size;
+    m_position = m_size = qMax(m_size, end);
 }
 
+/// Most writes are small, and libzip goes back to the beginning of each entry; so they are gathered.
 void ArchiveRewrite::write(QByteArrayView bytes)
 {
-    while (!bytes.isEmpty()) {
-        const ssize_t taken = ::pwrite(m_new->file().get(), bytes.data(), size_t(bytes.size()), m_position);
-        if (taken < 0 && errno == EINTR)
-            continue;
-        checkCall(taken >= 0);
-        m_position += taken;
-        bytes = bytes.sliced(taken);
-    }
+    if (const qint64 at = m_position - m_unwrittenAt;
+        at < 0 || at > m_unwritten.size() || at + bytes.size() > writtenAtOnce)
+        writeGathered();
+    if (m_unwritten.isEmpty())
+        m_unwrittenAt = m_position;
+    const qsizetype at = m_position - m_unwrittenAt;
+    m_unwritten.resize(qMax(m_unwritten.size(), at + bytes.size()));
+    std::copy(bytes.begin(), bytes.end(), m_unwritten.begin() + at);
+    m_position += bytes.size();
     m_size = qMax(m_size, m_position);
-    if (m_size - m_begun < writtenAtOnce)
+}
+
+void ArchiveRewrite::writeGathered()
+{
+    if (m_unwritten.isEmpty())
         return;
-    ::sync_file_range(m_new->file().get(), m_begun, m_size - m_begun, SYNC_FILE_RANGE_WRITE);
-    m_begun = m_size;
     m_betweenPieces();
+    callDisk([bytes = std::exchange(m_unwritten, {}), at = m_unwrittenAt](const FileDescriptor &to) {
+        writeAt(to, bytes, at);
+    });
+    m_unwritten.reserve(writtenAtOnce);
 }
 
 zip_int64_t ArchiveRewrite::seekNew(void *arguments, zip_uint64_t size)
@@ -148,42 +195,44 @@ zip_int64_t ArchiveRewrite::seekNew(void *arguments, zip_uint64_t size)
 
 void ArchiveRewrite::commit()
 {
-    takeOldAttributes();
-    sync(m_new->file());
-    m_new->publish(m_name, PartFile::Existing::Replace);
+    writeGathered();
+    if (file().isOpen())
+        KeptAttributes::copy(file(), m_new->file());
+    else
+        checkCall(::fchmod(m_new->file().get(), FileMode::ordinary()) == 0);
+    callDisk([](const FileDescriptor &to) { checkCall(::fsync(to.get()) == 0); });
+    requireUnchanged();
+    m_new->publish(m_name, file().isOpen() ? PartFile::Existing::Replace : PartFile::Existing::Keep);
     try {
-        sync(m_folder); // the rename itself has to last; not every file system offers it
+        // The rename itself has to last; not every file system offers it.
+        DiskCall::run([folder = sharedCopy(m_folder)] { ::fsync(folder->get()); }, m_betweenPieces);
     } catch (...) {
     } // the archive is there
 }
 
-void ArchiveRewrite::takeOldAttributes() const
+void ArchiveRewrite::requireUnchanged() const
 {
-    const int target = m_new->file().get();
-    if (!file().isOpen()) {
-        checkCall(::fchmod(target, FileMode::ordinary()) == 0);
-        return;
-    }
-    struct stat old = {};
-    checkCall(::fstat(file().get(), &old) == 0);
-    const bool isOwner = ::fchown(target, old.st_uid, old.st_gid) == 0;
-    checkCall(::fchmod(target, old.st_mode & (isOwner ? 07777 : 07777 & ~setIds)) == 0);
-    copyAttributes(file().get(), target);
+    if (!m_old.isUnchangedAt(m_folder, m_name))
+        throw ChangedMeanwhile();
 }
 
-/// On a thread of its own, so that a slow disk holds nobody up.
-void ArchiveRewrite::sync(const FileDescriptor &file) const
+/// Calls \a step with the new file, on a thread of its own.
+void ArchiveRewrite::callDisk(std::function<void(const FileDescriptor &)> step) const
 {
-    const auto sync = [descriptor = file.get()] { return ::fsync(descriptor) == 0 ? 0 : errno; };
-    std::future<int> error = std::async(std::launch::async, sync);
-    while (error.wait_for(WorkerThreads::longestWait) != std::future_status::ready)
-        m_betweenPieces();
-    if (const int code = error.get(); code != 0)
-        throw FileFailure(code);
+    DiskCall::run([file = sharedCopy(m_new->file()), step = std::move(step)] { step(*file); },
+                  m_betweenPieces);
 }
 
 /// The archive has no entry left.
-void ArchiveRewrite::remove() const
+void ArchiveRewrite::remove()
 {
+    if (m_leftWhenEmpty) {
+        begin();
+        copyOld(m_leftWhenEmpty->size - prefix());
+        write(endRecord(m_leftWhenEmpty->comment));
+        commit();
+        return;
+    }
+    requireUnchanged();
     checkCall(::unlinkat(m_folder.get(), m_name.constData(), 0) == 0);
 }

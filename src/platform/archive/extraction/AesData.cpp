@@ -66,7 +66,7 @@ AesData::AesData(std::unique_ptr<PackedData> data, qint64 size, int strength, co
     readHead(strength, password);
 }
 
-/// A salt, from which the keys are made with the password, and two bytes that tell whether it is the right
+/// A salt, from which the keys are made with the password, and two bytes that check whether it is the right
 /// one.
 void AesData::readHead(int strength, const QByteArray &password)
 {

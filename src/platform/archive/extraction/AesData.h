@@ -11,7 +11,7 @@ class AesData : public PackedData
 {
 public:
     /// \a data is the entry's, of \a size bytes; \a strength is 1 to 3 for keys of 128, 192 and 256 bits.
-    /// Throws WrongPassword where the two bytes that tell do not fit, and BadArchive.
+    /// Throws WrongPassword where the two bytes that check the password differ, and BadArchive.
     AesData(std::unique_ptr<PackedData> data, qint64 size, int strength, const QByteArray &password);
 
     /// At the end it checks the code over all data, and throws BadArchive where that does not fit.

@@ -3,10 +3,10 @@
 #include "CarriageReturns.h"
 #include "ExtractedFile.h"
 
-void EntryExtraction::run(const ExtractionTask &task, PackedData &data, bool isUnpacked,
+void EntryExtraction::run(const ExtractionTask &task, PackedData &data,
                           const std::function<void()> &betweenPieces)
 {
-    m_reader.start(data, *task.entry, isUnpacked);
+    m_reader.start(data, *task.entry, task.isUnpacked, betweenPieces);
     if (!task.folder) {
         write(task, task.output, betweenPieces);
         return;

@@ -7,10 +7,9 @@
 class EntryExtraction
 {
 public:
-    /// \a betweenPieces is called before each piece; what it throws ends the extraction. After any failure
-    /// there is no file. Throws BadArchive and FileFailure.
-    void run(const ExtractionTask &task, PackedData &data, bool isUnpacked,
-             const std::function<void()> &betweenPieces);
+    /// \a data is that of the entry. \a betweenPieces is called before each piece; what it throws ends the
+    /// extraction. After any failure there is no file. Throws BadArchive and FileFailure.
+    void run(const ExtractionTask &task, PackedData &data, const std::function<void()> &betweenPieces);
 
 private:
     void write(const ExtractionTask &task, const std::function<void(QByteArrayView)> &output,

@@ -38,13 +38,15 @@ EntryReader::~EntryReader()
     inflateEnd(&m_stream);
 }
 
-void EntryReader::start(PackedData &data, const ArchiveEntry &entry, bool isUnpacked)
+void EntryReader::start(PackedData &data, const ArchiveEntry &entry, bool isUnpacked,
+                        const BetweenReads &betweenReads)
 {
     if (!isUnpacked && entry.method != ArchiveEntry::Stored && entry.method != ArchiveEntry::Deflated)
         throw BadArchive{"its compression method is not supported", BadArchive::Unsupported};
     if (!isUnpacked && isImpossible(entry))
         throw BadArchive{"it is smaller than the archive says"};
     m_data = &data;
+    m_betweenReads = &betweenReads;
     m_entry = &entry;
     m_way = isUnpacked || entry.method == ArchiveEntry::Stored ? Way::Stored
             : isSmall(entry)                                   ? Way::Whole
@@ -106,7 +108,7 @@ QByteArrayView EntryReader::readInflated()
             refill();
         const int result = inflate(&m_stream, Z_NO_FLUSH);
         if (result == Z_STREAM_END) {
-            while (m_data->read(m_packed.data(), m_packed.size()) > 0) // as in readWhole()
+            while (readPacked() > 0) // as in readWhole()
                 continue;
             m_isAtEnd = true;
             break;
@@ -119,12 +121,19 @@ QByteArrayView EntryReader::readInflated()
 
 void EntryReader::refill()
 {
-    m_packed.resize(packedPiece);
-    const qsizetype got = m_data->read(m_packed.data(), packedPiece);
+    const qsizetype got = readPacked();
     if (got == 0)
         throw BadArchive{"its data is damaged"};
     m_stream.next_in = reinterpret_cast<Bytef *>(m_packed.data());
     m_stream.avail_in = uInt(got);
+}
+
+/// The next packed bytes, into m_packed.
+qsizetype EntryReader::readPacked()
+{
+    (*m_betweenReads)();
+    m_packed.resize(packedPiece);
+    return m_data->read(m_packed.data(), packedPiece);
 }
 
 void EntryReader::count(QByteArrayView piece)

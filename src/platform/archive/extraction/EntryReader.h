@@ -3,6 +3,7 @@
 #include "ArchiveEntry.h"
 #include "PackedData.h"
 
+#include <functional>
 #include <libdeflate.h>
 #include <memory>
 #include <zlib.h>
@@ -18,9 +19,14 @@ public:
     EntryReader(const EntryReader &) = delete;
     EntryReader &operator=(const EntryReader &) = delete;
 
-    /// Both have to exist until the last call of next(). With \a isUnpacked the data comes unpacked already.
+    /// Called before each read, for data that goes on and on without becoming anything; what it throws ends
+    /// next().
+    using BetweenReads = std::function<void()>;
+
+    /// All have to exist until the last call of next(). With \a isUnpacked the data comes unpacked already.
     /// Throws BadArchive where the method is not known here.
-    void start(PackedData &data, const ArchiveEntry &entry, bool isUnpacked);
+    void start(PackedData &data, const ArchiveEntry &entry, bool isUnpacked,
+               const BetweenReads &betweenReads);
 
     /// The next piece, valid until the next call; empty at the end. Throws BadArchive and FileFailure.
     QByteArrayView next();
@@ -30,6 +36,7 @@ private:
     QByteArrayView readWhole();
     QByteArrayView readInflated();
     void refill();
+    qsizetype readPacked();
     void count(QByteArrayView piece);
     void checkEnd() const;
 
@@ -40,6 +47,7 @@ private:
     QByteArray m_packed;
     QByteArray m_unpacked;
     PackedData *m_data = nullptr;
+    const BetweenReads *m_betweenReads = nullptr;
     const ArchiveEntry *m_entry = nullptr;
     Way m_way = Way::Stored;
     bool m_isAtEnd = false;

@@ -4,6 +4,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -31,5 +32,9 @@ void ExtractedFile::publish(const QByteArray &name, PartFile::Existing existing,
     ::fchmod(file, permissions != 0 ? mode_t(permissions) : ordinaryMode);
     const timespec times[] = {{0, UTIME_OMIT}, {time_t(m_entry.modified()), 0}};
     ::futimens(file, times); // not every file system keeps times; the data is what counts
+    // What there was is lost only for what is on the disk. A new file takes nothing's place and does not
+    // wait.
+    if (existing == PartFile::Existing::Replace && ::fdatasync(file) != 0)
+        throw FileFailure();
     m_part.publish(name, existing);
 }

@@ -41,6 +41,8 @@ std::optional<ExtractionPool::Done> ExtractionPool::wait()
     const quint64 seen = m_news;
     if (!m_slots.front()->isDone)
         m_forOwner.wait_for(lock, WorkerThreads::longestWait, [&] { return m_news != seen; });
+    if (m_failure)
+        std::rethrow_exception(m_failure);
     if (!m_slots.front()->isDone)
         return {};
     const auto slot = std::move(m_slots.front());
@@ -49,7 +51,21 @@ std::optional<ExtractionPool::Done> ExtractionPool::wait()
     return Done{std::move(slot->task), slot->failure};
 }
 
+/// No exception ends a thread unnoticed.
 void ExtractionPool::work()
+{
+    try {
+        extractAll();
+    } catch (...) {
+        {
+            const std::lock_guard lock(m_mutex);
+            m_failure = std::current_exception();
+        }
+        announce(nullptr);
+    }
+}
+
+void ExtractionPool::extractAll()
 {
     EntryExtraction extraction;
     while (const auto slot = takeSlot()) {
@@ -74,8 +90,8 @@ std::exception_ptr ExtractionPool::extract(EntryExtraction &extraction, const Ex
         announce(nullptr);
     };
     try {
-        PlainData data(m_archive, task.dataOffset, qint64(task.entry->packedSize));
-        extraction.run(task, data, false, betweenPieces);
+        PlainData plain(m_archive, task.dataOffset, qint64(task.entry->packedSize));
+        extraction.run(task, task.data ? *task.data : plain, betweenPieces);
         return nullptr;
     } catch (...) {
         return std::current_exception();

@@ -12,8 +12,8 @@
 #include <thread>
 #include <vector>
 
-/// Two threads that extract entries which are not encrypted. They share the archive's file and the tasks with
-/// the thread of the job, nothing else; that thread alone talks to the user.
+/// Two threads that extract entries. They share the archive's file and the tasks with the thread of the job,
+/// nothing else; that thread alone talks to the user.
 class ExtractionPool
 {
 public:
@@ -36,7 +36,7 @@ public:
     void add(ExtractionTask task);
 
     /// Waits a short time until a piece of some task, or the task that was added first, is done. Returns the
-    /// latter, so that results come in the order of the tasks.
+    /// latter, so that results come in the order of the tasks. Throws what has ended a thread.
     std::optional<Done> wait();
 
 private:
@@ -50,6 +50,7 @@ private:
     };
 
     void work();
+    void extractAll();
     std::shared_ptr<Slot> takeSlot();
     std::exception_ptr extract(EntryExtraction &extraction, const ExtractionTask &task);
     void announce(Slot *done);
@@ -62,5 +63,6 @@ private:
     std::deque<std::shared_ptr<Slot>> m_slots; ///< only the owner adds and removes
     std::size_t m_taken = 0;                   ///< the number of slots at work or done
     quint64 m_news = 0;
+    std::exception_ptr m_failure; ///< what has ended a thread
     std::vector<std::thread> m_threads;
 };

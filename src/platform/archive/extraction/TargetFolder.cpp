@@ -71,12 +71,15 @@ TargetFolder::Folder TargetFolder::make(const QByteArray &path)
     const qsizetype slash = path.lastIndexOf('/');
     const Folder parent = folder(path.left(qMax<qsizetype>(slash, 0)));
     const QByteArray name = path.sliced(slash + 1);
-    if (::mkdirat(parent->get(), name.constData(), folderMode) != 0 && errno != EEXIST)
+    const bool isMade = ::mkdirat(parent->get(), name.constData(), folderMode) == 0;
+    if (!isMade && errno != EEXIST)
         throw FileFailure();
     FileDescriptor made = openBelow(*parent, name);
     if (!made.isOpen())
         throw FileFailure();
     m_swept.insert(path);
+    if (isMade)
+        m_made.insert(path);
     return std::make_shared<FileDescriptor>(std::move(made));
 }
 

@@ -21,6 +21,8 @@ public:
     Folder folder(const QByteArray &path);
 
     bool exists(const QByteArray &path) const;
+    /// The folder \a path was missing until folder() made it.
+    bool hasMade(const QByteArray &path) const { return m_made.contains(path); }
     /// Gives the folder \a path the time and the permissions of \a entry, as far as the system lets it.
     void restore(const QByteArray &path, const ArchiveEntry &entry);
 
@@ -31,4 +33,5 @@ private:
     Folder m_target;
     QHash<QByteArray, Folder> m_folders; ///< those used last, by their paths
     QSet<QByteArray> m_swept;            ///< those that hold nothing of killed jobs any more
+    QSet<QByteArray> m_made;
 };

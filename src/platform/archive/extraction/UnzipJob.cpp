@@ -116,7 +116,7 @@ int UnzipJob::run()
 
 void UnzipJob::runSteps()
 {
-    m_file = FileDescriptor::open(m_options.lpszZipFN, O_RDONLY | O_NONBLOCK);
+    m_file = FileDescriptor::openOrdinary(m_options.lpszZipFN);
     m_directory = DirectoryReader(m_file).read([this] { callService(); });
     if (m_options.nzflag)
         print(m_directory.comment, ifAsked);
@@ -183,7 +183,7 @@ void UnzipJob::extract(std::size_t index)
     task->dataOffset = checkedDataOffset(entry);
     if (!isPlain(entry) || task->output) {
         finishAll(); // so that messages and questions come in the order of the entries
-        extractHere(index, *task);
+        extractAlone(index, std::move(*task));
         return;
     }
     while (m_pool->isFull())
@@ -199,10 +199,10 @@ void UnzipJob::makeFolder(const ArchiveEntry &entry, const QByteArray &path)
     waitFor(path);
     const bool isNew = !m_target->exists(path);
     m_target->folder(path);
-    if (isNew) {
+    if (isNew)
         print("   creating: " + EntryName::shown(path) + '/', ifAll);
+    if (m_target->hasMade(path)) // perhaps for a file that came before it
         m_newFolders.insert(path, &entry);
-    }
 }
 
 /// Nothing where the entry has no data, or where a file that exists stays.
@@ -222,7 +222,7 @@ std::optional<ExtractionTask> UnzipJob::taskFor(const ArchiveEntry &entry)
     task.convertsReturns = m_options.naflag;
     task.ordinaryMode = m_ordinaryMode;
     if (m_options.ncflag && !m_options.ntflag)
-        task.output = [this](QByteArrayView piece) { print(piece, ifAsked); };
+        task.output = [this](QByteArrayView piece) { printContent(piece); };
     if (!m_target)
         return task;
     waitFor(task.path);
@@ -276,19 +276,15 @@ qint64 UnzipJob::checkedDataOffset(const ArchiveEntry &entry) const
     return offset;
 }
 
-/// What talks to the user, as passwords do, and what the pool cannot read.
-void UnzipJob::extractHere(std::size_t index, const ExtractionTask &task)
+/// What talks to the user, as passwords do, and what is not read right from the file.
+void UnzipJob::extractAlone(std::size_t index, ExtractionTask task)
 {
-    if (isPlain(*task.entry)) {
-        PlainData data(m_file, task.dataOffset, qint64(task.entry->packedSize));
-        m_extraction.run(task, data, false, [this] { callService(); });
-        report({task, nullptr});
-        return;
-    }
     if (task.entry->isEncrypted())
         extractEncrypted(index, task);
+    else if (isPlain(*task.entry))
+        extractNow(std::move(task));
     else
-        extractByLibzip(index, task, {});
+        extractByLibzip(index, std::move(task), {});
 }
 
 void UnzipJob::extractEncrypted(std::size_t index, const ExtractionTask &task)
@@ -324,13 +320,12 @@ bool UnzipJob::isRight(const QByteArray &password, std::size_t index, const Extr
     }
 }
 
-void UnzipJob::extractAes(const ExtractionTask &task, const QByteArray &password)
+void UnzipJob::extractAes(ExtractionTask task, const QByteArray &password)
 {
     const auto size = qint64(task.entry->packedSize);
-    AesData data(std::make_unique<PlainData>(m_file, task.dataOffset, size), size, task.entry->aesStrength,
-                 password);
-    m_extraction.run(task, data, false, [this] { callService(); });
-    report({task, nullptr});
+    task.data = std::make_shared<AesData>(std::make_unique<PlainData>(m_file, task.dataOffset, size), size,
+                                          task.entry->aesStrength, password);
+    extractNow(std::move(task));
 }
 
 void UnzipJob::openLibzip()
@@ -339,13 +334,29 @@ void UnzipJob::openLibzip()
         m_libzip.emplace(m_file, m_directory, [this] { callService(); });
 }
 
-void UnzipJob::extractByLibzip(std::size_t index, const ExtractionTask &task, const QByteArray &password)
+void UnzipJob::extractByLibzip(std::size_t index, ExtractionTask task, const QByteArray &password)
 {
     openLibzip();
-    const bool isUnpacked = !isKnown(*task.entry);
-    const auto data = m_libzip->open(index, password, isUnpacked);
-    m_extraction.run(task, *data, isUnpacked, [this] { callService(); });
-    report({task, nullptr});
+    task.isUnpacked = !isKnown(*task.entry);
+    task.data = m_libzip->open(index, password, task.isUnpacked);
+    extractNow(std::move(task));
+}
+
+/// The pool has nothing else to do. Contents that are printed are read here, since printing is the business
+/// of this thread.
+void UnzipJob::extractNow(ExtractionTask task)
+{
+    ExtractionPool::Done done{task, nullptr};
+    if (task.output) {
+        PlainData plain(m_file, task.dataOffset, qint64(task.entry->packedSize));
+        m_extraction.run(task, task.data ? *task.data : plain, [this] { callService(); });
+    } else {
+        m_pool->add(std::move(task));
+        done = waitForFirst();
+    }
+    if (done.failure)
+        std::rethrow_exception(done.failure);
+    report(done);
 }
 
 void UnzipJob::report(const ExtractionPool::Done &done)
@@ -364,12 +375,18 @@ void UnzipJob::report(const ExtractionPool::Done &done)
     });
 }
 
+ExtractionPool::Done UnzipJob::waitForFirst()
+{
+    for (;;) {
+        if (auto done = m_pool->wait())
+            return std::move(*done);
+        callService();
+    }
+}
+
 void UnzipJob::finishOne()
 {
-    if (const auto done = m_pool->wait())
-        report(*done);
-    else
-        callService();
+    report(waitForFirst());
 }
 
 void UnzipJob::finishAll()
@@ -423,6 +440,15 @@ void UnzipJob::print(QByteArrayView text, int mostQuiet) const
         return;
     for (qsizetype at = 0; at < text.size(); at += printedAtOnce)
         m_functions.print(text.sliced(at, qMin(printedAtOnce, text.size() - at)));
+}
+
+void UnzipJob::printContent(QByteArrayView content) const
+{
+    constexpr qsizetype textsAtOnce = 64;
+    for (qsizetype at = 0; at < content.size(); at += textsAtOnce * printedAtOnce) {
+        callService();
+        print(content.sliced(at, qMin(textsAtOnce * printedAtOnce, content.size() - at)), ifAsked);
+    }
 }
 
 void UnzipJob::beginWith(const ArchiveEntry &entry)

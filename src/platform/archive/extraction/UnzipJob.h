@@ -41,12 +41,14 @@ private:
     bool mayReplace(const ArchiveEntry &entry, const ExtractionTask &task, const struct stat &existing);
     bool asksToReplace(const QByteArray &path);
     qint64 checkedDataOffset(const ArchiveEntry &entry) const;
-    void extractHere(std::size_t index, const ExtractionTask &task);
+    void extractAlone(std::size_t index, ExtractionTask task);
     void extractEncrypted(std::size_t index, const ExtractionTask &task);
     bool isRight(const QByteArray &password, std::size_t index, const ExtractionTask &task);
-    void extractAes(const ExtractionTask &task, const QByteArray &password);
+    void extractAes(ExtractionTask task, const QByteArray &password);
     void openLibzip();
-    void extractByLibzip(std::size_t index, const ExtractionTask &task, const QByteArray &password);
+    void extractByLibzip(std::size_t index, ExtractionTask task, const QByteArray &password);
+    void extractNow(ExtractionTask task);
+    ExtractionPool::Done waitForFirst();
     void report(const ExtractionPool::Done &done);
     void finishOne();
     void finishAll();
@@ -58,6 +60,7 @@ private:
     void fail(const QByteArray &path, const QByteArray &reason, int result);
     void failBySystem(const QByteArray &path, const FileFailure &failure);
     void print(QByteArrayView text, int mostQuiet) const;
+    void printContent(QByteArrayView content) const;
     void beginWith(const ArchiveEntry &entry);
     void callService() const;
 
@@ -76,7 +79,7 @@ private:
     std::optional<TargetFolder> m_target;
     ArchivePassword m_password;
     std::optional<LibzipEntries> m_libzip;
-    EntryExtraction m_extraction; ///< for what the pool does not do
+    EntryExtraction m_extraction; ///< for what is printed
     std::optional<ExtractionPool> m_pool;
     QSet<QByteArray> m_atWork;                           ///< the paths of the pool's tasks
     QMap<QByteArray, const ArchiveEntry *> m_newFolders; ///< whose times and permissions are still to be set

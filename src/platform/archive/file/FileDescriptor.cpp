@@ -31,10 +31,35 @@ FileDescriptor FileDescriptor::open(const QByteArray &path, int flags)
     return file;
 }
 
+FileDescriptor FileDescriptor::openOrdinary(const QByteArray &path)
+{
+    FileDescriptor file = open(path, O_RDONLY | O_NONBLOCK);
+    struct stat state = {};
+    if (::fstat(file.get(), &state) != 0)
+        throw FileFailure();
+    if (!S_ISREG(state.st_mode))
+        throw FileFailure(S_ISDIR(state.st_mode) ? EISDIR : ENOTSUP);
+    return file;
+}
+
 FileDescriptor FileDescriptor::openFolderOf(const QByteArray &path)
 {
     const qsizetype slash = path.lastIndexOf('/');
     return open(slash < 0 ? QByteArray(".") : path.left(slash + 1), O_RDONLY | O_DIRECTORY);
+}
+
+FileDescriptor FileDescriptor::duplicate() const
+{
+    FileDescriptor copy(::fcntl(m_descriptor, F_DUPFD_CLOEXEC, 0));
+    if (!copy.isOpen())
+        throw FileFailure();
+    return copy;
+}
+
+void FileDescriptor::close()
+{
+    if (::close(std::exchange(m_descriptor, -1)) != 0)
+        throw FileFailure();
 }
 
 qint64 FileDescriptor::size() const

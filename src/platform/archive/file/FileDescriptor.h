@@ -17,11 +17,18 @@ public:
 
     /// \a flags are those of open().
     static FileDescriptor open(const QByteArray &path, int flags);
+    /// An ordinary file, for reading. Does not wait for whoever writes to a pipe; fails with ENOTSUP where \a
+    /// path is something else, but for EISDIR where it is a folder.
+    static FileDescriptor openOrdinary(const QByteArray &path);
     /// The folder that \a path is in.
     static FileDescriptor openFolderOf(const QByteArray &path);
 
     bool isOpen() const { return m_descriptor >= 0; }
     int get() const { return m_descriptor; }
+    /// The same open file again, with the same locks.
+    FileDescriptor duplicate() const;
+    /// Some file systems report here what they could not write.
+    void close();
 
     qint64 size() const;
     /// The number of bytes read: fewer than \a size only at the end of the file.

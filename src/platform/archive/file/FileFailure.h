@@ -11,5 +11,5 @@ struct FileFailure
         : error(code)
     {}
 
-    bool isFullDisk() const { return error == ENOSPC || error == EDQUOT || error == EFBIG; }
+    bool isFullDisk() const { return error == ENOSPC || error == EDQUOT; }
 };

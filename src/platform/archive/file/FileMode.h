@@ -5,13 +5,8 @@
 /// The permissions of new files.
 namespace FileMode {
 
-/// What the user's mask leaves. Not for several threads at once, since the mask can only be read by setting
-/// it.
-inline mode_t ordinary()
-{
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return 0666 & ~mask;
-}
+/// What the user's mask leaves; only the user may do anything where the system does not say what the mask is.
+/// Does not change the mask for a moment, as umask() does: other threads make files meanwhile.
+mode_t ordinary();
 
 } // namespace FileMode

@@ -67,6 +67,7 @@ PartFile::~PartFile()
 
 void PartFile::publish(const QByteArray &name, Existing existing)
 {
+    m_file.duplicate().close(); // the lock stays with the other descriptor
     const int folder = m_folder.get();
     const bool isDone = existing == Existing::Replace
                             ? ::renameat(folder, m_hidden.constData(), folder, name.constData()) == 0

@@ -4,8 +4,6 @@
 #include "ReadFailure.h"
 #include "WorkerThreads.h"
 
-#include <fcntl.h>
-
 namespace {
 
 constexpr qint64 mostWhole = 4 << 20;
@@ -35,13 +33,15 @@ CompressionQueue::~CompressionQueue()
 
 CompressedPiece CompressionQueue::take(const std::function<void()> &whileWaiting)
 {
-    const auto isThere = [this] { return !m_slots.empty() && m_slots.front()->isDone; };
+    const auto isThere = [this] { return m_failure || (!m_slots.empty() && m_slots.front()->isDone); };
     std::unique_lock lock(m_mutex);
     while (!m_forOwner.wait_for(lock, WorkerThreads::longestWait, isThere)) {
         lock.unlock();
         whileWaiting();
         lock.lock();
     }
+    if (m_failure)
+        std::rethrow_exception(m_failure);
     const auto slot = std::move(m_slots.front());
     m_slots.pop_front();
     m_ahead -= slot->length;
@@ -52,7 +52,21 @@ CompressedPiece CompressionQueue::take(const std::function<void()> &whileWaiting
     return std::move(slot->piece);
 }
 
+/// No exception ends a thread unnoticed.
 void CompressionQueue::work()
+{
+    try {
+        compressAll();
+    } catch (...) {
+        const std::lock_guard lock(m_mutex);
+        m_failure = std::current_exception();
+        m_isEnding = true;
+    }
+    m_forWorkers.notify_all();
+    m_forOwner.notify_one();
+}
+
+void CompressionQueue::compressAll()
 {
     PieceCompressor compressor(m_level);
     while (const auto slot = takeSlot()) {
@@ -76,20 +90,37 @@ void CompressionQueue::work()
 /// Null at the end.
 std::shared_ptr<CompressionQueue::Slot> CompressionQueue::takeSlot()
 {
+    const auto canGoOn = [this] { return m_isEnding || isAtEnd() || (!m_isOpening && m_ahead < mostAhead); };
     std::unique_lock lock(m_mutex);
-    m_forWorkers.wait(lock, [this] { return m_isEnding || isAtEnd() || m_ahead < mostAhead; });
-    if (m_isEnding || isAtEnd())
-        return nullptr;
+    for (;;) {
+        m_forWorkers.wait(lock, canGoOn);
+        if (m_isEnding || isAtEnd())
+            return nullptr;
+        if (m_opened)
+            break;
+        openNext(lock);
+    }
     auto slot = nextSlot();
     m_ahead += slot->length;
     m_slots.push_back(slot);
     return slot;
 }
 
+/// The disk or server of a file may hang, which is no reason for the others to wait.
+void CompressionQueue::openNext(std::unique_lock<std::mutex> &lock)
+{
+    const SourceFile &file = *m_files[m_nextFile++];
+    m_isOpening = true;
+    lock.unlock();
+    auto opened = open(file);
+    lock.lock();
+    m_opened = std::move(opened);
+    m_isOpening = false;
+    m_forWorkers.notify_all();
+}
+
 std::shared_ptr<CompressionQueue::Slot> CompressionQueue::nextSlot()
 {
-    if (!m_opened)
-        open(*m_files[m_nextFile++]);
     Opened &opened = *m_opened;
     auto slot = std::make_shared<Slot>();
     slot->opened = m_opened;
@@ -106,29 +137,33 @@ std::shared_ptr<CompressionQueue::Slot> CompressionQueue::nextSlot()
     return slot;
 }
 
-/// Where it fails, the file's one piece will tell.
-void CompressionQueue::open(const SourceFile &file)
+/// Where it fails, the file's one piece fails.
+std::shared_ptr<CompressionQueue::Opened> CompressionQueue::open(const SourceFile &file) const
 {
-    m_opened = std::make_shared<Opened>();
-    m_opened->file = &file;
+    auto opened = std::make_shared<Opened>();
+    opened->file = &file;
     try {
-        m_opened->descriptor = FileDescriptor::open(file.path, O_RDONLY | O_NONBLOCK);
-        m_opened->size = m_opened->descriptor.size();
+        opened->descriptor = FileDescriptor::openOrdinary(file.path);
+        opened->size = opened->descriptor.size();
         if (m_conversion == LineEnds::Conversion::None)
-            return;
+            return opened;
         QByteArray beginning(testedForText, Qt::Uninitialized);
-        beginning.resize(m_opened->descriptor.readAt(0, beginning.data(), beginning.size()));
+        beginning.resize(opened->descriptor.readAt(0, beginning.data(), beginning.size()));
         if (LineEnds::isText(beginning))
-            m_opened->conversion = m_conversion;
-    } catch (const FileFailure &) {
-        m_opened->size = 0;
+            opened->conversion = m_conversion;
+    } catch (const FileFailure &failure) {
+        opened->size = 0;
+        opened->error = failure.error;
     }
+    return opened;
 }
 
 void CompressionQueue::compress(PieceCompressor &compressor, Slot &slot) const
 {
     const Opened &opened = *slot.opened;
     CompressedPiece &piece = slot.piece;
+    if (opened.error != 0)
+        throw FileFailure(opened.error);
     QByteArray data(slot.length + 1, Qt::Uninitialized); // and the character behind it
     const qsizetype got = opened.descriptor.readAt(slot.offset, data.data(), data.size());
     const char next = got > slot.length ? data[slot.length] : '\0';

@@ -27,17 +27,18 @@ public:
     CompressionQueue &operator=(const CompressionQueue &) = delete;
 
     /// The next piece, in the order of the files. Calls \a whileWaiting again and again until it is there.
-    /// Throws ReadFailure, and what \a whileWaiting throws.
+    /// Throws ReadFailure, what \a whileWaiting throws, and std::bad_alloc, also for the threads.
     CompressedPiece take(const std::function<void()> &whileWaiting);
 
 private:
     /// A file while its pieces are being handed out.
     struct Opened
     {
-        const SourceFile *file;
+        const SourceFile *file = nullptr;
         FileDescriptor descriptor;
         qint64 size = 0;
         qint64 next = 0; ///< where the next piece begins
+        int error = 0;   ///< of opening it; a value of errno
         LineEnds::Conversion conversion = LineEnds::Conversion::None;
     };
 
@@ -51,11 +52,13 @@ private:
     };
 
     void work();
+    void compressAll();
     std::shared_ptr<Slot> takeSlot();
     std::shared_ptr<Slot> nextSlot();
-    void open(const SourceFile &file);
+    void openNext(std::unique_lock<std::mutex> &lock);
+    std::shared_ptr<Opened> open(const SourceFile &file) const;
     void compress(PieceCompressor &compressor, Slot &slot) const;
-    bool isAtEnd() const { return m_nextFile == m_files.size() && !m_opened; }
+    bool isAtEnd() const { return m_nextFile == m_files.size() && !m_opened && !m_isOpening; }
 
     const std::vector<const SourceFile *> &m_files;
     const LineEnds::Conversion m_conversion;
@@ -66,7 +69,9 @@ private:
     std::deque<std::shared_ptr<Slot>> m_slots;
     std::shared_ptr<Opened> m_opened; ///< the file whose pieces are handed out
     std::size_t m_nextFile = 0;
-    qint64 m_ahead = 0; ///< bytes in m_slots
+    bool m_isOpening = false; ///< a thread opens a file
+    qint64 m_ahead = 0;       ///< bytes in m_slots
     bool m_isEnding = false;
+    std::exception_ptr m_failure; ///< what has ended a thread
     std::vector<std::thread> m_threads;
 };

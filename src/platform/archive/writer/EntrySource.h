@@ -21,7 +21,7 @@ public:
     /// queue.
     EntrySource(const SourceFile &file, CompressionQueue &queue, const Events &events);
 
-    /// Where the entry is, as soon as that is known: libzip has to be told there that it is not to compress.
+    /// Where the entry is, as soon as that is known: libzip is asked there not to compress.
     void setPlace(zip_t *archive, zip_uint64_t index);
 
     const SourceFile &file() const { return m_file; }

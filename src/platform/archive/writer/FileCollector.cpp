@@ -148,7 +148,7 @@ QByteArrayList FileCollector::namesIn(const QByteArray &folder)
         const QByteArray name(entry->d_name);
         if (name != "." && name != ".." && (m_options.fSystem || !name.startsWith('.')))
             names.append(name);
-        errno = 0; // only that tells the end from a failure
+        errno = 0; // only so the end differs from a failure
     }
     if (errno != 0 && errno != ENOENT && errno != ENOTDIR)
         miss(path, std::strerror(errno));

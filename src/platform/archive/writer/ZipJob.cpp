@@ -1,12 +1,14 @@
 #include "ZipJob.h"
 
 #include "BadArchive.h"
+#include "ChangedMeanwhile.h"
 #include "DirectoryCheck.h"
 #include "DirectoryReader.h"
 #include "FileCollector.h"
 #include "FileFailure.h"
 #include "FilePattern.h"
 #include "JobEnd.h"
+#include "LabelEntry.h"
 #include "ReadFailure.h"
 #include "ServiceName.h"
 #include "TargetName.h"
@@ -30,15 +32,24 @@
 namespace {
 
 constexpr int defaultLevel = 6;
-constexpr quint64 entriesAtOnce = 1024; // between two calls of the service function
+constexpr std::size_t entriesAtOnce = 1024; // between two calls of the service function
 constexpr quint16 unixTimes = 0x5455;
 constexpr zip_flags_t bothHeaders = ZIP_FL_LOCAL | ZIP_FL_CENTRAL;
 
-/// What \a path means behind all links.
+/// What \a path means behind all links, also where the last one leads to a file that is to be made.
 QByteArray targetOf(const QByteArray &path)
 {
     const std::unique_ptr<char, void (*)(void *)> resolved(::realpath(path.constData(), nullptr), std::free);
-    return resolved ? QByteArray(resolved.get()) : path;
+    if (resolved)
+        return QByteArray(resolved.get());
+    if (errno != ENOENT)
+        return path; // which opening it will find out too, as for links in a circle
+    std::array<char, PATH_MAX> link;
+    const ssize_t length = ::readlink(path.constData(), link.data(), link.size());
+    if (length < 0)
+        return path;
+    const QByteArray next(link.data(), length);
+    return targetOf(next.startsWith('/') ? next : path.left(path.lastIndexOf('/') + 1) + next);
 }
 
 LineEnds::Conversion conversionOf(const ZPOPT &options)
@@ -76,6 +87,13 @@ QByteArray plainName(const ArchiveEntry &entry)
     } catch (const BadArchive &) {
         return {};
     }
+}
+
+int resultOf(const FileFailure &failure)
+{
+    constexpr int ofCreating[] = {EACCES, EPERM, EROFS, ENOENT, ENOTDIR, EISDIR, ENOTSUP, ELOOP};
+    const bool isOfCreating = std::count(std::begin(ofCreating), std::end(ofCreating), failure.error) > 0;
+    return isOfCreating ? ZipResult::CannotCreate : ZipResult::WriteFailed;
 }
 
 int percentSaved(const EntrySource &entry)
@@ -119,12 +137,12 @@ int ZipJob::run()
     } catch (const ReadFailure &failure) {
         warn(failure.path, std::strerror(failure.error));
         return ZipResult::ReadFailed;
+    } catch (const ChangedMeanwhile &) {
+        warn(m_path, "another program has changed it meanwhile");
+        return ZipResult::WriteFailed;
     } catch (const FileFailure &failure) {
         warn(m_path, std::strerror(failure.error));
-        return failure.error == EACCES || failure.error == EROFS || failure.error == ENOENT ||
-                       failure.error == ENOTDIR || failure.error == EPERM || failure.error == EISDIR
-                   ? ZipResult::CannotCreate
-                   : ZipResult::WriteFailed;
+        return resultOf(failure);
     } catch (const std::bad_alloc &) {
         return ZipResult::OutOfMemory;
     } catch (const std::system_error &) { // no thread can be started
@@ -140,21 +158,13 @@ int ZipJob::runSteps()
 
 void ZipJob::openOld()
 {
-    struct stat state = {};
-    if (::stat(m_path.constData(), &state) != 0 && errno == ENOENT)
+    m_old = OldArchive(m_path);
+    if (!m_old.hasContent())
         return;
-    if (!S_ISREG(state.st_mode))
-        throw FileFailure(EISDIR);
-    if (::access(m_path.constData(), W_OK) != 0)
-        throw FileFailure();
-    m_old = FileDescriptor::open(m_path, O_RDONLY);
-    if (state.st_size == 0)
-        return;
-    m_directory = DirectoryReader(m_old).read([this] { callService(); });
+    m_directory = DirectoryReader(m_old.file()).read([this] { callService(); });
     m_indices.reserve(qsizetype(m_directory.entries.size()));
     for (quint64 i = 0; i < m_directory.entries.size(); ++i) {
-        if (i % entriesAtOnce == 0)
-            callService();
+        callServiceAt(i);
         addIndex(i);
     }
 }
@@ -181,13 +191,14 @@ void ZipJob::openContainer()
 
 int ZipJob::deleteEntries()
 {
-    if (!m_old.isOpen())
+    if (!m_old.file().isOpen())
         return ZipResult::MissingArchive;
     openContainer();
+    if (const qint64 size = sizeBeforeEntries(); size > 0)
+        m_rewrite->keepWhenEmpty(size, m_directory.comment);
     bool isAny = false;
     for (quint64 i = 0; i < m_directory.entries.size(); ++i) {
-        if (i % entriesAtOnce == 0)
-            callService();
+        callServiceAt(i);
         const QByteArray &name = m_directory.entries[i].name;
         const auto matches = [&](const QByteArray &wanted) {
             return FilePattern::matchesEntry(wanted, name);
@@ -204,6 +215,15 @@ int ZipJob::deleteEntries()
     return ZipResult::Success;
 }
 
+/// Where the first entry begins: behind the program of an archive that unpacks itself.
+qint64 ZipJob::sizeBeforeEntries() const
+{
+    qint64 size = m_directory.start;
+    for (const ArchiveEntry &entry : m_directory.entries)
+        size = qMin(size, entry.offset);
+    return size;
+}
+
 int ZipJob::addFiles()
 {
     m_files = collect();
@@ -211,13 +231,16 @@ int ZipJob::addFiles()
         if (!file.isFolder)
             m_regular.push_back(&file);
     }
-    if (m_files.empty() && !m_options.fComment && !m_options.fVolume)
+    if (m_options.fVolume)
+        m_label = VolumeLabel::of(".");
+    if (m_files.empty() && !m_options.fComment && m_label.isEmpty())
         return m_hasMissed ? ZipResult::CannotOpen : ZipResult::NothingToDo;
     if (m_options.fEncrypt)
         askPassword();
     if (m_options.fComment)
         askComment();
-    if (m_files.empty() && m_comment.isEmpty() && !m_options.fVolume)
+    const bool hasNewComment = !m_comment.isEmpty() && m_old.hasContent();
+    if (m_files.empty() && !hasNewComment && m_label.isEmpty())
         return ZipResult::NothingToDo;
     addAll();
     return ZipResult::Success;
@@ -239,8 +262,10 @@ std::vector<SourceFile> ZipJob::collect()
     }
     std::vector<SourceFile> files = collector.collect(m_names);
     m_hasMissed = collector.hasMissed();
-    for (SourceFile &file : files)
-        findReplaced(file);
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        callServiceAt(i);
+        findReplaced(files[i]);
+    }
     std::erase_if(files, [this](const SourceFile &file) { return !isWanted(file); });
     std::stable_sort(files.begin(), files.end(), [](const SourceFile &a, const SourceFile &b) {
         constexpr quint64 last = std::numeric_limits<quint64>::max();
@@ -301,9 +326,8 @@ void ZipJob::addAll()
     m_queue.emplace(m_regular, conversionOf(m_options), level);
     openContainer();
     if (!m_comment.isEmpty())
-        check(
-            zip_set_archive_comment(m_archive.get(), m_comment.constData(), zip_uint16_t(m_comment.size())));
-    if (m_options.fVolume)
+        setComment();
+    if (!m_label.isEmpty())
         addVolumeLabel();
     for (const SourceFile &file : m_files) {
         callService();
@@ -313,6 +337,12 @@ void ZipJob::addAll()
             addFile(file);
     }
     close();
+}
+
+void ZipJob::setComment()
+{
+    check(zip_set_archive_comment(m_archive.get(), m_comment.constData(), zip_uint16_t(m_comment.size())));
+    m_rewrite->keepWhenEmpty(sizeBeforeEntries(), m_comment);
 }
 
 void ZipJob::addFolder(const SourceFile &file)
@@ -367,20 +397,13 @@ void ZipJob::describe(const SourceFile &file, zip_uint64_t index)
                                    bothHeaders));
 }
 
+/// A file of the same name, old or new, stays.
 void ZipJob::addVolumeLabel()
 {
-    const QByteArray label = VolumeLabel::of(".");
-    if (label.isEmpty())
-        return;
-    zip_t *archive = m_archive.get();
-    zip_source_t *source = zip_source_buffer(archive, nullptr, 0, 0);
-    const zip_int64_t index =
-        source ? zip_file_add(archive, label.constData(), source, ZIP_FL_ENC_GUESS | ZIP_FL_OVERWRITE) : -1;
-    if (index < 0)
-        zip_source_free(source);
-    check(index);
-    check(zip_file_set_external_attributes(archive, zip_uint64_t(index), 0, ZIP_OPSYS_DOS,
-                                           ArchiveEntry::VolumeLabel));
+    const auto isNamedSo = [this](const SourceFile &file) { return file.name == m_label; };
+    const bool isNewName = std::any_of(m_files.cbegin(), m_files.cend(), isNamedSo);
+    if (isNewName || !LabelEntry::set(m_archive.get(), m_directory.entries, m_label))
+        warn(m_label, "a file has the name of the volume");
 }
 
 /// Here everything is done: libzip asks for the data of all new entries and writes the archive.
@@ -430,6 +453,13 @@ void ZipJob::warn(const QByteArray &name, const QByteArray &reason) const
 {
     if (m_functions.print)
         m_functions.print("warning:  " + EntryName::shown(name) + ": " + reason);
+}
+
+/// In long loops.
+void ZipJob::callServiceAt(std::size_t index) const
+{
+    if (index % entriesAtOnce == 0)
+        callService();
 }
 
 void ZipJob::callService() const

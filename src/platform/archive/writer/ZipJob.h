@@ -3,6 +3,7 @@
 #include "ArchiveDirectory.h"
 #include "ArchiveRewrite.h"
 #include "EntrySource.h"
+#include "OldArchive.h"
 #include "ZIPUSERFUNCTIONS.h"
 #include "ZPOPT.h"
 
@@ -31,6 +32,7 @@ private:
     void openContainer();
 
     int deleteEntries();
+    qint64 sizeBeforeEntries() const;
     int addFiles();
     std::vector<SourceFile> collect();
     bool isWanted(const SourceFile &file) const;
@@ -39,6 +41,7 @@ private:
     QByteArray requestPassword();
     void askComment();
     void addAll();
+    void setComment();
     void addFolder(const SourceFile &file);
     void addFile(const SourceFile &file);
     void describe(const SourceFile &file, zip_uint64_t index);
@@ -51,6 +54,7 @@ private:
     void print(const QByteArray &text) const;
     void warn(const QByteArray &name, const QByteArray &reason) const;
     void callService() const;
+    void callServiceAt(std::size_t index) const;
 
     const QByteArray m_path; ///< without links
     const QByteArrayList m_names;
@@ -59,13 +63,14 @@ private:
     QByteArray m_current; ///< the name at work
     bool m_hasMissed = false;
 
-    FileDescriptor m_old;
+    OldArchive m_old;
     ArchiveDirectory m_directory;              ///< of the old archive
     QHash<QByteArray, quint64> m_indices;      ///< of its entries
     std::vector<SourceFile> m_files;           ///< to be written, in the order of their entries
     std::vector<const SourceFile *> m_regular; ///< those that are no folders
     QByteArray m_password;
     QByteArray m_comment;
+    QByteArray m_label; ///< of the volume; empty where there is none to be stored
 
     std::optional<CompressionQueue> m_queue;
     EntrySource::Events m_events;

@@ -1,0 +1,5 @@
+#pragma once
+
+/// Another program has changed or made the archive while a job was about to replace it.
+struct ChangedMeanwhile
+{};
