@@ -33,6 +33,11 @@ void ChoiceBox::setText(const QString &text)
 void ChoiceBox::showPopup()
 {
     QComboBox::showPopup();
+    run([&] { selectNearest(); });
+}
+
+void ChoiceBox::selectNearest()
+{
     if (currentText().isEmpty() || currentText() == itemText(currentIndex()))
         return;
     const int nearest = findText(currentText(), Qt::MatchStartsWith);

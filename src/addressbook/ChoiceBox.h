@@ -19,4 +19,7 @@ public:
 Q_SIGNALS:
     /// An entry was chosen from the list or by the arrow keys. Typing the name of an entry chooses none.
     void Click();
+
+private:
+    void selectNearest();
 };

@@ -157,12 +157,14 @@ void FolderDialog::txtFolder_Change()
 
 void FolderDialog::accept()
 {
-    if (!cmdOK->isEnabled())
-        return;
-    if (m_options.ValidateEditBox && hasTyped() && !exists(path()))
-        refuseTypedPath();
-    else
-        QDialog::accept();
+    run([&] {
+        if (!cmdOK->isEnabled())
+            return;
+        if (m_options.ValidateEditBox && hasTyped() && !exists(path()))
+            refuseTypedPath();
+        else
+            QDialog::accept();
+    });
 }
 
 void FolderDialog::refuseTypedPath()

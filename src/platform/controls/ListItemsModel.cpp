@@ -1,5 +1,6 @@
 #include "ListItemsModel.h"
 
+#include "EventGate.h"
 #include "RuntimeError.h"
 #include "ShownText.h"
 
@@ -221,11 +222,15 @@ QVariant ListItemsModel::decorationOf(const Row &row) const
 
 bool ListItemsModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
-    if (role != Qt::CheckStateRole || !index.isValid())
-        return false;
-    setChecked(index.row() + 1, value.toInt() == Qt::Checked);
-    Q_EMIT ItemCheck(index.row() + 1);
-    return true;
+    bool isSet = false;
+    run([&] {
+        isSet = role == Qt::CheckStateRole && index.isValid();
+        if (!isSet)
+            return;
+        setChecked(index.row() + 1, value.toInt() == Qt::Checked);
+        Q_EMIT ItemCheck(index.row() + 1);
+    });
+    return isSet;
 }
 
 QVariant ListItemsModel::headerData(int section, Qt::Orientation orientation, int role) const

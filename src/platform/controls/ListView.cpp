@@ -232,7 +232,10 @@ bool ListView::eventFilter(QObject *watched, QEvent *event)
 
 bool ListView::actOnKey(const QKeyEvent &event)
 {
+    const QWidget *focused = window()->focusWidget();
     Q_EMIT KeyDown(event.key());
+    if (!isEnabled() || window()->focusWidget() != focused)
+        return true; // the handler has waited, and the key is for no control that has the focus since then
     if (event.matches(QKeySequence::Copy)) {
         copy();
         return true;

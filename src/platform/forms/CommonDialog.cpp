@@ -94,14 +94,18 @@ public:
 protected:
     void accept() override
     {
-        const auto *edit = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        const bool isMissing = edit && !edit->text().startsWith(u'"') && // several names are in quotes
-                               !QFileInfo::exists(directory().absoluteFilePath(edit->text()));
-        setDefaultSuffix(isMissing ? m_suffix : QString());
+        run([&] { setDefaultSuffix(namesMissingFile() ? m_suffix : QString()); });
         QFileDialog::accept();
     }
 
 private:
+    bool namesMissingFile() const
+    {
+        const auto *edit = findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+        return edit && !edit->text().startsWith(u'"') && // several names are in quotes
+               !QFileInfo::exists(directory().absoluteFilePath(edit->text()));
+    }
+
     QString m_suffix;
 };
 

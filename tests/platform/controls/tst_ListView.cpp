@@ -222,6 +222,15 @@ TEST_F(ListViewTest, EmitsKeysAndClicksOnHeaders)
     EXPECT_EQ(columns.at(0).at(0).toInt(), 2);
 }
 
+TEST_F(ListViewTest, AKeyThatDisablesTheListDoesNothingMore)
+{
+    on(&view, &ListView::KeyDown, &view, [this] { view.setEnabled(false); });
+    QKeyEvent event(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QCoreApplication::sendEvent(&pane(), &event);
+    EXPECT_FALSE(view.hasSelection());
+    EXPECT_TRUE(event.isAccepted());
+}
+
 TEST_F(ListViewTest, AmongIconsTheTextKeepsItsRoomBesideACheckBox)
 {
     view.setView(0);
