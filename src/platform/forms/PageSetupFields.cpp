@@ -1,5 +1,7 @@
 #include "PageSetupFields.h"
 
+#include "DialogPart.h"
+
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QPageLayout>
@@ -9,25 +11,23 @@ namespace {
 
 QComboBox &sizes(const QWidget &dialog)
 {
-    return *dialog.findChild<QComboBox *>(QStringLiteral("pageSizeCombo"));
+    return dialogPart<QComboBox>(dialog, "pageSizeCombo");
 }
 
 QRadioButton &landscape(const QWidget &dialog)
 {
-    return *dialog.findChild<QRadioButton *>(QStringLiteral("landscape"));
+    return dialogPart<QRadioButton>(dialog, "landscape");
 }
 
 QDoubleSpinBox &length(const QWidget &dialog, const char *name)
 {
-    return *dialog.findChild<QDoubleSpinBox *>(QLatin1String(name));
+    return dialogPart<QDoubleSpinBox>(dialog, name);
 }
 
 /// Of the lengths in the fields.
 QPageLayout::Unit unit(const QWidget &dialog)
 {
-    return dialog.findChild<QComboBox *>(QStringLiteral("unitCombo"))
-        ->currentData()
-        .value<QPageLayout::Unit>();
+    return dialogPart<QComboBox>(dialog, "unitCombo").currentData().value<QPageLayout::Unit>();
 }
 
 int indexOf(const QPageSize &size, const QComboBox &sizes)
@@ -61,7 +61,7 @@ void PageSetupFields::show(const QPageLayout &layout, const QWidget &dialog)
     length(dialog, "topMargin").setValue(margins.top());
     length(dialog, "rightMargin").setValue(margins.right());
     length(dialog, "bottomMargin").setValue(margins.bottom());
-    dialog.findChild<QWidget *>(QStringLiteral("pagesPerSheetButtonGroup"))->hide();
+    dialogPart<QWidget>(dialog, "pagesPerSheetButtonGroup").hide();
 }
 
 QPageLayout PageSetupFields::layout(const QWidget &dialog)

@@ -1,6 +1,7 @@
 #include "PrinterDialog.h"
 
 #include "CommonDialog.h"
+#include "DialogPart.h"
 #include "PageSetupFields.h"
 #include "ShowDialog.h"
 
@@ -45,9 +46,9 @@ bool showPageSetup(QWidget *owner, const QString &title, QPrinter &printer)
 /// Qt leaves them where they are whatever its option says.
 void hidePageChoice(const QPrintDialog &dialog)
 {
-    const QWidget *choices = dialog.findChild<QWidget *>(QStringLiteral("gbPrintRange"));
+    const auto &choices = dialogPart<QWidget>(dialog, "gbPrintRange");
     for (const char *name : {"printRange", "from", "label_3", "to", "pagesRadioButton", "pagesLineEdit"}) {
-        if (auto *choice = choices->findChild<QWidget *>(QLatin1String(name)))
+        if (auto *choice = choices.findChild<QWidget *>(QLatin1String(name)))
             choice->hide();
     }
 }
