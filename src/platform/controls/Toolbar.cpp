@@ -45,13 +45,12 @@ void Toolbar::addRow(const ToolbarRow &row)
     }
     const QString toolTip = QString::fromLatin1(row.toolTip);
     QAction *action = addAction(toolTip);
-    action->setObjectName(QString::fromLatin1(row.key));
     action->setToolTip(toolTip);
     m_buttons.insert(row.position, action);
     m_styles.insert(row.position, row.style);
     m_icons.insert(action, QString::fromLatin1(row.icon));
     auto &button = static_cast<QToolButton &>(*widgetForAction(action));
-    button.setObjectName(action->objectName());
+    button.setObjectName(QString::fromLatin1(row.key));
     button.setAccessibleName(toolTip);
     if (row.style == ToolbarRow::Style::DropDown)
         addList(button);
@@ -92,7 +91,7 @@ QAction &Toolbar::button(int position) const
 QAction &Toolbar::button(const QString &key) const
 {
     for (QAction *action : m_buttons) {
-        if (!action->isSeparator() && action->objectName() == key)
+        if (!action->isSeparator() && widgetForAction(action)->objectName() == key)
             return *action;
     }
     refuse(key);
@@ -134,7 +133,7 @@ void Toolbar::clicked(int position)
         pressInGroup(position);
     else if (action.isCheckable())
         action.setChecked(true); // the click itself has released it
-    Q_EMIT ButtonClick(action.objectName());
+    Q_EMIT ButtonClick(widgetForAction(&action)->objectName());
 }
 
 void Toolbar::pressInGroup(int position)

@@ -53,14 +53,6 @@ TEST_F(ToolbarTest, ButtonsAreReachedByPositionAndByKey)
     EXPECT_EQ(errorNumberOf([&] { toolbar.button(QStringLiteral("print")); }), 35601);
 }
 
-TEST_F(ToolbarTest, ButtonAndItsActionAreNamedByTheKey)
-{
-    const QToolButton *print = widget("Print");
-    ASSERT_NE(print, nullptr);
-    EXPECT_EQ(print->defaultAction()->objectName(), QStringLiteral("Print"));
-    EXPECT_EQ(print->defaultAction(), &toolbar.button(5));
-}
-
 TEST_F(ToolbarTest, RangesIncludeTheSeparatorsBetween)
 {
     toolbar.setButtonsVisible(2, 24, false);
