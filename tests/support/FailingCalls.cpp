@@ -15,7 +15,7 @@ struct Failure
     int times = 0;
 };
 
-std::array<Failure, 5> failures;
+std::array<Failure, 6> failures;
 std::atomic<bool> isSyncHeld = false;
 std::atomic<int> syncCount = 0;
 
@@ -75,6 +75,11 @@ int linkat(int oldFolder, const char *from, int newFolder, const char *to, int f
 int unlinkat(int folder, const char *name, int flags) noexcept
 {
     return perform(FailingCalls::Unlink, SYS_unlinkat, folder, name, flags);
+}
+
+int close(int file)
+{
+    return perform(FailingCalls::Close, SYS_close, file);
 }
 
 int fsync(int file)

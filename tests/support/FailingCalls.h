@@ -5,7 +5,7 @@
 class FailingCalls
 {
 public:
-    enum Call { RenameToFree, Rename, Link, Unlink, Sync };
+    enum Call { RenameToFree, Rename, Link, Unlink, Sync, Close };
 
     FailingCalls() = default;
     ~FailingCalls();

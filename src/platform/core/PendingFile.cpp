@@ -62,6 +62,13 @@ void renameOverPlaceholder(int folder, const QByteArray &from, const QByteArray 
     fail(error);
 }
 
+/// Some file systems report what they could not write only here. The lock stays with \a file.
+void closeDuplicate(const Descriptor &file)
+{
+    Descriptor duplicate(::fcntl(file.get(), F_DUPFD_CLOEXEC, 0));
+    check(duplicate.isOpen() && duplicate.close());
+}
+
 /// Not every file system can rename to a free name in one step, nor give a file a second name. Returns false
 /// where the file has both names now.
 bool renameToFree(int folder, const QByteArray &from, const QByteArray &to)
@@ -121,6 +128,7 @@ std::function<int()> PendingFile::syncing() const
 
 void PendingFile::publish(const QByteArray &name, Existing existing)
 {
+    closeDuplicate(m_file);
     const int folder = m_folder.get();
     if (existing == Existing::Replace)
         check(::renameat(folder, m_hidden.constData(), folder, name.constData()) == 0);

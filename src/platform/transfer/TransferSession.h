@@ -9,8 +9,7 @@
 #include <memory>
 
 /// What runs behind an InternetTransfer: its connection, the command at work and the states that are still to
-/// be reported. It says what to do when something fails; how a command works is known to
-/// the jobs.
+/// be reported. It says what to do when something fails; how a command works is known to the jobs.
 class TransferSession : public QObject
 {
     Q_OBJECT

@@ -130,6 +130,24 @@ TEST_F(PendingFileTest, AnErrorOfTheDiskIsNoMissingAbility)
     EXPECT_EQ(names(), QStringList());
 }
 
+TEST_F(PendingFileTest, AnErrorThatComesWithTheCloseIsNoticed)
+{
+    scratch.addFile("name", "old");
+    {
+        PendingFile file(folder.get(), 0600);
+        file.write("new");
+        calls.fail(FailingCalls::Close, EIO, 1);
+        try {
+            file.publish("name", Existing::Replace);
+            ADD_FAILURE() << "published";
+        } catch (const std::system_error &failure) {
+            EXPECT_EQ(failure.code().value(), EIO);
+        }
+    }
+    EXPECT_EQ(names(), QStringList{QStringLiteral("name")});
+    EXPECT_EQ(content("name"), "old");
+}
+
 /// The file is whole under its name: its hidden name is no failure.
 TEST_F(PendingFileTest, AHiddenNameThatStaysIsNoFailure)
 {
