@@ -11,7 +11,7 @@
 //
 //     bench_Archive make ARCHIVE FOLDER      all below the folder, names as they are
 //     bench_Archive add ARCHIVE FILE
-//     bench_Archive extract ARCHIVE FOLDER
+//     bench_Archive extract ARCHIVE FOLDER   over what is there
 //     bench_Archive list ARCHIVE
 //
 // Prints the longest time between two calls of the service function, in ms: that long a window is not
@@ -81,6 +81,7 @@ int unzip(const char *archive, const char *folder, Pauses &pauses)
     options.lpszExtractDir = folder ? folder : "";
     options.nvflag = folder ? 0 : 1;
     options.ndflag = 1;
+    options.noflag = 1;
     USERFUNCTION functions;
     functions.print = [](QByteArrayView) { return 0; };
     functions.message = [](const ListedEntry &) {};

@@ -113,7 +113,7 @@ TEST_F(KilledJobTest, LeavesOnlyWholeFiles)
             else
                 ASSERT_TRUE(file.value() == expected.value(name)) << name.constData();
         }
-        ASSERT_LE(left, 2) << i; // one for each thread; the next job removes them
+        ASSERT_LE(left, files.size()) << i; // what replaces files waits for the disk; the next job removes it
     }
     EXPECT_GT(killed, kills / 4);
     EXPECT_EQ(job.extract(archive, target), UnzipResult::Success);

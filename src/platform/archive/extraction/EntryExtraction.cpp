@@ -1,20 +1,20 @@
 #include "EntryExtraction.h"
 
 #include "CarriageReturns.h"
-#include "ExtractedFile.h"
 
-void EntryExtraction::run(const ExtractionTask &task, PackedData &data,
-                          const std::function<void()> &betweenPieces)
+std::unique_ptr<ExtractedFile> EntryExtraction::run(const ExtractionTask &task, PackedData &data,
+                                                    const std::function<void()> &betweenPieces)
 {
     m_reader.start(data, *task.entry, task.isUnpacked, betweenPieces);
     if (!task.folder) {
         write(task, task.output, betweenPieces);
-        return;
+        return nullptr;
     }
-    ExtractedFile file(task.folder, *task.entry);
+    auto file = std::make_unique<ExtractedFile>(task);
     write(
-        task, [&file](QByteArrayView piece) { file.write(piece); }, betweenPieces);
-    file.publish(task.name, task.existing, task.ordinaryMode);
+        task, [&file](QByteArrayView piece) { file->write(piece); }, betweenPieces);
+    file->finish();
+    return file;
 }
 
 void EntryExtraction::write(const ExtractionTask &task, const std::function<void(QByteArrayView)> &output,

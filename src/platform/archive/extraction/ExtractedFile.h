@@ -1,23 +1,25 @@
 #pragma once
 
-#include "ArchiveEntry.h"
+#include "ExtractionTask.h"
 #include "PartFile.h"
-#include "TargetFolder.h"
 
 /// The file that an entry becomes. It appears under its name, with its time and permissions, only when it is
 /// whole. Throws FileFailure.
 class ExtractedFile
 {
 public:
-    ExtractedFile(TargetFolder::Folder folder, const ArchiveEntry &entry);
+    explicit ExtractedFile(const ExtractionTask &task);
 
     void write(QByteArrayView bytes) { m_part.file().write(bytes); }
-    /// \a existing says what happens where the name is taken, \a ordinaryMode are the permissions where the
-    /// entry has none.
-    void publish(const QByteArray &name, PartFile::Existing existing, mode_t ordinaryMode);
+    /// All is written. The file gets its time and permissions.
+    void finish();
+    /// It takes the place of a file, so its data has to be on the disk first: what there was is lost only for
+    /// what lasts. finish() has the disk begin with that; several files that are finished before the first is
+    /// published cost hardly more time than one.
+    bool replaces() const { return m_task.existing == PartFile::Existing::Replace; }
+    void publish();
 
 private:
-    TargetFolder::Folder m_folder;
-    const ArchiveEntry &m_entry;
+    const ExtractionTask m_task;
     PartFile m_part;
 };

@@ -8,6 +8,8 @@ namespace {
 struct Cancelled
 {};
 
+constexpr std::size_t mostUnpublished = 64; // each is an open file
+
 } // namespace
 
 ExtractionPool::ExtractionPool(const FileDescriptor &archive)
@@ -68,34 +70,69 @@ void ExtractionPool::work()
 void ExtractionPool::extractAll()
 {
     EntryExtraction extraction;
-    while (const auto slot = takeSlot()) {
-        slot->failure = extract(extraction, slot->task);
-        announce(slot.get());
+    std::vector<Unpublished> unpublished;
+    while (!m_isCancelled) {
+        const auto slot = takeSlot(unpublished.empty());
+        if (slot)
+            finish(*slot, [&] {
+                auto file = extract(extraction, slot->task);
+                if (file && file->replaces())
+                    unpublished.push_back({slot, std::move(file)});
+                else if (file)
+                    file->publish();
+                return unpublished.empty() || unpublished.back().slot != slot;
+            });
+        if (!slot || unpublished.size() >= mostUnpublished)
+            publishAll(unpublished);
     }
 }
 
-/// Null at the end.
-std::shared_ptr<ExtractionPool::Slot> ExtractionPool::takeSlot()
+/// Null at the end, and where no task is left unless the thread \a waits for one.
+std::shared_ptr<ExtractionPool::Slot> ExtractionPool::takeSlot(bool waits)
 {
     std::unique_lock lock(m_mutex);
-    m_forWorkers.wait(lock, [this] { return m_isCancelled || m_taken < m_slots.size(); });
-    return m_isCancelled ? nullptr : m_slots[m_taken++];
+    if (waits)
+        m_forWorkers.wait(lock, [this] { return m_isCancelled || m_taken < m_slots.size(); });
+    return m_isCancelled || m_taken == m_slots.size() ? nullptr : m_slots[m_taken++];
 }
 
-std::exception_ptr ExtractionPool::extract(EntryExtraction &extraction, const ExtractionTask &task)
+std::unique_ptr<ExtractedFile> ExtractionPool::extract(EntryExtraction &extraction,
+                                                       const ExtractionTask &task)
 {
     const auto betweenPieces = [this] {
         if (m_isCancelled)
             throw Cancelled();
         announce(nullptr);
     };
-    try {
-        PlainData plain(m_archive, task.dataOffset, qint64(task.entry->packedSize));
-        extraction.run(task, task.data ? *task.data : plain, betweenPieces);
-        return nullptr;
-    } catch (...) {
-        return std::current_exception();
+    PlainData plain(m_archive, task.dataOffset, qint64(task.entry->packedSize));
+    return extraction.run(task, task.data ? *task.data : plain, betweenPieces);
+}
+
+void ExtractionPool::publishAll(std::vector<Unpublished> &files)
+{
+    for (Unpublished &unpublished : files) {
+        if (m_isCancelled)
+            break;
+        finish(*unpublished.slot, [&] {
+            unpublished.file->publish();
+            return true;
+        });
     }
+    files.clear();
+}
+
+/// Runs \a step, which returns whether the task is done. It also is where the step fails.
+template<class Step>
+void ExtractionPool::finish(Slot &slot, Step step)
+{
+    bool isDone = true;
+    try {
+        isDone = step();
+    } catch (...) {
+        slot.failure = std::current_exception();
+    }
+    if (isDone)
+        announce(&slot);
 }
 
 void ExtractionPool::announce(Slot *done)

@@ -40,7 +40,7 @@ public:
     std::optional<Done> wait();
 
 private:
-    static constexpr std::size_t mostSlots = 64;
+    static constexpr std::size_t mostSlots = 256;
 
     struct Slot
     {
@@ -49,10 +49,20 @@ private:
         bool isDone = false;
     };
 
+    /// A file whose data goes to the disk before it replaces another one.
+    struct Unpublished
+    {
+        std::shared_ptr<Slot> slot;
+        std::unique_ptr<ExtractedFile> file;
+    };
+
     void work();
     void extractAll();
-    std::shared_ptr<Slot> takeSlot();
-    std::exception_ptr extract(EntryExtraction &extraction, const ExtractionTask &task);
+    std::shared_ptr<Slot> takeSlot(bool waits);
+    std::unique_ptr<ExtractedFile> extract(EntryExtraction &extraction, const ExtractionTask &task);
+    void publishAll(std::vector<Unpublished> &files);
+    template<class Step>
+    void finish(Slot &slot, Step step);
     void announce(Slot *done);
 
     const FileDescriptor &m_archive;
