@@ -11,8 +11,8 @@
 
 namespace {
 
-constexpr int boxWidth = 8;   // characters, at least
-constexpr int columnGap = 12; // pixels, beside the layout's own
+constexpr int leastWidth = 12; // characters
+constexpr int columnGap = 12;  // pixels, beside the layout's own
 
 /// "txtName" has the label "lblName".
 QByteArray labelName(const char *field)
@@ -30,7 +30,6 @@ FieldGrid::FieldGrid()
 QLineEdit *FieldGrid::addText(const char *name, const QString &caption, int limit)
 {
     auto *box = named<QLineEdit>(name, caption);
-    box->setMinimumWidth(boxWidth * box->fontMetrics().averageCharWidth());
     if (limit)
         box->setMaxLength(limit);
     addField(name, caption, box);
@@ -72,6 +71,7 @@ void FieldGrid::addField(const char *name, const QString &caption, QWidget *fiel
     const int row = rowCount();
     auto *label = named<QLabel>(labelName(name).constData(), caption);
     label->setBuddy(field);
+    field->setMinimumWidth(leastWidth * field->fontMetrics().averageCharWidth());
     addWidget(label, row, 0);
     addWidget(field, row, 1, 1, beside ? 1 : 2);
     if (beside)

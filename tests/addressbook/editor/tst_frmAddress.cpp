@@ -359,3 +359,14 @@ TEST_F(FrmAddressTest, OtherSalutationsAndGroupsBecomeTheFirst)
     EXPECT_EQ(leaveWith("cmbGroups", "Family"), QStringLiteral("Family"));
     EXPECT_EQ(leaveWith("cmbGroups", "family"), QStringLiteral("Default"));
 }
+
+TEST_F(FrmAddressTest, MayBeNarrowAndBeginsWide)
+{
+    editor.openNew();
+    const int character = editor.form().fontMetrics().averageCharWidth();
+    EXPECT_LT(editor.form().minimumSizeHint().width(), 100 * character);
+    EXPECT_GE(editor.form().width(), 120 * character);
+    editor.form().resize(editor.form().minimumSizeHint());
+    for (const char *box : {"txtHPhone1", "txtBPhone2", "txtEMail", "txtHAddress", "cmbHCity"})
+        EXPECT_GE(editor.control<QWidget>(box).width(), 12 * character) << box;
+}

@@ -7,6 +7,8 @@
 
 #include <QLabel>
 #include <gtest/gtest.h>
+#include <latch>
+#include <thread>
 
 namespace {
 
@@ -35,6 +37,9 @@ struct FrmRegCityNames : FrmRegCityTest, testing::WithParamInterface<HostileName
 {};
 
 const QString placeholder = QStringLiteral("1|..|1");
+/// Takes long, but less long than a writer is waited for.
+const QString longWork = QStringLiteral("create temp table T as with recursive N(i) as (select 1 union all "
+                                        "select i+1 from N where i<1000000) select i from N");
 const QString london = QStringLiteral("2|London|2");
 
 } // namespace
@@ -268,7 +273,29 @@ TEST_P(FrmRegCityNames, AreStored)
 INSTANTIATE_TEST_SUITE_P(Texts, FrmRegCityNames, testing::ValuesIn(HostileNames::texts()),
                          HostileNames::what<testing::TestParamInfo<HostileName>>);
 
-/// Another program that is about to add a city would get the same id.
+/// The name and the id are looked up when no other program can add a city any more.
+TEST_F(FrmRegCityTest, AWriterOfAnotherProgramIsWaitedFor)
+{
+    openNew();
+    dialog.type("txtCity", QStringLiteral("Dover"));
+    dialog.type("cmbStates", QStringLiteral("Kent"));
+    std::latch isWriting(1);
+    std::thread writer([&] {
+        Connection other;
+        other.open(dialog.book.path());
+        other.execute(QStringLiteral("begin immediate"));
+        other.execute(QStringLiteral("insert into city values(3,'Leeds',1)"));
+        isWriting.count_down();
+        other.execute(longWork);
+        other.execute(QStringLiteral("commit"));
+    });
+    isWriting.wait();
+    dialog.click("cmdOK");
+    writer.join();
+    EXPECT_FALSE(dialog.isOpen());
+    EXPECT_EQ(cities().mid(2), QStringList({QStringLiteral("3|Leeds|1"), QStringLiteral("4|Dover|2")}));
+}
+
 TEST_F(FrmRegCityTest, AWriterOfAnotherProgramIsReportedAndTheCityCanBeStoredLater)
 {
     openNew();
