@@ -7,6 +7,7 @@
 #include "StatusBar.h"
 #include "Toolbar.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMdiSubWindow>
@@ -158,16 +159,26 @@ QString CommandEffect::difference(const State &before, const State &after)
     return changes.join(QStringLiteral(" | "));
 }
 
+void CommandEffect::choose(const QString &name) const
+{
+    if (m_suite.frame().findChild<QAction *>(name)) {
+        m_suite.choose(qPrintable(name));
+    } else {
+        m_suite.frame().tbToolBar().button(name).trigger();
+        QCoreApplication::processEvents();
+    }
+}
+
 QString CommandEffect::of(const QString &name)
 {
     const State before = state();
-    m_suite.choose(qPrintable(name));
+    choose(name);
     return difference(before, state());
 }
 
 QString CommandEffect::toolStartedBy(const QString &name, const QString &tool)
 {
     m_desktop.install(qPrintable(tool));
-    m_suite.choose(qPrintable(name));
+    choose(name);
     return m_desktop.started().section(u' ', -1);
 }

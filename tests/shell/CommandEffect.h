@@ -30,6 +30,7 @@ private:
     State state() const;
     QString arrangement() const;
     QString dialogs() const;
+    void choose(const QString &name) const;
     static QString difference(const State &before, const State &after);
 
     RunningSuite m_suite;
