@@ -195,13 +195,13 @@ TEST_F(FrameButtonsTest, EveryPictureIsSeenInTheDark)
     QApplication::setPalette(before);
 }
 
+constexpr std::array formats = {"Bold",   "Italic",      "Underline",   "Align Left",
+                                "Center", "Align Right", "Font Colour", "Font",
+                                "bullet", "indent",      "removeindent"};
+
 class RefusedFormat : public FrameButtonsTest, public testing::WithParamInterface<const char *>
 {
 protected:
-    static constexpr std::array formats = {"Bold",   "Italic",      "Underline",   "Align Left",
-                                           "Center", "Align Right", "Font Colour", "Font",
-                                           "bullet", "indent",      "removeindent"};
-
     QStringList pressed() const
     {
         QStringList keys;
@@ -224,9 +224,7 @@ TEST_P(RefusedFormat, LeavesTheButtonsOfALockedDocumentAsTheyWere)
     EXPECT_TRUE(QTest::qWaitFor([&] { return pressed() == before; })) << pressed().join(u' ').toStdString();
 }
 
-INSTANTIATE_TEST_SUITE_P(Keys, RefusedFormat,
-                         testing::Values("Bold", "Italic", "Underline", "Align Left", "Center", "Align Right",
-                                         "Font Colour", "Font", "bullet", "indent", "removeindent"));
+INSTANTIATE_TEST_SUITE_P(Keys, RefusedFormat, testing::ValuesIn(formats));
 
 TEST_F(FrameButtonsTest, TheMainPartOfADropDownShowsAHint)
 {
