@@ -8,7 +8,7 @@ namespace {
 struct Cancelled
 {};
 
-constexpr std::size_t mostUnpublished = 64; // each is an open file
+constexpr std::size_t mostUnpublished = 32; // each is an open file
 
 } // namespace
 

@@ -40,7 +40,7 @@ public:
     std::optional<Done> wait();
 
 private:
-    static constexpr std::size_t mostSlots = 256;
+    static constexpr std::size_t mostSlots = 64;
 
     struct Slot
     {

@@ -6,5 +6,5 @@
 struct ReadFailure
 {
     QByteArray path;
-    int error; ///< a value of errno
+    int error = 0; ///< a value of errno
 };
