@@ -1,5 +1,7 @@
 #include "BoxStep.h"
 
+#include "SeenDialog.h"
+
 #include <QAbstractButton>
 #include <QPushButton>
 #include <gtest/gtest.h>
@@ -36,7 +38,7 @@ BoxStep &BoxStep::press(QMessageBox::StandardButton button)
 bool BoxStep::matches(const QWidget &window) const
 {
     const auto *box = qobject_cast<const QMessageBox *>(&window);
-    return box && box->windowTitle() == m_title && box->text() == m_text;
+    return box && box->windowTitle() == m_title && SeenDialog::of(*box).text == m_text;
 }
 
 void BoxStep::answer(QWidget &window) const

@@ -6,6 +6,8 @@
 
 namespace {
 
+constexpr QChar placeToBreak(0x200B); // in long words
+
 QString plain(QString caption)
 {
     return caption.remove(u'&');
@@ -13,7 +15,7 @@ QString plain(QString caption)
 
 void addBox(SeenDialog &seen, const QMessageBox &box)
 {
-    seen.text = box.text();
+    seen.text = box.text().remove(placeToBreak);
     seen.icon = box.icon();
     for (const QAbstractButton *button : box.buttons())
         seen.buttons << plain(button->text());

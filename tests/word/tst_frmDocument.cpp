@@ -8,6 +8,7 @@
 #include "Paths.h"
 #include "RunningSuite.h"
 #include "ScratchFolder.h"
+#include "SeenDialog.h"
 #include "ShownText.h"
 #include "StandInTool.h"
 #include "UrlCatcher.h"
@@ -445,7 +446,7 @@ TEST_P(DocumentNameTest, IsShownAsItIs)
     suite.dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [&](QMessageBox &box) {
         EXPECT_EQ(box.windowTitle(), QString::fromLatin1(saveChanges));
         EXPECT_EQ(box.textFormat(), Qt::PlainText);
-        EXPECT_EQ(box.text(), QStringLiteral("Save Changes to ") + ShownText::lines(name));
+        EXPECT_EQ(SeenDialog::of(box).text, QStringLiteral("Save Changes to ") + ShownText::lines(name));
         box.button(QMessageBox::No)->click();
     });
     suite.choose("mnuFileClose");

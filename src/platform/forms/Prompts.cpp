@@ -103,13 +103,32 @@ void fitTitle(QMessageBox &box)
     grid->addItem(new QSpacerItem(width, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
+/// \a text with places to break in words that are longer than a line, such as file names without blanks; the
+/// box would be wider than the screen.
+QString breakable(const QString &text)
+{
+    constexpr int longest = 60; // characters
+    constexpr QChar placeToBreak(0x200B);
+    QString result;
+    int length = 0;
+    for (const QChar character : text) {
+        length = character.isSpace() ? 0 : length + 1;
+        if (length > longest && !character.isLowSurrogate() && !character.isMark()) {
+            result += placeToBreak;
+            length = 1;
+        }
+        result += character;
+    }
+    return result;
+}
+
 /// Shows \a box and returns the button pressed.
 int ask(std::unique_ptr<QMessageBox> box, const QString &text, MsgBoxStyle style, const QString &title)
 {
     box->setObjectName(QStringLiteral("MsgBox"));
     box->setWindowTitle(ShownText::line(title.isEmpty() ? Paths::applicationTitle : title));
     box->setTextFormat(Qt::PlainText);
-    box->setText(ShownText::lines(text));
+    box->setText(breakable(ShownText::lines(text)));
     box->setIcon(iconOf(style));
     addButtons(*box, style);
     fitTitle(*box);

@@ -2,10 +2,12 @@
 #include "Form.h"
 #include "PrintQt.h"
 #include "Prompts.h"
+#include "SeenDialog.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QScreen>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -213,6 +215,16 @@ TEST_F(MsgBoxTest, BelongsToTheActiveWindowElseToTheNewestFormOnTheScreen)
     EXPECT_EQ(ownerWithoutActive(), &older);
     older.hide();
     EXPECT_EQ(ownerWithoutActive(), nullptr);
+}
+
+TEST_F(MsgBoxTest, ALongWordIsBroken)
+{
+    text = QString(250, u'w') + QStringLiteral(" is read-only");
+    replyTo(MsgBoxStyle::Plain, [&](QMessageBox &box) {
+        EXPECT_LE(box.width(), box.screen()->availableGeometry().width());
+        EXPECT_EQ(SeenDialog::of(box).text, text);
+        box.accept();
+    });
 }
 
 TEST_F(MsgBoxTest, BelongsToTheModalWindowInFront)
