@@ -233,3 +233,16 @@ TEST_F(FilesTest, WithoutPermissionTheFileIsUnchanged)
     ::chmod(QFile::encodeName(home.path()).constData(), 0755);
     EXPECT_EQ(folder(), QStringList(QStringLiteral("note.txt")));
 }
+
+TEST_F(FilesTest, APassingFileIsReplacedWholeOrNotAtAll)
+{
+    Files::writePassing(path, "one");
+    Files::writePassing(path, "two");
+    EXPECT_EQ(Files::read(path), QByteArray("two"));
+    {
+        const FullDisk disk(100);
+        EXPECT_THROW(Files::writePassing(path, QByteArray(1000, 'x')), RuntimeError);
+    }
+    EXPECT_EQ(Files::read(path), QByteArray("two"));
+    EXPECT_EQ(folder(), QStringList(QStringLiteral("note.txt")));
+}

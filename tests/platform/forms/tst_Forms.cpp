@@ -68,6 +68,14 @@ TEST_F(FormsTest, ANamedInstanceIsMadeOnceAndReused)
     EXPECT_EQ(&Forms::refer(single), &first);
 }
 
+TEST_F(FormsTest, AnUnregisteredNameIsUnknown)
+{
+    EXPECT_TRUE(Forms::isRegistered(document));
+    Forms::unregisterWindow(document);
+    EXPECT_FALSE(Forms::isRegistered(document));
+    EXPECT_EQ(errorNumberOf([] { Forms::refer(document); }), 424);
+}
+
 TEST_F(FormsTest, AnUnloadedInstanceIsForgotten)
 {
     Form &first = loaded(single);
