@@ -8,7 +8,6 @@
 #include "PrintQt.h"
 #include "ScratchFolder.h"
 #include "UnzipRun.h"
-#include "Version.h"
 #include "ZipRun.h"
 
 #include <filesystem>
@@ -574,15 +573,6 @@ TEST_F(UnzipLibraryTest, RunsOneJobAtATime)
     };
     EXPECT_EQ(extract(), UnzipResult::Success);
     EXPECT_EQ(inner, UnzipResult::BadParameters);
-}
-
-TEST_F(UnzipLibraryTest, HasTheVersionOfTheSuite)
-{
-    UZPVER version;
-    UzpVersion2(version);
-    EXPECT_EQ(version.windll[0], Version::major);
-    EXPECT_EQ(version.windll[1], Version::minor);
-    EXPECT_EQ(version.windll[2], Version::revision);
 }
 
 /// Whatever the name, the file is extracted under it, or nothing is.

@@ -202,12 +202,25 @@ void ArchiveRewrite::commit()
         checkCall(::fchmod(m_new->file().get(), FileMode::ordinary()) == 0);
     callDisk([](const FileDescriptor &to) { checkCall(::fsync(to.get()) == 0); });
     requireUnchanged();
-    m_new->publish(m_name, file().isOpen() ? PartFile::Existing::Replace : PartFile::Existing::Keep);
+    publish();
     try {
         // The rename itself has to last; not every file system offers it.
         DiskCall::run([folder = sharedCopy(m_folder)] { ::fsync(folder->get()); }, m_betweenPieces);
     } catch (...) {
     } // the archive is there
+}
+
+/// Cannot be cancelled: nobody could say then which archive is there.
+void ArchiveRewrite::publish()
+{
+    const auto existing = file().isOpen() ? PartFile::Existing::Replace : PartFile::Existing::Keep;
+    const auto whileWaiting = [this] {
+        try {
+            m_betweenPieces();
+        } catch (...) {
+        }
+    };
+    DiskCall::run([this, existing] { m_new->publish(m_name, existing); }, whileWaiting);
 }
 
 void ArchiveRewrite::requireUnchanged() const

@@ -42,6 +42,7 @@ private:
     void writeGathered();
     zip_int64_t seekNew(void *arguments, zip_uint64_t size);
     void commit();
+    void publish();
     void requireUnchanged() const;
     void callDisk(std::function<void(const FileDescriptor &)> step) const;
     void remove();
