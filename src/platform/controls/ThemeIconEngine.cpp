@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPalette>
 #include <QPixmapCache>
+#include <algorithm>
 #include <cstdlib>
 #include <optional>
 
@@ -35,6 +36,14 @@ std::optional<QColor> singleColor(const QImage &image)
     return first;
 }
 
+/// On a button of \a palette, which the style draws in its color and, towards the top, lighter.
+bool isSeenOnButton(const QColor &color, const QPalette &palette)
+{
+    constexpr int lightest = 145; // percent
+    const QColor button = palette.color(QPalette::Button);
+    return std::min(contrast(color, button), contrast(color, button.lighter(lightest))) >= leastContrast;
+}
+
 /// \a color, as near to that of the text as it takes to be seen on a button.
 QColor visibleOnButton(const QColor &color)
 {
@@ -42,7 +51,7 @@ QColor visibleOnButton(const QColor &color)
     constexpr double step = 0.125;
     double share = 0;
     QColor result = color;
-    while (share < 1 && contrast(result, palette.color(QPalette::Button)) < leastContrast) {
+    while (share < 1 && !isSeenOnButton(result, palette)) {
         share += step;
         result = mixed(color, palette.color(QPalette::ButtonText), share);
     }

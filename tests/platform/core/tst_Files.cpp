@@ -236,12 +236,12 @@ TEST_F(FilesTest, WithoutPermissionTheFileIsUnchanged)
 
 TEST_F(FilesTest, APassingFileIsReplacedWholeOrNotAtAll)
 {
-    Files::writePassing(path, "one");
-    Files::writePassing(path, "two");
+    Files::writeWithoutSync(path, "one");
+    Files::writeWithoutSync(path, "two");
     EXPECT_EQ(Files::read(path), QByteArray("two"));
     {
         const FullDisk disk(100);
-        EXPECT_THROW(Files::writePassing(path, QByteArray(1000, 'x')), RuntimeError);
+        EXPECT_THROW(Files::writeWithoutSync(path, QByteArray(1000, 'x')), RuntimeError);
     }
     EXPECT_EQ(Files::read(path), QByteArray("two"));
     EXPECT_EQ(folder(), QStringList(QStringLiteral("note.txt")));
