@@ -15,7 +15,7 @@ FrameMenuBar::FrameMenuBar(QWidget *parent)
 
 void FrameMenuBar::focusChanged(QWidget *before, QWidget *now)
 {
-    if (now == this && before != this)
+    if (now == this && before && before != this)
         m_focusedBefore = before;
 }
 
@@ -40,6 +40,7 @@ void FrameMenuBar::menuHides()
 void FrameMenuBar::giveKeyboardBack()
 {
     const bool isAtPlainItem = activeAction() && !activeAction()->menu();
-    if (hasFocus() && !QApplication::activePopupWidget() && !isAtPlainItem && m_focusedBefore)
+    if (window()->focusWidget() == this && !QApplication::activePopupWidget() && !isAtPlainItem &&
+        m_focusedBefore)
         m_focusedBefore->setFocus(Qt::MenuBarFocusReason);
 }

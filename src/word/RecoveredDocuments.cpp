@@ -20,8 +20,9 @@ RecoveredDocuments RecoveredDocuments::open()
 {
     RecoveredDocuments documents;
     for (std::unique_ptr<RecoveryCopy> &orphan : RecoveryFolder::takeOrphans()) {
-        const std::optional<RecoveryText> text = orphan->read();
-        if (!text || orphan->hasFailedToOpen()) {
+        // A copy that has made the suite crash is not even read.
+        const auto text = orphan->hasFailedToOpen() ? std::nullopt : orphan->read();
+        if (!text) {
             ++documents.failedCopies;
             continue;
         }

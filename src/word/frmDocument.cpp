@@ -290,6 +290,8 @@ void frmDocument::saveActiveForm(RichTextFile::Format format)
         dlgCommonDialog.FileName.clear();
         resumeNext([&] { dlgCommonDialog.ShowSave(); });
     } while (dlgCommonDialog.FileName.isEmpty() || !writeActiveForm(dlgCommonDialog.FileName, format));
+    if (mainFrame->ActiveForm() != this)
+        m_recovery.leaveBehind(); // this window's own text is in no file
 }
 
 bool frmDocument::writeActiveForm(const QString &name, RichTextFile::Format format)
@@ -302,8 +304,6 @@ bool frmDocument::writeActiveForm(const QString &name, RichTextFile::Format form
             throw RuntimeError(ErrorNumber::ObjectNotSet);
         active->setCaption(name);
         text = &DocumentText::of(*active);
-        if (text != rtfTextBox)
-            m_recovery.leaveBehind(); // this window's own text is in no file
     });
     if (!text)
         return true;

@@ -84,21 +84,6 @@ QPixmap recolored(const QPixmap &picture, QIcon::Mode mode)
     return shown == *color ? picture : inColor(picture, shown);
 }
 
-/// The same, made once for each picture and palette.
-QPixmap cachedRecolored(const QPixmap &picture, QIcon::Mode mode)
-{
-    const QString key = QStringLiteral("ThemeIconEngine %1 %2 %3")
-                            .arg(picture.cacheKey())
-                            .arg(QGuiApplication::palette().cacheKey())
-                            .arg(mode);
-    QPixmap result;
-    if (!QPixmapCache::find(key, &result)) {
-        result = recolored(picture, mode);
-        QPixmapCache::insert(key, result);
-    }
-    return result;
-}
-
 } // namespace
 
 void ThemeIconEngine::paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state)
@@ -114,9 +99,23 @@ QPixmap ThemeIconEngine::pixmap(const QSize &size, QIcon::Mode mode, QIcon::Stat
 
 QPixmap ThemeIconEngine::scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State state, qreal scale)
 {
-    const QPixmap picture = m_icon.pixmap(size / scale, scale, QIcon::Normal, state);
-    const QPixmap result = cachedRecolored(picture, mode);
-    return result.isNull() ? m_icon.pixmap(size / scale, scale, mode, state) : result;
+    const QString key = QStringLiteral("ThemeIconEngine %1 %2 %3 %4x%5 %6 %7 %8")
+                            .arg(m_icon.cacheKey())
+                            .arg(QGuiApplication::palette().cacheKey())
+                            .arg(QIcon::themeName())
+                            .arg(size.width())
+                            .arg(size.height())
+                            .arg(scale)
+                            .arg(mode)
+                            .arg(state);
+    QPixmap result;
+    if (!QPixmapCache::find(key, &result)) {
+        result = recolored(m_icon.pixmap(size / scale, scale, QIcon::Normal, state), mode);
+        if (result.isNull())
+            result = m_icon.pixmap(size / scale, scale, mode, state);
+        QPixmapCache::insert(key, result);
+    }
+    return result;
 }
 
 QSize ThemeIconEngine::actualSize(const QSize &size, QIcon::Mode mode, QIcon::State state)

@@ -29,7 +29,7 @@ QByteArray folderOf(const QByteArray &name)
 class TemporaryFile
 {
 public:
-    /// Its own name is short, however long that of \a target is.
+    /// Its name begins with that of \a target, as far as there is room.
     static TemporaryFile unique(const QByteArray &target, mode_t mode);
     static TemporaryFile fixed(const QByteArray &target, mode_t mode)
     {
@@ -63,9 +63,11 @@ private:
 
 TemporaryFile TemporaryFile::unique(const QByteArray &target, mode_t mode)
 {
+    const QByteArray folder = folderOf(target);
     for (;;) {
+        const QByteArray suffix = "." + QByteArray::number(QRandomGenerator::global()->generate(), 36);
         const QByteArray name =
-            folderOf(target) + ".new-" + QByteArray::number(QRandomGenerator::global()->generate(), 36);
+            folder + target.mid(target.lastIndexOf('/') + 1).left(NAME_MAX - suffix.size()) + suffix;
         const int fd = ::open(name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
         if (fd >= 0 || errno != EEXIST)
             return TemporaryFile(name, fd);

@@ -26,7 +26,7 @@ void writePrivate(const QString &path, const QByteArray &bytes);
 
 /// As write, for a caller that holds a lock against all other writers of \a path: the new bytes are in
 /// "PATH.new" meanwhile, so that what killed processes leave behind is one file, which the next write takes.
-/// The name of \a path may have four bytes less than others for that.
+/// The name of \a path must be four bytes shorter than the limit.
 void writeLocked(const QString &path, const QByteArray &bytes);
 
 } // namespace Files

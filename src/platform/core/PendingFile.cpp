@@ -36,11 +36,12 @@ bool lock(const Descriptor &file)
     return ::flock(file.get(), LOCK_EX | LOCK_NB) == 0;
 }
 
-/// Locks a new file. True where a sweep is removing it, or has done so.
-bool isSwept(const Descriptor &file)
+/// Locks the new file \a name. True where a sweep is removing it, or has done so.
+bool isSwept(const Descriptor &file, int folder, const QByteArray &name)
 {
     struct stat state = {};
-    return (!lock(file) && errno == EWOULDBLOCK) || (::fstat(file.get(), &state) == 0 && state.st_nlink == 0);
+    return (!lock(file) && errno == EWOULDBLOCK) ||
+           (::fstatat(folder, name.constData(), &state, AT_SYMLINK_NOFOLLOW) != 0 && errno == ENOENT);
 }
 
 /// The file system has no such operation.
@@ -94,7 +95,7 @@ PendingFile::PendingFile(int folder, mode_t mode)
         m_file = Descriptor(::openat(m_folder.get(), m_hidden.constData(),
                                      O_RDWR | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
         check(m_file.isOpen());
-    } while (isSwept(m_file));
+    } while (isSwept(m_file, m_folder.get(), m_hidden));
 }
 
 PendingFile::~PendingFile()

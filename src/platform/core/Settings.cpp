@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int patience = 2000; // milliseconds
+constexpr int lockTimeout = 2000; // milliseconds
 
 using Section = QMap<QString, QString>;
 
@@ -94,7 +94,7 @@ void Settings::save(const QString &application, const QString &section,
     QDir().mkpath(QFileInfo(path).path());
     QLockFile lock(path + QStringLiteral(".lock"));
     // Where no lock can be made at all, the write itself reports the reason.
-    if (!lock.tryLock(patience) && lock.error() == QLockFile::LockFailedError)
+    if (!lock.tryLock(lockTimeout) && lock.error() == QLockFile::LockFailedError)
         throw RuntimeError(ErrorNumber::PermissionDenied, {}, path);
 
     const QByteArray before = QFileInfo::exists(path) ? Files::read(path) : QByteArray();

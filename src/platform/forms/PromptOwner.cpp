@@ -3,21 +3,31 @@
 #include "Forms.h"
 
 #include <QApplication>
+#include <QMainWindow>
 #include <algorithm>
 
 namespace {
 
-bool isOnScreen(const Form *form)
+bool isOnScreen(const QWidget *widget)
 {
     // A box that belongs to a minimised window would be hidden with it.
-    return form->isVisible() && !form->window()->isMinimized();
+    return widget->isVisible() && !widget->window()->isMinimized();
 }
 
-QWidget *newestOnScreen()
+QWidget *newestForm()
 {
     const auto &forms = Forms::loaded();
     const auto newest = std::find_if(forms.crbegin(), forms.crend(), isOnScreen);
     return newest == forms.crend() ? nullptr : (*newest)->window();
+}
+
+QWidget *mainWindow()
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto found = std::find_if(windows.cbegin(), windows.cend(), [](const QWidget *window) {
+        return qobject_cast<const QMainWindow *>(window) && isOnScreen(window);
+    });
+    return found == windows.cend() ? nullptr : *found;
 }
 
 } // namespace
@@ -26,6 +36,8 @@ QWidget *promptOwner()
 {
     if (QWidget *modal = QApplication::activeModalWidget())
         return modal;
-    QWidget *active = QApplication::activeWindow();
-    return active ? active : newestOnScreen();
+    if (QWidget *active = QApplication::activeWindow())
+        return active;
+    QWidget *form = newestForm();
+    return form ? form : mainWindow();
 }

@@ -122,13 +122,28 @@ QString breakable(const QString &text)
     return result;
 }
 
+/// As much of \a text as a screen has room for; the buttons of a longer box could not be reached.
+QString bounded(const QString &text)
+{
+    constexpr int mostLines = 30;
+    constexpr int mostCharacters = 2000;
+    qsizetype end = -1;
+    for (int line = 0; line < mostLines; ++line) {
+        end = text.indexOf(u'\n', end + 1);
+        if (end < 0)
+            break;
+    }
+    end = end < 0 ? mostCharacters : qMin<qsizetype>(end, mostCharacters);
+    return end < text.size() ? text.left(end) + QChar(0x2026) : text;
+}
+
 /// Shows \a box and returns the button pressed.
 int ask(std::unique_ptr<QMessageBox> box, const QString &text, MsgBoxStyle style, const QString &title)
 {
     box->setObjectName(QStringLiteral("MsgBox"));
     box->setWindowTitle(ShownText::line(title.isEmpty() ? Paths::applicationTitle : title));
     box->setTextFormat(Qt::PlainText);
-    box->setText(breakable(ShownText::lines(text)));
+    box->setText(breakable(bounded(ShownText::lines(text))));
     box->setIcon(iconOf(style));
     addButtons(*box, style);
     fitTitle(*box);

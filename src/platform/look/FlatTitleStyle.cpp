@@ -131,7 +131,7 @@ QPixmap FlatTitleStyle::generatedIconPixmap(QIcon::Mode mode, const QPixmap &pix
     return faint;
 }
 
-/// The arrows of what has no room in a bar; Qt's are black in dark windows, too.
+/// The icons of the overflow buttons of toolbars and menu bars; Qt's are black in dark windows, too.
 QIcon FlatTitleStyle::standardIcon(StandardPixmap picture, const QStyleOption *option,
                                    const QWidget *widget) const
 {

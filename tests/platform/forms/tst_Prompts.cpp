@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QMainWindow>
 #include <QScreen>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -215,6 +216,9 @@ TEST_F(MsgBoxTest, BelongsToTheActiveWindowElseToTheNewestFormOnTheScreen)
     EXPECT_EQ(ownerWithoutActive(), &older);
     older.hide();
     EXPECT_EQ(ownerWithoutActive(), nullptr);
+    QMainWindow frame;
+    frame.show();
+    EXPECT_EQ(ownerWithoutActive(), &frame);
 }
 
 TEST_F(MsgBoxTest, ALongWordIsBroken)
@@ -222,9 +226,22 @@ TEST_F(MsgBoxTest, ALongWordIsBroken)
     text = QString(250, u'w') + QStringLiteral(" is read-only");
     replyTo(MsgBoxStyle::Plain, [&](QMessageBox &box) {
         EXPECT_LE(box.width(), box.screen()->availableGeometry().width());
+        EXPECT_GT(box.text().size(), text.size()); // places to break
         EXPECT_EQ(SeenDialog::of(box).text, text);
         box.accept();
     });
+}
+
+TEST_F(MsgBoxTest, ATextLongerThanTheScreenIsCut)
+{
+    for (const QString &much : {QString(60000, u'w'), QStringLiteral("line\n").repeated(10000)}) {
+        text = much;
+        replyTo(MsgBoxStyle::Plain, [&](QMessageBox &box) {
+            EXPECT_LE(box.height(), box.screen()->availableGeometry().height());
+            EXPECT_TRUE(box.text().endsWith(QChar(0x2026)));
+            box.accept();
+        });
+    }
 }
 
 TEST_F(MsgBoxTest, BelongsToTheModalWindowInFront)

@@ -120,6 +120,17 @@ TEST_F(HostileServerTest, AListWithoutAnEndIsCutOff)
     EXPECT_EQ(server.connections(), 1);
 }
 
+TEST_F(HostileServerTest, RepliesThatComeToNoEndAreCutOff)
+{
+    for (const char *line : {"150 Still here.\r\n", "\r\n"}) {
+        server.reply("CDUP", QByteArray(line).repeated(200000) + "150 Still here.");
+        EXPECT_EQ(probe.codeOf("CDUP"), TransferError::InvalidResponse);
+        probe.session().Cancel();
+    }
+    server.reply("CDUP", QByteArray("150 Still here.\r\n").repeated(1000) + "250 Done.");
+    EXPECT_EQ(probe.codeOf("CDUP"), 0);
+}
+
 TEST_F(HostileServerTest, ListsOfAllKindsArrive)
 {
     server.setListing(QByteArray("type=file; name\r\n").repeated(200000));

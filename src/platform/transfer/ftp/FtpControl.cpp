@@ -10,6 +10,7 @@
 namespace {
 
 constexpr int serviceEnds = 421;
+constexpr qint64 mostUnanswered = 4 * FtpReplyReader::mostBytes; // of preliminary replies and empty lines
 
 } // namespace
 
@@ -75,6 +76,7 @@ void FtpControl::awaitReply(Handler handler, Step preliminary)
     m_handler = std::move(handler);
     m_preliminary = std::move(preliminary);
     m_isReceiving = false;
+    m_unanswered = 0;
 }
 
 void FtpControl::ask(const QByteArray &request, Handler handler, Step preliminary)
@@ -125,6 +127,9 @@ bool FtpControl::receive()
     if (got <= 0)
         throw TransferFailure(m_codeIfGone);
     m_stream.acknowledge();
+    m_unanswered += got;
+    if (m_unanswered > mostUnanswered)
+        throw TransferFailure(TransferError::InvalidResponse);
     Q_EMIT heard();
     if (!std::exchange(m_isGreeted, true))
         Q_EMIT stateChanged(TransferState::Connected);
@@ -154,6 +159,7 @@ void FtpControl::dispatch(const FtpReply &reply)
     }
     Q_EMIT stateChanged(TransferState::ResponseReceived);
     m_preliminary = nullptr;
+    m_unanswered = 0;
     std::exchange(m_handler, nullptr)(reply);
 }
 

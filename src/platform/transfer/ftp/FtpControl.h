@@ -78,4 +78,5 @@ private:
     int m_codeIfEnded; ///< for one that the server says it closes
     bool m_isGreeted = false;
     bool m_isReceiving = false; ///< the reply has begun
+    qint64 m_unanswered = 0;    ///< bytes received since the request or its reply
 };
