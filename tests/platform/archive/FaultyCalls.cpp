@@ -80,6 +80,9 @@ ssize_t __real_pwrite(int, const void *, size_t, off_t);
 int __real_close(int);
 int __real_fsync(int);
 int __real_fdatasync(int);
+int __real_renameat(int, const char *, int, const char *);
+int __real_renameat2(int, const char *, int, const char *, unsigned);
+int __real_linkat(int, const char *, int, const char *, int);
 libdeflate_decompressor *__real_libdeflate_alloc_decompressor();
 
 int __wrap_open(const char *path, int flags, ...)
@@ -125,6 +128,24 @@ int __wrap_fdatasync(int file)
 {
     const int error = enter(FaultyCalls::Fdatasync);
     return error ? failed(error) : __real_fdatasync(file);
+}
+
+int __wrap_renameat(int fromFolder, const char *from, int toFolder, const char *to)
+{
+    const int error = enter(FaultyCalls::Rename, to);
+    return error ? failed(error) : __real_renameat(fromFolder, from, toFolder, to);
+}
+
+int __wrap_renameat2(int fromFolder, const char *from, int toFolder, const char *to, unsigned flags)
+{
+    const int error = enter(FaultyCalls::RenameToFree);
+    return error ? failed(error) : __real_renameat2(fromFolder, from, toFolder, to, flags);
+}
+
+int __wrap_linkat(int fromFolder, const char *from, int toFolder, const char *to, int flags)
+{
+    const int error = enter(FaultyCalls::Link);
+    return error ? failed(error) : __real_linkat(fromFolder, from, toFolder, to, flags);
 }
 
 libdeflate_decompressor *__wrap_libdeflate_alloc_decompressor()

@@ -8,7 +8,7 @@
 class FaultyCalls
 {
 public:
-    enum Call { Open, Write, Close, Fsync, Fdatasync, AllocateDecompressor };
+    enum Call { Open, Write, Close, Fsync, Fdatasync, Rename, RenameToFree, Link, AllocateDecompressor };
 
     FaultyCalls();
     ~FaultyCalls();
@@ -19,7 +19,8 @@ public:
     void fail(Call call, int error) const;
     /// So many bytes can still be written; then the disk is full.
     void leaveRoom(qint64 bytes) const;
-    /// From now on each \a call waits until release(), ten seconds at most; of Open those of \a path alone.
+    /// From now on each \a call waits until release(), ten seconds at most; of Open and Rename those of
+    /// \a path, or to it, alone.
     void hold(Call call, const QByteArray &path = {}) const;
     void release() const;
 

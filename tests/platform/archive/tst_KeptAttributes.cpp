@@ -72,6 +72,7 @@ struct stat attributesOf(const FileDescriptor &file)
 
 constexpr mode_t modeMask = 07777;
 constexpr char accessList[] = "system.posix_acl_access";
+constexpr char listForNewFiles[] = "system.posix_acl_default";
 
 /// Owner and one user may read and write, the group nothing, others read.
 QByteArray listForOneUser()
@@ -106,6 +107,27 @@ TEST_P(KeptAttributesTest, NobodyMayDoMore)
 INSTANTIATE_TEST_SUITE_P(Owners, KeptAttributesTest, testing::ValuesIn(ownerRows), RowName());
 
 using AccessListTest = KeptAttributesTest;
+
+/// For the user's own files.
+struct InheritedListTest : KeptAttributesTest
+{
+    void SetUp() override {}
+};
+
+/// The folder's list names a user who must not read a file that only its group could read.
+TEST_F(InheritedListTest, IsRemoved)
+{
+    const FileDescriptor from = oldFile(::geteuid(), ::getegid(), 0640);
+    const QByteArray list = listForOneUser();
+    if (::setxattr(scratch.path().toUtf8().constData(), listForNewFiles, list.constData(),
+                   size_t(list.size()), 0) != 0)
+        GTEST_SKIP() << "the file system has no access lists";
+    const FileDescriptor to = newFile();
+    ASSERT_GT(::fgetxattr(to.get(), accessList, nullptr, 0), 0);
+    KeptAttributes::copy(from, to);
+    EXPECT_LT(::fgetxattr(to.get(), accessList, nullptr, 0), 0);
+    EXPECT_EQ(attributesOf(to).st_mode & modeMask, 0640u);
+}
 
 TEST_F(AccessListTest, IsKeptWithTheOwners)
 {

@@ -1,3 +1,4 @@
+#include "FaultyCalls.h"
 #include "FileFailure.h"
 #include "FolderContent.h"
 #include "PartFile.h"
@@ -20,6 +21,16 @@ struct PartFileTest : testing::Test
     QByteArrayList names() const { return FolderContent::filesOf(scratch.file({}).chopped(1)).keys(); }
     QByteArray read(const QByteArray &name) const { return FolderContent::read(scratch.file(name)); }
 };
+
+int errorOfPublishing(PartFile &part, const QByteArray &name)
+{
+    try {
+        part.publish(name, PartFile::Existing::Keep);
+    } catch (const FileFailure &failure) {
+        return failure.error;
+    }
+    return 0;
+}
 
 } // namespace
 
@@ -55,6 +66,38 @@ TEST_F(PartFileTest, KeepsOrReplacesWhatHasTheName)
     part.publish("name", PartFile::Existing::Replace);
     EXPECT_EQ(read("name"), QByteArray());
     EXPECT_EQ(names(), QByteArrayList{"name"});
+}
+
+/// Some file systems have neither renames that keep what exists nor second names.
+TEST_F(PartFileTest, KeepsWhatHasTheNameOnPoorFileSystems)
+{
+    const FaultyCalls calls;
+    calls.fail(FaultyCalls::RenameToFree, EINVAL);
+    for (const int error : {0, EPERM}) {
+        calls.fail(FaultyCalls::Link, error);
+        const QByteArray name = QByteArray::number(error);
+        PartFile part(folder);
+        part.file().write("data");
+        part.publish(name, PartFile::Existing::Keep);
+        EXPECT_EQ(read(name), QByteArray("data"));
+        PartFile another(folder);
+        EXPECT_EQ(errorOfPublishing(another, name), EEXIST);
+        EXPECT_EQ(read(name), QByteArray("data"));
+    }
+    EXPECT_EQ(names().size(), 2);
+}
+
+TEST_F(PartFileTest, LeavesNoEmptyFileWhereTheNameCannotBeGiven)
+{
+    const FaultyCalls calls;
+    calls.fail(FaultyCalls::RenameToFree, EINVAL);
+    calls.fail(FaultyCalls::Link, EPERM);
+    calls.fail(FaultyCalls::Rename, EIO);
+    {
+        PartFile part(folder);
+        EXPECT_EQ(errorOfPublishing(part, "name"), EIO);
+    }
+    EXPECT_TRUE(names().isEmpty());
 }
 
 TEST_F(PartFileTest, SweepsWhatAKilledProcessLeft)

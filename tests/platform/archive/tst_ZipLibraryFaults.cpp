@@ -173,6 +173,18 @@ TEST_F(ZipLibraryFaultsTest, LeavesAnArchiveThatAnotherProgramMakes)
     EXPECT_EQ(beside(), QByteArrayList{"a.zip"});
 }
 
+/// As on some servers and shares.
+TEST_F(ZipLibraryFaultsTest, MakesAnArchiveWithoutSpecialRenamesAndLinks)
+{
+    const FaultyCalls calls;
+    calls.fail(FaultyCalls::RenameToFree, EINVAL);
+    calls.fail(FaultyCalls::Link, EPERM);
+    EXPECT_EQ(job.run(archive, {"one.txt"}), ZipResult::Success);
+    EXPECT_EQ(calls.count(FaultyCalls::Link), 1);
+    EXPECT_EQ(names(), QByteArrayList{"one.txt"});
+    EXPECT_EQ(beside(), QByteArrayList{"a.zip"});
+}
+
 TEST_F(ZipLibraryFaultsTest, CallsWhileTheDiskTakesItsTime)
 {
     for (const auto call : {FaultyCalls::Write, FaultyCalls::Fsync}) {

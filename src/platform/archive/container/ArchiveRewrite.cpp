@@ -60,7 +60,7 @@ void copyRange(const FileDescriptor &from, const FileDescriptor &to, qint64 begi
     startWriting(to, begin, end - begin);
 }
 
-/// It outlives what it is a copy of, as the calls do that a cancelled job leaves alone.
+/// For calls that a cancelled job leaves alone: they go on when \a file is closed already.
 std::shared_ptr<const FileDescriptor> sharedCopy(const FileDescriptor &file)
 {
     return std::make_shared<const FileDescriptor>(file.duplicate());

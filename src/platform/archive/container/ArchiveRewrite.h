@@ -11,7 +11,7 @@ class OldArchive;
 
 /// An archive that is being updated or made. libzip reads the old file and writes a new one beside it, which
 /// takes the old one's place, owner, permissions and attributes only when it is whole and on the disk.
-/// Threads wait for the disk.
+/// Calls that a slow disk makes last run on threads of their own.
 class ArchiveRewrite : public ArchiveSource
 {
 public:

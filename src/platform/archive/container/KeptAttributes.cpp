@@ -49,6 +49,13 @@ bool copyAttribute(const QByteArray &name, const FileDescriptor &from, const Fil
            ::fsetxattr(to.get(), name.constData(), value.constData(), size_t(size), 0) == 0;
 }
 
+/// A new file has a list of its own where its folder has one for new files. The group's permissions would be
+/// the mask of that list, and open it to all that it names. Returns false where there still may be one.
+bool removeAccessList(const FileDescriptor &file)
+{
+    return ::fremovexattr(file.get(), "system.posix_acl_access") == 0 || errno == ENODATA || errno == ENOTSUP;
+}
+
 /// Returns false where an access list could not be kept. Other attributes may be the system's own, which
 /// cannot be set.
 bool copyAttributes(const FileDescriptor &from, const FileDescriptor &to, bool hasSameOwners)
@@ -89,13 +96,15 @@ mode_t narrowed(mode_t mode, bool isOwnerKept, bool isGroupKept)
 void KeptAttributes::copy(const FileDescriptor &from, const FileDescriptor &to)
 {
     const struct stat old = stateOf(from);
+    const bool hasNoList = removeAccessList(to);
     setOwners(to, old);
     const struct stat now = stateOf(to);
     const bool isOwnerKept = now.st_uid == old.st_uid;
     const bool isGroupKept = now.st_gid == old.st_gid;
     const bool hasSameOwners = isOwnerKept && isGroupKept;
     mode_t mode = hasSameOwners ? old.st_mode & allBits : narrowed(old.st_mode, isOwnerKept, isGroupKept);
-    if (!copyAttributes(from, to, hasSameOwners)) // before the mode, which would be that of the group
+    // Before the mode: the group's bits are the mask of an access list, and the whole list needs it.
+    if (!copyAttributes(from, to, hasSameOwners) || !hasNoList)
         mode &= ofOwner;
     if (::fchmod(to.get(), mode) != 0)
         throw FileFailure();

@@ -19,8 +19,8 @@ public:
     EntryReader(const EntryReader &) = delete;
     EntryReader &operator=(const EntryReader &) = delete;
 
-    /// Called before each read, for data that goes on and on without becoming anything; what it throws ends
-    /// next().
+    /// Called before each read, for packed data that goes on and on while nothing is unpacked from it; what
+    /// it throws ends next().
     using BetweenReads = std::function<void()>;
 
     /// All have to exist until the last call of next(). With \a isUnpacked the data comes unpacked already.

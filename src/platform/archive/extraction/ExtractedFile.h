@@ -13,9 +13,9 @@ public:
     void write(QByteArrayView bytes) { m_part.file().write(bytes); }
     /// All is written. The file gets its time and permissions.
     void finish();
-    /// It takes the place of a file, so its data has to be on the disk first: what there was is lost only for
-    /// what lasts. finish() has the disk begin with that; several files that are finished before the first is
-    /// published cost hardly more time than one.
+    /// It takes the place of a file, so its data has to be on the disk first: a power cut must not cost both.
+    /// finish() has the disk begin with that; several files that are finished before the first is published
+    /// cost hardly more time than one.
     bool replaces() const { return m_task.existing == PartFile::Existing::Replace; }
     void publish();
 

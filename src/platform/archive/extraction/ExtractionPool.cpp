@@ -1,5 +1,6 @@
 #include "ExtractionPool.h"
 
+#include "FileFailure.h"
 #include "PlainData.h"
 #include "WorkerThreads.h"
 
@@ -8,7 +9,8 @@ namespace {
 struct Cancelled
 {};
 
-constexpr std::size_t mostUnpublished = 32; // each is an open file
+constexpr std::size_t mostGathered = 32; // each is an open file
+constexpr quint64 mostGatheredBytes = 64 << 20;
 
 } // namespace
 
@@ -70,30 +72,49 @@ void ExtractionPool::work()
 void ExtractionPool::extractAll()
 {
     EntryExtraction extraction;
-    std::vector<Unpublished> unpublished;
     while (!m_isCancelled) {
-        const auto slot = takeSlot(unpublished.empty());
+        const auto slot = takeSlot();
         if (slot)
             finish(*slot, [&] {
-                auto file = extract(extraction, slot->task);
+                auto file = extractWithRoom(extraction, slot->task);
                 if (file && file->replaces())
-                    unpublished.push_back({slot, std::move(file)});
-                else if (file)
+                    return gather(slot, std::move(file));
+                if (file)
                     file->publish();
-                return unpublished.empty() || unpublished.back().slot != slot;
+                return true;
             });
-        if (!slot || unpublished.size() >= mostUnpublished)
-            publishAll(unpublished);
+        if (!slot || isEnoughGathered())
+            publishGathered();
     }
 }
 
-/// Null at the end, and where no task is left unless the thread \a waits for one.
-std::shared_ptr<ExtractionPool::Slot> ExtractionPool::takeSlot(bool waits)
+/// Null at the end, and where no task is left but files are gathered.
+std::shared_ptr<ExtractionPool::Slot> ExtractionPool::takeSlot()
 {
     std::unique_lock lock(m_mutex);
-    if (waits)
+    if (m_gathered.empty())
         m_forWorkers.wait(lock, [this] { return m_isCancelled || m_taken < m_slots.size(); });
     return m_isCancelled || m_taken == m_slots.size() ? nullptr : m_slots[m_taken++];
+}
+
+/// Files that are gathered take up room beside those that they replace. Where the disk is full they are
+/// published first.
+std::unique_ptr<ExtractedFile> ExtractionPool::extractWithRoom(EntryExtraction &extraction,
+                                                               const ExtractionTask &task)
+{
+    for (;;) {
+        const quint64 before = m_published;
+        try {
+            return extract(extraction, task);
+        } catch (const FileFailure &failure) {
+            if (!failure.isFullDisk())
+                throw;
+            publishGathered();
+            const bool isReadOnce = task.data != nullptr;
+            if (isReadOnce || m_published == before)
+                throw;
+        }
+    }
 }
 
 std::unique_ptr<ExtractedFile> ExtractionPool::extract(EntryExtraction &extraction,
@@ -108,20 +129,46 @@ std::unique_ptr<ExtractedFile> ExtractionPool::extract(EntryExtraction &extracti
     return extraction.run(task, task.data ? *task.data : plain, betweenPieces);
 }
 
-void ExtractionPool::publishAll(std::vector<Unpublished> &files)
+/// Returns false: the task is not done yet.
+bool ExtractionPool::gather(const std::shared_ptr<Slot> &slot, std::unique_ptr<ExtractedFile> file)
 {
-    for (Unpublished &unpublished : files) {
+    const std::lock_guard lock(m_mutex);
+    m_gathered.push_back({slot, std::move(file)});
+    m_gatheredBytes += slot->task.entry->size;
+    return false;
+}
+
+bool ExtractionPool::isEnoughGathered()
+{
+    const std::lock_guard lock(m_mutex);
+    return m_gathered.size() >= mostGathered || m_gatheredBytes >= mostGatheredBytes;
+}
+
+/// Also waits for another thread that does so.
+void ExtractionPool::publishGathered()
+{
+    const std::lock_guard publishing(m_publishing);
+    std::vector<Gathered> files;
+    {
+        const std::lock_guard lock(m_mutex);
+        files.swap(m_gathered);
+        m_gatheredBytes = 0;
+    }
+    for (Gathered &gathered : files) {
         if (m_isCancelled)
             break;
-        finish(*unpublished.slot, [&] {
-            unpublished.file->publish();
+        finish(*gathered.slot, [&] {
+            // Gone before the task is done: it shares the task's data, which the job's thread uses again
+            // then.
+            const auto file = std::move(gathered.file);
+            file->publish();
+            ++m_published;
             return true;
         });
     }
-    files.clear();
 }
 
-/// Runs \a step, which returns whether the task is done. It also is where the step fails.
+/// Runs \a step, which returns whether the task is done. A step that throws is done, too.
 template<class Step>
 void ExtractionPool::finish(Slot &slot, Step step)
 {

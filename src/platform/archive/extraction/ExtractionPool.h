@@ -49,8 +49,8 @@ private:
         bool isDone = false;
     };
 
-    /// A file whose data goes to the disk before it replaces another one.
-    struct Unpublished
+    /// A file that is whole and has still to replace another one.
+    struct Gathered
     {
         std::shared_ptr<Slot> slot;
         std::unique_ptr<ExtractedFile> file;
@@ -58,21 +58,28 @@ private:
 
     void work();
     void extractAll();
-    std::shared_ptr<Slot> takeSlot(bool waits);
+    std::shared_ptr<Slot> takeSlot();
+    std::unique_ptr<ExtractedFile> extractWithRoom(EntryExtraction &extraction, const ExtractionTask &task);
     std::unique_ptr<ExtractedFile> extract(EntryExtraction &extraction, const ExtractionTask &task);
-    void publishAll(std::vector<Unpublished> &files);
+    bool gather(const std::shared_ptr<Slot> &slot, std::unique_ptr<ExtractedFile> file);
+    bool isEnoughGathered();
+    void publishGathered();
     template<class Step>
     void finish(Slot &slot, Step step);
     void announce(Slot *done);
 
     const FileDescriptor &m_archive;
     std::atomic<bool> m_isCancelled = false;
-    std::mutex m_mutex; ///< for all below
+    std::atomic<quint64> m_published = 0; ///< the number of files that were gathered
+    std::mutex m_publishing;              ///< locked before m_mutex
+    std::mutex m_mutex;                   ///< for all below
     std::condition_variable m_forWorkers;
     std::condition_variable m_forOwner;
     std::deque<std::shared_ptr<Slot>> m_slots; ///< only the owner adds and removes
     std::size_t m_taken = 0;                   ///< the number of slots at work or done
     quint64 m_news = 0;
+    std::vector<Gathered> m_gathered;
+    quint64 m_gatheredBytes = 0;
     std::exception_ptr m_failure; ///< what has ended a thread
     std::vector<std::thread> m_threads;
 };

@@ -34,14 +34,30 @@ bool isSwept(const FileDescriptor &file)
     return (!lock(file) && errno == EWOULDBLOCK) || (::fstat(file.get(), &state) == 0 && state.st_nlink == 0);
 }
 
-/// Not every file system can rename in one step to a name that is free; there a second name is made.
+/// An empty file takes the name, if that is free, and is then replaced.
+bool renameToTaken(int folder, const QByteArray &from, const QByteArray &to)
+{
+    const int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    if (!FileDescriptor(::openat(folder, to.constData(), flags, privateMode)).isOpen())
+        return false;
+    if (::renameat(folder, from.constData(), folder, to.constData()) == 0)
+        return true;
+    const FileFailure failure;
+    ::unlinkat(folder, to.constData(), 0);
+    throw failure;
+}
+
+/// Not every file system can rename in one step to a name that is free; there a second name is made. Not
+/// every one of those has second names.
 bool renameToFree(int folder, const QByteArray &from, const QByteArray &to)
 {
     if (::renameat2(folder, from.constData(), folder, to.constData(), RENAME_NOREPLACE) == 0)
         return true;
-    const bool isMissing = errno == EINVAL || errno == ENOSYS;
-    return isMissing && ::linkat(folder, from.constData(), folder, to.constData(), 0) == 0 &&
-           ::unlinkat(folder, from.constData(), 0) == 0;
+    if (errno != EINVAL && errno != ENOSYS)
+        return false;
+    if (::linkat(folder, from.constData(), folder, to.constData(), 0) == 0)
+        return ::unlinkat(folder, from.constData(), 0) == 0;
+    return errno != EEXIST && renameToTaken(folder, from, to);
 }
 
 } // namespace

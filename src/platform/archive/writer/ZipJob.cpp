@@ -397,7 +397,7 @@ void ZipJob::describe(const SourceFile &file, zip_uint64_t index)
                                    bothHeaders));
 }
 
-/// A file of the same name, old or new, stays.
+/// The label is left out where a file has its name, in the old archive or the new one.
 void ZipJob::addVolumeLabel()
 {
     const auto isNamedSo = [this](const SourceFile &file) { return file.name == m_label; };
