@@ -109,7 +109,7 @@ TEST_F(FormTest, AFailingLoadReachesTheCallerAndTheWindowIsForgotten)
     EXPECT_EQ(errorNumberOf([&] { form->showModeless(); }), ErrorNumber::FileNotFound);
     EXPECT_FALSE(form->isLoaded());
     EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(Forms::loaded(), QList<Form *>());
+    EXPECT_TRUE(Forms::loaded().isEmpty());
     settle();
     EXPECT_FALSE(form);
     EXPECT_EQ(steps, list("load deleted"));
