@@ -50,3 +50,19 @@ TEST(ContactExport, IsOfOneStateOfTheDatabase)
     isDone = true;
     EXPECT_NO_THROW(other.get());
 }
+
+TEST(ContactExport, EachContactHasItsOwnRowsAndMayMissSome)
+{
+    const ScratchAddressBook book;
+    ContactRows::addName(5, {.groupId = 1, .name = QStringLiteral("Ann")});
+    ContactRows::addName(2, {.groupId = 1, .name = QStringLiteral("Bob")});
+    ContactRows::addEMails(2, {QStringLiteral("b"), QStringLiteral("a")});
+    ContactRows::addHome(2, {.address = QStringLiteral("1 Lane"), .cityId = 1});
+    ContactRows::addBusiness(5, {.cityId = 1, .company = QStringLiteral("Works")});
+    const QList<Contact> contacts = ContactExport::all();
+    ASSERT_EQ(contacts.size(), 2);
+    EXPECT_EQ(contacts[0], (Contact{.name = QStringLiteral("Ann"), .company = QStringLiteral("Works")}));
+    EXPECT_EQ(contacts[1], (Contact{.name = QStringLiteral("Bob"),
+                                    .eMails = {QStringLiteral("b"), QStringLiteral("a")},
+                                    .home = {.address = QStringLiteral("1 Lane")}}));
+}
