@@ -28,6 +28,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <optional>
+#include <tuple>
 
 namespace {
 
@@ -59,8 +60,12 @@ void frmAddressBook::Form_Load()
     m_commands->setRecordsEnabled(false);
     m_commands->setSummaryEnabled(false);
     Lv->setCheckboxes(false);
-    OpenAddressDatabase();
-    fillTree();
+    const bool isFilled = unlessLocked([&] {
+        OpenAddressDatabase();
+        fillTree();
+    });
+    if (!isFilled)
+        unload();
 }
 
 void frmAddressBook::fillTree()
@@ -92,13 +97,36 @@ void frmAddressBook::enableCommands()
 
 void frmAddressBook::Tv_NodeClick(const QString &key)
 {
-    SelectedNodeKey = key;
-    ParentNodeKey.clear();
-    ignoreErrors([&] { ParentNodeKey = Tv->ParentKey(key); });
+    shownUnlessLocked([&] {
+        SelectedNodeKey = key;
+        ParentNodeKey.clear();
+        ignoreErrors([&] { ParentNodeKey = Tv->ParentKey(key); });
+        orShowAll([&] { showNode(key); });
+    });
+}
+
+bool frmAddressBook::findContacts(const QString &filter)
+{
+    return shownUnlessLocked([&] {
+        NameFilter = filter;
+        BaseQuery = ContactQuery::all();
+        fillAddresses();
+    });
+}
+
+/// Where the database is locked, says so. The list is then as before, and with it all that letters and a
+/// refresh go by.
+template<class Step>
+bool frmAddressBook::shownUnlessLocked(Step step)
+{
+    const auto before = std::tuple(BaseQuery, NameFilter, SelectedNodeKey, ParentNodeKey);
     const QString label = lblSel->text();
-    const bool isShown = unlessLocked([&] { orShowAll([&] { showNode(key); }); });
-    if (!isShown)
+    const bool isShown = unlessLocked(step);
+    if (!isShown) {
+        std::tie(BaseQuery, NameFilter, SelectedNodeKey, ParentNodeKey) = before;
         lblSel->setText(label);
+    }
+    return isShown;
 }
 
 /// Shows all contacts where \a step fails, in particular for the root.
@@ -137,22 +165,27 @@ void frmAddressBook::showAll()
 
 void frmAddressBook::refreshCurrentList()
 {
-    orShowAll([&] {
-        NameFilter.clear();
-        if (BookTree::isTable(SelectedNodeKey)) {
-            fillReferenceList(SelectedNodeKey);
-            return;
-        }
-        if (const auto query = ContactQuery::ofNode(ParentNodeKey, SelectedNodeKey))
-            BaseQuery = *query;
-        fillAddresses();
-    });
+    shownUnlessLocked([&] { orShowAll([&] { showSelectedNode(); }); });
+}
+
+void frmAddressBook::showSelectedNode()
+{
+    NameFilter.clear();
+    if (BookTree::isTable(SelectedNodeKey)) {
+        fillReferenceList(SelectedNodeKey);
+        return;
+    }
+    if (const auto query = ContactQuery::ofNode(ParentNodeKey, SelectedNodeKey))
+        BaseQuery = *query;
+    fillAddresses();
 }
 
 void frmAddressBook::cmdChar_Click(int index)
 {
-    NameFilter = ContactQuery::letterFilter(index);
-    unlessLocked([&] { fillAddresses(); });
+    shownUnlessLocked([&] {
+        NameFilter = ContactQuery::letterFilter(index);
+        fillAddresses();
+    });
 }
 
 // ---- The list

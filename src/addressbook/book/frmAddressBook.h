@@ -37,6 +37,11 @@ public:
     /// numbers of DataError.
     void fillAddresses();
 
+    /// Shows those of all contacts for which the condition \a filter holds. Where another program has the
+    /// database locked, says so in a box, leaves everything as it was and returns false; otherwise throws as
+    /// fillAddresses does.
+    bool findContacts(const QString &filter);
+
 protected:
     void Form_Load() override;
     void Form_Resize() override;
@@ -73,9 +78,12 @@ private:
     void fillReferenceList(const QString &tableKey);
     void refreshCurrentList();
     void showNode(const QString &key);
+    void showSelectedNode();
     void showAll();
     template<class Step>
     void orShowAll(Step step);
+    template<class Step>
+    bool shownUnlessLocked(Step step);
     void openSelected();
     void enableCommands();
     void deleteSelectedContact();

@@ -21,9 +21,9 @@
 namespace {
 
 constexpr int toolbarIconSize = 16; // pixels
-constexpr int imageSize = 48;       // the same
-constexpr int rowGap = 2;           // the same
-constexpr int treeIndentation = 14; // the same
+constexpr int imageSize = 48;       // pixels
+constexpr int rowGap = 2;           // pixels
+constexpr int treeIndentation = 14; // pixels
 
 // Twips.
 constexpr int sideGap = 90;

@@ -4,7 +4,6 @@
 #include "DateBox.h"
 #include "Forms.h"
 #include "Named.h"
-#include "UnlessLocked.h"
 #include "WindowCommands.h"
 #include "frmAddressBook.h"
 
@@ -53,10 +52,8 @@ void frmBirthDays::Form_Load()
 
 void frmBirthDays::cmdOK_Click()
 {
-    auto &book = Forms::refer<frmAddressBook>();
-    book.NameFilter = ContactQuery::birthdayFilter(dtFrom->Value());
-    book.BaseQuery = ContactQuery::all();
-    if (unlessLocked([&] { book.fillAddresses(); }))
+    const QString filter = ContactQuery::birthdayFilter(dtFrom->Value());
+    if (Forms::refer<frmAddressBook>().findContacts(filter))
         unload();
 }
 

@@ -47,6 +47,8 @@ State stateOf(const QString &path)
     try {
         return openedState(path);
     } catch (const RuntimeError &error) {
+        if (DataError::isLocked(error)) // which passes, and needs no copy
+            throw;
         refuse(path, QStringLiteral("cannot be opened: %1.").arg(error.description()) + copiesHint());
     }
 }

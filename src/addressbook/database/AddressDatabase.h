@@ -15,8 +15,9 @@ namespace AddressDatabase {
 QString path();
 
 /// Opens AddressConnection on the file \a path, which is never made. Throws RuntimeError with a description
-/// for the user, and leaves the connection closed, where the file is missing, in use, damaged, unreadable or
-/// no address database of this version. A file that may only be read is opened.
+/// for the user, and leaves the connection closed, where the file is missing, damaged, unreadable or no
+/// address database of this version. Where another program has it locked, the error is DataError's own. A
+/// file that may only be read is opened.
 void open(const QString &path);
 
 } // namespace AddressDatabase

@@ -12,21 +12,8 @@ Recordset rowsOf(const QString &statement, qint32 number)
     return rows;
 }
 
-/// A recordset without rows, in which a new one has been begun.
-Recordset newRow(const QString &statement, qint32 number)
+NameRow nameIn(const Recordset &row)
 {
-    Recordset rows;
-    rows.open(statement, AddressConnection, Recordset::Kind::Updatable);
-    rows.addNew();
-    rows.setField(u"SrNo", number);
-    return rows;
-}
-
-} // namespace
-
-NameRow ContactRows::name(qint32 number)
-{
-    const Recordset row = rowsOf(QStringLiteral("select * from names where srno="), number);
     NameRow name;
     name.salutation = row.field(u"Salutation").text();
     name.name = row.field(u"Name").text();
@@ -38,9 +25,8 @@ NameRow ContactRows::name(qint32 number)
     return name;
 }
 
-HomeRow ContactRows::home(qint32 number)
+HomeRow homeIn(const Recordset &row)
 {
-    const Recordset row = rowsOf(QStringLiteral("Select * from Home where srno="), number);
     return {
         .address = row.field(u"hAddress").textOrEmpty(),
         .cityId = qint16(row.field(u"CityID").number()),
@@ -51,9 +37,8 @@ HomeRow ContactRows::home(qint32 number)
     };
 }
 
-BusinessRow ContactRows::business(qint32 number)
+BusinessRow businessIn(const Recordset &row)
 {
-    const Recordset row = rowsOf(QStringLiteral("Select * from Business where srno="), number);
     return {
         .address = row.field(u"bAddress").textOrEmpty(),
         .cityId = qint16(row.field(u"CityID").number()),
@@ -68,6 +53,44 @@ BusinessRow ContactRows::business(qint32 number)
     };
 }
 
+/// A recordset without rows, in which a new one has been begun.
+Recordset newRow(const QString &statement, qint32 number)
+{
+    Recordset rows;
+    rows.open(statement, AddressConnection, Recordset::Kind::Updatable);
+    rows.addNew();
+    rows.setField(u"SrNo", number);
+    return rows;
+}
+
+/// The rows of a whole table under their contacts' numbers.
+template<class Row>
+QHash<qint32, Row> allOf(const QString &statement, Row (*read)(const Recordset &))
+{
+    QHash<qint32, Row> all;
+    Recordset row;
+    for (row.open(statement, AddressConnection); !row.eof(); row.moveNext())
+        all.insert(qint32(row.field(u"SrNo").number()), read(row));
+    return all;
+}
+
+} // namespace
+
+NameRow ContactRows::name(qint32 number)
+{
+    return nameIn(rowsOf(QStringLiteral("select * from names where srno="), number));
+}
+
+HomeRow ContactRows::home(qint32 number)
+{
+    return homeIn(rowsOf(QStringLiteral("Select * from Home where srno="), number));
+}
+
+BusinessRow ContactRows::business(qint32 number)
+{
+    return businessIn(rowsOf(QStringLiteral("Select * from Business where srno="), number));
+}
+
 QStringList ContactRows::eMails(qint32 number)
 {
     QStringList addresses;
@@ -75,6 +98,30 @@ QStringList ContactRows::eMails(qint32 number)
          row.moveNext())
         addresses.append(row.field(1).textOrEmpty());
     return addresses;
+}
+
+QHash<qint32, NameRow> ContactRows::names()
+{
+    return allOf(QStringLiteral("select * from Names"), nameIn);
+}
+
+QHash<qint32, HomeRow> ContactRows::homes()
+{
+    return allOf(QStringLiteral("select * from Home"), homeIn);
+}
+
+QHash<qint32, BusinessRow> ContactRows::businesses()
+{
+    return allOf(QStringLiteral("select * from Business"), businessIn);
+}
+
+QHash<qint32, QStringList> ContactRows::allEMails()
+{
+    QHash<qint32, QStringList> all;
+    Recordset row;
+    for (row.open(QStringLiteral("select * from EMails"), AddressConnection); !row.eof(); row.moveNext())
+        all[qint32(row.field(0).number())].append(row.field(1).textOrEmpty());
+    return all;
 }
 
 void ContactRows::addName(qint32 number, const NameRow &row)

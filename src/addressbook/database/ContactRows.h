@@ -4,6 +4,7 @@
 #include "HomeRow.h"
 #include "NameRow.h"
 
+#include <QHash>
 #include <QStringList>
 
 /// The rows of one contact in the tables Names, EMails, Home and Business, by its number. All work on
@@ -26,6 +27,12 @@ HomeRow home(qint32 number);
 BusinessRow business(qint32 number);
 /// Empty where there is none.
 QStringList eMails(qint32 number);
+
+/// The rows of all contacts by their numbers, each table by one statement. A contact may be missing in any.
+QHash<qint32, NameRow> names();
+QHash<qint32, HomeRow> homes();
+QHash<qint32, BusinessRow> businesses();
+QHash<qint32, QStringList> allEMails();
 
 /// A group or a city that does not exist is refused, and the row is not written.
 void addName(qint32 number, const NameRow &row);

@@ -3,6 +3,7 @@
 #include "ChoiceBox.h"
 #include "EventGate.h"
 #include "SeedRows.h"
+#include "UnlessLocked.h"
 #include "modGetFunctions.h"
 #include "modMain.h"
 
@@ -42,7 +43,7 @@ void CityBoxes::requireCity()
     if (!m_city.currentText().isEmpty())
         return;
     m_city.setCurrentIndex(0);
-    city_Click();
+    showChosenState();
 }
 
 qint16 CityBoxes::cityId() const
@@ -50,7 +51,13 @@ qint16 CityBoxes::cityId() const
     return GetCityId(m_city.currentText());
 }
 
+/// A state that cannot be read now is no loss, as it is stored with the city.
 void CityBoxes::city_Click()
+{
+    unlessLocked([this] { showChosenState(); });
+}
+
+void CityBoxes::showChosenState()
 {
     if (!m_city.currentText().trimmed().isEmpty())
         showState();

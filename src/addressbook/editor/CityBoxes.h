@@ -28,6 +28,7 @@ public:
 
 private:
     void city_Click();
+    void showChosenState();
 
     ChoiceBox &m_city;
     QLineEdit &m_state;

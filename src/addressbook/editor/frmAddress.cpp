@@ -8,6 +8,7 @@
 #include "ComingCommands.h"
 #include "ContactRows.h"
 #include "DataEntryError.h"
+#include "DataError.h"
 #include "EventGate.h"
 #include "Forms.h"
 #include "HomePage.h"
@@ -130,7 +131,8 @@ void frmAddress::cmdOK_Click()
         finish();
     } catch (const RuntimeError &error) {
         Ask(DataEntryError::text(error), MsgBoxStyle::Critical, QStringLiteral("Data Entry Error..."));
-        cmdCancel->setEnabled(false); // Intended: the contact may be stored in part, so only Ok leads on
+        if (!DataError::isLocked(error))  // which stores nothing
+            cmdCancel->setEnabled(false); // Intended: the contact may be stored in part, so only Ok leads on
     }
 }
 

@@ -71,6 +71,20 @@ std::optional<QDate> inNumbers(const QString &text)
     return dayFirst ? dayFirst : monthFirst;
 }
 
+/// The words of \a text in lower case, without the punctuation around them.
+QStringList wordsOf(const QString &text)
+{
+    static const QRegularExpression separators(QStringLiteral("[\\s,;.()]+"));
+    return text.toCaseFolded().split(separators, Qt::SkipEmptyParts);
+}
+
+/// Whether the words of \a part follow each other in \a name. No part of a word counts: "Andrew" has no "Dr".
+bool hasWords(const QString &name, const QString &part)
+{
+    const QString all = u' ' + wordsOf(name).join(u' ') + u' ';
+    return all.contains(u' ' + wordsOf(part).join(u' ') + u' ');
+}
+
 } // namespace
 
 void ContactBuilder::addName(const QString &given, const QString &middle, const QString &family)
@@ -148,7 +162,7 @@ void ContactBuilder::addRest(const QString &label, const QString &text)
 void ContactBuilder::commentRest()
 {
     for (const auto &[label, text, isOfName] : std::as_const(m_rest)) {
-        if (!text.isEmpty() && !(isOfName && m_contact.name.contains(text, Qt::CaseInsensitive)))
+        if (!text.isEmpty() && !(isOfName && hasWords(m_contact.name, text)))
             addComment(label + QStringLiteral(": ") + text);
     }
 }

@@ -3,7 +3,6 @@
 #include "AddressDatabase.h"
 #include "CityName.h"
 #include "ContactRows.h"
-#include "DataError.h"
 #include "Recordset.h"
 #include "SeedRows.h"
 #include "Snapshot.h"
@@ -12,19 +11,6 @@
 #include <QHash>
 
 namespace {
-
-/// An empty row where the contact has none: a save may have failed half-way.
-template<class Row>
-Row rowOrEmpty(Row (*read)(qint32), qint32 number)
-{
-    try {
-        return read(number);
-    } catch (const RuntimeError &error) {
-        if (error.number() != DataError::NoCurrentRow)
-            throw;
-        return {};
-    }
-}
 
 QString withoutPlaceholder(const QString &name)
 {
@@ -76,11 +62,21 @@ Place Names::place(const QString &address, qint16 cityId, const QString &zipCode
     return {address, m_cities[cityId].name, m_cities[cityId].state, zipCode};
 }
 
-Contact contact(qint32 number, Names &names)
+/// The tables as a whole: a statement for each contact would keep others from writing for many seconds.
+struct Tables
 {
-    const NameRow name = ContactRows::name(number);
-    const HomeRow home = rowOrEmpty(ContactRows::home, number);
-    const BusinessRow business = rowOrEmpty(ContactRows::business, number);
+    const QHash<qint32, NameRow> names = ContactRows::names();
+    const QHash<qint32, QStringList> eMails = ContactRows::allEMails();
+    const QHash<qint32, HomeRow> homes = ContactRows::homes();
+    const QHash<qint32, BusinessRow> businesses = ContactRows::businesses();
+};
+
+/// A row that the contact has not is empty: a save may have failed half-way.
+Contact contact(qint32 number, const Tables &tables, Names &names)
+{
+    const NameRow name = tables.names.value(number);
+    const HomeRow home = tables.homes.value(number);
+    const BusinessRow business = tables.businesses.value(number);
     return {
         .salutation = name.salutation,
         .name = name.name,
@@ -88,7 +84,7 @@ Contact contact(qint32 number, Names &names)
         .group = names.group(name.groupId),
         .comment = name.comment,
         .birthDate = name.birthDate,
-        .eMails = ContactRows::eMails(number),
+        .eMails = tables.eMails.value(number),
         .home = names.place(home.address, home.cityId, home.zipCode),
         .homePhone1 = home.phone1,
         .homePhone2 = home.phone2,
@@ -109,11 +105,12 @@ Contact contact(qint32 number, Names &names)
 QList<Contact> ContactExport::all()
 {
     const Snapshot snapshot(AddressConnection);
+    const Tables tables;
     QList<Contact> contacts;
     Names names;
     Recordset rows;
     for (rows.open(QStringLiteral("select SrNo from Names order by Name, SrNo"), AddressConnection);
          !rows.eof(); rows.moveNext())
-        contacts.append(contact(qint32(rows.field(0).number()), names));
+        contacts.append(contact(qint32(rows.field(0).number()), tables, names));
     return contacts;
 }

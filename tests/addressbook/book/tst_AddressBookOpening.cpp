@@ -93,3 +93,19 @@ TEST_F(AddressBookOpeningTest, ClosingTheWindowLeavesTheConnectionOpen)
     window.choose("mnuexitprog");
     EXPECT_TRUE(AddressConnection.isOpen());
 }
+
+TEST_F(AddressBookOpeningTest, ALockedDatabaseIsSaidInABoxAndTheWindowStaysClosed)
+{
+    Connection other;
+    other.open(window.book.path());
+    other.execute(QStringLiteral("begin exclusive"));
+    window.frame.dialogs.expectBox(
+        QStringLiteral("QuillOfficeToolsv2"),
+        QStringLiteral("Another program is using the address database. Please try again."));
+    window.open();
+    EXPECT_FALSE(window.isOpen());
+    other.close();
+    window.open();
+    window.clickNode("Root");
+    EXPECT_EQ(window.names(), QStringLiteral("Anna Bell|Bea Dunn|Ben Cole|carl Bly"));
+}

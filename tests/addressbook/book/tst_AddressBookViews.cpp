@@ -311,6 +311,27 @@ TEST_F(AddressBookViewsTest, ALockedDatabaseIsReportedOnceAndLeavesTheList)
     EXPECT_EQ(window.label(), QStringLiteral("Dover"));
     EXPECT_EQ(window.names(), QStringLiteral("Anna Bell"));
     other.close();
+    window.clickLetter('B');
+    EXPECT_EQ(window.names(), QString()); // nobody in Dover
+    window.clickLetter('A');
+    EXPECT_EQ(window.names(), QStringLiteral("Anna Bell"));
+    EXPECT_EQ(window.label(), QStringLiteral("Dover"));
     window.clickNode("State2");
     EXPECT_EQ(window.names(), QStringLiteral("Anna Bell|Ben Cole"));
+}
+
+TEST_F(AddressBookViewsTest, ALetterThatMeetsALockedDatabaseIsForgotten)
+{
+    window.clickNode("State2");
+    window.clickLetter('A');
+    const QString filter = window.form().NameFilter;
+    Connection other;
+    other.open(window.book.path());
+    other.execute(QStringLiteral("begin exclusive"));
+    window.frame.dialogs.expectBox(
+        QStringLiteral("QuillOfficeToolsv2"),
+        QStringLiteral("Another program is using the address database. Please try again."));
+    window.clickLetter('B');
+    EXPECT_EQ(window.names(), QStringLiteral("Anna Bell"));
+    EXPECT_EQ(window.form().NameFilter, filter);
 }

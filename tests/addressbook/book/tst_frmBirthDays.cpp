@@ -179,3 +179,25 @@ TEST_F(BirthDaysTest, AFailingSearchEndsTheProgramAndLeavesTheDialogOpen)
     });
     window.click("CmdBirthDays");
 }
+
+TEST_F(BirthDaysTest, ASearchThatMeetsALockedDatabaseChangesNothing)
+{
+    window.clickNode("State2");
+    Connection other;
+    other.open(window.book.path());
+    other.execute(QStringLiteral("begin exclusive"));
+    expect([](frmBirthDays &dialog) {
+        press(dialog, "cmdOK");
+        EXPECT_TRUE(dialog.isLoaded());
+        press(dialog, "cmdCancel");
+    });
+    window.frame.dialogs.expectBox(
+        QStringLiteral("QuillOfficeToolsv2"),
+        QStringLiteral("Another program is using the address database. Please try again."));
+    window.click("CmdBirthDays");
+    EXPECT_EQ(window.names(), QStringLiteral("Anna Bell|Ben Cole"));
+    EXPECT_EQ(window.form().NameFilter, QString());
+    other.close();
+    window.clickLetter('B');
+    EXPECT_EQ(window.names(), QStringLiteral("Ben Cole")); // Bea Dunn is in the other state
+}

@@ -140,5 +140,26 @@ TEST_F(FrmAddressFaultsTest, ADatabaseThatStaysLockedRefusesTheSave)
     editor.expectRefusal(DataError::Engine, QStringLiteral("database is locked"));
     editor.click("cmdOK");
     EXPECT_TRUE(editor.isOpen());
+    EXPECT_TRUE(editor.isEnabled("cmdCancel")); // nothing is stored
     EXPECT_EQ(editor.numbers(), QStringLiteral("///"));
+}
+
+TEST_F(FrmAddressFaultsTest, ACityChosenWhileTheDatabaseIsLockedKeepsTheContact)
+{
+    editor.openNew();
+    editor.type("txtName", QStringLiteral("Ann"));
+    Connection other;
+    other.open(editor.book.path());
+    other.execute(QStringLiteral("begin exclusive"));
+    for (int entry = 0; entry < 2; ++entry) // the keys pass the first entry
+        editor.frame.dialogs.expectBox(
+            QStringLiteral("QuillOfficeToolsv2"),
+            QStringLiteral("Another program is using the address database. Please try again."));
+    editor.choose("cmbHCity", 1);
+    EXPECT_EQ(editor.text("cmbHCity"), QStringLiteral("London"));
+    EXPECT_EQ(editor.text("txtState"), QStringLiteral(".."));
+    other.close();
+    editor.click("cmdOK");
+    EXPECT_FALSE(editor.isOpen());
+    EXPECT_EQ(editor.rows("select Name, CityID from Names, Home"), QStringList(QStringLiteral("Ann|2")));
 }

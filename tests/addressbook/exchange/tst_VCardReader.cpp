@@ -171,6 +171,20 @@ TEST(VCardReader, WordsWithoutAFieldAreInTheComment)
     EXPECT_EQ(list.contacts.value(0).comment, utf8("Suffix: PhD")); // the name has the prefix
 }
 
+TEST(VCardReader, APrefixOrSuffixIsLeftOutWhereTheNameHasItsWordsAlone)
+{
+    const auto comment = [](const char *name, const char *parts) {
+        const QByteArray card = QByteArray("BEGIN:VCARD\nN:;;;") + parts + "\nFN:" + name + "\nEND:VCARD\n";
+        return VCardReader::read(card).contacts.value(0).comment;
+    };
+    EXPECT_EQ(comment("Andrew Lee", "Dr;"), utf8("Prefix: Dr"));
+    EXPECT_EQ(comment("Thomas Lee", ";MA"), utf8("Suffix: MA"));
+    EXPECT_EQ(comment("David Lee", ";V"), utf8("Suffix: V"));
+    EXPECT_EQ(comment("Ann Lee M.A.", ";a.b."), utf8("Suffix: a.b."));
+    EXPECT_EQ(comment("dr Andrew Lee, M.A.", "Dr.;MA"), utf8("Suffix: MA"));
+    EXPECT_EQ(comment("Prof. Dr. Andrew Lee\\, M.A.", "Prof. Dr.;M.A."), QString());
+}
+
 TEST(VCardReader, ReadsWhatIsWholeOfADamagedFile)
 {
     const auto namesOf = [](const QByteArray &bytes) {

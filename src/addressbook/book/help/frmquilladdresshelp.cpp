@@ -14,7 +14,7 @@
 namespace {
 
 constexpr int helpWidth = 9600;  // twips
-constexpr int helpHeight = 7200; // the same
+constexpr int helpHeight = 7200; // twips
 
 } // namespace
 
