@@ -1,38 +1,52 @@
 #include "ArchiveRows.h"
 
 #include "FileIcons.h"
-#include "ShortDateTimes.h"
 #include "cUnzip.h"
 
 namespace {
 
-constexpr int rowsAtOnce = 256;
-const QString keyPrefix = QStringLiteral("File");
+int recordOf(int row)
+{
+    return row + 1;
+}
 
 } // namespace
 
-std::vector<ListItem> ArchiveRows::of(const cUnzip &archive, FileIcons &icons,
-                                      const std::function<bool()> &goesOn)
+ArchiveRows::ArchiveRows(const cUnzip &archive, FileIcons &icons)
+    : m_archive(archive)
+    , m_icons(icons)
+    , m_count(archive.FileCount())
+{}
+
+QString ArchiveRows::key(int row) const
 {
-    std::vector<ListItem> rows;
-    rows.reserve(std::size_t(archive.FileCount()));
-    ShortDateTimes dates;
-    for (int i = 1; i <= archive.FileCount(); ++i) {
-        if (i % rowsAtOnce == 0 && !goesOn())
-            break;
-        const QString name = archive.FileName(i);
-        ListItem row;
-        row.Key = keyPrefix + QString::number(i);
-        row.Text = archive.FileEncrypted(i) ? u'+' + name : name;
-        row.Icon = icons.icon(icons.keyOf(name));
-        row.SubItems = {QString::number(archive.FileSize(i)), dates.text(archive.FileDate(i)),
-                        QString::number(archive.FilePackedSize(i)), archive.FileDirectory(i)};
-        rows.push_back(std::move(row));
-    }
-    return rows;
+    return QStringLiteral("File") + QString::number(recordOf(row));
 }
 
-int ArchiveRows::recordOf(const QString &key)
+QString ArchiveRows::text(int row, int column) const
 {
-    return key.sliced(keyPrefix.size()).toInt();
+    const int record = recordOf(row);
+    switch (column) {
+    case 0:
+        return name(record);
+    case 1:
+        return QString::number(m_archive.FileSize(record));
+    case 2:
+        return m_dates.text(m_archive.FileDate(record));
+    case 3:
+        return QString::number(m_archive.FilePackedSize(record));
+    default:
+        return m_archive.FileDirectory(record);
+    }
+}
+
+QString ArchiveRows::name(int record) const
+{
+    const QString name = m_archive.FileName(record);
+    return m_archive.FileEncrypted(record) ? u'+' + name : name;
+}
+
+QIcon ArchiveRows::icon(int row) const
+{
+    return m_icons.icon(m_icons.keyOf(m_archive.FileName(recordOf(row))));
 }

@@ -1,22 +1,29 @@
 #pragma once
 
-#include "ListItem.h"
-
-#include <functional>
-#include <vector>
+#include "ListRows.h"
+#include "ShortDateTimes.h"
 
 class FileIcons;
 class cUnzip;
 
-/// The rows of an archive's list.
-namespace ArchiveRows {
+/// The table of an archive as rows of a list, in its order: name, size, date, packed size, folder. The key of
+/// a row is "File" and the number of its record. An encrypted file has "+" before its name.
+class ArchiveRows : public ListRows
+{
+public:
+    /// \a archive and \a icons have to exist, and the table has to stay, while rows are read.
+    ArchiveRows(const cUnzip &archive, FileIcons &icons);
 
-/// The table of \a archive, in its order. The key of a row is "File" and the number of its record. An
-/// encrypted file has "+" before its name. \a goesOn is asked now and then; after a no the rest is left out.
-std::vector<ListItem> of(
-    const cUnzip &archive, FileIcons &icons, const std::function<bool()> &goesOn = [] { return true; });
+    int count() const override { return m_count; }
+    QString key(int row) const override;
+    QString text(int row, int column) const override;
+    QIcon icon(int row) const override;
 
-/// The number of the record that the row with \a key shows.
-int recordOf(const QString &key);
+private:
+    QString name(int record) const;
 
-} // namespace ArchiveRows
+    const cUnzip &m_archive;
+    FileIcons &m_icons;
+    int m_count;
+    mutable ShortDateTimes m_dates;
+};

@@ -67,13 +67,9 @@ void frmUnzip::lvwZip_Drop(const QStringList &paths)
 
 void frmUnzip::list(const QString &path)
 {
-    lvwZip->ListItems().Clear();
+    lvwZip->ListItems().Clear(); // its rows are those of the table
     m_cUnzip->setZipFile(path);
-    std::vector<ListItem> rows;
-    m_job.run([&] {
-        m_cUnzip->Directory();
-        rows = ArchiveRows::of(*m_cUnzip, ilsIcons16, [this] { return m_job.letEventsThrough(); });
-    });
+    m_job.run([this] { m_cUnzip->Directory(); });
     if (!isLoaded())
         return;
     if (m_cUnzip->FileCount() >= 1) {
@@ -81,7 +77,7 @@ void frmUnzip::list(const QString &path)
         showRecentFiles();
     }
     enableActions();
-    lvwZip->ListItems().addItems(std::move(rows));
+    lvwZip->ListItems().setRows(std::make_unique<ArchiveRows>(*m_cUnzip, ilsIcons16));
 }
 
 /// The actions that need a listed file.
@@ -168,18 +164,12 @@ QString frmUnzip::askFolder()
     return browse.BrowseForFolder();
 }
 
-/// No selected row means all records.
+/// A row has the number of its record. No selected row means all records.
 void frmUnzip::markSelection()
 {
-    const ListItemsModel &rows = lvwZip->ListItems();
-    bool isAnySelected = false;
-    for (int row = 1; row <= rows.Count(); ++row) {
-        const bool isSelected = lvwZip->Selected(row);
-        m_cUnzip->setFileSelected(ArchiveRows::recordOf(rows.Item(row).Key), isSelected);
-        isAnySelected = isAnySelected || isSelected;
-    }
-    for (int i = 1; !isAnySelected && i <= m_cUnzip->FileCount(); ++i)
-        m_cUnzip->setFileSelected(i, true);
+    const bool isAnySelected = lvwZip->hasSelection();
+    for (int i = 1; i <= m_cUnzip->FileCount(); ++i)
+        m_cUnzip->setFileSelected(i, !isAnySelected || lvwZip->Selected(i));
 }
 
 void frmUnzip::extractTo(const QString &folder)

@@ -31,8 +31,10 @@ public:
     void Add(ListItem item);
     /// Adds many rows at once, or none where one's key is not unique (RuntimeError 35602).
     void addItems(std::vector<ListItem> items);
-    /// Replaces all rows by those of \a rows, none of them checked, and all columns. They are read when they
-    /// are shown or asked for.
+    /// Replaces all rows by those of \a rows, none of them checked. They are read when they are shown or
+    /// asked for.
+    void setRows(std::unique_ptr<const ListRows> rows) { setRows(m_headers, std::move(rows)); }
+    /// The same, and replaces all columns.
     void setRows(const QList<ColumnHeader> &headers, std::unique_ptr<const ListRows> rows);
     void Remove(int index);
     void Remove(const QString &key) { Remove(IndexOf(key)); }

@@ -6,6 +6,7 @@
 #include "UnzipWindow.h"
 #include "cRegistry.h"
 
+#include <QHeaderView>
 #include <QPushButton>
 #include <gtest/gtest.h>
 
@@ -243,6 +244,16 @@ TEST_F(frmUnzipTest, AnotherArchiveReplacesTheList)
     window.openArchive("b.zip");
     EXPECT_EQ(window.names(), QStringList(QStringLiteral("b.txt")));
     EXPECT_EQ(window.selected(), QStringList());
+}
+
+TEST_F(frmUnzipTest, ColumnsThatWereDraggedStayAsWideForAnotherArchive)
+{
+    window.make("b.zip", {UnzipWindow::entry("b.txt")});
+    window.openWith({UnzipWindow::entry("a.txt")});
+    auto *header = window.view().findChild<QHeaderView *>();
+    header->resizeSection(0, 77);
+    window.openArchive("b.zip");
+    EXPECT_EQ(header->sectionSize(0), 77);
 }
 
 TEST_F(frmUnzipTest, WithoutEntriesTheActionsAreDisabled)
