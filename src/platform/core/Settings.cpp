@@ -93,7 +93,8 @@ void Settings::save(const QString &application, const QString &section,
     const QString path = fileName(application);
     QDir().mkpath(QFileInfo(path).path());
     QLockFile lock(path + QStringLiteral(".lock"));
-    // Without the lock the write itself reports the reason; that of a killed process may be there for a while.
+    // Without the lock the write itself reports the reason; that of a killed process may be there for a
+    // while.
     lock.tryLock(lockTimeout);
 
     const QByteArray before = QFileInfo::exists(path) ? Files::read(path) : QByteArray();
