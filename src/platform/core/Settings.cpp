@@ -1,21 +1,27 @@
 #include "Settings.h"
 
+#include "FileLock.h"
 #include "Files.h"
 #include "RuntimeError.h"
 
 #include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
 #include <QFileInfo>
-#include <QLockFile>
 #include <QMap>
 #include <QStandardPaths>
+#include <QThread>
 #include <QUrl>
+#include <cerrno>
+#include <optional>
 
 // Not QSettings: on a full disk its version here puts a truncated file in the place of the old one and
 // reports no error.
 
 namespace {
 
-constexpr int lockTimeout = 2000; // milliseconds
+constexpr int lockTimeout = 2000;     // milliseconds
+constexpr unsigned long lockPoll = 5; // milliseconds
 
 using Section = QMap<QString, QString>;
 
@@ -69,6 +75,38 @@ QByteArray serialise(const Ini &ini)
     return bytes;
 }
 
+/// The lock against other writers of the settings, whose file goes with it. Without rights in the folder it
+/// is not held, and the write itself reports the reason.
+class SettingsLock
+{
+public:
+    /// Throws RuntimeError 70 when another process, perhaps a stopped one, keeps the lock.
+    explicit SettingsLock(const QString &path)
+        : m_path(path)
+    {
+        QElapsedTimer time;
+        time.start();
+        for (tryToLock(); m_lock->error() == EWOULDBLOCK; tryToLock()) {
+            if (time.hasExpired(lockTimeout))
+                throw RuntimeError(ErrorNumber::PermissionDenied);
+            QThread::msleep(lockPoll);
+        }
+    }
+    ~SettingsLock()
+    {
+        if (m_lock->isHeld())
+            QFile::remove(m_path);
+    }
+    SettingsLock(const SettingsLock &) = delete;
+    SettingsLock &operator=(const SettingsLock &) = delete;
+
+private:
+    void tryToLock() { m_lock.emplace(m_path, FileLock::IfTaken::GiveUp); }
+
+    QString m_path;
+    std::optional<FileLock> m_lock;
+};
+
 } // namespace
 
 QString Settings::fileName(const QString &application)
@@ -92,10 +130,7 @@ void Settings::save(const QString &application, const QString &section,
 {
     const QString path = fileName(application);
     QDir().mkpath(QFileInfo(path).path());
-    QLockFile lock(path + QStringLiteral(".lock"));
-    // Without the lock the write itself reports the reason; that of a killed process may be there for a
-    // while.
-    lock.tryLock(lockTimeout);
+    const SettingsLock lock(path + QStringLiteral(".lock"));
 
     const QByteArray before = QFileInfo::exists(path) ? Files::read(path) : QByteArray();
     Ini ini = parse(before);

@@ -12,7 +12,8 @@ QString get(const QString &application, const QString &section, const QString &k
 
 /// Stores the values by their keys at once and makes what is missing. A file that could not be understood is
 /// kept beside the new one with ".damaged" behind its name. Throws RuntimeError 70, 61 or another file error
-/// when the file cannot be written; it is then unchanged.
+/// when the file cannot be written, 70 too when another process writes it for two seconds; it is then
+/// unchanged.
 void save(const QString &application, const QString &section,
           const QList<std::pair<QString, QString>> &values);
 void save(const QString &application, const QString &section, const QString &key, const QString &value);

@@ -1,5 +1,6 @@
 #include "AsUser.h"
 #include "ErrorNumberOf.h"
+#include "FileLock.h"
 #include "Files.h"
 #include "FullDisk.h"
 #include "PrintQt.h"
@@ -131,6 +132,25 @@ TEST_F(SettingsTest, TwoWritersAtOnceLoseNothing)
             EXPECT_EQ(get(section, qPrintable(QStringLiteral("Key%1").arg(i))), QString::number(i))
                 << section << " Key" << i;
     }
+}
+
+/// A stopped process may keep the lock; to write beside it would lose its values or ours.
+TEST_F(SettingsTest, NothingIsWrittenWithoutTheLock)
+{
+    save("Settings", "MainLeft", QStringLiteral("1000"));
+    const FileLock other(file + QStringLiteral(".lock"));
+    ASSERT_TRUE(other.isHeld());
+    EXPECT_EQ(errorNumberOf([&] { save("Settings", "MainLeft", QStringLiteral("1")); }),
+              ErrorNumber::PermissionDenied);
+    EXPECT_EQ(get("Settings", "MainLeft"), QStringLiteral("1000"));
+}
+
+TEST_F(SettingsTest, ALockFileThatAKilledProcessLeftIsNoObstacle)
+{
+    QDir().mkpath(QFileInfo(file).path());
+    Files::write(file + QStringLiteral(".lock"), {});
+    save("Settings", "MainLeft", QStringLiteral("1"));
+    EXPECT_EQ(folder(), QStringList(QStringLiteral("QuillOfficeToolsv2.ini")));
 }
 
 TEST_F(SettingsTest, AFileThatCannotBeUnderstoodIsKeptBeside)
