@@ -15,6 +15,9 @@ class QTextEdit;
 ///
 /// A change of most of the text, as of its font or its undoing, makes Qt lay out everything at once. Here it
 /// is laid out as after loading: what is seen at once, the rest bit by bit.
+///
+/// Where Qt may break lines between words alone, a word of 300,000 characters takes it 10 s. So in a document
+/// with a word of thousands of characters lines are broken anywhere.
 class LongDocuments : public QObject
 {
     Q_OBJECT
@@ -35,10 +38,13 @@ private:
     void beforeLayout(int from, int removed, int added);
     void afterEdit();
     void setDirection(Qt::LayoutDirection direction);
+    void setBreaksWords(bool isWanted);
     void layOutVisible();
 
     QTextEdit &m_view;
     QTextDocument *m_document = nullptr;
     bool m_isLeftToRight = false; ///< declared so
     bool m_meetsRightToLeft = false;
+    bool m_breaksWords = false; ///< lines end anywhere
+    bool m_meetsLongWord = false;
 };

@@ -122,6 +122,35 @@ TEST_F(LongDocument, TextFromTheRightIsLaidOutWhenLoadedOrUndone)
     EXPECT_EQ(paragraph(0).textDirection(), Qt::RightToLeft);
 }
 
+/// For each line that it fills Qt would read such a word to its end.
+TEST_F(LongDocument, LinesAreBrokenAnywhereWhereAWordIsVeryLong)
+{
+    const auto wrapMode = [&] { return box.document()->defaultTextOption().wrapMode(); };
+    box.setText(QStringLiteral("prose ").repeated(5000) + u'\n' + QString(3999, u'w') + u'\n' +
+                QString(3999, u'w'));
+    EXPECT_EQ(wrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    box.setText(QString(300000, u'w'));
+    EXPECT_EQ(wrapMode(), QTextOption::WrapAnywhere);
+    show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }, longestWait));
+    expectPlainLayout();
+    box.setText(QStringLiteral("prose"));
+    EXPECT_EQ(wrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    EXPECT_EQ(box.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+
+TEST_F(LongDocument, AWordThatGrowsVeryLongIsBrokenAnywhereFromThenOn)
+{
+    open(100, QStringLiteral("prose and prose"));
+    QTextCursor cursor(box.document());
+    cursor.insertText(QString(2500, u'w'));
+    EXPECT_EQ(box.document()->defaultTextOption().wrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    cursor.insertText(QString(2500, u'w'));
+    EXPECT_EQ(box.document()->defaultTextOption().wrapMode(), QTextOption::WrapAnywhere);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }, longestWait));
+    expectPlainLayout();
+}
+
 TEST_F(LongDocument, AFormatOfEverythingLeavesTheViewWhereItIs)
 {
     open(8000, QStringLiteral("Some words that make a paragraph"));
