@@ -11,7 +11,7 @@ function(quill_allow from)
 endfunction()
 
 quill_allow(platform/core         TO Qt6::Core)
-quill_allow(platform/system       TO platform/core Qt6::Core)
+quill_allow(platform/system       TO platform/core Qt6::Core PkgConfig::glib)
 quill_allow(platform/transfer      TO platform/core OpenSSL::SSL)
 quill_allow(platform/data         TO platform/core SQLite::SQLite3 ICU::uc ICU::i18n)
 quill_allow(platform/archive       TO platform/core PkgConfig::libzip PkgConfig::libdeflate ZLIB::ZLIB OpenSSL::Crypto)
