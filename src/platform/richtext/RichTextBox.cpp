@@ -34,6 +34,7 @@ RichTextBox::RichTextBox(QWidget *parent)
     : QTextEdit(parent)
     , m_longDocuments(*this)
     , m_links(*this, m_longDocuments)
+    , m_handles(*this)
 {
     setAccessibleName(tr("Text"));
     setAcceptRichText(true);
@@ -81,6 +82,7 @@ void RichTextBox::replaceDocument(std::unique_ptr<QTextDocument> document, const
     on(shown, &QTextDocument::contentsChanged, this, &RichTextBox::reportChange);
     m_formats.forget();
     m_links.forget();
+    m_handles.forget();
     m_loaded = loaded;
     const bool isFirst = old->parent() != this;
     setDocument(shown);
@@ -145,6 +147,7 @@ void RichTextBox::reportChange()
 
 void RichTextBox::reportSelection()
 {
+    m_handles.followSelection();
     Q_EMIT SelChange();
 }
 

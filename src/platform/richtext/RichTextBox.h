@@ -2,6 +2,7 @@
 
 #include "LinkMarks.h"
 #include "LongDocuments.h"
+#include "PictureHandles.h"
 #include "RichTextFile.h"
 #include "SelectionFormats.h"
 #include "UndoSteps.h"
@@ -120,6 +121,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
     bool canInsertFromMimeData(const QMimeData *source) const override;
     void insertFromMimeData(const QMimeData *source) override;
     QMimeData *createMimeDataFromSelection() const override;
@@ -130,6 +132,8 @@ private:
     void replaceDocument(std::unique_ptr<QTextDocument> document, const RichTextFile::Loaded &loaded);
     void setPaper();
     void wrap();
+    double pageWidth() const;
+    void insertPictures(const QMimeData &source);
     void reportChange();
     void reportSelection();
     CharacterStates characters() const;
@@ -138,6 +142,7 @@ private:
     mutable SelectionFormats m_formats;
     LongDocuments m_longDocuments;
     LinkMarks m_links;
+    PictureHandles m_handles;
     UndoSteps m_undoSteps;
     RichTextFile::Loaded m_loaded;
     bool m_isChanged = false; ///< since the latest Change
