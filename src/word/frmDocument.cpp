@@ -67,6 +67,7 @@ void frmDocument::Form_Load()
     mainFrame->tbToolBar().setButtonsEnabled(1, lastWordButton, true);
     Form_Resize();
     EnableAutoURLDetection(*rtfTextBox);
+    rtfTextBox->setSpellingMarks(true);
     on(rtfTextBox, &RichTextBox::Change, this, &frmDocument::rtfTextBox_Change);
     on(rtfTextBox, &RichTextBox::GotFocus, this, &frmDocument::rtfTextBox_GotFocus);
     on(rtfTextBox, &RichTextBox::SelChange, this, &frmDocument::rtfTextBox_SelChange);

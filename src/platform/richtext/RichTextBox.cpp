@@ -34,6 +34,7 @@ RichTextBox::RichTextBox(QWidget *parent)
     : QTextEdit(parent)
     , m_longDocuments(*this)
     , m_links(*this, m_longDocuments)
+    , m_spelling(*this, m_longDocuments)
     , m_handles(*this)
 {
     setAccessibleName(tr("Text"));
@@ -81,6 +82,7 @@ void RichTextBox::replaceDocument(std::unique_ptr<QTextDocument> document, const
     on(shown, &QTextDocument::contentsChange, this, [this] { m_isChanged = true; });
     on(shown, &QTextDocument::contentsChanged, this, &RichTextBox::reportChange);
     m_formats.forget();
+    ViewMarks::show(*this, {});
     m_links.forget();
     m_handles.forget();
     m_loaded = loaded;
@@ -261,6 +263,11 @@ std::unique_ptr<QTextDocument> RichTextBox::printedDocument() const
 void RichTextBox::setAutoURLDetection(bool on)
 {
     m_links.setOn(on);
+}
+
+void RichTextBox::setSpellingMarks(bool on)
+{
+    m_spelling.setOn(on);
 }
 
 QString RichTextBox::linkTarget(int first) const

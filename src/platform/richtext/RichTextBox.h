@@ -5,6 +5,7 @@
 #include "PictureHandles.h"
 #include "RichTextFile.h"
 #include "SelectionFormats.h"
+#include "SpellingMarks.h"
 #include "UndoSteps.h"
 
 #include <QTextEdit>
@@ -99,6 +100,9 @@ public:
     /// Marks web and mail addresses in the text and reports clicks on them; the document itself is not
     /// changed.
     void setAutoURLDetection(bool on);
+    /// Underlines misspelt words and offers better ones in the context menu; the document itself is not
+    /// changed.
+    void setSpellingMarks(bool on);
     /// What the link that begins at \a first points to: the address that a real link carries, else its text.
     QString linkTarget(int first) const;
 
@@ -113,6 +117,7 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
@@ -142,6 +147,7 @@ private:
     mutable SelectionFormats m_formats;
     LongDocuments m_longDocuments;
     LinkMarks m_links;
+    SpellingMarks m_spelling;
     PictureHandles m_handles;
     UndoSteps m_undoSteps;
     RichTextFile::Loaded m_loaded;

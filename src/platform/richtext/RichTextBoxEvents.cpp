@@ -8,6 +8,7 @@
 
 #include <QImage>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QTextList>
 
@@ -34,6 +35,18 @@ void RichTextBox::changeEvent(QEvent *event)
             QAbstractScrollArea::changeEvent(event);
         else
             QTextEdit::changeEvent(event);
+    });
+}
+
+void RichTextBox::contextMenuEvent(QContextMenuEvent *event)
+{
+    run([&] {
+        QMenu *menu = createStandardContextMenu(event->pos());
+        const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
+        const QTextCursor place = isByMouse ? cursorForPosition(event->pos()) : textCursor();
+        m_spelling.addSuggestions(*menu, place.position());
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        menu->popup(event->globalPos());
     });
 }
 
@@ -109,7 +122,7 @@ void RichTextBox::mouseReleaseEvent(QMouseEvent *event)
 void RichTextBox::paintEvent(QPaintEvent *event)
 {
     runPainting([&] {
-        m_links.markVisible();
+        ViewMarks::show(*this, m_links.visible() + m_spelling.visible());
         QTextEdit::paintEvent(event);
         if (!Locked())
             m_handles.paint();
