@@ -143,6 +143,7 @@ TEST_F(FtpCommandsTest, ADoubleClickOpensTheFolderAbove)
 {
     window.doubleClickRow(QStringLiteral("../"));
     expectRefreshed(QStringLiteral("CWD .."));
+    EXPECT_EQ(window.executed.texts(), QStringList({QStringLiteral("CD \"../\""), QStringLiteral("DIR")}));
 }
 
 TEST_F(FtpCommandsTest, ADoubleClickReceivesAFile)
@@ -321,6 +322,7 @@ TEST_F(FtpCommandsTest, ACancelledNewFolderGoesOutEmpty)
         .expectInput(QStringLiteral("New Folder"), QStringLiteral("Enter new folder name"))
         .press(QMessageBox::Cancel);
     window.click("cmdNewFolder");
+    EXPECT_EQ(window.executed.texts(), QStringList({QStringLiteral("MKDIR \"\""), QStringLiteral("DIR")}));
     EXPECT_TRUE(window.probe.states().startsWith(QStringLiteral("11:87 5 ")));
     EXPECT_EQ(window.commands(), QStringLiteral("MLSD"));
 }
@@ -456,6 +458,7 @@ TEST_F(FtpCommandsTest, TheSizeOfNothingIsAskedFor)
 {
     label().setText(QStringLiteral("before"));
     window.click("cmdSize");
+    EXPECT_EQ(window.executed.texts(), QStringList{QStringLiteral("SIZE \"\"")});
     EXPECT_EQ(window.probe.states(), QStringLiteral("11:87"));
     EXPECT_EQ(window.commands(), QString());
     EXPECT_EQ(window.status(), QStringLiteral("Connected"));

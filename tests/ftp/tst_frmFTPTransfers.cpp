@@ -343,6 +343,8 @@ TEST_F(FtpTransfersTest, WithoutARowEmptyNamesGoOut)
 {
     window.control<QLabel>("lblStatus").setText(QStringLiteral("before"));
     window.click("cmdreceive");
+    EXPECT_EQ(window.executed.texts(),
+              QStringList{QStringLiteral("GET \"\" \"%1\\\"").arg(window.local.path())});
     EXPECT_EQ(window.probe.states(), QStringLiteral("11:87"));
     EXPECT_EQ(window.commands(), QString());
     EXPECT_EQ(window.status(), QStringLiteral("Connected"));

@@ -34,7 +34,7 @@ public:
     bool leaveEpsv(bool isLasting);
 
     bool knowsMlsd = true;         ///< until the server refuses it
-    bool hasNarrowedFacts = false; ///< the server was asked for as few facts as MLSD's lines need
+    bool hasNarrowedFacts = false; ///< the server was asked to leave out the facts that are not used
     char type = '\0';              ///< of the data, "A" or "I", as last set; at first unknown
 
 Q_SIGNALS:
