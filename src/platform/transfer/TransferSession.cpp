@@ -103,6 +103,7 @@ void TransferSession::makeJob(const TransferCommand &command)
         break;
     case TransferCommand::Get:
         m_job = std::make_unique<FtpReceive>(command.name, command.folder, command.file);
+        sweepOnce(command.folder);
         break;
     case TransferCommand::Put:
         m_job = std::make_unique<FtpSend>(command.folder + '/' + command.file, command.name);
@@ -138,6 +139,15 @@ void TransferSession::makeJob(const TransferCommand &command)
     on(m_job.get(), &FtpJob::finished, this, &TransferSession::succeed);
     on(m_job.get(), &FtpJob::failed, this, &TransferSession::fail);
     on(m_job.get(), &FtpJob::heard, this, &TransferSession::waitLonger);
+}
+
+/// A folder may be large, and the windows wait meanwhile.
+void TransferSession::sweepOnce(const QByteArray &folder)
+{
+    if (m_swept.contains(folder))
+        return;
+    m_swept.insert(folder);
+    ReceivedFile::sweep(folder);
 }
 
 void TransferSession::connectToServer()

@@ -48,7 +48,6 @@ PendingFile begin(const QByteArray &path, const QByteArray &name)
 {
     const Descriptor folder = openFolder(path);
     requireFree(folder, name);
-    PendingFile::sweep(folder.get());
     return translated([&] { return PendingFile(folder.get(), ordinaryMode); });
 }
 
@@ -58,6 +57,11 @@ ReceivedFile::ReceivedFile(const QByteArray &folder, const QByteArray &name)
     : m_name(name)
     , m_file(begin(folder, name))
 {}
+
+void ReceivedFile::sweep(const QByteArray &folder)
+{
+    PendingFile::sweep(openFolder(folder).get());
+}
 
 void ReceivedFile::write(QByteArrayView bytes)
 {
