@@ -216,6 +216,48 @@ TEST_F(ZipLibraryFaultsTest, StopsAtOnceWhileTheDiskTakesItsTime)
     }
 }
 
+/// A server that does not answer holds up neither the search for the files nor their reading.
+TEST_F(ZipLibraryFaultsTest, StopsAtOnceWhileAFileKeepsItWaiting)
+{
+    for (const auto call : {FaultyCalls::Stat, FaultyCalls::Open}) {
+        const FaultyCalls calls;
+        calls.hold(call, "two.txt");
+        job.isCancelled = [&](QByteArrayView) { return calls.held() > 0; };
+        EXPECT_EQ(job.run(archive, {"one.txt", "two.txt"}), ZipResult::Cancelled) << call;
+        EXPECT_FALSE(calls.isOverdue());
+        EXPECT_EQ(calls.held(), 1);
+        EXPECT_TRUE(beside().isEmpty());
+    }
+}
+
+TEST_F(ZipLibraryFaultsTest, CallsWhileItSearches)
+{
+    const FaultyCalls calls;
+    calls.hold(FaultyCalls::Stat, "two.txt");
+    int waits = 0;
+    job.isCancelled = [&](QByteArrayView) {
+        if (calls.held() > 0 && ++waits == 3)
+            calls.release();
+        return false;
+    };
+    EXPECT_EQ(job.run(archive, {"one.txt", "two.txt"}), ZipResult::Success);
+    EXPECT_EQ(waits, 3);
+    EXPECT_FALSE(calls.isOverdue());
+}
+
+TEST_F(ZipLibraryFaultsTest, GoesOnWhereASignalInterruptsACall)
+{
+    for (const auto call : {FaultyCalls::Read, FaultyCalls::Write, FaultyCalls::CopyRange}) {
+        std::filesystem::remove(archive.toStdString());
+        ASSERT_EQ(job.run(archive, {"one.txt"}), ZipResult::Success);
+        const FaultyCalls calls;
+        calls.fail(call, EINTR, 1);
+        EXPECT_EQ(job.run(archive, {"two.txt"}), ZipResult::Success) << call;
+        EXPECT_GT(calls.count(call), 1);
+        EXPECT_EQ(content().size(), 2) << call;
+    }
+}
+
 TEST_F(ZipLibraryFaultsTest, LeavesTheOldArchiveWhereTheNewOneCannotBeSaved)
 {
     ASSERT_EQ(job.run(archive, {"one.txt"}), ZipResult::Success);
