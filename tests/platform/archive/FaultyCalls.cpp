@@ -3,6 +3,7 @@
 #include <QMap>
 #include <cerrno>
 #include <chrono>
+#include <climits>
 #include <condition_variable>
 #include <cstdarg>
 #include <fcntl.h>
@@ -69,6 +70,14 @@ size_t roomFor(size_t size)
     const auto taken = size_t(qMin(*state.room, qint64(size)));
     *state.room -= qint64(taken);
     return taken;
+}
+
+QByteArray pathOf(int file)
+{
+    QByteArray path(PATH_MAX, Qt::Uninitialized);
+    const QByteArray link = "/proc/self/fd/" + QByteArray::number(file);
+    path.resize(qMax<ssize_t>(0, ::readlink(link.constData(), path.data(), size_t(path.size()))));
+    return path;
 }
 
 int failed(int error)
@@ -143,7 +152,7 @@ ssize_t __wrap_copy_file_range(int from, off_t *fromOffset, int to, off_t *toOff
 
 int __wrap_close(int file)
 {
-    const int error = enter(FaultyCalls::Close);
+    const int error = enter(FaultyCalls::Close, pathOf(file).constData());
     const int result = __real_close(file);
     return error ? failed(error) : result;
 }

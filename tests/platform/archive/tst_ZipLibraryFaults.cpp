@@ -203,6 +203,35 @@ TEST_F(ZipLibraryFaultsTest, CallsWhileTheDiskTakesItsTime)
     EXPECT_EQ(names(), QByteArrayList{"one.txt"});
 }
 
+/// The old archive is gone with its last descriptor; a large one takes its time then.
+TEST_F(ZipLibraryFaultsTest, CallsWhileTheOldArchiveIsFreed)
+{
+    ASSERT_EQ(job.run(archive, {"one.txt"}), ZipResult::Success);
+    const FaultyCalls calls;
+    calls.hold(FaultyCalls::Close, archive + " (deleted)");
+    int waits = 0;
+    job.isCancelled = [&](QByteArrayView) {
+        if (calls.held() > 0 && ++waits == 3)
+            calls.release();
+        return false;
+    };
+    EXPECT_EQ(job.run(archive, {"two.txt"}), ZipResult::Success);
+    EXPECT_EQ(waits, 3);
+    EXPECT_FALSE(calls.isOverdue());
+}
+
+TEST_F(ZipLibraryFaultsTest, NobodyWaitsForTheOldArchiveToBeFreed)
+{
+    ASSERT_EQ(job.run(archive, {"one.txt"}), ZipResult::Success);
+    const FaultyCalls calls;
+    calls.hold(FaultyCalls::Close, archive + " (deleted)");
+    job.isCancelled = [&](QByteArrayView) { return calls.held() > 0; };
+    EXPECT_EQ(job.run(archive, {"two.txt"}), ZipResult::Success); // it is there already
+    EXPECT_EQ(calls.held(), 1);
+    EXPECT_FALSE(calls.isOverdue());
+    EXPECT_EQ(names().size(), 2);
+}
+
 TEST_F(ZipLibraryFaultsTest, StopsAtOnceWhileTheDiskTakesItsTime)
 {
     for (const auto call : {FaultyCalls::Write, FaultyCalls::Fsync}) {

@@ -421,6 +421,17 @@ void ZipJob::close()
 {
     check(zip_close(m_archive.get()));
     m_archive.release();
+    freeOld();
+}
+
+/// The file that has been replaced is gone when it is closed, and to free a large one takes its time.
+void ZipJob::freeOld()
+{
+    try {
+        DiskCall::run([old = std::make_shared<OldArchive>(std::move(m_old))] { *old = OldArchive(); },
+                      [this] { callService(); });
+    } catch (...) {
+    } // the archive is there
 }
 
 /// \a result is that of a libzip call of the job's own.

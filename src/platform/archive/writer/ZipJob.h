@@ -48,6 +48,7 @@ private:
     void describe(const SourceFile &file, zip_uint64_t index);
     void addVolumeLabel();
     void close();
+    void freeOld();
     void check(zip_int64_t result) const;
     void rethrowFailure() const;
 
