@@ -44,9 +44,16 @@ void LongDocuments::attach(QTextDocument &document)
     m_meetsRightToLeft = false;
     m_isLeftToRight = !mayRunRightToLeft(document, 0, document.characterCount());
     setDirection(m_isLeftToRight ? Qt::LeftToRight : Qt::LayoutDirectionAuto);
+    document.setLayoutEnabled(m_view.isVisible());
+    document.setPageSize({0, 0});           // with which it waits for the view to say how wide it is
     QuickLayout::install(document, m_view); // first, since the document then reports a change that is none
     on(&document, &QTextDocument::contentsChange, this, &LongDocuments::beforeLayout);
     on(&document, &QTextDocument::contentsChanged, this, &LongDocuments::afterEdit);
+}
+
+void LongDocuments::show()
+{
+    m_document->setLayoutEnabled(true);
 }
 
 void LongDocuments::catchUp()

@@ -15,6 +15,9 @@ class QTextEdit;
 ///
 /// A change of most of the text, as of its font or its undoing, makes Qt lay out everything at once. Here it
 /// is laid out as after loading: what is seen at once, the rest bit by bit.
+///
+/// What nobody sees is not laid out: a document begins with that when its view is shown, or when it is
+/// edited.
 class LongDocuments : public QObject
 {
     Q_OBJECT
@@ -24,6 +27,9 @@ public:
 
     /// Takes care of \a document in place of the one before. To be called before the view shows it.
     void attach(QTextDocument &document);
+
+    /// To be called when the view is shown.
+    void show();
 
     /// To be called before the view changes its size.
     void catchUp();
