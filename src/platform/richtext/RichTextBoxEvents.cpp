@@ -138,6 +138,14 @@ void RichTextBox::resizeEvent(QResizeEvent *event)
     });
 }
 
+void RichTextBox::showEvent(QShowEvent *event)
+{
+    run([&] {
+        m_longDocuments.show();
+        QTextEdit::showEvent(event);
+    });
+}
+
 /// The right margin is measured over the whole control, so that a margin of the control's width wraps at the
 /// edge of what is seen, with a scroll bar or without.
 void RichTextBox::wrap()

@@ -68,9 +68,16 @@ void LongDocuments::attach(QTextDocument &document)
     setDirection(m_isLeftToRight ? Qt::LeftToRight : Qt::LayoutDirectionAuto);
     m_meetsLongWord = false;
     setBreaksWords(hasLongWord(document, 0, document.characterCount()));
+    document.setLayoutEnabled(m_view.isVisible());
+    document.setPageSize({0, 0});           // with which it waits for the view to say how wide it is
     QuickLayout::install(document, m_view); // first, since the document then reports a change that is none
     on(&document, &QTextDocument::contentsChange, this, &LongDocuments::beforeLayout);
     on(&document, &QTextDocument::contentsChanged, this, &LongDocuments::afterEdit);
+}
+
+void LongDocuments::show()
+{
+    m_document->setLayoutEnabled(true);
 }
 
 void LongDocuments::catchUp()

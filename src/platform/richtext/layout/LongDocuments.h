@@ -18,6 +18,9 @@ class QTextEdit;
 ///
 /// Where Qt may break lines between words alone, a word of 300,000 characters takes it 10 s. So in a document
 /// with a word of thousands of characters lines are broken anywhere.
+///
+/// What nobody sees is not laid out: a document begins with that when its view is shown, or when it is
+/// edited.
 class LongDocuments : public QObject
 {
     Q_OBJECT
@@ -27,6 +30,9 @@ public:
 
     /// Takes care of \a document in place of the one before. To be called before the view shows it.
     void attach(QTextDocument &document);
+
+    /// To be called when the view is shown.
+    void show();
 
     /// To be called before the view changes its size.
     void catchUp();

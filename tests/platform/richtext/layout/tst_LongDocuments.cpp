@@ -72,6 +72,25 @@ const QString hebrew = QStringLiteral("\u05E9\u05DC\u05D5\u05DD");
 
 } // namespace
 
+TEST_F(LongDocument, IsNotLaidOutBeforeItIsSeen)
+{
+    box.setText(QStringLiteral("one two"));
+    box.setSelStart(2);
+    box.resize(box.size() + QSize(10, 10));
+    EXPECT_FALSE(isLaidOut());
+    show();
+    EXPECT_TRUE(isLaidOut());
+    expectPlainLayout();
+    box.setText(QStringLiteral("three"));
+    EXPECT_TRUE(isLaidOut());
+    box.hide();
+    box.setText(QStringLiteral("four"));
+    EXPECT_FALSE(isLaidOut());
+    box.setSelText(QStringLiteral("and "));
+    EXPECT_TRUE(isLaidOut());
+    expectPlainLayout();
+}
+
 TEST_F(LongDocument, EditsAtRandomAreLaidOutAsQtDoes)
 {
     const QStringList texts = {QStringLiteral("x"), QStringLiteral("a longer text that wraps ").repeated(10),
