@@ -1,5 +1,7 @@
 #include "ListMark.h"
 
+#include "RichTextProperties.h"
+
 #include <algorithm>
 #include <array>
 
@@ -105,6 +107,8 @@ QString ListMark::behind(const QTextListFormat &format)
 
 QString ListMark::bullet(const QTextListFormat &format)
 {
+    if (format.hasProperty(RichTextProperty::ListBullet))
+        return format.stringProperty(RichTextProperty::ListBullet);
     switch (format.style()) {
     case QTextListFormat::ListCircle:
         return QStringLiteral("\u25E6");

@@ -10,7 +10,6 @@
 
 namespace {
 
-constexpr int mostWords = 256;  // a row that is longer is no one's
 constexpr int farthest = 32767; // twips
 
 struct Spelling
@@ -44,38 +43,17 @@ bool RtfTabStops::apply(const RtfToken &token, int &row)
         std::find_if(spellings.begin(), spellings.end(), [&](Spelling r) { return r.word == token.word; });
     if (known == spellings.end())
         return false;
-    Entry entry;
-    entry.before = row;
-    entry.count = m_entries.at(row).count + 1;
-    entry.word = int(known - spellings.begin());
-    entry.twips = hasPlace(entry.word) ? qBound(-farthest, token.parameter, farthest) : 0;
-    if (entry.count > mostWords)
-        return true;
-    constexpr qint64 span = 1 << 20;
-    int &number = m_rows[{row, entry.word * span + entry.twips}];
-    if (number == 0) {
-        number = int(m_entries.size());
-        m_entries.append(entry);
-    }
-    row = number;
+    const int word = int(known - spellings.begin());
+    row = m_rows.add(row, word, hasPlace(word) ? qBound(-farthest, token.parameter, farthest) : 0);
     return true;
-}
-
-QList<RtfTabStops::Entry> RtfTabStops::entries(int row) const
-{
-    QList<Entry> list;
-    for (; row != 0; row = m_entries.at(row).before)
-        list.append(m_entries.at(row));
-    std::reverse(list.begin(), list.end());
-    return list;
 }
 
 QList<QTextOption::Tab> RtfTabStops::tabs(int row) const
 {
     QList<QTextOption::Tab> list;
     QTextOption::TabType type = QTextOption::LeftTab;
-    const QList<Entry> all = entries(row);
-    for (const Entry &entry : all) {
+    const QList<RtfWordRows::Entry> all = m_rows.entries(row);
+    for (const RtfWordRows::Entry &entry : all) {
         switch (spellings[size_t(entry.word)].word) {
         case RtfWord::TabRight:
             type = QTextOption::RightTab;
@@ -88,7 +66,7 @@ QList<QTextOption::Tab> RtfTabStops::tabs(int row) const
             break;
         case RtfWord::TabStop:
             list.append(
-                QTextOption::Tab(Twips::toPixels(entry.twips, ParagraphFormat::layoutDpi()), type, u'.'));
+                QTextOption::Tab(Twips::toPixels(entry.value, ParagraphFormat::layoutDpi()), type, u'.'));
             type = QTextOption::LeftTab;
             break;
         default: // what fills the gap, and bars, Qt does not draw
@@ -101,11 +79,11 @@ QList<QTextOption::Tab> RtfTabStops::tabs(int row) const
 QString RtfTabStops::words(int row) const
 {
     QStringList words;
-    const QList<Entry> all = entries(row);
-    for (const Entry &entry : all) {
+    const QList<RtfWordRows::Entry> all = m_rows.entries(row);
+    for (const RtfWordRows::Entry &entry : all) {
         QString word = QLatin1String(spellings[size_t(entry.word)].spelling);
         if (hasPlace(entry.word))
-            word += QString::number(entry.twips);
+            word += QString::number(entry.value);
         words.append(word);
     }
     return words.join(u' ');

@@ -114,6 +114,7 @@ CharacterWords::CharacterWords(const QList<QTextFormat> &formats, RtfHeader &hea
     , m_header(header)
     , m_runs(formats.size() * NeedCount)
     , m_signs(signsOf(formats))
+    , m_hasUnseen(std::any_of(formats.begin(), formats.end(), Unseen::of))
 {}
 
 CharacterWords::Run CharacterWords::run(int format, QStringView text)
@@ -158,6 +159,7 @@ CharacterWords::Run CharacterWords::make(const QTextCharFormat &format, int need
     run.words = m_words.number(wordsOf(format, needs));
     run.field = m_fields.number(instructionOf(format));
     run.isPicture = format.isImageFormat();
+    run.unseen = Unseen::of(format);
     return run;
 }
 

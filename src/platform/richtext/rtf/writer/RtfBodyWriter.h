@@ -4,6 +4,7 @@
 #include "ParagraphWords.h"
 #include "RtfStream.h"
 
+#include <QSet>
 #include <QString>
 
 class QTextBlock;
@@ -31,6 +32,9 @@ private:
     };
 
     void blocks(int start, int end, const char *lastEnd);
+    void beginSection(const QTextBlock &block);
+    bool beginsSection(const QTextBlock &block) const;
+    const char *endOf(const QTextBlock &block);
     void childFrame(const QTextFrame &child);
     void table(const QTextTable &table);
     void cells(const QTextTable &table, const Cells &cells);
@@ -41,6 +45,8 @@ private:
     int wordsOfEmpty(const QTextBlock &block, int start);
     void setCharacters(int words) { m_stream.setCharacters(words, m_characters.words(words)); }
     void setParagraph(int words) { m_stream.setParagraph(words, m_paragraphs.words(words), m_depth); }
+    void unseen(const Unseen::Pieces *pieces);
+    QByteArray textOf(const Unseen::Piece &piece);
     void pictures(int format, QStringView places);
 
     const QTextDocument &m_document;
@@ -52,4 +58,9 @@ private:
     CharacterWords m_characters;
     ParagraphWords m_paragraphs;
     RtfStream m_stream;
+    bool m_hasSections; ///< those behind the first are written
+    bool m_sectionHasEnded = false;
+    QSet<const void *> m_sections; ///< written ones
+    QSet<const Unseen::Pieces *> m_written;
+    QSet<QByteArray> m_bookmarks; ///< a copied text has them twice
 };

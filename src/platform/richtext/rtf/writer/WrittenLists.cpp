@@ -33,7 +33,7 @@ void appendLevelText(QByteArray &out, const QTextListFormat &format, int level)
 {
     out.append("{\\leveltext");
     if (!ListMark::isNumbered(format)) {
-        appendCount(out, 1);
+        appendCount(out, ListMark::bullet(format).size());
         RtfWords::appendText(out, ListMark::bullet(format));
         out.append(";}{\\levelnumbers;}");
         return;

@@ -1,5 +1,6 @@
 #include "RtfListLevel.h"
 
+#include "ListMark.h"
 #include "RichTextProperties.h"
 
 #include <algorithm>
@@ -20,6 +21,15 @@ QTextListFormat::Style bulletStyle(const QString &bullet)
     if (!bullet.isEmpty() && squares.contains(bullet.front()))
         return QTextListFormat::ListSquare;
     return QTextListFormat::ListDisc;
+}
+
+/// Signs in an area for private use are those of a font.
+bool isSign(const QString &text)
+{
+    const bool isPair = text.size() == 2 && text.front().isHighSurrogate() && text.back().isLowSurrogate();
+    const bool isOne = text.size() == 1 && !text.front().isSurrogate() && text.front().isPrint() &&
+                       !text.front().isSpace() && text.front().category() != QChar::Other_PrivateUse;
+    return isPair || isOne;
 }
 
 } // namespace
@@ -51,6 +61,8 @@ QTextListFormat RtfListLevel::format(int depth) const
     format.setIndent(0);
     if (depth > 0)
         format.setProperty(RichTextProperty::ListLevel, depth);
+    if (kind == bulleted && isSign(text) && text != ListMark::bullet(format))
+        format.setProperty(RichTextProperty::ListBullet, text);
     if (kind == bulleted || kind == unmarked)
         return format;
 
