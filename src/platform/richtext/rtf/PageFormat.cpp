@@ -32,8 +32,8 @@ constexpr std::array<Row, PageFormat::WordCount> rows = {
      {"titlepg", Value::None},     {"pgnrestart", Value::None}, {"pgndec", Value::None},
      {"pgnucrm", Value::None},     {"pgnlcrm", Value::None},    {"pgnucltr", Value::None},
      {"pgnlcltr", Value::None},    {"cols", Value::Number},     {"colsx", Value::Length},
-     {"linebetcol", Value::None},   {"sbknone", Value::None},   {"sbkcol", Value::None},
-     {"sbkpage", Value::None},     {"sbkeven", Value::None},   {"sbkodd", Value::None}}};
+     {"linebetcol", Value::None},  {"sbknone", Value::None},    {"sbkcol", Value::None},
+     {"sbkpage", Value::None},     {"sbkeven", Value::None},    {"sbkodd", Value::None}}};
 
 constexpr int property(int word)
 {

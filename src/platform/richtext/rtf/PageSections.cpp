@@ -23,5 +23,6 @@ PageSections::Section PageSections::of(const QTextFormat &format)
 
 bool PageSections::breaksPage(const QTextFrameFormat &section)
 {
-    return !PageFormat::value(section, PageFormat::BreakNone) && !PageFormat::value(section, PageFormat::BreakColumn);
+    return !PageFormat::value(section, PageFormat::BreakNone) &&
+           !PageFormat::value(section, PageFormat::BreakColumn);
 }

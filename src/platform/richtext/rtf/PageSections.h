@@ -5,8 +5,8 @@
 
 class QTextBlockFormat;
 
-/// The sections behind the first one. Each is kept in the format of the paragraph that begins it: its words and
-/// its page texts, in the same properties that the root frame has for the first section.
+/// The sections behind the first one. Each is kept in the format of the paragraph that begins it: its words
+/// and its page texts, in the same properties that the root frame has for the first section.
 namespace PageSections {
 
 using Section = std::shared_ptr<const QTextFrameFormat>;

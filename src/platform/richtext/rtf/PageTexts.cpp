@@ -43,7 +43,8 @@ void PageTexts::keep(QTextFrameFormat &format, Kind kind, std::shared_ptr<const 
 
 std::shared_ptr<const QTextDocument> PageTexts::text(const QTextFrameFormat &format, Kind kind)
 {
-    return format.property(int(RichTextProperty::PageText) + kind).value<std::shared_ptr<const QTextDocument>>();
+    return format.property(int(RichTextProperty::PageText) + kind)
+        .value<std::shared_ptr<const QTextDocument>>();
 }
 
 std::shared_ptr<const QTextDocument> PageTexts::text(const QTextDocument &document, Kind kind)

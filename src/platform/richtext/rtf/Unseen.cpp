@@ -11,7 +11,8 @@ void Unseen::add(QTextCharFormat &format, Pieces pieces)
 {
     if (const Pieces *before = of(format))
         pieces = *before + pieces;
-    format.setProperty(RichTextProperty::Unseen, QVariant::fromValue(KeptPieces(new Pieces(std::move(pieces)))));
+    format.setProperty(RichTextProperty::Unseen,
+                       QVariant::fromValue(KeptPieces(new Pieces(std::move(pieces)))));
     // Formats are looked up by a hash that takes all shared content for the same.
     static int number = 0;
     format.setProperty(RichTextProperty::UnseenNumber, ++number);

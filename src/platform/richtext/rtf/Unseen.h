@@ -7,7 +7,8 @@
 /// What a file has between two characters that is not shown: bookmarks, comments, hidden text. It is kept in
 /// the format of the character behind it, or of the end of the paragraph, and written back before that.
 ///
-/// Typing and splitting copy a format; the content is known by its place in memory, so that it is written once.
+/// Typing and splitting copy a format; the content is known by its place in memory, so that it is written
+/// once.
 namespace Unseen {
 
 struct Run

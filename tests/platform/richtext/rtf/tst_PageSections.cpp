@@ -15,17 +15,20 @@ QByteArray again(const QByteArray &rtf)
     return RtfWriter::write(ReadDocument(rtf).document());
 }
 
-const QByteArray threeSections = "{\\rtf1\\sectd\\headery300{\\header one\\par}a\\par\\sect\\sectd\\lndscpsxn"
-                                 "{\\header two\\par}{\\footer foot\\par}b\\par\\par\\sect\\sectd\\sbknone c\\par}";
+const QByteArray threeSections =
+    "{\\rtf1\\sectd\\headery300{\\header one\\par}a\\par\\sect\\sectd\\lndscpsxn"
+    "{\\header two\\par}{\\footer foot\\par}b\\par\\par\\sect\\sectd\\sbknone c\\par}";
 
 } // namespace
 
 TEST(PageSections, ComeBackWithTheirWordsAndTexts)
 {
     const QByteArray written = again(threeSections);
-    EXPECT_TRUE(written.contains("a\\sect}\n\\sect") == false);
-    EXPECT_EQ(written.count("\\sect\\sectd") + written.count("\\sect}\n\\sectd"), 2) << written.constData();
-    EXPECT_TRUE(written.contains("\\sectd\\lndscpsxn\n{\\header\\pard\\plain\n{\\f1 two\\par}\n}\n{\\footer"));
+    EXPECT_TRUE(written.contains("{\\f1 a\\sect}\n\\sectd")) << written.constData();
+    EXPECT_TRUE(
+        written.contains("{\\f1\\par}\n\\sect\n\\sectd")); // an empty paragraph needs an end of its own
+    EXPECT_TRUE(
+        written.contains("\\sectd\\lndscpsxn\n{\\header\\pard\\plain\n{\\f1 two\\par}\n}\n{\\footer"));
     EXPECT_TRUE(written.contains("\\sectd\\sbknone\n"));
     EXPECT_FALSE(written.contains("pagebb"));
     EXPECT_EQ(textOf(written), "a|b||c");
@@ -36,7 +39,8 @@ TEST(PageSections, BeginPagesButWhereTheySayNot)
 {
     ReadDocument read(again(threeSections));
     const auto breaks = [&](int paragraph) {
-        return read.paragraph(paragraph).blockFormat().pageBreakPolicy() == QTextFormat::PageBreak_AlwaysBefore;
+        return read.paragraph(paragraph).blockFormat().pageBreakPolicy() ==
+               QTextFormat::PageBreak_AlwaysBefore;
     };
     EXPECT_TRUE(breaks(1));
     EXPECT_FALSE(breaks(3));
@@ -78,7 +82,8 @@ TEST(PageSections, ASelectionHasNone)
 
 TEST(PageSections, ThePrintedTextsAreTheFirstOnes)
 {
-    ReadDocument read("{\\rtf1 cover\\par\\sect\\sectd{\\header two\\par}b\\sect\\sectd{\\header three\\par}c}");
+    ReadDocument read(
+        "{\\rtf1 cover\\par\\sect\\sectd{\\header two\\par}b\\sect\\sectd{\\header three\\par}c}");
     const auto text = PageTexts::text(read.document(), PageTexts::Header);
     ASSERT_TRUE(text);
     EXPECT_EQ(RichTextFile::text(*text), QStringLiteral("two"));

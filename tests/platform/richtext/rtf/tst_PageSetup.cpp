@@ -88,9 +88,10 @@ TEST(PageSetup, SwitchesAndLengthsThatSayNothing)
 
 TEST(PageSetup, ColumnsAreThoseOfTheirSection)
 {
-    const QByteArray written = again("{\\rtf1\\sectd one\\sect\\sectd\\cols2\\colsx100 two\\sect\\sectd three}");
+    const QByteArray written =
+        again("{\\rtf1\\sectd one\\sect\\sectd\\cols2\\colsx100 two\\sect\\sectd three}");
     EXPECT_EQ(written.count("cols"), 2) << written.constData();
-    EXPECT_TRUE(written.contains("\\sect\\sectd\\cols2\\colsx100\n"));
+    EXPECT_TRUE(written.contains("\\sect}\n\\sectd\\cols2\\colsx100\n"));
 }
 
 TEST(PageSetup, EditsAndTheirUndoLeaveThePagesAlone)

@@ -53,15 +53,18 @@ INSTANTIATE_TEST_SUITE_P(
         UnseenRow{"HiddenInAHeader", "{\\header a{\\v b}c\\par}d", "d", "{\\v{\\f1 b}}"},
         UnseenRow{"Bookmark", "a{\\*\\bkmkstart x\\'e9}b{\\*\\bkmkend x\\'e9}c", "abc",
                   "{\\*\\bkmkstart x\\u233?}{\\f1 b}{\\*\\bkmkend x\\u233?}{\\f1 c"},
-        UnseenRow{"BookmarkWithWords", "{\\*\\bkmkstart\\bkmkcolf2 x}b", "b", "{\\*\\bkmkstart\\bkmkcolf2 x}{"},
+        UnseenRow{"BookmarkWithWords", "{\\*\\bkmkstart\\bkmkcolf2 x}b", "b",
+                  "{\\*\\bkmkstart\\bkmkcolf2 x}{"},
         UnseenRow{"BookmarkInAFieldsInstruction",
-                  "{\\field{\\*\\fldinst HYPER{\\*\\bkmkstart x}LINK \"u\"}{\\fldrslt c}}", "c", "HYPERLINK \"u\""},
-        UnseenRow{"Comment",
-                  "a{\\*\\atnid A}{\\*\\atnauthor Ann}\\chatn{\\*\\annotation{\\*\\atnref 3}\\pard\\plain\\b "
-                  "why?\\par so}b",
-                  "ab",
-                  "{\\*\\atnid A}{\\*\\atnauthor Ann}\\chatn{\\*\\annotation{\\*\\atnref 3}\\pard\\plain{\\f1\\b "
-                  "why?\\par }{\\f1\\b so}}{\\f1 b"},
+                  "{\\field{\\*\\fldinst HYPER{\\*\\bkmkstart x}LINK \"u\"}{\\fldrslt c}}", "c",
+                  "HYPERLINK \"u\""},
+        UnseenRow{
+            "Comment",
+            "a{\\*\\atnid A}{\\*\\atnauthor Ann}\\chatn{\\*\\annotation{\\*\\atnref 3}\\pard\\plain\\b "
+            "why?\\par so}b",
+            "ab",
+            "{\\*\\atnid A}{\\*\\atnauthor Ann}\\chatn{\\*\\annotation{\\*\\atnref 3}\\pard\\plain{\\f1\\b "
+            "why?\\par }{\\f1\\b so}}{\\f1 b"},
         UnseenRow{"CommentOfARange", "{\\*\\atrfstart 1}a{\\*\\atrfend 1}b", "ab",
                   "{\\*\\atrfstart 1}{\\f1 a}{\\*\\atrfend 1}"},
         UnseenRow{"Information", "{\\info{\\title A\\'e9}{\\creatim\\yr2020\\mo5}{\\*\\company C}}a", "a",

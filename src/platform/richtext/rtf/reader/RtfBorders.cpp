@@ -11,7 +11,8 @@ namespace {
 constexpr int widest = 32767; // twips
 
 enum Side { Top, Left, Bottom, Right, Between, Bar, SideCount };
-constexpr std::array<const char *, SideCount> sides = {"brdrt", "brdrl", "brdrb", "brdrr", "brdrbtw", "brdrbar"};
+constexpr std::array<const char *, SideCount> sides = {"brdrt", "brdrl",   "brdrb",
+                                                       "brdrr", "brdrbtw", "brdrbar"};
 
 struct Line
 {

@@ -13,8 +13,8 @@ struct RtfFieldInstruction
     bool isPageNumber = false; ///< the number of the page, or how many there are
 
     // What stands for a field without a result
-    QString text;                         ///< its own text, or the date or time of now
-    RtfWord fact = RtfWord::Unknown;      ///< what the information about the document has under this word
+    QString text;                    ///< its own text, or the date or time of now
+    RtfWord fact = RtfWord::Unknown; ///< what the information about the document has under this word
     bool isFileName = false;
 
     static RtfFieldInstruction parse(const QString &text);

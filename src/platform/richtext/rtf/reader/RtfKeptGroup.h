@@ -16,8 +16,8 @@ public:
     /// The group, braces included.
     QByteArray end();
 
-    /// The text of the group inside this one, or one before, that \a word has begun, such as the title; or the
-    /// number behind the word.
+    /// The text of the group inside this one, or one before, that \a word has begun, such as the title; or
+    /// the number behind the word.
     QString text(RtfWord word) const { return m_texts.value(word).trimmed(); }
 
     void open() override;
@@ -33,7 +33,7 @@ private:
     const RtfCodePage *m_page = nullptr;
     QByteArray m_group;
     QByteArray m_bytes;
-    bool m_wordIsOpen = false; ///< the last word would swallow a letter or blank behind it
+    bool m_wordIsOpen = false;          ///< the last word would swallow a letter or blank behind it
     RtfWord m_begun = RtfWord::Unknown; ///< the word that has begun the inner group
     QHash<RtfWord, QString> m_texts;
 };

@@ -37,7 +37,7 @@ struct RtfParagraphState
     int spacing = 0;
     int isMultiple = 0;
     int isRightToLeft = 0;
-    int tabs = 0; ///< RtfTabStops
+    int tabs = 0;    ///< RtfTabStops
     int borders = 0; ///< RtfBorders
     int shading = 0;
     int breaksPage = 0;
@@ -45,7 +45,7 @@ struct RtfParagraphState
     int level = 0;        ///< \ilvl
     int oldNumbering = 0; ///< RtfOldNumbering, 0 is none
     int isInTable = 0;
-    int section = 0; ///< RtfFormats, the one that begins with it, 0 is none
+    int section = 0;     ///< RtfFormats, the one that begins with it, 0 is none
     int tableDepth = -1; ///< \itap, -1 when the file does not say
 
     bool operator==(const RtfParagraphState &other) const = default;

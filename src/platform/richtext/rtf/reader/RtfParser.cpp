@@ -177,8 +177,10 @@ void RtfParser::word(const RtfToken &token)
     const RtfSubject subject = RtfKeywords::subject(token.word);
     const bool isKept = subject == RtfSubject::Kept;
     const bool beginsGroup = isKept || subject == RtfSubject::Destination || subject == RtfSubject::Skipped;
-    const bool isStrange = token.isStarred && !beginsGroup && (!state().part || token.word == RtfWord::Unknown);
-    if (subject == RtfSubject::Skipped || (isKept && state().part) || isStrange || (m_deeper > 0 && beginsGroup)) {
+    const bool isStrange =
+        token.isStarred && !beginsGroup && (!state().part || token.word == RtfWord::Unknown);
+    if (subject == RtfSubject::Skipped || (isKept && state().part) || isStrange ||
+        (m_deeper > 0 && beginsGroup)) {
         m_lexer.skipGroup();
         return;
     }

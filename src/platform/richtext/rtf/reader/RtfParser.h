@@ -85,7 +85,7 @@ private:
     qsizetype m_deeper = 0; ///< groups open beyond those that have states
     bool m_isDone = false;
     bool m_isStarred = false; ///< \* was the last token
-    qint64 m_fallback = 0; ///< characters to be passed over
+    qint64 m_fallback = 0;    ///< characters to be passed over
     RunPair m_pair;
     std::vector<Field> m_fields;
     bool m_hasShapePicture = false;

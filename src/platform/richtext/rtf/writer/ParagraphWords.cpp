@@ -125,8 +125,9 @@ ParagraphWords::ParagraphWords(const QTextDocument &document, const QList<QTextF
 
 bool ParagraphWords::beginSections()
 {
-    m_hasSections = std::any_of(m_formats.begin(), m_formats.end(),
-                                [](const QTextFormat &format) { return PageSections::of(format) != nullptr; });
+    m_hasSections = std::any_of(m_formats.begin(), m_formats.end(), [](const QTextFormat &format) {
+        return PageSections::of(format) != nullptr;
+    });
     return m_hasSections;
 }
 

@@ -22,8 +22,8 @@ public:
     /// \a formats are those of \a document, by index.
     ParagraphWords(const QTextDocument &document, const QList<QTextFormat> &formats, RtfHeader &header);
 
-    /// From here on sections are written with the paragraphs that begin them, and say themselves that they begin
-    /// pages. False when no format has any.
+    /// From here on sections are written with the paragraphs that begin them, and say themselves that they
+    /// begin pages. False when no format has any.
     bool beginSections();
 
     Paragraph paragraph(int format);

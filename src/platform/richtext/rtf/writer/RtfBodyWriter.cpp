@@ -1,7 +1,7 @@
 #include "RtfBodyWriter.h"
 
-#include "RowWords.h"
 #include "PageSections.h"
+#include "RowWords.h"
 #include "RtfHeader.h"
 #include "RtfPageWriter.h"
 #include "RtfPicture.h"
@@ -21,7 +21,8 @@ constexpr const char *nestedCellEnd = "\\nestcell{\\nonesttables\\par}";
 
 } // namespace
 
-RtfBodyWriter::RtfBodyWriter(const QTextDocument &document, int from, int to, RtfHeader &header)
+RtfBodyWriter::RtfBodyWriter(const QTextDocument &document, int from, int to, RtfHeader &header,
+                             Sections sections)
     : m_document(document)
     , m_text(document.toRawText())
     , m_from(from)
@@ -29,7 +30,7 @@ RtfBodyWriter::RtfBodyWriter(const QTextDocument &document, int from, int to, Rt
     , m_header(header)
     , m_characters(document.allFormats(), header)
     , m_paragraphs(document, document.allFormats(), header)
-    , m_hasSections(from == 0 && to == document.characterCount() && m_paragraphs.beginSections())
+    , m_hasSections(sections == Sections::Written && m_paragraphs.beginSections())
 {}
 
 QByteArray RtfBodyWriter::write()
@@ -71,7 +72,8 @@ bool RtfBodyWriter::beginsSection(const QTextBlock &block) const
 /// The section ends with its last paragraph; an empty one would not be seen without an end of its own.
 const char *RtfBodyWriter::endOf(const QTextBlock &block)
 {
-    const bool endsSection = m_hasSections && m_depth == 0 && block.length() > 1 && beginsSection(block.next());
+    const bool endsSection =
+        m_hasSections && m_depth == 0 && block.length() > 1 && beginsSection(block.next());
     m_sectionHasEnded = endsSection;
     return endsSection ? sectionEnd : paragraphEnd;
 }

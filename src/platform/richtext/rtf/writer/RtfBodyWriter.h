@@ -17,8 +17,12 @@ struct RtfHeader;
 class RtfBodyWriter
 {
 public:
-    /// From the position \a from up to, but without, \a to.
-    RtfBodyWriter(const QTextDocument &document, int from, int to, RtfHeader &header);
+    enum class Sections { Left, Written };
+
+    /// From the position \a from up to, but without, \a to. The first section is never among the written
+    /// ones.
+    RtfBodyWriter(const QTextDocument &document, int from, int to, RtfHeader &header,
+                  Sections sections = Sections::Left);
 
     QByteArray write();
 

@@ -41,7 +41,9 @@ QByteArray whole(const RtfHeader &header, const QByteArray &pages, QByteArray bo
 QByteArray RtfWriter::write(const QTextDocument &document)
 {
     RtfHeader header = headerOf(document);
-    QByteArray body = RtfBodyWriter(document, 0, document.characterCount(), header).write();
+    QByteArray body =
+        RtfBodyWriter(document, 0, document.characterCount(), header, RtfBodyWriter::Sections::Written)
+            .write();
     const QByteArray pages = RtfPageWriter::write(document, header);
     return whole(header, pages, std::move(body));
 }

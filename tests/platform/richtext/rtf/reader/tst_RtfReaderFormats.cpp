@@ -1,6 +1,7 @@
 #include "ParagraphFormat.h"
 #include "ReadDocument.h"
 #include "RichTextProperties.h"
+#include "RtfWriter.h"
 
 #include <QTextTable>
 #include <gtest/gtest.h>
@@ -134,6 +135,38 @@ TEST(RtfReaderFonts, OfAllShapesOfTables)
     EXPECT_EQ(look(alternatives.formatOf(QStringLiteral("a"))), "One 12");
     ReadDocument none("{\\rtf1 a}");
     EXPECT_EQ(look(none.formatOf(QStringLiteral("a"))), "Times New Roman 12");
+}
+
+TEST(RtfReaderFonts, WithoutANameAreTheAlternateOrTheUsualOneOfTheirKind)
+{
+    const auto family = [](const char *entry) {
+        ReadDocument read(QByteArray("{\\rtf1{\\fonttbl{\\f0") + entry + "}}a}");
+        return read.formatOf(QStringLiteral("a")).fontFamilies().toStringList().value(0).toStdString();
+    };
+    EXPECT_EQ(family("\\fswiss ;"), "Arial");
+    EXPECT_EQ(family("\\fmodern;"), "Courier New");
+    EXPECT_EQ(family("\\froman 12;"), "Times New Roman");
+    EXPECT_EQ(family("\\fswiss{\\*\\falt Other};"), "Other");
+    EXPECT_EQ(family("\\flomajor\\fswiss{\\*\\panose 020b0604020202020204}Calibri Light{\\*\\falt Other};"),
+              "Calibri Light");
+}
+
+TEST(RtfReaderFonts, WhatIsSaidOfThemComesBack)
+{
+    ReadDocument read(
+        "{\\rtf1{\\fonttbl{\\f0\\fswiss\\fprq2\\fcharset0{\\*\\panose 020B0604020202020204}One{\\*\\falt "
+        "T\\'e9;};}{\\f1\\fmodern{\\*\\panose zz}Two;}}a\\f1 b}");
+    const QByteArray written = RtfWriter::write(read.document());
+    EXPECT_TRUE(
+        written.contains("\\fswiss\\fprq2{\\*\\panose 020b0604020202020204} One{\\*\\falt T\\u233?};}"))
+        << written.constData();
+    EXPECT_TRUE(written.contains("\\fmodern Two;}"));
+}
+
+TEST(RtfReaderStyles, PlainTakesBackWhatAStyleIsBasedOn)
+{
+    ReadDocument read(framed("{\\stylesheet{\\s1\\b\\fs40 A;}{\\s2\\sbasedon1\\plain\\i B;}}\\pard\\s2 a"));
+    EXPECT_EQ(look(read.formatOf(QStringLiteral("a"))), "italic Serif 12");
 }
 
 TEST(RtfReaderFonts, NameInItsOwnCodePage)

@@ -217,8 +217,8 @@ TEST(RtfReader, RecognisesRichText)
 TEST(RtfReader, FieldsShowTheFileAndTheTimeOfNow)
 {
     QTextDocument document;
-    RtfReader::read("{\\rtf1{\\field{\\*\\fldinst FILENAME}} {\\field{\\*\\fldinst TIME \\\\@ \"YYYY\"}}}", document,
-                    QStringLiteral("letter.rtf"));
+    RtfReader::read("{\\rtf1{\\field{\\*\\fldinst FILENAME}} {\\field{\\*\\fldinst TIME \\\\@ \"YYYY\"}}}",
+                    document, QStringLiteral("letter.rtf"));
     EXPECT_EQ(document.toPlainText(), QStringLiteral("letter.rtf %1").arg(QDate::currentDate().year()));
 }
 

@@ -407,8 +407,7 @@ void RtfBody::endComment(const RtfState &state)
     const QByteArray groups = m_stories.back().groups;
     const RtfFlow flow = endStory(state);
     endHidden();
-    m_stories.back().unseen.append(
-        {"\\chatn{\\*\\annotation" + groups + "\\pard\\plain", runsOf(flow), "}"});
+    m_stories.back().unseen.append({"\\chatn{\\*\\annotation" + groups + "\\pard\\plain", runsOf(flow), "}"});
 }
 
 bool RtfBody::beginNote(const RtfCharacterState &state)

@@ -61,9 +61,9 @@ private:
     struct Story ///< the text itself, a note or an insertion
     {
         RtfFlowBuilder builder;
-        RtfFlow hidden;         ///< a paragraph of hidden text that is being read
-        Unseen::Pieces unseen;  ///< what is not shown before the text that follows
-        QByteArray groups;      ///< of a comment
+        RtfFlow hidden;        ///< a paragraph of hidden text that is being read
+        Unseen::Pieces unseen; ///< what is not shown before the text that follows
+        QByteArray groups;     ///< of a comment
         bool isComment = false;
         bool isNote = false;
         int note = 0;              ///< the number of a note, 0 when it has a mark of its own
@@ -78,7 +78,10 @@ private:
     RtfFlow &selected();
     void endHiddenParagraph(const RtfCharacterState &state);
     void endHidden();
-    bool hasUnseen() const { return !m_stories.back().unseen.isEmpty() || !m_stories.back().hidden.text.isEmpty(); }
+    bool hasUnseen() const
+    {
+        return !m_stories.back().unseen.isEmpty() || !m_stories.back().hidden.text.isEmpty();
+    }
     QList<Unseen::Run> runsOf(const RtfFlow &flow) const;
     Unseen::Pieces takeUnseen();
     int withUnseen(int format);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "RtfCharacterState.h"
 #include "PageSections.h"
+#include "RtfCharacterState.h"
 #include "RtfParagraphState.h"
 #include "Unseen.h"
 

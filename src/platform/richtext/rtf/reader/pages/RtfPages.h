@@ -45,6 +45,6 @@ private:
     const RtfFormats &m_formats;
     const RtfColorTable &m_colors;
     const RtfLists &m_lists;
-    QTextFrameFormat m_format; ///< with the first section
+    QTextFrameFormat m_format;                   ///< with the first section
     std::shared_ptr<QTextFrameFormat> m_section; ///< the one that is being read; null in the first one
 };
