@@ -128,11 +128,11 @@ class Comparison:
         def words(paragraphs):
             found = []
             for paragraph in paragraphs:
-                found += [(match[0], paragraph, match.start()) for match in re.finditer(r"\w+|[^\w]", paragraph["text"])]
+                found += [(match[0], paragraph, match.start()) for match in re.finditer(r"\S+", paragraph["text"])]
             return found
 
         one, other = words(ours), words(theirs)
-        matcher = difflib.SequenceMatcher(None, [w[0] for w in one], [w[0] for w in other], autojunk=len(one) > 20000)
+        matcher = difflib.SequenceMatcher(None, [w[0] for w in one], [w[0] for w in other])
         kept = set()
         for block in matcher.get_matching_blocks():
             for i in range(block.size):
@@ -140,7 +140,7 @@ class Comparison:
                 self.characters(a[1], a[2], b[1], b[2], len(a[0]))
                 kept.add(block.a + i)
         for i, (word, paragraph, _) in enumerate(one):
-            if i not in kept and not word.isspace():
+            if i not in kept:
                 self.counts["text"].add(False, len(word), paragraph["text"][:80])
         if len(ours) == len(theirs):
             for a, b in zip(ours, theirs):
@@ -151,6 +151,10 @@ class Comparison:
             a, b = ([p["look"][name] for name in names] for p in (one, other))
             if column == "alignment":
                 a, b = [alignment(a[0])], [alignment(b[0])]
+            if column == "tabs":  # a stop that is added is no loss
+                a, b = ([stop for stop in stops[0] if stop[1] != "DEFAULT"] for stops in (a, b))
+                b = a if all(any(same(stop, other) for other in b) for stop in a) else b
+                a, b = [a], [b]
             if default is None or a != default or b != default:
                 self.counts[column].add(same(a, b), 1, f"{one['text'][:40]!r}: {a} {b}")
 
@@ -177,6 +181,10 @@ class Comparison:
     def look(self, a, b, weight, text):
         for column, (name, default) in CHARACTERS.items():
             one, other = a[name], b[name]
+            if column == "font" and one.isdigit():
+                continue  # an entry of the table without a name
+            if column == "links":  # of relative ones LibreOffice makes whole ones
+                one, other = (re.sub(r"^file://.*/(before|ours|abiword)/", "", link) for link in (one, other))
             if column == "bold":
                 one, other = one >= 110, other >= 110
                 default = False

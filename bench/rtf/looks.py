@@ -129,16 +129,23 @@ class Looks:
 
     def shapes(self):
         """Sizes of pictures in millimetres; the text of drawings goes to the paragraphs."""
-        sizes = []
+        pictures = self.document.GraphicObjects
+        sizes = [self.size(pictures.getByIndex(place)) for place in range(pictures.Count)]
         page = self.document.DrawPage
         for place in range(page.Count):
             shape = page.getByIndex(place)
             with contextlib.suppress(Exception):
-                if shape.supportsService("com.sun.star.text.TextGraphicObject") or "GraphicObject" in shape.ShapeType:
-                    sizes.append([round(shape.Size.Width / 100), round(shape.Size.Height / 100)])
-                elif not shape.supportsService("com.sun.star.text.TextFrame") and shape.String:
+                if shape.supportsService("com.sun.star.text.BaseFrame"):
+                    continue
+                if "GraphicObject" in shape.ShapeType:
+                    sizes.append(self.size(shape))
+                elif shape.String:
                     self.walk(shape, 0)
         return sizes
+
+    @staticmethod
+    def size(shape):
+        return [round(shape.Size.Width / 200), round(shape.Size.Height / 200)]  # what is rounded may differ a little
 
     def comments(self):
         texts = []

@@ -107,8 +107,13 @@ QString ListMark::behind(const QTextListFormat &format)
 
 QString ListMark::bullet(const QTextListFormat &format)
 {
-    if (format.hasProperty(RichTextProperty::ListBullet))
-        return format.stringProperty(RichTextProperty::ListBullet);
+    return format.hasProperty(RichTextProperty::ListBullet)
+               ? format.stringProperty(RichTextProperty::ListBullet)
+               : usualBullet(format);
+}
+
+QString ListMark::usualBullet(const QTextListFormat &format)
+{
     switch (format.style()) {
     case QTextListFormat::ListCircle:
         return QStringLiteral("\u25E6");
@@ -122,6 +127,6 @@ QString ListMark::bullet(const QTextListFormat &format)
 QString ListMark::text(const QTextListFormat &format, int number)
 {
     if (!isNumbered(format))
-        return bullet(format);
+        return format.hasProperty(RichTextProperty::ListBulletFont) ? usualBullet(format) : bullet(format);
     return before(format) + numeral(format.style(), number) + behind(format);
 }

@@ -6,6 +6,7 @@
 #include "RtfWriter.h"
 #include "WrittenBody.h"
 
+#include <QTextFrame>
 #include <gtest/gtest.h>
 
 namespace {
@@ -58,6 +59,16 @@ TEST(PageSections, MayBeginWithATable)
         again("{\\rtf1 a\\par\\sect\\sectd\\headery99\\trowd\\cellx1000\\intbl b\\cell\\row\\pard c\\par}");
     EXPECT_LT(written.indexOf("\\headery99"), written.indexOf("\\trowd")) << written.constData();
     EXPECT_GT(written.indexOf("\\headery99"), written.indexOf("a"));
+    EXPECT_EQ(again(written).toStdString(), written.toStdString());
+}
+
+TEST(PageSections, EndTables)
+{
+    const QByteArray row = "\\trowd\\cellx1000\\pard\\intbl b\\cell\\row";
+    const QByteArray written =
+        again("{\\rtf1 " + row + "\\pard\\sect\\sectd\\sbknone " + row + "\\pard c\\par}");
+    EXPECT_EQ(ReadDocument(written).document().rootFrame()->childFrames().size(), 2);
+    EXPECT_EQ(written.count("\\sectd\\sbknone"), 1);
     EXPECT_EQ(again(written).toStdString(), written.toStdString());
 }
 

@@ -95,8 +95,7 @@ TEST(RtfUnseenEdited, ABookmarkIsOneThoughItsTextIsThereTwice)
     const QTextDocumentFragment all = cursor.selection();
     cursor.movePosition(QTextCursor::End);
     cursor.insertFragment(all);
-    ReadDocument other(framed("{\\*\\bkmkstart x}c{\\*\\bkmkend x}"));
-    cursor.insertFragment(QTextDocumentFragment(&other.document()));
+    EXPECT_EQ(read.text(), "abab");
     EXPECT_EQ(RtfWriter::write(read.document()).count("bkmkstart x"), 1);
 }
 

@@ -16,7 +16,7 @@ RtfParser::RtfParser(QByteArrayView bytes, QTextDocument &document, const QStrin
     , m_listOverrides(m_listTable)
     , m_picture(document)
     , m_formats(m_fonts, m_colors, m_rows)
-    , m_lists(m_listOverrides, m_oldNumbering)
+    , m_lists(m_listOverrides, m_oldNumbering, m_fonts)
     , m_filler(document, m_formats, m_colors, m_lists)
     , m_pages(document, m_formats, m_colors, m_lists)
     , m_body(m_fonts, m_formats, m_lists, m_filler)

@@ -43,8 +43,7 @@ void RtfParser::sign(RtfWord word)
     case RtfWord::ParagraphEnd:
         return m_body.endParagraph(state());
     case RtfWord::SectionEnd:
-        m_body.breakPage(state());
-        return m_body.setSection(m_formats.add(m_pages.endSection()));
+        return m_body.beginSection(state(), m_formats.add(m_pages.endSection()));
     case RtfWord::PageBreak:
         return m_body.breakPage(state());
     case RtfWord::SectionDefault:

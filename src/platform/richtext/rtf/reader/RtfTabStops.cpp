@@ -4,7 +4,6 @@
 #include "RtfLexer.h"
 #include "Twips.h"
 
-#include <QStringList>
 #include <algorithm>
 #include <array>
 
@@ -48,30 +47,39 @@ bool RtfTabStops::apply(const RtfToken &token, int &row)
     return true;
 }
 
+/// By place: programs say some stops twice, those of a style and those of the paragraph.
+QMap<int, QStringList> RtfTabStops::stops(int row) const
+{
+    QMap<int, QStringList> stops;
+    QStringList kind;
+    const QList<RtfWordRows::Entry> all = m_rows.entries(row);
+    for (const RtfWordRows::Entry &entry : all) {
+        QString word = QLatin1String(spellings[size_t(entry.word)].spelling);
+        if (!hasPlace(entry.word)) {
+            kind.append(word);
+            continue;
+        }
+        kind.append(word + QString::number(entry.value));
+        stops.insert(entry.value, std::exchange(kind, {}));
+    }
+    return stops;
+}
+
 QList<QTextOption::Tab> RtfTabStops::tabs(int row) const
 {
     QList<QTextOption::Tab> list;
-    QTextOption::TabType type = QTextOption::LeftTab;
-    const QList<RtfWordRows::Entry> all = m_rows.entries(row);
-    for (const RtfWordRows::Entry &entry : all) {
-        switch (spellings[size_t(entry.word)].word) {
-        case RtfWord::TabRight:
+    const QMap<int, QStringList> stops = this->stops(row);
+    for (auto stop = stops.cbegin(); stop != stops.cend(); ++stop) {
+        if (stop->constLast().startsWith(QLatin1String("tb")))
+            continue; // bars, and what fills the gap, Qt does not draw
+        QTextOption::TabType type = QTextOption::LeftTab;
+        if (stop->contains(QLatin1String("tqr")))
             type = QTextOption::RightTab;
-            break;
-        case RtfWord::TabCenter:
+        else if (stop->contains(QLatin1String("tqc")))
             type = QTextOption::CenterTab;
-            break;
-        case RtfWord::TabDecimal:
+        else if (stop->contains(QLatin1String("tqdec")))
             type = QTextOption::DelimiterTab;
-            break;
-        case RtfWord::TabStop:
-            list.append(
-                QTextOption::Tab(Twips::toPixels(entry.value, ParagraphFormat::layoutDpi()), type, u'.'));
-            type = QTextOption::LeftTab;
-            break;
-        default: // what fills the gap, and bars, Qt does not draw
-            break;
-        }
+        list.append(QTextOption::Tab(Twips::toPixels(stop.key(), ParagraphFormat::layoutDpi()), type, u'.'));
     }
     return list;
 }
@@ -79,12 +87,8 @@ QList<QTextOption::Tab> RtfTabStops::tabs(int row) const
 QString RtfTabStops::words(int row) const
 {
     QStringList words;
-    const QList<RtfWordRows::Entry> all = m_rows.entries(row);
-    for (const RtfWordRows::Entry &entry : all) {
-        QString word = QLatin1String(spellings[size_t(entry.word)].spelling);
-        if (hasPlace(entry.word))
-            word += QString::number(entry.value);
-        words.append(word);
-    }
+    const QMap<int, QStringList> stops = this->stops(row);
+    for (const QStringList &stop : stops)
+        words.append(stop);
     return words.join(u' ');
 }

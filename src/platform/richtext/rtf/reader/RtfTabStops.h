@@ -2,6 +2,8 @@
 
 #include "RtfWordRows.h"
 
+#include <QMap>
+#include <QStringList>
 #include <QTextOption>
 
 struct RtfToken;
@@ -17,5 +19,7 @@ public:
     QString words(int row) const;                ///< as RichTextProperty::TabStops
 
 private:
+    QMap<int, QStringList> stops(int row) const;
+
     RtfWordRows m_rows;
 };

@@ -248,5 +248,6 @@ void CharacterWords::appendColours(QByteArray &out, const QTextCharFormat &forma
         RtfWords::append(out, "cf", text);
     const int behind = m_header.colours.number(format.background());
     if (behind != 0)
-        RtfWords::append(out, "highlight", behind);
+        RtfWords::append(out, format.hasProperty(RichTextProperty::IsShading) ? "chcbpat" : "highlight",
+                         behind);
 }

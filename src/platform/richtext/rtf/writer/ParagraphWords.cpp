@@ -153,7 +153,7 @@ QByteArray ParagraphWords::wordsOf(const QTextBlockFormat &format, const QTextLi
 {
     QByteArray out;
     const QByteArray edges = indents(format, list, m_document.indentWidth());
-    out.append(list && isMarked(*list) ? m_header.lists.words(*list, edges) : edges);
+    out.append(list && isMarked(*list) ? m_header.lists.words(*list, edges, m_header.fonts) : edges);
     appendNonZero(out, "ri", ParagraphFormat::rightIndent(format));
     appendAlignment(out, format);
     appendSpacing(out, format);

@@ -229,14 +229,8 @@ void RtfBodyWriter::unseen(const Unseen::Pieces *pieces)
         return;
     m_written.insert(pieces);
     setCharacters(0);
-    for (const Unseen::Piece &piece : *pieces) {
-        const bool isBookmark = piece.before.startsWith("{\\*\\bkmk");
-        if (isBookmark && m_bookmarks.contains(piece.before))
-            continue;
-        if (isBookmark)
-            m_bookmarks.insert(piece.before);
+    for (const Unseen::Piece &piece : *pieces)
         m_stream.group(piece.before + textOf(piece) + piece.after);
-    }
 }
 
 QByteArray RtfBodyWriter::textOf(const Unseen::Piece &piece)

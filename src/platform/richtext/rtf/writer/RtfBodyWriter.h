@@ -66,5 +66,4 @@ private:
     bool m_sectionHasEnded = false;
     QSet<const void *> m_sections; ///< written ones
     QSet<const Unseen::Pieces *> m_written;
-    QSet<QByteArray> m_bookmarks; ///< a copied text has them twice
 };

@@ -204,6 +204,33 @@ TEST(RtfReaderParagraphs, IndentsAndSpacing)
     EXPECT_EQ(ParagraphFormat::leftIndent(read.paragraph(2).blockFormat()), 0);
 }
 
+TEST(RtfReaderColours, TheFirstEntryOfATableIsTheAutomaticColourAndBlackIsAnother)
+{
+    ReadDocument read("{\\rtf1{\\colortbl\\red9\\green0\\blue0;\\red0\\green0\\blue0;}\\cf0 a\\cf1 b}");
+    EXPECT_EQ(read.formatOf(QStringLiteral("a")).foreground().style(), Qt::NoBrush);
+    EXPECT_EQ(read.formatOf(QStringLiteral("b")).foreground().color(), QColor(Qt::black));
+    const QByteArray written = RtfWriter::write(read.document());
+    EXPECT_TRUE(written.contains("{\\colortbl;\\red0\\green0\\blue0;}")) << written.constData();
+    EXPECT_TRUE(written.contains("\\cf1 b"));
+    EXPECT_EQ(written.count("\\cf"), 1);
+}
+
+TEST(RtfReaderColours, ShadingAndHighlightStayTwoThings)
+{
+    ReadDocument read(framed("{\\chcbpat1 a}{\\highlight2 b}{\\chcbpat1\\highlight2 c}"));
+    const QByteArray written = RtfWriter::write(read.document());
+    EXPECT_TRUE(written.contains("\\chcbpat1 a}")) << written.constData();
+    EXPECT_TRUE(written.contains("\\highlight2 bc}") || written.contains("\\highlight2 bc\\par}"));
+}
+
+TEST(RtfReaderParagraphs, TabStopsAreSaidOnce)
+{
+    ReadDocument read(framed("\\tqc\\tx2000\\tx500\\tqc\\tx2000\\tqr\\tx500 a"));
+    const QTextBlockFormat format = read.paragraph(0).blockFormat();
+    EXPECT_EQ(format.stringProperty(RichTextProperty::TabStops), QStringLiteral("tqr tx500 tqc tx2000"));
+    EXPECT_EQ(format.tabPositions().size(), 2);
+}
+
 TEST(RtfReaderColours, TheFirstEntryOfATableIsNoBackground)
 {
     ReadDocument read(

@@ -151,5 +151,20 @@ TEST(RtfWriterLists, HaveTheSignThatTheFileHad)
     const QByteArray bytes = RtfWriter::write(document);
     EXPECT_TRUE(bytes.contains("{\\leveltext\\'01\\u8211?;}")) << bytes.constData();
     EXPECT_TRUE(bytes.contains("{\\listtext \\u8211?\\tab}"));
-    EXPECT_TRUE(bytes.contains("{\\leveltext\\'01\\u8226?;}"));
+    EXPECT_TRUE(
+        bytes.contains("{\\leveltext\\'01\\u8226?;}")); // without its font the other one means nothing
+}
+
+TEST(RtfWriterLists, HaveTheFontOfTheirSign)
+{
+    QTextDocument document;
+    RtfReader::read("{\\rtf1{\\fonttbl{\\f0 Arial;}{\\f7\\fcharset2 "
+                    "Wingdings;}}{\\*\\listtable{\\list{\\listlevel\\levelnfc23"
+                    "{\\leveltext\\'01\\u-3978 ?;}{\\levelnumbers;}\\f7}\\listid1}}{\\*\\listoverridetable"
+                    "{\\listoverride\\listid1\\ls1}}\\pard\\ls1 a\\par}",
+                    document);
+    const QByteArray bytes = RtfWriter::write(document);
+    EXPECT_TRUE(bytes.contains("{\\leveltext\\'01\\u-3978?;}{\\levelnumbers;}\\f1")) << bytes.constData();
+    EXPECT_TRUE(bytes.contains("{\\f1\\fnil Wingdings;}"));
+    EXPECT_TRUE(bytes.contains("{\\listtext \\u8226?\\tab}"));
 }

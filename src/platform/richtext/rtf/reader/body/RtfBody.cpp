@@ -236,6 +236,14 @@ void RtfBody::breakPage(const RtfState &state)
     m_breaksPage = true;
 }
 
+void RtfBody::beginSection(const RtfState &state, int section)
+{
+    breakPage(state);
+    if (m_stories.size() == 1)
+        builder().finish();
+    m_section = section;
+}
+
 RtfRowReader &RtfBody::row(const RtfState &state)
 {
     return builder().row(state.isNestedRow ? 2 : 1);

@@ -26,8 +26,8 @@ public:
     void endParagraph(const RtfState &state);
     /// Ends the paragraph if it has begun; the next one begins a page.
     void breakPage(const RtfState &state);
-    /// The next paragraph begins it.
-    void setSection(int section) { m_section = section; }
+    /// The next paragraph begins \a section; tables end here.
+    void beginSection(const RtfState &state, int section);
     void setNextBreaksPage(bool breaks) { m_breaksPage = breaks; }
     void endCell(const RtfState &state, bool isNested);
     void endRow(const RtfState &state);

@@ -125,10 +125,12 @@ void RtfFormats::setColors(QTextCharFormat &format, const RtfCharacterState &sta
     const QColor foreground = m_colors.color(state.foreground);
     if (foreground.isValid())
         format.setForeground(foreground);
-    const QColor highlight = m_colors.background(state.highlight);
-    const QColor background = highlight.isValid() ? highlight : m_colors.background(state.shading);
+    const QColor highlight = m_colors.color(state.highlight);
+    const QColor background = highlight.isValid() ? highlight : m_colors.color(state.shading);
     if (background.isValid())
         format.setBackground(background);
+    if (background.isValid() && !highlight.isValid())
+        format.setProperty(RichTextProperty::IsShading, true);
 }
 
 QTextBlockFormat RtfFormats::make(const RtfParagraphState &state, bool isInList) const
@@ -153,7 +155,7 @@ QTextBlockFormat RtfFormats::make(const RtfParagraphState &state, bool isInList)
     const QString borders = m_rows.borders.words(state.borders, m_colors);
     if (!borders.isEmpty())
         format.setProperty(RichTextProperty::Borders, borders);
-    const QColor shading = m_colors.background(state.shading);
+    const QColor shading = m_colors.color(state.shading);
     if (shading.isValid())
         format.setBackground(shading);
     if (state.section != 0)
