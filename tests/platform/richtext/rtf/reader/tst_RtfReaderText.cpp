@@ -77,6 +77,7 @@ const ReadRow unicode[] = {
     {"Nul", "\\u0?", "\uFFFD"},
     {"FrameSigns", "\\u64976?\\u64977?\\u65532?", "\uFFFD\uFFFD\uFFFD"},
     {"LineEnds", "\\u10?\\u8233?\\u8232?", "///"},
+    {"CarriageReturn", "a\\u13?\\u10?b", "a/b"},
     {"BothForms", "a{\\upr{x{y}}{\\*\\ud{\\u8364?}}}b", "a\u20ACb"},
 };
 

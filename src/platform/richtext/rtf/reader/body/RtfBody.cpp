@@ -16,7 +16,6 @@ char16_t harmless(char16_t c)
         return c;
     case u'\n':
     case u'\v':
-    case u'\r':
     case QChar::ParagraphSeparator:
         return QChar::LineSeparator;
     case QChar::ObjectReplacementCharacter:
@@ -120,7 +119,7 @@ void RtfBody::endRun(qsizetype start)
 
 void RtfBody::character(char16_t c, const RtfCharacterState &state)
 {
-    if (!takes(state))
+    if (!takes(state) || c == u'\r') // of a line's end only the feed is one
         return;
     startText(state);
     flushBytes();
