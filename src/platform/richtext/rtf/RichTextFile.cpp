@@ -49,7 +49,7 @@ RichTextFile::Loaded RichTextFile::load(const QString &path, QTextDocument &docu
 {
     const QByteArray bytes = Files::read(path);
     if (RtfReader::recognises(bytes)) {
-        RtfReader::read(bytes, document);
+        RtfReader::read(bytes, document, path.section(u'/', -1));
         return {};
     }
     setPlainText(document, PlainText::decode(bytes));
