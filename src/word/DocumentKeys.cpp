@@ -46,5 +46,8 @@ void DocumentKeys::bind(RichTextBox &text, clsFindandReplace &find, Toolbar &too
     }
     QAction &printAll = toolbar.listEntry(QStringLiteral("prtalldocument"));
     bindKey(text, Qt::CTRL | Qt::Key_P, [&printAll] { printAll.trigger(); });
-    bindKey(text, Qt::CTRL | Qt::Key_Y, [&text] { text.redo(); });
+    bindKey(text, Qt::CTRL | Qt::Key_Y, [&text] {
+        if (!text.Locked())
+            text.redo();
+    });
 }

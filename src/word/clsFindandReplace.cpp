@@ -149,12 +149,11 @@ void clsFindandReplace::FindAgain(RichTextBox &control, int upDown)
         return;
     }
     m_control = &control;
-    if (!m_dialog)
-        readText();
+    const QString textOfDialog = std::exchange(m_text, control.Text());
     m_lastFind.flags = (m_lastFind.flags & ~FindFlag::Down) | upDown;
-    finishCommand(findNext(FindRequest(m_lastFind)));
-    if (!m_dialog)
-        m_text.clear();
+    const Outcome outcome = findNext(FindRequest(m_lastFind));
+    m_text = textOfDialog;
+    finishCommand(outcome);
 }
 
 clsFindandReplace::Outcome clsFindandReplace::findNext(const FindRequest &request)

@@ -115,6 +115,26 @@ TEST_F(DocumentKeysTest, F3SearchesTheTextAsItIsNow)
     EXPECT_EQ(caret(), 19);
 }
 
+TEST_F(DocumentKeysTest, F3BesideTheOpenDialogSearchesTheTextAsItIsNow)
+{
+    write("one two");
+    find().ShowReplace(suite.text());
+    search("two", FindFlag::Down);
+    suite.text().setText(QStringLiteral("a longer text with two words"));
+    key(Qt::Key_F3, Qt::NoModifier);
+    EXPECT_EQ(suite.text().SelText(), QStringLiteral("two"));
+    EXPECT_TRUE(find().hWndDialog());
+}
+
+TEST_F(DocumentKeysTest, CtrlYLeavesALockedTextAsItIs)
+{
+    suite.type(QStringLiteral("word"));
+    suite.choose("mnuEditUndo");
+    suite.text().setLocked(true);
+    key(Qt::Key_Y, Qt::ControlModifier);
+    EXPECT_EQ(suite.text().Text(), QString());
+}
+
 TEST_F(DocumentKeysTest, F3SaysWhenThereIsNothing)
 {
     write("one two");

@@ -17,7 +17,7 @@ namespace {
 const QByteArray prefix = QByteArrayLiteral(".quill-");
 const QByteArray suffix = QByteArrayLiteral(".part");
 constexpr int base = 36;
-constexpr qsizetype mostFigures = 13; // of a 64-bit number in that base
+constexpr qsizetype figures = 13; // of a 64-bit number in that base
 
 [[noreturn]] void fail(int error = errno)
 {
@@ -32,14 +32,15 @@ void check(bool isDone)
 
 QByteArray randomName()
 {
-    return prefix + QByteArray::number(QRandomGenerator::system()->generate64(), base) + suffix;
+    const QByteArray number = QByteArray::number(QRandomGenerator::system()->generate64(), base);
+    return prefix + number.rightJustified(figures, '0') + suffix;
 }
 
 /// Whether \a name is one that randomName() makes.
 bool isRandomName(QByteArrayView name)
 {
-    const qsizetype figures = name.size() - prefix.size() - suffix.size();
-    if (figures < 1 || figures > mostFigures || !name.startsWith(prefix) || !name.endsWith(suffix))
+    if (name.size() != prefix.size() + figures + suffix.size() || !name.startsWith(prefix) ||
+        !name.endsWith(suffix))
         return false;
     const QByteArrayView number = name.sliced(prefix.size(), figures);
     return std::all_of(number.begin(), number.end(), [](char figure) {

@@ -79,7 +79,10 @@ void RichTextBox::replaceDocument(std::unique_ptr<QTextDocument> document, const
     shown->setUndoRedoEnabled(true);
     shown->setModified(false);
     m_longDocuments.attach(*shown);
-    on(shown, &QTextDocument::contentsChange, this, [this] { m_isChanged = true; });
+    on(shown, &QTextDocument::contentsChange, this, [this] {
+        m_isChanged = true;
+        m_handles.forget();
+    });
     on(shown, &QTextDocument::contentsChanged, this, &RichTextBox::reportChange);
     m_formats.forget();
     ViewMarks::show(*this, {});

@@ -10,6 +10,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QTextList>
 
 // What reaches the control from the desktop: events, the clipboard, drops.
@@ -41,7 +42,8 @@ void RichTextBox::changeEvent(QEvent *event)
 void RichTextBox::contextMenuEvent(QContextMenuEvent *event)
 {
     run([&] {
-        QMenu *menu = createStandardContextMenu(event->pos());
+        const QPoint scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
+        QMenu *menu = createStandardContextMenu(event->pos() + scrolled);
         const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
         const QTextCursor place = isByMouse ? cursorForPosition(event->pos()) : textCursor();
         m_spelling.addSuggestions(*menu, place.position());
@@ -201,6 +203,16 @@ void RichTextBox::insertPictures(const QMimeData &source)
 double RichTextBox::pageWidth() const
 {
     return document()->pageSize().width() - 2 * document()->documentMargin();
+}
+
+/// Whatever the other program proposes, its files stay with it.
+void RichTextBox::dropEvent(QDropEvent *event)
+{
+    run([&] {
+        QTextEdit::dropEvent(event);
+        if (event->mimeData()->hasUrls())
+            event->setDropAction(Qt::CopyAction);
+    });
 }
 
 /// Documents are left to the window around, which opens them.

@@ -8,9 +8,15 @@ namespace {
 
 constexpr int mostAnswers = 100000; // some megabytes
 
-/// Dictionaries write the apostrophe as a typewriter does.
+/// Dictionaries write the apostrophe as a typewriter does, and no marks of where a word may be broken or
+/// joined.
 QString asInDictionaries(QString word)
 {
+    word.removeIf([](QChar c) {
+        constexpr char16_t softHyphen = 0x00AD;
+        constexpr char16_t wordJoiner = 0x2060;
+        return c == softHyphen || c == wordJoiner || (c >= QChar(0x200B) && c <= QChar(0x200D));
+    });
     return word.replace(u'\u2019', u'\'');
 }
 
@@ -35,7 +41,8 @@ bool Speller::knows(const QString &word)
     if (m_answers.size() >= mostAnswers)
         m_answers.clear();
     const QByteArray bytes = m_encoding.encoded(asInDictionaries(word));
-    const bool isKnown = !bytes.isEmpty() && m_hunspell->spell(bytes.toStdString());
+    const bool isKnown =
+        !m_encoding.isKnown() || (!bytes.isEmpty() && m_hunspell->spell(bytes.toStdString()));
     m_answers.insert(word, isKnown);
     return isKnown;
 }

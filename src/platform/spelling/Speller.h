@@ -16,7 +16,8 @@ public:
     explicit Speller(const QString &path);
     ~Speller();
 
-    /// Answers are kept, so that a word that was asked for before costs nearly nothing.
+    /// True for every word where the dictionary's encoding is not known. Answers are kept, so that a word
+    /// that was asked for before costs nearly nothing.
     bool knows(const QString &word);
     /// At most \a most words, the likeliest first. Takes up to a second.
     QStringList suggestions(const QString &word, int most);

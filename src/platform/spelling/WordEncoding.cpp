@@ -4,10 +4,11 @@
 
 namespace {
 
-UConverter *open(const char *name)
+UConverter *open(QByteArray name)
 {
+    name.replace("microsoft-cp", "windows-");
     UErrorCode error = U_ZERO_ERROR;
-    UConverter *converter = ucnv_open(name, &error);
+    UConverter *converter = ucnv_open(name.constData(), &error);
     if (U_FAILURE(error))
         return nullptr;
     ucnv_setFromUCallBack(converter, UCNV_FROM_U_CALLBACK_STOP, nullptr, nullptr, nullptr, &error);
@@ -29,7 +30,7 @@ WordEncoding::~WordEncoding()
 QByteArray WordEncoding::encoded(const QString &word) const
 {
     if (!m_converter)
-        return word.toUtf8();
+        return {};
     UErrorCode error = U_ZERO_ERROR;
     QByteArray bytes(UCNV_GET_MAX_BYTES_FOR_STRING(word.size(), ucnv_getMaxCharSize(m_converter)), '\0');
     const int length =
@@ -41,7 +42,7 @@ QByteArray WordEncoding::encoded(const QString &word) const
 QString WordEncoding::decoded(const QByteArray &word) const
 {
     if (!m_converter)
-        return QString::fromUtf8(word);
+        return {};
     UErrorCode error = U_ZERO_ERROR;
     QString text(2 * word.size(), Qt::Uninitialized);
     const int length = ucnv_toUChars(m_converter, reinterpret_cast<char16_t *>(text.data()), int(text.size()),

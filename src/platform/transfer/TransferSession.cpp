@@ -102,8 +102,8 @@ void TransferSession::makeJob(const TransferCommand &command)
         m_job = std::make_unique<FtpList>();
         break;
     case TransferCommand::Get:
-        m_job = std::make_unique<FtpReceive>(command.name, command.folder, command.file);
         sweepOnce(command.folder);
+        m_job = std::make_unique<FtpReceive>(command.name, command.folder, command.file);
         break;
     case TransferCommand::Put:
         m_job = std::make_unique<FtpSend>(command.folder + '/' + command.file, command.name);
@@ -144,10 +144,8 @@ void TransferSession::makeJob(const TransferCommand &command)
 /// A folder may be large, and the windows wait meanwhile.
 void TransferSession::sweepOnce(const QByteArray &folder)
 {
-    if (m_swept.contains(folder))
-        return;
-    m_swept.insert(folder);
-    ReceivedFile::sweep(folder);
+    if (!m_swept.contains(folder) && ReceivedFile::sweep(folder))
+        m_swept.insert(folder);
 }
 
 void TransferSession::connectToServer()

@@ -257,13 +257,15 @@ TEST_F(PendingFileTest, ASweepRemovesWhatAKilledProcessLeft)
 /// Whose names are nearly such names, or that are no files.
 TEST_F(PendingFileTest, ASweepLeavesWhatIsNoPendingFile)
 {
-    for (const char *name : {".quill-.part", ".quill-my notes.part", ".quill-Abc.part", ".quill-abc.parts",
-                             ".quill-01234567890abc.part", "x.quill-abc.part", ".quill-a.b.part"})
+    for (const char *name :
+         {".quill-.part", ".quill-my notes.part", ".quill-notes.part", ".quill-1234567890ABC.part",
+          ".quill-1234567890abc.parts", ".quill-01234567890abc.part", "x.quill-1234567890abc.part",
+          ".quill-1234567890a.c.part"})
         scratch.addFile(name, "mine");
     scratch.addFile("target", "mine");
-    scratch.addLink(".quill-link.part", "target");
-    scratch.addFolder(".quill-folder.part");
-    ASSERT_EQ(::mkfifo(scratch.file(".quill-pipe.part").constData(), 0600), 0);
+    scratch.addLink(".quill-000000000link.part", "target");
+    scratch.addFolder(".quill-0000000folder.part");
+    ASSERT_EQ(::mkfifo(scratch.file(".quill-000000000pipe.part").constData(), 0600), 0);
     const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
     const QStringList before = QDir(scratch.path()).entryList(all);
     scratch.addFile(".quill-1234567890abc.part", "half");
@@ -275,9 +277,10 @@ TEST_F(PendingFileTest, ASweepLeavesTheFilesOfOtherUsers)
 {
     {
         const AsUser user(scratch.path());
-        scratch.addFile(".quill-1.part", "half");
+        scratch.addFile(".quill-0000000000001.part", "half");
     }
-    const bool isOfOther = state(".quill-1.part").st_uid != ::geteuid(); // where root runs the tests
+    const bool isOfOther =
+        state(".quill-0000000000001.part").st_uid != ::geteuid(); // where root runs the tests
     PendingFile::sweep(folder.get());
     EXPECT_EQ(names().size(), isOfOther ? 1 : 0);
 }

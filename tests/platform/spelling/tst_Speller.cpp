@@ -51,6 +51,27 @@ TEST_F(SpellerTest, ATypographicApostropheIsOne)
     EXPECT_TRUE(speller.knows(QStringLiteral("don\u2019t")));
 }
 
+TEST_F(SpellerTest, MarksWithinAWordAreNoLetters)
+{
+    Speller speller = read("UTF-8", {"house"});
+    EXPECT_TRUE(speller.knows(QStringLiteral("hou\u00adse")));
+    EXPECT_TRUE(speller.knows(QStringLiteral("hou\u200bse")));
+}
+
+TEST_F(SpellerTest, KnowsTheNamesThatDictionariesHaveForEncodings)
+{
+    Speller russian = read("microsoft-cp1251", {"\xE4\xEE\xEC"}); // house
+    EXPECT_TRUE(russian.knows(QStringLiteral("\u0434\u043e\u043c")));
+    EXPECT_FALSE(russian.knows(QStringLiteral("\u0434\u043e\u043d")));
+}
+
+TEST_F(SpellerTest, OfADictionaryInAnUnknownEncodingEveryWordIsRight)
+{
+    Speller speller = read("ISO8859-99", {"house"});
+    EXPECT_TRUE(speller.knows(QStringLiteral("huose")));
+    EXPECT_EQ(speller.suggestions(QStringLiteral("huose"), 5), QStringList());
+}
+
 TEST_F(SpellerTest, WithoutItsFilesItKnowsNothing)
 {
     Speller speller(home.file(QStringLiteral("nowhere")));

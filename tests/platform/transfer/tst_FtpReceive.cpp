@@ -247,8 +247,8 @@ TEST_F(FtpReceiveTest, WhatKilledReceivesLeftIsRemovedOnceForEachFolder)
 {
     local.addFolder("other");
     const auto leave = [this](const QByteArray &folder) {
-        local.addFile(folder + ".quill-left.part", "half");
-        return local.file(folder + ".quill-left.part");
+        local.addFile(folder + ".quill-000000000left.part", "half");
+        return local.file(folder + ".quill-000000000left.part");
     };
     const auto isThere = [](const QByteArray &path) { return ::access(path.constData(), F_OK) == 0; };
     const QByteArray left = leave({});

@@ -165,6 +165,25 @@ TEST_F(InternetTransferTest, AServerMayRefuseToLeaveFactsAway)
     }
 }
 
+/// Its MLSD would list folders like files.
+TEST_F(InternetTransferTest, AServerThatLeavesTheTypeAwayIsAskedByList)
+{
+    remote.addFolder("sub");
+    for (const char *reply : {"200 MLST OPTS", "200 MLST OPTS size;modify;"}) {
+        server.forgetCommands();
+        server.reply("OPTS", reply);
+        server.setListing(" sub\r\n");
+        EXPECT_EQ(probe.codeOf("DIR"), 0) << reply;
+        EXPECT_EQ(server.commands("MLSD").size(), 0) << reply;
+        EXPECT_EQ(server.commands("LIST").size(), 1) << reply;
+        probe.session().Cancel();
+    }
+    server.reply("OPTS", "200 MLST OPTS Type;");
+    server.setListing({});
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+    EXPECT_EQ(probe.rows(), QStringList{QStringLiteral("sub/")});
+}
+
 TEST_F(InternetTransferTest, NoNameBecomesASecondCommand)
 {
     EXPECT_EQ(probe.codeOf("DIR"), 0);

@@ -515,3 +515,26 @@ TEST_F(TransferWaitsTest, TheSessionNeverHoldsUpTheEventLoop)
         EXPECT_EQ(probe.session().ResponseCode(), 0);
     }
 }
+
+/// The server sends something each half a minute, which is no silence.
+TEST_F(TransferWaitsTest, AListThatTakesTooLongEnds)
+{
+    using namespace std::chrono_literals;
+    for (const auto &[minutes, code] : {std::pair(9, 0), std::pair(11, int(TransferError::TimedOut))}) {
+        server.setListing("type=file; a\r\n");
+        server.hold("MLSD");
+        probe.start("DIR");
+        probe.waitFor([this] { return server.isHolding(); });
+        for (int i = 0; i < 2 * minutes; ++i) {
+            server.sendUnasked("150-wait\r\n");
+            probe.waitFor([this] { return server.isDelivered(); });
+            runPendingEvents();
+            clock.advance(30s);
+        }
+        server.release();
+        probe.wait();
+        EXPECT_EQ(probe.session().ResponseCode(), code) << minutes;
+        probe.session().Cancel();
+        probe.forgetStates();
+    }
+}

@@ -98,6 +98,5 @@ QStringList ClipboardText::pictureFiles(const QMimeData &data)
 bool ClipboardText::namesDocuments(const QMimeData &data)
 {
     const QStringList files = FileDrop::filesIn(data);
-    return !files.isEmpty() && files.size() == data.urls().size() &&
-           std::ranges::all_of(files, &RichTextFile::isDocumentName);
+    return std::ranges::any_of(files, &RichTextFile::isDocumentName);
 }

@@ -22,7 +22,7 @@ bool isPicture(const QMimeData &data);
 /// The picture files that \a data names, when it names nothing else.
 QStringList pictureFiles(const QMimeData &data);
 
-/// True when \a data names documents alone, which are opened and not inserted.
+/// True when \a data names a document, which is opened and not inserted.
 bool namesDocuments(const QMimeData &data);
 
 } // namespace ClipboardText

@@ -63,6 +63,13 @@ QRectF outline(const QRectF &area, const QPointF &fixed, const QSizeF &size)
     return {QPointF(left, top), size};
 }
 
+bool isLink(const QTextDocument &document, int position)
+{
+    QTextCursor behind(document.findBlock(position));
+    behind.setPosition(position + 1); // a position's format is that of the character before it
+    return behind.charFormat().isAnchor();
+}
+
 } // namespace
 
 PictureHandles::PictureHandles(QTextEdit &view)
@@ -77,7 +84,8 @@ bool PictureHandles::press(const QPoint &point)
         return true;
     }
     const std::optional<Picture> hit = pictureAt(point);
-    if (!hit || (chosen && chosen->position == hit->position)) // a selected picture can be dragged elsewhere
+    const bool isSelected = hit && chosen && chosen->position == hit->position;
+    if (!hit || isSelected || isLink(*m_view.document(), hit->position)) // it can be dragged or followed
         return false;
     QTextCursor cursor = m_view.textCursor();
     cursor.setPosition(hit->position);

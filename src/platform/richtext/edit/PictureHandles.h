@@ -6,8 +6,8 @@
 class QPoint;
 class QTextEdit;
 
-/// The frame around a picture that is selected alone, whose corners resize it. A click on a picture selects
-/// it.
+/// The frame around a picture that is selected alone, whose corners resize it. A click on a picture that is
+/// no link selects it.
 class PictureHandles
 {
 public:
@@ -30,7 +30,7 @@ public:
     /// Paints over the text of the view.
     void paint() const;
 
-    /// To be called before the view shows another document.
+    /// To be called when the document changes, and before the view shows another one.
     void forget() { m_drag.reset(); }
 
 private:

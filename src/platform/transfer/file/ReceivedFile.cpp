@@ -27,9 +27,11 @@ auto translated(Step step)
     }
 }
 
+constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+
 Descriptor openFolder(const QByteArray &path)
 {
-    Descriptor folder(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    Descriptor folder(::open(path.constData(), folderFlags));
     if (!folder.isOpen())
         failWith(errno == ENOENT ? ENOTDIR : errno);
     return folder;
@@ -58,9 +60,12 @@ ReceivedFile::ReceivedFile(const QByteArray &folder, const QByteArray &name)
     , m_file(begin(folder, name))
 {}
 
-void ReceivedFile::sweep(const QByteArray &folder)
+bool ReceivedFile::sweep(const QByteArray &folder) noexcept
 {
-    PendingFile::sweep(openFolder(folder).get());
+    const Descriptor opened(::open(folder.constData(), folderFlags));
+    if (opened.isOpen())
+        PendingFile::sweep(opened.get());
+    return opened.isOpen();
 }
 
 void ReceivedFile::write(QByteArrayView bytes)

@@ -12,8 +12,9 @@ public:
     /// \a folder is absolute; \a name is no path. Throws 80 where the name is taken.
     ReceivedFile(const QByteArray &folder, const QByteArray &name);
 
-    /// Removes what killed processes left of such files in \a folder. Reads the whole folder.
-    static void sweep(const QByteArray &folder);
+    /// Removes what killed processes left of such files in \a folder. Reads the whole folder. False, and
+    /// nothing done, when it cannot be opened.
+    static bool sweep(const QByteArray &folder) noexcept;
 
     void write(QByteArrayView bytes);
     /// Seconds since 1970.

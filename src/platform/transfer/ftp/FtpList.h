@@ -3,9 +3,11 @@
 #include "FtpListing.h"
 #include "FtpTransfer.h"
 
+#include <QElapsedTimer>
+
 /// Lists the current folder: by MLSD where the server knows it, else by LIST. The response is the rows. What
-/// a server sends has a limit (see FtpListing), but not the time that it takes: while the server goes on
-/// sending anything the list goes on too, and the user may cancel it at any moment.
+/// a server sends has a limit (see FtpListing), and so has the time that it takes: ten minutes, and a second
+/// more for each thousand bytes.
 class FtpList : public FtpTransfer
 {
     Q_OBJECT
@@ -21,7 +23,10 @@ protected:
 
 private:
     void narrowFacts();
+    void answeredFacts(const FtpReply &reply);
     void request();
 
     FtpListing m_listing;
+    QElapsedTimer m_time; ///< since the list was asked for
+    qint64 m_size = 0;    ///< received, in bytes
 };

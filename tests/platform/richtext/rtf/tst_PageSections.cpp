@@ -11,7 +11,7 @@
 
 namespace {
 
-QByteArray again(const QByteArray &rtf)
+QByteArray sectionsAgain(const QByteArray &rtf)
 {
     return RtfWriter::write(ReadDocument(rtf).document());
 }
@@ -24,7 +24,7 @@ const QByteArray threeSections =
 
 TEST(PageSections, ComeBackWithTheirWordsAndTexts)
 {
-    const QByteArray written = again(threeSections);
+    const QByteArray written = sectionsAgain(threeSections);
     EXPECT_TRUE(written.contains("{\\f1 a\\sect}\n\\sectd")) << written.constData();
     EXPECT_TRUE(
         written.contains("{\\f1\\par}\n\\sect\n\\sectd")); // an empty paragraph needs an end of its own
@@ -33,12 +33,12 @@ TEST(PageSections, ComeBackWithTheirWordsAndTexts)
     EXPECT_TRUE(written.contains("\\sectd\\sbknone\n"));
     EXPECT_FALSE(written.contains("pagebb"));
     EXPECT_EQ(textOf(written), "a|b||c");
-    EXPECT_EQ(again(written).toStdString(), written.toStdString());
+    EXPECT_EQ(sectionsAgain(written).toStdString(), written.toStdString());
 }
 
 TEST(PageSections, BeginPagesButWhereTheySayNot)
 {
-    ReadDocument read(again(threeSections));
+    ReadDocument read(sectionsAgain(threeSections));
     const auto breaks = [&](int paragraph) {
         return read.paragraph(paragraph).blockFormat().pageBreakPolicy() ==
                QTextFormat::PageBreak_AlwaysBefore;
@@ -49,27 +49,27 @@ TEST(PageSections, BeginPagesButWhereTheySayNot)
 
 TEST(PageSections, AParagraphMayBreakThePageInASectionThatDoesNot)
 {
-    const QByteArray written = again("{\\rtf1 a\\sect\\sectd\\sbknone\\pard\\pagebb b}");
+    const QByteArray written = sectionsAgain("{\\rtf1 a\\sect\\sectd\\sbknone\\pard\\pagebb b}");
     EXPECT_TRUE(written.contains("\\pagebb"));
 }
 
 TEST(PageSections, MayBeginWithATable)
 {
-    const QByteArray written =
-        again("{\\rtf1 a\\par\\sect\\sectd\\headery99\\trowd\\cellx1000\\intbl b\\cell\\row\\pard c\\par}");
+    const QByteArray written = sectionsAgain(
+        "{\\rtf1 a\\par\\sect\\sectd\\headery99\\trowd\\cellx1000\\intbl b\\cell\\row\\pard c\\par}");
     EXPECT_LT(written.indexOf("\\headery99"), written.indexOf("\\trowd")) << written.constData();
     EXPECT_GT(written.indexOf("\\headery99"), written.indexOf("a"));
-    EXPECT_EQ(again(written).toStdString(), written.toStdString());
+    EXPECT_EQ(sectionsAgain(written).toStdString(), written.toStdString());
 }
 
 TEST(PageSections, EndTables)
 {
     const QByteArray row = "\\trowd\\cellx1000\\pard\\intbl b\\cell\\row";
     const QByteArray written =
-        again("{\\rtf1 " + row + "\\pard\\sect\\sectd\\sbknone " + row + "\\pard c\\par}");
+        sectionsAgain("{\\rtf1 " + row + "\\pard\\sect\\sectd\\sbknone " + row + "\\pard c\\par}");
     EXPECT_EQ(ReadDocument(written).document().rootFrame()->childFrames().size(), 2);
     EXPECT_EQ(written.count("\\sectd\\sbknone"), 1);
-    EXPECT_EQ(again(written).toStdString(), written.toStdString());
+    EXPECT_EQ(sectionsAgain(written).toStdString(), written.toStdString());
 }
 
 TEST(PageSections, SplittingTheirFirstParagraphMakesNoSecondOne)

@@ -10,7 +10,7 @@
 namespace {
 
 /// What \a rtf is written as after it was read.
-QByteArray again(const QByteArray &rtf)
+QByteArray writtenAgain(const QByteArray &rtf)
 {
     return RtfWriter::write(ReadDocument(rtf).document());
 }
@@ -32,10 +32,10 @@ TEST_P(RtfUnseen, IsKeptAndWrittenBack)
 {
     const QByteArray file = framed(GetParam().body);
     EXPECT_EQ(textOf(file), GetParam().text);
-    const QByteArray written = again(file);
+    const QByteArray written = writtenAgain(file);
     EXPECT_TRUE(written.contains(GetParam().written)) << written.constData();
     EXPECT_EQ(textOf(written), GetParam().text);
-    EXPECT_EQ(again(written).toStdString(), written.toStdString());
+    EXPECT_EQ(writtenAgain(written).toStdString(), written.toStdString());
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -109,7 +109,22 @@ TEST(RtfUnseenEdited, ASelectionHasItWithItsText)
     EXPECT_TRUE(RtfWriter::writeSelection(cursor).contains("hidden"));
 }
 
+TEST(RtfUnseenEdited, ASelectionWithoutTheParagraphsEndLeavesWhatIsThere)
+{
+    ReadDocument read(framed("abc{\\v hidden}\\par d"));
+    QTextCursor cursor(&read.document());
+    cursor.setPosition(1, QTextCursor::KeepAnchor);
+    EXPECT_FALSE(RtfWriter::writeSelection(cursor).contains("hidden"));
+}
+
+TEST(RtfUnseenEdited, ACommentLeavesThePageBreakToTheTextAroundIt)
+{
+    ReadDocument read(framed("a\\par\\page b{\\*\\annotation\\pard\\plain x}c\\par d"));
+    EXPECT_TRUE(read.document().findBlockByNumber(1).blockFormat().pageBreakPolicy() &
+                QTextFormat::PageBreak_AlwaysBefore);
+}
+
 TEST(RtfUnseenEdited, DeletedTextDoesNotComeBack)
 {
-    EXPECT_FALSE(again(framed("a{\\deleted gone}{\\v\\deleted gone}b")).contains("gone"));
+    EXPECT_FALSE(writtenAgain(framed("a{\\deleted gone}{\\v\\deleted gone}b")).contains("gone"));
 }

@@ -173,7 +173,7 @@ void RtfBodyWriter::block(const QTextBlock &block, int start, const char *end)
         m_stream.group(m_header.lists.nextMark(*paragraph.list));
     if (start != last)
         runs(block, start);
-    if (m_characters.hasUnseen())
+    if (endIsSelected && m_characters.hasUnseen())
         unseen(m_characters.unseen(block.charFormatIndex()));
     if (start == last)
         setCharacters(wordsOfEmpty(block, start));

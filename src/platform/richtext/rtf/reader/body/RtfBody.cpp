@@ -279,8 +279,14 @@ bool RtfBody::beginInsertion()
     flushBytes();
     if (m_stories.size() >= mostStories)
         return false;
-    m_stories.emplace_back();
+    beginStory();
     return true;
+}
+
+void RtfBody::beginStory()
+{
+    m_stories.emplace_back();
+    m_stories.back().breaksPage = std::exchange(m_breaksPage, false);
 }
 
 RtfFlow RtfBody::endStory(const RtfState &inside)
@@ -290,6 +296,7 @@ RtfFlow RtfBody::endStory(const RtfState &inside)
     builder().finish();
     keepRest(builder().flow());
     RtfFlow flow = std::move(builder().flow());
+    m_breaksPage = m_stories.back().breaksPage;
     m_stories.pop_back();
     return flow;
 }
@@ -299,17 +306,13 @@ bool RtfBody::beginPageText()
     flushBytes();
     if (m_stories.size() > 1)
         return false;
-    m_stories.emplace_back();
-    m_stories.back().breaksPage = std::exchange(m_breaksPage, false);
+    beginStory();
     return true;
 }
 
 RtfFlow RtfBody::endPageText(const RtfState &inside)
 {
-    const bool breaksPage = m_stories.back().breaksPage;
-    RtfFlow flow = endStory(inside);
-    m_breaksPage = breaksPage;
-    return flow;
+    return endStory(inside);
 }
 
 qsizetype RtfBody::place()

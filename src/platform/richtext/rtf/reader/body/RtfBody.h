@@ -93,6 +93,7 @@ private:
     void endRun(qsizetype start);
     void number(int number, const RtfCharacterState &state);
     void addParagraph(const RtfState &state, int depth);
+    void beginStory();
     RtfFlow endStory(const RtfState &inside);
     bool hasText();
     void replaceLoneSurrogates();
