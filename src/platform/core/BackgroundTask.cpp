@@ -49,7 +49,7 @@ int BackgroundTask::launch(std::function<int()> call)
         std::thread([shared = m_shared, call = std::move(call)] {
             try {
                 shared->result = call();
-            } catch (...) { // nothing but memory can be missing
+            } catch (...) { // mostly memory that is missing
                 shared->result = ENOMEM;
             }
             ::eventfd_write(shared->event, 1);

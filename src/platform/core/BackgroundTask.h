@@ -15,7 +15,9 @@ public:
     explicit BackgroundTask(QObject *parent = nullptr);
     ~BackgroundTask() override;
 
-    /// Starts \a call, once. Its result is an errno value, or another number that both sides know.
+    /// Starts \a call, once. Its result is an errno value, or another number that both sides know. An
+    /// exception that it throws is reported as ENOMEM; a thread that cannot be made as its errno value, with
+    /// the next events.
     void start(std::function<int()> call);
 
 Q_SIGNALS:

@@ -75,6 +75,15 @@ bool isMissing(int error)
     return error == EINVAL || error == ENOSYS || error == ENOTSUP;
 }
 
+bool isNamed(const Descriptor &file, int folder, const QByteArray &name)
+{
+    struct stat own = {};
+    struct stat other = {};
+    return ::fstat(file.get(), &own) == 0 &&
+           ::fstatat(folder, name.constData(), &other, AT_SYMLINK_NOFOLLOW) == 0 &&
+           own.st_dev == other.st_dev && own.st_ino == other.st_ino;
+}
+
 /// Renames over an empty file that is made for that. Where this fails, nothing of it is left.
 void renameOverPlaceholder(int folder, const QByteArray &from, const QByteArray &to)
 {
@@ -84,8 +93,15 @@ void renameOverPlaceholder(int folder, const QByteArray &from, const QByteArray 
     if (::renameat(folder, from.constData(), folder, to.constData()) == 0)
         return;
     const int error = errno;
-    ::unlinkat(folder, to.constData(), 0);
+    if (isNamed(placeholder, folder, to))
+        ::unlinkat(folder, to.constData(), 0);
     fail(error);
+}
+
+std::function<int()> syncingOf(const Descriptor &opened)
+{
+    const auto file = std::make_shared<Descriptor>(::fcntl(opened.get(), F_DUPFD_CLOEXEC, 0));
+    return [file] { return ::fsync(file->get()) == 0 || isMissing(errno) ? 0 : errno; };
 }
 
 /// Some file systems report what they could not write only here. The lock stays with \a file.
@@ -148,8 +164,12 @@ void PendingFile::setModified(time_t time)
 
 std::function<int()> PendingFile::syncing() const
 {
-    const auto file = std::make_shared<Descriptor>(::fcntl(m_file.get(), F_DUPFD_CLOEXEC, 0));
-    return [file] { return ::fsync(file->get()) == 0 || isMissing(errno) ? 0 : errno; };
+    return syncingOf(m_file);
+}
+
+std::function<int()> PendingFile::syncingFolder() const
+{
+    return syncingOf(m_folder);
 }
 
 void PendingFile::publish(const QByteArray &name, Existing existing)

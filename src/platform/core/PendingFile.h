@@ -32,13 +32,16 @@ public:
     /// A function, for any thread, that writes to the disk what the system still holds, and returns an errno
     /// value or 0. It may outlive this object.
     std::function<int()> syncing() const;
+    /// The same for the folder, where the name is that publish() has given.
+    std::function<int()> syncingFolder() const;
 
     /// Gives the file its name. With Existing::Keep it fails with EEXIST where the name is taken, whatever
     /// the file system is able to do in one step.
     void publish(const QByteArray &name, Existing existing);
 
     /// Removes from the open folder \a folder what killed processes of this user left there: files with such
-    /// a hidden name that nobody has locked. It reads the whole folder and never fails.
+    /// a hidden name that nobody has locked. It reads the whole folder and never fails. Locks of other
+    /// computers are not seen on network file systems that keep them local.
     static void sweep(int folder);
 
 private:

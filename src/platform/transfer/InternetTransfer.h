@@ -60,7 +60,8 @@ public:
     void setPassword(const QString &password) { m_logOn.password = password; }
 
     /// After how many seconds without a sign of the server the next commands end with 12002; 60 at first.
-    /// There is no limit for the whole command. Throws RuntimeError 380 for less than 1.
+    /// Only DIR has a limit for the whole command: ten minutes, and a second more for each thousand bytes.
+    /// Throws RuntimeError 380 for less than 1.
     int RequestTimeout() const { return int(m_logOn.timeout.count()); }
     void setRequestTimeout(int seconds);
 

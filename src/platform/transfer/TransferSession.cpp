@@ -185,7 +185,7 @@ QString TransferSession::takeResponse(int size)
 
 void TransferSession::waitLonger()
 {
-    if (m_job)
+    if (m_job && !m_job->isOverdue())
         m_timeout.start(m_logOn.timeout);
 }
 
@@ -194,8 +194,9 @@ void TransferSession::timeOut()
     const auto hasUnreadInput = [this] {
         return m_connection->control().stream().hasInput() || m_job->hasInput();
     };
-    if (!m_job->waitsForServer() || hasUnreadInput() ||
-        m_job->hasNewAcknowledgement()) { // another handler may have taken long
+    const bool goesOn = !m_job->waitsForServer() || hasUnreadInput() || // another handler may have taken long
+                        m_job->hasNewAcknowledgement();
+    if (goesOn && !m_job->isOverdue()) {
         waitLonger();
         return;
     }

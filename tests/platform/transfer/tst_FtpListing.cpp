@@ -73,6 +73,7 @@ TEST(FtpListing, ReadsMachineLists)
                                     {"type=dir;modify=20260101000000; folder", "folder/"},
                                     {"Type=DIR; FOLDER", "FOLDER/"},
                                     {"size=1;type=dir;perm=el; late", "late/"},
+                                    {"type=dir unclosed", "unclosed/"},
                                     {"type=cdir;modify=1; .", "./"},
                                     {"type=pdir;modify=1; ..", "../"},
                                     {"type=OS.unix=slink:/target; link", "link"},

@@ -268,12 +268,32 @@ TEST_F(FtpReceiveTest, WhatKilledReceivesLeftIsRemovedOnceForEachFolder)
     EXPECT_FALSE(isThere(left));
 }
 
+TEST_F(FtpReceiveTest, AFolderThatIsMadeLaterIsLookedThroughThen)
+{
+    remote.addFile("a");
+    const QString command = QStringLiteral("GET \"a\" \"%1/later\\a\"").arg(local.path());
+    EXPECT_NE(probe.codeOf(command), 0);
+    local.addFolder("later");
+    local.addFile("later/.quill-000000000left.part", "half");
+    EXPECT_EQ(probe.codeOf(command), 0);
+    EXPECT_NE(::access(local.file("later/.quill-000000000left.part").constData(), F_OK), 0);
+}
+
 TEST_F(FtpReceiveTest, AFileThatIsNotThereIsRefused)
 {
     EXPECT_EQ(probe.codeOf(get(QStringLiteral("a"))), TransferError::Refused);
     EXPECT_EQ(probe.session().ResponseInfo(), QStringLiteral("550 No such file."));
     EXPECT_EQ(localNames(), QByteArrayList());
     EXPECT_EQ(probe.codeOf("DIR"), 0);
+}
+
+TEST_F(FtpReceiveTest, TheDataAndThenTheNameAreOnTheDisk)
+{
+    remote.addFile("a");
+    FailingCalls calls;
+    const int before = calls.syncs();
+    EXPECT_EQ(probe.codeOf(get(QStringLiteral("a"))), 0);
+    EXPECT_EQ(calls.syncs(), before + 2);
 }
 
 TEST_F(FtpReceiveTest, ADiskThatFailsAtTheEndIsReportedAndLeavesNothing)

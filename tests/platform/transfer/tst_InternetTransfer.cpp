@@ -169,7 +169,7 @@ TEST_F(InternetTransferTest, AServerMayRefuseToLeaveFactsAway)
 TEST_F(InternetTransferTest, AServerThatLeavesTheTypeAwayIsAskedByList)
 {
     remote.addFolder("sub");
-    for (const char *reply : {"200 MLST OPTS", "200 MLST OPTS size;modify;"}) {
+    for (const char *reply : {"200 MLST OPTS", "200 MLST OPTS size;modify;", "200 MLST OPTS media-type;"}) {
         server.forgetCommands();
         server.reply("OPTS", reply);
         server.setListing(" sub\r\n");

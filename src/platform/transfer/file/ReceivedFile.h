@@ -22,6 +22,7 @@ public:
 
     /// As PendingFile's.
     std::function<int()> syncing() const { return m_file.syncing(); }
+    std::function<int()> syncingFolder() const { return m_file.syncingFolder(); }
 
     /// Gives the file its name. Throws 80 where the name is taken.
     void publish();

@@ -24,6 +24,8 @@ public:
     /// True when the server has acknowledged data since some was sent, or this was asked before. Slow lines
     /// take long to empty what the kernel keeps of an upload.
     virtual bool hasNewAcknowledgement() { return false; }
+    /// True when the whole job has taken too long: signs of the server give it no more time.
+    virtual bool isOverdue() const { return false; }
     /// What has gone wrong while the server's last reply is still awaited.
     const std::optional<TransferFailure> &failure() const { return m_failure; }
 

@@ -1,7 +1,5 @@
 #include "FtpList.h"
 
-#include "TransferError.h"
-
 #include <utility>
 
 namespace {
@@ -18,6 +16,12 @@ FtpList::FtpList()
     : FtpTransfer(Direction::Receive)
     , m_listing(FtpListing::Format::Machine)
 {}
+
+bool FtpList::isOverdue() const
+{
+    constexpr qint64 freeTime = 600000; // milliseconds
+    return m_time.isValid() && m_time.hasExpired(freeTime + m_size);
+}
 
 void FtpList::start()
 {
@@ -38,7 +42,9 @@ void FtpList::narrowFacts()
 void FtpList::answeredFacts(const FtpReply &reply)
 {
     const QByteArray text = reply.text.toLower();
-    if (reply.isCompletion() && text.contains("mlst opts") && !text.contains("type"))
+    const qsizetype facts = text.indexOf("mlst opts");
+    if (reply.isCompletion() && facts >= 0 && text.indexOf(" type;", facts) < 0 &&
+        text.indexOf(";type;", facts) < 0)
         connection().knowsMlsd = false; // folders would look like files
     request();
 }
@@ -54,10 +60,7 @@ void FtpList::request()
 
 void FtpList::take(QByteArrayView bytes)
 {
-    constexpr qint64 freeTime = 600000; // milliseconds
     m_size += bytes.size();
-    if (m_time.hasExpired(freeTime + m_size))
-        throw TransferFailure(TransferError::TimedOut);
     m_listing.add(bytes);
 }
 

@@ -15,6 +15,8 @@ class FtpList : public FtpTransfer
 public:
     FtpList();
 
+    bool isOverdue() const override;
+
 protected:
     void start() override;
     void take(QByteArrayView bytes) override;

@@ -151,7 +151,8 @@ QByteArray FtpListingLine::machineRow(QByteArrayView line)
         return {};
     const qsizetype begin = facts.startsWith("type=") ? 0 : facts.indexOf(";type=") + 1;
     QByteArrayView type = QByteArrayView(facts).sliced(begin);
-    type = type.first(std::max<qsizetype>(type.indexOf(';'), 0));
+    if (const qsizetype end = type.indexOf(';'); end >= 0)
+        type = type.first(end);
     return rowOf(line.sliced(blank + 1), type == "type=dir" || type == "type=cdir" || type == "type=pdir");
 }
 

@@ -75,5 +75,7 @@ void FtpReceive::synced(int error)
     if (error != 0)
         throw TransferFailure::ofErrno(error);
     m_file->publish();
-    Q_EMIT finished({});
+    auto *task = new BackgroundTask(this); // the name has to last too; not every file system offers that
+    on(task, &BackgroundTask::finished, this, [this] { Q_EMIT finished({}); });
+    task->start(m_file->syncingFolder());
 }

@@ -149,9 +149,18 @@ void FtpTransfer::beginData()
     if (m_hasEnded || std::exchange(m_hasBegun, true))
         return;
     if (connection().tls())
-        m_data.encrypt(*connection().tls(), connection().host(), &connection().control().stream());
+        encrypt();
     else
         pump();
+}
+
+void FtpTransfer::encrypt()
+{
+    try {
+        m_data.encrypt(*connection().tls(), connection().host(), &connection().control().stream());
+    } catch (const TransferFailure &failure) {
+        encryptFailed(failure);
+    }
 }
 
 void FtpTransfer::encryptFailed(const TransferFailure &failure)

@@ -47,6 +47,7 @@ private:
     void sendRequest();
     void answered(const FtpReply &reply);
     void beginData();
+    void encrypt();
     void pump();
     void receive();
     void takeOver(qint64 count);
