@@ -79,6 +79,7 @@ void RichTextBox::replaceDocument(std::unique_ptr<QTextDocument> document, const
     shown->setUndoRedoEnabled(true);
     shown->setModified(false);
     m_longDocuments.attach(*shown);
+    m_unseen.attach(*shown);
     on(shown, &QTextDocument::contentsChange, this, [this] {
         m_isChanged = true;
         m_handles.forget();

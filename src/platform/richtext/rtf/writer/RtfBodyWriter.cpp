@@ -30,6 +30,7 @@ RtfBodyWriter::RtfBodyWriter(const QTextDocument &document, int from, int to, Rt
     , m_header(header)
     , m_characters(document.allFormats(), header)
     , m_paragraphs(document, document.allFormats(), header)
+    , m_places(Unseen::places(document))
     , m_hasSections(sections == Sections::Written && m_paragraphs.beginSections())
 {}
 
@@ -174,7 +175,7 @@ void RtfBodyWriter::block(const QTextBlock &block, int start, const char *end)
     if (start != last)
         runs(block, start);
     if (endIsSelected && m_characters.hasUnseen())
-        unseen(m_characters.unseen(block.charFormatIndex()));
+        unseen(m_characters.unseen(block.charFormatIndex()), last);
     if (start == last)
         setCharacters(wordsOfEmpty(block, start));
     if (endIsSelected)
@@ -209,7 +210,7 @@ void RtfBodyWriter::runs(const QTextBlock &block, int next)
         const CharacterWords::Run run = m_characters.run(fragment.charFormatIndex(), text);
         if (run.field != field && field != 0)
             m_stream.endField();
-        unseen(run.unseen);
+        unseen(run.unseen, next - fragment.length());
         if (run.field != field && run.field != 0)
             m_stream.startField(m_characters.instruction(run.field));
         field = run.field;
@@ -223,14 +224,14 @@ void RtfBodyWriter::runs(const QTextBlock &block, int next)
         m_stream.endField();
 }
 
-void RtfBodyWriter::unseen(const Unseen::Pieces *pieces)
+void RtfBodyWriter::unseen(const Unseen::Pieces &pieces, int position)
 {
-    if (!pieces || m_written.contains(pieces))
-        return;
-    m_written.insert(pieces);
-    setCharacters(0);
-    for (const Unseen::Piece &piece : *pieces)
-        m_stream.group(piece.before + textOf(piece) + piece.after);
+    for (const auto &piece : pieces) {
+        if (m_places.value(piece.get()) != position)
+            continue;
+        setCharacters(0);
+        m_stream.group(piece->before + textOf(*piece) + piece->after);
+    }
 }
 
 QByteArray RtfBodyWriter::textOf(const Unseen::Piece &piece)

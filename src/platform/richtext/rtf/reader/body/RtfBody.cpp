@@ -353,8 +353,13 @@ void RtfBody::endHidden()
     RtfFlow &hidden = m_stories.back().hidden;
     if (hidden.text.isEmpty())
         return;
-    m_stories.back().unseen.append({"{\\v", runsOf(hidden), "}"});
+    keep({"{\\v", runsOf(hidden), "}"});
     hidden.clear();
+}
+
+void RtfBody::keep(const Unseen::Piece &piece)
+{
+    m_stories.back().unseen.append(std::make_shared<const Unseen::Piece>(piece));
 }
 
 /// The text of paragraphs, without what is in their tables.
@@ -400,7 +405,7 @@ void RtfBody::addUnseen(const QByteArray &group)
         story.groups.append(group);
     } else {
         endHidden();
-        story.unseen.append({group, {}, {}});
+        keep({group, {}, {}});
     }
 }
 
@@ -417,7 +422,7 @@ void RtfBody::endComment(const RtfState &state)
     const QByteArray groups = m_stories.back().groups;
     const RtfFlow flow = endStory(state);
     endHidden();
-    m_stories.back().unseen.append({"\\chatn{\\*\\annotation" + groups + "\\pard\\plain", runsOf(flow), "}"});
+    keep({"\\chatn{\\*\\annotation" + groups + "\\pard\\plain", runsOf(flow), "}"});
 }
 
 bool RtfBody::beginNote(const RtfCharacterState &state)
