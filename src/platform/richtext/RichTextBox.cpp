@@ -88,6 +88,7 @@ void RichTextBox::replaceDocument(std::unique_ptr<QTextDocument> document, const
     m_formats.forget();
     ViewMarks::show(*this, {});
     m_links.forget();
+    m_spelling.forget();
     m_handles.forget();
     m_loaded = loaded;
     const bool isFirst = old->parent() != this;

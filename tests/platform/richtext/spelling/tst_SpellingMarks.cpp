@@ -72,6 +72,24 @@ TEST_F(SpellingMarksTest, UnknownWordsAreUnderlinedAndTheDocumentStays)
     EXPECT_FALSE(box.document()->isUndoAvailable());
 }
 
+TEST_F(SpellingMarksTest, TextThatNamesNoLanguageIsInTheDocuments)
+{
+    box.setTextRTF("{\\rtf1\\ansi\\deflang6156 la masion {\\lang1036 roug} roug}");
+    EXPECT_EQ(marked(), QStringList({QStringLiteral("masion"), QStringLiteral("roug")}));
+}
+
+TEST_F(SpellingMarksTest, TheMarksFollowEditsAndAnotherDocument)
+{
+    open("la masion");
+    EXPECT_EQ(marked().size(), 1);
+    QTextCursor(box.document()).insertText(QStringLiteral("roug "));
+    EXPECT_EQ(marked(), QStringList({QStringLiteral("roug"), QStringLiteral("masion")}));
+    for (const QByteArray text : {"roug la", "maso la"}) {
+        open(text);
+        EXPECT_EQ(marked(), QStringList(QString::fromLatin1(text.first(4))));
+    }
+}
+
 TEST_F(SpellingMarksTest, AddressesNumbersAndSignsArePassedOver)
 {
     open("la2 12 x http://masion.example/roug masion@roug.example ...");
