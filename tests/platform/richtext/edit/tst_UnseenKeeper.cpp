@@ -110,6 +110,14 @@ TEST_F(UnseenKept, AlsoWhatWasPasted)
     EXPECT_TRUE(isWritten("hid"));
 }
 
+TEST_F(UnseenKept, BeforeTheFirstOfTheRunsThatWereOne)
+{
+    load("a{\\v hid}bcd");
+    select(2, 3);
+    box.setSelBold(true);
+    EXPECT_TRUE(isWritten("a{\\v{hid}}b{\\b c}d"));
+}
+
 TEST_F(UnseenKept, TheEndOfASplitParagraph)
 {
     load("ab{\\v hid}\\par c");

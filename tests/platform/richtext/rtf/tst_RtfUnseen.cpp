@@ -65,6 +65,8 @@ INSTANTIATE_TEST_SUITE_P(
             "ab",
             "{\\*\\atnid A}{\\*\\atnauthor Ann}\\chatn{\\*\\annotation{\\*\\atnref 3}\\pard\\plain{\\f1\\b "
             "why?\\par }{\\f1\\b so}}{\\f1 b"},
+        UnseenRow{"CommentWithEmptyParagraphs", "a{\\*\\annotation\\par b\\par\\par c}d", "ad",
+                  "\\pard\\plain{\\f1 \\par b\\par \\par }{\\f1 c}}"},
         UnseenRow{"CommentOfARange", "{\\*\\atrfstart 1}a{\\*\\atrfend 1}b", "ab",
                   "{\\*\\atrfstart 1}{\\f1 a}{\\*\\atrfend 1}"},
         UnseenRow{"Information", "{\\info{\\title A\\'e9}{\\creatim\\yr2020\\mo5}{\\*\\company C}}a", "a",

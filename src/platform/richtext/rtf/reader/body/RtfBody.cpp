@@ -368,8 +368,12 @@ QList<Unseen::Run> RtfBody::runsOf(const RtfFlow &flow) const
     QList<Unseen::Run> runs;
     int start = 0;
     size_t item = 0;
+    QString before; // empty paragraphs
+    for (; item + 1 < flow.items.size() && flow.items[item].textEnd == 0; ++item)
+        before.append(QChar::ParagraphSeparator);
     for (const RtfFlow::Run &run : flow.runs) {
-        Unseen::Run text{flow.text.mid(start, run.end - start), m_formats.characters(run.format)};
+        Unseen::Run text{before + flow.text.mid(start, run.end - start), m_formats.characters(run.format)};
+        before.clear();
         start = run.end;
         for (; item + 1 < flow.items.size() && flow.items[item].textEnd <= start; ++item)
             text.text.append(QChar::ParagraphSeparator);
