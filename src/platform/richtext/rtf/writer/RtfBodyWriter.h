@@ -51,7 +51,8 @@ private:
     void setCharacters(int words) { m_stream.setCharacters(words, m_characters.words(words)); }
     void setParagraph(int words) { m_stream.setParagraph(words, m_paragraphs.words(words), m_depth); }
     void unseen(const Unseen::Pieces &pieces, int position);
-    QByteArray textOf(const Unseen::Piece &piece);
+    QByteArray bytesOf(const Unseen::Piece &piece);
+    QByteArray textOf(const Unseen::Run &run, const QByteArray &words) const;
     void pictures(int format, QStringView places);
 
     const QTextDocument &m_document;

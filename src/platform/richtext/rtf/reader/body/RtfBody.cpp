@@ -146,12 +146,13 @@ void RtfBody::sign(char16_t place, const QString &font, const RtfCharacterState 
 
 void RtfBody::picture(const QTextImageFormat &format, const RtfCharacterState &state)
 {
-    if (!state.isShown() || format.name().isEmpty())
+    if (!takes(state) || format.name().isEmpty())
         return;
     startText(state);
     flushBytes();
-    builder().paragraph().addText(QString(QChar::ObjectReplacementCharacter),
-                                  withUnseen(m_formats.addPicture(format, state)));
+    const int number = m_formats.addPicture(format, state);
+    selected().addText(QString(QChar::ObjectReplacementCharacter),
+                       m_selected.isHidden() ? number : withUnseen(number));
 }
 
 bool RtfBody::hasText()
