@@ -79,6 +79,7 @@ void RichTextBox::replaceDocument(std::unique_ptr<QTextDocument> document, const
     shown->setUndoRedoEnabled(true);
     shown->setModified(false);
     m_longDocuments.attach(*shown);
+    m_unseen.attach(*shown);
     on(shown, &QTextDocument::contentsChange, this, [this] {
         m_isChanged = true;
         m_handles.forget();
@@ -87,6 +88,7 @@ void RichTextBox::replaceDocument(std::unique_ptr<QTextDocument> document, const
     m_formats.forget();
     ViewMarks::show(*this, {});
     m_links.forget();
+    m_spelling.forget();
     m_handles.forget();
     m_loaded = loaded;
     const bool isFirst = old->parent() != this;

@@ -7,6 +7,7 @@
 #include "SelectionFormats.h"
 #include "SpellingMarks.h"
 #include "UndoSteps.h"
+#include "UnseenKeeper.h"
 
 #include <QTextEdit>
 
@@ -152,6 +153,7 @@ private:
     SpellingMarks m_spelling;
     PictureHandles m_handles;
     UndoSteps m_undoSteps;
+    UnseenKeeper m_unseen;
     RichTextFile::Loaded m_loaded;
     bool m_isChanged = false; ///< since the latest Change
     int m_bulletIndent = 0;

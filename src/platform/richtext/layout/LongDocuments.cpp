@@ -101,7 +101,9 @@ void LongDocuments::beforeLayout(int from, int removed, int added)
         m_meetsRightToLeft = m_meetsRightToLeft || mayRunRightToLeft(*m_document, from, added);
     const int start = qMax(0, from - longestWord);
     m_meetsLongWord = !m_breaksWords && hasLongWord(*m_document, start, from + added + longestWord - start);
-    if (m_meetsLongWord)
+    m_losesLongWord =
+        m_breaksWords && removed > added && !hasLongWord(*m_document, 0, m_document->characterCount());
+    if (m_meetsLongWord || m_losesLongWord)
         m_document->setLayoutEnabled(false);
 }
 
@@ -113,6 +115,8 @@ void LongDocuments::afterEdit()
     }
     if (std::exchange(m_meetsLongWord, false))
         setBreaksWords(true);
+    if (std::exchange(m_losesLongWord, false))
+        setBreaksWords(false);
     if (!m_document->isLayoutEnabled())
         layOutVisible();
 }

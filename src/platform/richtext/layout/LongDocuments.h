@@ -17,7 +17,7 @@ class QTextEdit;
 /// is laid out as after loading: what is seen at once, the rest bit by bit.
 ///
 /// Where Qt may break lines between words alone, a word of 300,000 characters takes it 10 s. So in a document
-/// with a word of thousands of characters lines are broken anywhere.
+/// with a word of thousands of characters lines are broken anywhere, until it is deleted.
 ///
 /// What nobody sees is not laid out: a document begins with that when its view is shown, or when it is
 /// edited.
@@ -53,4 +53,5 @@ private:
     bool m_meetsRightToLeft = false;
     bool m_breaksWords = false; ///< lines end anywhere
     bool m_meetsLongWord = false;
+    bool m_losesLongWord = false;
 };

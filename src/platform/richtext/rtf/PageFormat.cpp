@@ -21,19 +21,20 @@ struct Row
 
 /// In the order of PageFormat::Word.
 constexpr std::array<Row, PageFormat::WordCount> rows = {
-    {{"paperw", Value::Length},    {"paperh", Value::Length},   {"margl", Value::Length},
-     {"margr", Value::Length},     {"margt", Value::Length},    {"margb", Value::Length},
-     {"gutter", Value::Length},    {"deftab", Value::Length},   {"pgnstart", Value::Number},
-     {"landscape", Value::None},   {"facingp", Value::None},    {"margmirror", Value::None},
-     {"pgwsxn", Value::Length},    {"pghsxn", Value::Length},   {"marglsxn", Value::Length},
-     {"margrsxn", Value::Length},  {"margtsxn", Value::Length}, {"margbsxn", Value::Length},
-     {"guttersxn", Value::Length}, {"headery", Value::Length},  {"footery", Value::Length},
-     {"pgnstarts", Value::Number}, {"lndscpsxn", Value::None},  {"margmirsxn", Value::None},
-     {"titlepg", Value::None},     {"pgnrestart", Value::None}, {"pgndec", Value::None},
-     {"pgnucrm", Value::None},     {"pgnlcrm", Value::None},    {"pgnucltr", Value::None},
-     {"pgnlcltr", Value::None},    {"cols", Value::Number},     {"colsx", Value::Length},
-     {"linebetcol", Value::None},  {"sbknone", Value::None},    {"sbkcol", Value::None},
-     {"sbkpage", Value::None},     {"sbkeven", Value::None},    {"sbkodd", Value::None}}};
+    {{"paperw", Value::Length},   {"paperh", Value::Length},    {"margl", Value::Length},
+     {"margr", Value::Length},    {"margt", Value::Length},     {"margb", Value::Length},
+     {"gutter", Value::Length},   {"deftab", Value::Length},    {"deflang", Value::Number},
+     {"pgnstart", Value::Number}, {"landscape", Value::None},   {"facingp", Value::None},
+     {"margmirror", Value::None}, {"pgwsxn", Value::Length},    {"pghsxn", Value::Length},
+     {"marglsxn", Value::Length}, {"margrsxn", Value::Length},  {"margtsxn", Value::Length},
+     {"margbsxn", Value::Length}, {"guttersxn", Value::Length}, {"headery", Value::Length},
+     {"footery", Value::Length},  {"pgnstarts", Value::Number}, {"lndscpsxn", Value::None},
+     {"margmirsxn", Value::None}, {"titlepg", Value::None},     {"pgnrestart", Value::None},
+     {"pgndec", Value::None},     {"pgnucrm", Value::None},     {"pgnlcrm", Value::None},
+     {"pgnucltr", Value::None},   {"pgnlcltr", Value::None},    {"cols", Value::Number},
+     {"colsx", Value::Length},    {"linebetcol", Value::None},  {"sbknone", Value::None},
+     {"sbkcol", Value::None},     {"sbkpage", Value::None},     {"sbkeven", Value::None},
+     {"sbkodd", Value::None}}};
 
 constexpr int property(int word)
 {

@@ -6,8 +6,9 @@
 class QTextDocument;
 class QTextFrameFormat;
 
-/// The words of rich text about pages, kept as properties of the format of a document's root frame. They are
-/// set while a document is read; no undo step knows of them, and clones of the document have them too.
+/// The words of rich text about pages and about all of the text, kept as properties of the format of a
+/// document's root frame. They are set while a document is read; no undo step knows of them, and clones of
+/// the document have them too.
 namespace PageFormat {
 
 enum Word {
@@ -19,6 +20,7 @@ enum Word {
     MarginBottom,
     Gutter,
     TabDistance,
+    DefaultLanguage, ///< of text that names none
     FirstNumber,
     Landscape,
     FacingPages,

@@ -29,8 +29,8 @@ enum Id {
     BaselineShift = QTextFormat::UserProperty + 100, ///< int, half points, up positive
     Language,                                        ///< int, language number as the file gave it
     IsShading,                                       ///< bool, the background is shading and no highlight
-    Unseen,       ///< shared Unseen::Pieces, what is not shown before the text
-    UnseenNumber, ///< int, different wherever that is
+    Unseen,                                          ///< Unseen::Pieces, what is not shown before the text
+    UnseenNumber,                                    ///< int, different wherever that is
     Field, ///< QString, what the field asks for whose result the text is: "PAGE"; in headers and footers
 
     // Pictures (QTextImageFormat); the shown size is the format's own width and height in pixels

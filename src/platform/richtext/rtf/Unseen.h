@@ -1,14 +1,17 @@
 #pragma once
 
 #include <QByteArray>
+#include <QHash>
 #include <QList>
 #include <QTextCharFormat>
+#include <memory>
+
+class QTextDocument;
 
 /// What a file has between two characters that is not shown: bookmarks, comments, hidden text. It is kept in
 /// the format of the character behind it, or of the end of the paragraph, and written back before that.
 ///
-/// Typing and splitting copy a format; the content is known by its place in memory, so that it is written
-/// once.
+/// Typing and splitting copy a format; a piece is known by its place in memory, and belongs to one position.
 namespace Unseen {
 
 struct Run
@@ -25,12 +28,18 @@ struct Piece
     QByteArray after;
 };
 
-using Pieces = QList<Piece>;
+using Pieces = QList<std::shared_ptr<const Piece>>;
 
-/// Adds \a pieces to what \a format has already.
-void add(QTextCharFormat &format, Pieces pieces);
+/// Gives \a format pieces in place of those that it has.
+void set(QTextCharFormat &format, const Pieces &pieces);
 
-/// Null where there is nothing; it lives as long as \a format or a copy of it.
-const Pieces *of(const QTextFormat &format);
+Pieces of(const QTextFormat &format);
+
+/// Whether \a format has pieces.
+bool isIn(const QTextFormat &format);
+
+/// Where each piece of \a document belongs: at the first run of characters that has it; where none has, at
+/// the last paragraph's end, since splitting a paragraph copies its end to the first half.
+QHash<const Piece *, int> places(const QTextDocument &document);
 
 } // namespace Unseen

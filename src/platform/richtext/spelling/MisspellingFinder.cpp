@@ -1,6 +1,7 @@
 #include "MisspellingFinder.h"
 
 #include "LinkFinder.h"
+#include "PageFormat.h"
 #include "ProofingLanguage.h"
 #include "RichTextProperties.h"
 #include "Speller.h"
@@ -9,6 +10,7 @@
 #include <QTextBlock>
 #include <QTextBoundaryFinder>
 #include <QTextDocument>
+#include <QTextFrame>
 #include <algorithm>
 
 namespace {
@@ -26,11 +28,11 @@ bool canBeMisspelt(QStringView word)
            std::ranges::none_of(word, isForeign);
 }
 
-QString languageOf(const QTextCharFormat &format)
+/// Of text that names none.
+QString defaultLanguage(const QTextDocument &document)
 {
-    return format.hasProperty(RichTextProperty::Language)
-               ? ProofingLanguage::name(format.intProperty(RichTextProperty::Language))
-               : ProofingLanguage::ofDesktop();
+    const auto number = PageFormat::value(document.rootFrame()->frameFormat(), PageFormat::DefaultLanguage);
+    return number ? ProofingLanguage::name(*number) : ProofingLanguage::ofDesktop();
 }
 
 /// The languages of a paragraph, asked for from its beginning to its end.
@@ -39,12 +41,16 @@ class Languages
 public:
     explicit Languages(const QTextBlock &block)
         : m_run(block.begin())
+        , m_default(defaultLanguage(*block.document()))
     {}
     const QString &at(int position)
     {
         while (!m_run.atEnd() && (m_end <= position)) {
             m_end = m_run.fragment().position() + m_run.fragment().length();
-            m_language = languageOf(m_run.fragment().charFormat());
+            const QTextCharFormat format = m_run.fragment().charFormat();
+            m_language = format.hasProperty(RichTextProperty::Language)
+                             ? ProofingLanguage::name(format.intProperty(RichTextProperty::Language))
+                             : m_default;
             ++m_run;
         }
         return m_language;
@@ -52,6 +58,7 @@ public:
 
 private:
     QTextBlock::iterator m_run;
+    const QString m_default;
     QString m_language;
     int m_end = 0; ///< of the text in this language
 };

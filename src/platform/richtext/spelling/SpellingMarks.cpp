@@ -27,7 +27,10 @@ SpellingMarks::SpellingMarks(QTextEdit &view, const LongDocuments &documents)
 void SpellingMarks::setOn(bool on)
 {
     if (std::exchange(m_on, on) != on && on)
-        ::on(&Spellers::shared(), &Spellers::loaded, &m_view, [this] { m_view.viewport()->update(); });
+        ::on(&Spellers::shared(), &Spellers::loaded, &m_view, [this] {
+            forget();
+            m_view.viewport()->update();
+        });
     m_view.viewport()->update();
 }
 
@@ -36,13 +39,22 @@ QList<ViewMarks::Mark> SpellingMarks::visible() const
     QList<ViewMarks::Mark> marks;
     if (!m_on || m_view.isReadOnly())
         return marks;
-    const auto [first, end] = m_documents.stretchInView();
     const QTextCursor caret = m_view.textCursor();
-    for (const auto &misspelling : MisspellingFinder::between(*m_view.document(), first, end)) {
+    for (const auto &misspelling : inView()) {
         if (misspelling.end != caret.position() || caret.hasSelection())
             marks.append(ViewMarks::mark(m_view, misspelling.first, misspelling.end, look()));
     }
     return marks;
+}
+
+const QList<MisspellingFinder::Misspelling> &SpellingMarks::inView() const
+{
+    const QTextDocument &document = *m_view.document();
+    const std::pair<int, int> stretch = m_documents.stretchInView();
+    if (!m_known || m_known->revision != document.revision() || m_known->stretch != stretch)
+        m_known = Known{document.revision(), stretch,
+                        MisspellingFinder::between(document, stretch.first, stretch.second)};
+    return m_known->misspellings;
 }
 
 std::optional<MisspellingFinder::Misspelling> SpellingMarks::at(int position) const

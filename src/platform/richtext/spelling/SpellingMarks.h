@@ -4,6 +4,7 @@
 #include "ViewMarks.h"
 
 #include <optional>
+#include <utility>
 
 class LongDocuments;
 class QMenu;
@@ -18,6 +19,9 @@ public:
 
     void setOn(bool on);
 
+    /// To be called before the view shows another document.
+    void forget() { m_known.reset(); }
+
     /// The marks of the misspelt words in view, without the one that is being typed.
     QList<ViewMarks::Mark> visible() const;
 
@@ -25,10 +29,20 @@ public:
     void addSuggestions(QMenu &menu, int position) const;
 
 private:
+    /// The misspellings of a stretch of the document as it was at a revision.
+    struct Known
+    {
+        int revision = 0;
+        std::pair<int, int> stretch;
+        QList<MisspellingFinder::Misspelling> misspellings;
+    };
+
+    const QList<MisspellingFinder::Misspelling> &inView() const;
     std::optional<MisspellingFinder::Misspelling> at(int position) const;
     void replace(const MisspellingFinder::Misspelling &misspelling, const QString &word) const;
 
     QTextEdit &m_view;
     const LongDocuments &m_documents;
+    mutable std::optional<Known> m_known; ///< a view is painted more often than it changes
     bool m_on = false;
 };

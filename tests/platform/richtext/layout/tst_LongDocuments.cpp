@@ -170,6 +170,25 @@ TEST_F(LongDocument, AWordThatGrowsVeryLongIsBrokenAnywhereFromThenOn)
     expectPlainLayout();
 }
 
+TEST_F(LongDocument, WithoutItsLongWordLinesEndBetweenWordsAgain)
+{
+    const auto wrapMode = [&] { return box.document()->defaultTextOption().wrapMode(); };
+    open(100, QStringLiteral("prose and prose"));
+    QTextCursor cursor(box.document());
+    cursor.insertText(QString(5000, u'w') + u'\n' + QString(6000, u'w'));
+    EXPECT_EQ(wrapMode(), QTextOption::WrapAnywhere);
+    cursor.setPosition(0);
+    cursor.setPosition(5000, QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+    EXPECT_EQ(wrapMode(), QTextOption::WrapAnywhere);
+    box.undo();
+    box.undo();
+    EXPECT_EQ(wrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    EXPECT_EQ(box.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }, longestWait));
+    expectPlainLayout();
+}
+
 TEST_F(LongDocument, AFormatOfEverythingLeavesTheViewWhereItIs)
 {
     open(8000, QStringLiteral("Some words that make a paragraph"));

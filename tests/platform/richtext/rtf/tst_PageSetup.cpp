@@ -73,7 +73,7 @@ TEST(PageSetup, TheFirstSectionsWordsGoBefore)
 TEST(PageSetup, WordsAreWrittenBack)
 {
     const QByteArray words =
-        "\\paperw11906\\paperh16838\\margl1134\\margr1135\\margt-1136\\margb1137\\deftab500"
+        "\\paperw11906\\paperh16838\\margl1134\\margr1135\\margt-1136\\margb1137\\deftab500\\deflang1031"
         "\\landscape\\facingp\\sectd\\pgwsxn5000\\headery300\\titlepg\\pgnlcrm\\cols2\n";
     const QByteArray written = again("{\\rtf1" + words + "text}");
     EXPECT_TRUE(written.contains('\n' + words)) << written.constData();

@@ -15,6 +15,14 @@ QByteArray writtenAgain(const QByteArray &rtf)
     return RtfWriter::write(ReadDocument(rtf).document());
 }
 
+/// A picture of one pixel.
+constexpr char pictured[] = R"(a{\*\annotation b{\pict\pngblip
+89504e470d0a1a0a0000000d4948445200000001000000010802000000907753de0000000c4944415408d763f8cfc0000003010100
+18dd8db00000000049454e44ae426082}c}d)";
+constexpr char pictureHidden[] = R"(a{\v b{\pict\pngblip
+89504e470d0a1a0a0000000d4948445200000001000000010802000000907753de0000000c4944415408d763f8cfc0000003010100
+18dd8db00000000049454e44ae426082}c}d)";
+
 struct UnseenRow
 {
     const char *name;
@@ -65,6 +73,12 @@ INSTANTIATE_TEST_SUITE_P(
             "ab",
             "{\\*\\atnid A}{\\*\\atnauthor Ann}\\chatn{\\*\\annotation{\\*\\atnref 3}\\pard\\plain{\\f1\\b "
             "why?\\par }{\\f1\\b so}}{\\f1 b"},
+        UnseenRow{"CommentWithEmptyParagraphs", "a{\\*\\annotation\\par b\\par\\par c}d", "ad",
+                  "\\pard\\plain{\\f1 \\par b\\par \\par }{\\f1 c}}"},
+        UnseenRow{"CommentWithHiddenText", "a{\\*\\annotation b{\\v c}d}e", "ae",
+                  "\\pard\\plain{\\f1 b}{\\v{\\f1 c}}{\\f1 d}}"},
+        UnseenRow{"CommentWithPicture", pictured, "ad", "89504e47"},
+        UnseenRow{"HiddenPicture", pictureHidden, "ad", "89504e47"},
         UnseenRow{"CommentOfARange", "{\\*\\atrfstart 1}a{\\*\\atrfend 1}b", "ab",
                   "{\\*\\atrfstart 1}{\\f1 a}{\\*\\atrfend 1}"},
         UnseenRow{"Information", "{\\info{\\title A\\'e9}{\\creatim\\yr2020\\mo5}{\\*\\company C}}a", "a",

@@ -72,6 +72,26 @@ TEST_F(SpellingMarksTest, UnknownWordsAreUnderlinedAndTheDocumentStays)
     EXPECT_FALSE(box.document()->isUndoAvailable());
 }
 
+TEST_F(SpellingMarksTest, TextThatNamesNoLanguageIsInTheDocuments)
+{
+    box.setTextRTF("{\\rtf1\\ansi\\deflang6156 la masion {\\lang1036 roug} roug}");
+    EXPECT_EQ(marked(), QStringList({QStringLiteral("masion"), QStringLiteral("roug")}));
+}
+
+TEST_F(SpellingMarksTest, TheMarksFollowEditsAndAnotherDocument)
+{
+    open("la masion");
+    EXPECT_EQ(marked().size(), 1);
+    select(3, 9);
+    box.setSelText(QStringLiteral("maison"));
+    box.setSelStart(0);
+    EXPECT_EQ(marked(), QStringList());
+    for (const QByteArray text : {"la roug", "roug la"}) {
+        open(text);
+        EXPECT_EQ(marked(), QStringList(QStringLiteral("roug"))) << text.constData();
+    }
+}
+
 TEST_F(SpellingMarksTest, AddressesNumbersAndSignsArePassedOver)
 {
     open("la2 12 x http://masion.example/roug masion@roug.example ...");

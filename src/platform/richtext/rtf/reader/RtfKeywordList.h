@@ -327,6 +327,7 @@
     row("margb", MarginBottom, Page) \
     row("gutter", Gutter, Page) \
     row("deftab", TabDistance, Page) \
+    row("deflang", DefaultLanguage, Page) \
     row("pgnstart", FirstPageNumber, Page) \
     row("landscape", Landscape, Page) \
     row("facingp", FacingPages, Page) \

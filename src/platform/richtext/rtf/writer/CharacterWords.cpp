@@ -114,7 +114,7 @@ CharacterWords::CharacterWords(const QList<QTextFormat> &formats, RtfHeader &hea
     , m_header(header)
     , m_runs(formats.size() * NeedCount)
     , m_signs(signsOf(formats))
-    , m_hasUnseen(std::any_of(formats.begin(), formats.end(), Unseen::of))
+    , m_hasUnseen(std::any_of(formats.begin(), formats.end(), Unseen::isIn))
 {}
 
 CharacterWords::Run CharacterWords::run(int format, QStringView text)

@@ -18,7 +18,7 @@ public:
         int words = -1; ///< equal for formats that are written alike
         int field = 0;  ///< equal for text of the same field, such as a link; 0 for none
         bool isPicture = false;
-        const Unseen::Pieces *unseen = nullptr; ///< what is not shown before the text
+        Unseen::Pieces unseen; ///< what is not shown before the text
     };
 
     /// \a formats are the document's own, by index.
@@ -39,7 +39,7 @@ public:
     const QByteArray &instruction(int field) const { return m_fields.at(field); }
 
     /// What is not shown before the end of a paragraph whose characters have \a format.
-    const Unseen::Pieces *unseen(int format) const { return Unseen::of(m_formats.at(format)); }
+    Unseen::Pieces unseen(int format) const { return Unseen::of(m_formats.at(format)); }
     /// Whether any format has something.
     bool hasUnseen() const { return m_hasUnseen; }
 

@@ -30,6 +30,7 @@ RtfBodyWriter::RtfBodyWriter(const QTextDocument &document, int from, int to, Rt
     , m_header(header)
     , m_characters(document.allFormats(), header)
     , m_paragraphs(document, document.allFormats(), header)
+    , m_places(Unseen::places(document))
     , m_hasSections(sections == Sections::Written && m_paragraphs.beginSections())
 {}
 
@@ -174,7 +175,7 @@ void RtfBodyWriter::block(const QTextBlock &block, int start, const char *end)
     if (start != last)
         runs(block, start);
     if (endIsSelected && m_characters.hasUnseen())
-        unseen(m_characters.unseen(block.charFormatIndex()));
+        unseen(m_characters.unseen(block.charFormatIndex()), last);
     if (start == last)
         setCharacters(wordsOfEmpty(block, start));
     if (endIsSelected)
@@ -209,7 +210,7 @@ void RtfBodyWriter::runs(const QTextBlock &block, int next)
         const CharacterWords::Run run = m_characters.run(fragment.charFormatIndex(), text);
         if (run.field != field && field != 0)
             m_stream.endField();
-        unseen(run.unseen);
+        unseen(run.unseen, next - fragment.length());
         if (run.field != field && run.field != 0)
             m_stream.startField(m_characters.instruction(run.field));
         field = run.field;
@@ -223,38 +224,50 @@ void RtfBodyWriter::runs(const QTextBlock &block, int next)
         m_stream.endField();
 }
 
-void RtfBodyWriter::unseen(const Unseen::Pieces *pieces)
+void RtfBodyWriter::unseen(const Unseen::Pieces &pieces, int position)
 {
-    if (!pieces || m_written.contains(pieces))
-        return;
-    m_written.insert(pieces);
-    setCharacters(0);
-    for (const Unseen::Piece &piece : *pieces)
-        m_stream.group(piece.before + textOf(piece) + piece.after);
+    for (const auto &piece : pieces) {
+        if (m_places.value(piece.get()) != position)
+            continue;
+        setCharacters(0);
+        m_stream.group(bytesOf(*piece));
+    }
 }
 
-QByteArray RtfBodyWriter::textOf(const Unseen::Piece &piece)
+/// A comment may have pieces of its own.
+QByteArray RtfBodyWriter::bytesOf(const Unseen::Piece &piece)
 {
     QList<QTextFormat> formats;
     for (const Unseen::Run &run : piece.text)
         formats.append(run.format);
     CharacterWords characters(formats, m_header);
-    QByteArray out;
+    QByteArray out = piece.before;
     for (int i = 0; i < formats.size(); ++i) {
-        const QString &text = piece.text.at(i).text;
-        const QByteArray words = characters.words(characters.run(i, text).words);
-        out.append('{').append(words);
-        if (!words.isEmpty())
-            out.append(' ');
-        const QList<QStringView> paragraphs = QStringView(text).split(QChar::ParagraphSeparator);
-        for (qsizetype part = 0; part < paragraphs.size(); ++part) {
-            if (part > 0)
-                out.append("\\par ");
-            RtfWords::appendText(out, paragraphs.at(part));
-        }
-        out.append('}');
+        const Unseen::Run &run = piece.text.at(i);
+        for (const auto &inner : Unseen::of(run.format))
+            out.append(bytesOf(*inner));
+        out.append(textOf(run, characters.words(characters.run(i, run.text).words)));
     }
-    return out;
+    return out + piece.after;
+}
+
+QByteArray RtfBodyWriter::textOf(const Unseen::Run &run, const QByteArray &words) const
+{
+    QByteArray out = '{' + words;
+    if (!words.isEmpty())
+        out.append(' ');
+    const bool isPicture = run.format.isImageFormat();
+    const QByteArray picture =
+        isPicture ? RtfPicture::group(m_document, run.format.toImageFormat()) : QByteArray();
+    for (const QChar c : run.text) {
+        if (c == QChar::ParagraphSeparator)
+            out.append("\\par ");
+        else if (isPicture && c == QChar::ObjectReplacementCharacter)
+            out.append(picture);
+        else
+            RtfWords::appendText(out, QStringView(&c, 1));
+    }
+    return out + '}';
 }
 
 void RtfBodyWriter::pictures(int format, QStringView places)

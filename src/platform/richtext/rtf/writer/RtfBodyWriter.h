@@ -4,6 +4,7 @@
 #include "ParagraphWords.h"
 #include "RtfStream.h"
 
+#include <QHash>
 #include <QSet>
 #include <QString>
 
@@ -49,8 +50,9 @@ private:
     int wordsOfEmpty(const QTextBlock &block, int start);
     void setCharacters(int words) { m_stream.setCharacters(words, m_characters.words(words)); }
     void setParagraph(int words) { m_stream.setParagraph(words, m_paragraphs.words(words), m_depth); }
-    void unseen(const Unseen::Pieces *pieces);
-    QByteArray textOf(const Unseen::Piece &piece);
+    void unseen(const Unseen::Pieces &pieces, int position);
+    QByteArray bytesOf(const Unseen::Piece &piece);
+    QByteArray textOf(const Unseen::Run &run, const QByteArray &words) const;
     void pictures(int format, QStringView places);
 
     const QTextDocument &m_document;
@@ -62,8 +64,8 @@ private:
     CharacterWords m_characters;
     ParagraphWords m_paragraphs;
     RtfStream m_stream;
+    const QHash<const Unseen::Piece *, int> m_places;
     bool m_hasSections; ///< those behind the first are written
     bool m_sectionHasEnded = false;
     QSet<const void *> m_sections; ///< written ones
-    QSet<const Unseen::Pieces *> m_written;
 };

@@ -146,12 +146,13 @@ void RtfBody::sign(char16_t place, const QString &font, const RtfCharacterState 
 
 void RtfBody::picture(const QTextImageFormat &format, const RtfCharacterState &state)
 {
-    if (!state.isShown() || format.name().isEmpty())
+    if (!takes(state) || format.name().isEmpty())
         return;
     startText(state);
     flushBytes();
-    builder().paragraph().addText(QString(QChar::ObjectReplacementCharacter),
-                                  withUnseen(m_formats.addPicture(format, state)));
+    const int number = m_formats.addPicture(format, state);
+    selected().addText(QString(QChar::ObjectReplacementCharacter),
+                       m_selected.isHidden() ? number : withUnseen(number));
 }
 
 bool RtfBody::hasText()
@@ -353,8 +354,13 @@ void RtfBody::endHidden()
     RtfFlow &hidden = m_stories.back().hidden;
     if (hidden.text.isEmpty())
         return;
-    m_stories.back().unseen.append({"{\\v", runsOf(hidden), "}"});
+    keep({"{\\v", runsOf(hidden), "}"});
     hidden.clear();
+}
+
+void RtfBody::keep(const Unseen::Piece &piece)
+{
+    m_stories.back().unseen.append(std::make_shared<const Unseen::Piece>(piece));
 }
 
 /// The text of paragraphs, without what is in their tables.
@@ -363,8 +369,12 @@ QList<Unseen::Run> RtfBody::runsOf(const RtfFlow &flow) const
     QList<Unseen::Run> runs;
     int start = 0;
     size_t item = 0;
+    QString before; // empty paragraphs
+    for (; item + 1 < flow.items.size() && flow.items[item].textEnd == 0; ++item)
+        before.append(QChar::ParagraphSeparator);
     for (const RtfFlow::Run &run : flow.runs) {
-        Unseen::Run text{flow.text.mid(start, run.end - start), m_formats.characters(run.format)};
+        Unseen::Run text{before + flow.text.mid(start, run.end - start), m_formats.characters(run.format)};
+        before.clear();
         start = run.end;
         for (; item + 1 < flow.items.size() && flow.items[item].textEnd <= start; ++item)
             text.text.append(QChar::ParagraphSeparator);
@@ -400,7 +410,7 @@ void RtfBody::addUnseen(const QByteArray &group)
         story.groups.append(group);
     } else {
         endHidden();
-        story.unseen.append({group, {}, {}});
+        keep({group, {}, {}});
     }
 }
 
@@ -417,7 +427,7 @@ void RtfBody::endComment(const RtfState &state)
     const QByteArray groups = m_stories.back().groups;
     const RtfFlow flow = endStory(state);
     endHidden();
-    m_stories.back().unseen.append({"\\chatn{\\*\\annotation" + groups + "\\pard\\plain", runsOf(flow), "}"});
+    keep({"\\chatn{\\*\\annotation" + groups + "\\pard\\plain", runsOf(flow), "}"});
 }
 
 bool RtfBody::beginNote(const RtfCharacterState &state)

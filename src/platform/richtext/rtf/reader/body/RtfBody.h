@@ -82,6 +82,7 @@ private:
     {
         return !m_stories.back().unseen.isEmpty() || !m_stories.back().hidden.text.isEmpty();
     }
+    void keep(const Unseen::Piece &piece);
     QList<Unseen::Run> runsOf(const RtfFlow &flow) const;
     Unseen::Pieces takeUnseen();
     int withUnseen(int format);

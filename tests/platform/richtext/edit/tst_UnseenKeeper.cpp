@@ -1,0 +1,139 @@
+#include "RichTextFixture.h"
+#include "RowName.h"
+
+namespace {
+
+struct DeletionRow
+{
+    const char *name;
+    const char *body;
+    int first; ///< of what is deleted
+    int end;
+    const char *text;    ///< that is left
+    const char *written; ///< empty where the hidden text or the mark goes too
+};
+
+class UnseenKept : public RichTextFixture, public testing::WithParamInterface<DeletionRow>
+{
+protected:
+    void load(const QByteArray &body)
+    {
+        box.setTextRTF("{\\rtf1\\ansi\\deff0{\\fonttbl{\\f0 Liberation Sans;}}" + body + '}');
+    }
+    void erase(int first, int end)
+    {
+        select(first, end);
+        QTest::keyClick(&box, Qt::Key_Delete);
+    }
+    bool isWritten(const QByteArray &words) const { return box.TextRTF().contains(words); }
+    QByteArray without(const QByteArray &words) const { return box.TextRTF().replace(words, {}); }
+};
+
+} // namespace
+
+TEST_P(UnseenKept, WhereTheTextBehindIsDeleted)
+{
+    const DeletionRow &row = GetParam();
+    load(row.body);
+    const QByteArray before = box.TextRTF();
+    erase(row.first, row.end);
+    EXPECT_EQ(box.Text(), QString::fromLatin1(row.text));
+    const QByteArray after = box.TextRTF();
+    EXPECT_TRUE(after.contains(row.written)) << after.constData();
+    for (const char *words : {"hid", "bkmkstart", "bkmkend"})
+        EXPECT_EQ(after.count(words), QByteArray(row.written).count(words)) << after.constData();
+    box.undo();
+    EXPECT_EQ(box.TextRTF(), before);
+    box.redo();
+    EXPECT_EQ(box.TextRTF(), after);
+    EXPECT_FALSE(box.document()->isRedoAvailable());
+    box.undo();
+    EXPECT_EQ(box.TextRTF(), before);
+    EXPECT_FALSE(box.document()->isUndoAvailable());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, UnseenKept,
+    testing::Values(
+        DeletionRow{"OneCharacterOfMore", "a{\\v hid}bc", 1, 2, "ac", "a{\\v{hid}}c"},
+        DeletionRow{"TheRun", "a{\\v hid}b\\b c", 1, 2, "ac", "a{\\v{hid}}{\\b c"},
+        DeletionRow{"TheRunBetweenTwoOfOneLook", "\\b a\\b0{\\v hid}b\\b c", 1, 2, "ac",
+                    "{\\b a}{\\v{hid}}{\\b c"},
+        DeletionRow{"TheLastOfAParagraph", "a{\\v hid}b\\par c", 1, 2, "a\nc", "a{\\v{hid}}\\par"},
+        DeletionRow{"AParagraphsEnd", "a{\\v hid}\\par b", 1, 2, "ab", "a{\\v{hid}}b"},
+        DeletionRow{"AnEndBehindAnother", "a\\par b{\\v hid}\\par c", 1, 2, "ab\nc", "ab{\\v{hid}}\\par"},
+        DeletionRow{"BeforeMore", "a{\\v hid}b{\\b{\\v hid2}c}d", 1, 2, "acd",
+                    "{\\v{hid}}{\\v{\\b hid2}}{\\b c"},
+        DeletionRow{"TextOnBothSides", "ab{\\v hid}cd", 1, 3, "ad", ""},
+        DeletionRow{"TheTextOfABookmark", "a{\\*\\bkmkstart x}b{\\*\\bkmkend x}\\b c", 1, 2, "ac",
+                    "{\\*\\bkmkstart x}{\\*\\bkmkend x}{\\b c"},
+        DeletionRow{"ABookmark", "ab{\\*\\bkmkstart x}c{\\*\\bkmkend x}de", 1, 4, "ae", ""},
+        DeletionRow{"TheBeginningOfABookmark", "ab{\\*\\bkmkstart\\bkmkcolf1 x}cd\\b e{\\*\\bkmkend x}f", 1,
+                    4, "aef", "{\\*\\bkmkstart\\bkmkcolf1 x}{\\b e}{\\*\\bkmkend x}{\\b f"}),
+    RowName());
+
+TEST_F(UnseenKept, WhereTheTextBehindIsReplaced)
+{
+    load("a{\\v hid}b\\b c");
+    select(1, 2);
+    QTest::keyClick(&box, Qt::Key_X);
+    EXPECT_EQ(box.Text(), QStringLiteral("axc"));
+    EXPECT_TRUE(isWritten("{\\v{hid}}"));
+    EXPECT_EQ(box.TextRTF().count("hid"), 1);
+}
+
+TEST_F(UnseenKept, WhatIsMovedGoesAlong)
+{
+    load("a{\\v hid}b\\b c");
+    select(1, 2);
+    QTest::keyClick(&box, Qt::Key_X, Qt::ControlModifier);
+    EXPECT_TRUE(isWritten("{\\v{hid}}{\\b c"));
+}
+
+/// By another edit, which ends what could be done again.
+TEST_F(UnseenKept, AfterAnUndoneStep)
+{
+    load("a{\\v hid}b\\b c");
+    erase(2, 3);
+    box.undo();
+    erase(1, 2);
+    EXPECT_EQ(box.Text(), QStringLiteral("ac"));
+    EXPECT_TRUE(isWritten("{\\v{hid}}{\\b c"));
+}
+
+TEST_F(UnseenKept, AlsoWhatWasPasted)
+{
+    load("x");
+    select(0, 1);
+    box.setSelRTF("{\\rtf1 a{\\v hid}b\\b c}");
+    erase(1, 2);
+    EXPECT_TRUE(isWritten("hid"));
+}
+
+TEST_F(UnseenKept, BeforeTheFirstOfTheRunsThatWereOne)
+{
+    load("a{\\v hid}bcd");
+    select(2, 3);
+    box.setSelBold(true);
+    EXPECT_TRUE(isWritten("a{\\v{hid}}b{\\b c}d"));
+}
+
+TEST_F(UnseenKept, TheEndOfASplitParagraph)
+{
+    load("ab{\\v hid}\\par c");
+    box.setSelStart(1);
+    QTest::keyClick(&box, Qt::Key_Return);
+    EXPECT_TRUE(isWritten("a\\par\nb{\\v{hid}}\\par")) << box.TextRTF().constData();
+    EXPECT_EQ(box.TextRTF().count("hid"), 1);
+    box.undo();
+    EXPECT_TRUE(isWritten("ab{\\v{hid}}\\par\nc"));
+    EXPECT_EQ(box.TextRTF().count("hid"), 1);
+}
+
+TEST_F(UnseenKept, OneChangeIsReported)
+{
+    load("a{\\v hid}b\\b c");
+    QSignalSpy changes(&box, &RichTextBox::Change);
+    erase(1, 2);
+    EXPECT_EQ(changes.size(), 1);
+}
