@@ -33,9 +33,10 @@ void fill(QTextDocument &document, const QByteArray &bytes)
 RichTextBox::RichTextBox(QWidget *parent)
     : QTextEdit(parent)
     , m_longDocuments(*this)
+    , m_zoom(*this, m_longDocuments)
     , m_links(*this, m_longDocuments)
     , m_spelling(*this, m_longDocuments)
-    , m_handles(*this)
+    , m_handles(*this, m_zoom)
 {
     setAccessibleName(tr("Text"));
     setAcceptRichText(true);
@@ -79,6 +80,7 @@ void RichTextBox::replaceDocument(std::unique_ptr<QTextDocument> document, const
     shown->setUndoRedoEnabled(true);
     shown->setModified(false);
     m_longDocuments.attach(*shown);
+    m_zoom.attach(*shown);
     m_unseen.attach(*shown);
     on(shown, &QTextDocument::contentsChange, this, [this] {
         m_isChanged = true;
@@ -257,8 +259,11 @@ void RichTextBox::SelPrint(PrintJob &job) const
 
 std::unique_ptr<QTextDocument> RichTextBox::printedDocument() const
 {
-    if (!textCursor().hasSelection())
-        return std::unique_ptr<QTextDocument>(document()->clone());
+    if (!textCursor().hasSelection()) {
+        std::unique_ptr<QTextDocument> all(document()->clone());
+        ViewZoom::forgetIn(*all);
+        return all;
+    }
     auto selection = newDocument();
     RtfReader::read(SelRTF(), *selection);
     PageFormat::copy(*document(), *selection);

@@ -8,6 +8,7 @@
 #include "SpellingMarks.h"
 #include "UndoSteps.h"
 #include "UnseenKeeper.h"
+#include "ViewZoom.h"
 
 #include <QTextEdit>
 
@@ -130,6 +131,7 @@ protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
     bool canInsertFromMimeData(const QMimeData *source) const override;
     void insertFromMimeData(const QMimeData *source) override;
     QMimeData *createMimeDataFromSelection() const override;
@@ -149,6 +151,7 @@ private:
 
     mutable SelectionFormats m_formats;
     LongDocuments m_longDocuments;
+    ViewZoom m_zoom;
     LinkMarks m_links;
     SpellingMarks m_spelling;
     PictureHandles m_handles;

@@ -63,6 +63,8 @@ void RichTextBox::focusInEvent(QFocusEvent *event)
 void RichTextBox::keyPressEvent(QKeyEvent *event)
 {
     run([&] {
+        if (m_zoom.press(*event))
+            return;
         m_undoSteps.beforeKey(*event, textCursor());
         if (!Locked() && endsList(*event, textCursor()))
             ParagraphEdits::leaveList(textCursor());
@@ -140,6 +142,14 @@ void RichTextBox::resizeEvent(QResizeEvent *event)
     });
 }
 
+void RichTextBox::wheelEvent(QWheelEvent *event)
+{
+    run([&] {
+        if (!m_zoom.turn(*event))
+            QTextEdit::wheelEvent(event);
+    });
+}
+
 void RichTextBox::showEvent(QShowEvent *event)
 {
     run([&] {
@@ -199,10 +209,10 @@ void RichTextBox::insertPictures(const QMimeData &source)
     cursor.endEditBlock();
 }
 
-/// Pixels between the document's margins.
+/// Pixels between the document's margins, as they are without enlargement.
 double RichTextBox::pageWidth() const
 {
-    return document()->pageSize().width() - 2 * document()->documentMargin();
+    return document()->pageSize().width() / m_zoom.factor() - 2 * document()->documentMargin();
 }
 
 /// Whatever the other program proposes, its files stay with it.

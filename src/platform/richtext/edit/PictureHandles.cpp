@@ -1,6 +1,7 @@
 #include "PictureHandles.h"
 
 #include "Pictures.h"
+#include "ViewZoom.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QPainter>
@@ -72,8 +73,9 @@ bool isLink(const QTextDocument &document, int position)
 
 } // namespace
 
-PictureHandles::PictureHandles(QTextEdit &view)
+PictureHandles::PictureHandles(QTextEdit &view, const ViewZoom &zoom)
     : m_view(view)
+    , m_zoom(zoom)
 {}
 
 bool PictureHandles::press(const QPoint &point)
@@ -97,7 +99,8 @@ bool PictureHandles::press(const QPoint &point)
 
 void PictureHandles::move(const QPoint &point, double page)
 {
-    const double widest = Pictures::lineWidth(*m_view.document(), m_drag->picture.position, page);
+    const double widest =
+        Pictures::lineWidth(*m_view.document(), m_drag->picture.position, page) * m_zoom.factor();
     m_drag->size = scaledTo(m_drag->picture.area.size(), m_drag->fixed, point, widest);
     m_view.viewport()->update();
 }
@@ -108,7 +111,7 @@ void PictureHandles::release()
     m_drag.reset();
     m_view.viewport()->update();
     if (drag.size != drag.picture.area.size() && pictureAt(drag.picture.position))
-        Pictures::resize(*m_view.document(), drag.picture.position, drag.size);
+        Pictures::resize(*m_view.document(), drag.picture.position, drag.size / m_zoom.factor());
 }
 
 void PictureHandles::hover(const QPoint &point) const
@@ -149,7 +152,7 @@ std::optional<PictureHandles::Picture> PictureHandles::pictureAt(int position) c
 {
     const QTextDocument &document = *m_view.document();
     const QTextBlock block = document.findBlock(position);
-    const QSizeF size = Pictures::sizeAt(document, position);
+    const QSizeF size = Pictures::sizeAt(document, position) * m_zoom.factor();
     if (size.isEmpty() || !block.isVisible())
         return std::nullopt;
     const QTextLayout &layout = *block.layout();

@@ -5,13 +5,14 @@
 
 class QPoint;
 class QTextEdit;
+class ViewZoom;
 
 /// The frame around a picture that is selected alone, whose corners resize it. A click on a picture that is
 /// no link selects it.
 class PictureHandles
 {
 public:
-    explicit PictureHandles(QTextEdit &view);
+    PictureHandles(QTextEdit &view, const ViewZoom &zoom);
 
     /// The left button's press, its moves and its release, in the view. A press that is true was for the
     /// picture. While a corner is dragged the proportions stay; a picture is not wider than its line on a
@@ -53,6 +54,7 @@ private:
     std::optional<Qt::Corner> cornerAt(const QPoint &point) const;
 
     QTextEdit &m_view;
+    const ViewZoom &m_zoom;
     std::optional<Drag> m_drag;
     bool m_isShown = false; ///< since the selection last changed
 };

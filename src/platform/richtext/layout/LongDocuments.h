@@ -37,6 +37,10 @@ public:
     /// To be called before the view changes its size.
     void catchUp();
 
+    /// Lays everything out anew: what is seen at once, the rest bit by bit. For a document whose layout is
+    /// disabled.
+    void layOutVisible();
+
     /// Positions between which all text in view is, and perhaps some more around it.
     std::pair<int, int> stretchInView() const;
 
@@ -45,7 +49,6 @@ private:
     void afterEdit();
     void setDirection(Qt::LayoutDirection direction);
     void setBreaksWords(bool isWanted);
-    void layOutVisible();
 
     QTextEdit &m_view;
     QTextDocument *m_document = nullptr;
