@@ -66,6 +66,8 @@ void RichTextBox::keyPressEvent(QKeyEvent *event)
         if (m_zoom.press(*event))
             return;
         m_undoSteps.beforeKey(*event, textCursor());
+        if (QTextCursor caret = textCursor(); !Locked() && m_unseen.beforeKey(*event, caret))
+            setTextCursor(caret);
         if (!Locked() && endsList(*event, textCursor()))
             ParagraphEdits::leaveList(textCursor());
         else

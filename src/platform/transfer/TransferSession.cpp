@@ -197,7 +197,7 @@ void TransferSession::timeOut()
     const bool goesOn = !m_job->waitsForServer() || hasUnreadInput() || // another handler may have taken long
                         m_job->hasNewAcknowledgement();
     if (goesOn && !m_job->isOverdue()) {
-        waitLonger();
+        m_timeout.start(m_logOn.timeout);
         return;
     }
     connectionFailed(m_job->failure() ? *m_job->failure() : TransferFailure(TransferError::TimedOut));

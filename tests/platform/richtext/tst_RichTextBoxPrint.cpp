@@ -87,6 +87,18 @@ TEST_F(Print, AnInchIsAnInchAtAnyResolution)
     }
 }
 
+TEST_F(Print, AnEnlargedViewPrintsThePagesThatItPrintedBefore)
+{
+    box.setText(QStringLiteral("zero\ninch"));
+    box.setSelStart(6);
+    box.setSelIndent(1440);
+    box.setSelStart(0);
+    for (int i = 0; i < 5; ++i)
+        QTest::keyClick(&box, Qt::Key_Plus, Qt::ControlModifier);
+    print();
+    EXPECT_NEAR(leftOf("inch"), paperMargin + 72, 1);
+}
+
 TEST_F(Print, DocumentsOfOneJobAreItsPages)
 {
     const double margin = 100 / 20.0; // points

@@ -523,7 +523,6 @@ TEST_F(TransferWaitsTest, TheSessionNeverHoldsUpTheEventLoop)
 }
 
 /// The server sends something each half a minute, which is no silence.
-/// Though the server sends something every half minute.
 TEST_F(TransferWaitsTest, AListThatTakesTooLongEnds)
 {
     struct Case

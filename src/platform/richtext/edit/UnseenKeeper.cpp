@@ -2,6 +2,8 @@
 
 #include "EventGate.h"
 
+#include <QKeyEvent>
+#include <QMap>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <algorithm>
@@ -46,13 +48,32 @@ bool has(const Stretch &stretch, const std::shared_ptr<const Unseen::Piece> &pie
     return Unseen::isIn(stretch.format) && Unseen::of(stretch.format).contains(piece);
 }
 
-/// As part of the latest undo step.
+/// Looks at many positions of one paragraph after another.
+class StretchesOfBlock
+{
+public:
+    explicit StretchesOfBlock(const QTextDocument &document)
+        : m_document(document)
+    {}
+    const Stretch &at(int position)
+    {
+        if (m_stretches.isEmpty() || position < m_stretches.first().begin ||
+            position >= m_stretches.last().end)
+            m_stretches = stretchesOf(m_document.findBlock(position));
+        return *std::upper_bound(m_stretches.cbegin(), m_stretches.cend(), position,
+                                 [](int place, const Stretch &stretch) { return place < stretch.end; });
+    }
+
+private:
+    const QTextDocument &m_document;
+    QList<Stretch> m_stretches;
+};
+
 void setPieces(QTextDocument &document, const Stretch &stretch, const Unseen::Pieces &pieces)
 {
     QTextCharFormat added;
     Unseen::set(added, pieces);
     QTextCursor edit(&document);
-    edit.joinPreviousEditBlock();
     edit.setPosition(stretch.begin);
     if (edit.atBlockEnd()) {
         edit.mergeBlockCharFormat(added);
@@ -60,19 +81,26 @@ void setPieces(QTextDocument &document, const Stretch &stretch, const Unseen::Pi
         edit.setPosition(stretch.end, QTextCursor::KeepAnchor);
         edit.mergeCharFormat(added);
     }
-    edit.endEditBlock();
 }
 
-/// One end of what reaches over text.
+/// What tells the two ends of what reaches over text from each other, and them from all others.
 struct End
 {
     QByteArray name; ///< null for what has no ends
     bool isFirst = false;
+
+    bool operator==(const End &) const = default;
 };
+
+size_t qHash(const End &end, size_t seed = 0)
+{
+    return qHashMulti(seed, end.name, end.isFirst);
+}
 
 End endOf(const Unseen::Piece &piece)
 {
-    for (const QByteArray kind : {"{\\*\\bkmk", "{\\*\\atrf"}) {
+    static const QByteArray kinds[] = {"{\\*\\bkmk", "{\\*\\atrf"};
+    for (const QByteArray &kind : kinds) {
         if (!piece.before.startsWith(kind))
             continue;
         const QByteArray words = piece.before.mid(kind.size());
@@ -81,97 +109,110 @@ End endOf(const Unseen::Piece &piece)
     return {};
 }
 
-/// Whether \a piece is one end, and the other one is not in \a pieces.
-bool isEndAlone(const Unseen::Piece &piece, const Unseen::Pieces &pieces)
+/// Whether \a piece is one end of what has its other end not in \a ends.
+bool isEndAlone(const Unseen::Piece &piece, const QSet<End> &ends)
 {
     const End end = endOf(piece);
-    return !end.name.isNull() && std::none_of(pieces.cbegin(), pieces.cend(), [&](const auto &other) {
-        const End otherEnd = endOf(*other);
-        return otherEnd.name == end.name && otherEnd.isFirst != end.isFirst;
-    });
+    return !end.name.isNull() && !ends.contains({end.name, !end.isFirst});
+}
+
+bool isEqual(const std::shared_ptr<const Unseen::Piece> &one,
+             const std::shared_ptr<const Unseen::Piece> &other)
+{
+    return one == other || *one == *other;
 }
 
 } // namespace
+
+bool UnseenKeeper::Change::isBetween(const Place &place) const
+{
+    return isDeletion && place.position > from && place.position < end;
+}
 
 void UnseenKeeper::attach(QTextDocument &document)
 {
     m_document = &document;
     m_places.clear();
-    m_lost.clear();
+    m_known.clear();
+    m_latest = {};
     m_hasNewStep = m_couldRedo = false;
     const QList<QTextFormat> formats = document.allFormats();
     if (std::any_of(formats.cbegin(), formats.cend(), Unseen::isIn))
-        find(0, document.characterCount());
+        m_places = find(0, document.characterCount());
     on(&document, &QTextDocument::undoCommandAdded, this, [this] { m_hasNewStep = true; });
     on(&document, &QTextDocument::contentsChange, this, &UnseenKeeper::noteChange);
     on(&document, &QTextDocument::contentsChanged, this, &UnseenKeeper::afterEdit);
 }
 
-bool UnseenKeeper::isKnown(const Unseen::Piece *piece) const
+bool UnseenKeeper::beforeKey(const QKeyEvent &key, QTextCursor &caret) const
 {
-    return std::any_of(m_places.cbegin(), m_places.cend(),
-                       [=](const Place &place) { return place.piece.get() == piece; });
+    const bool isDelete = key.key() == Qt::Key_Delete && !caret.atEnd();
+    const bool isBackspace = key.key() == Qt::Key_Backspace && !caret.atBlockStart();
+    if (m_places.isEmpty() || caret.hasSelection() || key.modifiers() != Qt::NoModifier ||
+        (!isDelete && !isBackspace))
+        return false;
+    const int deleted = caret.position() - (isBackspace ? 1 : 0);
+    return Unseen::isIn(stretchAt(*m_document, deleted).format) &&
+           caret.movePosition(isDelete ? QTextCursor::NextCharacter : QTextCursor::PreviousCharacter,
+                              QTextCursor::KeepAnchor);
 }
 
-/// Remembers the pieces from \a from up to \a end that are new.
-void UnseenKeeper::find(int from, int end)
+/// The places of pieces from \a from up to \a end that were not known; they are from now on.
+QList<UnseenKeeper::Place> UnseenKeeper::find(int from, int end)
 {
+    QList<Place> places;
     for (QTextBlock block = m_document->findBlock(from); block.isValid() && block.position() < end;
          block = block.next()) {
         const QList<Stretch> stretches = stretchesOf(block);
         for (const Stretch &stretch : stretches) {
             if (stretch.end <= from || stretch.begin >= end || !Unseen::isIn(stretch.format))
                 continue;
-            for (const auto &piece : Unseen::of(stretch.format)) {
-                if (isKnown(piece.get()))
+            for (const Piece &piece : Unseen::of(stretch.format)) {
+                if (m_known.contains(piece.get()))
                     continue;
+                m_known.insert(piece.get());
                 Place place{piece, QTextCursor(m_document), stretch.begin};
                 place.cursor.setPosition(stretch.begin);
-                m_places.append(place);
+                places.append(place);
             }
         }
     }
+    return places;
 }
 
+/// A change of formats, and several edits in one, are reported as a stretch that is replaced, with all that
+/// is between them.
 void UnseenKeeper::noteChange(int from, int removed, int added)
 {
-    m_removedFrom = from;
-    m_removedEnd = from + removed;
-    m_inside.clear();
-    m_lost.clear();
+    if (m_isKeeping)
+        return;
+    m_latest = {from, from + removed, removed > 0 && added == 0, {}, {}};
     // Of two paragraphs that become one, the end of the first becomes the end of both; the first half of one
     // that is split takes its end along.
-    const int last = endOf(m_document->findBlock(from + added));
-    QList<Place> places = std::exchange(m_places, {});
-    for (Place &place : places) {
+    const int last = endOf(m_document->findBlock(qMin(from + added, m_document->characterCount() - 1)));
+    QList<Place> left;
+    StretchesOfBlock stretches(*m_document);
+    for (Place &place : std::exchange(m_places, {})) {
         const int position = place.cursor.position();
         const bool isFar = place.position < from || position > last;
-        const bool isLeft = isFar || has(stretchAt(*m_document, position), place.piece);
-        if (isLeft && isDeleted(place))
-            m_inside.append(place);
-        if (isLeft)
-            place.position = place.cursor.position();
-        (isLeft ? m_places : m_lost).append(place);
+        if (!isFar && !has(stretches.at(position), place.piece)) {
+            m_known.remove(place.piece.get());
+            m_latest.lost.append(place);
+            continue;
+        }
+        if (m_latest.isBetween(place))
+            m_latest.inside.append(place);
+        place.position = position;
+        left.append(place);
     }
-    if (added > 0)
-        find(from, from + added);
-    m_lost.removeIf([this](const Place &place) { return isMoved(place); });
-    std::sort(m_lost.begin(), m_lost.end(),
-              [](const Place &one, const Place &other) { return one.position < other.position; });
-}
-
-/// Whether the piece went elsewhere with its text.
-bool UnseenKeeper::isMoved(const Place &place) const
-{
-    return std::any_of(m_places.cbegin(), m_places.cend(), [&](const Place &other) {
-        return other.piece == place.piece && !(place.cursor.atBlockEnd() && other.cursor.atBlockEnd());
+    const QList<Place> found = added > 0 ? find(from, last + 1) : QList<Place>();
+    m_latest.lost.removeIf([&](const Place &place) { // what was moved
+        return std::any_of(found.cbegin(), found.cend(), [&](const Place &other) {
+            return isEqual(other.piece, place.piece) &&
+                   !(place.cursor.atBlockEnd() && other.cursor.atBlockEnd());
+        });
     });
-}
-
-/// Whether the text on both sides is.
-bool UnseenKeeper::isDeleted(const Place &place) const
-{
-    return place.position > m_removedFrom && place.position < m_removedEnd;
+    m_places = left + found;
 }
 
 /// False for a step that is undone or redone, which brings formats of its own.
@@ -182,50 +223,61 @@ bool UnseenKeeper::wasEdited() const
 
 void UnseenKeeper::afterEdit()
 {
+    if (m_isKeeping)
+        return;
     const bool isEdit = wasEdited();
     m_couldRedo = m_document->isRedoAvailable();
     m_hasNewStep = false;
-    const QList<Place> inside = std::exchange(m_inside, {});
-    const QList<Place> lost = std::exchange(m_lost, {});
-    if (!isEdit)
-        return;
-    Unseen::Pieces pieces;
-    for (const Place &place : inside + lost)
-        pieces.append(place.piece);
-    QList<std::pair<int, Unseen::Pieces>> moved{{m_removedFrom, {}}};
-    for (const Place &place : lost) {
-        if (place.position >= m_removedEnd)
-            moved.append({place.cursor.position(), {place.piece}});
-        else if (!isDeleted(place) || isEndAlone(*place.piece, pieces))
-            moved.first().second.append(place.piece);
+    const Change change = std::exchange(m_latest, {});
+    if (isEdit && !(change.lost.isEmpty() && change.inside.isEmpty()))
+        keep(change);
+}
+
+void UnseenKeeper::keep(const Change &change)
+{
+    QSet<End> deleted;
+    for (const Place &place : change.inside + change.lost) {
+        if (change.isBetween(place))
+            deleted.insert(endOf(*place.piece));
     }
-    for (const Place &place : inside) { // from here on there are changes of our own
-        if (!isEndAlone(*place.piece, pieces))
+    QMap<int, Unseen::Pieces> moved;
+    for (const Place &place : change.lost) {
+        if (!change.isBetween(place) || isEndAlone(*place.piece, deleted))
+            moved[place.cursor.position()].append(place.piece);
+    }
+    m_isKeeping = true;
+    QTextCursor edit(m_document);
+    edit.joinPreviousEditBlock();
+    for (const Place &place : change.inside) {
+        if (!isEndAlone(*place.piece, deleted))
             remove(place);
     }
-    for (const auto &[position, these] : std::as_const(moved)) {
-        if (!these.isEmpty())
-            insert(position, these);
-    }
+    for (auto each = moved.cbegin(); each != moved.cend(); ++each)
+        insert(each.key(), each.value());
+    edit.endEditBlock();
+    m_isKeeping = false;
 }
 
 /// Before what the character at \a position has already.
 void UnseenKeeper::insert(int position, const Unseen::Pieces &pieces)
 {
     m_places.removeIf([&](const Place &place) { return pieces.contains(place.piece); });
+    for (const Piece &piece : pieces)
+        m_known.remove(piece.get());
     Stretch target = stretchAt(*m_document, position);
     target.begin = position;
     setPieces(*m_document, target, pieces + Unseen::of(target.format));
-    find(position, position + 1);
+    m_places += find(position, position + 1);
 }
 
+/// It stays with the end of a paragraph: Qt does not undo what happens to the first one's.
 void UnseenKeeper::remove(const Place &place)
 {
-    m_places.removeIf([&](const Place &other) { return other.piece == place.piece; });
-    const QList<Stretch> stretches = stretchesOf(m_document->findBlock(place.cursor.position()));
+    const QTextBlock block = m_document->findBlock(place.cursor.position());
+    const QList<Stretch> stretches = stretchesOf(block);
     for (const Stretch &stretch : stretches) {
         Unseen::Pieces pieces = Unseen::of(stretch.format);
-        if (pieces.removeAll(place.piece) > 0)
+        if (stretch.begin != endOf(block) && pieces.removeAll(place.piece) > 0)
             setPieces(*m_document, stretch, pieces);
     }
 }

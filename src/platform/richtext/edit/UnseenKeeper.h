@@ -3,13 +3,15 @@
 #include "Unseen.h"
 
 #include <QObject>
+#include <QSet>
 #include <QTextCursor>
 
+class QKeyEvent;
 class QTextDocument;
 
-/// Keeps what is not shown (see Unseen) when the text behind it is deleted: it goes to what follows. With
-/// deleted text on both sides it is deleted too, but for the end of a bookmark or of a comment's range whose
-/// other end is left. That is part of the edit's own undo step.
+/// Keeps what is not shown (see Unseen) when the text behind it is deleted: it goes to what follows. Where
+/// one deletion takes the text on both sides, it goes too, but for the end of a bookmark or of a comment's
+/// range whose other end is left. That is part of the edit's own undo step.
 class UnseenKeeper : public QObject
 {
     Q_OBJECT
@@ -18,30 +20,43 @@ public:
     /// Takes care of \a document in place of the one before.
     void attach(QTextDocument &document);
 
+    /// To be called before \a key takes effect at \a caret. True with the character selected that it
+    /// is about to delete, where that has something: Qt makes a step of its own of the deletion of a single
+    /// character.
+    bool beforeKey(const QKeyEvent &key, QTextCursor &caret) const;
+
 private:
+    using Piece = std::shared_ptr<const Unseen::Piece>;
     struct Place
     {
-        std::shared_ptr<const Unseen::Piece> piece;
+        Piece piece;
         QTextCursor cursor; ///< at the character, or the paragraph's end, whose format has the piece
         int position = 0;   ///< of the cursor before the latest change
+    };
+    struct Change
+    {
+        int from = 0;
+        int end = 0;             ///< of what was there before
+        bool isDeletion = false; ///< of one stretch, and nothing else
+        QList<Place> lost;
+        QList<Place> inside; ///< still there, though the text on both sides was deleted
+
+        bool isBetween(const Place &place) const;
     };
 
     void noteChange(int from, int removed, int added);
     void afterEdit();
-    void find(int from, int end);
-    bool isKnown(const Unseen::Piece *piece) const;
-    bool isDeleted(const Place &place) const;
-    bool isMoved(const Place &place) const;
+    void keep(const Change &change);
+    QList<Place> find(int from, int end);
     bool wasEdited() const;
     void insert(int position, const Unseen::Pieces &pieces);
     void remove(const Place &place);
 
     QTextDocument *m_document = nullptr;
     QList<Place> m_places;
-    QList<Place> m_inside; ///< what the latest change left though text on both sides was deleted
-    QList<Place> m_lost;   ///< by the latest change, in the order of their old positions
-    int m_removedFrom = 0; ///< the deleted text, in old positions
-    int m_removedEnd = 0;
+    QSet<const Unseen::Piece *> m_known; ///< the pieces of the places
+    Change m_latest;
     bool m_hasNewStep = false;
     bool m_couldRedo = false;
+    bool m_isKeeping = false;
 };

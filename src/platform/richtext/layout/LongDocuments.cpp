@@ -102,7 +102,7 @@ void LongDocuments::beforeLayout(int from, int removed, int added)
     const int start = qMax(0, from - longestWord);
     m_meetsLongWord = !m_breaksWords && hasLongWord(*m_document, start, from + added + longestWord - start);
     m_losesLongWord =
-        m_breaksWords && removed > added && !hasLongWord(*m_document, 0, m_document->characterCount());
+        m_breaksWords && removed > longestWord && !hasLongWord(*m_document, 0, m_document->characterCount());
     if (m_meetsLongWord || m_losesLongWord)
         m_document->setLayoutEnabled(false);
 }

@@ -18,6 +18,8 @@ struct Run
 {
     QString text; ///< paragraphs are parted by QChar::ParagraphSeparator
     QTextCharFormat format;
+
+    bool operator==(const Run &) const = default;
 };
 
 /// Rich text: bytes, runs in which no format means plain text, and bytes again.
@@ -26,6 +28,8 @@ struct Piece
     QByteArray before;
     QList<Run> text;
     QByteArray after;
+
+    bool operator==(const Piece &) const = default;
 };
 
 using Pieces = QList<std::shared_ptr<const Piece>>;

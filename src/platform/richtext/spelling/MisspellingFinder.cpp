@@ -32,7 +32,8 @@ bool canBeMisspelt(QStringView word)
 QString defaultLanguage(const QTextDocument &document)
 {
     const auto number = PageFormat::value(document.rootFrame()->frameFormat(), PageFormat::DefaultLanguage);
-    return number ? ProofingLanguage::name(*number) : ProofingLanguage::ofDesktop();
+    const QString name = number ? ProofingLanguage::name(*number) : QString();
+    return name.isEmpty() ? ProofingLanguage::ofDesktop() : name;
 }
 
 /// The languages of a paragraph, asked for from its beginning to its end.

@@ -75,7 +75,8 @@ void FtpReceive::synced(int error)
     if (error != 0)
         throw TransferFailure::ofErrno(error);
     m_file->publish();
-    auto *task = new BackgroundTask(this); // the name has to last too; not every file system offers that
+    auto *task =
+        new BackgroundTask(this); // the name has to last too; the file is there whatever becomes of this
     on(task, &BackgroundTask::finished, this, [this] { Q_EMIT finished({}); });
     task->start(m_file->syncingFolder());
 }

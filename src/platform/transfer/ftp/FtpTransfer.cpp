@@ -193,13 +193,13 @@ void FtpTransfer::receive()
 
 void FtpTransfer::takeOver(qint64 count)
 {
-    Q_EMIT heard();
     try {
         take(QByteArrayView(m_buffer.constData(), count));
     } catch (const TransferFailure &failure) {
         setFailure(failure);
         endData();
     }
+    Q_EMIT heard();
 }
 
 void FtpTransfer::send()

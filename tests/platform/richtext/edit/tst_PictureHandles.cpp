@@ -110,6 +110,20 @@ TEST_F(PictureHandlesTest, ACornerResizesInProportionAsOneStep)
     EXPECT_EQ(size(), QSizeF(100, 50));
 }
 
+TEST_F(PictureHandlesTest, CornersOfAnEnlargedPictureAreWhereItIs)
+{
+    for (int i = 0; i < 5; ++i) // to 200 percent
+        QTest::keyClick(&box, Qt::Key_Plus, Qt::ControlModifier);
+    const QPoint foot = area().bottomLeft() + QPoint(0, qRound(box.document()->documentMargin()));
+    click(foot + QPoint(100, -50));
+    EXPECT_EQ(box.SelLength(), 1);
+    const QPoint corner = foot + QPoint(200, 0);
+    drag(corner, corner + QPoint(100, 50));
+    drag(corner, corner + QPoint(100, 50));
+    EXPECT_NEAR(size().width(), 150, 3);
+    EXPECT_NEAR(size().height(), 75, 2);
+}
+
 TEST_F(PictureHandlesTest, TheOppositeCornerIsTheFixedOne)
 {
     click(area().center());

@@ -82,12 +82,94 @@ TEST_F(UnseenKept, WhereTheTextBehindIsReplaced)
     EXPECT_EQ(box.TextRTF().count("hid"), 1);
 }
 
-TEST_F(UnseenKept, WhatIsMovedGoesAlong)
+/// What is before the selection stays.
+TEST_F(UnseenKept, WhereTheTextBehindIsCutAndPasted)
 {
-    load("a{\\v hid}b\\b c");
-    select(1, 2);
+    load("a{\\v hid}b{\\v two}\\b c\\b0 d");
+    select(1, 3);
     QTest::keyClick(&box, Qt::Key_X, Qt::ControlModifier);
-    EXPECT_TRUE(isWritten("{\\v{hid}}{\\b c"));
+    EXPECT_TRUE(isWritten("a{\\v{hid}}d"));
+    EXPECT_FALSE(isWritten("two"));
+    QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(box.Text(), QStringLiteral("abcd"));
+    EXPECT_EQ(box.TextRTF().count("hid"), 1);
+    EXPECT_EQ(box.TextRTF().count("two"), 1);
+}
+
+TEST_F(UnseenKept, WhenFormatsOfAllTheTextChange)
+{
+    load("ab{\\v hid}cd{\\*\\bkmkstart x}ef{\\*\\bkmkend x}g");
+    select(0, 7);
+    box.setSelBold(true);
+    box.setSelAlignment(2);
+    box.setSelIndent(720);
+    box.setSelBullet(true);
+    QInputMethodEvent composing(QStringLiteral("x"), {});
+    QCoreApplication::sendEvent(&box, &composing);
+    QInputMethodEvent composed;
+    QCoreApplication::sendEvent(&box, &composed);
+    for (const char *words : {"hid", "bkmkstart x", "bkmkend x"})
+        EXPECT_EQ(box.TextRTF().count(words), 1) << words;
+}
+
+TEST_F(UnseenKept, WhenSeveralPlacesChangeAtOnce)
+{
+    load("a foo{\\v hid}x {\\*\\bkmkstart x}foo{\\*\\bkmkend x}y foo");
+    QTextCursor edit(box.document());
+    edit.beginEditBlock();
+    for (const int position : {12, 7, 2}) {
+        edit.setPosition(position);
+        edit.setPosition(position + 3, QTextCursor::KeepAnchor);
+        edit.removeSelectedText();
+    }
+    edit.endEditBlock();
+    EXPECT_EQ(box.Text(), QStringLiteral("a x y "));
+    EXPECT_TRUE(isWritten("a {\\v{hid}}x {\\*\\bkmkstart x}{\\*\\bkmkend x}y ")) << box.TextRTF().constData();
+}
+
+TEST_F(UnseenKept, WithoutASelectionInOneUndoStep)
+{
+    const QByteArray body = "a{\\v hid}b\\b c";
+    for (const auto &[key, caret] : {std::pair(Qt::Key_Delete, 1), std::pair(Qt::Key_Backspace, 2)}) {
+        load(body);
+        const QByteArray before = box.TextRTF();
+        box.setSelStart(caret);
+        QTest::keyClick(&box, key);
+        EXPECT_TRUE(isWritten("{\\v{hid}}{\\b c"));
+        box.undo();
+        EXPECT_EQ(box.TextRTF(), before);
+        EXPECT_FALSE(box.document()->isUndoAvailable());
+    }
+}
+
+TEST_F(UnseenKept, AtTheFirstParagraphsEndWhenItsDeletionIsUndone)
+{
+    load("ab{\\v hid}\\par cd");
+    erase(1, 4);
+    box.undo();
+    EXPECT_EQ(box.TextRTF().count("hid"), 1);
+}
+
+TEST_F(UnseenKept, AllOfItGoesWithAllOfTheText)
+{
+    load("a{\\v hid}b\\par c{\\v two}d");
+    box.selectAll();
+    QTest::keyClick(&box, Qt::Key_Delete);
+    EXPECT_FALSE(isWritten("hid"));
+    EXPECT_FALSE(isWritten("two"));
+}
+
+TEST_F(UnseenKept, ThousandsOfBookmarks)
+{
+    QByteArray body;
+    for (int i = 0; i < 5000; ++i)
+        body +=
+            "{\\*\\bkmkstart n" + QByteArray::number(i) + "}a{\\*\\bkmkend n" + QByteArray::number(i) + "}b";
+    load(body);
+    erase(1, 9999);
+    EXPECT_EQ(box.Text(), QStringLiteral("ab"));
+    EXPECT_EQ(box.TextRTF().count("bkmkstart"), 2); // the first and the last reach out of what was deleted
+    EXPECT_EQ(box.TextRTF().count("bkmkend"), 2);
 }
 
 /// By another edit, which ends what could be done again.

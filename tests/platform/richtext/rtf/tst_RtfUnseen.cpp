@@ -74,9 +74,11 @@ INSTANTIATE_TEST_SUITE_P(
             "{\\*\\atnid A}{\\*\\atnauthor Ann}\\chatn{\\*\\annotation{\\*\\atnref 3}\\pard\\plain{\\f1\\b "
             "why?\\par }{\\f1\\b so}}{\\f1 b"},
         UnseenRow{"CommentWithEmptyParagraphs", "a{\\*\\annotation\\par b\\par\\par c}d", "ad",
-                  "\\pard\\plain{\\f1 \\par b\\par \\par }{\\f1 c}}"},
+                  "\\pard\\plain{\\f1 \\par }{\\f1 b\\par \\par }{\\f1 c}}"},
         UnseenRow{"CommentWithHiddenText", "a{\\*\\annotation b{\\v c}d}e", "ae",
                   "\\pard\\plain{\\f1 b}{\\v{\\f1 c}}{\\f1 d}}"},
+        UnseenRow{"CommentThatEndsInHiddenText", "a{\\*\\annotation b{\\v c}\\par d{\\v e}}f", "af",
+                  "\\pard\\plain{\\f1 b}{\\v{\\f1 c}}{\\f1 \\par }{\\f1 d}{\\v{\\f1 e}}}"},
         UnseenRow{"CommentWithPicture", pictured, "ad", "89504e47"},
         UnseenRow{"HiddenPicture", pictureHidden, "ad", "89504e47"},
         UnseenRow{"CommentOfARange", "{\\*\\atrfstart 1}a{\\*\\atrfend 1}b", "ab",

@@ -224,10 +224,16 @@ void RtfBodyWriter::runs(const QTextBlock &block, int next)
         m_stream.endField();
 }
 
+/// What is before the first character of a selection is not in it, unless all is.
+bool RtfBodyWriter::isSelected(int position) const
+{
+    return position > m_from || (m_from == 0 && m_to >= m_document.characterCount() - 1);
+}
+
 void RtfBodyWriter::unseen(const Unseen::Pieces &pieces, int position)
 {
     for (const auto &piece : pieces) {
-        if (m_places.value(piece.get()) != position)
+        if (m_places.value(piece.get()) != position || !isSelected(position))
             continue;
         setCharacters(0);
         m_stream.group(bytesOf(*piece));
@@ -246,7 +252,8 @@ QByteArray RtfBodyWriter::bytesOf(const Unseen::Piece &piece)
         const Unseen::Run &run = piece.text.at(i);
         for (const auto &inner : Unseen::of(run.format))
             out.append(bytesOf(*inner));
-        out.append(textOf(run, characters.words(characters.run(i, run.text).words)));
+        if (!run.text.isEmpty())
+            out.append(textOf(run, characters.words(characters.run(i, run.text).words)));
     }
     return out + piece.after;
 }

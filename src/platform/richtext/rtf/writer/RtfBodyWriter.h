@@ -50,6 +50,7 @@ private:
     int wordsOfEmpty(const QTextBlock &block, int start);
     void setCharacters(int words) { m_stream.setCharacters(words, m_characters.words(words)); }
     void setParagraph(int words) { m_stream.setParagraph(words, m_paragraphs.words(words), m_depth); }
+    bool isSelected(int position) const;
     void unseen(const Unseen::Pieces &pieces, int position);
     QByteArray bytesOf(const Unseen::Piece &piece);
     QByteArray textOf(const Unseen::Run &run, const QByteArray &words) const;

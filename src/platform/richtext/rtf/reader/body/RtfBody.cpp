@@ -369,16 +369,22 @@ QList<Unseen::Run> RtfBody::runsOf(const RtfFlow &flow) const
     QList<Unseen::Run> runs;
     int start = 0;
     size_t item = 0;
-    QString before; // empty paragraphs
-    for (; item + 1 < flow.items.size() && flow.items[item].textEnd == 0; ++item)
-        before.append(QChar::ParagraphSeparator);
+    const auto endParagraphs = [&] {
+        for (; item < flow.items.size() && flow.items[item].textEnd <= start; ++item) {
+            const QTextCharFormat mark = m_formats.characters(flow.items[item].markFormat);
+            const bool isLast = item + 1 == flow.items.size();
+            const QString end = isLast ? QString() : QString(QChar::ParagraphSeparator);
+            if (Unseen::isIn(mark) || runs.isEmpty())
+                runs.append({end, mark});
+            else
+                runs.last().text.append(end);
+        }
+    };
+    endParagraphs();
     for (const RtfFlow::Run &run : flow.runs) {
-        Unseen::Run text{before + flow.text.mid(start, run.end - start), m_formats.characters(run.format)};
-        before.clear();
+        runs.append({flow.text.mid(start, run.end - start), m_formats.characters(run.format)});
         start = run.end;
-        for (; item + 1 < flow.items.size() && flow.items[item].textEnd <= start; ++item)
-            text.text.append(QChar::ParagraphSeparator);
-        runs.append(text);
+        endParagraphs();
     }
     return runs;
 }
