@@ -68,6 +68,8 @@ INSTANTIATE_TEST_SUITE_P(
         DeletionRow{"TheTextOfABookmark", "a{\\*\\bkmkstart x}b{\\*\\bkmkend x}\\b c", 1, 2, "ac",
                     "{\\*\\bkmkstart x}{\\*\\bkmkend x}{\\b c"},
         DeletionRow{"ABookmark", "ab{\\*\\bkmkstart x}c{\\*\\bkmkend x}de", 1, 4, "ae", ""},
+        DeletionRow{"TheBeginningOfABookmarkWhoseRunIsLeft", "ab{\\*\\bkmkstart x}cd\\b e{\\*\\bkmkend x}f",
+                    1, 3, "adef", "a{\\*\\bkmkstart x}d{\\b e}{\\*\\bkmkend x}{\\b f"},
         DeletionRow{"TheBeginningOfABookmark", "ab{\\*\\bkmkstart\\bkmkcolf1 x}cd\\b e{\\*\\bkmkend x}f", 1,
                     4, "aef", "{\\*\\bkmkstart\\bkmkcolf1 x}{\\b e}{\\*\\bkmkend x}{\\b f"}),
     RowName());
@@ -127,6 +129,23 @@ TEST_F(UnseenKept, WhenSeveralPlacesChangeAtOnce)
     EXPECT_TRUE(isWritten("a {\\v{hid}}x {\\*\\bkmkstart x}{\\*\\bkmkend x}y ")) << box.TextRTF().constData();
 }
 
+/// As dragging does.
+TEST_F(UnseenKept, WhatIsMovedInOneStepIsThereOnce)
+{
+    load("ab{\\v hid}\\b c\\b0 d");
+    select(1, 3);
+    const QByteArray moved = box.SelRTF();
+    QTextCursor edit = box.textCursor();
+    edit.beginEditBlock();
+    edit.removeSelectedText();
+    box.setSelStart(2);
+    box.setSelRTF(moved);
+    edit.endEditBlock();
+    EXPECT_EQ(box.Text(), QStringLiteral("adbc"));
+    EXPECT_TRUE(isWritten("adb{\\v{hid}}{\\b c"));
+    EXPECT_EQ(box.TextRTF().count("hid"), 1);
+}
+
 TEST_F(UnseenKept, WithoutASelectionInOneUndoStep)
 {
     const QByteArray body = "a{\\v hid}b\\b c";
@@ -144,10 +163,12 @@ TEST_F(UnseenKept, WithoutASelectionInOneUndoStep)
 
 TEST_F(UnseenKept, AtTheFirstParagraphsEndWhenItsDeletionIsUndone)
 {
-    load("ab{\\v hid}\\par cd");
-    erase(1, 4);
-    box.undo();
-    EXPECT_EQ(box.TextRTF().count("hid"), 1);
+    for (const int end : {4, 5}) {
+        load("ab{\\v hid}\\par cd");
+        erase(1, end);
+        box.undo();
+        EXPECT_EQ(box.TextRTF().count("hid"), 1) << end;
+    }
 }
 
 TEST_F(UnseenKept, AllOfItGoesWithAllOfTheText)
