@@ -35,6 +35,10 @@ void DateBox::keyPressEvent(QKeyEvent *event)
         const bool isAltDown = event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier;
         if (event->key() == Qt::Key_F4 || isAltDown)
             openCalendar();
+        else if (event->key() == Qt::Key_Home && !event->modifiers())
+            setSelectedSection(sectionAt(0));
+        else if (event->key() == Qt::Key_End && !event->modifiers())
+            setSelectedSection(sectionAt(sectionCount() - 1));
         else
             QDateEdit::keyPressEvent(event);
     });

@@ -3,7 +3,8 @@
 #include <QDateEdit>
 
 /// A date that is typed, stepped with the arrow keys or picked in a calendar, which F4 and Alt+Down open.
-/// There is always one; today's at first.
+/// Home and End select its first and last part, so that what is typed takes its place. There is always a
+/// date; today's at first.
 class DateBox : public QDateEdit
 {
     Q_OBJECT

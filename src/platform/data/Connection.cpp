@@ -3,6 +3,7 @@
 #include "DataError.h"
 #include "DateFunctions.h"
 #include "FileNames.h"
+#include "IdleStatements.h"
 #include "Statement.h"
 #include "TextCollation.h"
 
@@ -56,6 +57,7 @@ void Connection::open(const QString &path)
 {
     close();
     m_database = opened(path, SQLITE_OPEN_READWRITE);
+    m_idle = std::make_shared<IdleStatements>();
     try {
         configure();
     } catch (...) {
@@ -76,12 +78,13 @@ void Connection::configure()
 
 void Connection::close()
 {
+    m_idle.reset();
     ::sqlite3_close_v2(std::exchange(m_database, nullptr));
 }
 
 void Connection::execute(const QString &statement)
 {
-    prepare(statement)->finish();
+    Statement(handle(), statement).finish(); // a pragma works when it is prepared, so it is not kept
 }
 
 bool Connection::isInTransaction() const
@@ -91,8 +94,8 @@ bool Connection::isInTransaction() const
 
 QString Connection::damage()
 {
-    const auto check = prepare(QStringLiteral("pragma quick_check(1)"));
-    const QString found = check->step() ? QString::fromUtf8(check->text(0)) : QString();
+    Statement check(handle(), QStringLiteral("pragma quick_check(1)"));
+    const QString found = check.step() ? QString::fromUtf8(check.text(0)) : QString();
     return found == u"ok" ? QString() : found;
 }
 
@@ -113,7 +116,7 @@ void Connection::copyTo(const QString &path)
 
 std::unique_ptr<Statement> Connection::prepare(const QString &statement)
 {
-    return std::make_unique<Statement>(handle(), statement);
+    return std::make_unique<Statement>(handle(), statement, m_idle);
 }
 
 sqlite3 *Connection::handle() const

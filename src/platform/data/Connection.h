@@ -4,6 +4,7 @@
 #include <memory>
 
 struct sqlite3;
+class IdleStatements;
 class Statement;
 
 /// A connection to one database file, through which statements run. Each statement is a transaction by itself
@@ -39,7 +40,8 @@ public:
     /// left after a failure.
     void copyTo(const QString &path);
 
-    /// For Recordset; throws DataError::ClosedConnection.
+    /// For Recordset. Statements are kept for the next time that one with their text is asked for. Throws
+    /// DataError::ClosedConnection.
     std::unique_ptr<Statement> prepare(const QString &statement);
 
 private:
@@ -47,4 +49,5 @@ private:
     void configure();
 
     sqlite3 *m_database = nullptr;
+    std::shared_ptr<IdleStatements> m_idle; ///< of the open file
 };

@@ -12,6 +12,7 @@ void Recordset::open(const QString &statement, Connection &connection, Kind kind
     if (isOpen())
         throw DataError::make(DataError::AlreadyOpen, statement);
     const auto query = connection.prepare(statement);
+    bool isRow = query->step(); // which also tells a statement that was kept of changes of the tables
     QList<Field> fields;
     QList<bool> isDate;
     for (int column = 0; column < query->columnCount(); ++column) {
@@ -19,7 +20,7 @@ void Recordset::open(const QString &statement, Connection &connection, Kind kind
         isDate.append(query->isDateColumn(column));
     }
     PackedRows rows(isDate);
-    while (query->step())
+    for (; isRow; isRow = query->step())
         rows.append(*query);
 
     m_connection = &connection;

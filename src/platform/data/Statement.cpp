@@ -2,6 +2,8 @@
 
 #include "DataError.h"
 #include "DateText.h"
+#include "IdleStatements.h"
+#include "PreparedStatement.h"
 #include "StatementText.h"
 
 #include <cstring>
@@ -18,32 +20,48 @@ bool isSevere(int result)
 
 } // namespace
 
-Statement::Statement(sqlite3 *database, const QString &text)
+Statement::Statement(sqlite3 *database, const QString &text, const std::shared_ptr<IdleStatements> &idle)
     : m_database(database)
     , m_text(text)
+    , m_idle(idle)
 {
-    StatementText::check(text);
-    const QByteArray bytes = text.toUtf8();
-    const char *rest = nullptr;
-    if (::sqlite3_prepare_v2(database, bytes.constData(), -1, &m_statement, &rest) != SQLITE_OK)
-        throw DataError::fromEngine(database, text);
-    if (!m_statement) // nothing but semicolons
-        throw DataError::make(DataError::NoStatement, text);
-    refuseSecondStatement(rest);
+    if (m_idle)
+        m_prepared = m_idle->take(text);
+    if (!m_prepared)
+        prepare();
 }
 
 Statement::~Statement()
 {
-    ::sqlite3_finalize(m_statement);
+    if (m_idle)
+        m_idle->keep(m_text, std::move(m_prepared));
 }
 
-void Statement::refuseSecondStatement(const char *rest)
+void Statement::prepare()
+{
+    StatementText::check(m_text);
+    const QByteArray bytes = m_text.toUtf8();
+    const char *rest = nullptr;
+    sqlite3_stmt *statement = nullptr;
+    if (::sqlite3_prepare_v2(m_database, bytes.constData(), -1, &statement, &rest) != SQLITE_OK)
+        throw DataError::fromEngine(m_database, m_text);
+    m_prepared = std::make_unique<PreparedStatement>(statement);
+    if (!statement) // nothing but semicolons
+        throw DataError::make(DataError::NoStatement, m_text);
+    refuseSecondStatement(rest);
+}
+
+void Statement::refuseSecondStatement(const char *rest) const
 {
     if (rest[std::strspn(rest, " \t\r\n\f;")] == '\0')
         return;
-    ::sqlite3_finalize(m_statement);
     throw RuntimeError(DataError::RejectedStatement,
                        QStringLiteral("characters found after the end of the statement"), m_text);
+}
+
+sqlite3_stmt *Statement::handle() const
+{
+    return m_prepared->handle();
 }
 
 void Statement::bind(int index, const FieldValue &value)
@@ -51,19 +69,19 @@ void Statement::bind(int index, const FieldValue &value)
     int result = SQLITE_OK;
     switch (value.kind()) {
     case FieldValue::Kind::Null:
-        result = ::sqlite3_bind_null(m_statement, index);
+        result = ::sqlite3_bind_null(handle(), index);
         break;
     case FieldValue::Kind::Integer:
-        result = ::sqlite3_bind_int64(m_statement, index, value.number());
+        result = ::sqlite3_bind_int64(handle(), index, value.number());
         break;
     case FieldValue::Kind::Real:
-        result = ::sqlite3_bind_double(m_statement, index, value.real());
+        result = ::sqlite3_bind_double(handle(), index, value.real());
         break;
     case FieldValue::Kind::Text:
     case FieldValue::Kind::Date: {
         const bool isDate = value.kind() == FieldValue::Kind::Date;
         const QByteArray bytes = (isDate ? DateText::store(value.date()) : value.text()).toUtf8();
-        result = ::sqlite3_bind_text64(m_statement, index, bytes.constData(), sqlite3_uint64(bytes.size()),
+        result = ::sqlite3_bind_text64(handle(), index, bytes.constData(), sqlite3_uint64(bytes.size()),
                                        SQLITE_TRANSIENT, SQLITE_UTF8);
         break;
     }
@@ -74,7 +92,7 @@ void Statement::bind(int index, const FieldValue &value)
 
 bool Statement::step()
 {
-    const int result = ::sqlite3_step(m_statement);
+    const int result = ::sqlite3_step(handle());
     if (result != SQLITE_ROW && result != SQLITE_DONE)
         fail(result);
     return result == SQLITE_ROW;
@@ -96,28 +114,28 @@ void Statement::finish()
 
 int Statement::columnCount() const
 {
-    return ::sqlite3_column_count(m_statement);
+    return ::sqlite3_column_count(handle());
 }
 
 QString Statement::columnName(int column) const
 {
-    const char *declared = ::sqlite3_column_origin_name(m_statement, column);
-    return QString::fromUtf8(declared ? declared : ::sqlite3_column_name(m_statement, column));
+    const char *declared = ::sqlite3_column_origin_name(handle(), column);
+    return QString::fromUtf8(declared ? declared : ::sqlite3_column_name(handle(), column));
 }
 
 QString Statement::tableName(int column) const
 {
-    return QString::fromUtf8(::sqlite3_column_table_name(m_statement, column));
+    return QString::fromUtf8(::sqlite3_column_table_name(handle(), column));
 }
 
 bool Statement::isDateColumn(int column) const
 {
-    return ::qstricmp(::sqlite3_column_decltype(m_statement, column), "DATETIME") == 0;
+    return ::qstricmp(::sqlite3_column_decltype(handle(), column), "DATETIME") == 0;
 }
 
 Statement::Type Statement::type(int column) const
 {
-    switch (::sqlite3_column_type(m_statement, column)) {
+    switch (::sqlite3_column_type(handle(), column)) {
     case SQLITE_INTEGER:
         return Type::Integer;
     case SQLITE_FLOAT:
@@ -131,16 +149,16 @@ Statement::Type Statement::type(int column) const
 
 qint64 Statement::integer(int column) const
 {
-    return ::sqlite3_column_int64(m_statement, column);
+    return ::sqlite3_column_int64(handle(), column);
 }
 
 double Statement::real(int column) const
 {
-    return ::sqlite3_column_double(m_statement, column);
+    return ::sqlite3_column_double(handle(), column);
 }
 
 QByteArrayView Statement::text(int column) const
 {
-    const auto *bytes = reinterpret_cast<const char *>(::sqlite3_column_text(m_statement, column));
-    return {bytes, ::sqlite3_column_bytes(m_statement, column)};
+    const auto *bytes = reinterpret_cast<const char *>(::sqlite3_column_text(handle(), column));
+    return {bytes, ::sqlite3_column_bytes(handle(), column)};
 }

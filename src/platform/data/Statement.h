@@ -4,9 +4,12 @@
 
 #include <QByteArrayView>
 #include <QString>
+#include <memory>
 
 struct sqlite3;
 struct sqlite3_stmt;
+class IdleStatements;
+class PreparedStatement;
 
 /// One statement that the engine has prepared, with the values and the rows of one run.
 ///
@@ -17,7 +20,8 @@ class Statement
 public:
     enum class Type { Null, Integer, Real, Text };
 
-    Statement(sqlite3 *database, const QString &text);
+    /// Takes the statement out of \a idle where one has \a text, and puts it there at the end.
+    Statement(sqlite3 *database, const QString &text, const std::shared_ptr<IdleStatements> &idle = {});
     ~Statement();
     Statement(const Statement &) = delete;
     Statement &operator=(const Statement &) = delete;
@@ -45,10 +49,13 @@ public:
     QByteArrayView text(int column) const;
 
 private:
-    void refuseSecondStatement(const char *rest);
+    void prepare();
+    void refuseSecondStatement(const char *rest) const;
+    sqlite3_stmt *handle() const;
     [[noreturn]] void fail(int result);
 
     sqlite3 *m_database;
     QString m_text;
-    sqlite3_stmt *m_statement = nullptr;
+    std::shared_ptr<IdleStatements> m_idle; ///< null for a statement that is not kept
+    std::unique_ptr<PreparedStatement> m_prepared;
 };

@@ -142,6 +142,14 @@ void BookWindow::clickNode(const char *key) const
     settle();
 }
 
+void BookWindow::doubleClickNode(const char *key) const
+{
+    clickNode(key);
+    const QRect place = tree().visualRect(find(tree(), QString::fromLatin1(key)));
+    QTest::mouseDClick(tree().viewport(), Qt::LeftButton, {}, place.center());
+    settle();
+}
+
 void BookWindow::click(const char *button) const
 {
     auto &found = control<QAbstractButton>(button);

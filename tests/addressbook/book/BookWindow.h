@@ -37,6 +37,7 @@ public:
 
     /// Clicks a node with the mouse.
     void clickNode(const char *key) const;
+    void doubleClickNode(const char *key) const;
     void click(const char *button) const;
     void clickLetter(char letter) const;
     /// Chooses a menu item or an entry of a drop-down button.

@@ -257,6 +257,37 @@ TEST_F(AddressBookViewsTest, TheArrowKeysWalkThroughTheTree)
     EXPECT_EQ(window.names(), QStringLiteral("Bea Dunn|Ben Cole"));
 }
 
+TEST_F(AddressBookViewsTest, TypingFindsANodeAndShowsItsContacts)
+{
+    window.clickNode("Root");
+    window.tree().setExpanded(QStringLiteral("City"), true);
+    QTest::keyClicks(&window.tree(), QStringLiteral("D"));
+    EXPECT_EQ(window.label(), QStringLiteral("Default"));
+    EXPECT_EQ(window.names(), QStringLiteral("carl Bly"));
+    QTest::keyClicks(&window.tree(), QStringLiteral("ov"));
+    EXPECT_EQ(window.label(), QStringLiteral("Dover"));
+    EXPECT_EQ(window.names(), QStringLiteral("Anna Bell"));
+}
+
+TEST_F(AddressBookViewsTest, TypingFindsNoNodeInAClosedOne)
+{
+    window.clickNode("Root");
+    QTest::keyClicks(&window.tree(), QStringLiteral("margate"));
+    EXPECT_EQ(window.label(), QStringLiteral("All Addresses"));
+    EXPECT_EQ(window.names(), QStringLiteral("Anna Bell|Bea Dunn|Ben Cole|carl Bly"));
+}
+
+/// The rows that are always there are protected in the lists; their nodes are like any other.
+TEST_F(AddressBookViewsTest, ADoubleClickOnANodeShowsItsContacts)
+{
+    for (const char *key : {"City1", "State1", "Group1"}) {
+        window.clickNode("Root");
+        window.doubleClickNode(key);
+        EXPECT_EQ(window.names(), QStringLiteral("carl Bly")) << key;
+        EXPECT_EQ(window.columns(), contactColumns) << key;
+    }
+}
+
 TEST_P(AddressBookNameTest, IsShownAsItIsInEveryField)
 {
     const BookWindow window;

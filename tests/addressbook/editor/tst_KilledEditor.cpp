@@ -6,11 +6,13 @@
 #include <QFile>
 #include <QProcess>
 #include <QRandomGenerator>
+#include <cstdio>
 #include <gtest/gtest.h>
 
 namespace {
 
 constexpr int usualKills = 40;
+constexpr int reportEvery = 50; // kills
 constexpr int mostLooks = 1000; // at the journal of one save, about as many as it lasts
 
 /// Contacts of which a row is missing, or whose rows are of different saves.
@@ -35,6 +37,14 @@ void waitForASave(QProcess &saver, const QString &journal)
         saver.waitForReadyRead(0);
         ASSERT_EQ(saver.state(), QProcess::Running) << silence(saver);
     }
+}
+
+void reportProgress(int kills, int killedInASave)
+{
+    if (kills % reportEvery != 0)
+        return;
+    std::printf("%d kills, %d of them in a save\n", kills, killedInASave);
+    std::fflush(stdout);
 }
 
 } // namespace
@@ -64,6 +74,7 @@ TEST(KilledEditor, LeavesEachContactWholeOrAbsent)
         EXPECT_EQ(book.rows(torn), QStringList()) << i;
         EXPECT_EQ(book.rows(QStringLiteral("pragma foreign_key_check")), QStringList()) << i;
         EXPECT_NE(book.rows(QStringLiteral("select SrNo from Names")), QStringList()) << i;
+        reportProgress(i + 1, killedInASave);
     }
     RecordProperty("killedInASave", killedInASave);
     EXPECT_GT(killedInASave, kills / 10);

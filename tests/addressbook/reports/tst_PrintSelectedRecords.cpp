@@ -201,6 +201,32 @@ TEST_F(PrintSelectedRecordsTest, ValuesReachTheirPlaces)
     EXPECT_TRUE(reports.printed().contains(text("FOR J\u00F6rg \u20AC \u0416.")));
 }
 
+TEST_F(PrintSelectedRecordsTest, MarkupInAValueIsMarkup)
+{
+    reports.add(QStringLiteral("Ann{\\b  Lee}\\'21"));
+    reports.expectPrint();
+    print();
+    EXPECT_TRUE(reports.printed().contains(QStringLiteral("DETAILS FOR Ann Lee!. Name: Ann Lee!")));
+}
+
+/// So many fonts once made a word processor write behind the end of its table.
+TEST_F(PrintSelectedRecordsTest, AValueWithATableOfManyFontsIsPrintedWithoutIt)
+{
+    constexpr int fonts = 32761;
+    QString table = QStringLiteral("{\\fonttbl");
+    for (int number = 0; number < fonts; ++number)
+        table += QStringLiteral("{\\f%1 F;}").arg(number);
+    reports.add(
+        {.groupId = 1, .name = QStringLiteral("Ann")},
+        {.cityId = 1, .phone1 = table + QStringLiteral("}\\f32760 12"), .phone2 = QStringLiteral("3")},
+        {.cityId = 1});
+    reports.add({"Ben", "Cid"});
+    reports.expectPrint();
+    print();
+    EXPECT_TRUE(reports.printed().contains(QStringLiteral("Telephone: 12:3 Mobile:")));
+    EXPECT_EQ(sheets(), QStringLiteral("Ann Ben|Cid"));
+}
+
 TEST_F(PrintSelectedRecordsTest, AnErrorBeforeTheFirstPairIsThrown)
 {
     reports.add({"Ann"});

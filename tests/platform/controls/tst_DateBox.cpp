@@ -59,6 +59,17 @@ TEST_F(DateBoxTest, KeysStepTheDate)
     EXPECT_EQ(box.Value(), QDate(2024, 5, 16));
 }
 
+TEST_F(DateBoxTest, HomeAndEndSelectAPartThatIsTypedAnew)
+{
+    box.setDisplayFormat(QStringLiteral("dd MMM yyyy"));
+    box.setValue(QDate(2024, 5, 17));
+    QTest::keyClick(&box, Qt::Key_End);
+    QTest::keyClicks(&box, QStringLiteral("1999"));
+    QTest::keyClick(&box, Qt::Key_Home);
+    QTest::keyClicks(&box, QStringLiteral("29"));
+    EXPECT_EQ(box.Value(), QDate(1999, 5, 29));
+}
+
 TEST_F(DateBoxTest, ShowsTheWholeYear)
 {
     box.setValue(QDate(1924, 5, 17));

@@ -1,6 +1,7 @@
 #include "DataError.h"
 #include "ErrorNumberOf.h"
 #include "ScratchDatabase.h"
+#include "Statement.h"
 
 TEST_F(ScratchDatabase, RelationsAreEnforcedOnEachConnection)
 {
@@ -48,6 +49,31 @@ TEST_F(ScratchDatabase, AClosedConnectionRefusesEverything)
     expectRefused([&] { connection.damage(); });
     expectRefused([&] { column("select 1"); });
     connection.close();
+}
+
+TEST_F(ScratchDatabase, AStatementIsPreparedOnceForAFile)
+{
+    const QString statement = QStringLiteral("select * from T");
+    execute("create table T(n)");
+    connection.prepare(statement)->finish();
+    execute("drop table T");
+    const auto kept = connection.prepare(statement); // which nobody has read again yet
+    EXPECT_EQ(errorOf([&] { kept->step(); }).section(u' ', 0, 0).toInt(), DataError::RejectedStatement);
+    connection.open(path());
+    EXPECT_EQ(errorNumberOf([&] { connection.prepare(statement); }), DataError::RejectedStatement);
+}
+
+TEST_F(ScratchDatabase, TheSameStatementCanRunTwiceAtATime)
+{
+    const QString statement = QStringLiteral("select 1 union select 2");
+    connection.prepare(statement)->finish();
+    const auto one = connection.prepare(statement);
+    const auto two = connection.prepare(statement);
+    one->step();
+    one->step();
+    two->step();
+    EXPECT_EQ(one->integer(0), 2);
+    EXPECT_EQ(two->integer(0), 1);
 }
 
 TEST_F(ScratchDatabase, OpeningAgainClosesTheEarlierFile)

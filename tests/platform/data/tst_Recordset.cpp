@@ -203,6 +203,18 @@ TEST_F(RecordsetTest, AFailedOpenLeavesItClosed)
     EXPECT_FALSE(rows.isOpen());
 }
 
+TEST_F(RecordsetTest, TheSameStatementReadsATableThatHasChanged)
+{
+    openAll();
+    rows.close();
+    Connection other;
+    other.open(path());
+    other.execute(QStringLiteral("alter table People add column Nick text not null default 'none'"));
+    openAll();
+    EXPECT_EQ(rows.fieldCount(), 5);
+    EXPECT_EQ(rows.field(u"Nick").text(), QStringLiteral("none"));
+}
+
 TEST_F(RecordsetTest, CanBeOpenedAgainAfterItIsClosed)
 {
     openAll();

@@ -11,12 +11,19 @@
 
 namespace {
 
-/// Gives the letters their own widths, not those that a desktop's hinting rounds for its screen.
-void spaceForPaper(QTextDocument &document)
+/// Gives the letters their own widths, not those that a desktop's hinting rounds for its screen. All fonts of
+/// a document take the resolution of this one; with the device's they are looked up once, not for each word.
+void spaceForPaper(QTextDocument &document, int dpi)
 {
-    QFont font = document.defaultFont();
+    QImage device = PaperLayout::device(dpi);
+    QFont font(document.defaultFont(), &device);
     font.setHintingPreference(QFont::PreferNoHinting);
     document.setDefaultFont(font);
+}
+
+bool hasIndent(const QTextBlockFormat &format)
+{
+    return format.leftMargin() != 0 || format.rightMargin() != 0 || format.textIndent() != 0;
 }
 
 /// Qt scales text, pictures, tables and the space between lines and paragraphs to a device, but not the
@@ -27,6 +34,8 @@ void scaleIndents(QTextDocument &document, double factor)
     edit.beginEditBlock();
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
         QTextBlockFormat format = block.blockFormat();
+        if (!hasIndent(format))
+            continue;
         format.setLeftMargin(format.leftMargin() * factor);
         format.setRightMargin(format.rightMargin() * factor);
         format.setTextIndent(format.textIndent() * factor);
@@ -50,7 +59,7 @@ QImage PaperLayout::device(int dpi)
 void PaperLayout::fit(QTextDocument &document, const QSizeF &text, int dpi)
 {
     document.setUndoRedoEnabled(false);
-    spaceForPaper(document);
+    spaceForPaper(document, dpi);
     Pictures::shrinkTo(text * ParagraphFormat::layoutDpi(), document);
     SmallCapitals::spellOut(document);
     PaperSpacing::complete(document);

@@ -125,7 +125,19 @@ TEST(RtfReaderDamage, ManyWordsOfOneKind)
     constexpr int count = 300000;
     EXPECT_EQ(textOf(framed("\\trowd" + QByteArray("\\cellx1000000000").repeated(count) + "\\pard a")), "a");
     EXPECT_EQ(textOf(framed("\\pard" + QByteArray("\\tx700").repeated(count) + " a")), "a");
+    EXPECT_EQ(textOf(framed("{\\fonttbl" + QByteArray("{\\f0 A;}").repeated(count) + "}\\f0 a")), "a");
     EXPECT_EQ(textOf(framed("{\\colortbl" + QByteArray("\\red1;").repeated(count) + "}\\cf299999 a")), "a");
+}
+
+/// A program of old keeps these numbers in 16 bits.
+TEST(RtfReaderDamage, ManyFonts)
+{
+    constexpr int last = 32760;
+    QByteArray table = "{\\fonttbl";
+    for (int number = 0; number < last; ++number)
+        table += "{\\f" + QByteArray::number(number) + " A;}";
+    table += "{\\f" + QByteArray::number(last) + "\\fcharset204 B;}}";
+    EXPECT_EQ(textOf(framed(table + "\\f32760 \\'cf\\f0 \\'e9\\f32761 a\\f-1 b")), "\u041F\u00E9ab");
 }
 
 } // namespace
