@@ -46,7 +46,7 @@ ListedEntry listed(const ArchiveEntry &entry)
     row.yr = DosTime::year(entry.dosDate);
     row.hh = DosTime::hour(entry.dosTime);
     row.mm = DosTime::minute(entry.dosTime);
-    row.fname = EntryName::shown(entry.name);
+    row.fname = entry.isFolder() ? EntryName::shownFolder(entry.name) : EntryName::shown(entry.name);
     row.meth = entry.methodName();
     row.crc = entry.crc;
     row.fCrypt = entry.isEncrypted() ? 'E' : ' ';
@@ -332,8 +332,7 @@ void UnzipJob::extractEncrypted(const ExtractionTask &task)
         throw BadArchive{"its encryption is not supported", BadArchive::Unsupported};
     if (!task.entry->isAes())
         openLibzip(); // no password opens a directory that is damaged
-    const bool isTried = !task.password.isEmpty() && task.password == m_password.get(); // by the pool
-    bool hasPassword = isTried ? m_password.replace() : !m_password.get().isEmpty();
+    bool hasPassword = !m_password.get().isEmpty();
     while (hasPassword && !isRight(m_password.get(), task))
         hasPassword = m_password.replace();
     if (!hasPassword)
@@ -395,7 +394,6 @@ void UnzipJob::extractNow(ExtractionTask task)
 
 void UnzipJob::report(const ExtractionPool::Done &done)
 {
-    m_atWork.remove(done.task.path);
     guarded(done.task.path, [&] {
         if (done.failure)
             std::rethrow_exception(done.failure);
@@ -421,6 +419,7 @@ ExtractionPool::Done UnzipJob::waitForFirst()
 void UnzipJob::finishOne()
 {
     ExtractionPool::Done done = waitForFirst();
+    m_atWork.remove(done.task.path);
     if (hasWrongPassword(done))
         m_refused.push_back(std::move(done.task));
     else
@@ -431,10 +430,8 @@ void UnzipJob::finishAll()
 {
     while (!m_pool->isEmpty())
         finishOne();
-    for (const ExtractionTask &task : std::exchange(m_refused, {})) {
-        m_atWork.remove(task.path);
+    for (const ExtractionTask &task : std::exchange(m_refused, {}))
         guarded(task.path, [&] { extractEncrypted(task); });
-    }
 }
 
 /// The folders that the job has made, by their paths, and their entries, which may be further on than it

@@ -87,8 +87,8 @@ private:
     std::optional<LibzipEntries> m_libzip;
     EntryExtraction m_extraction{m_file}; ///< for what is printed
     std::optional<ExtractionPool> m_pool;
-    std::vector<ExtractionTask> m_refused; ///< the pool's tasks that need another password
-    QSet<QByteArray> m_atWork;             ///< the paths of the tasks in both
+    std::vector<ExtractionTask> m_refused; ///< by the pool: they need another password
+    QSet<QByteArray> m_atWork;             ///< the paths of the pool's tasks
     enum class Replacing { Ask, All, None } m_replacing = Replacing::Ask;
     mode_t m_ordinaryMode;
 };
