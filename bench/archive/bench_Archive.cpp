@@ -2,6 +2,7 @@
 #include "ZipLibrary.h"
 
 #include <QElapsedTimer>
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
@@ -11,7 +12,7 @@
 //
 //     bench_Archive make ARCHIVE FOLDER      all below the folder, names as they are
 //     bench_Archive add ARCHIVE FILE
-//     bench_Archive extract ARCHIVE FOLDER   over what is there
+//     bench_Archive extract ARCHIVE FOLDER   over what is there; the password is "secret"
 //     bench_Archive list ARCHIVE
 //
 // Prints the longest time between two calls of the service function, in ms: that long a window is not
@@ -85,6 +86,10 @@ int unzip(const char *archive, const char *folder, Pauses &pauses)
     USERFUNCTION functions;
     functions.print = [](QByteArrayView) { return 0; };
     functions.message = [](const ListedEntry &) {};
+    functions.password = [](std::span<char> buffer) {
+        std::ranges::copy("secret", buffer.begin());
+        return 0;
+    };
     functions.service = [&pauses](QByteArrayView) { return pauses.call(); };
     return Wiz_SingleEntryUnzip({}, {}, options, functions);
 }

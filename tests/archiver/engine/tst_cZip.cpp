@@ -370,6 +370,18 @@ TEST_F(mZipTest, ACancelledRequestCancelsLaterOnes)
     EXPECT_EQ(requests, 1);
 }
 
+TEST_F(mZipTest, AnEmptyPasswordCancelsLaterRequests)
+{
+    int requests = 0;
+    on(&zip, &cZip::PasswordRequest, &zip, [&](QString &password, int, bool, bool &) {
+        password = ++requests == 1 ? QStringLiteral("  ") : QStringLiteral("key");
+    });
+    std::array<char, 256> password = {};
+    EXPECT_EQ(callbacks.password(password), 1);
+    EXPECT_EQ(callbacks.password(password), 1);
+    EXPECT_EQ(requests, 1);
+}
+
 TEST_F(mZipTest, CutsCommentsBetweenCharacters)
 {
     on(&zip, &cZip::CommentRequest, &zip,

@@ -177,7 +177,7 @@ int __wrap_renameat(int fromFolder, const char *from, int toFolder, const char *
 
 int __wrap_renameat2(int fromFolder, const char *from, int toFolder, const char *to, unsigned flags)
 {
-    const int error = enter(FaultyCalls::RenameToFree);
+    const int error = enter(FaultyCalls::RenameToFree, to);
     return error ? failed(error) : __real_renameat2(fromFolder, from, toFolder, to, flags);
 }
 

@@ -35,8 +35,8 @@ public:
     void fail(Call call, int error, int times = always) const;
     /// So many bytes can still be written; then the disk is full.
     void leaveRoom(qint64 bytes) const;
-    /// From now on each \a call waits until release(), ten seconds at most; of Open, Stat, Close and Rename
-    /// those of \a path, or to it, alone.
+    /// From now on each \a call waits until release(), ten seconds at most; of Open, Stat, Close and both
+    /// kinds of Rename those of \a path, or to it, alone.
     void hold(Call call, const QByteArray &path = {}) const;
     void release() const;
 

@@ -103,6 +103,37 @@ TEST_F(DirectoryReaderTest, ReadsAllFields)
     EXPECT_EQ(directory.prefix, 0);
 }
 
+/// By their names or by their attributes, which mean what the system says that made them.
+TEST_F(DirectoryReaderTest, KnowsFolders)
+{
+    const struct
+    {
+        const char *name;
+        quint8 system;
+        quint32 attributes;
+        bool isEmpty;
+        bool isFolder;
+    } rows[] = {
+        {"a/", unixSystem, 0100644u << 16, true, true},
+        {"a", unixSystem, 040755u << 16, true, true},
+        {"a", unixSystem, 0100644u << 16, true, false},
+        {"a", unixSystem, ArchiveEntry::Folder, true, false},
+        {"a\\", unixSystem, 0100644u << 16, true, false},
+        {"a\\", dos, 0, true, true},
+        {"a", dos, ArchiveEntry::Folder, true, true},
+        {"a", dos, ArchiveEntry::Folder, false, false},
+        {"a", dos, 040755u << 16, true, false},
+    };
+    for (const auto &row : rows) {
+        MadeEntry entry = named(row.name);
+        entry.system = row.system;
+        entry.attributes = row.attributes;
+        if (row.isEmpty)
+            entry.data.clear();
+        EXPECT_EQ(readEntry(entry).isFolder(), row.isFolder) << &row - rows;
+    }
+}
+
 TEST_F(DirectoryReaderTest, ToleratesAPrefix)
 {
     for (const bool countsPrefix : {false, true}) {

@@ -101,6 +101,20 @@ TEST_F(UnzipLibraryTest, ListsLongNamesAndLargeFilesWithinTheirFields)
     EXPECT_EQ(job.entries.at(0).ucsize, 0x7fffffff);
 }
 
+/// So that callers know them, whatever the archive says by their attributes alone or behind the 255 bytes.
+TEST_F(UnzipLibraryTest, ListsFoldersWithASlash)
+{
+    MadeEntry byMode = extracted("folder", {});
+    byMode.attributes = 040755u << 16;
+    make({byMode, extracted(QByteArray(300, 'n') + '/', {}), extracted("other/", {}), extracted("file", {})});
+    EXPECT_EQ(job.list(archive), UnzipResult::Success);
+    ASSERT_EQ(job.entries.size(), 4);
+    EXPECT_EQ(job.entries[0].fname, QByteArray("folder/"));
+    EXPECT_EQ(job.entries[1].fname, QByteArray(254, 'n') + '/');
+    EXPECT_EQ(job.entries[2].fname, QByteArray("other/"));
+    EXPECT_EQ(job.entries[3].fname, QByteArray("file"));
+}
+
 TEST_F(UnzipLibraryTest, ExtractsAll)
 {
     MadeEntry deflated = extracted("sub/deep/b", QByteArray(100'000, 'b'));

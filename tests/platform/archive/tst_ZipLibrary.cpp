@@ -291,6 +291,8 @@ TEST_F(ZipLibraryTest, StoresFoldersAndTheirTimes)
     EXPECT_TRUE(entries[0].isFolder());
     EXPECT_EQ(entries[0].permissions(), 0750);
     EXPECT_EQ(entries[0].modified(), 1'100'000'001);
+    EXPECT_TRUE(entries[0].attributes & ArchiveEntry::Folder); // for programs that know no modes
+    EXPECT_FALSE(entries[1].attributes & ArchiveEntry::Folder);
 }
 
 TEST_F(ZipLibraryTest, KeepsModesTimesAndNames)

@@ -18,6 +18,8 @@ public:
     /// The one known; asks where there is none yet. Empty when none can be had.
     const QByteArray &get();
 
+    bool isKnown() const { return !m_password.isEmpty(); }
+
     /// The one known is wrong for some entry. Asks for another one, and returns false when none can be had:
     /// after three wrong ones, or when a request had no answer, the user is not asked again.
     bool replace() { return ask(); }

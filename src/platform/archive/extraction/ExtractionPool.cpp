@@ -1,7 +1,6 @@
 #include "ExtractionPool.h"
 
 #include "FileFailure.h"
-#include "PlainData.h"
 #include "WorkerThreads.h"
 
 namespace {
@@ -71,7 +70,7 @@ void ExtractionPool::work()
 
 void ExtractionPool::extractAll()
 {
-    EntryExtraction extraction;
+    EntryExtraction extraction(m_archive);
     while (!m_isCancelled) {
         const auto slot = takeSlot();
         if (slot)
@@ -125,8 +124,7 @@ std::unique_ptr<ExtractedFile> ExtractionPool::extract(EntryExtraction &extracti
             throw Cancelled();
         announce(nullptr);
     };
-    PlainData plain(m_archive, task.dataOffset, qint64(task.entry->packedSize));
-    return extraction.run(task, task.data ? *task.data : plain, betweenPieces);
+    return extraction.run(task, betweenPieces);
 }
 
 /// Returns false: the task is not done yet.

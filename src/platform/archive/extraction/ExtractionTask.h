@@ -13,6 +13,7 @@ struct ExtractionTask
 {
     const ArchiveEntry *entry = nullptr;
     qint64 dataOffset = 0;                 ///< in the archive's file
+    QByteArray password = {};              ///< for an entry with AES
     std::shared_ptr<PackedData> data = {}; ///< where that is not simply what is at the offset
     bool isUnpacked = false;               ///< the data
     QByteArray path;                       ///< below the target, for messages

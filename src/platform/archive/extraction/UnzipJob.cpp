@@ -1,6 +1,5 @@
 #include "UnzipJob.h"
 
-#include "AesData.h"
 #include "BadArchive.h"
 #include "DirectoryReader.h"
 #include "DosTime.h"
@@ -9,7 +8,6 @@
 #include "FileMode.h"
 #include "JobEnd.h"
 #include "LocalHeader.h"
-#include "PlainData.h"
 #include "ServiceName.h"
 #include "UnzipResult.h"
 #include "WrongPassword.h"
@@ -20,6 +18,7 @@
 #include <new>
 #include <sys/stat.h>
 #include <system_error>
+#include <utility>
 
 namespace {
 
@@ -47,7 +46,7 @@ ListedEntry listed(const ArchiveEntry &entry)
     row.yr = DosTime::year(entry.dosDate);
     row.hh = DosTime::hour(entry.dosTime);
     row.mm = DosTime::minute(entry.dosTime);
-    row.fname = EntryName::shown(entry.name);
+    row.fname = entry.isFolder() ? EntryName::shownFolder(entry.name) : EntryName::shown(entry.name);
     row.meth = entry.methodName();
     row.crc = entry.crc;
     row.fCrypt = entry.isEncrypted() ? 'E' : ' ';
@@ -78,6 +77,19 @@ bool isKnown(const ArchiveEntry &entry)
 bool isPlain(const ArchiveEntry &entry)
 {
     return !entry.isEncrypted() && (isKnown(entry) || !LibzipEntries::canUnpack(entry.method));
+}
+
+bool hasWrongPassword(const ExtractionPool::Done &done)
+{
+    if (!done.failure || done.task.password.isEmpty())
+        return false;
+    try {
+        std::rethrow_exception(done.failure);
+    } catch (const WrongPassword &) {
+        return true;
+    } catch (...) {
+        return false;
+    }
 }
 
 } // namespace
@@ -177,29 +189,44 @@ void UnzipJob::extractEntries()
             continue;
         isAnyIncluded = true;
         beginWith(entry);
-        guarded(entry.name, [&] { extract(i); });
+        guarded(entry.name, [&] { extract(entry); });
     }
     finishAll();
     if (!isAnyIncluded && !m_included->isEmpty())
         m_result = qMax(m_result, UnzipResult::NothingFound);
 }
 
-void UnzipJob::extract(std::size_t index)
+void UnzipJob::extract(const ArchiveEntry &entry)
 {
-    const ArchiveEntry &entry = m_directory.entries[index];
     std::optional<ExtractionTask> task = taskFor(entry);
     if (!task)
         return;
     task->dataOffset = checkedDataOffset(entry);
-    if (!isPlain(entry) || task->output) {
+    if (isForPool(*task)) {
+        addToPool(std::move(*task));
+    } else {
         finishAll(); // so that messages and questions come in the order of the entries
-        extractAlone(index, std::move(*task));
-        return;
+        extractAlone(std::move(*task));
     }
+}
+
+/// Read right from the file, and most likely without a question.
+bool UnzipJob::isForPool(const ExtractionTask &task) const
+{
+    const ArchiveEntry &entry = *task.entry;
+    return !task.output && (isPlain(entry) || (entry.isEncrypted() && entry.isAes() && m_password.isKnown()));
+}
+
+void UnzipJob::addToPool(ExtractionTask task)
+{
     while (m_pool->isFull())
         finishOne();
-    m_atWork.insert(task->path);
-    m_pool->add(std::move(*task));
+    if (!m_refused.empty())
+        finishAll(); // before more tasks take that password
+    if (task.entry->isEncrypted())
+        task.password = m_password.get();
+    m_atWork.insert(task.path);
+    m_pool->add(std::move(task));
 }
 
 void UnzipJob::makeFolder(const QByteArray &path)
@@ -288,18 +315,17 @@ qint64 UnzipJob::checkedDataOffset(const ArchiveEntry &entry) const
     return offset;
 }
 
-/// What talks to the user, as passwords do, and what is not read right from the file.
-void UnzipJob::extractAlone(std::size_t index, ExtractionTask task)
+void UnzipJob::extractAlone(ExtractionTask task)
 {
     if (task.entry->isEncrypted())
-        extractEncrypted(index, task);
+        extractEncrypted(task);
     else if (isPlain(*task.entry))
         extractNow(std::move(task));
     else
-        extractByLibzip(index, std::move(task), {});
+        extractByLibzip(std::move(task), {});
 }
 
-void UnzipJob::extractEncrypted(std::size_t index, const ExtractionTask &task)
+void UnzipJob::extractEncrypted(const ExtractionTask &task)
 {
     // Not left to libzip, which loses memory by it.
     if (!task.entry->hasKnownEncryption())
@@ -307,7 +333,7 @@ void UnzipJob::extractEncrypted(std::size_t index, const ExtractionTask &task)
     if (!task.entry->isAes())
         openLibzip(); // no password opens a directory that is damaged
     bool hasPassword = !m_password.get().isEmpty();
-    while (hasPassword && !isRight(m_password.get(), index, task))
+    while (hasPassword && !isRight(m_password.get(), task))
         hasPassword = m_password.replace();
     if (!hasPassword)
         fail(task.path, "no password, or a wrong one", UnzipResult::NoPassword);
@@ -315,29 +341,24 @@ void UnzipJob::extractEncrypted(std::size_t index, const ExtractionTask &task)
 
 /// Extracts the entry if \a password is right. With the older encryption one in 256 wrong passwords is
 /// noticed by the data alone.
-bool UnzipJob::isRight(const QByteArray &password, std::size_t index, const ExtractionTask &task)
+bool UnzipJob::isRight(const QByteArray &password, ExtractionTask task)
 {
+    const bool isAes = task.entry->isAes();
     try {
-        if (task.entry->isAes())
-            extractAes(task, password);
-        else
-            extractByLibzip(index, task, password);
+        if (isAes) {
+            task.password = password;
+            extractNow(std::move(task));
+        } else {
+            extractByLibzip(std::move(task), password);
+        }
         return true;
     } catch (const WrongPassword &) {
         return false;
     } catch (const BadArchive &failure) {
-        if (task.entry->isAes() || failure.kind == BadArchive::Unsupported)
+        if (isAes || failure.kind == BadArchive::Unsupported)
             throw;
         return false;
     }
-}
-
-void UnzipJob::extractAes(ExtractionTask task, const QByteArray &password)
-{
-    const auto size = qint64(task.entry->packedSize);
-    task.data = std::make_shared<AesData>(std::make_unique<PlainData>(m_file, task.dataOffset, size), size,
-                                          task.entry->aesStrength, password);
-    extractNow(std::move(task));
 }
 
 void UnzipJob::openLibzip()
@@ -346,9 +367,10 @@ void UnzipJob::openLibzip()
         m_libzip.emplace(m_file, m_directory, [this] { callService(); });
 }
 
-void UnzipJob::extractByLibzip(std::size_t index, ExtractionTask task, const QByteArray &password)
+void UnzipJob::extractByLibzip(ExtractionTask task, const QByteArray &password)
 {
     openLibzip();
+    const auto index = std::size_t(task.entry - m_directory.entries.data());
     task.isUnpacked = !isKnown(*task.entry);
     task.data = m_libzip->open(index, password, task.isUnpacked);
     extractNow(std::move(task));
@@ -360,8 +382,7 @@ void UnzipJob::extractNow(ExtractionTask task)
 {
     ExtractionPool::Done done{task, nullptr};
     if (task.output) {
-        PlainData plain(m_file, task.dataOffset, qint64(task.entry->packedSize));
-        m_extraction.run(task, task.data ? *task.data : plain, [this] { callService(); });
+        m_extraction.run(task, [this] { callService(); });
     } else {
         m_pool->add(std::move(task));
         done = waitForFirst();
@@ -373,7 +394,6 @@ void UnzipJob::extractNow(ExtractionTask task)
 
 void UnzipJob::report(const ExtractionPool::Done &done)
 {
-    m_atWork.remove(done.task.path);
     guarded(done.task.path, [&] {
         if (done.failure)
             std::rethrow_exception(done.failure);
@@ -398,13 +418,20 @@ ExtractionPool::Done UnzipJob::waitForFirst()
 
 void UnzipJob::finishOne()
 {
-    report(waitForFirst());
+    ExtractionPool::Done done = waitForFirst();
+    m_atWork.remove(done.task.path);
+    if (hasWrongPassword(done))
+        m_refused.push_back(std::move(done.task));
+    else
+        report(done);
 }
 
 void UnzipJob::finishAll()
 {
     while (!m_pool->isEmpty())
         finishOne();
+    for (const ExtractionTask &task : std::exchange(m_refused, {}))
+        guarded(task.path, [&] { extractEncrypted(task); });
 }
 
 /// The folders that the job has made, by their paths, and their entries, which may be further on than it

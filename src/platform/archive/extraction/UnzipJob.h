@@ -37,7 +37,7 @@ private:
     void extractEntries();
     bool includes(const ArchiveEntry &entry) const;
 
-    void extract(std::size_t index);
+    void extract(const ArchiveEntry &entry);
     void makeFolder(const QByteArray &path);
     TargetName targetOf(const ArchiveEntry &entry) const;
     std::optional<ExtractionTask> taskFor(const ArchiveEntry &entry);
@@ -45,12 +45,13 @@ private:
     bool mayReplace(const ArchiveEntry &entry, const ExtractionTask &task, const struct stat &existing);
     bool asksToReplace(const QByteArray &path);
     qint64 checkedDataOffset(const ArchiveEntry &entry) const;
-    void extractAlone(std::size_t index, ExtractionTask task);
-    void extractEncrypted(std::size_t index, const ExtractionTask &task);
-    bool isRight(const QByteArray &password, std::size_t index, const ExtractionTask &task);
-    void extractAes(ExtractionTask task, const QByteArray &password);
+    bool isForPool(const ExtractionTask &task) const;
+    void addToPool(ExtractionTask task);
+    void extractAlone(ExtractionTask task);
+    void extractEncrypted(const ExtractionTask &task);
+    bool isRight(const QByteArray &password, ExtractionTask task);
     void openLibzip();
-    void extractByLibzip(std::size_t index, ExtractionTask task, const QByteArray &password);
+    void extractByLibzip(ExtractionTask task, const QByteArray &password);
     void extractNow(ExtractionTask task);
     ExtractionPool::Done waitForFirst();
     void report(const ExtractionPool::Done &done);
@@ -84,9 +85,10 @@ private:
     std::optional<TargetFolder> m_target;
     ArchivePassword m_password;
     std::optional<LibzipEntries> m_libzip;
-    EntryExtraction m_extraction; ///< for what is printed
+    EntryExtraction m_extraction{m_file}; ///< for what is printed
     std::optional<ExtractionPool> m_pool;
-    QSet<QByteArray> m_atWork; ///< the paths of the pool's tasks
+    std::vector<ExtractionTask> m_refused; ///< by the pool: they need another password
+    QSet<QByteArray> m_atWork;             ///< the paths of the pool's tasks
     enum class Replacing { Ask, All, None } m_replacing = Replacing::Ask;
     mode_t m_ordinaryMode;
 };

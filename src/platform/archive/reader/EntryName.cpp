@@ -45,6 +45,17 @@ bool isInsideCharacter(char byte)
     return (uchar(byte) & 0xc0) == 0x80;
 }
 
+/// At most \a most bytes of \a name.
+QByteArray cut(const QByteArray &name, qsizetype most)
+{
+    if (name.size() <= most)
+        return name;
+    qsizetype size = most;
+    while (size > most - 4 && isInsideCharacter(name[size]))
+        --size;
+    return name.left(size);
+}
+
 } // namespace
 
 QByteArray EntryName::decode(const QByteArray &stored, const ExtraFields &fields, bool isUnixMade)
@@ -58,10 +69,12 @@ QByteArray EntryName::decode(const QByteArray &stored, const ExtraFields &fields
 
 QByteArray EntryName::shown(const QByteArray &name)
 {
-    if (name.size() <= mostShown)
+    return cut(name, mostShown);
+}
+
+QByteArray EntryName::shownFolder(const QByteArray &name)
+{
+    if (name.endsWith('/') && name.size() <= mostShown)
         return name;
-    qsizetype size = mostShown;
-    while (size > mostShown - 4 && isInsideCharacter(name[size]))
-        --size;
-    return name.left(size);
+    return cut(name, mostShown - 1) + '/';
 }

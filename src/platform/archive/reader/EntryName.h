@@ -13,5 +13,7 @@ QByteArray decode(const QByteArray &stored, const ExtraFields &fields, bool isUn
 
 /// As much of \a name as fits into the 255 bytes that callbacks get, with no character cut.
 QByteArray shown(const QByteArray &name);
+/// The same of a folder, always with a slash at its end.
+QByteArray shownFolder(const QByteArray &name);
 
 } // namespace EntryName
