@@ -19,6 +19,6 @@ void LineDevCaps::append(const QString &text, quint32 &size, quint32 &offset)
     offset = dwUsedSize;
     size = length;
     const auto place = variable.begin() + (offset - fixedSize);
-    *std::copy(text.cbegin(), text.cend(), place) = u'\0';
+    *std::copy_n(text.utf16(), text.size(), place) = u'\0';
     dwUsedSize += length;
 }
