@@ -40,6 +40,7 @@ const Speed *find(int bits)
 void flushAndClose(Descriptor &port)
 {
     ::tcflush(port.get(), TCIOFLUSH);
+    ::ioctl(port.get(), TIOCNXCL); // somebody else may have had it open before
     port.close();
 }
 

@@ -20,6 +20,8 @@ constexpr int startTime = 3000;   // milliseconds
 constexpr int releaseTime = 3000; // milliseconds
 const QString moduleFolder = QStringLiteral("/usr/lib/baresip/modules");
 
+const QString encryptionFile = QStringLiteral("/openssl.cnf");
+
 QString program()
 {
     return QStandardPaths::findExecutable(QStringLiteral("baresip"));
@@ -71,7 +73,8 @@ bool BaresipProcess::writeFiles(const SipAccount &account, const QString &folder
     return writePrivate(folder + QStringLiteral("/config"),
                         account.configuration(m_controlPort, moduleFolder)) &&
            writePrivate(folder + QStringLiteral("/accounts"), account.accountLine()) &&
-           writePrivate(folder + QStringLiteral("/contacts"), {});
+           writePrivate(folder + QStringLiteral("/contacts"), {}) &&
+           writePrivate(folder + encryptionFile, SipAccount::encryptionConfiguration());
 }
 
 bool BaresipProcess::start(const SipAccount &account)
@@ -83,6 +86,9 @@ bool BaresipProcess::start(const SipAccount &account)
         return false;
     }
     m_process = new QProcess;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("OPENSSL_CONF"), m_folder->path() + encryptionFile);
+    m_process->setProcessEnvironment(environment);
     m_process->setProcessChannelMode(QProcess::MergedChannels);
     m_process->setStandardOutputFile(QProcess::nullDevice());
     m_process->setChildProcessModifier([parent = ::getpid()] { prepareChild(parent); });

@@ -29,7 +29,7 @@ bool isServer(const QString &server)
 
 bool isPassword(const QString &password)
 {
-    return matches(password, QStringLiteral("[\\x21\\x23-\\x3A\\x3C-\\x7E]{0,128}")); // no blank, " and ;
+    return matches(password, QStringLiteral("[\\x20\\x21\\x23-\\x3B\\x3D-\\x7E]{0,128}")); // not " and <
 }
 
 bool isAudioDevice(const QString &device)
@@ -74,8 +74,8 @@ QByteArray SipAccount::accountLine() const
     QString line =
         QStringLiteral("<sip:") + m_settings.user + u'@' + m_settings.server + transportParameter() + u'>';
     if (!m_settings.password.isEmpty())
-        line += QStringLiteral(";auth_user=") + m_settings.user + QStringLiteral(";auth_pass=") +
-                m_settings.password;
+        line += QStringLiteral(";auth_user=") + m_settings.user + QStringLiteral(";auth_pass=\"") +
+                m_settings.password + u'"';
     line += QStringLiteral(";regint=") + QString::number(m_settings.registers ? registrationTime : 0);
     line += QStringLiteral(";answermode=manual");
     if (m_settings.transport == LineSettings::Transport::Tls)
@@ -96,12 +96,30 @@ QString SipAccount::trustedCertificates() const
     return m_settings.certificate.isEmpty() ? systemCertificates : m_settings.certificate;
 }
 
-/// Addresses of this computer alone are used only where that is asked for.
-bool SipAccount::isOnThisComputer() const
+/// The loopback address of a server on this computer, which is used only where that is asked for; empty for
+/// any other server.
+QString SipAccount::loopbackAddress() const
 {
     QString host = m_settings.server;
     host.remove(QRegularExpression(QStringLiteral(":[0-9]{1,5}$")));
-    return host == QStringLiteral("localhost") || QHostAddress(host).isLoopback();
+    if (host == QStringLiteral("localhost"))
+        return QStringLiteral("127.0.0.1");
+    const QHostAddress address(host.remove(u'[').remove(u']'));
+    return address.isLoopback() ? address.toString() : QString();
+}
+
+/// This version of baresip never asks for a verified server by itself. It still does not compare the server's
+/// name with that in its certificate.
+QByteArray SipAccount::encryptionConfiguration()
+{
+    return "openssl_conf = suite\n"
+           "[suite]\n"
+           "ssl_conf = modules\n"
+           "[modules]\n"
+           "system_default = encryption\n"
+           "[encryption]\n"
+           "VerifyMode = Peer\n"
+           "MinProtocol = TLSv1.2\n";
 }
 
 QByteArray SipAccount::configuration(quint16 controlPort, const QString &moduleFolder) const
@@ -110,13 +128,15 @@ QByteArray SipAccount::configuration(quint16 controlPort, const QString &moduleF
                       "sip_listen 0.0.0.0:0\n"
                       "call_max_calls 1\n"
                       "call_local_timeout 120\n"
+                      "statmode_default off\n"
                       "audio_path /usr/share/baresip\n";
-    text += "sip_cafile " + FileNames::toBytes(trustedCertificates()) + '\n';
+    if (m_settings.transport == LineSettings::Transport::Tls)
+        text += "sip_cafile " + FileNames::toBytes(trustedCertificates()) + "\nsip_verify_server yes\n";
     text += "audio_source " + m_settings.microphone.toLatin1() + '\n';
     text += "audio_player " + m_settings.loudspeaker.toLatin1() + '\n';
     text += "audio_alert " + m_settings.loudspeaker.toLatin1() + '\n';
-    if (isOnThisComputer())
-        text += "net_interface lo\n";
+    if (const QString address = loopbackAddress(); !address.isEmpty())
+        text += "net_interface " + address.toLatin1() + '\n';
     text += "module_path " + FileNames::toBytes(moduleFolder) + '\n';
     for (const QByteArray &module : audioModules())
         text += "module " + module + ".so\n";

@@ -22,12 +22,14 @@ public:
     /// The file "config" of a process with its control port at \a controlPort and its modules in
     /// \a moduleFolder.
     QByteArray configuration(quint16 controlPort, const QString &moduleFolder) const;
+    /// A configuration of OpenSSL by which the process connects only to servers whose certificate it trusts.
+    static QByteArray encryptionConfiguration();
     /// The address of \a number at this server.
     QString addressOf(const PhoneNumber &number) const;
 
 private:
     QString transportParameter() const;
-    bool isOnThisComputer() const;
+    QString loopbackAddress() const;
     QByteArrayList audioModules() const;
     QString trustedCertificates() const;
 

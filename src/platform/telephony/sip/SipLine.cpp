@@ -14,6 +14,10 @@ const QString watchToken = QStringLiteral("watch");
 const QString hangUpCommand = QStringLiteral("hangup");
 const QString statusCommand = QStringLiteral("reginfo");
 
+// The colors in which baresip writes the state of a registration, and its words for it.
+const QString registered = QStringLiteral("\x1B[32mOK");
+const QString notRegistered = QStringLiteral("\x1B[31mERR");
+
 } // namespace
 
 SipLine::SipLine(const LineSettings &settings)
@@ -96,9 +100,9 @@ void SipLine::takeRegistration(const QString &status)
 {
     if (m_state != State::Registering)
         return;
-    if (status.contains(QStringLiteral("OK ")))
+    if (status.contains(registered))
         becomeReady();
-    else if (status.contains(QStringLiteral("ERR")))
+    else if (status.contains(notRegistered))
         fail(LineError::NotRegistered);
 }
 
