@@ -47,7 +47,7 @@ std::optional<PhoneNumber> PhoneNumber::fromText(const QString &text)
 PhoneNumber PhoneNumber::withPrefix(const QString &prefix) const
 {
     PhoneNumber number = *this;
-    if (!m_dialled.startsWith(u'+'))
+    if (!m_dialled.startsWith(u'+') && areTones(prefix))
         number.m_dialled.prepend(prefix);
     return number;
 }

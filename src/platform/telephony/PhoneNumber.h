@@ -15,7 +15,7 @@ public:
     /// a number without a digit in front of its first "," and for one that is too long.
     static std::optional<PhoneNumber> fromText(const QString &text);
 
-    /// \a prefix in front of the number, unless that is an international one.
+    /// \a prefix, if it is made of tones, in front of the number, unless that is an international one.
     PhoneNumber withPrefix(const QString &prefix) const;
 
     QString dialled() const { return m_dialled; }

@@ -1,0 +1,31 @@
+#include "PrivateBus.h"
+
+#include <QProcess>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/prctl.h>
+
+namespace {
+
+constexpr int patience = 30000; // milliseconds
+
+bool start()
+{
+    auto *daemon = new QProcess; // to the end of this process
+    daemon->setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    daemon->start(QStringLiteral("dbus-daemon"), {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                                                  QStringLiteral("--print-address")});
+    while (!daemon->canReadLine() && daemon->waitForReadyRead(patience)) {
+    }
+    const QByteArray address = daemon->readLine().trimmed();
+    qputenv("DBUS_SYSTEM_BUS_ADDRESS", address);
+    return !address.isEmpty();
+}
+
+} // namespace
+
+void PrivateBus::use()
+{
+    static const bool isStarted = start();
+    EXPECT_TRUE(isStarted);
+}

@@ -1,0 +1,55 @@
+#include "SipServer.h"
+
+#include "FreeUdpPort.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QTest>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/prctl.h>
+
+namespace {
+
+constexpr int patience = 30000; // milliseconds
+
+} // namespace
+
+SipServer::SipServer(const QString &scenario, const QString &answer)
+    : m_port(freeUdpPort())
+{
+    m_process.setWorkingDirectory(m_folder.path());
+    m_process.setStandardOutputFile(QProcess::nullDevice());
+    m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
+    m_process.start(QStringLiteral("sipp"),
+                    {QStringLiteral("-sf"),
+                     QStringLiteral(QUILL_TEST_SIP) + u'/' + scenario + QStringLiteral(".xml"),
+                     QStringLiteral("-i"), QStringLiteral("127.0.0.1"), QStringLiteral("-p"),
+                     QString::number(m_port), QStringLiteral("-nostdin"), QStringLiteral("-key"),
+                     QStringLiteral("answer"), answer, QStringLiteral("-trace_msg"),
+                     QStringLiteral("-message_file"), m_folder.path() + QStringLiteral("/messages")});
+    EXPECT_TRUE(m_process.waitForStarted(patience));
+    // It opens its port and its file one after the other, without a sign.
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !isFree(m_port); }, patience));
+}
+
+SipServer::~SipServer()
+{
+    m_process.kill();
+    m_process.waitForFinished(patience);
+}
+
+QString SipServer::address() const
+{
+    return QStringLiteral("127.0.0.1:") + QString::number(m_port);
+}
+
+QStringList SipServer::requests() const
+{
+    QFile file(m_folder.path() + QStringLiteral("/messages"));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll())
+        .split(QRegularExpression(QStringLiteral("\r?\n")))
+        .filter(QRegularExpression(QStringLiteral("^[A-Z]+ sip:\\S+ SIP/2.0$")));
+}

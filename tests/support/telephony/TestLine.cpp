@@ -1,0 +1,58 @@
+#include "TestLine.h"
+
+#include "EventGate.h"
+#include "PrivateBus.h"
+#include "TelephoneSettings.h"
+
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int patience = 60000; // milliseconds; a loaded computer is slow
+
+} // namespace
+
+TestLine::TestLine(const QList<LineSettings> &lines, const LineLimits &limits)
+    : m_service(m_dialogs, limits)
+    , m_line(std::make_unique<CvbTAPILine>(m_service))
+{
+    PrivateBus::use();
+    TelephoneSettings settings;
+    settings.lines = lines;
+    settings.write();
+    const auto record = [this](const char *event, qint32 error) {
+        m_events.append(error == 0 ? QString::fromLatin1(event)
+                                   : QString::fromLatin1(event) + u':' + m_line->ErrorString(error));
+    };
+    on(m_line.get(), &CvbTAPILine::MakeCallResult, m_line.get(),
+       [=](qint32 error) { record("made", error); });
+    on(m_line.get(), &CvbTAPILine::DropCallResult, m_line.get(),
+       [=](qint32 error) { record("dropped", error); });
+    on(m_line.get(), &CvbTAPILine::Connected, m_line.get(), [=] { record("connected", 0); });
+    on(m_line.get(), &CvbTAPILine::Disconnected, m_line.get(), [=] { record("disconnected", 0); });
+    on(m_line.get(), &CvbTAPILine::Idle, m_line.get(), [=] { record("idle", 0); });
+}
+
+TestLine::~TestLine() = default;
+
+bool TestLine::call(const QString &number)
+{
+    m_events.clear();
+    return m_line->Create() && m_line->OpenLine(1, 4) && m_line->MakeCallAsynch(number);
+}
+
+void TestLine::waitFor(const char *event)
+{
+    const QString last = QString::fromLatin1(event);
+    EXPECT_TRUE(
+        QTest::qWaitFor([&] { return !m_events.isEmpty() && m_events.constLast() == last; }, patience))
+        << "instead of " << event << ": " << qPrintable(events());
+}
+
+QString TestLine::allEvents()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    return events();
+}
