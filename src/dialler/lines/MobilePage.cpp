@@ -1,6 +1,6 @@
 #include "MobilePage.h"
 
-#include "ModemManager.h"
+#include "MobileModem.h"
 #include "Named.h"
 #include "ShownText.h"
 
@@ -10,7 +10,7 @@
 MobilePage::MobilePage()
     : cboModem(named<QComboBox>("cboModem", QStringLiteral("Modem")))
 {
-    for (const MobileModem &modem : ModemManager::modems())
+    for (const MobileModem &modem : MobileModem::all())
         cboModem->addItem(ShownText::line(modem.maker + u' ' + modem.model + u' ' + modem.number),
                           modem.identifier);
     auto *rows = new QFormLayout(this);

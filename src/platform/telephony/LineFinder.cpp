@@ -1,7 +1,6 @@
 #include "LineFinder.h"
 
 #include "MobileLine.h"
-#include "ModemManager.h"
 #include "SerialLine.h"
 #include "SipLine.h"
 
@@ -38,7 +37,7 @@ std::unique_ptr<TelephoneLine> make(const LineSettings &settings, QList<MobileMo
 
 std::vector<std::unique_ptr<TelephoneLine>> LineFinder::find(const QList<LineSettings> &settings)
 {
-    QList<MobileModem> modems = ModemManager::modems();
+    QList<MobileModem> modems = MobileModem::all();
     std::vector<std::unique_ptr<TelephoneLine>> lines;
     for (const LineSettings &line : settings)
         lines.push_back(make(line, modems));

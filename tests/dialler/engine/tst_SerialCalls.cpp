@@ -83,8 +83,7 @@ TEST_F(HandsetCallTest, TheLineServesTheNextCall)
     ASSERT_TRUE(line->DropCallAsynch());
     line.waitFor("idle");
     EXPECT_FALSE(line->CloseLine()); // the end of the call has closed it
-    ASSERT_TRUE(line->OpenLine(1, 4));
-    ASSERT_TRUE(line->MakeCallAsynch(QStringLiteral("99")));
+    ASSERT_TRUE(line.call(QStringLiteral("99")));
     line.waitFor("connected");
     EXPECT_EQ(modem.commands().constLast(), "ATDT99;");
 }

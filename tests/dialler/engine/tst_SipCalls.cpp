@@ -113,8 +113,7 @@ TEST_F(SipCallTest, TheLineServesTheNextCall)
     connect();
     phone.hangUp();
     line.waitFor("idle");
-    ASSERT_TRUE(line->OpenLine(1, 4));
-    ASSERT_TRUE(line->MakeCallAsynch(QStringLiteral("99")));
+    ASSERT_TRUE(line.call(QStringLiteral("99")));
     line.waitFor("connected");
 }
 

@@ -30,8 +30,11 @@ SipPhone::SipPhone()
     const QByteArray sound = m_folder.file("silence.wav");
     m_folder.addFile("silence.wav", silentSound());
     m_folder.addFile("contacts");
-    m_folder.addFile("accounts", "<sip:phone@127.0.0.1:" + QByteArray::number(m_port) +
-                                     ">;regint=0;answermode=auto;catchall=yes\n");
+    QByteArray accounts;
+    for (const char *number : {"1234", "12", "99", "1"})
+        accounts += "<sip:" + QByteArray(number) + "@127.0.0.1:" + QByteArray::number(m_port) +
+                    ">;regint=0;answermode=auto\n";
+    m_folder.addFile("accounts", accounts);
     m_folder.addFile("config", "poll_method epoll\nnet_interface 127.0.0.1\nsip_listen 127.0.0.1:" +
                                    QByteArray::number(m_port) + "\naudio_source aufile," + sound +
                                    "\naudio_player nullplay,none\naudio_alert nullplay,none\n"

@@ -1,5 +1,6 @@
 #include "SipServer.h"
 
+#include "Files.h"
 #include "FreeUdpPort.h"
 
 #include <QFile>
@@ -18,18 +19,18 @@ constexpr int patience = 30000; // milliseconds
 SipServer::SipServer(const QString &scenario, const QString &answer)
     : m_port(freeUdpPort())
 {
+    const QString file = m_folder.path() + QStringLiteral("/scenario.xml");
+    QByteArray text = Files::read(QStringLiteral(QUILL_TEST_SIP) + u'/' + scenario + QStringLiteral(".xml"));
+    Files::write(file, text.replace("ANSWER", answer.toLatin1()));
     m_process.setWorkingDirectory(m_folder.path());
     m_process.setStandardOutputFile(QProcess::nullDevice());
     m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     m_process.start(QStringLiteral("sipp"),
-                    {QStringLiteral("-sf"),
-                     QStringLiteral(QUILL_TEST_SIP) + u'/' + scenario + QStringLiteral(".xml"),
-                     QStringLiteral("-i"), QStringLiteral("127.0.0.1"), QStringLiteral("-p"),
-                     QString::number(m_port), QStringLiteral("-nostdin"), QStringLiteral("-key"),
-                     QStringLiteral("answer"), answer, QStringLiteral("-trace_msg"),
-                     QStringLiteral("-message_file"), m_folder.path() + QStringLiteral("/messages")});
+                    {QStringLiteral("-sf"), file, QStringLiteral("-i"), QStringLiteral("127.0.0.1"),
+                     QStringLiteral("-p"), QString::number(m_port), QStringLiteral("-nostdin"),
+                     QStringLiteral("-trace_msg"), QStringLiteral("-message_file"),
+                     m_folder.path() + QStringLiteral("/messages")});
     EXPECT_TRUE(m_process.waitForStarted(patience));
-    // It opens its port and its file one after the other, without a sign.
     EXPECT_TRUE(QTest::qWaitFor([this] { return !isFree(m_port); }, patience));
 }
 

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "MobileModem.h"
-
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QList>
+#include <QString>
+#include <QVariantList>
 
 /// The service of the system bus that has the mobile modems.
 namespace ModemManager {
@@ -17,10 +16,6 @@ inline const QString voiceInterface = modemInterface + QStringLiteral(".Voice");
 inline const QString callInterface = service + QStringLiteral(".Call");
 
 QDBusConnection bus();
-
-/// The modems, sorted by their identifiers. Waits for the service a second at most; none where it does not
-/// run, it is not started for this.
-QList<MobileModem> modems();
 
 /// A call of \a method that does not start the service.
 QDBusMessage call(const QString &path, const QString &interface, const QString &method,
