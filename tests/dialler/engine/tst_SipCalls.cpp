@@ -8,10 +8,14 @@
 #include "TestLine.h"
 
 #include <QDirIterator>
+#include <QProcess>
+#include <QSet>
 #include <QTcpSocket>
 #include <QTest>
+#include <array>
 #include <csignal>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace {
 
@@ -54,21 +58,6 @@ struct Account
     }
 };
 
-/// Calls to a telephone that answers.
-struct SipCallTest : testing::Test
-{
-    SipPhone phone;
-    Account account{phone.address()};
-    TestLine line{{account.settings}};
-
-    void connect()
-    {
-        ASSERT_TRUE(line.call(QStringLiteral("1234")));
-        line.waitFor("connected");
-        ASSERT_TRUE(QTest::qWaitFor([this] { return phone.isInCall(); }));
-    }
-};
-
 /// The processes of baresip that this process has started.
 QList<pid_t> children()
 {
@@ -85,6 +74,50 @@ QList<pid_t> children()
     }
     return found;
 }
+
+/// The UDP port on which \a process takes calls.
+quint16 udpPortOf(pid_t process)
+{
+    QSet<QByteArray> sockets;
+    const QDir descriptors(QStringLiteral("/proc/%1/fd").arg(process));
+    for (const QFileInfo &descriptor : descriptors.entryInfoList(QDir::System | QDir::Files)) {
+        std::array<char, 64> target = {};
+        if (::readlink(descriptor.filePath().toLatin1().constData(), target.data(), target.size() - 1) > 0)
+            sockets.insert(QByteArray(target.data()));
+    }
+    QFile table(QStringLiteral("/proc/net/udp"));
+    EXPECT_TRUE(table.open(QIODevice::ReadOnly));
+    for (const QByteArray &row : table.readAll().split('\n')) {
+        const QByteArrayList fields = row.simplified().split(' ');
+        if (sockets.contains("socket:[" + fields.value(9) + ']') && fields.value(1).startsWith("0100007F:"))
+            return fields.value(1).mid(9).toUShort(nullptr, 16);
+    }
+    return 0;
+}
+
+/// Calls to a telephone that answers.
+struct SipCallTest : testing::Test
+{
+    SipPhone phone;
+    Account account{phone.address()};
+    TestLine line{{account.settings}};
+
+    /// The process of the line.
+    pid_t ownChild() const
+    {
+        QList<pid_t> all = children();
+        all.removeAll(pid_t(phone.processId()));
+        EXPECT_EQ(all.size(), 1);
+        return all.value(0);
+    }
+
+    void connect()
+    {
+        ASSERT_TRUE(line.call(QStringLiteral("1234")));
+        line.waitFor("connected");
+        ASSERT_TRUE(QTest::qWaitFor([this] { return phone.isInCall(); }));
+    }
+};
 
 const QString farEndGone = QStringLiteral("made connected disconnected dropped idle");
 const QString notConnected = QStringLiteral("made disconnected dropped idle");
@@ -150,14 +183,45 @@ TEST_F(SipCallTest, KeepsNoFilesWhileItRuns)
 
 TEST_F(SipCallTest, AProcessThatDiesEndsTheCall)
 {
-    const QList<pid_t> before = children();
     connect();
-    for (const pid_t child : children()) {
-        if (!before.contains(child))
-            ::kill(child, SIGKILL);
-    }
+    ::kill(ownChild(), SIGKILL);
     line.waitFor("idle");
     EXPECT_EQ(line.events(), farEndGone);
+}
+
+TEST_F(SipCallTest, AProcessThatHangsEndsTheCall)
+{
+    connect();
+    const pid_t child = ownChild();
+    ::kill(child, SIGSTOP);
+    line.waitFor("idle");
+    EXPECT_EQ(line.events(), farEndGone);
+    EXPECT_TRUE(QTest::qWaitFor([child] { return !children().contains(child); }, 20000));
+}
+
+TEST_F(SipCallTest, AProcessThatHangsDoesNotHoldTheDropUp)
+{
+    connect();
+    const pid_t child = ownChild();
+    ::kill(child, SIGSTOP);
+    ASSERT_TRUE(line->DropCallAsynch());
+    line.waitFor("idle");
+    EXPECT_EQ(line.events(), QStringLiteral("made connected dropped disconnected idle"));
+    EXPECT_TRUE(QTest::qWaitFor([child] { return !children().contains(child); }, 20000));
+}
+
+TEST_F(SipCallTest, AnIncomingCallIsHungUpAtOnce)
+{
+    ASSERT_TRUE(line->Create());
+    ASSERT_TRUE(line->OpenLine(1, 4));
+    const pid_t child = ownChild();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return account.files().isEmpty(); }, 20000)); // it is ready
+    phone.call(QStringLiteral("sip:alice@127.0.0.1:") + QString::number(udpPortOf(child)));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return phone.endedCalls() == 1; }, 20000));
+    EXPECT_FALSE(phone.isInCall());
+    EXPECT_EQ(line.allEvents(), QString());
+    ASSERT_TRUE(line->MakeCallAsynch(QStringLiteral("12")));
+    line.waitFor("connected");
 }
 
 TEST(SipLineTest, AStrangerAtTheControlPortEndsTheCall)
@@ -300,4 +364,112 @@ TEST(SipLineTest, WithoutBaresipThereIsNoDriver)
     TestLine line{{account.settings}};
     ASSERT_TRUE(line->Create());
     EXPECT_EQ(line->NegotiatedAPIVersion(), 0u);
+}
+
+namespace {
+
+/// A server that encrypts with a certificate of its own making, and only listens.
+struct EncryptedServer
+{
+    ScratchFolder folder;
+    QString certificate = folder.path() + QStringLiteral("/certificate.pem");
+    quint16 port = 0;
+    QProcess process;
+
+    EncryptedServer()
+    {
+        const QString key = folder.path() + QStringLiteral("/key.pem");
+        const QStringList request{QStringLiteral("req"),
+                                  QStringLiteral("-x509"),
+                                  QStringLiteral("-newkey"),
+                                  QStringLiteral("rsa:2048"),
+                                  QStringLiteral("-nodes"),
+                                  QStringLiteral("-keyout"),
+                                  key,
+                                  QStringLiteral("-out"),
+                                  certificate,
+                                  QStringLiteral("-subj"),
+                                  QStringLiteral("/CN=127.0.0.1")};
+        QProcess maker;
+        maker.setStandardErrorFile(QProcess::nullDevice());
+        maker.start(QStringLiteral("openssl"), request);
+        EXPECT_TRUE(maker.waitForFinished());
+        process.start(QStringLiteral("openssl"), {QStringLiteral("s_server"), QStringLiteral("-cert"),
+                                                  certificate, QStringLiteral("-key"), key,
+                                                  QStringLiteral("-accept"), QStringLiteral("127.0.0.1:0")});
+        QByteArray said;
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return (said += process.readAllStandardOutput()).contains("ACCEPT "); }));
+        port = said.mid(said.indexOf("127.0.0.1:", said.indexOf("ACCEPT ")) + 10).simplified().toUShort();
+        EXPECT_NE(port, 0) << said.constData();
+    }
+    ~EncryptedServer()
+    {
+        process.kill();
+        process.waitForFinished();
+    }
+
+    LineSettings line(const Account &account) const
+    {
+        LineSettings settings = account.registering();
+        settings.server = QStringLiteral("127.0.0.1:") + QString::number(port);
+        settings.transport = LineSettings::Transport::Tls;
+        return settings;
+    }
+};
+
+} // namespace
+
+TEST(SipLineTest, AServerWithACertificateOfItsOwnIsRefused)
+{
+    EncryptedServer server;
+    const Account account(QStringLiteral("unused"));
+    TestLine line{{server.line(account)}};
+    ASSERT_TRUE(line.call(QStringLiteral("12")));
+    line.waitFor("made:Not Registered");
+    EXPECT_FALSE(server.process.readAllStandardOutput().contains("REGISTER"));
+}
+
+TEST(SipLineTest, ACertificateThatTheUserHasNamedIsTrusted)
+{
+    EncryptedServer server;
+    const Account account(QStringLiteral("unused"));
+    LineSettings settings = server.line(account);
+    settings.certificate = server.certificate;
+    TestLine line{{settings}};
+    ASSERT_TRUE(line.call(QStringLiteral("12")));
+    QByteArray said;
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return (said += server.process.readAllStandardOutput()).contains("REGISTER sip:127.0.0.1"); },
+        20000))
+        << said.constData();
+}
+
+// Run by the test below, which kills it.
+TEST(SipLineTest, DISABLED_HasAProcessUntilItIsKilled)
+{
+    const Account account(QStringLiteral("127.0.0.1:9"));
+    TestLine line{{account.settings}};
+    ASSERT_TRUE(line->Create());
+    ASSERT_TRUE(line->OpenLine(1, 4));
+    ASSERT_EQ(children().size(), 1);
+    QTextStream(stdout) << "child " << children().constFirst() << Qt::endl;
+    EXPECT_TRUE(QTest::qWaitFor([] { return false; }, 60000));
+}
+
+TEST(SipLineTest, TheProcessEndsWithTheSuiteHoweverThatEnds)
+{
+    QProcess suite;
+    suite.start(QCoreApplication::applicationFilePath(),
+                {QStringLiteral("--gtest_also_run_disabled_tests"),
+                 QStringLiteral("--gtest_filter=SipLineTest.DISABLED_HasAProcessUntilItIsKilled")});
+    QByteArray said;
+    ASSERT_TRUE(QTest::qWaitFor(
+        [&] { return (said += suite.readAllStandardOutput()).contains("child ") && said.endsWith('\n'); },
+        30000));
+    const QByteArray child = said.mid(said.indexOf("child ") + 6).split('\n').constFirst();
+    ASSERT_TRUE(QFileInfo::exists(QStringLiteral("/proc/") + QString::fromLatin1(child)));
+    suite.kill();
+    ASSERT_TRUE(suite.waitForFinished());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return ::kill(child.toInt(), 0) != 0; }, 20000));
 }

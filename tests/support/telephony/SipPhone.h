@@ -18,6 +18,8 @@ public:
     /// "127.0.0.1:port", which serves as the server of an account. The numbers 1234, 12, 99 and 1 reach it.
     QString address() const;
 
+    qint64 processId() const { return m_process.processId(); }
+
     void hangUp();
     void call(const QString &address);
 

@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int watchTime = 10000; // milliseconds; a process that does not answer for so long hangs
+constexpr int watchTime = 5000; // milliseconds; a process that does not answer for so long hangs
 
 const QString dialToken = QStringLiteral("dial");
 const QString registrationToken = QStringLiteral("registration");
