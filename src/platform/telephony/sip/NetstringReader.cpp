@@ -1,8 +1,16 @@
 #include "NetstringReader.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr qsizetype mostDigits = 5;
+
+bool isNumber(const QByteArray &text)
+{
+    return !text.isEmpty() &&
+           std::all_of(text.cbegin(), text.cend(), [](char sign) { return sign >= '0' && sign <= '9'; });
+}
 
 } // namespace
 
@@ -24,16 +32,15 @@ bool NetstringReader::takeNext(QList<QByteArray> &contents)
         m_isBroken = m_rest.size() > mostDigits;
         return false;
     }
-    bool isNumber = false;
-    const uint length = m_rest.left(colon).toUInt(&isNumber);
-    m_isBroken = !isNumber || length > longest;
-    const qsizetype end = colon + 1 + qsizetype(length);
+    const qsizetype length = m_rest.left(colon).toInt();
+    m_isBroken = !isNumber(m_rest.left(colon)) || length > longest;
+    const qsizetype end = colon + 1 + length;
     if (m_isBroken || m_rest.size() <= end)
         return false;
     m_isBroken = m_rest[end] != ',';
     if (m_isBroken)
         return false;
-    contents.append(m_rest.mid(colon + 1, qsizetype(length)));
+    contents.append(m_rest.mid(colon + 1, length));
     m_rest.remove(0, end + 1);
     return true;
 }
