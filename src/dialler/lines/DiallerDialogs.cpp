@@ -1,11 +1,11 @@
 #include "DiallerDialogs.h"
 
-#include "DialingRulesDialog.h"
+#include "Forms.h"
 #include "LineError.h"
-#include "LinesDialog.h"
 #include "RuntimeError.h"
-#include "ShowDialog.h"
 #include "TelephoneSettings.h"
+#include "frmDialingRules.h"
+#include "frmLines.h"
 
 namespace {
 
@@ -24,19 +24,23 @@ qint32 save(const TelephoneSettings &settings)
 qint32 DiallerDialogs::editLines(QWidget *owner, qsizetype line)
 {
     TelephoneSettings settings = TelephoneSettings::read();
-    LinesDialog dialog(settings.lines, line, owner);
-    if (showDialog(dialog) != QDialog::Accepted)
+    auto &window = Forms::refer<frmLines>();
+    window.edit(settings.lines, line);
+    window.showModal(owner);
+    if (!window.isAccepted())
         return LineError::None;
-    settings.lines = dialog.lines();
+    settings.lines = window.lines();
     return save(settings);
 }
 
 qint32 DiallerDialogs::editDialingRules(QWidget *owner, const QString &number)
 {
     TelephoneSettings settings = TelephoneSettings::read();
-    DialingRulesDialog dialog(settings.outsidePrefix, number, owner);
-    if (showDialog(dialog) != QDialog::Accepted)
+    auto &window = Forms::refer<frmDialingRules>();
+    window.edit(settings.outsidePrefix, number);
+    window.showModal(owner);
+    if (!window.isAccepted())
         return LineError::None;
-    settings.outsidePrefix = dialog.prefix();
+    settings.outsidePrefix = window.prefix();
     return save(settings);
 }

@@ -1,18 +1,18 @@
 #include "DiallerDialogs.h"
 
-#include "DialingRulesDialog.h"
 #include "DialogDriver.h"
+#include "Forms.h"
 #include "LineError.h"
-#include "LinesDialog.h"
 #include "MockModemManager.h"
 #include "PrintQt.h"
 #include "PrivateBus.h"
 #include "ScratchHome.h"
 #include "TelephoneSettings.h"
+#include "frmDialingRules.h"
+#include "frmLines.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QListWidget>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -25,28 +25,30 @@ struct DiallerDialogsTest : testing::Test
     DiallerDialogs dialogs;
     DialogDriver driver;
 
-    DiallerDialogsTest() { PrivateBus::use(); }
+    DiallerDialogsTest()
+    {
+        PrivateBus::use();
+        Forms::registerWindow(QStringLiteral("frmLines"), Forms::Instances::One, [] { return new frmLines; });
+        Forms::registerWindow(QStringLiteral("frmDialingRules"), Forms::Instances::One,
+                              [] { return new frmDialingRules; });
+    }
 
     template<class Control>
-    static Control &control(QDialog &dialog, const char *name)
+    static Control &control(QWidget &dialog, const char *name)
     {
         return *dialog.findChild<Control *>(QString::fromLatin1(name));
     }
-    static void type(QDialog &dialog, const char *name, const char *text)
+    static void type(QWidget &dialog, const char *name, const char *text)
     {
         auto &field = control<QLineEdit>(dialog, name);
         field.selectAll();
         QTest::keyClicks(&field, QString::fromLatin1(text));
     }
-    static void press(QDialog &dialog, const char *name)
+    static void press(QWidget &dialog, const char *name)
     {
         QTest::mouseClick(&control<QPushButton>(dialog, name), Qt::LeftButton);
     }
-    static void press(QDialog &dialog, QDialogButtonBox::StandardButton button)
-    {
-        QTest::mouseClick(control<QDialogButtonBox>(dialog, "buttons").button(button), Qt::LeftButton);
-    }
-    static void enterAccount(QDialog &dialog)
+    static void enterAccount(QWidget &dialog)
     {
         press(dialog, "cmdAdd");
         type(dialog, "txtLabel", "Home");
@@ -55,9 +57,9 @@ struct DiallerDialogsTest : testing::Test
         type(dialog, "txtPassword", "secret");
     }
 
-    void expectLines(std::function<void(LinesDialog &)> act)
+    void expectLines(std::function<void(frmLines &)> act)
     {
-        driver.expectWindow<LinesDialog>(QStringLiteral("LinesDialog"), std::move(act));
+        driver.expectWindow<frmLines>(QStringLiteral("frmLines"), std::move(act));
     }
     static void write(const QList<LineSettings> &lines)
     {
@@ -82,12 +84,12 @@ LineSettings labelled(const char *label, LineSettings::Kind kind)
 
 TEST_F(DiallerDialogsTest, EntersTheFirstLine)
 {
-    expectLines([](LinesDialog &dialog) {
+    expectLines([](frmLines &dialog) {
         EXPECT_FALSE(control<QLineEdit>(dialog, "txtLabel").isEnabled());
         EXPECT_FALSE(control<QPushButton>(dialog, "cmdRemove").isEnabled());
         enterAccount(dialog);
         EXPECT_EQ(control<QListWidget>(dialog, "lstLines").currentItem()->text(), QStringLiteral("Home"));
-        press(dialog, QDialogButtonBox::Ok);
+        press(dialog, "cmdOK");
     });
     EXPECT_EQ(dialogs.editLines(nullptr, 0), 0);
     const QList<LineSettings> lines = TelephoneSettings::read().lines;
@@ -103,9 +105,9 @@ TEST_F(DiallerDialogsTest, EntersTheFirstLine)
 
 TEST_F(DiallerDialogsTest, CancelChangesNothing)
 {
-    expectLines([](LinesDialog &dialog) {
+    expectLines([](frmLines &dialog) {
         enterAccount(dialog);
-        press(dialog, QDialogButtonBox::Cancel);
+        press(dialog, "cmdCancel");
     });
     EXPECT_EQ(dialogs.editLines(nullptr, 0), 0);
     EXPECT_TRUE(TelephoneSettings::read().lines.isEmpty());
@@ -114,7 +116,7 @@ TEST_F(DiallerDialogsTest, CancelChangesNothing)
 TEST_F(DiallerDialogsTest, BeginsWithTheLineAskedFor)
 {
     write({labelled("one", LineSettings::Kind::Sip), labelled("two", LineSettings::Kind::Serial)});
-    expectLines([](LinesDialog &dialog) {
+    expectLines([](frmLines &dialog) {
         EXPECT_EQ(control<QLineEdit>(dialog, "txtLabel").text(), QStringLiteral("two"));
         EXPECT_EQ(control<QComboBox>(dialog, "cboPort").currentText(), QStringLiteral("/dev/ttyUSB7"));
         EXPECT_TRUE(control<QComboBox>(dialog, "cboPort").isVisible());
@@ -123,7 +125,7 @@ TEST_F(DiallerDialogsTest, BeginsWithTheLineAskedFor)
         control<QComboBox>(dialog, "cboMode").setCurrentIndex(1);
         control<QCheckBox>(dialog, "chkPulses").setChecked(true);
         type(dialog, "txtInitialisation", "L1");
-        press(dialog, QDialogButtonBox::Ok);
+        press(dialog, "cmdOK");
     });
     EXPECT_EQ(dialogs.editLines(nullptr, 1), 0);
     const QList<LineSettings> lines = TelephoneSettings::read().lines;
@@ -139,11 +141,11 @@ TEST_F(DiallerDialogsTest, RemovesTheSelectedLine)
 {
     write({labelled("one", LineSettings::Kind::Sip), labelled("two", LineSettings::Kind::Sip),
            labelled("three", LineSettings::Kind::Sip)});
-    expectLines([](LinesDialog &dialog) {
+    expectLines([](frmLines &dialog) {
         press(dialog, "cmdRemove");
         EXPECT_EQ(control<QLineEdit>(dialog, "txtLabel").text(),
                   control<QListWidget>(dialog, "lstLines").currentItem()->text());
-        press(dialog, QDialogButtonBox::Ok);
+        press(dialog, "cmdOK");
     });
     EXPECT_EQ(dialogs.editLines(nullptr, 1), 0);
     const QList<LineSettings> lines = TelephoneSettings::read().lines;
@@ -155,13 +157,13 @@ TEST_F(DiallerDialogsTest, RemovesTheSelectedLine)
 TEST_F(DiallerDialogsTest, ShowsTheLineThatIsNotComplete)
 {
     write({labelled("one", LineSettings::Kind::Sip), labelled("two", LineSettings::Kind::Sip)});
-    expectLines([](LinesDialog &dialog) {
+    expectLines([](frmLines &dialog) {
         control<QLineEdit>(dialog, "txtServer").clear();
         control<QListWidget>(dialog, "lstLines").setCurrentRow(1);
-        press(dialog, QDialogButtonBox::Ok);
+        press(dialog, "cmdOK");
         EXPECT_EQ(control<QListWidget>(dialog, "lstLines").currentRow(), 0);
         type(dialog, "txtServer", "host");
-        press(dialog, QDialogButtonBox::Ok);
+        press(dialog, "cmdOK");
     });
     driver
         .expectBox(QStringLiteral("Telephone Lines"),
@@ -177,12 +179,12 @@ TEST_F(DiallerDialogsTest, ShowsTheLineThatIsNotComplete)
 TEST_F(DiallerDialogsTest, OnlyAnEncryptedConnectionHasACertificate)
 {
     write({labelled("one", LineSettings::Kind::Sip)});
-    expectLines([](LinesDialog &dialog) {
+    expectLines([](frmLines &dialog) {
         EXPECT_FALSE(control<QLineEdit>(dialog, "txtCertificate").isEnabled());
         control<QComboBox>(dialog, "cboTransport").setCurrentIndex(2);
         EXPECT_TRUE(control<QLineEdit>(dialog, "txtCertificate").isEnabled());
         type(dialog, "txtCertificate", "/c.pem");
-        press(dialog, QDialogButtonBox::Ok);
+        press(dialog, "cmdOK");
     });
     EXPECT_EQ(dialogs.editLines(nullptr, 0), 0);
     EXPECT_EQ(TelephoneSettings::read().lines.value(0).transport, LineSettings::Transport::Tls);
@@ -194,10 +196,10 @@ TEST_F(DiallerDialogsTest, ChoosesTheMobileModem)
     MockModemManager manager;
     manager.addModem(QStringLiteral("m1"), QStringLiteral("Stick"));
     write({labelled("one", LineSettings::Kind::Sip)});
-    expectLines([](LinesDialog &dialog) {
+    expectLines([](frmLines &dialog) {
         control<QComboBox>(dialog, "cboKind").setCurrentIndex(1);
         control<QComboBox>(dialog, "cboModem").setCurrentText(QStringLiteral("Maker Stick +491234"));
-        press(dialog, QDialogButtonBox::Ok);
+        press(dialog, "cmdOK");
     });
     EXPECT_EQ(dialogs.editLines(nullptr, 0), 0);
     EXPECT_EQ(TelephoneSettings::read().lines.value(0).kind, LineSettings::Kind::Mobile);
@@ -209,7 +211,7 @@ TEST_F(DiallerDialogsTest, AModemThatIsAwayStays)
     LineSettings line = labelled("one", LineSettings::Kind::Mobile);
     line.modem = QStringLiteral("away");
     write({line});
-    expectLines([](LinesDialog &dialog) { press(dialog, QDialogButtonBox::Ok); });
+    expectLines([](frmLines &dialog) { press(dialog, "cmdOK"); });
     EXPECT_EQ(dialogs.editLines(nullptr, 0), 0);
     EXPECT_EQ(TelephoneSettings::read().lines.value(0).modem, QStringLiteral("away"));
 }
@@ -217,9 +219,9 @@ TEST_F(DiallerDialogsTest, AModemThatIsAwayStays)
 TEST_F(DiallerDialogsTest, ALineThatCannotBeSavedIsAnError)
 {
     ASSERT_TRUE(QDir().mkpath(TelephoneSettings::fileName()));
-    expectLines([](LinesDialog &dialog) {
+    expectLines([](frmLines &dialog) {
         enterAccount(dialog);
-        press(dialog, QDialogButtonBox::Ok);
+        press(dialog, "cmdOK");
     });
     EXPECT_EQ(dialogs.editLines(nullptr, 0), LineError::OperationFailed);
 }
@@ -227,13 +229,12 @@ TEST_F(DiallerDialogsTest, ALineThatCannotBeSavedIsAnError)
 TEST_F(DiallerDialogsTest, EditsTheOutsidePrefix)
 {
     write({labelled("one", LineSettings::Kind::Sip)});
-    driver.expectWindow<DialingRulesDialog>(
-        QStringLiteral("DialingRulesDialog"), [](DialingRulesDialog &dialog) {
-            EXPECT_EQ(control<QLabel>(dialog, "lblDialled").text(), QStringLiteral("12,3"));
-            type(dialog, "txtPrefix", "0;9");
-            EXPECT_EQ(control<QLabel>(dialog, "lblDialled").text(), QStringLiteral("0912,3"));
-            press(dialog, QDialogButtonBox::Ok);
-        });
+    driver.expectWindow<frmDialingRules>(QStringLiteral("frmDialingRules"), [](frmDialingRules &dialog) {
+        EXPECT_EQ(control<QLabel>(dialog, "lblDialled").text(), QStringLiteral("12,3"));
+        type(dialog, "txtPrefix", "0;9");
+        EXPECT_EQ(control<QLabel>(dialog, "lblDialled").text(), QStringLiteral("0912,3"));
+        press(dialog, "cmdOK");
+    });
     EXPECT_EQ(dialogs.editDialingRules(nullptr, QStringLiteral("1 2,3")), 0);
     EXPECT_EQ(TelephoneSettings::read().outsidePrefix, QStringLiteral("09"));
     EXPECT_EQ(TelephoneSettings::read().lines.size(), 1);

@@ -1,4 +1,4 @@
-#include "LinesDialog.h"
+#include "frmLines.h"
 
 #include "EventGate.h"
 #include "MobilePage.h"
@@ -7,9 +7,9 @@
 #include "SerialPage.h"
 #include "ShownText.h"
 #include "SipPage.h"
+#include "WindowCommands.h"
 
 #include <QComboBox>
-#include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QListWidget>
@@ -32,9 +32,8 @@ QString rowOf(const LineSettings &line)
 
 } // namespace
 
-LinesDialog::LinesDialog(const QList<LineSettings> &lines, qsizetype selected, QWidget *owner)
-    : QDialog(owner)
-    , m_lines(lines)
+frmLines::frmLines()
+    : Form(QStringLiteral("frmLines"))
     , lstLines(named<QListWidget>("lstLines", QStringLiteral("Lines")))
     , cmdAdd(named<QPushButton>("cmdAdd", QStringLiteral("&New Line")))
     , cmdRemove(named<QPushButton>("cmdRemove", QStringLiteral("&Remove Line")))
@@ -43,25 +42,31 @@ LinesDialog::LinesDialog(const QList<LineSettings> &lines, qsizetype selected, Q
     , cboKind(named<QComboBox>("cboKind", QStringLiteral("Kind")))
     , pages(named<QStackedWidget>("pages"))
     , m_pages{new SipPage, new MobilePage, new SerialPage}
-    , buttons(named("buttons", new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel)))
+    , cmdOK(named<QPushButton>("cmdOK", QStringLiteral("OK")))
+    , cmdCancel(named<QPushButton>("cmdCancel", QStringLiteral("Cancel")))
 {
-    setObjectName(QStringLiteral("LinesDialog"));
-    setWindowTitle(QStringLiteral("Telephone Lines"));
+    setCaption(QStringLiteral("Telephone Lines"));
     auto *columns = new QHBoxLayout;
     columns->addWidget(buildList());
     columns->addWidget(buildFields(), 1);
     auto *rows = new QVBoxLayout(this);
     rows->addLayout(columns, 1);
-    rows->addWidget(buttons);
+    rows->addLayout(layOutButtons());
     resize(firstSize);
+    setKeyButtons(*cmdOK, *cmdCancel);
     bind();
+    showLine(-1);
+}
+
+void frmLines::edit(const QList<LineSettings> &lines, qsizetype selected)
+{
+    m_lines = lines;
     for (const LineSettings &line : m_lines)
         lstLines->addItem(rowOf(line));
-    showLine(-1);
     lstLines->setCurrentRow(int(selected < m_lines.size() ? selected : 0));
 }
 
-QWidget *LinesDialog::buildList()
+QWidget *frmLines::buildList()
 {
     auto *list = new QWidget;
     auto *column = new QVBoxLayout(list);
@@ -69,12 +74,10 @@ QWidget *LinesDialog::buildList()
     column->addWidget(lstLines, 1);
     column->addWidget(cmdAdd);
     column->addWidget(cmdRemove);
-    cmdAdd->setAutoDefault(false);
-    cmdRemove->setAutoDefault(false);
     return list;
 }
 
-QWidget *LinesDialog::buildFields()
+QWidget *frmLines::buildFields()
 {
     txtLabel->setMaxLength(mostCharacters);
     cboKind->addItems(kinds);
@@ -91,24 +94,35 @@ QWidget *LinesDialog::buildFields()
     return fields;
 }
 
-void LinesDialog::bind()
+QLayout *frmLines::layOutButtons()
 {
-    on(lstLines, &QListWidget::currentRowChanged, this, &LinesDialog::lstLines_Click);
-    on(cmdAdd, &QPushButton::clicked, this, &LinesDialog::cmdAdd_Click);
-    on(cmdRemove, &QPushButton::clicked, this, &LinesDialog::cmdRemove_Click);
-    on(cboKind, &QComboBox::currentIndexChanged, this, &LinesDialog::cboKind_Click);
-    on(txtLabel, &QLineEdit::textEdited, this, &LinesDialog::txtLabel_Change);
-    on(buttons, &QDialogButtonBox::accepted, this, &LinesDialog::accept);
-    on(buttons, &QDialogButtonBox::rejected, this, &LinesDialog::reject);
+    auto *row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(cmdOK);
+    row->addWidget(cmdCancel);
+    return row;
 }
 
-LinePage &LinesDialog::page() const
+void frmLines::bind()
+{
+    on(lstLines, &QListWidget::currentRowChanged, this, &frmLines::lstLines_Click);
+    on(cboKind, &QComboBox::currentIndexChanged, this, &frmLines::cboKind_Click);
+    on(txtLabel, &QLineEdit::textEdited, this, &frmLines::txtLabel_Change);
+    WindowCommands::bind(*this, {
+                                    {"cmdAdd", &frmLines::cmdAdd_Click},
+                                    {"cmdRemove", &frmLines::cmdRemove_Click},
+                                    {"cmdOK", &frmLines::cmdOK_Click},
+                                    {"cmdCancel", &frmLines::cmdCancel_Click},
+                                });
+}
+
+LinePage &frmLines::page() const
 {
     return *m_pages[std::size_t(cboKind->currentIndex())];
 }
 
 /// Takes what the user has typed into the line that is shown.
-void LinesDialog::readFields()
+void frmLines::readFields()
 {
     if (m_shown < 0)
         return;
@@ -118,7 +132,7 @@ void LinesDialog::readFields()
     page().read(line);
 }
 
-void LinesDialog::showLine(int row)
+void frmLines::showLine(int row)
 {
     m_shown = row;
     fields->setEnabled(row >= 0);
@@ -130,13 +144,13 @@ void LinesDialog::showLine(int row)
         page->show(line);
 }
 
-void LinesDialog::lstLines_Click()
+void frmLines::lstLines_Click()
 {
     readFields();
     showLine(lstLines->currentRow());
 }
 
-void LinesDialog::cmdAdd_Click()
+void frmLines::cmdAdd_Click()
 {
     m_lines.append(LineSettings());
     lstLines->addItem(rowOf(m_lines.constLast()));
@@ -144,7 +158,7 @@ void LinesDialog::cmdAdd_Click()
     txtLabel->setFocus();
 }
 
-void LinesDialog::cmdRemove_Click()
+void frmLines::cmdRemove_Click()
 {
     const int row = std::exchange(m_shown, -1);
     m_lines.removeAt(row);
@@ -152,14 +166,14 @@ void LinesDialog::cmdRemove_Click()
     showLine(lstLines->currentRow());
 }
 
-void LinesDialog::cboKind_Click()
+void frmLines::cboKind_Click()
 {
     pages->setCurrentWidget(&page());
     if (m_shown >= 0 && txtLabel->text().isEmpty())
         lstLines->item(m_shown)->setText(cboKind->currentText());
 }
 
-void LinesDialog::txtLabel_Change()
+void frmLines::txtLabel_Change()
 {
     if (m_shown >= 0)
         lstLines->item(m_shown)->setText(txtLabel->text().isEmpty() ? cboKind->currentText()
@@ -167,23 +181,27 @@ void LinesDialog::txtLabel_Change()
 }
 
 /// Every line is checked in the fields, so that the user sees the one that is wrong.
-bool LinesDialog::acceptFields()
+bool frmLines::areFieldsRight()
 {
     readFields();
     for (int row = 0; row < m_lines.size(); ++row) {
         lstLines->setCurrentRow(row);
         if (const QString fault = page().fault(); !fault.isEmpty()) {
-            MsgBox(fault, MsgBoxStyle::Exclamation, windowTitle());
+            MsgBox(fault, MsgBoxStyle::Exclamation, Caption());
             return false;
         }
     }
     return true;
 }
 
-void LinesDialog::accept()
+void frmLines::cmdOK_Click()
 {
-    run([&] {
-        if (acceptFields())
-            QDialog::accept();
-    });
+    m_isAccepted = areFieldsRight();
+    if (m_isAccepted)
+        unload();
+}
+
+void frmLines::cmdCancel_Click()
+{
+    unload();
 }
