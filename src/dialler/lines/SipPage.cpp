@@ -37,7 +37,7 @@ SipPage::SipPage()
     , txtCertificate(named<QLineEdit>("txtCertificate", QStringLiteral("Certificate")))
     , cmdCertificate(named<QPushButton>("cmdCertificate", QStringLiteral("&Browse...")))
     , chkRegister(
-          named<QCheckBox>("chkRegister", QStringLiteral("Log on to the server, which &reaches telephones")))
+          named<QCheckBox>("chkRegister", QStringLiteral("Lo&g on to the server, which reaches telephones")))
     , cboMicrophone(deviceBox("cboMicrophone", QStringLiteral("Microphone")))
     , cboLoudspeaker(deviceBox("cboLoudspeaker", QStringLiteral("Loudspeaker")))
 {
@@ -54,19 +54,22 @@ SipPage::SipPage()
     rows->addRow(QStringLiteral("Cer&tificate:"), layOutCertificate());
     rows->addRow(chkRegister);
     rows->addRow(QStringLiteral("&Microphone:"), cboMicrophone);
-    rows->addRow(QStringLiteral("Loud&speaker:"), cboLoudspeaker);
+    rows->addRow(QStringLiteral("&Loudspeaker:"), cboLoudspeaker);
 
     on(cboTransport, &QComboBox::currentIndexChanged, this, &SipPage::cboTransport_Click);
     on(cmdCertificate, &QPushButton::clicked, this, &SipPage::cmdCertificate_Click);
     cboTransport_Click();
 }
 
-QLayout *SipPage::layOutCertificate()
+QWidget *SipPage::layOutCertificate()
 {
-    auto *row = new QHBoxLayout;
+    auto *both = new QWidget;
+    both->setFocusProxy(txtCertificate);
+    auto *row = new QHBoxLayout(both);
+    row->setContentsMargins({});
     row->addWidget(txtCertificate, 1);
     row->addWidget(cmdCertificate);
-    return row;
+    return both;
 }
 
 void SipPage::show(const LineSettings &line)

@@ -23,7 +23,7 @@ private:
     void cboTransport_Click();
     void cmdCertificate_Click();
 
-    QLayout *layOutCertificate();
+    QWidget *layOutCertificate();
 
     QLineEdit *txtServer;
     QLineEdit *txtUser;

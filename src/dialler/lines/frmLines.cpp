@@ -11,6 +11,7 @@
 
 #include <QComboBox>
 #include <QFormLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -91,7 +92,19 @@ QWidget *frmLines::buildFields()
     column->addLayout(heads);
     column->addWidget(pages);
     column->addStretch(1);
+    alignLabels();
     return fields;
+}
+
+/// The fields of all kinds begin in one column.
+void frmLines::alignLabels()
+{
+    const QList<QLabel *> labels = fields->findChildren<QLabel *>();
+    int width = 0;
+    for (const QLabel *label : labels)
+        width = qMax(width, label->sizeHint().width());
+    for (QLabel *label : labels)
+        label->setMinimumWidth(width);
 }
 
 QLayout *frmLines::layOutButtons()

@@ -38,6 +38,7 @@ private:
 
     QWidget *buildList();
     QWidget *buildFields();
+    void alignLabels();
     QLayout *layOutButtons();
     void bind();
     LinePage &page() const;
