@@ -19,7 +19,7 @@
 
 namespace {
 
-constexpr int mostCharacters = 60;
+constexpr int mostLabelCharacters = 60;
 constexpr QSize firstSize(640, 420); // pixels
 
 const QStringList kinds = {QStringLiteral("SIP account"), QStringLiteral("Mobile modem"),
@@ -80,7 +80,7 @@ QWidget *frmLines::buildList()
 
 QWidget *frmLines::buildFields()
 {
-    txtLabel->setMaxLength(mostCharacters);
+    txtLabel->setMaxLength(mostLabelCharacters);
     cboKind->addItems(kinds);
     for (LinePage *page : m_pages)
         pages->addWidget(page);

@@ -47,8 +47,6 @@ LineSettings entered(const QString &identifier)
     return settings;
 }
 
-const QString farEndGone = QStringLiteral("made connected disconnected dropped idle");
-
 } // namespace
 
 TEST_F(MobileCallTest, IsAnsweredAndHungUp)
@@ -56,7 +54,7 @@ TEST_F(MobileCallTest, IsAnsweredAndHungUp)
     connect();
     ASSERT_TRUE(line->DropCallAsynch());
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), QStringLiteral("made connected dropped disconnected idle"));
+    EXPECT_EQ(line.events(), TestLine::hungUp);
     waitForSeen(QStringLiteral("Enable, CreateCall +493012, Start, Hangup, DeleteCall"));
 }
 
@@ -65,7 +63,7 @@ TEST_F(MobileCallTest, TheFarEndHangsUp)
     connect();
     manager.changeCall(MockModemManager::Terminated);
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), farEndGone);
+    EXPECT_EQ(line.events(), TestLine::farEndGone);
 }
 
 TEST_F(MobileCallTest, EndsWithoutAConnection)
@@ -73,7 +71,7 @@ TEST_F(MobileCallTest, EndsWithoutAConnection)
     dial();
     manager.changeCall(MockModemManager::Terminated);
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), QStringLiteral("made disconnected dropped idle"));
+    EXPECT_EQ(line.events(), TestLine::notConnected);
 }
 
 TEST_F(MobileCallTest, WhatTheModemRefusesIsAFailedDial)
@@ -110,7 +108,7 @@ TEST_F(MobileCallTest, AModemThatIsUnpluggedEndsTheCall)
     connect();
     manager.unplug(QStringLiteral("m1"));
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), farEndGone);
+    EXPECT_EQ(line.events(), TestLine::farEndGone);
 }
 
 TEST_F(MobileCallTest, AServiceThatEndsEndsTheCall)
@@ -118,7 +116,7 @@ TEST_F(MobileCallTest, AServiceThatEndsEndsTheCall)
     connect();
     manager.kill();
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), farEndGone);
+    EXPECT_EQ(line.events(), TestLine::farEndGone);
 }
 
 TEST_F(MobileCallTest, ClosingInACallHangsUp)

@@ -48,9 +48,6 @@ struct VoiceCallTest : testing::Test
     }
 };
 
-const QString hungUp = QStringLiteral("made connected dropped disconnected idle");
-const QString farEndGone = QStringLiteral("made connected disconnected dropped idle");
-
 } // namespace
 
 TEST_F(HandsetCallTest, PreparesTheModemAndDials)
@@ -65,7 +62,7 @@ TEST_F(HandsetCallTest, HangsUp)
     connect();
     ASSERT_TRUE(line->DropCallAsynch());
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), hungUp);
+    EXPECT_EQ(line.events(), TestLine::hungUp);
     EXPECT_EQ(modem.commands().constLast(), "ATH0");
 }
 
@@ -74,7 +71,7 @@ TEST_F(HandsetCallTest, TheFarEndHangsUp)
     connect();
     modem.send("\r\nNO CARRIER\r\n");
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), farEndGone);
+    EXPECT_EQ(line.events(), TestLine::farEndGone);
 }
 
 TEST_F(HandsetCallTest, TheLineServesTheNextCall)
@@ -136,7 +133,7 @@ TEST_F(HandsetCallTest, EndsWithoutAConnection)
         modem.answer("ATD", QByteArray("\r\n") + answer + "\r\n");
         ASSERT_TRUE(line.call(QStringLiteral("1")));
         line.waitFor("idle");
-        EXPECT_EQ(line.events(), QStringLiteral("made disconnected dropped idle")) << answer;
+        EXPECT_EQ(line.events(), TestLine::notConnected) << answer;
     }
 }
 
@@ -198,7 +195,7 @@ TEST_F(HandsetCallTest, AModemThatIsUnpluggedEndsTheCall)
     connect();
     modem.unplug();
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), farEndGone);
+    EXPECT_EQ(line.events(), TestLine::farEndGone);
 }
 
 TEST_F(HandsetCallTest, AModemThatIsUnpluggedBeforeItDialsIsAFailedDial)
@@ -215,7 +212,7 @@ TEST_F(HandsetCallTest, AModemThatDoesNotHangUpIsLetGo)
     modem.answer("ATH0", {});
     ASSERT_TRUE(line->DropCallAsynch());
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), hungUp);
+    EXPECT_EQ(line.events(), TestLine::hungUp);
 }
 
 TEST_F(HandsetCallTest, HangingUpEndsADialThatIsStillOn)
@@ -332,7 +329,7 @@ TEST(SerialLineTest, ACallThatNobodyAnswersIsGivenUp)
                   {.answer = std::chrono::milliseconds(300)}};
     ASSERT_TRUE(line.call(QStringLiteral("1")));
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), QStringLiteral("made disconnected dropped idle"));
+    EXPECT_EQ(line.events(), TestLine::notConnected);
     EXPECT_EQ(modem.commands().constLast(), "ATH0");
 }
 
@@ -347,7 +344,7 @@ TEST_F(VoiceCallTest, WaitsForTheAnswer)
     modem.answer("ATD", "\r\nOK\r\n");
     ASSERT_TRUE(line.call(QStringLiteral("1")));
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), QStringLiteral("made disconnected dropped idle"));
+    EXPECT_EQ(line.events(), TestLine::notConnected);
 }
 
 TEST_F(VoiceCallTest, HearsThatTheFarEndIsGone)

@@ -95,12 +95,30 @@ quint16 udpPortOf(pid_t process)
     return 0;
 }
 
+void waitForChildren(const QList<pid_t> &awaited)
+{
+    EXPECT_TRUE(QTest::qWaitFor([&] { return children() == awaited; }, 30000));
+}
+
+/// Lines that a test makes itself.
+struct SipLineTest : testing::Test
+{
+    void TearDown() override { waitForChildren({}); }
+};
+
 /// Calls to a telephone that answers.
 struct SipCallTest : testing::Test
 {
     SipPhone phone;
     Account account{phone.address()};
     TestLine line{{account.settings}};
+
+    /// A process that ends a call takes its time, also after the line has been closed.
+    void TearDown() override
+    {
+        line.destroy();
+        waitForChildren({pid_t(phone.processId())});
+    }
 
     /// The process of the line.
     pid_t ownChild() const
@@ -119,9 +137,6 @@ struct SipCallTest : testing::Test
     }
 };
 
-const QString farEndGone = QStringLiteral("made connected disconnected dropped idle");
-const QString notConnected = QStringLiteral("made disconnected dropped idle");
-
 } // namespace
 
 TEST_F(SipCallTest, IsAnsweredAndHungUp)
@@ -129,7 +144,7 @@ TEST_F(SipCallTest, IsAnsweredAndHungUp)
     connect();
     ASSERT_TRUE(line->DropCallAsynch());
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), QStringLiteral("made connected dropped disconnected idle"));
+    EXPECT_EQ(line.events(), TestLine::hungUp);
     EXPECT_TRUE(QTest::qWaitFor([this] { return phone.endedCalls() == 1; }));
 }
 
@@ -138,7 +153,7 @@ TEST_F(SipCallTest, TheFarEndHangsUp)
     connect();
     phone.hangUp();
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), farEndGone);
+    EXPECT_EQ(line.events(), TestLine::farEndGone);
 }
 
 TEST_F(SipCallTest, TheLineServesTheNextCall)
@@ -186,7 +201,7 @@ TEST_F(SipCallTest, AProcessThatDiesEndsTheCall)
     connect();
     ::kill(ownChild(), SIGKILL);
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), farEndGone);
+    EXPECT_EQ(line.events(), TestLine::farEndGone);
 }
 
 TEST_F(SipCallTest, AProcessThatHangsEndsTheCall)
@@ -195,7 +210,7 @@ TEST_F(SipCallTest, AProcessThatHangsEndsTheCall)
     const pid_t child = ownChild();
     ::kill(child, SIGSTOP);
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), farEndGone);
+    EXPECT_EQ(line.events(), TestLine::farEndGone);
     EXPECT_TRUE(QTest::qWaitFor([child] { return !children().contains(child); }, 20000));
 }
 
@@ -206,7 +221,7 @@ TEST_F(SipCallTest, AProcessThatHangsDoesNotHoldTheDropUp)
     ::kill(child, SIGSTOP);
     ASSERT_TRUE(line->DropCallAsynch());
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), QStringLiteral("made connected dropped disconnected idle"));
+    EXPECT_EQ(line.events(), TestLine::hungUp);
     EXPECT_TRUE(QTest::qWaitFor([child] { return !children().contains(child); }, 20000));
 }
 
@@ -224,7 +239,7 @@ TEST_F(SipCallTest, AnIncomingCallIsHungUpAtOnce)
     line.waitFor("connected");
 }
 
-TEST(SipLineTest, AStrangerAtTheControlPortEndsTheCall)
+TEST_F(SipLineTest, AStrangerAtTheControlPortEndsTheCall)
 {
     SipPhone phone;
     const Account account(phone.address());
@@ -250,11 +265,11 @@ TEST(SipLineTest, AStrangerAtTheControlPortEndsTheCall)
     stranger.connectToHost(QStringLiteral("127.0.0.1"), port.toUShort());
     ASSERT_TRUE(stranger.waitForConnected());
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), farEndGone);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return children() == before; }, 20000));
+    EXPECT_EQ(line.events(), TestLine::farEndGone);
+    waitForChildren(before);
 }
 
-TEST(SipLineTest, TheFilesOfTheAccountAreForItsUserAlone)
+TEST_F(SipLineTest, TheFilesOfTheAccountAreForItsUserAlone)
 {
     const Account account(QStringLiteral("127.0.0.1:9"));
     TestLine line{{account.settings}};
@@ -274,7 +289,7 @@ TEST(SipLineTest, TheFilesOfTheAccountAreForItsUserAlone)
     EXPECT_EQ(account.files(), QStringList());
 }
 
-TEST(SipLineTest, RegistersAndIsRefused)
+TEST_F(SipLineTest, RegistersAndIsRefused)
 {
     for (const char *answer : {"486 Busy Here", "603 Decline", "404 Not Found"}) {
         const SipServer server(QStringLiteral("registrar"), QString::fromLatin1(answer));
@@ -282,14 +297,14 @@ TEST(SipLineTest, RegistersAndIsRefused)
         TestLine line{{account.registering()}};
         ASSERT_TRUE(line.call(QStringLiteral("*21*12#")));
         line.waitFor("idle");
-        EXPECT_EQ(line.events(), notConnected) << answer;
+        EXPECT_EQ(line.events(), TestLine::notConnected) << answer;
         EXPECT_TRUE(server.requests().contains(QStringLiteral("INVITE sip:*21*12%23@") + server.address() +
                                                QStringLiteral(" SIP/2.0")))
             << qPrintable(server.requests().join(u'|'));
     }
 }
 
-TEST(SipLineTest, AWrongPasswordIsAFailedDial)
+TEST_F(SipLineTest, AWrongPasswordIsAFailedDial)
 {
     const SipServer server(QStringLiteral("registrar"));
     const Account account(server.address());
@@ -301,28 +316,28 @@ TEST(SipLineTest, AWrongPasswordIsAFailedDial)
     EXPECT_FALSE(line->CloseLine()); // closed already
 }
 
-TEST(SipLineTest, TheServerHangsUp)
+TEST_F(SipLineTest, TheServerHangsUp)
 {
     const SipServer server(QStringLiteral("answering"));
     const Account account(server.address());
     TestLine line{{account.settings}};
     ASSERT_TRUE(line.call(QStringLiteral("12")));
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), farEndGone);
+    EXPECT_EQ(line.events(), TestLine::farEndGone);
 }
 
-TEST(SipLineTest, ACallThatNobodyAnswersIsGivenUp)
+TEST_F(SipLineTest, ACallThatNobodyAnswersIsGivenUp)
 {
     const SipServer server(QStringLiteral("silent"));
     const Account account(server.address());
     TestLine line{{account.settings}, {.answer = std::chrono::seconds(1), .hangUp = std::chrono::seconds(2)}};
     ASSERT_TRUE(line.call(QStringLiteral("12")));
     line.waitFor("idle");
-    EXPECT_EQ(line.events(), notConnected);
+    EXPECT_EQ(line.events(), TestLine::notConnected);
     EXPECT_FALSE(server.requests().filter(QStringLiteral("CANCEL sip:12@")).isEmpty());
 }
 
-TEST(SipLineTest, AServerThatIsNotThereDoesNotHoldTheDialUp)
+TEST_F(SipLineTest, AServerThatIsNotThereDoesNotHoldTheDialUp)
 {
     const Account account(QStringLiteral("127.0.0.1:9"));
     TestLine line{{account.registering()}, {.accept = std::chrono::seconds(2)}};
@@ -330,7 +345,7 @@ TEST(SipLineTest, AServerThatIsNotThereDoesNotHoldTheDialUp)
     line.waitFor("made:Operation Failed");
 }
 
-TEST(SipLineTest, AnAccountWithASecondLineIsRefused)
+TEST_F(SipLineTest, AnAccountWithASecondLineIsRefused)
 {
     for (const auto member :
          {&LineSettings::user, &LineSettings::password, &LineSettings::server, &LineSettings::certificate,
@@ -345,7 +360,7 @@ TEST(SipLineTest, AnAccountWithASecondLineIsRefused)
     }
 }
 
-TEST(SipLineTest, SaysByItsNameWhetherItReachesTelephones)
+TEST_F(SipLineTest, SaysByItsNameWhetherItReachesTelephones)
 {
     const Account account(QStringLiteral("example.org"));
     TestLine line{{account.registering(), account.settings}};
@@ -357,7 +372,7 @@ TEST(SipLineTest, SaysByItsNameWhetherItReachesTelephones)
     EXPECT_EQ(line->LineName(), QStringLiteral("IPCONF line Home") + QChar(0));
 }
 
-TEST(SipLineTest, WithoutBaresipThereIsNoDriver)
+TEST_F(SipLineTest, WithoutBaresipThereIsNoDriver)
 {
     const ScratchVariable path("PATH", "/nonexistent");
     const Account account(QStringLiteral("example.org"));
@@ -420,7 +435,7 @@ struct EncryptedServer
 
 } // namespace
 
-TEST(SipLineTest, AServerWithACertificateOfItsOwnIsRefused)
+TEST_F(SipLineTest, AServerWithACertificateOfItsOwnIsRefused)
 {
     EncryptedServer server;
     const Account account(QStringLiteral("unused"));
@@ -430,7 +445,7 @@ TEST(SipLineTest, AServerWithACertificateOfItsOwnIsRefused)
     EXPECT_FALSE(server.process.readAllStandardOutput().contains("REGISTER"));
 }
 
-TEST(SipLineTest, ACertificateThatTheUserHasNamedIsTrusted)
+TEST_F(SipLineTest, ACertificateThatTheUserHasNamedIsTrusted)
 {
     EncryptedServer server;
     const Account account(QStringLiteral("unused"));
@@ -446,7 +461,7 @@ TEST(SipLineTest, ACertificateThatTheUserHasNamedIsTrusted)
 }
 
 // Run by the test below, which kills it.
-TEST(SipLineTest, DISABLED_HasAProcessUntilItIsKilled)
+TEST_F(SipLineTest, DISABLED_HasAProcessUntilItIsKilled)
 {
     const Account account(QStringLiteral("127.0.0.1:9"));
     TestLine line{{account.settings}};
@@ -457,7 +472,7 @@ TEST(SipLineTest, DISABLED_HasAProcessUntilItIsKilled)
     EXPECT_TRUE(QTest::qWaitFor([] { return false; }, 60000));
 }
 
-TEST(SipLineTest, TheProcessEndsWithTheSuiteHoweverThatEnds)
+TEST_F(SipLineTest, TheProcessEndsWithTheSuiteHoweverThatEnds)
 {
     QProcess suite;
     suite.start(QCoreApplication::applicationFilePath(),

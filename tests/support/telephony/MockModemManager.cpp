@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int patience = 60000; // milliseconds
+constexpr int mockPatience = 60000; // milliseconds
 const QString service = QStringLiteral("org.freedesktop.ModemManager1");
 
 bool isThere()
@@ -32,7 +32,7 @@ MockModemManager::MockModemManager()
     m_process.start(QStringLiteral("/usr/bin/python3"),
                     {QStringLiteral("-m"), QStringLiteral("dbusmock"), QStringLiteral("--system"),
                      QStringLiteral("--template"), QStringLiteral(QUILL_MODEM_MANAGER)});
-    EXPECT_TRUE(QTest::qWaitFor(isThere, patience));
+    EXPECT_TRUE(QTest::qWaitFor(isThere, mockPatience));
 }
 
 MockModemManager::~MockModemManager()
@@ -43,8 +43,8 @@ MockModemManager::~MockModemManager()
 void MockModemManager::kill()
 {
     m_process.kill();
-    m_process.waitForFinished(patience);
-    EXPECT_TRUE(QTest::qWaitFor([] { return !isThere(); }, patience));
+    m_process.waitForFinished(mockPatience);
+    EXPECT_TRUE(QTest::qWaitFor([] { return !isThere(); }, mockPatience));
 }
 
 void MockModemManager::freeze() const
@@ -57,7 +57,7 @@ QVariant MockModemManager::test(const QString &method, const QVariantList &argum
     QDBusMessage message = QDBusMessage::createMethodCall(
         service, QStringLiteral("/org/freedesktop/ModemManager1"), QStringLiteral("suite.Test"), method);
     message.setArguments(arguments);
-    const QDBusMessage reply = QDBusConnection::systemBus().call(message, QDBus::Block, patience);
+    const QDBusMessage reply = QDBusConnection::systemBus().call(message, QDBus::Block, mockPatience);
     EXPECT_EQ(reply.type(), QDBusMessage::ReplyMessage) << qPrintable(reply.errorMessage());
     return reply.arguments().value(0);
 }

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int patience = 30000; // milliseconds
+constexpr int busPatience = 30000; // milliseconds
 
 bool start()
 {
@@ -15,7 +15,7 @@ bool start()
     daemon->setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     daemon->start(QStringLiteral("dbus-daemon"), {QStringLiteral("--session"), QStringLiteral("--nofork"),
                                                   QStringLiteral("--print-address")});
-    while (!daemon->canReadLine() && daemon->waitForReadyRead(patience)) {
+    while (!daemon->canReadLine() && daemon->waitForReadyRead(busPatience)) {
     }
     const QByteArray address = daemon->readLine().trimmed();
     qputenv("DBUS_SYSTEM_BUS_ADDRESS", address);

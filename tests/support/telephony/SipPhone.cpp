@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int patience = 30000; // milliseconds
+constexpr int phonePatience = 30000; // milliseconds
 
 quint16 freeTcpPort()
 {
@@ -57,13 +57,13 @@ SipPhone::SipPhone()
        });
     m_process.start(QStringLiteral("baresip"), {QStringLiteral("-f"), m_folder.path()});
     m_control.open(controlPort);
-    EXPECT_TRUE(QTest::qWaitFor([this] { return m_isOpen; }, patience));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return m_isOpen; }, phonePatience));
 }
 
 SipPhone::~SipPhone()
 {
     m_process.kill();
-    m_process.waitForFinished(patience);
+    m_process.waitForFinished(phonePatience);
 }
 
 QString SipPhone::address() const

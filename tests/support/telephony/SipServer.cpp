@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int patience = 30000; // milliseconds
+constexpr int serverPatience = 30000; // milliseconds
 
 } // namespace
 
@@ -30,14 +30,14 @@ SipServer::SipServer(const QString &scenario, const QString &answer)
                      QStringLiteral("-p"), QString::number(m_port), QStringLiteral("-nostdin"),
                      QStringLiteral("-trace_msg"), QStringLiteral("-message_file"),
                      m_folder.path() + QStringLiteral("/messages")});
-    EXPECT_TRUE(m_process.waitForStarted(patience));
-    EXPECT_TRUE(QTest::qWaitFor([this] { return !isFree(m_port); }, patience));
+    EXPECT_TRUE(m_process.waitForStarted(serverPatience));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !isFree(m_port); }, serverPatience));
 }
 
 SipServer::~SipServer()
 {
     m_process.kill();
-    m_process.waitForFinished(patience);
+    m_process.waitForFinished(serverPatience);
 }
 
 QString SipServer::address() const

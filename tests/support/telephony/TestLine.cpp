@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int patience = 60000; // milliseconds; a loaded computer is slow
+constexpr int eventPatience = 60000; // milliseconds; a loaded computer is slow
 
 } // namespace
 
@@ -49,7 +49,7 @@ void TestLine::waitFor(const char *event)
     };
     const QString awaited = QString::fromLatin1(event);
     const auto isOver = [&] { return isLast(QStringLiteral("idle")) || isLast(QStringLiteral("made:")); };
-    const bool isDecided = QTest::qWaitFor([&] { return isLast(awaited) || isOver(); }, patience);
+    const bool isDecided = QTest::qWaitFor([&] { return isLast(awaited) || isOver(); }, eventPatience);
     EXPECT_TRUE(isDecided && isLast(awaited)) << "instead of " << event << ": " << qPrintable(events());
 }
 

@@ -13,6 +13,12 @@
 class TestLine
 {
 public:
+    // The events of a call that is hung up here, of one that the far end hangs up, and of one that nobody
+    // answers.
+    static inline const QString hungUp = QStringLiteral("made connected dropped disconnected idle");
+    static inline const QString farEndGone = QStringLiteral("made connected disconnected dropped idle");
+    static inline const QString notConnected = QStringLiteral("made disconnected dropped idle");
+
     explicit TestLine(const QList<LineSettings> &lines, const LineLimits &limits = {});
     ~TestLine();
 

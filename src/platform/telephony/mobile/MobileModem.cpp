@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int patience = 1000; // milliseconds
+constexpr int listPatience = 1000; // milliseconds
 
 using Interfaces = QMap<QString, QVariantMap>;
 
@@ -55,7 +55,7 @@ QList<MobileModem> MobileModem::all()
     const QDBusMessage answer =
         ModemManager::bus().call(ModemManager::call(ModemManager::rootPath, ModemManager::objectManager,
                                                     QStringLiteral("GetManagedObjects")),
-                                 QDBus::Block, patience);
+                                 QDBus::Block, listPatience);
     if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != QStringLiteral("a{oa{sa{sv}}}"))
         return {};
     QList<MobileModem> found = modemsFrom(answer.arguments().constFirst().value<QDBusArgument>());

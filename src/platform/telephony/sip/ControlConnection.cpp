@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr int retryTime = 20;   // milliseconds
-constexpr int startTime = 5000; // milliseconds until the port has to listen
+constexpr int retryTime = 20;    // milliseconds
+constexpr int listenTime = 5000; // milliseconds until the port has to listen
 
 } // namespace
 
@@ -56,7 +56,7 @@ void ControlConnection::failed()
 {
     if (m_port == 0)
         return; // closed
-    if (!m_isOpen && !m_time.hasExpired(startTime))
+    if (!m_isOpen && !m_time.hasExpired(listenTime))
         m_retry.start(retryTime);
     else
         giveUp();
