@@ -8,10 +8,12 @@
 #include "TestLine.h"
 
 #include <QDirIterator>
+#include <QEventLoop>
 #include <QProcess>
 #include <QSet>
 #include <QTcpSocket>
 #include <QTest>
+#include <QTimer>
 #include <array>
 #include <csignal>
 #include <gtest/gtest.h>
@@ -93,6 +95,22 @@ quint16 udpPortOf(pid_t process)
             return fields.value(1).mid(9).toUShort(nullptr, 16);
     }
     return 0;
+}
+
+/// How often the threads of this process have waited for something so far.
+int wakeUps()
+{
+    int sum = 0;
+    for (const QString &thread :
+         QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        QFile status(QStringLiteral("/proc/self/task/") + thread + QStringLiteral("/status"));
+        if (!status.open(QIODevice::ReadOnly))
+            continue;
+        const QByteArray text = status.readAll();
+        const QByteArray key = "\nvoluntary_ctxt_switches:";
+        sum += text.mid(text.indexOf(key) + key.size()).split('\n').constFirst().trimmed().toInt();
+    }
+    return sum;
 }
 
 void waitForChildren(const QList<pid_t> &awaited)
@@ -237,6 +255,18 @@ TEST_F(SipCallTest, AnIncomingCallIsHungUpAtOnce)
     EXPECT_EQ(line.allEvents(), QString());
     ASSERT_TRUE(line->MakeCallAsynch(QStringLiteral("12")));
     line.waitFor("connected");
+}
+
+TEST_F(SipCallTest, ACallLetsTheSuiteSleep)
+{
+    connect();
+    constexpr int seconds = 5;
+    const int before = wakeUps();
+    QEventLoop loop;
+    QTimer::singleShot(seconds * 1000, &loop, &QEventLoop::quit);
+    loop.exec();
+    // Twice a second, and a few times for the events that baresip sends about the call.
+    EXPECT_LE(wakeUps() - before, 2 * seconds + 10);
 }
 
 TEST_F(SipLineTest, AStrangerAtTheControlPortEndsTheCall)
