@@ -112,8 +112,9 @@ TEST_F(HandsetCallTest, KeepsTheSignsOfServiceNumbers)
 TEST_F(HandsetCallTest, NoNumberIsASecondCommand)
 {
     for (const char *number :
-         {"123\rATH0", "123\nATDT9", "123\x1a", "123\x1b", "123;H", "\"123\"", "A/", "1+++", "123;;DT5",
-          "12^M", "12w", "12!", "12@", "\xd9\xa1\xd9\xa2", "123\\r", "T123", "*", ","}) {
+         {"123\rATH0", "123\nATDT9",       "123\x1a", "123\x1b", "123;H", "\"123\"", "A/",
+          "1+++",      "123;;DT5",         "12;34",   "12;",     "12^M",  "12w",     "12!",
+          "12@",       "\xd9\xa1\xd9\xa2", "123\\r",  "T123",    "*",     ","}) {
         EXPECT_FALSE(line.call(QString::fromUtf8(number))) << number;
         EXPECT_EQ(line->LastError(), LineError::InvalidAddress) << number;
         line->CloseLine();
