@@ -15,40 +15,11 @@ import pathlib
 import shutil
 import statistics
 import subprocess
+import sys
 import tempfile
 
-TEMPLATES = pathlib.Path("/usr/lib/libreoffice/share/template/common")
-HTML = "HTML (StarWriter)"
-TEXT = "Text (encoded)"
-DOCBOOK = "DocBook File"
-SECTIONS = 14
-PARAGRAPH = (
-    "The garden north of the house has a long bed of radish and tulip, in the shade of the early morning. Water the "
-    "seed in autumn, and cut the rose along the stone path before the basket is full of letters and harvest. "
-)
-
-
-def docbook():
-    """An article of sections with paragraphs, lists and a table."""
-    sections = []
-    for number in range(1, SECTIONS + 1):
-        items = "".join(f"<listitem><para>Item {i} of section {number}.</para></listitem>" for i in range(1, 6))
-        cells = "".join(f"<row><entry>Bed {i}</entry><entry>{i * number} seeds</entry></row>" for i in range(1, 5))
-        sections.append(
-            f"<sect1><title>Section {number}</title><para>{PARAGRAPH * 3}</para><itemizedlist>{items}</itemizedlist>"
-            f"<para>{PARAGRAPH * 2}<emphasis>See below.</emphasis></para><table><title>Seeds</title>"
-            f'<tgroup cols="2"><tbody>{cells}</tbody></tgroup></table></sect1>'
-        )
-    return (
-        '<?xml version="1.0"?><!DOCTYPE article PUBLIC "-//OASIS//DTD DocBook XML V4.1.2//EN" '
-        '"http://www.oasis-open.org/docbook/xml/4.1.2/docbookx.dtd"><article><articleinfo><title>The garden</title>'
-        f"</articleinfo>{''.join(sections)}</article>"
-    )
-
-
-def manual(page):
-    environment = dict(os.environ, MANWIDTH="75", LC_ALL="C.UTF-8")
-    return subprocess.run(["man", "-P", "cat", page], env=environment, capture_output=True, check=True).stdout
+sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "rtf"))
+from corpus import DOCBOOK, HTML, TEMPLATES, TEXT, Office, docbook, manual  # noqa: E402
 
 
 def sources(folder):
@@ -66,21 +37,6 @@ def sources(folder):
         ("cv", TEMPLATES / "personal/CV.ott", None),
         ("agenda", TEMPLATES / "wizard/agenda/4classic.ott", None),
     ]
-
-
-class Office:
-    """LibreOffice with settings of its own."""
-
-    def __init__(self, folder):
-        self.folder = folder
-        self.profile = f"-env:UserInstallation=file://{folder}/profile"
-
-    def convert(self, source, target, filter_name=None):
-        command = ["soffice", self.profile, "--headless", "--convert-to", target.suffix[1:], "--outdir", str(self.folder / "out")]
-        if filter_name:
-            command.insert(3, f"--infilter={filter_name}")
-        subprocess.run([*command, str(source)], capture_output=True, check=True)
-        shutil.move(self.folder / "out" / (source.stem + target.suffix), target)
 
 
 def documents(folder, office):

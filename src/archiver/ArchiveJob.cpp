@@ -4,7 +4,6 @@
 #include "Form.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QScopeGuard>
 
 namespace {
@@ -52,8 +51,9 @@ void ArchiveJob::end()
         control->setEnabled(true);
     for (QAction *item : m_items)
         item->setEnabled(true);
-    // A control that is disabled gives its focus away. It gets it back unless the user has left the window.
-    if (m_controls.contains(m_focused) && m_window.isAncestorOf(QApplication::focusWidget()))
+    // A control that is disabled gives its focus away. It gets it back unless the user has left the window;
+    // the frame may not be the active window yet, after a dialog.
+    if (m_controls.contains(m_focused) && m_window.isAncestorOf(m_window.window()->focusWidget()))
         m_focused->setFocus();
     m_controls.clear();
     m_items.clear();

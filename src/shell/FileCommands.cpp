@@ -1,6 +1,7 @@
 #include "FileCommands.h"
 
 #include "Ask.h"
+#include "DocumentFiles.h"
 #include "DocumentText.h"
 #include "ErrorReports.h"
 #include "Forms.h"
@@ -42,15 +43,19 @@ void FileCommands::mnuFileOpen_Click()
     dialog.DefaultExt = QStringLiteral("rtf");
     dialog.Filter = QStringLiteral("Rtf Files (*.rtf)|*.rtf|Text Files (*.txt)|*.txt|All Files (*.*)|*.*");
     resumeNext([&] { dialog.ShowOpen(); });
-    const QString name = dialog.FileName;
-    if (name.isEmpty() || refuseOpenFile(name))
-        return;
+    if (!dialog.FileName.isEmpty())
+        open(QString(dialog.FileName));
+}
 
+void FileCommands::open(const QString &name)
+{
+    if (refuseOpenFile(name))
+        return;
     resumeNext([&] { m_frame.LoadNewDoc(); });
     Form *document = m_frame.ActiveForm();
     if (!document)
         return;
-    resumeNext([&] { DocumentText::of(*document).LoadFile(name); });
+    resumeNext([&] { DocumentFiles::load(DocumentText::of(*document), name); });
     document->setCaption(name);
     resumeNext([&] { document->call(QStringLiteral("doclengthupdate")); });
     freshDocument = true;
@@ -71,8 +76,8 @@ void FileCommands::SaveCurrentDocument()
     const QString caption = active->Caption();
     if (caption.left(8) != QLatin1String("Document")) {
         const bool isRtf = caption.right(3).toUpper() == QLatin1String("RTF");
-        DocumentText::of(*active).SaveFile(caption,
-                                           isRtf ? RichTextFile::Format::Rtf : RichTextFile::Format::Text);
+        DocumentFiles::save(DocumentText::of(*active), caption,
+                            isRtf ? RichTextFile::Format::Rtf : RichTextFile::Format::Text);
         active->call(QStringLiteral("unDirty"));
         active->call(QStringLiteral("doclengthupdate"));
         return;
@@ -125,7 +130,7 @@ void FileCommands::saveAs(RichTextFile::Format format)
         return;
     active->setCaption(dialog.FileName);
     resumeNext([&] {
-        DocumentText::of(*active).SaveFile(dialog.FileName, format);
+        DocumentFiles::save(DocumentText::of(*active), dialog.FileName, format);
         active->call(QStringLiteral("doclengthupdate")); // not reached when the file was not written
     });
 }

@@ -13,6 +13,8 @@ public:
     void mnuFileNew_Click();
     void mnuFileOpen_Click();
     void mnuFileClose_Click();
+    /// Opens the file \a name in a document of its own, unless it is open.
+    void open(const QString &name);
     /// Catches nothing: a failure to save, or an active window without text, ends the process.
     void SaveCurrentDocument();
     void mnuFileSave_Click();

@@ -15,7 +15,7 @@ const QString listed = QStringLiteral("WindowList");
 QString captionOf(const QMdiSubWindow &child, int number, const QFontMetrics &font)
 {
     constexpr int longest = 60; // characters of average width
-    QString caption = font.elidedText(ShownText::line(child.windowTitle()), Qt::ElideMiddle,
+    QString caption = font.elidedText(ShownText::line(child.widget()->windowTitle()), Qt::ElideMiddle,
                                       longest * font.averageCharWidth());
     caption.replace(u'&', QLatin1String("&&"));
     constexpr int lastMnemonic = 9;

@@ -6,6 +6,7 @@
 #include "DocumentText.h"
 #include "ErrorReports.h"
 #include "EventGate.h"
+#include "FileDrop.h"
 #include "Forms.h"
 #include "FrameButtons.h"
 #include "FrameCommands.h"
@@ -63,6 +64,7 @@ frmMain::frmMain()
     m_statusBar->setObjectName(QStringLiteral("sbStatusBar"));
     setStatusBar(m_statusBar);
     setCentralWidget(m_area);
+    on(new FileDrop(*this, RichTextFile::isDocumentName), &FileDrop::Dropped, this, &frmMain::frmMain_Drop);
     m_childMenus = new ChildMenus(*menuBar(), *m_area);
     Timer1->setObjectName(QStringLiteral("Timer1"));
     Timer1->setInterval(timerInterval);
@@ -241,6 +243,13 @@ void frmMain::tbToolBar_ButtonClick(const QString &key)
 void frmMain::tbToolBar_ButtonMenuClick(const QString &key)
 {
     ignoreErrors([&] { FrameCommands::run(FrameButtons::commandOf(key), *this); });
+}
+
+/// Each file as the Open dialog would bring it.
+void frmMain::frmMain_Drop(const QStringList &paths)
+{
+    for (const QString &path : paths)
+        m_files.open(path);
 }
 
 void frmMain::mnuViewToolbar_Click()

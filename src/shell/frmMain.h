@@ -65,6 +65,7 @@ private:
     void tbToolBar_ButtonClick(const QString &key);
     void tbToolBar_ButtonMenuClick(const QString &key);
     void Timer1_Timer();
+    void frmMain_Drop(const QStringList &paths);
 
     void buildMenus();
     void buildToolBar();

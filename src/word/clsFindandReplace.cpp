@@ -142,8 +142,23 @@ void clsFindandReplace::Messages_WMArrival(const FindRequest &request)
         replaceAll(request);
 }
 
+void clsFindandReplace::FindAgain(RichTextBox &control, int upDown)
+{
+    if (m_lastFind.findText.isEmpty()) {
+        ShowReplace(control);
+        return;
+    }
+    m_control = &control;
+    const QString textOfDialog = std::exchange(m_text, control.Text());
+    m_lastFind.flags = (m_lastFind.flags & ~FindFlag::Down) | upDown;
+    const Outcome outcome = findNext(FindRequest(m_lastFind));
+    m_text = textOfDialog;
+    finishCommand(outcome);
+}
+
 clsFindandReplace::Outcome clsFindandReplace::findNext(const FindRequest &request)
 {
+    m_lastFind = request;
     const auto hit = search(request);
     bool cancel = false;
     Q_EMIT FoundNext(hit.has_value(), hit ? hit->position : 0, request.findText, cancel);

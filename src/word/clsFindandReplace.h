@@ -24,6 +24,9 @@ public:
     /// with no dialog, when the control is empty.
     bool ShowFind(RichTextBox &control);
     bool ShowReplace(RichTextBox &control);
+    /// Searches \a control for what was last searched for, in the direction of \a upDown, which is as
+    /// UpDown(). Before the first search it opens the dialog instead.
+    void FindAgain(RichTextBox &control, int upDown);
     /// The open dialog or nullptr.
     dlgFindReplace *hWndDialog() const;
     void Terminate();
@@ -75,6 +78,7 @@ private:
     int m_showHelp = 0;
     QPointer<dlgFindReplace> m_dialog;
     QPointer<RichTextBox> m_control;
-    QString m_text;        ///< the control's, as last read: typing does not refresh it
-    QString m_replaceText; ///< what the dialog asked for last
+    QString m_text;         ///< the control's, as last read: typing does not refresh it
+    QString m_replaceText;  ///< what the dialog asked for last
+    FindRequest m_lastFind; ///< empty before the first search
 };

@@ -1,6 +1,8 @@
 #include "frmDocument.h"
 
 #include "Ask.h"
+#include "DocumentFiles.h"
+#include "DocumentKeys.h"
 #include "DocumentText.h"
 #include "ErrorReports.h"
 #include "EventGate.h"
@@ -19,7 +21,6 @@
 
 #include <QIcon>
 #include <QKeyEvent>
-#include <QShortcut>
 #include <QTimer>
 #include <algorithm>
 
@@ -66,15 +67,14 @@ void frmDocument::Form_Load()
     mainFrame->tbToolBar().setButtonsEnabled(1, lastWordButton, true);
     Form_Resize();
     EnableAutoURLDetection(*rtfTextBox);
+    rtfTextBox->setSpellingMarks(true);
     on(rtfTextBox, &RichTextBox::Change, this, &frmDocument::rtfTextBox_Change);
     on(rtfTextBox, &RichTextBox::GotFocus, this, &frmDocument::rtfTextBox_GotFocus);
     on(rtfTextBox, &RichTextBox::SelChange, this, &frmDocument::rtfTextBox_SelChange);
     on(m_formatTimer, &QTimer::timeout, this, &frmDocument::UpdateFormatButtons);
     on(rtfTextBox, &RichTextBox::LinkClicked, this, &frmDocument::rtfTextBox_LinkClicked);
     on(&mainFrame->tbToolBar(), &Toolbar::ButtonClick, this, &frmDocument::tbToolBar_ButtonClick);
-    auto *find = new QShortcut(QKeySequence(Qt::CTRL | Qt::Key_F), rtfTextBox);
-    find->setContext(Qt::WidgetShortcut);
-    on(find, &QShortcut::activated, this, &frmDocument::rtfTextBox_CtrlF);
+    DocumentKeys::bind(*rtfTextBox, *FindDialog, mainFrame->tbToolBar());
     doclengthupdate();
 }
 
@@ -136,15 +136,21 @@ void frmDocument::removeindent()
 
 void frmDocument::unDirty()
 {
-    m_dirty = false;
+    setDirty(false);
     m_recovery.settled();
 }
 
 void frmDocument::doclengthupdate()
 {
     m_documentLength = qint32(rtfTextBox->TextRTF().size());
-    m_dirty = false;
+    setDirty(false);
     m_recovery.settled();
+}
+
+void frmDocument::setDirty(bool dirty)
+{
+    m_dirty = dirty;
+    setWindowModified(dirty);
 }
 
 void frmDocument::recover(const RecoveryText &text, std::unique_ptr<RecoveryCopy> copy)
@@ -168,7 +174,7 @@ void frmDocument::DisableAutoURLDetection(RichTextBox &textControl)
 
 void frmDocument::rtfTextBox_Change()
 {
-    m_dirty = true;
+    setDirty(true);
     if (isLoaded()) // a handler that outlives the window's unloading leaves no copy behind
         m_recovery.changed();
     m_formatTimer->start();
@@ -185,7 +191,7 @@ void frmDocument::freshDocumentSettled()
 {
     if (!freshDocument)
         return;
-    m_dirty = false;
+    setDirty(false);
     freshDocument = false;
 }
 
@@ -204,11 +210,6 @@ void frmDocument::UpdateFormatButtons()
 void frmDocument::rtfTextBox_LinkClicked(int first)
 {
     LinkOpener::open(rtfTextBox->linkTarget(first));
-}
-
-void frmDocument::rtfTextBox_CtrlF()
-{
-    FindDialog->ShowReplace(*rtfTextBox);
 }
 
 /// A button that pressed itself shows the selection's format again where its command was refused.
@@ -233,7 +234,7 @@ bool frmDocument::Form_QueryUnload()
 {
     DisableAutoURLDetection(*rtfTextBox);
     if (rtfTextBox->TextRTF().size() != m_documentLength)
-        m_dirty = true;
+        setDirty(true);
     if (m_dirty)
         askToSave();
     return true; // Intended: the window closes whatever was answered
@@ -309,7 +310,7 @@ bool frmDocument::writeActiveForm(const QString &name, RichTextFile::Format form
         return true;
     bool written = false;
     resumeNext([&] {
-        text->SaveFile(name, format);
+        DocumentFiles::save(*text, name, format);
         written = true;
     });
     return written;

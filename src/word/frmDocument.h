@@ -49,11 +49,12 @@ private:
     void rtfTextBox_GotFocus();
     void rtfTextBox_SelChange();
     void rtfTextBox_LinkClicked(int first);
-    void rtfTextBox_CtrlF();
     void tbToolBar_ButtonClick();
 
     /// Shows the selection's formats on the toolbar while this is the active document.
     void UpdateFormatButtons();
+    /// The title bar marks a window with unsaved changes.
+    void setDirty(bool dirty);
     void applyBulletIndent();
     void freshDocumentSettled();
     void askToSave();

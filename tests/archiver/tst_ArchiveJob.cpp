@@ -91,6 +91,18 @@ TEST_F(ArchiveJobTest, TheFocusComesBack)
     EXPECT_EQ(QApplication::focusWidget(), &form->button("cmdSecond"));
 }
 
+/// As when a dialog has begun the job: the window manager makes the frame the active window a moment later.
+TEST_F(ArchiveJobTest, TheFocusComesBackThoughTheWindowIsNotActiveYet)
+{
+    form->button("cmdSecond").setFocus();
+    QWidget dialog;
+    dialog.show();
+    dialog.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+    job.run([] {});
+    EXPECT_EQ(form->focusWidget(), &form->button("cmdSecond"));
+}
+
 TEST_F(ArchiveJobTest, TheFocusStaysWhereTheUserWent)
 {
     QWidget other;

@@ -148,6 +148,19 @@ TEST_F(FtpAccountsTest, ASaveWithoutAClickChangesTheDefault)
     EXPECT_EQ(content().count("\r\n"), 101);
 }
 
+TEST_F(FtpAccountsTest, OpenedAgainItBeginsWithTheDefault)
+{
+    use([](const Accounts &accounts) { accounts.choose(1); });
+    use([this](const Accounts &accounts) {
+        EXPECT_EQ(accounts.list().ListIndex(), -1);
+        EXPECT_EQ(accounts.control<QLineEdit>("txtAccount").text(), QStringLiteral("Mirror"));
+        accounts.type("txtAccount", QStringLiteral("changed"));
+        save(accounts);
+    });
+    EXPECT_EQ(line(0), "0,changed," + address() + ",tester,secret,extra");
+    EXPECT_EQ(line(1), "1,Second," + address() + ",,pass,");
+}
+
 TEST_F(FtpAccountsTest, TheRecordStaysTheOneThatIsSaved)
 {
     use([this](const Accounts &accounts) {

@@ -2,6 +2,7 @@
 #include "FtpWindow.h"
 #include "PrintQt.h"
 #include "RowName.h"
+#include "SlowLookUp.h"
 #include "WindowLog.h"
 
 #include <QAbstractButton>
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
+#include <QTimer>
 #include <functional>
 #include <gtest/gtest.h>
 #include <vector>
@@ -129,6 +131,77 @@ struct FtpBoxClosingTest : testing::Test
     }
 };
 
+/// A box of the window. The last one that comes up is meant.
+struct BoxCase
+{
+    const char *name;
+    std::function<void(FtpWindow &)> prepare; ///< may expect other boxes before it
+    std::function<void(FtpWindow &)> use;
+    QMessageBox::StandardButton answer = QMessageBox::Ok;
+};
+
+struct FtpFrameClosingTest : testing::TestWithParam<BoxCase>
+{
+    FtpWindow window;
+
+    FtpFrameClosingTest()
+    {
+        window.served.addFile("a", "12345");
+        window.logOn({QStringLiteral("../"), QStringLiteral("pub/"), QStringLiteral("a")});
+    }
+};
+
+std::function<void(FtpWindow &)> clickWith(const char *row, const char *button)
+{
+    return [row, button](FtpWindow &window) {
+        select(window, row);
+        window.click(button);
+    };
+}
+
+std::function<void(FtpWindow &)> type(const char *title, const char *prompt, const char *answer)
+{
+    return [=](FtpWindow &window) {
+        window.frame.dialogs.expectInput(QString::fromLatin1(title), QString::fromLatin1(prompt))
+            .type(QString::fromLatin1(answer));
+    };
+}
+
+std::function<void(FtpWindow &)> fill(const char *box, const char *text)
+{
+    return [=](FtpWindow &window) { window.control<QLineEdit>(box).setText(QString::fromLatin1(text)); };
+}
+
+std::vector<BoxCase> boxCases()
+{
+    const auto nothing = [](FtpWindow &) {};
+    const auto haveLocal = [](FtpWindow &window) { window.addLocalFile("a"); };
+    return {
+        {"NoPassword", fill("txtPassword", ""), logOnAgain},
+        {"NoServer", fill("txtServer", "http://example.org"), logOnAgain},
+        {"Refused", [](FtpWindow &window) { window.server.reply("SIZE", "550 no"); },
+         clickWith("a", "cmdSize")},
+        {"Lost", [](FtpWindow &window) { window.server.dropBefore("CDUP"); }, clickWith("a", "cmdUpFolder")},
+        {"Size", nothing, clickWith("a", "cmdSize")},
+        {"FolderExists", type("New Folder", "Enter new folder name", "pub"), clickWith("a", "cmdNewFolder")},
+        {"InvalidName", type("Rename", "Enter new file name for a", " "), clickWith("a", "cmdRename")},
+        {"CannotDelete", nothing, clickWith("../", "cmdDelete")},
+        {"Delete", nothing, clickWith("a", "cmdDelete")},
+        {"NothingToSend", nothing, clickWith("a", "cmdsend")},
+        {"Overwrite", haveLocal, clickWith("a", "cmdsend"), QMessageBox::Yes},
+        {"FolderToReceive", nothing, clickWith("pub/", "cmdreceive")},
+        {"FileExists", haveLocal, clickWith("a", "cmdreceive")},
+        {"ProfileSaved",
+         [](FtpWindow &window) {
+             window.frame.dialogs.expectWindow<Form>(QStringLiteral("frmFTPAccounts"), [](Form &form) {
+                 form.member<QAbstractButton>(QStringLiteral("cmdSave")).click();
+                 form.unload();
+             });
+         },
+         clickWith("a", "cmdAccounts")},
+    };
+}
+
 } // namespace
 
 /// No question is asked, and the flow ends where it is.
@@ -151,6 +224,45 @@ TEST_P(FtpClosingTest, GoesWithItsWindowInTheFrame)
 }
 
 INSTANTIATE_TEST_SUITE_P(Moments, FtpClosingTest, testing::ValuesIn(moments()), RowName());
+
+/// As the frame closes its children, while the box is up and is then answered.
+TEST_P(FtpFrameClosingTest, EndsTheFlowInTheBox)
+{
+    GetParam().prepare(window);
+    const qsizetype others = window.frame.dialogs.seen().size();
+    QStringList commands;
+    window.frame.dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [&](QMessageBox &box) {
+        EXPECT_TRUE(window.form().parentWidget()->close());
+        EXPECT_TRUE(Forms::named(QStringLiteral("frmFTP")).isEmpty());
+        commands = window.executed.texts();
+        box.button(GetParam().answer)->click();
+    });
+    GetParam().use(window);
+    FtpWindow::waitFor([this] { return !window.isOpen(); });
+    EXPECT_EQ(window.executed.texts(), commands); // nothing came behind it
+    EXPECT_EQ(window.frame.dialogs.seen().last().objectName, QStringLiteral("MsgBox"));
+    EXPECT_GT(window.frame.dialogs.seen().size(), others);
+    FtpWindow::waitFor([this] { return window.server.openConnections() == 0; });
+}
+
+INSTANTIATE_TEST_SUITE_P(Boxes, FtpFrameClosingTest, testing::ValuesIn(boxCases()), RowName());
+
+TEST_F(FtpBoxClosingTest, DuringTheLookUpOfTheServer)
+{
+    const QString server = QStringLiteral("localhost:%1").arg(window.server.port());
+    window.control<QLineEdit>("txtServer").setText(server);
+    const SlowLookUp lookUps;
+    QTimer looks;
+    QObject::connect(&looks, &QTimer::timeout, &looks, [&] {
+        if (lookUps.waiting() == 1 && window.isOpen())
+            window.form().unload();
+    });
+    looks.start(1);
+    window.form().cmdLogOn_Click();
+    expectClosed();
+    EXPECT_EQ(lookUps.waiting(), 1);
+    EXPECT_EQ(window.frame.dialogs.seen().size(), 0);
+}
 
 TEST_F(FtpBoxClosingTest, WithoutACommand)
 {

@@ -6,7 +6,9 @@
 #include "ShownText.h"
 #include "WindowLog.h"
 
+#include <QDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -141,6 +143,7 @@ TEST_F(FtpCommandsTest, ADoubleClickOpensTheFolderAbove)
 {
     window.doubleClickRow(QStringLiteral("../"));
     expectRefreshed(QStringLiteral("CWD .."));
+    EXPECT_EQ(window.executed.texts(), QStringList({QStringLiteral("CD \"../\""), QStringLiteral("DIR")}));
 }
 
 TEST_F(FtpCommandsTest, ADoubleClickReceivesAFile)
@@ -319,8 +322,34 @@ TEST_F(FtpCommandsTest, ACancelledNewFolderGoesOutEmpty)
         .expectInput(QStringLiteral("New Folder"), QStringLiteral("Enter new folder name"))
         .press(QMessageBox::Cancel);
     window.click("cmdNewFolder");
+    EXPECT_EQ(window.executed.texts(), QStringList({QStringLiteral("MKDIR \"\""), QStringLiteral("DIR")}));
     EXPECT_TRUE(window.probe.states().startsWith(QStringLiteral("11:87 5 ")));
     EXPECT_EQ(window.commands(), QStringLiteral("MLSD"));
+}
+
+/// Which a box takes from the clipboard, or a program sets.
+TEST_F(FtpCommandsTest, LineEndsInANameMakeNoSecondCommand)
+{
+    const auto answer = [this](const QString &name) {
+        dialogs().expectWindow<QDialog>(QStringLiteral("InputBox"), [name](QDialog &box) {
+            box.findChild<QLineEdit *>()->setText(name);
+            box.accept();
+        });
+    };
+    window.server.reply("MKD", "257 Made.");
+    window.server.reply("RNFR", "350 To what?");
+    window.server.reply("RNTO", "250 Done.");
+    for (const char *name : {"x\r\nDELE a b.txt", "x\nDELE a b.txt", "x\rDELE a b.txt", "\r\n"}) {
+        for (const char *button : {"cmdNewFolder", "cmdRename"}) {
+            window.selectRow(QStringLiteral("a b.txt"));
+            window.forget();
+            answer(QString::fromLatin1(name));
+            window.click(button);
+            EXPECT_TRUE(window.probe.states().startsWith(QStringLiteral("11:87 5 "))) << button;
+            EXPECT_EQ(window.commands(), QStringLiteral("MLSD")) << button;
+            EXPECT_EQ(window.server.connections(), 1);
+        }
+    }
 }
 
 TEST_F(FtpCommandsTest, DeletesAFileOrAFolder)
@@ -429,6 +458,7 @@ TEST_F(FtpCommandsTest, TheSizeOfNothingIsAskedFor)
 {
     label().setText(QStringLiteral("before"));
     window.click("cmdSize");
+    EXPECT_EQ(window.executed.texts(), QStringList{QStringLiteral("SIZE \"\"")});
     EXPECT_EQ(window.probe.states(), QStringLiteral("11:87"));
     EXPECT_EQ(window.commands(), QString());
     EXPECT_EQ(window.status(), QStringLiteral("Connected"));

@@ -332,6 +332,18 @@ TEST_F(FtpLogOnTest, LineEndsInUserOrPasswordReachNoServer)
     EXPECT_EQ(window.frame.dialogs.seen().size(), 0);
 }
 
+TEST_F(FtpLogOnTest, ALineEndInTheServerIsAFailure)
+{
+    window.close();
+    window.programFolder.addFile("ftpprof.dat", "0,Mirror,\"" + window.server.address().toLatin1() +
+                                                    "\r\nDELE a\",u,p,\r\n");
+    window.open();
+    expectBox("Logon attempt failed");
+    window.click("cmdLogOn");
+    EXPECT_EQ(window.server.connections(), 0);
+    EXPECT_EQ(enabled(), disconnectedSet);
+}
+
 TEST_F(FtpLogOnTest, LogOffClosesTheConnection)
 {
     window.logOn({QStringLiteral("a")});

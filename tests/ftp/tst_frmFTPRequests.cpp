@@ -13,11 +13,13 @@ namespace {
 const QString fileRow = QStringLiteral("a \"b\".txt");
 const QString folderRow = QStringLiteral("a folder/");
 
-/// A use of the window, and all that the server gets for it.
+/// A use of the window, what it hands to the session ("LOCAL" for the local folder), and all that the server
+/// gets for it.
 struct RequestCase
 {
     const char *name;
     std::function<void(FtpWindow &)> use;
+    QStringList commands;
     QByteArrayList requests;
 };
 
@@ -89,28 +91,50 @@ const QByteArrayList fetchRequests = {"TYPE I", "SIZE a \"b\".txt", "MDTM a \"b\
 const QByteArrayList storeRequests =
     QByteArrayList{"TYPE I", "EPSV", "STOR my \"file\".txt", "TYPE A"} + listRequests;
 
+/// \a command, whose "'" are quotation marks, and the list behind it.
+QStringList changing(const char *command)
+{
+    return {QString::fromLatin1(command).replace(u'\'', u'"'), QStringLiteral("DIR")};
+}
+
+const QStringList fetchCommand = {QStringLiteral("GET \"a \"b\".txt\" \"LOCAL\\a \"b\".txt\"")};
+const QStringList storeCommands = changing("PUT 'LOCAL\\my 'file'.txt' 'my 'file'.txt'");
+
 std::vector<RequestCase> requestCases()
 {
     return {
-        {"UpFolder", clickOn("cmdUpFolder"), QByteArrayList{"CDUP"} + listRequests},
+        {"UpFolder", clickOn("cmdUpFolder"), changing("CDUP"), QByteArrayList{"CDUP"} + listRequests},
         {"NewFolder", nameBy("cmdNewFolder", "New Folder", QStringLiteral("Enter new folder name")),
-         QByteArrayList{"MKD  new \"one\""} + listRequests},
-        {"DeleteFile", deleteRow(fileRow), QByteArrayList{"DELE a \"b\".txt"} + listRequests},
-        {"DeleteFolder", deleteRow(folderRow), QByteArrayList{"RMD a folder"} + listRequests},
+         changing("MKDIR ' new 'one''"), QByteArrayList{"MKD  new \"one\""} + listRequests},
+        {"DeleteFile", deleteRow(fileRow), changing("DELETE 'a 'b'.txt'"),
+         QByteArrayList{"DELE a \"b\".txt"} + listRequests},
+        {"DeleteFolder", deleteRow(folderRow), changing("RMDIR 'a folder/'"),
+         QByteArrayList{"RMD a folder"} + listRequests},
         {"RenameFile",
          nameBy("cmdRename", "Rename", QStringLiteral("Enter new file name for ") + fileRow, fileRow),
+         changing("RENAME 'a 'b'.txt' ' new 'one''"),
          QByteArrayList{"RNFR a \"b\".txt", "RNTO  new \"one\""} + listRequests},
         {"RenameFolder",
          nameBy("cmdRename", "Rename", QStringLiteral("Enter new file name for ") + folderRow, folderRow),
+         changing("RENAME 'a folder/' ' new 'one''"),
          QByteArrayList{"RNFR a folder", "RNTO  new \"one\""} + listRequests},
-        {"Size", askForSize, {"TYPE I", "SIZE a \"b\".txt"}},
-        {"OpenFolder", doubleClickOn(folderRow), QByteArrayList{"CWD a folder"} + listRequests},
-        {"OpenFile", doubleClickOn(fileRow), fetchRequests},
-        {"Receive", clickOn("cmdreceive", fileRow), fetchRequests},
-        {"ReceiveImage", clickOn("imgReceiveFile", fileRow), fetchRequests},
-        {"Send", clickOn("cmdsend"), storeRequests},
-        {"SendImage", clickOn("imgSendFile"), storeRequests},
-        {"LogOff", logOff, {"QUIT"}},
+        {"Size", askForSize, {QStringLiteral("SIZE \"a \"b\".txt\"")}, {"TYPE I", "SIZE a \"b\".txt"}},
+        {"SizeOfAFolder",
+         [](FtpWindow &window) {
+             window.server.reply("SIZE", "550 Not a file.");
+             window.frame.dialogs.expectBox(QStringLiteral("Error"), QStringLiteral("12003 550 Not a file."));
+             clickOn("cmdSize", folderRow)(window);
+         },
+         {QStringLiteral("SIZE \"a folder/\"")},
+         {"TYPE I", "SIZE a folder/"}},
+        {"OpenFolder", doubleClickOn(folderRow), changing("CD 'a folder/'"),
+         QByteArrayList{"CWD a folder"} + listRequests},
+        {"OpenFile", doubleClickOn(fileRow), fetchCommand, fetchRequests},
+        {"Receive", clickOn("cmdreceive", fileRow), fetchCommand, fetchRequests},
+        {"ReceiveImage", clickOn("imgReceiveFile", fileRow), fetchCommand, fetchRequests},
+        {"Send", clickOn("cmdsend"), storeCommands, storeRequests},
+        {"SendImage", clickOn("imgSendFile"), storeCommands, storeRequests},
+        {"LogOff", logOff, {QStringLiteral("CLOSE")}, {"QUIT"}},
     };
 }
 
@@ -119,6 +143,9 @@ std::vector<RequestCase> requestCases()
 TEST_P(FtpRequestsTest, AreAllThatTheServerGets)
 {
     GetParam().use(window);
+    QStringList commands = GetParam().commands;
+    commands.replaceInStrings(QStringLiteral("LOCAL"), window.local.path());
+    EXPECT_EQ(window.executed.texts(), commands);
     EXPECT_EQ(window.server.commands(), GetParam().requests);
     EXPECT_EQ(window.server.connections(), 1);
 }
@@ -129,6 +156,7 @@ TEST(FtpLogOnRequests, BeginTheSession)
 {
     FtpWindow window;
     window.click("cmdLogOn");
+    EXPECT_EQ(window.executed.texts(), QStringList{QStringLiteral("DIR")});
     EXPECT_EQ(window.server.commands(),
-              QByteArrayList({"USER tester", "PASS secret", "TYPE A", "EPSV", "MLSD"}));
+              QByteArrayList({"USER tester", "PASS secret", "TYPE A", "OPTS MLST type;", "EPSV", "MLSD"}));
 }

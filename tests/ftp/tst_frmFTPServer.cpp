@@ -69,6 +69,16 @@ TEST_F(FtpServerTest, ShowsASize)
     EXPECT_EQ(rows(), QStringLiteral("one"));
 }
 
+TEST_F(FtpServerTest, ShowsASizeAbove4GiB)
+{
+    window.logOn({QStringLiteral("one")});
+    window.server.reply("SIZE", "213 5368709120");
+    window.selectRow(QStringLiteral("one"));
+    window.frame.dialogs.expectBox(QStringLiteral("Size"),
+                                   QStringLiteral("The size of file one is 5368709120 bytes"));
+    window.click("cmdSize");
+}
+
 TEST_F(FtpServerTest, SendsAndReceives)
 {
     window.served.addFile("there", "from the server");

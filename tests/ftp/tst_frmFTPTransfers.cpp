@@ -11,6 +11,7 @@
 #include "ShownText.h"
 #include "WindowLog.h"
 
+#include <QDir>
 #include <QDropEvent>
 #include <QLabel>
 #include <QMimeData>
@@ -98,6 +99,7 @@ TEST_F(FtpTransfersTest, AtTheRootAFileIsReceivedIntoTheRoot)
     window.selectRow(file);
     window.frame.dialogs.expectBox(QStringLiteral("Error"), QStringLiteral("5 Access is denied."));
     window.click("cmdreceive");
+    EXPECT_EQ(window.executed.texts(), QStringList{QStringLiteral("GET \"a b.txt\" \"/\\a b.txt\"")});
 }
 
 TEST_F(FtpTransfersTest, WithoutAFileThereIsNothingToSend)
@@ -296,11 +298,53 @@ TEST_F(FtpTransfersTest, AFileOfAnotherCaseIsReceived)
     EXPECT_EQ(received(file), "from the server");
 }
 
+/// The session refuses them, which is shown.
+TEST_F(FtpTransfersTest, NoNameLeadsOutOfTheLocalFolder)
+{
+    const QStringList names = {QStringLiteral("../x"), QStringLiteral("/etc/quill-x"),
+                               QStringLiteral("a/../../x"), QStringLiteral(".."), QStringLiteral(".")};
+    window.local.addFolder("inner");
+    window.control<DirListBox>("dirLocalDir").setPath(window.local.path() + QStringLiteral("/inner"));
+    window.logOn(names);
+    for (const QString &name : names) {
+        window.selectRow(name);
+        window.frame.dialogs
+            .expectBox(
+                QStringLiteral("Error"),
+                QStringLiteral("123 The filename, directory name, or volume label syntax is incorrect."))
+            .icon(QMessageBox::Critical);
+        window.click("cmdreceive");
+        EXPECT_EQ(window.executed.texts().last(),
+                  QStringLiteral("GET \"%1\" \"%2/inner\\%1\"").arg(name, window.local.path()));
+        EXPECT_EQ(window.status(), QStringLiteral("Connected"));
+    }
+    EXPECT_EQ(window.server.commands(), QByteArrayList());
+    const auto all = QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot;
+    EXPECT_EQ(QDir(window.local.path()).entryList(all), QStringList{QStringLiteral("inner")});
+    EXPECT_EQ(QDir(window.local.path() + QStringLiteral("/inner")).entryList(all), QStringList());
+    EXPECT_NE(::access("/etc/quill-x", F_OK), 0);
+}
+
+/// The session refuses it, which nobody sees.
+TEST_F(FtpTransfersTest, ANameWithANulIsNotReceived)
+{
+    window.server.setListing(QByteArray("type=file; a b.txt\0.exe\r\n", 25));
+    window.click("cmdUpFolder");
+    window.forget();
+    window.remote().setListIndex(0);
+    window.click("cmdreceive");
+    EXPECT_EQ(window.probe.states(), QStringLiteral("11:87"));
+    EXPECT_EQ(window.server.commands(), QByteArrayList());
+    EXPECT_EQ(window.control<FileListBox>("filLocalFile").ListCount(), 0);
+}
+
 /// The session refuses them, which nobody sees.
 TEST_F(FtpTransfersTest, WithoutARowEmptyNamesGoOut)
 {
     window.control<QLabel>("lblStatus").setText(QStringLiteral("before"));
     window.click("cmdreceive");
+    EXPECT_EQ(window.executed.texts(),
+              QStringList{QStringLiteral("GET \"\" \"%1\\\"").arg(window.local.path())});
     EXPECT_EQ(window.probe.states(), QStringLiteral("11:87"));
     EXPECT_EQ(window.commands(), QString());
     EXPECT_EQ(window.status(), QStringLiteral("Connected"));

@@ -1,3 +1,5 @@
+#include "DropFiles.h"
+#include "Files.h"
 #include "Forms.h"
 #include "FrameButtons.h"
 #include "Globals.h"
@@ -387,4 +389,35 @@ TEST_F(FrameTest, ItemsOfToolsThatAreNotInstalledAreGreyInMenusAndToolbarLists)
     for (const QAction *entry : tools->menu()->actions())
         grey += entry->isSeparator() || entry->isEnabled() ? 0 : 1;
     EXPECT_GT(grey, 3);
+}
+
+TEST_F(FrameTest, DroppedDocumentsAreOpenedAlsoOverAText)
+{
+    const QString letter = suite.home.file(QStringLiteral("letter.rtf"));
+    const QString notes = suite.home.file(QStringLiteral("notes.txt"));
+    Files::write(letter, "{\\rtf1 letter}");
+    Files::write(notes, "notes");
+    EXPECT_TRUE(dropFiles(suite.frame(), {letter.toUtf8()}));
+    EXPECT_EQ(suite.active().Caption(), letter);
+    EXPECT_EQ(suite.text().Text(), QStringLiteral("letter"));
+    EXPECT_TRUE(dropFiles(*suite.text().viewport(), {notes.toUtf8()}));
+    EXPECT_EQ(suite.active().Caption(), notes);
+    EXPECT_EQ(suite.text().Text(), QStringLiteral("notes"));
+}
+
+TEST_F(FrameTest, ADroppedDocumentThatIsOpenIsRefused)
+{
+    const QString notes = suite.home.file(QStringLiteral("notes.txt"));
+    Files::write(notes, "notes");
+    EXPECT_TRUE(dropFiles(suite.frame(), {notes.toUtf8()}));
+    suite.dialogs.expectBox(QStringLiteral("File already open..."),
+                            notes + QStringLiteral(" is already open. Cannot load the same file twice!"));
+    EXPECT_TRUE(dropFiles(suite.frame(), {notes.toUtf8()}));
+}
+
+TEST_F(FrameTest, OtherFilesAreNotTaken)
+{
+    const QString other = suite.home.file(QStringLiteral("picture.png"));
+    Files::write(other, "no document");
+    EXPECT_FALSE(dropFiles(suite.frame(), {other.toUtf8()}));
 }

@@ -442,7 +442,7 @@ TEST_P(DocumentNameTest, IsShownAsItIs)
     const QString name = suite.home.file(GetParam().text());
     suite.type(QStringLiteral("x"));
     suite.active().setCaption(name);
-    EXPECT_EQ(suite.active().parentWidget()->windowTitle(), name);
+    EXPECT_EQ(suite.active().parentWidget()->windowTitle(), name + QStringLiteral("*"));
     suite.dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [&](QMessageBox &box) {
         EXPECT_EQ(box.windowTitle(), QString::fromLatin1(saveChanges));
         EXPECT_EQ(box.textFormat(), Qt::PlainText);

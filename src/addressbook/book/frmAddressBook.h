@@ -95,6 +95,7 @@ private:
     void buildPanes();
     void bind();
     void placeRows();
+    void shareRow(int width);
 
     QString SelectedNodeKey;
     QString ParentNodeKey; ///< of the selected node; empty for the root

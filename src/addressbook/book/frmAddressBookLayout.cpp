@@ -3,6 +3,7 @@
 #include "BookSizes.h"
 #include "ElidedButton.h"
 #include "EventGate.h"
+#include "FairWidths.h"
 #include "ListCommands.h"
 #include "ListView.h"
 #include "Named.h"
@@ -98,8 +99,6 @@ QPushButton *frmAddressBook::command(const char *name, const QString &caption)
 {
     auto *button = named<ElidedButton>(name, caption);
     makeLow(*button);
-    button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    button->setMaximumWidth(button->sizeHint().width() + 2 * button->fontMetrics().averageCharWidth());
     return button;
 }
 
@@ -224,10 +223,23 @@ void frmAddressBook::placeRows()
     y += m_topRow->height();
     Line1->move(left, y);
     y += Line1->sizeHint().height();
+    shareRow(right - left);
     m_commandRow->setGeometry(left, y, right - left, m_commandRow->sizeHint().height());
     y += m_commandRow->height() + rowGap;
     Tv->move(left, y);
     m_letterRow->move(Twips::toPixels(listLeft, logicalDpiX()), y);
     y += m_letterRow->sizeHint().height();
     Lv->move(m_letterRow->x(), y);
+}
+
+/// Gives each command its part of \a width pixels. The longest captions are cut first.
+void frmAddressBook::shareRow(int width)
+{
+    const auto buttons = m_commandRow->findChildren<ElidedButton *>(Qt::FindDirectChildrenOnly);
+    QList<int> wanted;
+    for (const ElidedButton *button : buttons)
+        wanted.append(button->sizeHint().width());
+    const QList<int> widths = FairWidths::of(wanted, width - rowGap * int(buttons.size()));
+    for (qsizetype i = 0; i < buttons.size(); ++i)
+        buttons[i]->setFixedWidth(widths[i]);
 }

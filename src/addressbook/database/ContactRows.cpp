@@ -12,47 +12,6 @@ Recordset rowsOf(const QString &statement, qint32 number)
     return rows;
 }
 
-NameRow nameIn(const Recordset &row)
-{
-    NameRow name;
-    name.salutation = row.field(u"Salutation").text();
-    name.name = row.field(u"Name").text();
-    name.nickName = row.field(u"NickName").textOrEmpty();
-    name.comment = row.field(u"Comment").textOrEmpty();
-    if (const FieldValue date = row.field(u"dtOfBirth"); !date.isEmpty())
-        name.birthDate = date.date();
-    name.groupId = quint8(row.field(u"GroupID").number());
-    return name;
-}
-
-HomeRow homeIn(const Recordset &row)
-{
-    return {
-        .address = row.field(u"hAddress").textOrEmpty(),
-        .cityId = qint16(row.field(u"CityID").number()),
-        .zipCode = row.field(u"hZipCode").textOrEmpty(),
-        .phone1 = row.field(u"hPhone1").textOrEmpty(),
-        .phone2 = row.field(u"hPhone2").textOrEmpty(),
-        .mobile = row.field(u"hMobile").textOrEmpty(),
-    };
-}
-
-BusinessRow businessIn(const Recordset &row)
-{
-    return {
-        .address = row.field(u"bAddress").textOrEmpty(),
-        .cityId = qint16(row.field(u"CityID").number()),
-        .zipCode = row.field(u"bZipCode").textOrEmpty(),
-        .phone1 = row.field(u"bPhone1").textOrEmpty(),
-        .phone2 = row.field(u"bPhone2").textOrEmpty(),
-        .fax = row.field(u"bFax").textOrEmpty(),
-        .pager = row.field(u"bPager").textOrEmpty(),
-        .company = row.field(u"bCompany").textOrEmpty(),
-        .post = row.field(u"bPost").textOrEmpty(),
-        .department = row.field(u"bDepartment").textOrEmpty(),
-    };
-}
-
 /// A recordset without rows, in which a new one has been begun.
 Recordset newRow(const QString &statement, qint32 number)
 {
@@ -61,17 +20,6 @@ Recordset newRow(const QString &statement, qint32 number)
     rows.addNew();
     rows.setField(u"SrNo", number);
     return rows;
-}
-
-/// The rows of a whole table under their contacts' numbers.
-template<class Row>
-QHash<qint32, Row> allOf(const QString &statement, Row (*read)(const Recordset &))
-{
-    QHash<qint32, Row> all;
-    Recordset row;
-    for (row.open(statement, AddressConnection); !row.eof(); row.moveNext())
-        all.insert(qint32(row.field(u"SrNo").number()), read(row));
-    return all;
 }
 
 } // namespace
@@ -100,28 +48,45 @@ QStringList ContactRows::eMails(qint32 number)
     return addresses;
 }
 
-QHash<qint32, NameRow> ContactRows::names()
+NameRow ContactRows::nameIn(const Recordset &row)
 {
-    return allOf(QStringLiteral("select * from Names"), nameIn);
+    NameRow name;
+    name.salutation = row.field(u"Salutation").text();
+    name.name = row.field(u"Name").text();
+    name.nickName = row.field(u"NickName").textOrEmpty();
+    name.comment = row.field(u"Comment").textOrEmpty();
+    if (const FieldValue date = row.field(u"dtOfBirth"); !date.isEmpty())
+        name.birthDate = date.date();
+    name.groupId = quint8(row.field(u"GroupID").number());
+    return name;
 }
 
-QHash<qint32, HomeRow> ContactRows::homes()
+HomeRow ContactRows::homeIn(const Recordset &row)
 {
-    return allOf(QStringLiteral("select * from Home"), homeIn);
+    return {
+        .address = row.field(u"hAddress").textOrEmpty(),
+        .cityId = qint16(row.field(u"CityID").number()),
+        .zipCode = row.field(u"hZipCode").textOrEmpty(),
+        .phone1 = row.field(u"hPhone1").textOrEmpty(),
+        .phone2 = row.field(u"hPhone2").textOrEmpty(),
+        .mobile = row.field(u"hMobile").textOrEmpty(),
+    };
 }
 
-QHash<qint32, BusinessRow> ContactRows::businesses()
+BusinessRow ContactRows::businessIn(const Recordset &row)
 {
-    return allOf(QStringLiteral("select * from Business"), businessIn);
-}
-
-QHash<qint32, QStringList> ContactRows::allEMails()
-{
-    QHash<qint32, QStringList> all;
-    Recordset row;
-    for (row.open(QStringLiteral("select * from EMails"), AddressConnection); !row.eof(); row.moveNext())
-        all[qint32(row.field(0).number())].append(row.field(1).textOrEmpty());
-    return all;
+    return {
+        .address = row.field(u"bAddress").textOrEmpty(),
+        .cityId = qint16(row.field(u"CityID").number()),
+        .zipCode = row.field(u"bZipCode").textOrEmpty(),
+        .phone1 = row.field(u"bPhone1").textOrEmpty(),
+        .phone2 = row.field(u"bPhone2").textOrEmpty(),
+        .fax = row.field(u"bFax").textOrEmpty(),
+        .pager = row.field(u"bPager").textOrEmpty(),
+        .company = row.field(u"bCompany").textOrEmpty(),
+        .post = row.field(u"bPost").textOrEmpty(),
+        .department = row.field(u"bDepartment").textOrEmpty(),
+    };
 }
 
 void ContactRows::addName(qint32 number, const NameRow &row)

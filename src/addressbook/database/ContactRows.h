@@ -4,8 +4,9 @@
 #include "HomeRow.h"
 #include "NameRow.h"
 
-#include <QHash>
 #include <QStringList>
+
+class Recordset;
 
 /// The rows of one contact in the tables Names, EMails, Home and Business, by its number. All work on
 /// AddressConnection and throw RuntimeError with the numbers of DataError.
@@ -28,11 +29,10 @@ BusinessRow business(qint32 number);
 /// Empty where there is none.
 QStringList eMails(qint32 number);
 
-/// The rows of all contacts by their numbers, each table by one statement. A contact may be missing in any.
-QHash<qint32, NameRow> names();
-QHash<qint32, HomeRow> homes();
-QHash<qint32, BusinessRow> businesses();
-QHash<qint32, QStringList> allEMails();
+/// The current row of a recordset that has all columns of the table.
+NameRow nameIn(const Recordset &row);
+HomeRow homeIn(const Recordset &row);
+BusinessRow businessIn(const Recordset &row);
 
 /// A group or a city that does not exist is refused, and the row is not written.
 void addName(qint32 number, const NameRow &row);

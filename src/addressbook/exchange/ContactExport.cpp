@@ -6,7 +6,6 @@
 #include "Recordset.h"
 #include "SeedRows.h"
 #include "Snapshot.h"
-#include "modGetFunctions.h"
 
 #include <QHash>
 
@@ -17,79 +16,115 @@ QString withoutPlaceholder(const QString &name)
     return name == SeedRows::place ? QString() : name;
 }
 
-/// The names behind ids, each looked up once.
-class Names
+Recordset opened(const char *statement)
 {
-public:
-    QString group(quint8 id);
-    Place place(const QString &address, qint16 cityId, const QString &zipCode);
-
-private:
-    struct City
-    {
-        QString name;
-        QString state;
-    };
-
-    static City find(qint16 cityId);
-
-    QHash<quint8, QString> m_groups;
-    QHash<qint16, City> m_cities;
-};
-
-QString Names::group(quint8 id)
-{
-    if (id == SeedRows::id)
-        return {};
-    if (!m_groups.contains(id))
-        m_groups[id] = GetGroupName(id);
-    return m_groups[id];
+    Recordset rows;
+    rows.open(QString::fromLatin1(statement), AddressConnection);
+    return rows;
 }
 
-Names::City Names::find(qint16 cityId)
-{
-    if (cityId == 0) // of a row that is missing
-        return {};
-    const QString state = GetStateOfCity(cityId);
-    const QString name = GetCityName(QString::number(cityId));
-    return {withoutPlaceholder(CityName::withoutState(name, state)), withoutPlaceholder(state)};
-}
-
-Place Names::place(const QString &address, qint16 cityId, const QString &zipCode)
-{
-    if (!m_cities.contains(cityId))
-        m_cities[cityId] = find(cityId);
-    return {address, m_cities[cityId].name, m_cities[cityId].state, zipCode};
-}
-
-/// The tables as a whole: a statement for each contact would keep others from writing for many seconds.
+/// All rows of one state of the database.
 struct Tables
 {
-    const QHash<qint32, NameRow> names = ContactRows::names();
-    const QHash<qint32, QStringList> eMails = ContactRows::allEMails();
-    const QHash<qint32, HomeRow> homes = ContactRows::homes();
-    const QHash<qint32, BusinessRow> businesses = ContactRows::businesses();
+    Recordset names = opened("select * from Names order by Name, SrNo");
+    Recordset eMails = opened("select * from EMails");
+    Recordset homes = opened("select * from Home");
+    Recordset businesses = opened("select * from Business");
+    Recordset groups = opened("select GroupID, GroupName from Groups");
+    Recordset cities = opened("select CityID, CityName, StateName from City left join State on "
+                              "State.StateID = City.StateID");
 };
 
-/// A row that the contact has not is empty: a save may have failed half-way.
-Contact contact(qint32 number, const Tables &tables, Names &names)
+/// Others can write again as soon as the rows are read; making contacts of them takes many times as long.
+Tables readTables()
 {
-    const NameRow name = tables.names.value(number);
-    const HomeRow home = tables.homes.value(number);
-    const BusinessRow business = tables.businesses.value(number);
+    const Snapshot snapshot(AddressConnection);
+    return {};
+}
+
+/// The rows of a table under the numbers in their first columns.
+template<class Read>
+auto byNumber(Recordset &row, Read read)
+{
+    QHash<qint32, decltype(read(row))> all;
+    for (; !row.eof(); row.moveNext())
+        all.insert(qint32(row.field(0).number()), read(row));
+    return all;
+}
+
+QString groupIn(const Recordset &row)
+{
+    return row.field(0).number() == SeedRows::id ? QString() : row.field(1).text();
+}
+
+Place cityIn(const Recordset &row)
+{
+    const QString state = row.field(2).textOrEmpty();
+    return {.city = withoutPlaceholder(CityName::withoutState(row.field(1).text(), state)),
+            .state = withoutPlaceholder(state)};
+}
+
+QHash<qint32, QStringList> eMailsIn(Recordset &row)
+{
+    QHash<qint32, QStringList> all;
+    for (; !row.eof(); row.moveNext())
+        all[qint32(row.field(0).number())].append(row.field(1).textOrEmpty());
+    return all;
+}
+
+/// Makes contacts of rows. What a contact has no row of is empty: a save may have failed half-way.
+class Contacts
+{
+public:
+    explicit Contacts(Tables &tables);
+
+    Contact contact(const Recordset &nameRow) const;
+
+private:
+    Place place(const QString &address, qint16 cityId, const QString &zipCode) const;
+
+    QHash<qint32, QStringList> m_eMails;
+    QHash<qint32, HomeRow> m_homes;
+    QHash<qint32, BusinessRow> m_businesses;
+    QHash<qint32, QString> m_groups;
+    QHash<qint32, Place> m_cities;
+};
+
+Contacts::Contacts(Tables &tables)
+    : m_eMails(eMailsIn(tables.eMails))
+    , m_homes(byNumber(tables.homes, ContactRows::homeIn))
+    , m_businesses(byNumber(tables.businesses, ContactRows::businessIn))
+    , m_groups(byNumber(tables.groups, groupIn))
+    , m_cities(byNumber(tables.cities, cityIn))
+{}
+
+Place Contacts::place(const QString &address, qint16 cityId, const QString &zipCode) const
+{
+    Place place = m_cities.value(cityId);
+    place.address = address;
+    place.zipCode = zipCode;
+    return place;
+}
+
+Contact Contacts::contact(const Recordset &nameRow) const
+{
+    const auto number = qint32(nameRow.field(u"SrNo").number());
+    const NameRow name = ContactRows::nameIn(nameRow);
+    const HomeRow home = m_homes.value(number);
+    const BusinessRow business = m_businesses.value(number);
     return {
         .salutation = name.salutation,
         .name = name.name,
         .nickName = name.nickName,
-        .group = names.group(name.groupId),
+        .group = m_groups.value(name.groupId),
         .comment = name.comment,
         .birthDate = name.birthDate,
-        .eMails = tables.eMails.value(number),
-        .home = names.place(home.address, home.cityId, home.zipCode),
+        .eMails = m_eMails.value(number),
+        .home = place(home.address, home.cityId, home.zipCode),
         .homePhone1 = home.phone1,
         .homePhone2 = home.phone2,
         .homeMobile = home.mobile,
-        .work = names.place(business.address, business.cityId, business.zipCode),
+        .work = place(business.address, business.cityId, business.zipCode),
         .workPhone1 = business.phone1,
         .workPhone2 = business.phone2,
         .workFax = business.fax,
@@ -104,13 +139,10 @@ Contact contact(qint32 number, const Tables &tables, Names &names)
 
 QList<Contact> ContactExport::all()
 {
-    const Snapshot snapshot(AddressConnection);
-    const Tables tables;
-    QList<Contact> contacts;
-    Names names;
-    Recordset rows;
-    for (rows.open(QStringLiteral("select SrNo from Names order by Name, SrNo"), AddressConnection);
-         !rows.eof(); rows.moveNext())
-        contacts.append(contact(qint32(rows.field(0).number()), tables, names));
-    return contacts;
+    Tables tables = readTables();
+    const Contacts contacts(tables);
+    QList<Contact> all;
+    for (Recordset &row = tables.names; !row.eof(); row.moveNext())
+        all.append(contacts.contact(row));
+    return all;
 }

@@ -11,8 +11,12 @@ struct ArchiveRecord
     qint32 Size = 0;
     qint32 Factor = 0; ///< the percentage saved
     QString Method;
-    QDateTime Date;
+    QDate Day;
+    QTime Time;
     quint32 CRC = 0;
     bool Encrypted = false;
     bool Selected = true;
+
+    /// Made when it is asked for: the system looks up the time zone of each.
+    QDateTime Date() const { return QDateTime(Day, Time); }
 };

@@ -9,9 +9,29 @@
 
 #include <algorithm>
 
+namespace {
+
+/// Most files have the folder and the method of the one before: one copy is enough for all of them.
+void share(QString &text, const QString &other)
+{
+    if (text == other)
+        text = other;
+}
+
+} // namespace
+
 cUnzip::cUnzip(QObject *parent)
     : QObject(parent)
 {}
+
+void cUnzip::addRecord(ArchiveRecord file)
+{
+    if (!m_files.empty()) {
+        share(file.Folder, m_files.back().Folder);
+        share(file.Method, m_files.back().Method);
+    }
+    m_files.push_back(std::move(file));
+}
 
 const ArchiveRecord &cUnzip::record(int i) const
 {

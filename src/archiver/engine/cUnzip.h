@@ -53,7 +53,7 @@ public:
     int FileCompressionRatio(int i) const { return record(i).Factor; }
     /// Intended: FileSize times FileCompressionRatio divided by 100, though FileSize is packed already.
     qint32 FilePackedSize(int i) const;
-    QDateTime FileDate(int i) const { return record(i).Date; }
+    QDateTime FileDate(int i) const { return record(i).Date(); }
     quint32 FileCRC(int i) const { return record(i).CRC; }
     QString FileCompressionMethod(int i) const { return record(i).Method; }
     bool FileEncrypted(int i) const { return record(i).Encrypted; }
@@ -79,7 +79,7 @@ public:
     void GetVersion(int &major, int &minor, int &revision, QString &beta) const;
 
     /// Adds a record to the table; called by the callbacks of Directory().
-    void addRecord(const ArchiveRecord &file) { m_files.push_back(file); }
+    void addRecord(ArchiveRecord file);
 
 Q_SIGNALS:
     // All of them come during Directory() and unzip(). A handler may run pending events; it may not delete

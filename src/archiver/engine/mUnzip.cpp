@@ -68,10 +68,9 @@ int service(const UnzipState &job, QByteArrayView name)
 }
 
 /// Intended: the day of the month is the hour, so that hour 0 gives the last day of the month before.
-QDateTime dateOf(const ListedEntry &entry)
+QDate dayOf(const ListedEntry &entry)
 {
-    const QDate month(entry.yr, qBound(1, entry.mo, 12), 1);
-    return QDateTime(month.addDays(entry.hh - 1), QTime(qMin(entry.hh, 23), qMin(entry.mm, 59)));
+    return QDate(entry.yr, qBound(1, entry.mo, 12), 1).addDays(entry.hh - 1);
 }
 
 void message(const UnzipState &job, const ListedEntry &entry)
@@ -87,10 +86,11 @@ void message(const UnzipState &job, const ListedEntry &entry)
     record.Size = entry.csiz;
     record.Factor = entry.cfactor;
     record.Method = ArchiveTexts::text(ArchiveTexts::untilNul(entry.meth));
-    record.Date = dateOf(entry);
+    record.Day = dayOf(entry);
+    record.Time = QTime(qMin(entry.hh, 23), qMin(entry.mm, 59));
     record.CRC = entry.crc;
     record.Encrypted = entry.fCrypt & encryptedBit;
-    job.object.addRecord(record);
+    job.object.addRecord(std::move(record));
 }
 
 NameList namesOf(const QStringList &texts)

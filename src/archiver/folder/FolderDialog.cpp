@@ -111,7 +111,10 @@ void FolderDialog::select(const QString &path)
     if (!place.isValid())
         return;
     tvwFolders->setCurrentIndex(place);
-    tvwFolders->expand(place);
+    if (m_folders->canFetchMore(place))
+        m_folders->fetchMore(place);
+    if (m_folders->hasChildren(place)) // else a new folder would be shown with a mark for those in it
+        tvwFolders->expand(place);
     tvwFolders->scrollTo(place, QAbstractItemView::PositionAtCenter);
 }
 

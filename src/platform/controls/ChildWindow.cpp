@@ -9,7 +9,25 @@ ChildWindow::ChildWindow(QWidget &child)
 {
     setWidget(&child);
     setWindowIcon(child.windowIcon());
+    setTitle(child);
+    on(&child, &QWidget::windowTitleChanged, this, [this, &child] { setTitle(child); });
     on(&child, &QWidget::windowIconChanged, this, [this](const QIcon &icon) { setWindowIcon(icon); });
+}
+
+void ChildWindow::setTitle(const QWidget &child)
+{
+    const QString mark = child.isWindowModified() ? QStringLiteral("*") : QString();
+    setWindowTitle(child.windowTitle() + mark);
+}
+
+bool ChildWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool isEaten = QMdiSubWindow::eventFilter(watched, event);
+    run([&] {
+        if (watched == widget() && event->type() == QEvent::ModifiedChange)
+            setTitle(*widget());
+    });
+    return isEaten;
 }
 
 void ChildWindow::closeEvent(QCloseEvent *event)

@@ -8,32 +8,47 @@
 #include <QPixmapCache>
 #include <algorithm>
 #include <cstdlib>
-#include <optional>
 
 namespace {
 
 constexpr double leastContrast = 3;
 
-/// The color of a picture that has only one.
-std::optional<QColor> singleColor(const QImage &image)
+qsizetype indexOfNear(const QColor &color, const QList<QColor> &colors)
 {
-    constexpr int leastOpacity = 128; // below it the color is not exact
-    constexpr int tolerance = 24;     // of the same scale, for each part of a color
-    std::optional<QColor> first;
+    constexpr int tolerance = 24; // for each part of a color
+    const auto isNear = [&](const QColor &other) {
+        return std::abs(color.red() - other.red()) <= tolerance &&
+               std::abs(color.green() - other.green()) <= tolerance &&
+               std::abs(color.blue() - other.blue()) <= tolerance;
+    };
+    return std::find_if(colors.cbegin(), colors.cend(), isNear) - colors.cbegin();
+}
+
+/// The colors of a symbol: a picture of one or two flat colors that touch nowhere. None of any other picture.
+QList<QColor> symbolColors(const QImage &image)
+{
+    constexpr int mostColors = 2;
+    constexpr int leastOpacity = 128;   // below it the color is not exact
+    constexpr int opacityToTouch = 192; // less at both sides of a gap that is narrower than a pixel
+    constexpr qsizetype none = -1;
+    QList<QColor> colors;
+    QList<qsizetype> above(image.width(), none);
     for (int y = 0; y < image.height(); ++y) {
+        qsizetype before = none;
         for (int x = 0; x < image.width(); ++x) {
             const QColor color = image.pixelColor(x, y);
-            if (color.alpha() < leastOpacity)
-                continue;
-            if (!first)
-                first = color;
-            if (std::abs(color.red() - first->red()) > tolerance ||
-                std::abs(color.green() - first->green()) > tolerance ||
-                std::abs(color.blue() - first->blue()) > tolerance)
+            const qsizetype index = color.alpha() < leastOpacity ? none : indexOfNear(color, colors);
+            if (index == colors.size())
+                colors.append(color);
+            const qsizetype here = color.alpha() < opacityToTouch ? none : index;
+            const bool touches = here != none && ((before != none && before != here) ||
+                                                  (above[x] != none && above[x] != here));
+            if (touches || colors.size() > mostColors)
                 return {};
+            before = above[x] = here;
         }
     }
-    return first;
+    return colors;
 }
 
 /// On a button of \a palette, which the style draws in its color and, towards the top, lighter.
@@ -66,22 +81,42 @@ QColor shownColor(const QColor &color, QIcon::Mode mode)
     return mode == QIcon::Selected ? palette.color(QPalette::HighlightedText) : visibleOnButton(color);
 }
 
-QPixmap inColor(QPixmap picture, const QColor &color)
+int distance(const QColor &a, const QColor &b)
 {
-    QPainter painter(&picture);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(picture.rect(), color);
-    return picture;
+    return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue());
 }
 
-/// \a picture in the color for \a mode; null where it has several.
+/// \a image with each of \a colors replaced by that of \a shown. Its pixels keep their opacity.
+QImage replaced(QImage image, const QList<QColor> &colors, const QList<QColor> &shown)
+{
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor color = image.pixelColor(x, y);
+            const auto nearest =
+                std::min_element(colors.cbegin(), colors.cend(), [&](const QColor &a, const QColor &b) {
+                    return distance(a, color) < distance(b, color);
+                });
+            QColor other = shown[nearest - colors.cbegin()];
+            if (other == *nearest)
+                continue;
+            other.setAlpha(color.alpha());
+            image.setPixelColor(x, y, other);
+        }
+    }
+    return image;
+}
+
+/// \a picture in the colors for \a mode; null where it is no symbol.
 QPixmap recolored(const QPixmap &picture, QIcon::Mode mode)
 {
-    const auto color = singleColor(picture.toImage().convertToFormat(QImage::Format_ARGB32));
-    if (!color)
+    const QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
+    const QList<QColor> colors = symbolColors(image);
+    if (colors.isEmpty())
         return {};
-    const QColor shown = shownColor(*color, mode);
-    return shown == *color ? picture : inColor(picture, shown);
+    QList<QColor> shown;
+    for (const QColor &color : colors)
+        shown.append(shownColor(color, mode));
+    return shown == colors ? picture : QPixmap::fromImage(replaced(image, colors, shown));
 }
 
 } // namespace

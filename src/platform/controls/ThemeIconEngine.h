@@ -3,9 +3,9 @@
 #include <QIcon>
 #include <QIconEngine>
 
-/// Draws an icon of a theme that has one color in that of disabled text while its control is disabled, in
-/// that of selected text on a selected row, and else so that it is seen on a button. An icon with several
-/// colors is drawn as the style does it.
+/// Draws a symbol of a theme in the color of disabled text while its control is disabled, in that of selected
+/// text on a selected row, and else so that it is seen on a button. A symbol has one or two flat colors that
+/// touch nowhere; any other icon is drawn as the style does it.
 class ThemeIconEngine : public QIconEngine
 {
 public:

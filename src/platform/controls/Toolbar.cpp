@@ -97,6 +97,15 @@ QAction &Toolbar::button(const QString &key) const
     refuse(key);
 }
 
+QAction &Toolbar::listEntry(const QString &key) const
+{
+    for (const QMenu *list : findChildren<QMenu *>()) {
+        if (auto *entry = list->findChild<QAction *>(key, Qt::FindDirectChildrenOnly))
+            return *entry;
+    }
+    refuse(key);
+}
+
 QToolButton &Toolbar::toolButton(const QString &key) const
 {
     return static_cast<QToolButton &>(*widgetForAction(&button(key)));

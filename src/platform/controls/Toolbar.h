@@ -25,6 +25,8 @@ public:
     /// The button at \a position or with \a key. Throws RuntimeError 35601 when there is none.
     QAction &button(int position) const;
     QAction &button(const QString &key) const;
+    /// The entry with \a key in a list. Throws RuntimeError 35601 when there is none.
+    QAction &listEntry(const QString &key) const;
 
     /// Both reach the buttons from position \a first to \a last, separators included.
     void setButtonsEnabled(int first, int last, bool enabled);

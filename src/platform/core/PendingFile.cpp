@@ -1,6 +1,7 @@
 #include "PendingFile.h"
 
 #include <QRandomGenerator>
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <dirent.h>
@@ -9,11 +10,14 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace {
 
 const QByteArray prefix = QByteArrayLiteral(".quill-");
 const QByteArray suffix = QByteArrayLiteral(".part");
+constexpr int base = 36;
+constexpr qsizetype figures = 13; // of a 64-bit number in that base
 
 [[noreturn]] void fail(int error = errno)
 {
@@ -28,7 +32,28 @@ void check(bool isDone)
 
 QByteArray randomName()
 {
-    return prefix + QByteArray::number(QRandomGenerator::system()->generate64(), 36) + suffix;
+    const QByteArray number = QByteArray::number(QRandomGenerator::system()->generate64(), base);
+    return prefix + number.rightJustified(figures, '0') + suffix;
+}
+
+/// Whether \a name is one that randomName() makes.
+bool isRandomName(QByteArrayView name)
+{
+    if (name.size() != prefix.size() + figures + suffix.size() || !name.startsWith(prefix) ||
+        !name.endsWith(suffix))
+        return false;
+    const QByteArrayView number = name.sliced(prefix.size(), figures);
+    return std::all_of(number.begin(), number.end(), [](char figure) {
+        return (figure >= '0' && figure <= '9') || (figure >= 'a' && figure <= 'z');
+    });
+}
+
+/// Whether \a name is a file of this user, and no link or pipe.
+bool isOwnFile(int folder, const char *name)
+{
+    struct stat state = {};
+    return ::fstatat(folder, name, &state, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(state.st_mode) &&
+           state.st_uid == ::geteuid();
 }
 
 bool lock(const Descriptor &file)
@@ -144,8 +169,7 @@ void PendingFile::sweep(int folder)
     const std::unique_ptr<DIR, int (*)(DIR *)> entries(listed < 0 ? nullptr : ::fdopendir(listed),
                                                        ::closedir);
     while (const dirent *entry = entries ? ::readdir(entries.get()) : nullptr) {
-        const QByteArrayView name(entry->d_name);
-        if (!name.startsWith(prefix) || !name.endsWith(suffix))
+        if (!isRandomName(entry->d_name) || !isOwnFile(folder, entry->d_name))
             continue;
         const Descriptor file(
             ::openat(folder, entry->d_name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));

@@ -37,7 +37,8 @@ public:
     /// the file system is able to do in one step.
     void publish(const QByteArray &name, Existing existing);
 
-    /// Removes from the open folder \a folder what killed processes left there; never fails.
+    /// Removes from the open folder \a folder what killed processes of this user left there: files with such
+    /// a hidden name that nobody has locked. It reads the whole folder and never fails.
     static void sweep(int folder);
 
 private:

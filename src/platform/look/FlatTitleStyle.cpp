@@ -198,9 +198,8 @@ void FlatTitleStyle::drawTitleBar(const QStyleOptionTitleBar &option, QPainter &
     painter.fillRect(option.rect, palette.color(active ? QPalette::Highlight : QPalette::Button));
     painter.setPen(palette.color(active ? QPalette::HighlightedText : QPalette::ButtonText));
 
-    const QRect icon = subControlRect(CC_TitleBar, &option, SC_TitleBarSysMenu, widget);
     if (option.titleBarFlags & Qt::WindowSystemMenuHint)
-        option.icon.paint(&painter, icon);
+        drawTitleIcon(option, painter, widget);
     const QRect label = subControlRect(CC_TitleBar, &option, SC_TitleBarLabel, widget).adjusted(4, 0, -4, 0);
     // The option's text is elided at its end already; the name there matters most in a path.
     const QString title = ShownText::line(widget ? widget->windowTitle() : option.text);
@@ -208,6 +207,16 @@ void FlatTitleStyle::drawTitleBar(const QStyleOptionTitleBar &option, QPainter &
     painter.drawText(label, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine, text);
     drawTitleButtons(option, painter, widget);
     painter.restore();
+}
+
+/// In a size that themes draw it for: in others it would be blurred, or the picture of a larger size.
+void FlatTitleStyle::drawTitleIcon(const QStyleOptionTitleBar &option, QPainter &painter,
+                                   const QWidget *widget) const
+{
+    constexpr int size = 16; // pixels
+    QRect icon(0, 0, size, size);
+    icon.moveCenter(subControlRect(CC_TitleBar, &option, SC_TitleBarSysMenu, widget).center());
+    option.icon.paint(&painter, icon);
 }
 
 void FlatTitleStyle::drawTitleButtons(const QStyleOptionTitleBar &option, QPainter &painter,

@@ -30,5 +30,6 @@ private:
     void drawGroupFrame(const QStyleOption &option, QPainter &painter, const QWidget *widget) const;
     void drawFocusedFrame(const QStyleOption &option, QPainter &painter) const;
     void drawTitleBar(const QStyleOptionTitleBar &option, QPainter &painter, const QWidget *widget) const;
+    void drawTitleIcon(const QStyleOptionTitleBar &option, QPainter &painter, const QWidget *widget) const;
     void drawTitleButtons(const QStyleOptionTitleBar &option, QPainter &painter, const QWidget *widget) const;
 };

@@ -34,6 +34,8 @@ RichTextBox::RichTextBox(QWidget *parent)
     : QTextEdit(parent)
     , m_longDocuments(*this)
     , m_links(*this, m_longDocuments)
+    , m_spelling(*this, m_longDocuments)
+    , m_handles(*this)
 {
     setAccessibleName(tr("Text"));
     setAcceptRichText(true);
@@ -77,10 +79,15 @@ void RichTextBox::replaceDocument(std::unique_ptr<QTextDocument> document, const
     shown->setUndoRedoEnabled(true);
     shown->setModified(false);
     m_longDocuments.attach(*shown);
-    on(shown, &QTextDocument::contentsChange, this, [this] { m_isChanged = true; });
+    on(shown, &QTextDocument::contentsChange, this, [this] {
+        m_isChanged = true;
+        m_handles.forget();
+    });
     on(shown, &QTextDocument::contentsChanged, this, &RichTextBox::reportChange);
     m_formats.forget();
+    ViewMarks::show(*this, {});
     m_links.forget();
+    m_handles.forget();
     m_loaded = loaded;
     const bool isFirst = old->parent() != this;
     setDocument(shown);
@@ -145,6 +152,7 @@ void RichTextBox::reportChange()
 
 void RichTextBox::reportSelection()
 {
+    m_handles.followSelection();
     Q_EMIT SelChange();
 }
 
@@ -258,6 +266,11 @@ std::unique_ptr<QTextDocument> RichTextBox::printedDocument() const
 void RichTextBox::setAutoURLDetection(bool on)
 {
     m_links.setOn(on);
+}
+
+void RichTextBox::setSpellingMarks(bool on)
+{
+    m_spelling.setOn(on);
 }
 
 QString RichTextBox::linkTarget(int first) const

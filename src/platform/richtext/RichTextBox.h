@@ -2,8 +2,10 @@
 
 #include "LinkMarks.h"
 #include "LongDocuments.h"
+#include "PictureHandles.h"
 #include "RichTextFile.h"
 #include "SelectionFormats.h"
+#include "SpellingMarks.h"
 #include "UndoSteps.h"
 
 #include <QTextEdit>
@@ -98,6 +100,9 @@ public:
     /// Marks web and mail addresses in the text and reports clicks on them; the document itself is not
     /// changed.
     void setAutoURLDetection(bool on);
+    /// Underlines misspelt words and offers better ones in the context menu; the document itself is not
+    /// changed.
+    void setSpellingMarks(bool on);
     /// What the link that begins at \a first points to: the address that a real link carries, else its text.
     QString linkTarget(int first) const;
 
@@ -112,6 +117,7 @@ Q_SIGNALS:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
@@ -120,6 +126,9 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+    void showEvent(QShowEvent *event) override;
     bool canInsertFromMimeData(const QMimeData *source) const override;
     void insertFromMimeData(const QMimeData *source) override;
     QMimeData *createMimeDataFromSelection() const override;
@@ -130,6 +139,8 @@ private:
     void replaceDocument(std::unique_ptr<QTextDocument> document, const RichTextFile::Loaded &loaded);
     void setPaper();
     void wrap();
+    double pageWidth() const;
+    void insertPictures(const QMimeData &source);
     void reportChange();
     void reportSelection();
     CharacterStates characters() const;
@@ -138,6 +149,8 @@ private:
     mutable SelectionFormats m_formats;
     LongDocuments m_longDocuments;
     LinkMarks m_links;
+    SpellingMarks m_spelling;
+    PictureHandles m_handles;
     UndoSteps m_undoSteps;
     RichTextFile::Loaded m_loaded;
     bool m_isChanged = false; ///< since the latest Change

@@ -8,7 +8,9 @@
 
 #include <QImage>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QTextList>
 
 // What reaches the control from the desktop: events, the clipboard, drops.
@@ -37,6 +39,19 @@ void RichTextBox::changeEvent(QEvent *event)
     });
 }
 
+void RichTextBox::contextMenuEvent(QContextMenuEvent *event)
+{
+    run([&] {
+        const QPoint scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
+        QMenu *menu = createStandardContextMenu(event->pos() + scrolled);
+        const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
+        const QTextCursor place = isByMouse ? cursorForPosition(event->pos()) : textCursor();
+        m_spelling.addSuggestions(*menu, place.position());
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        menu->popup(event->globalPos());
+    });
+}
+
 void RichTextBox::focusInEvent(QFocusEvent *event)
 {
     run([&] {
@@ -60,8 +75,12 @@ void RichTextBox::keyPressEvent(QKeyEvent *event)
 void RichTextBox::mousePressEvent(QMouseEvent *event)
 {
     run([&] {
-        if (event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier)
-            m_links.press(event->position().toPoint());
+        const QPoint point = event->position().toPoint();
+        const bool isPlain = event->button() == Qt::LeftButton && event->modifiers() == Qt::NoModifier;
+        if (isPlain && !Locked() && m_handles.press(point))
+            return;
+        if (isPlain)
+            m_links.press(point);
         QTextEdit::mousePressEvent(event);
     });
 }
@@ -74,14 +93,25 @@ void RichTextBox::mouseDoubleClickEvent(QMouseEvent *event)
 void RichTextBox::mouseMoveEvent(QMouseEvent *event)
 {
     run([&] {
+        const QPoint point = event->position().toPoint();
+        if (m_handles.isDragging()) {
+            m_handles.move(point, pageWidth());
+            return;
+        }
         QTextEdit::mouseMoveEvent(event);
-        m_links.hover(event->position().toPoint());
+        m_links.hover(point);
+        if (!Locked())
+            m_handles.hover(point);
     });
 }
 
 void RichTextBox::mouseReleaseEvent(QMouseEvent *event)
 {
     run([&] {
+        if (m_handles.isDragging()) {
+            m_handles.release();
+            return;
+        }
         QTextEdit::mouseReleaseEvent(event);
         if (event->button() != Qt::LeftButton)
             return;
@@ -94,8 +124,10 @@ void RichTextBox::mouseReleaseEvent(QMouseEvent *event)
 void RichTextBox::paintEvent(QPaintEvent *event)
 {
     runPainting([&] {
-        m_links.markVisible();
+        ViewMarks::show(*this, m_links.visible() + m_spelling.visible());
         QTextEdit::paintEvent(event);
+        if (!Locked())
+            m_handles.paint();
     });
 }
 
@@ -105,6 +137,14 @@ void RichTextBox::resizeEvent(QResizeEvent *event)
         m_longDocuments.catchUp();
         QTextEdit::resizeEvent(event);
         wrap();
+    });
+}
+
+void RichTextBox::showEvent(QShowEvent *event)
+{
+    run([&] {
+        m_longDocuments.show();
+        QTextEdit::showEvent(event);
     });
 }
 
@@ -137,13 +177,52 @@ void RichTextBox::insertFromMimeData(const QMimeData *source)
         const QByteArray richText = ClipboardText::richText(*source);
         if (!richText.isEmpty()) {
             setSelRTF(richText);
-        } else if (ClipboardText::isPicture(*source)) {
-            QTextCursor cursor = textCursor();
-            Pictures::insert(cursor, source->imageData().value<QImage>());
+        } else if (ClipboardText::isPicture(*source) || !ClipboardText::pictureFiles(*source).isEmpty()) {
+            insertPictures(*source);
         } else {
             QTextEdit::insertFromMimeData(source);
         }
         ensureCursorVisible();
+    });
+}
+
+/// The files as they are, before the picture that the other program has made of them.
+void RichTextBox::insertPictures(const QMimeData &source)
+{
+    QTextCursor cursor = textCursor();
+    cursor.beginEditBlock();
+    const QStringList files = ClipboardText::pictureFiles(source);
+    for (const QString &file : files)
+        Pictures::insertFile(cursor, file, pageWidth());
+    if (files.isEmpty())
+        Pictures::insert(cursor, source.imageData().value<QImage>(), pageWidth());
+    cursor.endEditBlock();
+}
+
+/// Pixels between the document's margins.
+double RichTextBox::pageWidth() const
+{
+    return document()->pageSize().width() - 2 * document()->documentMargin();
+}
+
+/// Whatever the other program proposes, its files stay with it.
+void RichTextBox::dropEvent(QDropEvent *event)
+{
+    run([&] {
+        QTextEdit::dropEvent(event);
+        if (event->mimeData()->hasUrls())
+            event->setDropAction(Qt::CopyAction);
+    });
+}
+
+/// Documents are left to the window around, which opens them.
+void RichTextBox::dragEnterEvent(QDragEnterEvent *event)
+{
+    run([&] {
+        if (ClipboardText::namesDocuments(*event->mimeData()))
+            event->ignore();
+        else
+            QTextEdit::dragEnterEvent(event);
     });
 }
 

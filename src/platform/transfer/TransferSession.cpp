@@ -102,6 +102,7 @@ void TransferSession::makeJob(const TransferCommand &command)
         m_job = std::make_unique<FtpList>();
         break;
     case TransferCommand::Get:
+        sweepOnce(command.folder);
         m_job = std::make_unique<FtpReceive>(command.name, command.folder, command.file);
         break;
     case TransferCommand::Put:
@@ -138,6 +139,13 @@ void TransferSession::makeJob(const TransferCommand &command)
     on(m_job.get(), &FtpJob::finished, this, &TransferSession::succeed);
     on(m_job.get(), &FtpJob::failed, this, &TransferSession::fail);
     on(m_job.get(), &FtpJob::heard, this, &TransferSession::waitLonger);
+}
+
+/// A folder may be large, and the windows wait meanwhile.
+void TransferSession::sweepOnce(const QByteArray &folder)
+{
+    if (!m_swept.contains(folder) && ReceivedFile::sweep(folder))
+        m_swept.insert(folder);
 }
 
 void TransferSession::connectToServer()

@@ -5,6 +5,7 @@
 #include "TransferCommand.h"
 
 #include <QList>
+#include <QSet>
 #include <QTimer>
 #include <memory>
 
@@ -33,6 +34,7 @@ private:
     void start(const QString &text);
     void closeByCommand();
     void makeJob(const TransferCommand &command);
+    void sweepOnce(const QByteArray &folder);
     void connectToServer();
     void runJob();
 
@@ -52,8 +54,9 @@ private:
     std::unique_ptr<FtpConnection> m_connection;
     std::unique_ptr<FtpJob> m_job;
     QTimer m_timeout;
-    QList<int> m_states;   ///< to be reported
-    quint64 m_command = 0; ///< counts the commands and their ends by cancel()
+    QSet<QByteArray> m_swept; ///< the local folders without what killed processes left
+    QList<int> m_states;      ///< to be reported
+    quint64 m_command = 0;    ///< counts the commands and their ends by cancel()
     bool m_isExecuting = false;
     bool m_isLost = false; ///< a connection that somebody was logged on by
     QString m_response;

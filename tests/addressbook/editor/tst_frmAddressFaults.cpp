@@ -7,14 +7,22 @@
 #include "Forms.h"
 #include "FullDisk.h"
 #include "PrintQt.h"
+#include "Recordset.h"
+#include "Snapshot.h"
 #include "Transaction.h"
 
 #include <QFileInfo>
 #include <QPlainTextEdit>
 #include <gtest/gtest.h>
+#include <latch>
 #include <sys/stat.h>
+#include <thread>
 
 namespace {
+
+/// Takes long, but less long than another program is waited for.
+const QString longWork = QStringLiteral("with recursive N(i) as (select 1 union all select i+1 from N where "
+                                        "i<1000000) select count(*) from N");
 
 struct FrmAddressFaultsTest : testing::Test
 {
@@ -142,6 +150,29 @@ TEST_F(FrmAddressFaultsTest, ADatabaseThatStaysLockedRefusesTheSave)
     EXPECT_TRUE(editor.isOpen());
     EXPECT_TRUE(editor.isEnabled("cmdCancel")); // nothing is stored
     EXPECT_EQ(editor.numbers(), QStringLiteral("///"));
+}
+
+/// As an export of all contacts does, which lets nobody write while it reads.
+TEST_F(FrmAddressFaultsTest, AReaderOfAnotherProgramIsWaitedFor)
+{
+    editor.openNew();
+    editor.type("txtName", QStringLiteral("Ann"));
+    std::latch isReading(1);
+    std::thread reader([&] {
+        Connection other;
+        other.open(editor.book.path());
+        const Snapshot snapshot(other);
+        Recordset names;
+        names.open(QStringLiteral("select count(*) from Names"), other);
+        isReading.count_down();
+        names.close();
+        names.open(longWork, other);
+    });
+    isReading.wait();
+    editor.click("cmdOK");
+    reader.join();
+    EXPECT_FALSE(editor.isOpen());
+    EXPECT_EQ(editor.numbers(), QStringLiteral("1//1/1"));
 }
 
 TEST_F(FrmAddressFaultsTest, ACityChosenWhileTheDatabaseIsLockedKeepsTheContact)

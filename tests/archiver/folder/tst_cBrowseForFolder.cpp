@@ -313,6 +313,8 @@ TEST_F(cBrowseForFolderTest, ANewFolderIsMadeAndSelected)
                       .expectInput(QStringLiteral("New Folder"), QStringLiteral("Enter new folder name"))
                       .type(QStringLiteral("new & <b>"));
                   press("cmdNewFolder");
+                  const auto &tree = control<QTreeView>("tvwFolders");
+                  EXPECT_FALSE(tree.isExpanded(tree.currentIndex())); // nothing is in it
                   press("cmdOK");
               }),
               path("a/new & <b>"));

@@ -16,7 +16,8 @@ ArchiveRecord record(const QString &name, const QString &folder = {})
     made.Folder = folder;
     made.Size = 1000;
     made.Factor = 75;
-    made.Date = QDateTime(QDate(2004, 3, 9), QTime(9, 40));
+    made.Day = QDate(2004, 3, 9);
+    made.Time = QTime(9, 40);
     return made;
 }
 

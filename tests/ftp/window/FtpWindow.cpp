@@ -32,7 +32,7 @@ QByteArray listingOf(const QStringList &rows)
 
 bool isPreparation(const QByteArray &request)
 {
-    constexpr const char *verbs[] = {"TYPE", "EPSV", "MDTM", "QUIT"};
+    constexpr const char *verbs[] = {"TYPE", "OPTS", "EPSV", "MDTM", "QUIT"};
     return std::any_of(std::begin(verbs), std::end(verbs),
                        [&](const char *verb) { return request.startsWith(verb); });
 }
@@ -88,6 +88,7 @@ void FtpWindow::forget()
 {
     server.forgetCommands();
     probe.forgetStates();
+    executed.forget();
     beeps = 0;
 }
 

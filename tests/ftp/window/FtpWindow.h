@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ExecutedCommands.h"
 #include "FakeFrame.h"
 #include "FtpServer.h"
 #include "InternetTransfer.h"
@@ -65,6 +66,7 @@ public:
     ScratchFolder local;
     FtpServer server{served.path()};
     SessionProbe probe;
+    ExecutedCommands executed;
     FakeFrame frame;
     int beeps = 0;
 

@@ -3,22 +3,30 @@
 #include <QMap>
 #include <cerrno>
 #include <chrono>
+#include <climits>
 #include <condition_variable>
 #include <cstdarg>
 #include <fcntl.h>
 #include <libdeflate.h>
 #include <mutex>
 #include <optional>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr std::chrono::seconds longestHold{10};
 
+struct Fault
+{
+    int error = 0;
+    int times = 0;
+};
+
 struct State
 {
     bool isActive = false;
-    QMap<FaultyCalls::Call, int> errors;
+    QMap<FaultyCalls::Call, Fault> faults;
     QMap<FaultyCalls::Call, int> counts;
     std::optional<FaultyCalls::Call> heldCall;
     QByteArray heldPath;
@@ -49,7 +57,8 @@ int enter(FaultyCalls::Call call, const char *path = nullptr)
         --state.held;
         changed.notify_all();
     }
-    return state.errors.value(call, 0);
+    const auto fault = state.faults.find(call);
+    return fault != state.faults.end() && fault->times-- > 0 ? fault->error : 0;
 }
 
 /// How many of \a size bytes the disk takes.
@@ -61,6 +70,14 @@ size_t roomFor(size_t size)
     const auto taken = size_t(qMin(*state.room, qint64(size)));
     *state.room -= qint64(taken);
     return taken;
+}
+
+QByteArray pathOf(int file)
+{
+    QByteArray path(PATH_MAX, Qt::Uninitialized);
+    const QByteArray link = "/proc/self/fd/" + QByteArray::number(file);
+    path.resize(qMax<ssize_t>(0, ::readlink(link.constData(), path.data(), size_t(path.size()))));
+    return path;
 }
 
 int failed(int error)
@@ -75,8 +92,11 @@ extern "C" {
 
 // NOLINTBEGIN: the linker gives these names their meaning
 int __real_open(const char *, int, ...);
+int __real_stat(const char *, struct stat *);
+ssize_t __real_pread(int, void *, size_t, off_t);
 ssize_t __real_write(int, const void *, size_t);
 ssize_t __real_pwrite(int, const void *, size_t, off_t);
+ssize_t __real_copy_file_range(int, off_t *, int, off_t *, size_t, unsigned);
 int __real_close(int);
 int __real_fsync(int);
 int __real_fdatasync(int);
@@ -95,6 +115,18 @@ int __wrap_open(const char *path, int flags, ...)
     return error ? failed(error) : __real_open(path, flags, mode);
 }
 
+int __wrap_stat(const char *path, struct stat *result)
+{
+    const int error = enter(FaultyCalls::Stat, path);
+    return error ? failed(error) : __real_stat(path, result);
+}
+
+ssize_t __wrap_pread(int file, void *bytes, size_t size, off_t offset)
+{
+    const int error = enter(FaultyCalls::Read);
+    return error ? failed(error) : __real_pread(file, bytes, size, offset);
+}
+
 ssize_t __wrap_write(int file, const void *bytes, size_t size)
 {
     if (const int error = enter(FaultyCalls::Write))
@@ -111,9 +143,16 @@ ssize_t __wrap_pwrite(int file, const void *bytes, size_t size, off_t offset)
     return taken == 0 && size > 0 ? failed(ENOSPC) : __real_pwrite(file, bytes, taken, offset);
 }
 
+ssize_t __wrap_copy_file_range(int from, off_t *fromOffset, int to, off_t *toOffset, size_t size,
+                               unsigned flags)
+{
+    const int error = enter(FaultyCalls::CopyRange);
+    return error ? failed(error) : __real_copy_file_range(from, fromOffset, to, toOffset, size, flags);
+}
+
 int __wrap_close(int file)
 {
-    const int error = enter(FaultyCalls::Close);
+    const int error = enter(FaultyCalls::Close, pathOf(file).constData());
     const int result = __real_close(file);
     return error ? failed(error) : result;
 }
@@ -171,10 +210,10 @@ FaultyCalls::~FaultyCalls()
     state = {};
 }
 
-void FaultyCalls::fail(Call call, int error) const
+void FaultyCalls::fail(Call call, int error, int times) const
 {
     const std::lock_guard lock(mutex);
-    state.errors[call] = error;
+    state.faults[call] = {error, times};
 }
 
 void FaultyCalls::leaveRoom(qint64 bytes) const

@@ -17,7 +17,6 @@ struct CompressionQueueTest : testing::Test
     ScratchFolder scratch;
     SourceFile first;
     SourceFile second;
-    std::vector<const SourceFile *> files = {&first};
     FaultyCalls calls;
 
     CompressionQueueTest()
@@ -27,9 +26,13 @@ struct CompressionQueueTest : testing::Test
         scratch.addFile("second", "22");
         second.path = scratch.file("second");
     }
+    static SourceFiles files(const std::vector<SourceFile> &all)
+    {
+        return std::make_shared<const std::vector<SourceFile>>(all);
+    }
     ReadFailure failureOfFirst() const
     {
-        CompressionQueue queue(files, LineEnds::Conversion::None, level);
+        CompressionQueue queue(files({first}), LineEnds::Conversion::None, level);
         try {
             queue.take([] {});
         } catch (const ReadFailure &failure) {
@@ -44,7 +47,7 @@ struct CompressionQueueTest : testing::Test
 TEST_F(CompressionQueueTest, CallsWhileItWaits)
 {
     calls.hold(FaultyCalls::Open);
-    CompressionQueue queue(files, LineEnds::Conversion::None, level);
+    CompressionQueue queue(files({first}), LineEnds::Conversion::None, level);
     int waits = 0;
     const CompressedPiece piece = queue.take([&] {
         if (++waits == 3)
@@ -56,23 +59,41 @@ TEST_F(CompressionQueueTest, CallsWhileItWaits)
     EXPECT_TRUE(piece.isLast);
 }
 
+/// Though a server that does not answer holds up a thread.
 TEST_F(CompressionQueueTest, TheCallMayEndTheJob)
 {
     struct Ended
     {};
-    calls.hold(FaultyCalls::Open);
-    CompressionQueue queue(files, LineEnds::Conversion::None, level);
-    EXPECT_THROW(queue.take([] { throw Ended(); }), Ended);
-    EXPECT_FALSE(calls.isOverdue());
-    calls.release();
+    for (const auto call : {FaultyCalls::Open, FaultyCalls::Read}) {
+        calls.hold(call);
+        {
+            CompressionQueue queue(files({first}), LineEnds::Conversion::None, level);
+            EXPECT_THROW(queue.take([&] {
+                if (calls.held() > 0)
+                    throw Ended();
+            }),
+                         Ended);
+        }
+        EXPECT_EQ(calls.held(), 1);
+        EXPECT_FALSE(calls.isOverdue());
+        calls.release();
+    }
+}
+
+TEST_F(CompressionQueueTest, SkipsFolders)
+{
+    SourceFile folder;
+    folder.isFolder = true;
+    CompressionQueue queue(files({folder, first, folder, second}), LineEnds::Conversion::None, level);
+    EXPECT_EQ(queue.take([] {}).size, 1);
+    EXPECT_EQ(queue.take([] {}).size, 2);
 }
 
 /// As a server can hang, with the file that is next.
 TEST_F(CompressionQueueTest, AFileThatIsBeingOpenedHoldsUpNoOther)
 {
-    files = {&first, &second};
     calls.hold(FaultyCalls::Open, second.path);
-    CompressionQueue queue(files, LineEnds::Conversion::None, level);
+    CompressionQueue queue(files({first, second}), LineEnds::Conversion::None, level);
     calls.waitUntilHeld();
     EXPECT_EQ(queue.take([] {}).size, 1);
     EXPECT_FALSE(calls.isOverdue());
@@ -99,6 +120,6 @@ TEST_F(CompressionQueueTest, FailsAsOpeningTheFileDid)
 TEST_F(CompressionQueueTest, WhatEndsAThreadReachesTheCaller)
 {
     constexpr int noSuchLevel = 99;
-    CompressionQueue queue(files, LineEnds::Conversion::None, noSuchLevel);
+    CompressionQueue queue(files({first}), LineEnds::Conversion::None, noSuchLevel);
     EXPECT_THROW(queue.take([] {}), std::bad_alloc);
 }

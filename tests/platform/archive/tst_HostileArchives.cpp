@@ -6,6 +6,7 @@
 #include "ScratchFolder.h"
 #include "UnzipRun.h"
 
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -152,6 +153,24 @@ TEST_F(HostileArchiveTest, FollowsNoLinkThatExists)
     EXPECT_EQ(FolderContent::filesOf(scratch.file("outside")),
               (QMap<QByteArray, QByteArray>{{"old", "old"}}));
     EXPECT_EQ(files().value("file"), QByteArray("evil")); // in place of the link
+}
+
+/// Another program puts a link in the place of a folder that the job has made.
+TEST_F(HostileArchiveTest, FollowsNoLinkThatAppearsMeanwhile)
+{
+    scratch.addFolder("outside");
+    scratch.addFolder("outside/sub");
+    job.isCancelled = [&](QByteArrayView name) {
+        if (name == "swap" && !std::filesystem::exists((target + "/old").toStdString())) {
+            std::filesystem::rename((target + "/folder").toStdString(), (target + "/old").toStdString());
+            scratch.addLink("target/folder", "../outside");
+        }
+        return false;
+    };
+    EXPECT_EQ(extract({evilFile("folder/sub/x"), evilFile("swap"), evilFile("folder/y"),
+                       evilFile("folder/sub/z"), evilFile("folder/new/x"), evilFile("folder/")}),
+              UnzipResult::Warning);
+    EXPECT_EQ(FolderContent::of(scratch.file("outside")).keys(), QByteArrayList{"sub"});
 }
 
 TEST_F(HostileArchiveTest, LeavesWhatIsInTheWay)

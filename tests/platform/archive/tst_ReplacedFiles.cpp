@@ -81,7 +81,7 @@ struct ReplacedFilesTest : testing::Test
         task.entry = &entry;
         task.name = task.path = name;
         task.folder = folder;
-        task.existing = PartFile::Existing::Replace;
+        task.existing = PendingFile::Existing::Replace;
         task.data = data;
         pool->add(std::move(task));
     }

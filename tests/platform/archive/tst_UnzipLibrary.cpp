@@ -157,6 +157,18 @@ TEST_F(UnzipLibraryTest, FindsNamesInAnotherCaseUnlessCaseCounts)
     EXPECT_EQ(files().value("Read.Me"), QByteArray("1"));
 }
 
+TEST_F(UnzipLibraryTest, TellsNamesApartThatDifferInTheirCase)
+{
+    make({extracted("name", "1"), extracted("NAME", "2")});
+    job.included = {"NAME"};
+    EXPECT_EQ(extract(), UnzipResult::Success);
+    EXPECT_EQ(files(), (QMap<QByteArray, QByteArray>{{"NAME", "2"}}));
+    job.included.clear();
+    EXPECT_EQ(extract(), UnzipResult::Success);
+    EXPECT_EQ(files(), (QMap<QByteArray, QByteArray>{{"NAME", "2"}, {"name", "1"}}));
+    EXPECT_TRUE(job.questions.isEmpty());
+}
+
 TEST_F(UnzipLibraryTest, FindsTheLongNamesThatItLists)
 {
     const QByteArray folder = QByteArray(150, 'f') + '/';
@@ -221,6 +233,54 @@ TEST_F(UnzipLibraryTest, KeepsModesAndTimesOfFoldersThatComeLast)
     EXPECT_EQ(files().size(), 2);
     for (const char *name : {"folder", "folder/inner"})
         ASSERT_EQ(::chmod((target + '/' + name).constData(), 0755), 0);
+}
+
+/// Also of folders whose entries the job has not come to.
+TEST_F(UnzipLibraryTest, KeepsModesAndTimesOfFoldersWhenItIsCancelled)
+{
+    MadeEntry first = extracted("first/", {});
+    MadeEntry last = extracted("last/", {});
+    for (MadeEntry *folder : {&first, &last}) {
+        folder->attributes = 040700u << 16;
+        folder->extra = unixTime(1'111'111'111);
+    }
+    make({first, extracted("first/a", "x"), extracted("last/b", "x"), extracted("stop", "x"), last});
+    job.isCancelled = [](QByteArrayView name) { return name == "stop"; };
+    EXPECT_EQ(extract(), UnzipResult::Cancelled);
+    for (const char *name : {"first", "last"}) {
+        EXPECT_EQ(stateOf(name).st_mode, S_IFDIR | 0700u);
+        EXPECT_EQ(stateOf(name).st_mtime, 1'111'111'111);
+    }
+}
+
+TEST_F(UnzipLibraryTest, KeepsModesOfFoldersOnAFullDisk)
+{
+    MadeEntry folder = extracted("folder/", {});
+    folder.attributes = 040700u << 16;
+    make({folder, extracted("folder/a", QByteArray(300'000, 'x'))});
+    const FaultyCalls calls;
+    calls.leaveRoom(100'000);
+    EXPECT_EQ(extract(), UnzipResult::DiskFull);
+    EXPECT_EQ(stateOf("folder").st_mode, S_IFDIR | 0700u);
+    EXPECT_TRUE(files().isEmpty());
+}
+
+/// The call comes for each of them, and the folders that are left get their modes without one.
+TEST_F(UnzipLibraryTest, KeepsModesOfFoldersWhenItIsCancelledWithThem)
+{
+    MadeEntry first = extracted("1/", {});
+    MadeEntry second = extracted("2/", {});
+    first.attributes = second.attributes = 040700u << 16;
+    make({first, second});
+    EXPECT_EQ(extract(), UnzipResult::Success);
+    const qsizetype calls = job.services.size();
+    std::filesystem::remove_all(target.toStdString());
+    job.services.clear();
+    job.isCancelled = [&](QByteArrayView) { return job.services.size() == calls; };
+    EXPECT_EQ(extract(), UnzipResult::Cancelled);
+    EXPECT_EQ(job.services.size(), calls);
+    for (const char *name : {"1", "2"})
+        EXPECT_EQ(stateOf(name).st_mode, S_IFDIR | 0700u);
 }
 
 TEST_F(UnzipLibraryTest, LeavesTheModeOfAFolderThatExists)
@@ -484,6 +544,19 @@ TEST_F(UnzipLibraryTest, NoFileAppearsThatCouldNotBeClosed)
     calls.fail(FaultyCalls::Close, EIO);
     EXPECT_EQ(extract(), UnzipResult::Warning);
     EXPECT_EQ(files(), (QMap<QByteArray, QByteArray>{{"a", "old"}}));
+}
+
+TEST_F(UnzipLibraryTest, GoesOnWhereASignalInterruptsACall)
+{
+    make({extracted("a", QByteArray(300'000, 'x'))});
+    job.options.noflag = 1;
+    for (const auto call : {FaultyCalls::Read, FaultyCalls::Write}) {
+        const FaultyCalls calls;
+        calls.fail(call, EINTR, 1);
+        EXPECT_EQ(extract(), UnzipResult::Success) << call;
+        EXPECT_GT(calls.count(call), 1);
+        EXPECT_EQ(files().value("a").size(), 300'000) << call;
+    }
 }
 
 TEST_F(UnzipLibraryTest, SaysWhatCannotBeOpened)

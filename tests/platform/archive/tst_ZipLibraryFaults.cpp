@@ -203,6 +203,35 @@ TEST_F(ZipLibraryFaultsTest, CallsWhileTheDiskTakesItsTime)
     EXPECT_EQ(names(), QByteArrayList{"one.txt"});
 }
 
+/// The old archive is gone with its last descriptor; a large one takes its time then.
+TEST_F(ZipLibraryFaultsTest, CallsWhileTheOldArchiveIsFreed)
+{
+    ASSERT_EQ(job.run(archive, {"one.txt"}), ZipResult::Success);
+    const FaultyCalls calls;
+    calls.hold(FaultyCalls::Close, archive + " (deleted)");
+    int waits = 0;
+    job.isCancelled = [&](QByteArrayView) {
+        if (calls.held() > 0 && ++waits == 3)
+            calls.release();
+        return false;
+    };
+    EXPECT_EQ(job.run(archive, {"two.txt"}), ZipResult::Success);
+    EXPECT_EQ(waits, 3);
+    EXPECT_FALSE(calls.isOverdue());
+}
+
+TEST_F(ZipLibraryFaultsTest, NobodyWaitsForTheOldArchiveToBeFreed)
+{
+    ASSERT_EQ(job.run(archive, {"one.txt"}), ZipResult::Success);
+    const FaultyCalls calls;
+    calls.hold(FaultyCalls::Close, archive + " (deleted)");
+    job.isCancelled = [&](QByteArrayView) { return calls.held() > 0; };
+    EXPECT_EQ(job.run(archive, {"two.txt"}), ZipResult::Success); // it is there already
+    EXPECT_EQ(calls.held(), 1);
+    EXPECT_FALSE(calls.isOverdue());
+    EXPECT_EQ(names().size(), 2);
+}
+
 TEST_F(ZipLibraryFaultsTest, StopsAtOnceWhileTheDiskTakesItsTime)
 {
     for (const auto call : {FaultyCalls::Write, FaultyCalls::Fsync}) {
@@ -213,6 +242,48 @@ TEST_F(ZipLibraryFaultsTest, StopsAtOnceWhileTheDiskTakesItsTime)
         EXPECT_FALSE(calls.isOverdue());
         EXPECT_EQ(calls.held(), 1);
         EXPECT_TRUE(beside().isEmpty());
+    }
+}
+
+/// A server that does not answer holds up neither the search for the files nor their reading.
+TEST_F(ZipLibraryFaultsTest, StopsAtOnceWhileAFileKeepsItWaiting)
+{
+    for (const auto call : {FaultyCalls::Stat, FaultyCalls::Open}) {
+        const FaultyCalls calls;
+        calls.hold(call, "two.txt");
+        job.isCancelled = [&](QByteArrayView) { return calls.held() > 0; };
+        EXPECT_EQ(job.run(archive, {"one.txt", "two.txt"}), ZipResult::Cancelled) << call;
+        EXPECT_FALSE(calls.isOverdue());
+        EXPECT_EQ(calls.held(), 1);
+        EXPECT_TRUE(beside().isEmpty());
+    }
+}
+
+TEST_F(ZipLibraryFaultsTest, CallsWhileItSearches)
+{
+    const FaultyCalls calls;
+    calls.hold(FaultyCalls::Stat, "two.txt");
+    int waits = 0;
+    job.isCancelled = [&](QByteArrayView) {
+        if (calls.held() > 0 && ++waits == 3)
+            calls.release();
+        return false;
+    };
+    EXPECT_EQ(job.run(archive, {"one.txt", "two.txt"}), ZipResult::Success);
+    EXPECT_EQ(waits, 3);
+    EXPECT_FALSE(calls.isOverdue());
+}
+
+TEST_F(ZipLibraryFaultsTest, GoesOnWhereASignalInterruptsACall)
+{
+    for (const auto call : {FaultyCalls::Read, FaultyCalls::Write, FaultyCalls::CopyRange}) {
+        std::filesystem::remove(archive.toStdString());
+        ASSERT_EQ(job.run(archive, {"one.txt"}), ZipResult::Success);
+        const FaultyCalls calls;
+        calls.fail(call, EINTR, 1);
+        EXPECT_EQ(job.run(archive, {"two.txt"}), ZipResult::Success) << call;
+        EXPECT_GT(calls.count(call), 1);
+        EXPECT_EQ(content().size(), 2) << call;
     }
 }
 

@@ -70,6 +70,41 @@ TEST(ThemeIcon, OneThatIsTooDarkForAButtonIsLighter)
     EXPECT_GT(shown.pixelColor(10, 6).red(), shown.pixelColor(10, 6).green() + 30); // red as before
 }
 
+/// Else a red mark beside a light symbol is hardly seen.
+TEST(ThemeIcon, EachColorOfASymbolIsSeenOnAButton)
+{
+    QGuiApplication::setPalette(darkPalette());
+    const QColor top = darkPalette().color(QPalette::Button).lighter(145);
+    const QString name = QStringLiteral("network-disconnect");
+    const QIcon icon = ThemeIcon::named(name);
+    for (const auto &[size, scale] :
+         {std::pair(16, 1), std::pair(22, 1), std::pair(22, 2), std::pair(32, 2)}) {
+        const QImage theme = QIcon::fromTheme(name).pixmap(QSize(size, size), scale).toImage();
+        const QImage shown = icon.pixmap(QSize(size, size), scale).toImage();
+        ASSERT_EQ(shown.size(), theme.size());
+        EXPECT_LT(leastContrast(theme, top), 2);
+        EXPECT_GE(leastContrast(shown, top), 2.9);
+        int marks = 0;
+        for (int x = 0; x < shown.width(); ++x) {
+            for (int y = 0; y < shown.height(); ++y) {
+                const QColor before = theme.pixelColor(x, y);
+                const QColor color = shown.pixelColor(x, y);
+                EXPECT_EQ(color.alpha(), before.alpha());
+                if (before.alpha() > 200 && before.red() > before.green() + 100) {
+                    ++marks;
+                    EXPECT_GT(color.red(), color.green() + 30); // red as before
+                } else if (before.alpha() > 200) {
+                    EXPECT_EQ(color, before); // was seen
+                }
+            }
+        }
+        EXPECT_GT(marks, 0);
+    }
+    const QImage disabled = icon.pixmap(22, QIcon::Disabled).toImage();
+    EXPECT_LT(leastContrast(disabled, darkPalette().color(QPalette::Disabled, QPalette::ButtonText)), 1.1);
+    EXPECT_GT(leastContrast(disabled, darkPalette().color(QPalette::Window)), 2.5);
+}
+
 TEST(ThemeIcon, OneWithSeveralColorsKeepsThem)
 {
     const QTemporaryDir themes;
@@ -83,6 +118,7 @@ TEST(ThemeIcon, OneWithSeveralColorsKeepsThem)
     ASSERT_TRUE(image.save(folder.filePath(QStringLiteral("colored/22/flag.png"))));
     QIcon::setThemeSearchPaths(QStringList(themes.path()) << QIcon::themeSearchPaths());
     QIcon::setThemeName(QStringLiteral("colored"));
+    EXPECT_EQ(drawing("flag", QIcon::Normal).pixel(5, 10), QColor(Qt::blue).rgb());
     for (const QIcon::Mode mode : {QIcon::Disabled, QIcon::Selected}) {
         const QImage drawn = drawing("flag", mode);
         ASSERT_EQ(drawn.width(), 22);

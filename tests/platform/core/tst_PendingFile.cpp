@@ -1,3 +1,4 @@
+#include "AsUser.h"
 #include "FailingCalls.h"
 #include "FileNames.h"
 #include "Files.h"
@@ -198,6 +199,16 @@ TEST_F(PendingFileTest, KeepsItsTimeOfChange)
     EXPECT_EQ(state("name").st_mtime, 1'000'000'007);
 }
 
+TEST_F(PendingFileTest, MayHaveMoreThan4GiB)
+{
+    constexpr off_t size = 5LL << 30;
+    PendingFile file(folder.get(), 0600);
+    ASSERT_EQ(::lseek(file.file(), size - 3, SEEK_SET), size - 3);
+    file.write("end");
+    file.publish("name", Existing::Keep);
+    EXPECT_EQ(state("name").st_size, size);
+}
+
 TEST_F(PendingFileTest, AFolderThatCannotBeWrittenIsAnError)
 {
     try {
@@ -241,6 +252,37 @@ TEST_F(PendingFileTest, ASweepRemovesWhatAKilledProcessLeft)
     EXPECT_EQ(names().size(), 3);
     EXPECT_TRUE(names().contains(QStringLiteral(".quill-notes")));
     EXPECT_TRUE(names().contains(QStringLiteral("x.part")));
+}
+
+/// Whose names are nearly such names, or that are no files.
+TEST_F(PendingFileTest, ASweepLeavesWhatIsNoPendingFile)
+{
+    for (const char *name :
+         {".quill-.part", ".quill-my notes.part", ".quill-notes.part", ".quill-1234567890ABC.part",
+          ".quill-1234567890abc.parts", ".quill-01234567890abc.part", "x.quill-1234567890abc.part",
+          ".quill-1234567890a.c.part"})
+        scratch.addFile(name, "mine");
+    scratch.addFile("target", "mine");
+    scratch.addLink(".quill-000000000link.part", "target");
+    scratch.addFolder(".quill-0000000folder.part");
+    ASSERT_EQ(::mkfifo(scratch.file(".quill-000000000pipe.part").constData(), 0600), 0);
+    const auto all = QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot;
+    const QStringList before = QDir(scratch.path()).entryList(all);
+    scratch.addFile(".quill-1234567890abc.part", "half");
+    PendingFile::sweep(folder.get());
+    EXPECT_EQ(QDir(scratch.path()).entryList(all), before);
+}
+
+TEST_F(PendingFileTest, ASweepLeavesTheFilesOfOtherUsers)
+{
+    {
+        const AsUser user(scratch.path());
+        scratch.addFile(".quill-0000000000001.part", "half");
+    }
+    const bool isOfOther =
+        state(".quill-0000000000001.part").st_uid != ::geteuid(); // where root runs the tests
+    PendingFile::sweep(folder.get());
+    EXPECT_EQ(names().size(), isOfOther ? 1 : 0);
 }
 
 /// Sweeps come at any moment, also between the making of a file and its lock.

@@ -5,6 +5,7 @@
 #include "ShownText.h"
 
 #include <QDialogButtonBox>
+#include <QIconEngine>
 #include <QImage>
 #include <QListWidget>
 #include <QMdiArea>
@@ -20,7 +21,7 @@ namespace {
 
 constexpr QSize barSize(200, 24);
 
-QImage paint(QStyle::State state, QStyle::SubControls active = QStyle::SC_None)
+QImage paint(QStyle::State state, QStyle::SubControls active = QStyle::SC_None, const QIcon &icon = {})
 {
     const FlatTitleStyle style;
     QStyleOptionTitleBar bar;
@@ -32,11 +33,28 @@ QImage paint(QStyle::State state, QStyle::SubControls active = QStyle::SC_None)
     bar.titleBarState = int(state);
     bar.activeSubControls = active;
     bar.text = QStringLiteral("Document 1");
+    bar.icon = icon;
     QImage image(barSize, QImage::Format_RGB32);
     QPainter painter(&image);
     style.drawComplexControl(QStyle::CC_TitleBar, &bar, &painter, nullptr);
     return image;
 }
+
+/// Records where it is drawn.
+class RecordedIcon : public QIconEngine
+{
+public:
+    explicit RecordedIcon(QRect &place)
+        : m_place(place)
+    {}
+
+    void paint(QPainter *, const QRect &rect, QIcon::Mode, QIcon::State) override { m_place = rect; }
+    QPixmap pixmap(const QSize &size, QIcon::Mode, QIcon::State) override { return QPixmap(size); }
+    QIconEngine *clone() const override { return new RecordedIcon(*this); }
+
+private:
+    QRect &m_place;
+};
 
 /// The title bar of a child window that is too narrow for \a title.
 QImage barWithTitle(const QString &title)
@@ -160,6 +178,17 @@ TEST(FlatTitleStyle, TheBarIsFlatInThePalettesColours)
     EXPECT_EQ(active.pixelColor(110, 1), ground);
     EXPECT_EQ(active.pixelColor(110, barSize.height() - 2), ground);
     EXPECT_EQ(paint(QStyle::State_None).pixelColor(110, 1), Palettes::light().color(QPalette::Button));
+}
+
+/// Themes have no pictures of the sizes in between.
+TEST(FlatTitleStyle, TheIconHasTheSizeOfASmallOne)
+{
+    QRect place;
+    paint(QStyle::State_Active, QStyle::SC_None, QIcon(new RecordedIcon(place)));
+    EXPECT_EQ(place.size(), QSize(16, 16));
+    EXPECT_EQ(place.center().y(), QRect(QPoint(), barSize).center().y());
+    EXPECT_GE(place.left(), 0);
+    EXPECT_LT(place.right(), 30);
 }
 
 TEST(FlatTitleStyle, ALongTitleShowsItsEnd)

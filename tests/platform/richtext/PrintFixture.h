@@ -39,7 +39,7 @@ protected:
         QImage image(width, height, QImage::Format_RGB32);
         image.fill(Qt::red);
         QTextCursor cursor = box.textCursor();
-        Pictures::insert(cursor, image);
+        Pictures::insert(cursor, image, 1e6);
     }
     /// The dots of a page's picture in \a area, in points, that are of \a color.
     int dots(const QRectF &area, const QColor &color, int page = 1)

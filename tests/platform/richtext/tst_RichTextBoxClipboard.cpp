@@ -1,10 +1,14 @@
+#include "Files.h"
+#include "Pictures.h"
 #include "RichTextFixture.h"
 #include "RichTextProperties.h"
+#include "ScratchFolder.h"
 
 #include <QBuffer>
 #include <QImage>
 #include <QMimeData>
 #include <QRegularExpression>
+#include <QUrl>
 
 namespace {
 
@@ -234,4 +238,67 @@ TEST_F(Clipboard, NothingOutsideIsOpened)
     box.insertFromMimeData(&data);
     box.grab();
     EXPECT_TRUE(box.Text().startsWith(u'a'));
+}
+
+TEST_F(Clipboard, AWidePictureIsShownAsWideAsItsLine)
+{
+    box.resize(400, 300);
+    box.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&box));
+    data.setImageData(QImage(2000, 1000, QImage::Format_RGB32));
+    box.insertFromMimeData(&data);
+    const double line = box.document()->pageSize().width() - 2 * box.document()->documentMargin();
+    EXPECT_EQ(Pictures::sizeAt(*box.document(), 0), QSizeF(line, line / 2));
+}
+
+TEST_F(Clipboard, PictureFilesComeInAsPicturesInOneStep)
+{
+    const ScratchFolder folder;
+    picture().save(QString::fromUtf8(folder.file("a.png")));
+    picture().save(QString::fromUtf8(folder.file("b.bmp")));
+    data.setUrls({QUrl::fromLocalFile(QString::fromUtf8(folder.file("a.png"))),
+                  QUrl::fromLocalFile(QString::fromUtf8(folder.file("b.bmp")))});
+    EXPECT_TRUE(box.canInsertFromMimeData(&data));
+    box.insertFromMimeData(&data);
+    EXPECT_EQ(box.Text(), QString(2, QChar::ObjectReplacementCharacter));
+    EXPECT_EQ(box.TextRTF().count("\\pngblip"), 2);
+    box.undo();
+    EXPECT_EQ(box.Text(), QString());
+}
+
+TEST_F(Clipboard, APhotographStaysAsItCame)
+{
+    const ScratchFolder folder;
+    const QString path = QString::fromUtf8(folder.file("photo.jpg"));
+    picture().save(path);
+    data.setUrls({QUrl::fromLocalFile(path)});
+    box.insertFromMimeData(&data);
+    EXPECT_TRUE(box.TextRTF().contains("\\jpegblip"));
+    EXPECT_TRUE(box.TextRTF().contains(Files::read(path).toHex()));
+}
+
+TEST_F(Clipboard, OtherFilesComeInAsTheirNames)
+{
+    const ScratchFolder folder;
+    const QString path = QString::fromUtf8(folder.file("notes.pdf"));
+    Files::write(path, "%PDF");
+    data.setUrls({QUrl::fromLocalFile(path)});
+    box.insertFromMimeData(&data);
+    EXPECT_TRUE(box.Text().contains(QStringLiteral("notes.pdf")));
+}
+
+TEST_F(Clipboard, ADraggedDocumentIsLeftToTheWindowAround)
+{
+    const ScratchFolder folder;
+    const QString path = QString::fromUtf8(folder.file("letter.RTF"));
+    Files::write(path, "{\\rtf1}");
+    data.setUrls({QUrl::fromLocalFile(path)});
+    QDragEnterEvent letter(QPoint(20, 20), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(box.viewport(), &letter);
+    EXPECT_FALSE(letter.isAccepted());
+    QMimeData text;
+    text.setText(QStringLiteral("words"));
+    QDragEnterEvent words(QPoint(20, 20), Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(box.viewport(), &words);
+    EXPECT_TRUE(words.isAccepted());
 }

@@ -1,5 +1,6 @@
 #include "AsUser.h"
 #include "FailingCalls.h"
+#include "FailingWrites.h"
 #include "FileNames.h"
 #include "Files.h"
 #include "FtpServer.h"
@@ -9,10 +10,12 @@
 #include "PrintQt.h"
 #include "ScratchFolder.h"
 #include "ScratchVariable.h"
+#include "SmallDisk.h"
 #include "TransferError.h"
 #include "TransferProbe.h"
 
 #include <QDir>
+#include <cerrno>
 #include <climits>
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -210,6 +213,17 @@ TEST_F(FtpReceiveTest, AFileThatGrowsMeanwhileIsReceived)
     EXPECT_EQ(localContent("a"), "12345");
 }
 
+/// Whose size has its last 32 bits.
+TEST_F(FtpReceiveTest, AFileThatShouldHaveMoreThan4GiBIsNotWhole)
+{
+    remote.addFile("a", "12345");
+    server.reply("SIZE", "213 4294967301");
+    EXPECT_EQ(probe.codeOf(get(QStringLiteral("a"))), TransferError::ConnectionReset);
+    EXPECT_EQ(localNames(), QByteArrayList());
+    EXPECT_EQ(probe.codeOf("SIZE \"a\""), 0);
+    EXPECT_EQ(probe.response(), QStringLiteral("4294967301"));
+}
+
 TEST_F(FtpReceiveTest, TheLastReplyMayComeFirst)
 {
     const QByteArray bytes = content(1'000'000);
@@ -226,6 +240,32 @@ TEST_F(FtpReceiveTest, WithoutTheLastReplyTheFileIsNotWhole)
     probe.session().setRequestTimeout(1);
     EXPECT_EQ(probe.codeOf(get(QStringLiteral("a"))), TransferError::TimedOut);
     EXPECT_EQ(localNames(), QByteArrayList());
+}
+
+/// A large folder takes its time, and a receive looks into the one that it is about to write to.
+TEST_F(FtpReceiveTest, WhatKilledReceivesLeftIsRemovedOnceForEachFolder)
+{
+    local.addFolder("other");
+    const auto leave = [this](const QByteArray &folder) {
+        local.addFile(folder + ".quill-000000000left.part", "half");
+        return local.file(folder + ".quill-000000000left.part");
+    };
+    const auto isThere = [](const QByteArray &path) { return ::access(path.constData(), F_OK) == 0; };
+    const QByteArray left = leave({});
+    const QByteArray leftInOther = leave("other/");
+    for (const char *name : {"a", "b", "c"})
+        remote.addFile(name);
+    EXPECT_EQ(probe.codeOf(get(QStringLiteral("a"))), 0);
+    EXPECT_FALSE(isThere(left));
+    EXPECT_TRUE(isThere(leftInOther));
+    leave({});
+    EXPECT_EQ(probe.codeOf(get(QStringLiteral("b"))), 0);
+    EXPECT_TRUE(isThere(left));
+    EXPECT_EQ(probe.codeOf(QStringLiteral("GET \"a\" \"%1/other\\a\"").arg(local.path())), 0);
+    EXPECT_FALSE(isThere(leftInOther));
+    TransferProbe later(server);
+    EXPECT_EQ(later.codeOf(get(QStringLiteral("c"))), 0);
+    EXPECT_FALSE(isThere(left));
 }
 
 TEST_F(FtpReceiveTest, AFileThatIsNotThereIsRefused)
@@ -255,6 +295,35 @@ TEST_F(FtpReceiveTest, AFullDiskIsReportedAndLeavesNothing)
     }
     EXPECT_EQ(localNames(), QByteArrayList());
     EXPECT_EQ(probe.codeOf("DIR"), 0);
+    EXPECT_EQ(server.connections(), 1);
+}
+
+TEST_F(FtpReceiveTest, SoIsADiskThatFillsUpOrAQuotaThatIsUsedUp)
+{
+    remote.addFile("a", content(5'000'000));
+    for (const int error : {ENOSPC, EDQUOT}) {
+        for (const int room : {0, 1'000'000, 4'999'999}) {
+            const FailingWrites writes(error, room);
+            EXPECT_EQ(probe.codeOf(get(QStringLiteral("a"))), TransferError::DiskFull)
+                << error << ' ' << room;
+            EXPECT_EQ(localNames(), QByteArrayList());
+        }
+    }
+    EXPECT_EQ(probe.codeOf(get(QStringLiteral("a"))), 0);
+    EXPECT_EQ(server.connections(), 1);
+}
+
+TEST_F(FtpReceiveTest, ASmallDiskIsLeftAsItWas)
+{
+    const SmallDisk disk(1 << 20);
+    if (!disk.isMounted())
+        GTEST_SKIP() << "this user may not mount a file system";
+    remote.addFile("large", content(5'000'000));
+    remote.addFile("small", content(500'000));
+    const QString command = QStringLiteral("GET \"%1\" \"%2\\%1\"");
+    EXPECT_EQ(probe.codeOf(command.arg(QStringLiteral("large"), disk.path())), TransferError::DiskFull);
+    EXPECT_EQ(QDir(disk.path()).entryList(QDir::Files | QDir::Hidden), QStringList());
+    EXPECT_EQ(probe.codeOf(command.arg(QStringLiteral("small"), disk.path())), 0);
     EXPECT_EQ(server.connections(), 1);
 }
 

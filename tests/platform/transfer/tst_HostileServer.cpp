@@ -7,6 +7,7 @@
 #include "TransferError.h"
 #include "TransferProbe.h"
 
+#include <QDir>
 #include <QHostAddress>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -114,7 +115,7 @@ TEST_F(HostileServerTest, AListWithoutAnEndIsCutOff)
     server.setEndlessListing("type=file; " + QByteArray(20000, 'n'));
     EXPECT_EQ(probe.codeOf("DIR"), TransferError::InvalidResponse);
     EXPECT_EQ(probe.response(), QString());
-    server.setEndlessListing(QByteArray(50, ' '));
+    server.setEndlessListing(QByteArray(50, 'x')); // no row
     EXPECT_EQ(probe.codeOf("DIR"), TransferError::InvalidResponse);
     EXPECT_EQ(probe.codeOf("CDUP"), 0);
     EXPECT_EQ(server.connections(), 1);
@@ -168,6 +169,7 @@ TEST_F(HostileServerTest, TheEndOfTheSessionInPlaceOfAReplyIsALostConnection)
         {"RETR", QStringLiteral("GET \"a\" \"%1\\a\"").arg(local.path())},
         {"STOR", QStringLiteral("PUT \"%1\\b\" \"b\"").arg(local.path())},
         {"CWD", QStringLiteral("CD \"a\"")},
+        {"OPTS", QStringLiteral("DIR")},
         {"EPSV", QStringLiteral("DIR")},
     };
     for (const auto &row : cases) {
@@ -203,6 +205,34 @@ TEST_F(HostileServerTest, PortsThatNeverAnswerTimeOut)
     probe.session().setRequestTimeout(1);
     EXPECT_EQ(probe.codeOf("DIR"), TransferError::TimedOut);
     EXPECT_EQ(server.commands("PASV").size(), 1);
+}
+
+/// Another program has taken the port and says what it likes; the server itself has sent nothing.
+TEST_F(HostileServerTest, DataOfAListenerThatTookThePortIsNotUsed)
+{
+    QTcpServer stranger;
+    ASSERT_TRUE(stranger.listen(QHostAddress::LocalHost));
+    int visits = 0;
+    QObject::connect(&stranger, &QTcpServer::newConnection, &stranger, [&] {
+        ++visits;
+        QTcpSocket *socket = stranger.nextPendingConnection();
+        socket->write("type=file; ../x\r\ntype=dir; <b>y</b>\r\n");
+        socket->disconnectFromHost();
+    });
+    const ScratchFolder local;
+    server.setPassivePort(stranger.serverPort());
+    for (const char *reply : {"425 Cannot open the data connection.", "150 Go on.\r\n426 Nobody has come."}) {
+        server.reply("MLSD", reply);
+        server.reply("RETR", reply);
+        EXPECT_EQ(probe.codeOf("DIR"), TransferError::Refused) << reply;
+        EXPECT_EQ(probe.response(), QString());
+        EXPECT_EQ(probe.codeOf(QStringLiteral("GET \"a\" \"%1\\a\"").arg(local.path())),
+                  TransferError::Refused);
+        EXPECT_EQ(QDir(local.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+                  QStringList());
+    }
+    EXPECT_EQ(visits, 4);
+    EXPECT_EQ(server.connections(), 1);
 }
 
 TEST_F(HostileServerTest, AnEmptyFolderMayBeARefusal)

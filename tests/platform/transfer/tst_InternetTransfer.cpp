@@ -36,9 +36,14 @@ TEST_F(InternetTransferTest, ReportsItsStatesInOrder)
 {
     remote.addFile("a", "x");
     EXPECT_EQ(probe.run("DIR"), InternetTransfer::ResponseCompleted);
-    // Greeting, then USER, PASS, TYPE, EPSV and MLSD.
-    EXPECT_EQ(probe.states(), repeated({1, 2, 3, 4, 7, 8}, {5, 6, 7, 8}, 5) + QList<int>{12});
-    EXPECT_EQ(server.commands(), (QByteArrayList{"USER tester", "PASS secret", "TYPE A", "EPSV", "MLSD"}));
+    // Greeting, then USER, PASS, TYPE, OPTS, EPSV and MLSD.
+    EXPECT_EQ(probe.states(), repeated({1, 2, 3, 4, 7, 8}, {5, 6, 7, 8}, 6) + QList<int>{12});
+    EXPECT_EQ(server.commands(),
+              (QByteArrayList{"USER tester", "PASS secret", "TYPE A", "OPTS MLST type;", "EPSV", "MLSD"}));
+
+    probe.forgetStates();
+    EXPECT_EQ(probe.run("DIR"), InternetTransfer::ResponseCompleted); // EPSV and MLSD
+    EXPECT_EQ(probe.states(), repeated({}, {5, 6, 7, 8}, 2) + QList<int>{12});
 
     probe.forgetStates();
     EXPECT_EQ(probe.run("SIZE \"a\""), InternetTransfer::ResponseCompleted);
@@ -131,6 +136,7 @@ TEST_F(InternetTransferTest, WhatTheServerLacksIsRememberedForItsConnectionAlone
     EXPECT_EQ(server.commands("MLSD").size(), 1);
     EXPECT_EQ(server.commands("EPSV").size(), 1);
     EXPECT_EQ(server.commands("LIST").size(), 2);
+    EXPECT_EQ(server.commands("OPTS").size(), 1);
     EXPECT_EQ(server.commands("TYPE").size(), 1);
 
     FtpServer other(remote.path());
@@ -140,6 +146,42 @@ TEST_F(InternetTransferTest, WhatTheServerLacksIsRememberedForItsConnectionAlone
     EXPECT_EQ(other.commands("MLSD").size(), 1);
     EXPECT_EQ(other.commands("EPSV").size(), 1);
     EXPECT_EQ(other.commands("LIST").size(), 0);
+}
+
+TEST_F(InternetTransferTest, AServerMayRefuseToLeaveFactsAway)
+{
+    remote.addFolder("sub");
+    for (const char *reply :
+         {"500 Unknown command.", "501 No such option.", "451 Not now.", "332 Account?"}) {
+        server.forgetCommands();
+        server.reply("OPTS", reply);
+        for (int i = 0; i < 2; ++i) {
+            EXPECT_EQ(probe.codeOf("DIR"), 0) << reply;
+            EXPECT_EQ(probe.rows(), QStringList{QStringLiteral("sub/")});
+        }
+        EXPECT_EQ(server.commands("OPTS"), QByteArrayList{"OPTS MLST type;"}) << reply;
+        EXPECT_EQ(server.commands("MLSD").size(), 2);
+        probe.session().Cancel();
+    }
+}
+
+/// Its MLSD would list folders like files.
+TEST_F(InternetTransferTest, AServerThatLeavesTheTypeAwayIsAskedByList)
+{
+    remote.addFolder("sub");
+    for (const char *reply : {"200 MLST OPTS", "200 MLST OPTS size;modify;"}) {
+        server.forgetCommands();
+        server.reply("OPTS", reply);
+        server.setListing(" sub\r\n");
+        EXPECT_EQ(probe.codeOf("DIR"), 0) << reply;
+        EXPECT_EQ(server.commands("MLSD").size(), 0) << reply;
+        EXPECT_EQ(server.commands("LIST").size(), 1) << reply;
+        probe.session().Cancel();
+    }
+    server.reply("OPTS", "200 MLST OPTS Type;");
+    server.setListing({});
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+    EXPECT_EQ(probe.rows(), QStringList{QStringLiteral("sub/")});
 }
 
 TEST_F(InternetTransferTest, NoNameBecomesASecondCommand)

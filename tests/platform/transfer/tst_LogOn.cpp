@@ -1,3 +1,4 @@
+#include "ConnectedSocket.h"
 #include "FtpServer.h"
 #include "InternetTransfer.h"
 #include "PrintQt.h"
@@ -7,6 +8,7 @@
 #include "TransferProbe.h"
 
 #include <gtest/gtest.h>
+#include <netinet/tcp.h>
 
 namespace {
 
@@ -108,6 +110,22 @@ TEST_F(LogOnTest, AHostIsFoundByItsName)
 {
     probe.session().setRemoteHost(QStringLiteral("localhost:%1").arg(server.port()));
     EXPECT_EQ(probe.codeOf("DIR"), 0);
+}
+
+/// Else a router in between forgets it during a long transfer, in which nothing is sent on it.
+TEST_F(LogOnTest, TheConnectionIsKeptAlive)
+{
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+    const int socket = socketConnectedTo(server.port());
+    const auto valueOf = [socket](int level, int option) {
+        int value = -1;
+        socklen_t size = sizeof value;
+        EXPECT_EQ(::getsockopt(socket, level, option, &value, &size), 0);
+        return value;
+    };
+    EXPECT_EQ(valueOf(SOL_SOCKET, SO_KEEPALIVE), 1);
+    EXPECT_EQ(valueOf(IPPROTO_TCP, TCP_KEEPIDLE), 30);
+    EXPECT_EQ(valueOf(IPPROTO_TCP, TCP_KEEPINTVL), 10);
 }
 
 TEST_F(LogOnTest, AServerThatHangsUpBeforeTheLogOnHasResetTheConnection)

@@ -96,9 +96,12 @@ TEST_F(ReceivedFileTest, ErrorsOfTheDiskAreReported)
 
 TEST_F(ReceivedFileTest, RemovesWhatAKilledReceiveLeft)
 {
-    const QByteArray left = ".quill-left.part";
+    const QByteArray left = ".quill-000000000left.part";
     local.addFile(left, "half");
     const ReceivedFile file(folder(), "a");
+    EXPECT_TRUE(names().contains(QString::fromLatin1(left)));
+    EXPECT_TRUE(ReceivedFile::sweep(folder()));
     EXPECT_FALSE(names().contains(QString::fromLatin1(left)));
-    EXPECT_EQ(names().size(), 1);
+    EXPECT_EQ(names().size(), 1); // the one that is being received
+    EXPECT_FALSE(ReceivedFile::sweep(folder() + "/none"));
 }

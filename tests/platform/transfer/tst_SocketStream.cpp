@@ -1,3 +1,4 @@
+#include "ConnectedSocket.h"
 #include "DeafPort.h"
 #include "FileNames.h"
 #include "ScratchClock.h"
@@ -68,17 +69,7 @@ public:
     }
 
     /// The stream's own end of the connection.
-    int socketOfStream() const
-    {
-        for (int candidate = 3; candidate < 1024; ++candidate) {
-            sockaddr_in remote = {};
-            socklen_t length = sizeof remote;
-            if (::getpeername(candidate, reinterpret_cast<sockaddr *>(&remote), &length) == 0 &&
-                remote.sin_family == AF_INET && ntohs(remote.sin_port) == serverPort())
-                return candidate;
-        }
-        return -1;
-    }
+    int socketOfStream() const { return socketConnectedTo(serverPort()); }
 
     /// All that comes until the stream's end.
     QByteArray readToEnd() const

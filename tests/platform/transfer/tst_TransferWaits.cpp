@@ -7,6 +7,7 @@
 #include "RuntimeError.h"
 #include "ScratchClock.h"
 #include "ScratchFolder.h"
+#include "SlowLookUp.h"
 #include "TransferError.h"
 #include "TransferProbe.h"
 
@@ -63,6 +64,19 @@ protected:
         looks.start(1);
         probe.waitFor([&] { return calls.syncs() > before; });
     }
+    /// A command has begun to look for the server, which takes its time.
+    void beginLookUp(const SlowLookUp &lookUps)
+    {
+        probe.session().setRemoteHost(QStringLiteral("localhost:%1").arg(server.port()));
+        probe.start("DIR");
+        awaitLookUps(lookUps, 1);
+    }
+    static void awaitLookUps(const SlowLookUp &lookUps, int count)
+    {
+        QTimer looks; // it is another thread that gets there
+        looks.start(1);
+        TransferProbe::waitFor([&] { return lookUps.waiting() == count; });
+    }
     template<class Handler>
     void onState(Handler handler)
     {
@@ -115,15 +129,17 @@ TEST_P(CancelAtStage, EndsAtOnceAndLeavesNothing)
     EXPECT_EQ(probe.codeOf("DIR"), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Stages, CancelAtStage,
-    testing::Values(HeldStage{"Greeting", FtpServer::Greeting, 'L'}, HeldStage{"User", "USER", 'L'},
-                    HeldStage{"Password", "PASS", 'L'}, HeldStage{"Type", "TYPE", 'L'},
-                    HeldStage{"Passive", "EPSV", 'L'}, HeldStage{"List", "MLSD", 'L'},
-                    HeldStage{"ListEnd", FtpServer::EndOfData, 'L'}, HeldStage{"Size", "SIZE", 'G'},
-                    HeldStage{"Receive", "RETR", 'G'}, HeldStage{"ReceiveEnd", FtpServer::EndOfData, 'G'},
-                    HeldStage{"Send", "STOR", 'P'}, HeldStage{"SendEnd", FtpServer::EndOfData, 'P'}),
-    RowName());
+INSTANTIATE_TEST_SUITE_P(Stages, CancelAtStage,
+                         testing::Values(HeldStage{"Greeting", FtpServer::Greeting, 'L'},
+                                         HeldStage{"User", "USER", 'L'}, HeldStage{"Password", "PASS", 'L'},
+                                         HeldStage{"Type", "TYPE", 'L'}, HeldStage{"Facts", "OPTS", 'L'},
+                                         HeldStage{"Passive", "EPSV", 'L'}, HeldStage{"List", "MLSD", 'L'},
+                                         HeldStage{"ListEnd", FtpServer::EndOfData, 'L'},
+                                         HeldStage{"Size", "SIZE", 'G'}, HeldStage{"Receive", "RETR", 'G'},
+                                         HeldStage{"ReceiveEnd", FtpServer::EndOfData, 'G'},
+                                         HeldStage{"Send", "STOR", 'P'},
+                                         HeldStage{"SendEnd", FtpServer::EndOfData, 'P'}),
+                         RowName());
 
 TEST_F(TransferWaitsTest, CancelWithinEachStateIsTheEnd)
 {
@@ -295,13 +311,14 @@ TEST_F(TransferWaitsTest, CloseMakesAWayForANewLogOnToo)
 TEST_F(TransferWaitsTest, ADropInTheMiddleIsReportedWithTheState)
 {
     EXPECT_EQ(probe.codeOf("DIR"), 0);
-    for (const char *stage : {"CDUP", "MLSD"}) {
+    for (const char *stage : {"CDUP", "OPTS", "MLSD"}) {
         probe.session().Cancel();
         EXPECT_EQ(probe.codeOf("SIZE \"a\""), 0);
         probe.forgetStates();
         server.dropBefore(stage);
-        EXPECT_EQ(probe.codeOf(QByteArray(stage) == "MLSD" ? "DIR" : stage), TransferError::ConnectionLost);
+        EXPECT_EQ(probe.codeOf(QByteArray(stage) == "CDUP" ? "CDUP" : "DIR"), TransferError::ConnectionLost);
         EXPECT_EQ(probe.states().mid(probe.states().size() - 2), (QList<int>{10, 11}));
+        server.forgetFault(stage);
     }
     EXPECT_EQ(probe.codeOf("DIR"), TransferError::ConnectionLost);
 }
@@ -318,7 +335,7 @@ TEST_F(TransferWaitsTest, AServerThatClosesAfterItsReplyHasReplied)
 TEST_F(TransferWaitsTest, ASilentServerTimesOut)
 {
     probe.session().setRequestTimeout(1);
-    for (const char *stage : {FtpServer::Greeting, "PASS", "EPSV"}) {
+    for (const char *stage : {FtpServer::Greeting, "PASS", "OPTS", "EPSV"}) {
         server.keepSilent(stage);
         EXPECT_EQ(probe.codeOf("DIR"), TransferError::TimedOut) << stage;
         server.forgetFault(stage);
@@ -388,6 +405,38 @@ TEST_F(TransferWaitsTest, AnUploadThatIsTakenSlowlyGoesOn)
     probe.session().setRequestTimeout(1);
     EXPECT_EQ(probe.codeOf(put()), 0);
     EXPECT_EQ(taken, size);
+}
+
+TEST_F(TransferWaitsTest, CancelDoesNotWaitForALookUp)
+{
+    SlowLookUp lookUps;
+    beginLookUp(lookUps);
+    probe.session().Cancel();
+    EXPECT_FALSE(probe.session().StillExecuting());
+    EXPECT_EQ(lookUps.waiting(), 1);
+    probe.forgetStates();
+    lookUps.release();
+    awaitLookUps(lookUps, 0);
+    runPendingEvents();
+    EXPECT_TRUE(probe.states().isEmpty());
+    EXPECT_EQ(server.connections(), 0);
+    EXPECT_EQ(probe.codeOf("DIR"), 0);
+}
+
+TEST_F(TransferWaitsTest, ASlowLookUpTimesOut)
+{
+    SlowLookUp lookUps;
+    probe.session().setRequestTimeout(1);
+    beginLookUp(lookUps);
+    probe.wait();
+    EXPECT_EQ(probe.session().ResponseCode(), TransferError::TimedOut);
+    EXPECT_EQ(probe.states(), (QList<int>{State::ResolvingHost, State::Error}));
+    lookUps.release();
+    awaitLookUps(lookUps, 0);
+    runPendingEvents();
+    EXPECT_EQ(probe.states().size(), 2);
+    EXPECT_EQ(server.connections(), 0);
+    EXPECT_EQ(probe.codeOf("DIR"), 0); // nobody was logged on, so nothing is lost
 }
 
 TEST_F(TransferWaitsTest, NothingTimesOutAfterCancel)
@@ -464,5 +513,28 @@ TEST_F(TransferWaitsTest, TheSessionNeverHoldsUpTheEventLoop)
         server.hold(FtpServer::EndOfData);
         probe.wait();
         EXPECT_EQ(probe.session().ResponseCode(), 0);
+    }
+}
+
+/// The server sends something each half a minute, which is no silence.
+TEST_F(TransferWaitsTest, AListThatTakesTooLongEnds)
+{
+    using namespace std::chrono_literals;
+    for (const auto &[minutes, code] : {std::pair(9, 0), std::pair(11, int(TransferError::TimedOut))}) {
+        server.setListing("type=file; a\r\n");
+        server.hold("MLSD");
+        probe.start("DIR");
+        probe.waitFor([this] { return server.isHolding(); });
+        for (int i = 0; i < 2 * minutes; ++i) {
+            server.sendUnasked("150-wait\r\n");
+            probe.waitFor([this] { return server.isDelivered(); });
+            runPendingEvents();
+            clock.advance(30s);
+        }
+        server.release();
+        probe.wait();
+        EXPECT_EQ(probe.session().ResponseCode(), code) << minutes;
+        probe.session().Cancel();
+        probe.forgetStates();
     }
 }

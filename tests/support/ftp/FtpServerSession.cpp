@@ -181,7 +181,7 @@ QByteArray FtpServerSession::performOnFile(const QByteArray &verb, const QByteAr
         return "257 \"" + m_folder.current().replace('"', "\"\"") + '"';
     if (verb == "CWD" || verb == "CDUP")
         return done(m_folder.enter(verb == "CDUP" ? QByteArray("..") : argument) ? 0 : -1);
-    if (verb == "TYPE")
+    if (verb == "TYPE" || verb == "OPTS") // no option changes what MLSD sends
         return "200 Done.";
     if (verb == "FEAT")
         return "211-Features:\r\n MLST type*;size*;modify*;\r\n UTF8\r\n211 End";

@@ -18,6 +18,7 @@ namespace {
 
 constexpr qint64 writtenAtOnce = 1 << 20;
 constexpr qint64 copiedAtOnce = 16 << 20;
+constexpr mode_t privateMode = 0600; // until the archive is whole
 
 void checkCall(bool isDone)
 {
@@ -52,6 +53,8 @@ void copyRange(const FileDescriptor &from, const FileDescriptor &to, qint64 begi
         loff_t source = at;
         loff_t target = at;
         const ssize_t copied = ::copy_file_range(from.get(), &source, to.get(), &target, size_t(end - at), 0);
+        if (copied < 0 && errno == EINTR)
+            continue;
         checkCall(copied >= 0);
         if (copied == 0)
             throw FileFailure(EIO); // the old file has become shorter
@@ -61,9 +64,9 @@ void copyRange(const FileDescriptor &from, const FileDescriptor &to, qint64 begi
 }
 
 /// For calls that a cancelled job leaves alone: they go on when \a file is closed already.
-std::shared_ptr<const FileDescriptor> sharedCopy(const FileDescriptor &file)
+std::shared_ptr<const FileDescriptor> sharedCopy(int file)
 {
-    return std::make_shared<const FileDescriptor>(file.duplicate());
+    return std::make_shared<const FileDescriptor>(FileDescriptor::duplicateOf(file));
 }
 
 /// The whole archive where that has no entries.
@@ -85,7 +88,7 @@ ArchiveRewrite::ArchiveRewrite(const QByteArray &path, const OldArchive &old, qi
     , m_name(path.sliced(path.lastIndexOf('/') + 1))
     , m_betweenPieces(std::move(betweenPieces))
 {
-    PartFile::sweep(m_folder);
+    PendingFile::sweep(m_folder.get());
 }
 
 void ArchiveRewrite::keepWhenEmpty(qint64 size, const QByteArray &comment)
@@ -137,12 +140,22 @@ void ArchiveRewrite::begin()
     // libzip goes on by copying everything where the first way has failed; a cancelled job must not.
     if (failure())
         std::rethrow_exception(failure());
-    m_new = std::make_unique<PartFile>(m_folder);
+    makeNew();
     m_position = m_size = 0;
     m_unwritten.clear();
     m_unwritten.reserve(writtenAtOnce);
     if (prefix() > 0)
         copyOld(0);
+}
+
+void ArchiveRewrite::makeNew()
+{
+    const auto made = std::make_shared<std::unique_ptr<PendingFile>>();
+    const auto make = [made, folder = sharedCopy(m_folder.get())] {
+        FileFailure::translated([&] { *made = std::make_unique<PendingFile>(folder->get(), privateMode); });
+    };
+    DiskCall::run(make, m_betweenPieces);
+    m_new = std::move(*made);
 }
 
 /// What the old file has before and in the first \a size bytes of its archive stays as it is.
@@ -151,7 +164,7 @@ void ArchiveRewrite::copyOld(qint64 size)
     const qint64 end = prefix() + size;
     for (qint64 begin = m_size; begin < end; begin += copiedAtOnce) {
         m_betweenPieces();
-        callDisk([from = sharedCopy(file()), begin, pieceEnd = qMin(begin + copiedAtOnce, end)](
+        callDisk([from = sharedCopy(file().get()), begin, pieceEnd = qMin(begin + copiedAtOnce, end)](
                      const FileDescriptor &to) { copyRange(*from, to, begin, pieceEnd); });
     }
     m_position = m_size = qMax(m_size, end);
@@ -196,31 +209,47 @@ zip_int64_t ArchiveRewrite::seekNew(void *arguments, zip_uint64_t size)
 void ArchiveRewrite::commit()
 {
     writeGathered();
-    if (file().isOpen())
-        KeptAttributes::copy(file(), m_new->file());
-    else
-        checkCall(::fchmod(m_new->file().get(), FileMode::ordinary()) == 0);
-    callDisk([](const FileDescriptor &to) { checkCall(::fsync(to.get()) == 0); });
+    setAttributes();
+    save();
     requireUnchanged();
     publish();
     try {
-        // The rename itself has to last; not every file system offers it.
-        DiskCall::run([folder = sharedCopy(m_folder)] { ::fsync(folder->get()); }, m_betweenPieces);
+        // The rename itself has to last; not every file system offers that.
+        DiskCall::run([folder = sharedCopy(m_folder.get())] { ::fsync(folder->get()); }, m_betweenPieces);
     } catch (...) {
     } // the archive is there
+}
+
+void ArchiveRewrite::setAttributes() const
+{
+    if (file().isOpen())
+        callDisk(
+            [old = sharedCopy(file().get())](const FileDescriptor &to) { KeptAttributes::copy(*old, to); });
+    else
+        callDisk([](const FileDescriptor &to) { checkCall(::fchmod(to.get(), FileMode::ordinary()) == 0); });
+}
+
+void ArchiveRewrite::save() const
+{
+    const auto save = [sync = m_new->syncing()] {
+        if (const int error = sync())
+            throw FileFailure(error);
+    };
+    DiskCall::run(save, m_betweenPieces);
 }
 
 /// Cannot be cancelled: nobody could say then which archive is there.
 void ArchiveRewrite::publish()
 {
-    const auto existing = file().isOpen() ? PartFile::Existing::Replace : PartFile::Existing::Keep;
+    const auto existing = file().isOpen() ? PendingFile::Existing::Replace : PendingFile::Existing::Keep;
     const auto whileWaiting = [this] {
         try {
             m_betweenPieces();
         } catch (...) {
         }
     };
-    DiskCall::run([this, existing] { m_new->publish(m_name, existing); }, whileWaiting);
+    DiskCall::run([this, existing] { FileFailure::translated([&] { m_new->publish(m_name, existing); }); },
+                  whileWaiting);
 }
 
 void ArchiveRewrite::requireUnchanged() const

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ArchiveSource.h"
-#include "PartFile.h"
+#include "PendingFile.h"
 
 #include <functional>
 #include <memory>
@@ -37,11 +37,14 @@ private:
     };
 
     void begin();
+    void makeNew();
     void copyOld(qint64 size);
     void write(QByteArrayView bytes);
     void writeGathered();
     zip_int64_t seekNew(void *arguments, zip_uint64_t size);
     void commit();
+    void setAttributes() const;
+    void save() const;
     void publish();
     void requireUnchanged() const;
     void callDisk(std::function<void(const FileDescriptor &)> step) const;
@@ -52,7 +55,7 @@ private:
     QByteArray m_name;
     std::function<void()> m_betweenPieces;
     std::optional<Empty> m_leftWhenEmpty;
-    std::unique_ptr<PartFile> m_new;
+    std::unique_ptr<PendingFile> m_new;
     qint64 m_position = 0; ///< in the new file, prefix included
     qint64 m_size = 0;     ///< of the new file
     QByteArray m_unwritten;

@@ -2,7 +2,7 @@
 
 #include "ArchiveEntry.h"
 #include "PackedData.h"
-#include "PartFile.h"
+#include "PendingFile.h"
 #include "TargetFolder.h"
 
 #include <functional>
@@ -19,7 +19,7 @@ struct ExtractionTask
     QByteArray name;
     TargetFolder::Folder folder;                ///< without one the data is not written, but handed to output
     std::function<void(QByteArrayView)> output; ///< may be empty: the data is only checked
-    PartFile::Existing existing = PartFile::Existing::Keep;
+    PendingFile::Existing existing = PendingFile::Existing::Keep;
     mode_t ordinaryMode = 0600; ///< where the entry has no permissions
     bool convertsReturns = false;
 };

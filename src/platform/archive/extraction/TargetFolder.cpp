@@ -1,7 +1,7 @@
 #include "TargetFolder.h"
 
 #include "FileFailure.h"
-#include "PartFile.h"
+#include "PendingFile.h"
 
 #include <fcntl.h>
 #include <linux/openat2.h>
@@ -38,7 +38,7 @@ TargetFolder::TargetFolder(const QByteArray &path)
     const QByteArray folder = path.isEmpty() ? QByteArray(".") : path;
     makeFolders(folder);
     m_target = std::make_shared<FileDescriptor>(FileDescriptor::open(folder, O_PATH | O_DIRECTORY));
-    PartFile::sweep(*m_target);
+    PendingFile::sweep(m_target->get());
 }
 
 TargetFolder::Folder TargetFolder::folder(const QByteArray &path)
@@ -61,7 +61,7 @@ TargetFolder::Folder TargetFolder::open(const QByteArray &path)
         throw FileFailure();
     if (!m_swept.contains(path)) {
         m_swept.insert(path);
-        PartFile::sweep(found);
+        PendingFile::sweep(found.get());
     }
     return std::make_shared<FileDescriptor>(std::move(found));
 }

@@ -11,7 +11,6 @@
 #include "LocalHeader.h"
 #include "PlainData.h"
 #include "ServiceName.h"
-#include "TargetName.h"
 #include "UnzipResult.h"
 #include "WrongPassword.h"
 
@@ -157,6 +156,18 @@ void UnzipJob::extractAll()
     }
     m_extents.emplace(m_directory);
     m_pool.emplace(m_file);
+    try {
+        extractEntries();
+        restoreFolders([this] { callService(); });
+    } catch (...) {
+        m_pool.reset(); // no file comes into a folder that has its time and permissions
+        restoreFolders([] {});
+        throw;
+    }
+}
+
+void UnzipJob::extractEntries()
+{
     bool isAnyIncluded = false;
     for (std::size_t i = 0; i < m_directory.entries.size(); ++i) {
         const ArchiveEntry &entry = m_directory.entries[i];
@@ -169,7 +180,6 @@ void UnzipJob::extractAll()
         guarded(entry.name, [&] { extract(i); });
     }
     finishAll();
-    restoreFolders();
     if (!isAnyIncluded && !m_included->isEmpty())
         m_result = qMax(m_result, UnzipResult::NothingFound);
 }
@@ -192,7 +202,7 @@ void UnzipJob::extract(std::size_t index)
     m_pool->add(std::move(*task));
 }
 
-void UnzipJob::makeFolder(const ArchiveEntry &entry, const QByteArray &path)
+void UnzipJob::makeFolder(const QByteArray &path)
 {
     if (path.isEmpty() || !m_target)
         return;
@@ -201,18 +211,20 @@ void UnzipJob::makeFolder(const ArchiveEntry &entry, const QByteArray &path)
     m_target->folder(path);
     if (isNew)
         print("   creating: " + EntryName::shown(path) + '/', ifAll);
-    if (m_target->hasMade(path)) // perhaps for a file that came before it
-        m_newFolders.insert(path, &entry);
+}
+
+TargetName UnzipJob::targetOf(const ArchiveEntry &entry) const
+{
+    return TargetName::of(entry, (m_options.ndflag ? TargetName::UseFolders : 0) |
+                                     (m_options.SpaceToUnderScore ? TargetName::SpaceToUnderscore : 0));
 }
 
 /// Nothing where the entry has no data, or where a file that exists stays.
 std::optional<ExtractionTask> UnzipJob::taskFor(const ArchiveEntry &entry)
 {
-    const int options = (m_options.ndflag ? TargetName::UseFolders : 0) |
-                        (m_options.SpaceToUnderScore ? TargetName::SpaceToUnderscore : 0);
-    const TargetName target = TargetName::of(entry, options);
+    const TargetName target = targetOf(entry);
     if (target.name.isEmpty()) {
-        makeFolder(entry, target.folder);
+        makeFolder(target.folder);
         return {};
     }
     ExtractionTask task;
@@ -232,7 +244,7 @@ std::optional<ExtractionTask> UnzipJob::taskFor(const ArchiveEntry &entry)
         return task;
     if (!mayReplace(entry, task, existing))
         return {};
-    task.existing = PartFile::Existing::Replace;
+    task.existing = PendingFile::Existing::Replace;
     return task;
 }
 
@@ -395,13 +407,33 @@ void UnzipJob::finishAll()
         finishOne();
 }
 
+/// The folders that the job has made, by their paths, and their entries, which may be further on than it
+/// came.
+QMap<QByteArray, const ArchiveEntry *> UnzipJob::madeFolders() const
+{
+    QMap<QByteArray, const ArchiveEntry *> folders;
+    for (const ArchiveEntry &entry : m_directory.entries) {
+        if (!entry.isFolder() || !includes(entry))
+            continue;
+        try {
+            if (const QByteArray path = targetOf(entry).folder; m_target->hasMade(path))
+                folders.insert(path, &entry);
+        } catch (const BadArchive &) {
+        } // its name is not allowed
+    }
+    return folders;
+}
+
 /// Last, and the inner ones first: files that come into a folder change its time, and its permissions may
 /// forbid more files.
-void UnzipJob::restoreFolders()
+void UnzipJob::restoreFolders(const std::function<void()> &betweenFolders)
 {
-    for (auto folder = m_newFolders.cend(); folder != m_newFolders.cbegin();) {
+    if (!m_target)
+        return;
+    const auto folders = madeFolders();
+    for (auto folder = folders.cend(); folder != folders.cbegin();) {
         --folder;
-        callService();
+        betweenFolders();
         guarded(folder.key(), [&] { m_target->restore(folder.key(), *folder.value()); });
     }
 }

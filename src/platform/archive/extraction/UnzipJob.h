@@ -10,9 +10,11 @@
 #include "LibzipEntries.h"
 #include "NameFilter.h"
 #include "TargetFolder.h"
+#include "TargetName.h"
 #include "USERFUNCTION.h"
 
 #include <QMap>
+#include <functional>
 #include <optional>
 #include <sys/stat.h>
 
@@ -32,10 +34,12 @@ private:
     void runSteps();
     void list();
     void extractAll();
+    void extractEntries();
     bool includes(const ArchiveEntry &entry) const;
 
     void extract(std::size_t index);
-    void makeFolder(const ArchiveEntry &entry, const QByteArray &path);
+    void makeFolder(const QByteArray &path);
+    TargetName targetOf(const ArchiveEntry &entry) const;
     std::optional<ExtractionTask> taskFor(const ArchiveEntry &entry);
     void waitFor(const QByteArray &path);
     bool mayReplace(const ArchiveEntry &entry, const ExtractionTask &task, const struct stat &existing);
@@ -52,7 +56,8 @@ private:
     void report(const ExtractionPool::Done &done);
     void finishOne();
     void finishAll();
-    void restoreFolders();
+    QMap<QByteArray, const ArchiveEntry *> madeFolders() const;
+    void restoreFolders(const std::function<void()> &betweenFolders);
 
     /// Runs \a step for the entry \a path and makes a message and the result of what it throws.
     template<class Step>
@@ -81,8 +86,7 @@ private:
     std::optional<LibzipEntries> m_libzip;
     EntryExtraction m_extraction; ///< for what is printed
     std::optional<ExtractionPool> m_pool;
-    QSet<QByteArray> m_atWork;                           ///< the paths of the pool's tasks
-    QMap<QByteArray, const ArchiveEntry *> m_newFolders; ///< whose times and permissions are still to be set
+    QSet<QByteArray> m_atWork; ///< the paths of the pool's tasks
     enum class Replacing { Ask, All, None } m_replacing = Replacing::Ask;
     mode_t m_ordinaryMode;
 };

@@ -48,18 +48,12 @@ FileDescriptor FileDescriptor::openFolderOf(const QByteArray &path)
     return open(slash < 0 ? QByteArray(".") : path.left(slash + 1), O_RDONLY | O_DIRECTORY);
 }
 
-FileDescriptor FileDescriptor::duplicate() const
+FileDescriptor FileDescriptor::duplicateOf(int descriptor)
 {
-    FileDescriptor copy(::fcntl(m_descriptor, F_DUPFD_CLOEXEC, 0));
+    FileDescriptor copy(::fcntl(descriptor, F_DUPFD_CLOEXEC, 0));
     if (!copy.isOpen())
         throw FileFailure();
     return copy;
-}
-
-void FileDescriptor::close()
-{
-    if (::close(std::exchange(m_descriptor, -1)) != 0)
-        throw FileFailure();
 }
 
 qint64 FileDescriptor::size() const
@@ -84,16 +78,4 @@ qsizetype FileDescriptor::readAt(qint64 offset, char *to, qsizetype size) const
         done += got;
     }
     return done;
-}
-
-void FileDescriptor::write(QByteArrayView bytes) const
-{
-    while (!bytes.isEmpty()) {
-        const ssize_t taken = ::write(m_descriptor, bytes.data(), size_t(bytes.size()));
-        if (taken < 0 && errno == EINTR)
-            continue;
-        if (taken < 0)
-            throw FileFailure();
-        bytes = bytes.sliced(taken);
-    }
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QByteArray>
-#include <QByteArrayView>
 
 /// An open file or folder, closed at the end. All functions but the constructors throw FileFailure.
 class FileDescriptor
@@ -20,20 +19,17 @@ public:
     /// An ordinary file, for reading. Does not wait for whoever writes to a pipe; fails with ENOTSUP where \a
     /// path is something else, but for EISDIR where it is a folder.
     static FileDescriptor openOrdinary(const QByteArray &path);
+    /// The open file \a descriptor again, with the same locks.
+    static FileDescriptor duplicateOf(int descriptor);
     /// The folder that \a path is in.
     static FileDescriptor openFolderOf(const QByteArray &path);
 
     bool isOpen() const { return m_descriptor >= 0; }
     int get() const { return m_descriptor; }
-    /// The same open file again, with the same locks.
-    FileDescriptor duplicate() const;
-    /// Some file systems report here what they could not write.
-    void close();
 
     qint64 size() const;
     /// The number of bytes read: fewer than \a size only at the end of the file.
     qsizetype readAt(qint64 offset, char *to, qsizetype size) const;
-    void write(QByteArrayView bytes) const;
 
 private:
     int m_descriptor = -1;

@@ -1,8 +1,14 @@
 #include "CompressionQueue.h"
 
+#include "FileDescriptor.h"
 #include "FileFailure.h"
+#include "PieceCompressor.h"
 #include "ReadFailure.h"
 #include "WorkerThreads.h"
+
+#include <condition_variable>
+#include <deque>
+#include <mutex>
 
 namespace {
 
@@ -12,26 +18,100 @@ constexpr qsizetype testedForText = 4096;
 
 } // namespace
 
-CompressionQueue::CompressionQueue(const std::vector<const SourceFile *> &files,
-                                   LineEnds::Conversion conversion, int level)
-    : m_files(files)
-    , m_conversion(conversion)
-    , m_level(level)
-    , m_threads(WorkerThreads::start([this] { work(); }))
-{}
+/// What the threads and the owner of the queue share.
+class CompressionQueue::Work
+{
+public:
+    Work(const SourceFiles &files, LineEnds::Conversion conversion, int level);
+
+    CompressedPiece take(const std::function<void()> &whileWaiting);
+    /// What each thread does.
+    void run();
+    void end();
+
+private:
+    /// A file while its pieces are being handed out.
+    struct Opened
+    {
+        const SourceFile *file = nullptr;
+        FileDescriptor descriptor;
+        qint64 size = 0;
+        qint64 next = 0; ///< where the next piece begins
+        int error = 0;   ///< of opening it; a value of errno
+        LineEnds::Conversion conversion = LineEnds::Conversion::None;
+    };
+
+    struct Slot
+    {
+        std::shared_ptr<Opened> opened;
+        qint64 offset = 0;
+        qint64 length = 0;
+        CompressedPiece piece;
+        bool isDone = false;
+    };
+
+    void compressAll();
+    std::shared_ptr<Slot> takeSlot();
+    std::shared_ptr<Slot> nextSlot();
+    void openNext(std::unique_lock<std::mutex> &lock);
+    std::shared_ptr<Opened> open(const SourceFile &file) const;
+    void compress(PieceCompressor &compressor, Slot &slot) const;
+    bool isAtEnd() const { return m_nextFile == m_files.size() && !m_opened && !m_isOpening; }
+
+    const SourceFiles m_owned; ///< those that m_files has
+    std::vector<const SourceFile *> m_files;
+    const LineEnds::Conversion m_conversion;
+    const int m_level;
+    std::mutex m_mutex; ///< for all below
+    std::condition_variable m_forWorkers;
+    std::condition_variable m_forOwner;
+    std::deque<std::shared_ptr<Slot>> m_slots;
+    std::shared_ptr<Opened> m_opened; ///< the file whose pieces are handed out
+    std::size_t m_nextFile = 0;
+    bool m_isOpening = false; ///< a thread opens a file
+    qint64 m_ahead = 0;       ///< bytes in m_slots
+    bool m_isEnding = false;
+    std::exception_ptr m_failure; ///< what has ended a thread
+};
+
+CompressionQueue::CompressionQueue(const SourceFiles &files, LineEnds::Conversion conversion, int level)
+    : m_work(std::make_shared<Work>(files, conversion, level))
+{
+    for (std::thread &thread : WorkerThreads::start([work = m_work] { work->run(); }))
+        thread.detach();
+}
 
 CompressionQueue::~CompressionQueue()
+{
+    m_work->end();
+}
+
+CompressedPiece CompressionQueue::take(const std::function<void()> &whileWaiting)
+{
+    return m_work->take(whileWaiting);
+}
+
+CompressionQueue::Work::Work(const SourceFiles &files, LineEnds::Conversion conversion, int level)
+    : m_owned(files)
+    , m_conversion(conversion)
+    , m_level(level)
+{
+    for (const SourceFile &file : *files) {
+        if (!file.isFolder)
+            m_files.push_back(&file);
+    }
+}
+
+void CompressionQueue::Work::end()
 {
     {
         const std::lock_guard lock(m_mutex);
         m_isEnding = true;
     }
     m_forWorkers.notify_all();
-    for (std::thread &thread : m_threads)
-        thread.join();
 }
 
-CompressedPiece CompressionQueue::take(const std::function<void()> &whileWaiting)
+CompressedPiece CompressionQueue::Work::take(const std::function<void()> &whileWaiting)
 {
     const auto isThere = [this] { return m_failure || (!m_slots.empty() && m_slots.front()->isDone); };
     std::unique_lock lock(m_mutex);
@@ -53,7 +133,7 @@ CompressedPiece CompressionQueue::take(const std::function<void()> &whileWaiting
 }
 
 /// No exception ends a thread unnoticed.
-void CompressionQueue::work()
+void CompressionQueue::Work::run()
 {
     try {
         compressAll();
@@ -66,7 +146,7 @@ void CompressionQueue::work()
     m_forOwner.notify_one();
 }
 
-void CompressionQueue::compressAll()
+void CompressionQueue::Work::compressAll()
 {
     PieceCompressor compressor(m_level);
     while (const auto slot = takeSlot()) {
@@ -88,7 +168,7 @@ void CompressionQueue::compressAll()
 }
 
 /// Null at the end.
-std::shared_ptr<CompressionQueue::Slot> CompressionQueue::takeSlot()
+std::shared_ptr<CompressionQueue::Work::Slot> CompressionQueue::Work::takeSlot()
 {
     const auto canGoOn = [this] { return m_isEnding || isAtEnd() || (!m_isOpening && m_ahead < mostAhead); };
     std::unique_lock lock(m_mutex);
@@ -107,7 +187,7 @@ std::shared_ptr<CompressionQueue::Slot> CompressionQueue::takeSlot()
 }
 
 /// The disk or server of a file may hang, which is no reason for the others to wait.
-void CompressionQueue::openNext(std::unique_lock<std::mutex> &lock)
+void CompressionQueue::Work::openNext(std::unique_lock<std::mutex> &lock)
 {
     const SourceFile &file = *m_files[m_nextFile++];
     m_isOpening = true;
@@ -119,7 +199,7 @@ void CompressionQueue::openNext(std::unique_lock<std::mutex> &lock)
     m_forWorkers.notify_all();
 }
 
-std::shared_ptr<CompressionQueue::Slot> CompressionQueue::nextSlot()
+std::shared_ptr<CompressionQueue::Work::Slot> CompressionQueue::Work::nextSlot()
 {
     Opened &opened = *m_opened;
     auto slot = std::make_shared<Slot>();
@@ -138,7 +218,7 @@ std::shared_ptr<CompressionQueue::Slot> CompressionQueue::nextSlot()
 }
 
 /// Where it fails, the file's one piece fails.
-std::shared_ptr<CompressionQueue::Opened> CompressionQueue::open(const SourceFile &file) const
+std::shared_ptr<CompressionQueue::Work::Opened> CompressionQueue::Work::open(const SourceFile &file) const
 {
     auto opened = std::make_shared<Opened>();
     opened->file = &file;
@@ -158,7 +238,7 @@ std::shared_ptr<CompressionQueue::Opened> CompressionQueue::open(const SourceFil
     return opened;
 }
 
-void CompressionQueue::compress(PieceCompressor &compressor, Slot &slot) const
+void CompressionQueue::Work::compress(PieceCompressor &compressor, Slot &slot) const
 {
     const Opened &opened = *slot.opened;
     CompressedPiece &piece = slot.piece;

@@ -1,8 +1,6 @@
 #include "FileCollector.h"
 
 #include "FilePattern.h"
-#include "JobEnd.h"
-#include "ZipResult.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -17,7 +15,10 @@ namespace {
 
 constexpr int recurseFolders = 1;
 constexpr int recursePatterns = 2;
-constexpr std::size_t filesAtOnce = 64;
+
+/// Ends a search.
+struct Ended
+{};
 
 std::optional<SourceFile> stateOf(const QByteArray &path)
 {
@@ -48,21 +49,20 @@ QByteArray joined(const QByteArray &folder, const QByteArray &name)
 
 } // namespace
 
-FileCollector::FileCollector(const ZPOPT &options,
-                             std::function<void(const QByteArray &name, const char *reason)> warn,
-                             std::function<void()> betweenFiles)
+FileCollector::FileCollector(const ZPOPT &options)
     : m_options(options)
-    , m_warn(std::move(warn))
-    , m_betweenFiles(std::move(betweenFiles))
 {}
 
-std::vector<SourceFile> FileCollector::collect(const QByteArrayList &names)
+FileCollector::Found FileCollector::collect(const QByteArrayList &names)
 {
-    if (m_options.fRecurse == recursePatterns)
-        addMatchesBelow(names);
-    else
-        std::for_each(names.cbegin(), names.cend(), [this](const QByteArray &name) { addNamed(name); });
-    return std::move(m_files);
+    try {
+        if (m_options.fRecurse == recursePatterns)
+            addMatchesBelow(names);
+        else
+            std::for_each(names.cbegin(), names.cend(), [this](const QByteArray &name) { addNamed(name); });
+    } catch (const Ended &) {
+    }
+    return std::move(m_found);
 }
 
 void FileCollector::addNamed(const QByteArray &name)
@@ -83,7 +83,7 @@ void FileCollector::addMatches(const QByteArray &pattern)
     const QByteArray folder = pattern.left(name);
     bool isAny = false;
     for (const QByteArray &found : namesIn(folder)) {
-        countFile();
+        checkStopped();
         const QByteArray path = joined(folder, found);
         if (!FilePattern::matchesFile(pattern.sliced(name), found))
             continue;
@@ -93,7 +93,7 @@ void FileCollector::addMatches(const QByteArray &pattern)
             addBelow(path);
     }
     if (!isAny)
-        m_warn(pattern, "nothing matches");
+        warn(pattern, "nothing matches");
 }
 
 void FileCollector::addBelow(const QByteArray &folder)
@@ -116,7 +116,7 @@ void FileCollector::addMatchesBelow(const QByteArrayList &patterns)
             add(path);
     });
     for (const QByteArray &pattern : std::as_const(unused))
-        m_warn(pattern, "nothing matches");
+        warn(pattern, "nothing matches");
 }
 
 /// Calls \a visit for everything below \a folder; empty for the current one.
@@ -127,7 +127,7 @@ void FileCollector::walk(const QByteArray &folder, Visit visit)
     while (!left.isEmpty()) {
         const QByteArray at = left.takeLast();
         for (const QByteArray &name : namesIn(at)) {
-            countFile();
+            checkStopped();
             const QByteArray path = joined(at, name);
             visit(path);
             if (isRealFolder(path))
@@ -144,7 +144,7 @@ QByteArrayList FileCollector::namesIn(const QByteArray &folder)
     errno = 0;
     const std::unique_ptr<DIR, int (*)(DIR *)> entries(::opendir(path.constData()), ::closedir);
     while (const dirent *entry = entries ? ::readdir(entries.get()) : nullptr) {
-        countFile();
+        checkStopped();
         const QByteArray name(entry->d_name);
         if (name != "." && name != ".." && (m_options.fSystem || !name.startsWith('.')))
             names.append(name);
@@ -156,14 +156,15 @@ QByteArrayList FileCollector::namesIn(const QByteArray &folder)
     return names;
 }
 
-void FileCollector::countFile()
+void FileCollector::checkStopped() const
 {
-    if (++m_count % filesAtOnce == 0)
-        m_betweenFiles();
+    if (m_isStopped)
+        throw Ended();
 }
 
 void FileCollector::add(const QByteArray &path)
 {
+    checkStopped();
     auto file = stateOf(path);
     if (!file) {
         miss(path, std::strerror(errno));
@@ -171,7 +172,7 @@ void FileCollector::add(const QByteArray &path)
         if (!m_options.fNoDirEntries && !m_options.fJunkDir)
             addFile(std::move(*file));
     } else if (!S_ISREG(file->mode)) {
-        m_warn(path, "it is no file");
+        warn(path, "it is no file");
     } else if (::faccessat(AT_FDCWD, path.constData(), R_OK, AT_EACCESS) != 0) {
         miss(path, std::strerror(errno));
     } else {
@@ -183,7 +184,7 @@ void FileCollector::addFile(SourceFile file)
 {
     const auto isSame = [&](const SourceFile &other) { return file.isSameFile(other); };
     if (std::any_of(m_leftOut.cbegin(), m_leftOut.cend(), isSame)) {
-        m_warn(file.path, "it is the archive");
+        warn(file.path, "it is the archive");
         return;
     }
     file.name = entryName(file.path);
@@ -192,13 +193,14 @@ void FileCollector::addFile(SourceFile file)
     if (file.isFolder)
         file.name += '/';
     if (const auto found = m_byName.constFind(file.name); found != m_byName.cend()) {
-        if (m_files[*found].isSameFile(file))
+        if (m_found.files[*found].isSameFile(file))
             return;
         miss(file.path, "another file has the same name in the archive");
-        throw JobEnd{ZipResult::BadParameters};
+        m_found.hasTwoOfOneName = true;
+        throw Ended();
     }
-    m_byName.insert(file.name, m_files.size());
-    m_files.push_back(std::move(file));
+    m_byName.insert(file.name, m_found.files.size());
+    m_found.files.push_back(std::move(file));
 }
 
 /// Without root, "." and "..", so that no name leads out of the folder that the archive is extracted to.
@@ -216,8 +218,13 @@ QByteArray FileCollector::entryName(const QByteArray &path) const
     return parts.join('/');
 }
 
-void FileCollector::miss(const QByteArray &name, const char *reason)
+void FileCollector::warn(const QByteArray &name, const QByteArray &reason)
 {
-    m_warn(name, reason);
-    m_hasMissed = true;
+    m_found.warnings.push_back({name, reason});
+}
+
+void FileCollector::miss(const QByteArray &name, const QByteArray &reason)
+{
+    warn(name, reason);
+    m_found.hasMissed = true;
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QByteArray>
+#include <memory>
 #include <optional>
 #include <sys/types.h>
+#include <vector>
 
 /// A file or folder that is to be in the archive.
 struct SourceFile
@@ -19,3 +21,6 @@ struct SourceFile
 
     bool isSameFile(const SourceFile &other) const { return device == other.device && inode == other.inode; }
 };
+
+/// Those of a job. They are there as long as some thread of it is at work.
+using SourceFiles = std::shared_ptr<const std::vector<SourceFile>>;

@@ -4,6 +4,7 @@
 #include "ChangedMeanwhile.h"
 #include "DirectoryCheck.h"
 #include "DirectoryReader.h"
+#include "DiskCall.h"
 #include "FileCollector.h"
 #include "FileFailure.h"
 #include "FilePattern.h"
@@ -15,6 +16,7 @@
 #include "VolumeLabel.h"
 #include "ZipResult.h"
 
+#include <QScopeGuard>
 #include <QtEndian>
 #include <algorithm>
 #include <array>
@@ -226,42 +228,50 @@ qint64 ZipJob::sizeBeforeEntries() const
 
 int ZipJob::addFiles()
 {
-    m_files = collect();
-    for (const SourceFile &file : m_files) {
-        if (!file.isFolder)
-            m_regular.push_back(&file);
-    }
+    m_files = std::make_shared<const std::vector<SourceFile>>(collect());
     if (m_options.fVolume)
         m_label = VolumeLabel::of(".");
-    if (m_files.empty() && !m_options.fComment && m_label.isEmpty())
+    if (m_files->empty() && !m_options.fComment && m_label.isEmpty())
         return m_hasMissed ? ZipResult::CannotOpen : ZipResult::NothingToDo;
     if (m_options.fEncrypt)
         askPassword();
     if (m_options.fComment)
         askComment();
     const bool hasNewComment = !m_comment.isEmpty() && m_old.hasContent();
-    if (m_files.empty() && !hasNewComment && m_label.isEmpty())
+    if (m_files->empty() && !hasNewComment && m_label.isEmpty())
         return ZipResult::NothingToDo;
     addAll();
     return ZipResult::Success;
+}
+
+/// On a thread of its own, which a cancelled job leaves alone: a server that does not answer may hold it up.
+std::vector<SourceFile> ZipJob::search()
+{
+    const auto collector = std::make_shared<FileCollector>(m_options);
+    struct stat state = {};
+    if (::stat(m_path.constData(), &state) == 0) {
+        SourceFile archive;
+        archive.device = state.st_dev;
+        archive.inode = state.st_ino;
+        collector->leaveOut(archive);
+    }
+    const auto found = std::make_shared<FileCollector::Found>();
+    const auto stopping = qScopeGuard([&] { collector->stop(); });
+    DiskCall::run([collector, found, names = m_names] { *found = collector->collect(names); },
+                  [this] { callService(); });
+    for (const FileCollector::Warning &warning : found->warnings)
+        warn(warning.name, warning.reason);
+    if (found->hasTwoOfOneName)
+        throw JobEnd{ZipResult::BadParameters};
+    m_hasMissed = found->hasMissed;
+    return std::move(found->files);
 }
 
 /// In the order of the entries, which is the one in which libzip asks for the data: first those that replace
 /// others.
 std::vector<SourceFile> ZipJob::collect()
 {
-    FileCollector collector(
-        m_options, [this](const QByteArray &name, const char *reason) { warn(name, reason); },
-        [this] { callService(); });
-    struct stat state = {};
-    if (::stat(m_path.constData(), &state) == 0) {
-        SourceFile archive;
-        archive.device = state.st_dev;
-        archive.inode = state.st_ino;
-        collector.leaveOut(archive);
-    }
-    std::vector<SourceFile> files = collector.collect(m_names);
-    m_hasMissed = collector.hasMissed();
+    std::vector<SourceFile> files = search();
     for (std::size_t i = 0; i < files.size(); ++i) {
         callServiceAt(i);
         findReplaced(files[i]);
@@ -323,13 +333,13 @@ void ZipJob::askComment()
 void ZipJob::addAll()
 {
     const int level = m_options.flevel > 0 ? qMin(m_options.flevel, 9) : defaultLevel;
-    m_queue.emplace(m_regular, conversionOf(m_options), level);
+    m_queue.emplace(m_files, conversionOf(m_options), level);
     openContainer();
     if (!m_comment.isEmpty())
         setComment();
     if (!m_label.isEmpty())
         addVolumeLabel();
-    for (const SourceFile &file : m_files) {
+    for (const SourceFile &file : *m_files) {
         callService();
         if (file.isFolder)
             addFolder(file);
@@ -401,7 +411,7 @@ void ZipJob::describe(const SourceFile &file, zip_uint64_t index)
 void ZipJob::addVolumeLabel()
 {
     const auto isNamedSo = [this](const SourceFile &file) { return file.name == m_label; };
-    const bool isNewName = std::any_of(m_files.cbegin(), m_files.cend(), isNamedSo);
+    const bool isNewName = std::any_of(m_files->cbegin(), m_files->cend(), isNamedSo);
     if (isNewName || !LabelEntry::set(m_archive.get(), m_directory.entries, m_label))
         warn(m_label, "a file has the name of the volume");
 }
@@ -411,6 +421,17 @@ void ZipJob::close()
 {
     check(zip_close(m_archive.get()));
     m_archive.release();
+    freeOld();
+}
+
+/// The file that has been replaced is gone when it is closed, and to free a large one takes its time.
+void ZipJob::freeOld()
+{
+    try {
+        DiskCall::run([old = std::make_shared<OldArchive>(std::move(m_old))] { *old = OldArchive(); },
+                      [this] { callService(); });
+    } catch (...) {
+    } // the archive is there
 }
 
 /// \a result is that of a libzip call of the job's own.

@@ -34,6 +34,7 @@ private:
     int deleteEntries();
     qint64 sizeBeforeEntries() const;
     int addFiles();
+    std::vector<SourceFile> search();
     std::vector<SourceFile> collect();
     bool isWanted(const SourceFile &file) const;
     void findReplaced(SourceFile &file) const;
@@ -47,6 +48,7 @@ private:
     void describe(const SourceFile &file, zip_uint64_t index);
     void addVolumeLabel();
     void close();
+    void freeOld();
     void check(zip_int64_t result) const;
     void rethrowFailure() const;
 
@@ -64,10 +66,9 @@ private:
     bool m_hasMissed = false;
 
     OldArchive m_old;
-    ArchiveDirectory m_directory;              ///< of the old archive
-    QHash<QByteArray, quint64> m_indices;      ///< of its entries
-    std::vector<SourceFile> m_files;           ///< to be written, in the order of their entries
-    std::vector<const SourceFile *> m_regular; ///< those that are no folders
+    ArchiveDirectory m_directory;         ///< of the old archive
+    QHash<QByteArray, quint64> m_indices; ///< of its entries
+    SourceFiles m_files;                  ///< to be written, in the order of their entries
     QByteArray m_password;
     QByteArray m_comment;
     QByteArray m_label; ///< of the volume; empty where there is none to be stored

@@ -1,11 +1,13 @@
 #include "ClipboardText.h"
 
+#include "FileDrop.h"
 #include "Pictures.h"
 #include "RichTextFile.h"
 #include "RtfReader.h"
 #include "RtfWriter.h"
 
 #include <QImage>
+#include <QImageReader>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextDocumentFragment>
@@ -83,4 +85,18 @@ bool ClipboardText::isPicture(const QMimeData &data)
     const QString text = QTextDocumentFragment::fromHtml(data.html()).toPlainText();
     return std::all_of(text.cbegin(), text.cend(),
                        [](QChar c) { return c.isSpace() || c == QChar::ObjectReplacementCharacter; });
+}
+
+QStringList ClipboardText::pictureFiles(const QMimeData &data)
+{
+    const QStringList files = FileDrop::filesIn(data);
+    const bool arePictures = std::ranges::none_of(
+        files, [](const QString &path) { return QImageReader::imageFormat(path).isEmpty(); });
+    return arePictures && files.size() == data.urls().size() ? files : QStringList();
+}
+
+bool ClipboardText::namesDocuments(const QMimeData &data)
+{
+    const QStringList files = FileDrop::filesIn(data);
+    return std::ranges::any_of(files, &RichTextFile::isDocumentName);
 }

@@ -19,4 +19,10 @@ QByteArray richText(const QMimeData &data);
 /// True when a picture is to be taken before the HTML beside it, which only names the picture's place.
 bool isPicture(const QMimeData &data);
 
+/// The picture files that \a data names, when it names nothing else.
+QStringList pictureFiles(const QMimeData &data);
+
+/// True when \a data names a document, which is opened and not inserted.
+bool namesDocuments(const QMimeData &data);
+
 } // namespace ClipboardText

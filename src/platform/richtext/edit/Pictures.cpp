@@ -1,11 +1,14 @@
 #include "Pictures.h"
 
+#include "Files.h"
 #include "ParagraphFormat.h"
 #include "RichTextProperties.h"
+#include "RuntimeError.h"
 
 #include <QBuffer>
 #include <QFontMetricsF>
 #include <QImage>
+#include <QImageReader>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
@@ -95,18 +98,42 @@ QString dataUrl(const QTextDocument &document, const QTextImageFormat &format)
     return QStringLiteral("data:%1;base64,%2").arg(type, QString::fromLatin1(bytes.toBase64()));
 }
 
-/// Keeps \a image in the form that files take, as its making takes long and would be due at each writing.
-void keepBytes(QTextImageFormat &format, const QImage &image)
+/// Pixels, as layouts count them. A file's size is that without any scale.
+void setShownSize(QTextImageFormat &format, const QSizeF &size)
 {
-    const QByteArray bytes = asPng(image);
-    if (bytes.isEmpty())
+    format.setWidth(size.width());
+    format.setHeight(size.height());
+    format.clearProperty(RichTextProperty::PictureScaleX);
+    format.clearProperty(RichTextProperty::PictureScaleY);
+    format.setProperty(RichTextProperty::PictureWidth, ParagraphFormat::toTwips(size.width()));
+    format.setProperty(RichTextProperty::PictureHeight, ParagraphFormat::toTwips(size.height()));
+}
+
+/// Empty when the file cannot be read.
+QByteArray bytesOf(const QString &path)
+{
+    try {
+        return Files::read(path);
+    } catch (const RuntimeError &) {
+        return {};
+    }
+}
+
+struct KeptBytes
+{
+    QByteArray bytes;
+    const char *kind; ///< as files name it
+};
+
+/// Keeps a picture in the form that files take, as its making takes long and would be due at each writing.
+void keepBytes(QTextImageFormat &format, const KeptBytes &kept, const QSize &source)
+{
+    if (kept.bytes.isEmpty())
         return;
-    format.setProperty(RichTextProperty::PictureBytes, bytes);
-    format.setProperty(RichTextProperty::PictureKind, QByteArray("pngblip"));
-    format.setProperty(RichTextProperty::PictureSourceWidth, image.width());
-    format.setProperty(RichTextProperty::PictureSourceHeight, image.height());
-    format.setProperty(RichTextProperty::PictureWidth, ParagraphFormat::toTwips(format.width()));
-    format.setProperty(RichTextProperty::PictureHeight, ParagraphFormat::toTwips(format.height()));
+    format.setProperty(RichTextProperty::PictureBytes, kept.bytes);
+    format.setProperty(RichTextProperty::PictureKind, QByteArray(kept.kind));
+    format.setProperty(RichTextProperty::PictureSourceWidth, source.width());
+    format.setProperty(RichTextProperty::PictureSourceHeight, source.height());
 }
 
 /// Pixels, as far as the format of a table says; otherwise an equal share of \a around.
@@ -133,30 +160,72 @@ double cellWidth(const QTextTable &table, int place, double page)
     return width;
 }
 
-/// What the line of a picture at \a place has of a page \a page wide, in pixels.
-double lineWidth(const QTextDocument &document, int place, double page)
-{
-    constexpr double least = 1;
-    QTextCursor cursor(document.findBlock(place));
-    const QTextTable *table = cursor.currentTable();
-    const QTextBlockFormat format = cursor.blockFormat();
-    const double indents = format.leftMargin() + format.rightMargin() +
-                           (place == cursor.position() ? qMax(0.0, format.textIndent()) : 0.0);
-    return qMax(least, (table ? cellWidth(*table, place, page) : page) - indents);
-}
-
-} // namespace
-
-void Pictures::insert(QTextCursor &cursor, const QImage &image)
+void insertPicture(QTextCursor &cursor, const QImage &image, const KeptBytes &kept, double page)
 {
     const QString name = freshName();
     cursor.document()->addResource(QTextDocument::ImageResource, QUrl(name), image);
     QTextImageFormat format;
     format.setName(name);
-    format.setWidth(image.width() / image.devicePixelRatio());
-    format.setHeight(image.height() / image.devicePixelRatio());
-    keepBytes(format, image);
+    const QSizeF size = image.deviceIndependentSize();
+    const double widest = Pictures::lineWidth(*cursor.document(), cursor.selectionStart(), page);
+    setShownSize(format, size.width() > widest ? size * (widest / size.width()) : size);
+    keepBytes(format, kept, image.size());
     cursor.insertImage(format);
+}
+
+} // namespace
+
+void Pictures::insert(QTextCursor &cursor, const QImage &image, double page)
+{
+    insertPicture(cursor, image, {asPng(image), "pngblip"}, page);
+}
+
+void Pictures::insertFile(QTextCursor &cursor, const QString &path, double page)
+{
+    QByteArray bytes = bytesOf(path);
+    QBuffer buffer(&bytes);
+    QImageReader reader(&buffer);
+    reader.setAutoTransform(true);
+    const bool isKept =
+        reader.format() == "jpeg" && reader.transformation() == QImageIOHandler::TransformationNone;
+    const QImage image = reader.read();
+    if (image.isNull())
+        return;
+    if (isKept) // as PNG a photograph is many times as large
+        insertPicture(cursor, image, {bytes, "jpegblip"}, page);
+    else
+        insert(cursor, image, page);
+}
+
+QSizeF Pictures::sizeAt(const QTextDocument &document, int position)
+{
+    if (position < 0 || position + 1 >= document.characterCount())
+        return {};
+    QTextCursor behind(document.findBlock(position));
+    behind.setPosition(position + 1); // a position's format is that of the character before it
+    const QTextCharFormat format = behind.charFormat();
+    return format.isImageFormat() ? shownSize(document, format.toImageFormat()) : QSizeF();
+}
+
+double Pictures::lineWidth(const QTextDocument &document, int position, double page)
+{
+    constexpr double least = 1;
+    QTextCursor cursor(document.findBlock(position));
+    const QTextTable *table = cursor.currentTable();
+    const QTextBlockFormat format = cursor.blockFormat();
+    const double indents = format.leftMargin() + format.rightMargin() +
+                           (position == cursor.position() ? qMax(0.0, format.textIndent()) : 0.0);
+    return qMax(least, (table ? cellWidth(*table, position, page) : page) - indents);
+}
+
+void Pictures::resize(QTextDocument &document, int position, const QSizeF &size)
+{
+    QTextCursor picture(&document);
+    picture.setPosition(position);
+    picture.setPosition(position + 1, QTextCursor::KeepAnchor);
+    QTextImageFormat format = picture.charFormat().toImageFormat();
+    setShownSize(format, size);
+    picture.setCharFormat(format);
 }
 
 void Pictures::move(QTextDocument &from, QTextDocument &to)

@@ -11,6 +11,7 @@
 #include <QTextLayout>
 #include <QTextOption>
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -32,6 +33,27 @@ bool mayRunRightToLeft(const QTextDocument &document, int from, int length)
     });
 }
 
+/// Qt reads a word to its end for each line that it fills. Up to this length that takes a few milliseconds.
+constexpr int longestWord = 4000; // characters
+
+/// Ideographs and kana break anywhere.
+bool endsWord(QChar c)
+{
+    constexpr char16_t firstIdeograph = 0x2E80;
+    return c.isSpace() || c == u'-' || c.unicode() >= firstIdeograph;
+}
+
+bool hasLongWord(const QTextDocument &document, int from, int length)
+{
+    int word = 0;
+    return TextPieces::any(document, from, length, [&word](QStringView text) {
+        return std::any_of(text.cbegin(), text.cend(), [&word](QChar c) {
+            word = endsWord(c) ? 0 : word + 1;
+            return word > longestWord;
+        });
+    });
+}
+
 } // namespace
 
 LongDocuments::LongDocuments(QTextEdit &view)
@@ -44,9 +66,18 @@ void LongDocuments::attach(QTextDocument &document)
     m_meetsRightToLeft = false;
     m_isLeftToRight = !mayRunRightToLeft(document, 0, document.characterCount());
     setDirection(m_isLeftToRight ? Qt::LeftToRight : Qt::LayoutDirectionAuto);
+    m_meetsLongWord = false;
+    setBreaksWords(hasLongWord(document, 0, document.characterCount()));
+    document.setLayoutEnabled(m_view.isVisible());
+    document.setPageSize({0, 0});           // with which it waits for the view to say how wide it is
     QuickLayout::install(document, m_view); // first, since the document then reports a change that is none
     on(&document, &QTextDocument::contentsChange, this, &LongDocuments::beforeLayout);
     on(&document, &QTextDocument::contentsChanged, this, &LongDocuments::afterEdit);
+}
+
+void LongDocuments::show()
+{
+    m_document->setLayoutEnabled(true);
 }
 
 void LongDocuments::catchUp()
@@ -68,6 +99,10 @@ void LongDocuments::beforeLayout(int from, int removed, int added)
         m_document->setLayoutEnabled(false);
     if (m_isLeftToRight && added > 0)
         m_meetsRightToLeft = m_meetsRightToLeft || mayRunRightToLeft(*m_document, from, added);
+    const int start = qMax(0, from - longestWord);
+    m_meetsLongWord = !m_breaksWords && hasLongWord(*m_document, start, from + added + longestWord - start);
+    if (m_meetsLongWord)
+        m_document->setLayoutEnabled(false);
 }
 
 void LongDocuments::afterEdit()
@@ -76,6 +111,8 @@ void LongDocuments::afterEdit()
         m_isLeftToRight = false;
         setDirection(Qt::LayoutDirectionAuto);
     }
+    if (std::exchange(m_meetsLongWord, false))
+        setBreaksWords(true);
     if (!m_document->isLayoutEnabled())
         layOutVisible();
 }
@@ -85,6 +122,15 @@ void LongDocuments::setDirection(Qt::LayoutDirection direction)
     QTextOption option = m_document->defaultTextOption();
     option.setTextDirection(direction);
     m_document->setDefaultTextOption(option);
+}
+
+void LongDocuments::setBreaksWords(bool isWanted)
+{
+    m_breaksWords = isWanted;
+    QTextOption option = m_document->defaultTextOption();
+    option.setWrapMode(isWanted ? QTextOption::WrapAnywhere : QTextOption::WrapAtWordBoundaryOrAnywhere);
+    m_document->setDefaultTextOption(option);
+    m_view.setWordWrapMode(option.wrapMode()); // which it gives to each document that it shows
 }
 
 /// The layout begins anew. It does not report its size before it has come to what is seen: that would scroll.

@@ -16,27 +16,6 @@ QTextCharFormat lookIn(const QTextEdit &view)
     return look;
 }
 
-QTextEdit::ExtraSelection mark(const QTextEdit &view, const LinkFinder::Link &link)
-{
-    QTextEdit::ExtraSelection mark;
-    mark.cursor = view.textCursor();
-    mark.cursor.setPosition(link.first);
-    mark.cursor.setPosition(link.end, QTextCursor::KeepAnchor);
-    mark.format = lookIn(view);
-    return mark;
-}
-
-/// The marks themselves are asked, as an edit may have moved or emptied them.
-bool areMarked(const QTextEdit &view, const QList<LinkFinder::Link> &links)
-{
-    const QList<QTextEdit::ExtraSelection> marks = view.extraSelections();
-    return std::equal(links.cbegin(), links.cend(), marks.cbegin(), marks.cend(),
-                      [](const LinkFinder::Link &link, const QTextEdit::ExtraSelection &mark) {
-                          return mark.cursor.selectionStart() == link.first &&
-                                 mark.cursor.selectionEnd() == link.end;
-                      });
-}
-
 } // namespace
 
 LinkMarks::LinkMarks(QTextEdit &view, const LongDocuments &documents)
@@ -55,21 +34,19 @@ std::optional<QTextCharFormat> LinkMarks::look() const
     return m_on ? std::optional(lookIn(m_view)) : std::nullopt;
 }
 
-void LinkMarks::markVisible()
+QList<ViewMarks::Mark> LinkMarks::visible() const
 {
-    const QList<LinkFinder::Link> links = m_on ? visibleLinks() : QList<LinkFinder::Link>();
-    if (areMarked(m_view, links))
-        return;
-    QList<QTextEdit::ExtraSelection> marks;
-    for (const LinkFinder::Link &link : links)
-        marks.append(mark(m_view, link));
-    m_view.setExtraSelections(marks);
+    QList<ViewMarks::Mark> marks;
+    if (!m_on)
+        return marks;
+    for (const LinkFinder::Link &link : visibleLinks())
+        marks.append(ViewMarks::mark(m_view, link.first, link.end, lookIn(m_view)));
+    return marks;
 }
 
 void LinkMarks::forget()
 {
     m_pressed.reset();
-    m_view.setExtraSelections({});
 }
 
 void LinkMarks::press(const QPoint &point)

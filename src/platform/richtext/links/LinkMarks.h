@@ -1,12 +1,10 @@
 #pragma once
 
 #include "LinkFinder.h"
-
-#include <QTextCharFormat>
+#include "ViewMarks.h"
 
 class LongDocuments;
 class QPoint;
-class QTextEdit;
 
 /// Shows the links of a text: their look, the pointer above them, and which one was clicked.
 ///
@@ -23,8 +21,8 @@ public:
     /// What is laid over a link's own format; none while links are not marked.
     std::optional<QTextCharFormat> look() const;
 
-    /// To be called before the view is painted.
-    void markVisible();
+    /// The marks of the links in view.
+    QList<ViewMarks::Mark> visible() const;
 
     /// To be called before the view shows another document.
     void forget();

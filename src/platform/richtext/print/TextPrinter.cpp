@@ -14,6 +14,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextFrame>
+#include <QTextLayout>
 #include <numeric>
 
 namespace {
@@ -46,12 +47,22 @@ void lowerFirstPage(QTextDocument &document, double room)
                                           first.blockFormat().topMargin());
 }
 
+/// Lays \a document out for \a device.
 void setPages(QTextDocument &document, const QSizeF &text, QPaintDevice &device)
 {
     const int dpi = device.logicalDpiX();
+    document.setLayoutEnabled(false); // or each step would lay out everything
     // The device before the page: a page size given first is taken in the screen's pixels.
     document.documentLayout()->setPaintDevice(&device);
     document.setPageSize({text.width() * dpi, 3 * text.height() * dpi});
+    document.setLayoutEnabled(true);
+}
+
+/// Has the painting of \a document use what its layout has found out about each letter, which takes memory.
+void keepLetters(const QTextDocument &document)
+{
+    for (QTextBlock paragraph = document.begin(); paragraph.isValid(); paragraph = paragraph.next())
+        paragraph.layout()->setCacheEnabled(true);
 }
 
 /// Whether fine dots are good for \a document, which is laid out in coarse ones.
@@ -90,9 +101,12 @@ bool isSurelyShort(const QTextDocument &document, double page)
 /// In fine dots if the pages are not too many. Returns how many there are to the inch.
 int layOut(QTextDocument &document, const QSizeF &text, QPaintDevice &coarse, QPaintDevice &fine)
 {
-    int dpi = isSurelyShort(document, text.height()) ? PaperLayout::fineDpi : PaperLayout::coarseDpi;
+    const bool isFine = isSurelyShort(document, text.height());
+    int dpi = isFine ? PaperLayout::fineDpi : PaperLayout::coarseDpi;
     PaperLayout::fit(document, text, dpi);
     partPages(document, text.height() * ParagraphFormat::layoutDpi());
+    if (isFine)
+        keepLetters(document);
     setPages(document, text, dpi == PaperLayout::fineDpi ? fine : coarse);
     if (dpi == PaperLayout::coarseDpi && isShort(document)) {
         PaperLayout::change(document, PaperLayout::coarseDpi, PaperLayout::fineDpi);

@@ -1,5 +1,7 @@
 #include "ListMark.h"
 
+#include "RichTextProperties.h"
+
 #include <algorithm>
 #include <array>
 
@@ -105,6 +107,13 @@ QString ListMark::behind(const QTextListFormat &format)
 
 QString ListMark::bullet(const QTextListFormat &format)
 {
+    return format.hasProperty(RichTextProperty::ListBullet)
+               ? format.stringProperty(RichTextProperty::ListBullet)
+               : usualBullet(format);
+}
+
+QString ListMark::usualBullet(const QTextListFormat &format)
+{
     switch (format.style()) {
     case QTextListFormat::ListCircle:
         return QStringLiteral("\u25E6");
@@ -118,6 +127,6 @@ QString ListMark::bullet(const QTextListFormat &format)
 QString ListMark::text(const QTextListFormat &format, int number)
 {
     if (!isNumbered(format))
-        return bullet(format);
+        return format.hasProperty(RichTextProperty::ListBulletFont) ? usualBullet(format) : bullet(format);
     return before(format) + numeral(format.style(), number) + behind(format);
 }

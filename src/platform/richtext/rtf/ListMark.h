@@ -18,8 +18,10 @@ QString numeral(QTextListFormat::Style style, int number);
 QString before(const QTextListFormat &format);
 QString behind(const QTextListFormat &format);
 
-/// The sign of a bullet list.
+/// The sign of a bullet list, perhaps one that needs the list's font; and the sign that is like it in all
+/// fonts.
 QString bullet(const QTextListFormat &format);
+QString usualBullet(const QTextListFormat &format);
 
 /// The mark of the item numbered \a number: "iv.", or the bullet.
 QString text(const QTextListFormat &format, int number);

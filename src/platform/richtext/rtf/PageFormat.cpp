@@ -32,7 +32,8 @@ constexpr std::array<Row, PageFormat::WordCount> rows = {
      {"titlepg", Value::None},     {"pgnrestart", Value::None}, {"pgndec", Value::None},
      {"pgnucrm", Value::None},     {"pgnlcrm", Value::None},    {"pgnucltr", Value::None},
      {"pgnlcltr", Value::None},    {"cols", Value::Number},     {"colsx", Value::Length},
-     {"linebetcol", Value::None}}};
+     {"linebetcol", Value::None},  {"sbknone", Value::None},    {"sbkcol", Value::None},
+     {"sbkpage", Value::None},     {"sbkeven", Value::None},    {"sbkodd", Value::None}}};
 
 constexpr int property(int word)
 {
@@ -70,8 +71,9 @@ void PageFormat::set(QTextFrameFormat &format, Word word, std::optional<int> val
     const bool isSwitch = rows[size_t(word)].value == Value::None;
     if (!isSwitch && !value)
         return;
-    if (word >= Decimal && word <= LowerLetters) { // one of them at a time
-        for (int other = Decimal; other <= LowerLetters; ++other)
+    for (const auto &[first, last] : {std::pair(Decimal, LowerLetters), std::pair(BreakNone, BreakOdd)}) {
+        const bool isOneOf = word >= first && word <= last;
+        for (int other = first; isOneOf && other <= last; ++other) // one of them at a time
             clear(format, Word(other));
     }
     if (isSwitch && value == 0)

@@ -24,7 +24,7 @@ enum Word {
     FacingPages,
     MirroredMargins,
 
-    // Of the first section, whose words go before those of the document
+    // Of a section, whose words go before those of the document
     SectionWidth,
     SectionHeight,
     SectionLeft,
@@ -47,6 +47,11 @@ enum Word {
     Columns,
     ColumnGap,
     ColumnLine,
+    BreakNone, ///< where the section begins
+    BreakColumn,
+    BreakPage,
+    BreakEven,
+    BreakOdd,
     WordCount
 };
 

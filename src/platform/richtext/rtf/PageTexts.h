@@ -29,7 +29,10 @@ std::optional<Kind> find(QByteArrayView word);
 
 void keep(QTextFrameFormat &format, Kind kind, std::shared_ptr<const QTextDocument> text);
 
-/// Null where \a document has none of this kind.
+/// Null where \a format has none of this kind.
+std::shared_ptr<const QTextDocument> text(const QTextFrameFormat &format, Kind kind);
+
+/// Those of the first section of \a document that has any.
 std::shared_ptr<const QTextDocument> text(const QTextDocument &document, Kind kind);
 
 } // namespace PageTexts

@@ -39,11 +39,17 @@ QString withLineFeeds(QString text)
 
 } // namespace
 
+bool RichTextFile::isDocumentName(const QString &path)
+{
+    return path.endsWith(QLatin1String(".rtf"), Qt::CaseInsensitive) ||
+           path.endsWith(QLatin1String(".txt"), Qt::CaseInsensitive);
+}
+
 RichTextFile::Loaded RichTextFile::load(const QString &path, QTextDocument &document)
 {
     const QByteArray bytes = Files::read(path);
     if (RtfReader::recognises(bytes)) {
-        RtfReader::read(bytes, document);
+        RtfReader::read(bytes, document, path.section(u'/', -1));
         return {};
     }
     setPlainText(document, PlainText::decode(bytes));

@@ -19,6 +19,9 @@ struct Loaded
     PlainText::LineEnd lineEnd = PlainText::LineEnd::Lf; ///< of a plain file; Lf otherwise
 };
 
+/// True when the ending of \a path is .rtf or .txt, in any case.
+bool isDocumentName(const QString &path);
+
 /// Fills the empty, detached \a document from the file \a path; what is not rich text is taken as plain text.
 /// Throws RuntimeError as Files::read does; \a document is then untouched.
 Loaded load(const QString &path, QTextDocument &document);

@@ -15,14 +15,22 @@ enum Id {
     SpaceAfter,                                 ///< int, twips
     LineSpacing,                                ///< int, twips; 240 is single where LineSpacingIsMultiple
     LineSpacingIsMultiple,                      ///< bool
-    TabStops,  ///< QString, the stops' control words in order without backslashes: "tx720 tqr tldot tx1440"
-    ListStart, ///< int, first number of a numbered list (QTextListFormat)
+    TabStops, ///< QString, the stops' control words in order without backslashes: "tx720 tqr tldot tx1440"
+    Borders,  ///< QString, the same for the lines around it: "brdrt brdrs brdrw15 brsp20 brdrcf#ff0000"
+    Section,  ///< shared format, PageSections: the section that begins with the paragraph
+    SectionNumber,  ///< int, different for each
+    ListStart,      ///< int, first number of a numbered list (QTextListFormat)
+    ListBullet,     ///< QString, the sign of a bullet list where it is none of Qt's (QTextListFormat)
+    ListBulletFont, ///< QString, the family without which the sign means nothing (QTextListFormat)
     ListLevel, ///< int, 0 to 8, depth in nested lists (QTextListFormat, whose own indent is 0: paragraphs
                ///< indent)
 
     // Characters (QTextCharFormat)
     BaselineShift = QTextFormat::UserProperty + 100, ///< int, half points, up positive
     Language,                                        ///< int, language number as the file gave it
+    IsShading,                                       ///< bool, the background is shading and no highlight
+    Unseen,       ///< shared Unseen::Pieces, what is not shown before the text
+    UnseenNumber, ///< int, different wherever that is
     Field, ///< QString, what the field asks for whose result the text is: "PAGE"; in headers and footers
 
     // Pictures (QTextImageFormat); the shown size is the format's own width and height in pixels
@@ -39,7 +47,10 @@ enum Id {
     RowTwips = QTextFormat::UserProperty + 300, ///< QString, right cell edges of the columns, "1440 2880"
 
     // Pages (QTextFrameFormat of the root frame)
-    PageWord = QTextFormat::UserProperty + 400, ///< int, the first of as many as PageFormat::Word has
+    PageWord = QTextFormat::UserProperty + 400,    ///< int, the first of as many as PageFormat::Word has
+    FontWords = QTextFormat::UserProperty + 440,   ///< QVariantMap by family, lists of two QByteArray: what a
+                                                   ///< table of fonts says before the name, and behind it
+    Information = QTextFormat::UserProperty + 450, ///< QByteArray, groups of rich text: who wrote it and when
     PageText = QTextFormat::UserProperty + 500, ///< shared document, the first of as many as PageTexts::Kind
 };
 

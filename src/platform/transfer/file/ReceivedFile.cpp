@@ -27,9 +27,11 @@ auto translated(Step step)
     }
 }
 
+constexpr int folderFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC;
+
 Descriptor openFolder(const QByteArray &path)
 {
-    Descriptor folder(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    Descriptor folder(::open(path.constData(), folderFlags));
     if (!folder.isOpen())
         failWith(errno == ENOENT ? ENOTDIR : errno);
     return folder;
@@ -48,7 +50,6 @@ PendingFile begin(const QByteArray &path, const QByteArray &name)
 {
     const Descriptor folder = openFolder(path);
     requireFree(folder, name);
-    PendingFile::sweep(folder.get());
     return translated([&] { return PendingFile(folder.get(), ordinaryMode); });
 }
 
@@ -58,6 +59,14 @@ ReceivedFile::ReceivedFile(const QByteArray &folder, const QByteArray &name)
     : m_name(name)
     , m_file(begin(folder, name))
 {}
+
+bool ReceivedFile::sweep(const QByteArray &folder) noexcept
+{
+    const Descriptor opened(::open(folder.constData(), folderFlags));
+    if (opened.isOpen())
+        PendingFile::sweep(opened.get());
+    return opened.isOpen();
+}
 
 void ReceivedFile::write(QByteArrayView bytes)
 {

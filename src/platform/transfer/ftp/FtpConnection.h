@@ -33,8 +33,9 @@ public:
     /// now on where the failure \a isLasting.
     bool leaveEpsv(bool isLasting);
 
-    bool knowsMlsd = true; ///< until the server refuses it
-    char type = '\0';      ///< of the data, "A" or "I", as last set; at first unknown
+    bool knowsMlsd = true;         ///< until the server refuses it
+    bool hasNarrowedFacts = false; ///< the server was asked to leave out the facts that are not used
+    char type = '\0';              ///< of the data, "A" or "I", as last set; at first unknown
 
 Q_SIGNALS:
     void loggedOn();

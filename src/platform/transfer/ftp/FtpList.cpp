@@ -1,5 +1,9 @@
 #include "FtpList.h"
 
+#include "TransferError.h"
+
+#include <utility>
+
 namespace {
 
 /// Some servers refuse to list a folder that is empty.
@@ -17,18 +21,43 @@ FtpList::FtpList()
 
 void FtpList::start()
 {
-    setType('A', [this] { request(); });
+    setType('A', [this] { narrowFacts(); });
+}
+
+/// Of the facts that MLSD sends only the type is used. Some servers take longer for the others: proftpd a
+/// fifth, since it looks up the names of owner and group for each file.
+void FtpList::narrowFacts()
+{
+    if (!connection().knowsMlsd || std::exchange(connection().hasNarrowedFacts, true))
+        request();
+    else
+        ask("OPTS MLST type;", [this](const FtpReply &reply) { answeredFacts(reply); });
+}
+
+/// A refusal leaves all facts. The facts that a server names are all that it sends now.
+void FtpList::answeredFacts(const FtpReply &reply)
+{
+    const QByteArray text = reply.text.toLower();
+    if (reply.isCompletion() && text.contains("mlst opts") && !text.contains("type"))
+        connection().knowsMlsd = false; // folders would look like files
+    request();
 }
 
 void FtpList::request()
 {
     const bool isMachine = connection().knowsMlsd;
+    m_time.start();
+    m_size = 0;
     m_listing = FtpListing(isMachine ? FtpListing::Format::Machine : FtpListing::Format::Free);
     transfer(isMachine ? "MLSD" : "LIST");
 }
 
 void FtpList::take(QByteArrayView bytes)
 {
+    constexpr qint64 freeTime = 600000; // milliseconds
+    m_size += bytes.size();
+    if (m_time.hasExpired(freeTime + m_size))
+        throw TransferFailure(TransferError::TimedOut);
     m_listing.add(bytes);
 }
 

@@ -144,8 +144,10 @@ QByteArray easyRow(QByteArrayView line)
 QByteArray FtpListingLine::machineRow(QByteArrayView line)
 {
     const qsizetype blank = line.indexOf(' ');
-    const QByteArray facts = line.first(std::max<qsizetype>(blank, 0)).toByteArray().toLower();
-    if (!facts.contains('='))
+    if (blank < 0)
+        return {};
+    const QByteArray facts = line.first(blank).toByteArray().toLower();
+    if (!facts.isEmpty() && !facts.contains('='))
         return {};
     const qsizetype begin = facts.startsWith("type=") ? 0 : facts.indexOf(";type=") + 1;
     QByteArrayView type = QByteArrayView(facts).sliced(begin);

@@ -72,6 +72,25 @@ const QString hebrew = QStringLiteral("\u05E9\u05DC\u05D5\u05DD");
 
 } // namespace
 
+TEST_F(LongDocument, IsNotLaidOutBeforeItIsSeen)
+{
+    box.setText(QStringLiteral("one two"));
+    box.setSelStart(2);
+    box.resize(box.size() + QSize(10, 10));
+    EXPECT_FALSE(isLaidOut());
+    show();
+    EXPECT_TRUE(isLaidOut());
+    expectPlainLayout();
+    box.setText(QStringLiteral("three"));
+    EXPECT_TRUE(isLaidOut());
+    box.hide();
+    box.setText(QStringLiteral("four"));
+    EXPECT_FALSE(isLaidOut());
+    box.setSelText(QStringLiteral("and "));
+    EXPECT_TRUE(isLaidOut());
+    expectPlainLayout();
+}
+
 TEST_F(LongDocument, EditsAtRandomAreLaidOutAsQtDoes)
 {
     const QStringList texts = {QStringLiteral("x"), QStringLiteral("a longer text that wraps ").repeated(10),
@@ -120,6 +139,35 @@ TEST_F(LongDocument, TextFromTheRightIsLaidOutWhenLoadedOrUndone)
     EXPECT_EQ(paragraph(0).textDirection(), Qt::LeftToRight);
     box.setText(QString::fromUcs4(U"\U0001E900")); // of a script beyond 16 bits
     EXPECT_EQ(paragraph(0).textDirection(), Qt::RightToLeft);
+}
+
+/// For each line that it fills Qt would read such a word to its end.
+TEST_F(LongDocument, LinesAreBrokenAnywhereWhereAWordIsVeryLong)
+{
+    const auto wrapMode = [&] { return box.document()->defaultTextOption().wrapMode(); };
+    box.setText(QStringLiteral("prose ").repeated(5000) + u'\n' + QString(3999, u'w') + u'\n' +
+                QString(3999, u'w'));
+    EXPECT_EQ(wrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    box.setText(QString(300000, u'w'));
+    EXPECT_EQ(wrapMode(), QTextOption::WrapAnywhere);
+    show();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }, longestWait));
+    expectPlainLayout();
+    box.setText(QStringLiteral("prose"));
+    EXPECT_EQ(wrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    EXPECT_EQ(box.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+}
+
+TEST_F(LongDocument, AWordThatGrowsVeryLongIsBrokenAnywhereFromThenOn)
+{
+    open(100, QStringLiteral("prose and prose"));
+    QTextCursor cursor(box.document());
+    cursor.insertText(QString(2500, u'w'));
+    EXPECT_EQ(box.document()->defaultTextOption().wrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
+    cursor.insertText(QString(2500, u'w'));
+    EXPECT_EQ(box.document()->defaultTextOption().wrapMode(), QTextOption::WrapAnywhere);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }, longestWait));
+    expectPlainLayout();
 }
 
 TEST_F(LongDocument, AFormatOfEverythingLeavesTheViewWhereItIs)

@@ -70,7 +70,7 @@ TEST_F(PrintedTables, APictureInATableWithoutWidthsHasItsShare)
     QTextCursor cursor = table->cellAt(0, 1).firstCursorPosition();
     QImage image(800, 400, QImage::Format_RGB32);
     image.fill(Qt::red);
-    Pictures::insert(cursor, image);
+    Pictures::insert(cursor, image, 1e6);
     print();
     EXPECT_LE(pictureWidth(), column / 4);
     EXPECT_GT(pictureWidth(), column / 4 - 12);

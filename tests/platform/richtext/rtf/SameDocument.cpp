@@ -1,6 +1,7 @@
 #include "SameDocument.h"
 
 #include "RichTextFile.h"
+#include "RichTextProperties.h"
 
 #include <QTextBlock>
 #include <QTextCursor>
@@ -13,6 +14,8 @@ namespace {
 QTextCharFormat withoutName(QTextCharFormat format)
 {
     format.clearProperty(QTextFormat::ImageName);
+    format.clearProperty(RichTextProperty::Unseen);
+    format.clearProperty(RichTextProperty::UnseenNumber);
     return format;
 }
 
@@ -20,6 +23,8 @@ QTextCharFormat withoutName(QTextCharFormat format)
 QTextBlockFormat plainly(QTextBlockFormat format)
 {
     format.setObjectIndex(-1);
+    format.clearProperty(RichTextProperty::Section);
+    format.clearProperty(RichTextProperty::SectionNumber);
     if (format.layoutDirection() != Qt::RightToLeft && format.alignment().testFlag(Qt::AlignLeft))
         format.clearProperty(QTextFormat::BlockAlignment);
     return format;
@@ -53,7 +58,7 @@ QString tableOf(const QTextBlock &block)
         .arg(cell.rowSpan())
         .arg(cell.columnSpan())
         .arg(format.background().color().name())
-        .arg(table->format().property(QTextFormat::UserProperty + 301).toString())
+        .arg(table->format().property(RichTextProperty::RowTwips).toString())
         .arg(table->format().border());
 }
 

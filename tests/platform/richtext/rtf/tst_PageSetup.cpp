@@ -86,9 +86,12 @@ TEST(PageSetup, SwitchesAndLengthsThatSayNothing)
     EXPECT_TRUE(written.contains("\n\\margr32767\\facingp\n")) << written.constData();
 }
 
-TEST(PageSetup, ColumnsOfASectionAmongOthersAreNoneOfTheDocument)
+TEST(PageSetup, ColumnsAreThoseOfTheirSection)
 {
-    EXPECT_FALSE(again("{\\rtf1\\sectd\\cols2\\colsx100 one\\sect\\sectd two}").contains("cols"));
+    const QByteArray written =
+        again("{\\rtf1\\sectd one\\sect\\sectd\\cols2\\colsx100 two\\sect\\sectd three}");
+    EXPECT_EQ(written.count("cols"), 2) << written.constData();
+    EXPECT_TRUE(written.contains("\\sect}\n\\sectd\\cols2\\colsx100\n"));
 }
 
 TEST(PageSetup, EditsAndTheirUndoLeaveThePagesAlone)

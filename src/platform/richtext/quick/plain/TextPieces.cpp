@@ -8,7 +8,7 @@ bool TextPieces::any(const QTextDocument &document, int from, int length,
 {
     QTextBlock block = document.findBlock(from);
     for (; block.isValid() && block.position() < from + length; block = block.next())
-        if (isWanted(block.text()))
+        if (isWanted(block.text() + QChar::ParagraphSeparator))
             return true;
     return false;
 }

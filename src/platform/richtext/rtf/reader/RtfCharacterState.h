@@ -45,6 +45,7 @@ struct RtfCharacterState
 
     bool operator==(const RtfCharacterState &other) const = default;
     bool isShown() const { return (switches & (Hidden | Deleted)) == 0; }
+    bool isHidden() const { return (switches & (Hidden | Deleted)) == Hidden; }
 
     /// Does what \a token says and returns the properties that it is about, 0 when it says nothing here.
     /// \plain and \cs are not known here.

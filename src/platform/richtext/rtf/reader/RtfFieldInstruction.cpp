@@ -1,6 +1,9 @@
 #include "RtfFieldInstruction.h"
 
+#include <QDateTime>
+#include <QLocale>
 #include <QStringList>
+#include <array>
 
 namespace {
 
@@ -63,6 +66,57 @@ void parseSign(const QStringList &words, RtfFieldInstruction &field)
         field.font = words.value(font + 1);
 }
 
+struct Fact
+{
+    const char *field;
+    RtfWord word;
+};
+
+constexpr std::array<Fact, 6> facts = {{{"AUTHOR", RtfWord::InfoAuthor},
+                                        {"TITLE", RtfWord::InfoTitle},
+                                        {"SUBJECT", RtfWord::InfoSubject},
+                                        {"KEYWORDS", RtfWord::InfoKeywords},
+                                        {"COMMENTS", RtfWord::InfoComment},
+                                        {"NUMPAGES", RtfWord::InfoPages}}};
+
+RtfWord factOf(const QString &name)
+{
+    for (const Fact &fact : facts) {
+        if (name == QLatin1String(fact.field))
+            return fact.word;
+    }
+    return RtfWord::Unknown;
+}
+
+/// The picture of a date or time as Qt has it, which differs in capitals and in the halves of a day.
+QString pictureOf(QString picture)
+{
+    const QStringList parts = picture.split(u'\'');
+    QStringList shown;
+    for (qsizetype i = 0; i < parts.size(); ++i) {
+        QString part = parts.at(i);
+        if (i % 2 == 0) {
+            part.replace(u'D', u'd').replace(u'Y', u'y').replace(u'S', u's');
+            part.replace(QLatin1String("am/pm"), QLatin1String("ap"), Qt::CaseInsensitive);
+        }
+        shown.append(part);
+    }
+    return shown.join(u'\'');
+}
+
+QString now(const QStringList &words, const QString &usual)
+{
+    const qsizetype at = words.indexOf(QLatin1String("\\@"));
+    const QString picture = at < 0 ? usual : pictureOf(words.value(at + 1));
+    return QLocale().toString(QDateTime::currentDateTime(), picture);
+}
+
+/// Behind the name of the macro, blanks included.
+QString buttonText(const QString &instruction)
+{
+    return instruction.section(u' ', 2, -1, QString::SectionSkipEmpty).trimmed();
+}
+
 } // namespace
 
 RtfFieldInstruction RtfFieldInstruction::parse(const QString &text)
@@ -76,5 +130,13 @@ RtfFieldInstruction RtfFieldInstruction::parse(const QString &text)
         parseSign(words, field);
     field.isPageNumber = name == QLatin1String("PAGE") || name == QLatin1String("NUMPAGES") ||
                          name == QLatin1String("SECTIONPAGES");
+    if (name == QLatin1String("MACROBUTTON"))
+        field.text = buttonText(text);
+    else if (name == QLatin1String("DATE"))
+        field.text = now(words, QLocale().dateFormat(QLocale::ShortFormat));
+    else if (name == QLatin1String("TIME"))
+        field.text = now(words, QLocale().timeFormat(QLocale::ShortFormat));
+    field.isFileName = name == QLatin1String("FILENAME");
+    field.fact = factOf(name);
     return field;
 }

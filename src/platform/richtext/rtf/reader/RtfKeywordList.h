@@ -88,19 +88,19 @@
     row("mmr", MathMatrixRow, Destination) \
     row("meqArr", MathArray, Destination) \
     \
-    row("annotation", Annotation, Skipped) \
-    row("atnauthor", AnnotationAuthor, Skipped) \
-    row("atndate", AnnotationDate, Skipped) \
+    row("annotation", Annotation, Destination) \
+    row("atnauthor", AnnotationAuthor, Kept) \
+    row("atndate", AnnotationDate, Kept) \
     row("atnicn", AnnotationIcon, Skipped) \
-    row("atnid", AnnotationId, Skipped) \
-    row("atnparent", AnnotationParent, Skipped) \
-    row("atnref", AnnotationReference, Skipped) \
-    row("atntime", AnnotationTime, Skipped) \
-    row("atrfend", AnnotationEnd, Skipped) \
-    row("atrfstart", AnnotationStart, Skipped) \
+    row("atnid", AnnotationId, Kept) \
+    row("atnparent", AnnotationParent, Kept) \
+    row("atnref", AnnotationReference, Kept) \
+    row("atntime", AnnotationTime, Kept) \
+    row("atrfend", AnnotationEnd, Kept) \
+    row("atrfstart", AnnotationStart, Kept) \
     row("background", PageBackground, Skipped) \
-    row("bkmkend", BookmarkEnd, Skipped) \
-    row("bkmkstart", BookmarkStart, Skipped) \
+    row("bkmkend", BookmarkEnd, Kept) \
+    row("bkmkstart", BookmarkStart, Kept) \
     row("colorschememapping", ColorMapping, Skipped) \
     row("datastore", DataStore, Skipped) \
     row("filetbl", FileTable, Skipped) \
@@ -112,7 +112,7 @@
     row("aftnsep", EndnoteSeparator, Skipped) \
     row("aftnsepc", EndnoteLongSeparator, Skipped) \
     row("generator", Generator, Skipped) \
-    row("info", Info, Skipped) \
+    row("info", Info, Kept) \
     row("latentstyles", LatentStyles, Skipped) \
     row("listpicture", ListPicture, Skipped) \
     row("mmathPict", MathPicture, Skipped) \
@@ -141,7 +141,7 @@
     row("template", Template, Skipped) \
     row("themedata", ThemeData, Skipped) \
     row("txe", IndexText, Skipped) \
-    row("userprops", UserProperties, Skipped) \
+    row("userprops", UserProperties, Kept) \
     row("xe", IndexEntry, Skipped) \
     row("xmlnstbl", NamespaceTable, Skipped) \
     \
@@ -272,14 +272,52 @@
     row("trbrdrr", RowBorderRight, Row) \
     row("trbrdrh", RowBorderInnerRows, Row) \
     row("trbrdrv", RowBorderInnerColumns, Row) \
-    row("brdrs", BorderSingle, Row) \
-    row("brdrth", BorderThick, Row) \
-    row("brdrdb", BorderDouble, Row) \
-    row("brdrdot", BorderDotted, Row) \
-    row("brdrdash", BorderDashed, Row) \
-    row("brdrhair", BorderHair, Row) \
-    row("brdrw", BorderWidth, Row) \
-    row("brdrcf", BorderColor, Row) \
+    \
+    row("brdrt", BorderTop, Border) \
+    row("brdrl", BorderLeft, Border) \
+    row("brdrb", BorderBottom, Border) \
+    row("brdrr", BorderRight, Border) \
+    row("brdrbtw", BorderBetween, Border) \
+    row("brdrbar", BorderBar, Border) \
+    row("box", BorderBox, Border) \
+    row("chbrdr", BorderCharacters, Border) \
+    row("pgbrdrt", BorderPageTop, Border) \
+    row("pgbrdrl", BorderPageLeft, Border) \
+    row("pgbrdrb", BorderPageBottom, Border) \
+    row("pgbrdrr", BorderPageRight, Border) \
+    row("brdrnone", BorderNone, Border) \
+    row("brdrnil", BorderNil, Border) \
+    row("brdrs", BorderSingle, Border) \
+    row("brdrth", BorderThick, Border) \
+    row("brdrdb", BorderDouble, Border) \
+    row("brdrdot", BorderDotted, Border) \
+    row("brdrdash", BorderDashed, Border) \
+    row("brdrdashsm", BorderSmallDashes, Border) \
+    row("brdrdashd", BorderDashDot, Border) \
+    row("brdrdashdd", BorderDashDotDot, Border) \
+    row("brdrdashdotstr", BorderStriped, Border) \
+    row("brdrhair", BorderHair, Border) \
+    row("brdrtriple", BorderTriple, Border) \
+    row("brdrtnthsg", BorderThinThickSmall, Border) \
+    row("brdrthtnsg", BorderThickThinSmall, Border) \
+    row("brdrtnthtnsg", BorderThinThickThinSmall, Border) \
+    row("brdrtnthmg", BorderThinThickMedium, Border) \
+    row("brdrthtnmg", BorderThickThinMedium, Border) \
+    row("brdrtnthtnmg", BorderThinThickThinMedium, Border) \
+    row("brdrtnthlg", BorderThinThickLarge, Border) \
+    row("brdrthtnlg", BorderThickThinLarge, Border) \
+    row("brdrtnthtnlg", BorderThinThickThinLarge, Border) \
+    row("brdrwavy", BorderWavy, Border) \
+    row("brdrwavydb", BorderDoubleWavy, Border) \
+    row("brdremboss", BorderEmbossed, Border) \
+    row("brdrengrave", BorderEngraved, Border) \
+    row("brdrinset", BorderInset, Border) \
+    row("brdroutset", BorderOutset, Border) \
+    row("brdrframe", BorderFrame, Border) \
+    row("brdrsh", BorderShadow, Border) \
+    row("brdrw", BorderWidth, Border) \
+    row("brsp", BorderSpace, Border) \
+    row("brdrcf", BorderColor, Border) \
     \
     row("paperw", PaperWidth, Page) \
     row("paperh", PaperHeight, Page) \
@@ -315,11 +353,15 @@
     row("cols", Columns, Page) \
     row("colsx", ColumnGap, Page) \
     row("linebetcol", ColumnLine, Page) \
+    row("sbkcol", SectionAtColumn, Page) \
+    row("sbkpage", SectionAtPage, Page) \
+    row("sbkeven", SectionAtEvenPage, Page) \
+    row("sbkodd", SectionAtOddPage, Page) \
     \
     row("par", ParagraphEnd, Sign) \
     row("sect", SectionEnd, Sign) \
     row("sectd", SectionDefault, Sign) \
-    row("sbknone", SectionWithoutBreak, Sign) \
+    row("sbknone", SectionWithoutBreak, Page) \
     row("page", PageBreak, Sign) \
     row("cell", CellEnd, Sign) \
     row("nestcell", NestedCellEnd, Sign) \
@@ -349,8 +391,30 @@
     row("ltrmark", LeftToRightMark, Sign) \
     row("rtlmark", RightToLeftMark, Sign) \
     \
+    row("title", InfoTitle, Detail) \
+    row("subject", InfoSubject, Detail) \
+    row("author", InfoAuthor, Detail) \
+    row("keywords", InfoKeywords, Detail) \
+    row("doccomm", InfoComment, Detail) \
+    row("company", InfoCompany, Detail) \
+    row("manager", InfoManager, Detail) \
+    row("category", InfoCategory, Detail) \
+    row("nofpages", InfoPages, Detail) \
+    row("hlinkbase", InfoLinkBase, Detail) \
+    \
     row("fcharset", FontCharset, Detail) \
     row("cpg", FontCodePage, Detail) \
+    row("fnil", FontOfNoKind, Detail) \
+    row("froman", FontRoman, Detail) \
+    row("fswiss", FontSwiss, Detail) \
+    row("fmodern", FontModern, Detail) \
+    row("fscript", FontScript, Detail) \
+    row("fdecor", FontDecorative, Detail) \
+    row("ftech", FontTechnical, Detail) \
+    row("fbidi", FontBidirectional, Detail) \
+    row("fprq", FontPitch, Detail) \
+    row("falt", FontAlternate, Detail) \
+    row("panose", FontPanose, Detail) \
     row("red", Red, Detail) \
     row("green", Green, Detail) \
     row("blue", Blue, Detail) \

@@ -18,7 +18,7 @@ constexpr auto rows = std::to_array<Row>({{"", RtfSubject::None},
 #undef RTF_ROW
 });
 
-constexpr size_t slotCount = 1024; // a power of two, more than twice the words
+constexpr size_t slotCount = 2048; // a power of two, more than twice the words
 
 constexpr quint32 slotOf(std::string_view spelling)
 {

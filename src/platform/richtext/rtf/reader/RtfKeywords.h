@@ -18,9 +18,11 @@ enum class RtfSubject : quint8 {
     Document,    ///< code page, defaults
     Destination, ///< begins a group of its own kind
     Skipped,     ///< begins a group that says nothing to a reader
+    Kept,        ///< begins a group that shows nothing and is written back
     Character,
     Paragraph,
     Row,
+    Border, ///< lines of a paragraph, or of the row that is being described
     Page,
     Sign,  ///< is text or ends a paragraph
     Detail ///< understood inside one destination only

@@ -97,7 +97,8 @@ RtfToken RtfLexer::word()
         ++m_at;
     RtfToken token;
     token.kind = RtfToken::Kind::Word;
-    token.word = RtfKeywords::find(QByteArrayView(start, m_at));
+    token.text = QByteArrayView(start, m_at);
+    token.word = RtfKeywords::find(token.text);
     readParameter(token);
     if (m_at != m_end && *m_at == ' ')
         ++m_at;

@@ -11,9 +11,11 @@ struct RtfToken
     Kind kind = Kind::End;
     RtfWord word = RtfWord::Unknown;
     bool hasParameter = false;
-    int parameter = 0;   ///< of a Word, clamped to what an int holds
-    QByteArrayView text; ///< of Text: its bytes; of Symbol: the one character; of Byte (\'xx): none
-    uchar byte = 0;      ///< of Byte
+    int parameter = 0;      ///< of a Word, clamped to what an int holds
+    bool isStarred = false; ///< of a Word: \* is before it
+    QByteArrayView text;    ///< of Text: its bytes; of Symbol: the one character; of Word: its spelling; of
+                            ///< Byte (\'xx): none
+    uchar byte = 0;         ///< of Byte
 
     /// What a switch such as \b means: on, unless its parameter is 0.
     bool isOn() const { return !hasParameter || parameter != 0; }

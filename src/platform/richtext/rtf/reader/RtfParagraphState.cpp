@@ -1,7 +1,7 @@
 #include "RtfParagraphState.h"
 
 #include "RtfLexer.h"
-#include "RtfTabStops.h"
+#include "RtfParagraphRows.h"
 
 #include <Qt>
 
@@ -19,7 +19,7 @@ int RtfParagraphState::depth() const
     return tableDepth >= 0 ? qMin(qMax(tableDepth, isInTable), deepestTable) : isInTable;
 }
 
-quint32 RtfParagraphState::apply(const RtfToken &token, RtfTabStops &stops)
+quint32 RtfParagraphState::apply(const RtfToken &token, RtfParagraphRows &rows)
 {
     const auto set = [](int &field, int value, Property property) {
         field = value;
@@ -73,7 +73,9 @@ quint32 RtfParagraphState::apply(const RtfToken &token, RtfTabStops &stops)
     case RtfWord::TableDepth:
         return set(tableDepth, qBound(0, token.parameter, deepestTable), Table);
     default:
-        return stops.apply(token, tabs) ? quint32(Tabs) : 0;
+        if (rows.borders.apply(token, borders))
+            return Borders;
+        return rows.stops.apply(token, tabs) ? quint32(Tabs) : 0;
     }
 }
 
@@ -93,6 +95,7 @@ void RtfParagraphState::take(const RtfParagraphState &other, quint32 which)
     copy(&RtfParagraphState::isMultiple, SpacingRule);
     copy(&RtfParagraphState::isRightToLeft, Direction);
     copy(&RtfParagraphState::tabs, Tabs);
+    copy(&RtfParagraphState::borders, Borders);
     copy(&RtfParagraphState::shading, Shading);
     copy(&RtfParagraphState::breaksPage, PageBreak);
     copy(&RtfParagraphState::list, List);

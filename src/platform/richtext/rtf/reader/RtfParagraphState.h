@@ -4,7 +4,7 @@
 #include <type_traits>
 
 struct RtfToken;
-class RtfTabStops;
+struct RtfParagraphRows;
 
 /// How a paragraph looks and where it belongs, as far as control words say. Lengths in twips.
 struct RtfParagraphState
@@ -24,7 +24,8 @@ struct RtfParagraphState
         PageBreak = 2048,
         List = 4096,
         Level = 8192,
-        Table = 16384
+        Table = 16384,
+        Borders = 32768
     };
 
     int alignment = 0; ///< Qt::Alignment, 0 is by direction
@@ -36,13 +37,15 @@ struct RtfParagraphState
     int spacing = 0;
     int isMultiple = 0;
     int isRightToLeft = 0;
-    int tabs = 0; ///< RtfTabStops
+    int tabs = 0;    ///< RtfTabStops
+    int borders = 0; ///< RtfBorders
     int shading = 0;
     int breaksPage = 0;
     int list = 0;         ///< \ls, 0 is none
     int level = 0;        ///< \ilvl
     int oldNumbering = 0; ///< RtfOldNumbering, 0 is none
     int isInTable = 0;
+    int section = 0;     ///< RtfFormats, the one that begins with it, 0 is none
     int tableDepth = -1; ///< \itap, -1 when the file does not say
 
     bool operator==(const RtfParagraphState &other) const = default;
@@ -52,7 +55,7 @@ struct RtfParagraphState
 
     /// Does what \a token says and returns the properties that it is about, 0 when it says nothing here.
     /// \pard and \s are not known here.
-    quint32 apply(const RtfToken &token, RtfTabStops &stops);
+    quint32 apply(const RtfToken &token, RtfParagraphRows &rows);
 
     /// Takes over the properties \a which of \a other.
     void take(const RtfParagraphState &other, quint32 which);

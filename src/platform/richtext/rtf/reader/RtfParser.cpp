@@ -8,14 +8,15 @@ constexpr size_t mostStates = 100000; // groups beyond are read, but leave no st
 
 } // namespace
 
-RtfParser::RtfParser(QByteArrayView bytes, QTextDocument &document)
+RtfParser::RtfParser(QByteArrayView bytes, QTextDocument &document, const QString &fileName)
     : m_lexer(bytes)
+    , m_fileName(fileName)
     , m_states(1)
-    , m_styles(m_stops)
+    , m_styles(m_rows)
     , m_listOverrides(m_listTable)
     , m_picture(document)
-    , m_formats(m_fonts, m_colors, m_stops)
-    , m_lists(m_listOverrides, m_oldNumbering)
+    , m_formats(m_fonts, m_colors, m_rows)
+    , m_lists(m_listOverrides, m_oldNumbering, m_fonts)
     , m_filler(document, m_formats, m_colors, m_lists)
     , m_pages(document, m_formats, m_colors, m_lists)
     , m_body(m_fonts, m_formats, m_lists, m_filler)
@@ -31,6 +32,7 @@ void RtfParser::run()
         close();
     if (!m_isDone)
         m_body.finish(state());
+    m_pages.setFontWords(m_fonts.words());
     m_pages.finish();
 }
 
@@ -45,6 +47,7 @@ void RtfParser::read(const RtfToken &found)
     case RtfToken::Kind::Close:
         return close();
     case RtfToken::Kind::Word:
+        token.isStarred = std::exchange(m_isStarred, false);
         return word(token);
     case RtfToken::Kind::Symbol:
         return symbol(token.text.front());
@@ -171,11 +174,13 @@ void RtfParser::character(char16_t c)
 
 void RtfParser::word(const RtfToken &token)
 {
-    const bool isStarred = std::exchange(m_isStarred, false);
     const RtfSubject subject = RtfKeywords::subject(token.word);
-    const bool beginsGroup = subject == RtfSubject::Destination || subject == RtfSubject::Skipped;
-    const bool isStrange = isStarred && !beginsGroup && (!state().part || token.word == RtfWord::Unknown);
-    if (subject == RtfSubject::Skipped || isStrange || (m_deeper > 0 && beginsGroup)) {
+    const bool isKept = subject == RtfSubject::Kept;
+    const bool beginsGroup = isKept || subject == RtfSubject::Destination || subject == RtfSubject::Skipped;
+    const bool isStrange =
+        token.isStarred && !beginsGroup && (!state().part || token.word == RtfWord::Unknown);
+    if (subject == RtfSubject::Skipped || (isKept && state().part) || isStrange ||
+        (m_deeper > 0 && beginsGroup)) {
         m_lexer.skipGroup();
         return;
     }
@@ -190,6 +195,8 @@ void RtfParser::word(const RtfToken &token)
         return documentWord(token);
     case RtfSubject::Destination:
         return destination(token);
+    case RtfSubject::Kept:
+        return beginKept(token);
     case RtfSubject::Character:
         return characterWord(token);
     case RtfSubject::Paragraph:
@@ -197,7 +204,11 @@ void RtfParser::word(const RtfToken &token)
     case RtfSubject::Row:
         m_body.row(state()).apply(token);
         break;
+    case RtfSubject::Border:
+        return borderWord(token);
     case RtfSubject::Page:
+        if (token.word == RtfWord::SectionWithoutBreak)
+            m_body.setNextBreaksPage(false);
         return m_pages.apply(token);
     case RtfSubject::Sign:
         return sign(token.word);
@@ -331,6 +342,18 @@ void RtfParser::paragraphWord(const RtfToken &token)
         dropStyle();
         here.characters.take(style.characters, style.characterSet & ~here.characterSet);
     } else {
-        here.paragraphSet |= here.paragraph.apply(token, m_stops);
+        here.paragraphSet |= here.paragraph.apply(token, m_rows);
     }
+}
+
+/// A row's lines have sides of their own; the words that follow a side are the same for both.
+void RtfParser::borderWord(const RtfToken &token)
+{
+    RtfRowReader &row = m_body.row(state());
+    if (RtfBorders::isSide(token))
+        row.leaveBorder();
+    if (row.isAtBorder())
+        row.apply(token);
+    else
+        paragraphWord(token);
 }

@@ -38,6 +38,8 @@ void RtfParser::destination(const RtfToken &token)
         break;
     case RtfWord::Footnote:
         return beginNote();
+    case RtfWord::Annotation:
+        return beginComment();
     case RtfWord::UnicodePair:
         state().isPair = true;
         break;
@@ -137,6 +139,21 @@ void RtfParser::beginNote()
         beginStory(RtfState::End::Note);
 }
 
+void RtfParser::beginComment()
+{
+    if (m_body.beginComment())
+        beginStory(RtfState::End::Comment);
+    else
+        m_lexer.skipGroup();
+}
+
+void RtfParser::beginKept(const RtfToken &token)
+{
+    const bool isInformation = token.word == RtfWord::Info || token.word == RtfWord::UserProperties;
+    m_kept.begin(token, *m_fonts.font(RtfCharacterState::standardFont).page);
+    beginPart(m_kept, isInformation ? RtfState::End::Information : RtfState::End::Kept);
+}
+
 void RtfParser::beginPageText(const RtfToken &token)
 {
     const std::optional<PageTexts::Kind> kind = m_pages.kind(token);
@@ -190,6 +207,12 @@ void RtfParser::end(const RtfState &ended)
     case RtfState::End::PageText:
         m_pages.keep(*std::exchange(m_pageText, {}), m_body.endPageText(ended));
         break;
+    case RtfState::End::Kept:
+        return m_body.addUnseen(m_kept.end());
+    case RtfState::End::Information:
+        return m_pages.addInformation(m_kept.end());
+    case RtfState::End::Comment:
+        return m_body.endComment(ended);
     case RtfState::End::PropertyName:
         m_propertyName = m_text.end().trimmed();
         break;
@@ -209,6 +232,7 @@ void RtfParser::endInstruction(const RtfState &ended)
         field.number = m_formats.fieldOf(text.simplified());
     if (instruction.isPageNumber)
         field.pageNumber = text.simplified();
+    field.standIn = standIn(instruction);
     field.place = m_body.place();
     if (instruction.sign < 0)
         return;
@@ -220,8 +244,24 @@ void RtfParser::endField(const RtfState &ended)
 {
     const Field field = m_fields.back();
     m_fields.pop_back();
-    if (!field.pageNumber.isEmpty() && m_body.place() == field.place)
-        pageNumber(field.pageNumber, ended.characters);
+    if (field.place != m_body.place())
+        return;
+    if (m_pageText && !field.pageNumber.isEmpty())
+        return pageNumber(field.pageNumber, ended.characters);
+    RtfCharacterState state = ended.characters;
+    state.field = field.number;
+    for (const QChar c : field.standIn)
+        m_body.character(c.unicode(), state);
+}
+
+/// What a field shows that has no result.
+QString RtfParser::standIn(const RtfFieldInstruction &instruction) const
+{
+    if (instruction.isFileName)
+        return m_fileName;
+    if (instruction.fact != RtfWord::Unknown)
+        return m_kept.text(instruction.fact);
+    return instruction.text;
 }
 
 /// A number that a page's own one takes the place of when it is printed.

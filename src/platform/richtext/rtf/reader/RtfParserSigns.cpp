@@ -43,12 +43,9 @@ void RtfParser::sign(RtfWord word)
     case RtfWord::ParagraphEnd:
         return m_body.endParagraph(state());
     case RtfWord::SectionEnd:
-        m_pages.endSection();
-        return m_body.breakPage(state());
+        return m_body.beginSection(state(), m_formats.add(m_pages.endSection()));
     case RtfWord::PageBreak:
         return m_body.breakPage(state());
-    case RtfWord::SectionWithoutBreak:
-        return m_body.setNextBreaksPage(false);
     case RtfWord::SectionDefault:
         return m_pages.beginSection();
     case RtfWord::CellEnd:

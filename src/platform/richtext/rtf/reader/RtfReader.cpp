@@ -23,11 +23,11 @@ bool RtfReader::recognises(const QByteArray &bytes)
     return startOf(bytes) >= 0;
 }
 
-void RtfReader::read(const QByteArray &bytes, QTextDocument &document)
+void RtfReader::read(const QByteArray &bytes, QTextDocument &document, const QString &fileName)
 {
     const bool undoes = document.isUndoRedoEnabled();
     document.setUndoRedoEnabled(false);
-    RtfParser(bytes, document).run();
+    RtfParser(bytes, document, fileName).run();
     document.setUndoRedoEnabled(undoes);
     document.setModified(false);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QString>
 
 class QTextDocument;
 
@@ -13,6 +14,7 @@ public:
     static bool recognises(const QByteArray &bytes);
 
     /// Fills \a document, which has to be empty and detached from any view. A damaged file yields what could
-    /// be read. The undo stack is left empty and the document unmodified.
-    static void read(const QByteArray &bytes, QTextDocument &document);
+    /// be read. The undo stack is left empty and the document unmodified. \a fileName is what fields show
+    /// that name the document's file.
+    static void read(const QByteArray &bytes, QTextDocument &document, const QString &fileName = {});
 };

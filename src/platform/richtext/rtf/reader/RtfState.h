@@ -21,7 +21,10 @@ struct RtfState
         Note,
         Insertion,
         PageText,
-        PropertyName
+        PropertyName,
+        Kept,
+        Information,
+        Comment
     };
 
     RtfCharacterState characters;

@@ -4,13 +4,11 @@
 #include "RtfLexer.h"
 #include "Twips.h"
 
-#include <QStringList>
 #include <algorithm>
 #include <array>
 
 namespace {
 
-constexpr int mostWords = 256;  // a row that is longer is no one's
 constexpr int farthest = 32767; // twips
 
 struct Spelling
@@ -44,56 +42,44 @@ bool RtfTabStops::apply(const RtfToken &token, int &row)
         std::find_if(spellings.begin(), spellings.end(), [&](Spelling r) { return r.word == token.word; });
     if (known == spellings.end())
         return false;
-    Entry entry;
-    entry.before = row;
-    entry.count = m_entries.at(row).count + 1;
-    entry.word = int(known - spellings.begin());
-    entry.twips = hasPlace(entry.word) ? qBound(-farthest, token.parameter, farthest) : 0;
-    if (entry.count > mostWords)
-        return true;
-    constexpr qint64 span = 1 << 20;
-    int &number = m_rows[{row, entry.word * span + entry.twips}];
-    if (number == 0) {
-        number = int(m_entries.size());
-        m_entries.append(entry);
-    }
-    row = number;
+    const int word = int(known - spellings.begin());
+    row = m_rows.add(row, word, hasPlace(word) ? qBound(-farthest, token.parameter, farthest) : 0);
     return true;
 }
 
-QList<RtfTabStops::Entry> RtfTabStops::entries(int row) const
+/// By place: programs say some stops twice, those of a style and those of the paragraph.
+QMap<int, QStringList> RtfTabStops::stops(int row) const
 {
-    QList<Entry> list;
-    for (; row != 0; row = m_entries.at(row).before)
-        list.append(m_entries.at(row));
-    std::reverse(list.begin(), list.end());
-    return list;
+    QMap<int, QStringList> stops;
+    QStringList kind;
+    const QList<RtfWordRows::Entry> all = m_rows.entries(row);
+    for (const RtfWordRows::Entry &entry : all) {
+        QString word = QLatin1String(spellings[size_t(entry.word)].spelling);
+        if (!hasPlace(entry.word)) {
+            kind.append(word);
+            continue;
+        }
+        kind.append(word + QString::number(entry.value));
+        stops.insert(entry.value, std::exchange(kind, {}));
+    }
+    return stops;
 }
 
 QList<QTextOption::Tab> RtfTabStops::tabs(int row) const
 {
     QList<QTextOption::Tab> list;
-    QTextOption::TabType type = QTextOption::LeftTab;
-    const QList<Entry> all = entries(row);
-    for (const Entry &entry : all) {
-        switch (spellings[size_t(entry.word)].word) {
-        case RtfWord::TabRight:
+    const QMap<int, QStringList> stops = this->stops(row);
+    for (auto stop = stops.cbegin(); stop != stops.cend(); ++stop) {
+        if (stop->constLast().startsWith(QLatin1String("tb")))
+            continue; // bars, and what fills the gap, Qt does not draw
+        QTextOption::TabType type = QTextOption::LeftTab;
+        if (stop->contains(QLatin1String("tqr")))
             type = QTextOption::RightTab;
-            break;
-        case RtfWord::TabCenter:
+        else if (stop->contains(QLatin1String("tqc")))
             type = QTextOption::CenterTab;
-            break;
-        case RtfWord::TabDecimal:
+        else if (stop->contains(QLatin1String("tqdec")))
             type = QTextOption::DelimiterTab;
-            break;
-        case RtfWord::TabStop:
-            list.append(
-                QTextOption::Tab(Twips::toPixels(entry.twips, ParagraphFormat::layoutDpi()), type, u'.'));
-            type = QTextOption::LeftTab;
-            break;
-        default: // what fills the gap, and bars, Qt does not draw
-            break;
-        }
+        list.append(QTextOption::Tab(Twips::toPixels(stop.key(), ParagraphFormat::layoutDpi()), type, u'.'));
     }
     return list;
 }
@@ -101,12 +87,8 @@ QList<QTextOption::Tab> RtfTabStops::tabs(int row) const
 QString RtfTabStops::words(int row) const
 {
     QStringList words;
-    const QList<Entry> all = entries(row);
-    for (const Entry &entry : all) {
-        QString word = QLatin1String(spellings[size_t(entry.word)].spelling);
-        if (hasPlace(entry.word))
-            word += QString::number(entry.twips);
-        words.append(word);
-    }
+    const QMap<int, QStringList> stops = this->stops(row);
+    for (const QStringList &stop : stops)
+        words.append(stop);
     return words.join(u' ');
 }

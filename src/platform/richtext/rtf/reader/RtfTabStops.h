@@ -1,15 +1,14 @@
 #pragma once
 
-#include <QHash>
-#include <QList>
+#include "RtfWordRows.h"
+
+#include <QMap>
+#include <QStringList>
 #include <QTextOption>
 
 struct RtfToken;
 
-/// The rows of tab stops that paragraphs have, each known by one number, so that a paragraph's state stays
-/// small.
-///
-/// A row is a row with one word less and a word at its end; 0 is the empty row.
+/// The rows of tab stops that paragraphs have, each known by one number; 0 is the empty row.
 class RtfTabStops
 {
 public:
@@ -20,16 +19,7 @@ public:
     QString words(int row) const;                ///< as RichTextProperty::TabStops
 
 private:
-    struct Entry
-    {
-        int before = 0;
-        int count = 0;
-        int word = 0; ///< index of the spelling
-        int twips = 0;
-    };
+    QMap<int, QStringList> stops(int row) const;
 
-    QList<Entry> entries(int row) const;
-
-    QList<Entry> m_entries = {Entry()};
-    QHash<std::pair<int, qint64>, int> m_rows; ///< by the row before and the word added
+    RtfWordRows m_rows;
 };

@@ -114,6 +114,7 @@ CharacterWords::CharacterWords(const QList<QTextFormat> &formats, RtfHeader &hea
     , m_header(header)
     , m_runs(formats.size() * NeedCount)
     , m_signs(signsOf(formats))
+    , m_hasUnseen(std::any_of(formats.begin(), formats.end(), Unseen::of))
 {}
 
 CharacterWords::Run CharacterWords::run(int format, QStringView text)
@@ -158,6 +159,7 @@ CharacterWords::Run CharacterWords::make(const QTextCharFormat &format, int need
     run.words = m_words.number(wordsOf(format, needs));
     run.field = m_fields.number(instructionOf(format));
     run.isPicture = format.isImageFormat();
+    run.unseen = Unseen::of(format);
     return run;
 }
 
@@ -246,5 +248,6 @@ void CharacterWords::appendColours(QByteArray &out, const QTextCharFormat &forma
         RtfWords::append(out, "cf", text);
     const int behind = m_header.colours.number(format.background());
     if (behind != 0)
-        RtfWords::append(out, "highlight", behind);
+        RtfWords::append(out, format.hasProperty(RichTextProperty::IsShading) ? "chcbpat" : "highlight",
+                         behind);
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "RtfSymbolFont.h"
+#include "Unseen.h"
 #include "WordSet.h"
 
 #include <QList>
@@ -17,6 +18,7 @@ public:
         int words = -1; ///< equal for formats that are written alike
         int field = 0;  ///< equal for text of the same field, such as a link; 0 for none
         bool isPicture = false;
+        const Unseen::Pieces *unseen = nullptr; ///< what is not shown before the text
     };
 
     /// \a formats are the document's own, by index.
@@ -35,6 +37,11 @@ public:
 
     /// What the field asks for, as it is written, for Run::field.
     const QByteArray &instruction(int field) const { return m_fields.at(field); }
+
+    /// What is not shown before the end of a paragraph whose characters have \a format.
+    const Unseen::Pieces *unseen(int format) const { return Unseen::of(m_formats.at(format)); }
+    /// Whether any format has something.
+    bool hasUnseen() const { return m_hasUnseen; }
 
     QTextCharFormat format(int format) const { return m_formats.at(format).toCharFormat(); }
 
@@ -55,6 +62,7 @@ private:
     RtfHeader &m_header;
     QList<Run> m_runs;                  ///< by format and needs; without words until it was asked for
     QList<RtfSymbolFont::Kind> m_signs; ///< by format
+    bool m_hasUnseen = false;
     WordSet m_words;
     WordSet m_fields;
 };

@@ -1,5 +1,6 @@
 #include "ParagraphWords.h"
 
+#include "PageSections.h"
 #include "ParagraphFormat.h"
 #include "RichTextProperties.h"
 #include "RtfHeader.h"
@@ -8,6 +9,7 @@
 #include <QBrush>
 #include <QTextDocument>
 #include <QTextList>
+#include <algorithm>
 
 using ParagraphFormat::toTwips;
 
@@ -121,6 +123,14 @@ ParagraphWords::ParagraphWords(const QTextDocument &document, const QList<QTextF
     , m_paragraphs(formats.size())
 {}
 
+bool ParagraphWords::beginSections()
+{
+    m_hasSections = std::any_of(m_formats.begin(), m_formats.end(), [](const QTextFormat &format) {
+        return PageSections::of(format) != nullptr;
+    });
+    return m_hasSections;
+}
+
 ParagraphWords::Paragraph ParagraphWords::paragraph(int format)
 {
     Paragraph &known = m_paragraphs[format];
@@ -143,15 +153,30 @@ QByteArray ParagraphWords::wordsOf(const QTextBlockFormat &format, const QTextLi
 {
     QByteArray out;
     const QByteArray edges = indents(format, list, m_document.indentWidth());
-    out.append(list && isMarked(*list) ? m_header.lists.words(*list, edges) : edges);
+    out.append(list && isMarked(*list) ? m_header.lists.words(*list, edges, m_header.fonts) : edges);
     appendNonZero(out, "ri", ParagraphFormat::rightIndent(format));
     appendAlignment(out, format);
     appendSpacing(out, format);
     appendTabs(out, format);
-    if (format.pageBreakPolicy().testFlag(QTextFormat::PageBreak_AlwaysBefore))
+    const PageSections::Section section = m_hasSections ? PageSections::of(format) : nullptr;
+    const bool breaksPage = format.pageBreakPolicy().testFlag(QTextFormat::PageBreak_AlwaysBefore);
+    if (breaksPage && !(section && PageSections::breaksPage(*section)))
         RtfWords::append(out, "pagebb");
+    appendBorders(out, format);
     appendBackground(out, format);
     return out;
+}
+
+void ParagraphWords::appendBorders(QByteArray &out, const QTextBlockFormat &format)
+{
+    const QString lines = format.stringProperty(RichTextProperty::Borders);
+    for (const QString &word : lines.split(u' ', Qt::SkipEmptyParts)) {
+        const qsizetype color = word.indexOf(u'#');
+        if (color < 0)
+            out.append('\\').append(word.toLatin1());
+        else
+            RtfWords::append(out, "brdrcf", m_header.colours.number(QColor(word.mid(color))));
+    }
 }
 
 void ParagraphWords::appendBackground(QByteArray &out, const QTextBlockFormat &format)

@@ -22,6 +22,10 @@ public:
     /// \a formats are those of \a document, by index.
     ParagraphWords(const QTextDocument &document, const QList<QTextFormat> &formats, RtfHeader &header);
 
+    /// From here on sections are written with the paragraphs that begin them, and say themselves that they
+    /// begin pages. False when no format has any.
+    bool beginSections();
+
     Paragraph paragraph(int format);
 
     /// What differs from a paragraph without properties, for Paragraph::words; 0 is that paragraph.
@@ -30,11 +34,13 @@ public:
 private:
     Paragraph make(const QTextBlockFormat &format);
     QByteArray wordsOf(const QTextBlockFormat &format, const QTextList *list);
+    void appendBorders(QByteArray &out, const QTextBlockFormat &format);
     void appendBackground(QByteArray &out, const QTextBlockFormat &format);
 
     const QTextDocument &m_document;
     QList<QTextFormat> m_formats;
     RtfHeader &m_header;
+    bool m_hasSections = false;
     QList<Paragraph> m_paragraphs; ///< by format; without words until it was asked for
     WordSet m_words;
 };

@@ -1,8 +1,11 @@
 #include "RtfBodyWriter.h"
 
+#include "PageSections.h"
 #include "RowWords.h"
 #include "RtfHeader.h"
+#include "RtfPageWriter.h"
 #include "RtfPicture.h"
+#include "RtfWords.h"
 
 #include <QTextBlock>
 #include <QTextCursor>
@@ -12,12 +15,14 @@
 namespace {
 
 constexpr const char *paragraphEnd = "\\par";
+constexpr const char *sectionEnd = "\\sect";
 constexpr const char *cellEnd = "\\cell";
 constexpr const char *nestedCellEnd = "\\nestcell{\\nonesttables\\par}";
 
 } // namespace
 
-RtfBodyWriter::RtfBodyWriter(const QTextDocument &document, int from, int to, RtfHeader &header)
+RtfBodyWriter::RtfBodyWriter(const QTextDocument &document, int from, int to, RtfHeader &header,
+                             Sections sections)
     : m_document(document)
     , m_text(document.toRawText())
     , m_from(from)
@@ -25,6 +30,7 @@ RtfBodyWriter::RtfBodyWriter(const QTextDocument &document, int from, int to, Rt
     , m_header(header)
     , m_characters(document.allFormats(), header)
     , m_paragraphs(document, document.allFormats(), header)
+    , m_hasSections(sections == Sections::Written && m_paragraphs.beginSections())
 {}
 
 QByteArray RtfBodyWriter::write()
@@ -48,16 +54,49 @@ void RtfBodyWriter::blocks(int start, int end, const char *lastEnd)
             continue;
         }
         const int next = position + block.length();
-        this->block(block, position, next > end ? lastEnd : paragraphEnd);
+        if (m_hasSections && m_depth == 0)
+            beginSection(block);
+        this->block(block, position, next > end ? lastEnd : endOf(block));
         position = next;
         block = block.next();
     }
+}
+
+/// One that has begun already does not begin again: splitting a paragraph copies its format.
+bool RtfBodyWriter::beginsSection(const QTextBlock &block) const
+{
+    const PageSections::Section section = PageSections::of(block.blockFormat());
+    return section && !m_sections.contains(section.get());
+}
+
+/// The section ends with its last paragraph; an empty one would not be seen without an end of its own.
+const char *RtfBodyWriter::endOf(const QTextBlock &block)
+{
+    const bool endsSection =
+        m_hasSections && m_depth == 0 && block.length() > 1 && beginsSection(block.next());
+    m_sectionHasEnded = endsSection;
+    return endsSection ? sectionEnd : paragraphEnd;
+}
+
+void RtfBodyWriter::beginSection(const QTextBlock &block)
+{
+    if (!beginsSection(block))
+        return;
+    const PageSections::Section section = PageSections::of(block.blockFormat());
+    m_sections.insert(section.get());
+    if (!std::exchange(m_sectionHasEnded, false)) {
+        setParagraph(0); // no longer a table's
+        m_stream.line(sectionEnd);
+    }
+    m_stream.group(RtfPageWriter::write(*section, m_header));
 }
 
 void RtfBodyWriter::childFrame(const QTextFrame &child)
 {
     if (child.lastPosition() < m_from || child.firstPosition() > m_to)
         return;
+    if (m_hasSections && m_depth == 0)
+        beginSection(m_document.findBlock(child.firstPosition()));
     if (const auto *inner = qobject_cast<const QTextTable *>(&child))
         table(*inner);
     else
@@ -132,10 +171,12 @@ void RtfBodyWriter::block(const QTextBlock &block, int start, const char *end)
     setParagraph(paragraph.words);
     if (paragraph.list)
         m_stream.group(m_header.lists.nextMark(*paragraph.list));
+    if (start != last)
+        runs(block, start);
+    if (endIsSelected && m_characters.hasUnseen())
+        unseen(m_characters.unseen(block.charFormatIndex()));
     if (start == last)
         setCharacters(wordsOfEmpty(block, start));
-    else
-        runs(block, start);
     if (endIsSelected)
         m_stream.line(end);
     else
@@ -168,6 +209,7 @@ void RtfBodyWriter::runs(const QTextBlock &block, int next)
         const CharacterWords::Run run = m_characters.run(fragment.charFormatIndex(), text);
         if (run.field != field && field != 0)
             m_stream.endField();
+        unseen(run.unseen);
         if (run.field != field && run.field != 0)
             m_stream.startField(m_characters.instruction(run.field));
         field = run.field;
@@ -179,6 +221,40 @@ void RtfBodyWriter::runs(const QTextBlock &block, int next)
     }
     if (field != 0)
         m_stream.endField();
+}
+
+void RtfBodyWriter::unseen(const Unseen::Pieces *pieces)
+{
+    if (!pieces || m_written.contains(pieces))
+        return;
+    m_written.insert(pieces);
+    setCharacters(0);
+    for (const Unseen::Piece &piece : *pieces)
+        m_stream.group(piece.before + textOf(piece) + piece.after);
+}
+
+QByteArray RtfBodyWriter::textOf(const Unseen::Piece &piece)
+{
+    QList<QTextFormat> formats;
+    for (const Unseen::Run &run : piece.text)
+        formats.append(run.format);
+    CharacterWords characters(formats, m_header);
+    QByteArray out;
+    for (int i = 0; i < formats.size(); ++i) {
+        const QString &text = piece.text.at(i).text;
+        const QByteArray words = characters.words(characters.run(i, text).words);
+        out.append('{').append(words);
+        if (!words.isEmpty())
+            out.append(' ');
+        const QList<QStringView> paragraphs = QStringView(text).split(QChar::ParagraphSeparator);
+        for (qsizetype part = 0; part < paragraphs.size(); ++part) {
+            if (part > 0)
+                out.append("\\par ");
+            RtfWords::appendText(out, paragraphs.at(part));
+        }
+        out.append('}');
+    }
+    return out;
 }
 
 void RtfBodyWriter::pictures(int format, QStringView places)

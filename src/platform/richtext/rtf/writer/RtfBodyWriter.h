@@ -4,6 +4,7 @@
 #include "ParagraphWords.h"
 #include "RtfStream.h"
 
+#include <QSet>
 #include <QString>
 
 class QTextBlock;
@@ -16,8 +17,12 @@ struct RtfHeader;
 class RtfBodyWriter
 {
 public:
-    /// From the position \a from up to, but without, \a to.
-    RtfBodyWriter(const QTextDocument &document, int from, int to, RtfHeader &header);
+    enum class Sections { Left, Written };
+
+    /// From the position \a from up to, but without, \a to. The first section is never among the written
+    /// ones.
+    RtfBodyWriter(const QTextDocument &document, int from, int to, RtfHeader &header,
+                  Sections sections = Sections::Left);
 
     QByteArray write();
 
@@ -31,6 +36,9 @@ private:
     };
 
     void blocks(int start, int end, const char *lastEnd);
+    void beginSection(const QTextBlock &block);
+    bool beginsSection(const QTextBlock &block) const;
+    const char *endOf(const QTextBlock &block);
     void childFrame(const QTextFrame &child);
     void table(const QTextTable &table);
     void cells(const QTextTable &table, const Cells &cells);
@@ -41,6 +49,8 @@ private:
     int wordsOfEmpty(const QTextBlock &block, int start);
     void setCharacters(int words) { m_stream.setCharacters(words, m_characters.words(words)); }
     void setParagraph(int words) { m_stream.setParagraph(words, m_paragraphs.words(words), m_depth); }
+    void unseen(const Unseen::Pieces *pieces);
+    QByteArray textOf(const Unseen::Piece &piece);
     void pictures(int format, QStringView places);
 
     const QTextDocument &m_document;
@@ -52,4 +62,8 @@ private:
     CharacterWords m_characters;
     ParagraphWords m_paragraphs;
     RtfStream m_stream;
+    bool m_hasSections; ///< those behind the first are written
+    bool m_sectionHasEnded = false;
+    QSet<const void *> m_sections; ///< written ones
+    QSet<const Unseen::Pieces *> m_written;
 };

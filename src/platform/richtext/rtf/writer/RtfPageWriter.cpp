@@ -2,6 +2,7 @@
 
 #include "PageFormat.h"
 #include "PageTexts.h"
+#include "RichTextProperties.h"
 #include "RtfBodyWriter.h"
 
 #include <QTextDocument>
@@ -9,11 +10,11 @@
 
 namespace {
 
-QByteArray texts(const QTextDocument &document, RtfHeader &header)
+QByteArray texts(const QTextFrameFormat &format, RtfHeader &header)
 {
     QByteArray out;
     for (int kind = 0; kind < PageTexts::KindCount; ++kind) {
-        const auto text = PageTexts::text(document, PageTexts::Kind(kind));
+        const auto text = PageTexts::text(format, PageTexts::Kind(kind));
         if (!text)
             continue;
         out.append("{\\").append(PageTexts::word(PageTexts::Kind(kind))).append("\\pard\\plain\n");
@@ -30,5 +31,12 @@ QByteArray RtfPageWriter::write(const QTextDocument &document, RtfHeader &header
     QByteArray words = PageFormat::documentWords(format) + PageFormat::sectionWords(format);
     if (!words.isEmpty())
         words.append('\n');
-    return words + texts(document, header);
+    const QByteArray information = format.property(RichTextProperty::Information).toByteArray();
+    return information + words + texts(format, header);
+}
+
+QByteArray RtfPageWriter::write(const QTextFrameFormat &section, RtfHeader &header)
+{
+    const QByteArray words = PageFormat::sectionWords(section);
+    return (words.isEmpty() ? "\\sectd" : words) + '\n' + texts(section, header);
 }

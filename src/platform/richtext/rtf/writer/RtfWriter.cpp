@@ -1,5 +1,6 @@
 #include "RtfWriter.h"
 
+#include "RichTextProperties.h"
 #include "RtfBodyWriter.h"
 #include "RtfHeader.h"
 #include "RtfPageWriter.h"
@@ -8,6 +9,7 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextFrame>
 
 namespace {
 
@@ -22,6 +24,13 @@ QFont standardFont(const QTextDocument &document)
     return font;
 }
 
+RtfHeader headerOf(const QTextDocument &document)
+{
+    RtfHeader header(standardFont(document));
+    header.fonts.setWords(document.rootFrame()->frameFormat().property(RichTextProperty::FontWords).toMap());
+    return header;
+}
+
 QByteArray whole(const RtfHeader &header, const QByteArray &pages, QByteArray body)
 {
     return body.prepend(header.bytes() + pages).append("}\n");
@@ -31,8 +40,10 @@ QByteArray whole(const RtfHeader &header, const QByteArray &pages, QByteArray bo
 
 QByteArray RtfWriter::write(const QTextDocument &document)
 {
-    RtfHeader header(standardFont(document));
-    QByteArray body = RtfBodyWriter(document, 0, document.characterCount(), header).write();
+    RtfHeader header = headerOf(document);
+    QByteArray body =
+        RtfBodyWriter(document, 0, document.characterCount(), header, RtfBodyWriter::Sections::Written)
+            .write();
     const QByteArray pages = RtfPageWriter::write(document, header);
     return whole(header, pages, std::move(body));
 }
@@ -48,7 +59,7 @@ QByteArray RtfWriter::writeSelection(const QTextCursor &cursor)
         end == last.position() + last.length() - 1 && cursor.selectionStart() <= last.position();
     if (hasLast && cursor.hasSelection())
         ++end;
-    RtfHeader header(standardFont(document));
+    RtfHeader header = headerOf(document);
     QByteArray body = RtfBodyWriter(document, cursor.selectionStart(), end, header).write();
     return whole(header, {}, std::move(body));
 }

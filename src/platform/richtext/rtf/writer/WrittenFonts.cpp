@@ -34,9 +34,11 @@ QByteArray WrittenFonts::table() const
     for (qsizetype i = 0; i < m_names.size(); ++i) {
         out.append('{');
         RtfWords::append(out, "f", int(i));
-        out.append("\\fnil ");
+        const QVariantList words =
+            m_words.value(m_names.at(i), QVariantList{"\\fnil", QByteArray()}).toList();
+        out.append(words.value(0).toByteArray()).append(' ');
         RtfWords::appendText(out, m_names.at(i));
-        out.append(";}");
+        out.append(words.value(1).toByteArray()).append(";}");
     }
     return out.append('}');
 }

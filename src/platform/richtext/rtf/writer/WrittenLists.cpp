@@ -3,6 +3,7 @@
 #include "ListMark.h"
 #include "RichTextProperties.h"
 #include "RtfWords.h"
+#include "WrittenFonts.h"
 
 #include <QTextList>
 
@@ -33,7 +34,7 @@ void appendLevelText(QByteArray &out, const QTextListFormat &format, int level)
 {
     out.append("{\\leveltext");
     if (!ListMark::isNumbered(format)) {
-        appendCount(out, 1);
+        appendCount(out, ListMark::bullet(format).size());
         RtfWords::appendText(out, ListMark::bullet(format));
         out.append(";}{\\levelnumbers;}");
         return;
@@ -49,7 +50,7 @@ void appendLevelText(QByteArray &out, const QTextListFormat &format, int level)
     out.append(";}");
 }
 
-QByteArray levels(const QTextListFormat &format, const QByteArray &indents)
+QByteArray levels(const QTextListFormat &format, const QByteArray &indents, WrittenFonts &fonts)
 {
     const int level = levelOf(format);
     QByteArray out = level == 0 ? "\\listsimple1" : "";
@@ -59,6 +60,8 @@ QByteArray levels(const QTextListFormat &format, const QByteArray &indents)
         out.append("\\leveljc0\\levelfollow0");
         RtfWords::append(out, "levelstartat", startOf(format));
         appendLevelText(out, format, i);
+        if (format.hasProperty(RichTextProperty::ListBulletFont))
+            RtfWords::append(out, "f", fonts.number(format.stringProperty(RichTextProperty::ListBulletFont)));
         out.append(indents).append('}');
     }
     return out;
@@ -66,14 +69,14 @@ QByteArray levels(const QTextListFormat &format, const QByteArray &indents)
 
 } // namespace
 
-int WrittenLists::number(const QTextList &list, const QByteArray &indents)
+int WrittenLists::number(const QTextList &list, const QByteArray &indents, WrittenFonts &fonts)
 {
     const auto known = m_numbers.constFind(&list);
     if (known != m_numbers.constEnd())
         return *known;
 
     const QTextListFormat format = list.format();
-    const QByteArray definition = levels(format, indents);
+    const QByteArray definition = levels(format, indents, fonts);
     int number = ListMark::isNumbered(format) ? 0 : m_bullets.value(definition);
     if (number == 0) {
         m_definitions.append(definition);
@@ -85,10 +88,10 @@ int WrittenLists::number(const QTextList &list, const QByteArray &indents)
     return number;
 }
 
-QByteArray WrittenLists::words(const QTextList &list, const QByteArray &indents)
+QByteArray WrittenLists::words(const QTextList &list, const QByteArray &indents, WrittenFonts &fonts)
 {
     QByteArray out;
-    RtfWords::append(out, "ls", number(list, indents));
+    RtfWords::append(out, "ls", number(list, indents, fonts));
     const int level = levelOf(list.format());
     if (level > 0)
         RtfWords::append(out, "ilvl", level);

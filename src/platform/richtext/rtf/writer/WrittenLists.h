@@ -5,14 +5,15 @@
 #include <QList>
 
 class QTextList;
+class WrittenFonts;
 
 /// The lists that a document being written has met so far: their tables, and the marks of their items.
 class WrittenLists
 {
 public:
     /// The words that make a paragraph with the words \a indents an item of \a list. The first item's indents
-    /// are the list's own, which some programs heed alone.
-    QByteArray words(const QTextList &list, const QByteArray &indents);
+    /// are the list's own, which some programs heed alone. \a fonts are filled with those of bullets.
+    QByteArray words(const QTextList &list, const QByteArray &indents, WrittenFonts &fonts);
 
     /// The mark of the next item of \a list, a group: what programs without list tables show.
     QByteArray nextMark(const QTextList &list);
@@ -21,7 +22,7 @@ public:
     QByteArray tables() const;
 
 private:
-    int number(const QTextList &list, const QByteArray &indents);
+    int number(const QTextList &list, const QByteArray &indents, WrittenFonts &fonts);
 
     QList<QByteArray> m_definitions;
     QHash<QByteArray, int> m_bullets; ///< bullet lists of one look are one list

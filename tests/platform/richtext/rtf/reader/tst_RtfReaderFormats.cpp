@@ -1,6 +1,7 @@
 #include "ParagraphFormat.h"
 #include "ReadDocument.h"
 #include "RichTextProperties.h"
+#include "RtfWriter.h"
 
 #include <QTextTable>
 #include <gtest/gtest.h>
@@ -136,6 +137,38 @@ TEST(RtfReaderFonts, OfAllShapesOfTables)
     EXPECT_EQ(look(none.formatOf(QStringLiteral("a"))), "Times New Roman 12");
 }
 
+TEST(RtfReaderFonts, WithoutANameAreTheAlternateOrTheUsualOneOfTheirKind)
+{
+    const auto family = [](const char *entry) {
+        ReadDocument read(QByteArray("{\\rtf1{\\fonttbl{\\f0") + entry + "}}a}");
+        return read.formatOf(QStringLiteral("a")).fontFamilies().toStringList().value(0).toStdString();
+    };
+    EXPECT_EQ(family("\\fswiss ;"), "Arial");
+    EXPECT_EQ(family("\\fmodern;"), "Courier New");
+    EXPECT_EQ(family("\\froman 12;"), "Times New Roman");
+    EXPECT_EQ(family("\\fswiss{\\*\\falt Other};"), "Other");
+    EXPECT_EQ(family("\\flomajor\\fswiss{\\*\\panose 020b0604020202020204}Calibri Light{\\*\\falt Other};"),
+              "Calibri Light");
+}
+
+TEST(RtfReaderFonts, WhatIsSaidOfThemComesBack)
+{
+    ReadDocument read(
+        "{\\rtf1{\\fonttbl{\\f0\\fswiss\\fprq2\\fcharset0{\\*\\panose 020B0604020202020204}One{\\*\\falt "
+        "T\\'e9;};}{\\f1\\fmodern{\\*\\panose zz}Two;}}a\\f1 b}");
+    const QByteArray written = RtfWriter::write(read.document());
+    EXPECT_TRUE(
+        written.contains("\\fswiss\\fprq2{\\*\\panose 020b0604020202020204} One{\\*\\falt T\\u233?};}"))
+        << written.constData();
+    EXPECT_TRUE(written.contains("\\fmodern Two;}"));
+}
+
+TEST(RtfReaderStyles, PlainTakesBackWhatAStyleIsBasedOn)
+{
+    ReadDocument read(framed("{\\stylesheet{\\s1\\b\\fs40 A;}{\\s2\\sbasedon1\\plain\\i B;}}\\pard\\s2 a"));
+    EXPECT_EQ(look(read.formatOf(QStringLiteral("a"))), "italic Serif 12");
+}
+
 TEST(RtfReaderFonts, NameInItsOwnCodePage)
 {
     ReadDocument read("{\\rtf1{\\fonttbl{\\f0\\fcharset204 \\'cf\\u1088?;}}a}");
@@ -169,6 +202,33 @@ TEST(RtfReaderParagraphs, IndentsAndSpacing)
     EXPECT_EQ(ParagraphFormat::leftIndent(second), 32767);
     EXPECT_EQ(second.lineHeightType(), int(QTextBlockFormat::FixedHeight));
     EXPECT_EQ(ParagraphFormat::leftIndent(read.paragraph(2).blockFormat()), 0);
+}
+
+TEST(RtfReaderColours, TheFirstEntryOfATableIsTheAutomaticColourAndBlackIsAnother)
+{
+    ReadDocument read("{\\rtf1{\\colortbl\\red9\\green0\\blue0;\\red0\\green0\\blue0;}\\cf0 a\\cf1 b}");
+    EXPECT_EQ(read.formatOf(QStringLiteral("a")).foreground().style(), Qt::NoBrush);
+    EXPECT_EQ(read.formatOf(QStringLiteral("b")).foreground().color(), QColor(Qt::black));
+    const QByteArray written = RtfWriter::write(read.document());
+    EXPECT_TRUE(written.contains("{\\colortbl;\\red0\\green0\\blue0;}")) << written.constData();
+    EXPECT_TRUE(written.contains("\\cf1 b"));
+    EXPECT_EQ(written.count("\\cf"), 1);
+}
+
+TEST(RtfReaderColours, ShadingAndHighlightStayTwoThings)
+{
+    ReadDocument read(framed("{\\chcbpat1 a}{\\highlight2 b}{\\chcbpat1\\highlight2 c}"));
+    const QByteArray written = RtfWriter::write(read.document());
+    EXPECT_TRUE(written.contains("\\chcbpat1 a}")) << written.constData();
+    EXPECT_TRUE(written.contains("\\highlight2 bc}") || written.contains("\\highlight2 bc\\par}"));
+}
+
+TEST(RtfReaderParagraphs, TabStopsAreSaidOnce)
+{
+    ReadDocument read(framed("\\tqc\\tx2000\\tx500\\tqc\\tx2000\\tqr\\tx500 a"));
+    const QTextBlockFormat format = read.paragraph(0).blockFormat();
+    EXPECT_EQ(format.stringProperty(RichTextProperty::TabStops), QStringLiteral("tqr tx500 tqc tx2000"));
+    EXPECT_EQ(format.tabPositions().size(), 2);
 }
 
 TEST(RtfReaderColours, TheFirstEntryOfATableIsNoBackground)

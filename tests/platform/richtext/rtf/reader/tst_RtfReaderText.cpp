@@ -2,6 +2,7 @@
 #include "RowName.h"
 #include "RtfReader.h"
 
+#include <QDate>
 #include <gtest/gtest.h>
 
 namespace {
@@ -76,6 +77,7 @@ const ReadRow unicode[] = {
     {"Nul", "\\u0?", "\uFFFD"},
     {"FrameSigns", "\\u64976?\\u64977?\\u65532?", "\uFFFD\uFFFD\uFFFD"},
     {"LineEnds", "\\u10?\\u8233?\\u8232?", "///"},
+    {"CarriageReturn", "a\\u13?\\u10?b", "a/b"},
     {"BothForms", "a{\\upr{x{y}}{\\*\\ud{\\u8364?}}}b", "a\u20ACb"},
 };
 
@@ -95,7 +97,16 @@ const ReadRow groups[] = {
 
 const ReadRow fields[] = {
     {"Result", "{\\field{\\*\\fldinst PAGE}{\\fldrslt 7}}", "7"},
-    {"NoResult", "a{\\field{\\*\\fldinst TIME}}b", "ab"},
+    {"NoResult", "a{\\field{\\*\\fldinst QUOTE x}}b", "ab"},
+    {"Button", "{\\field{\\*\\fldinst { MACROBUTTON  NoMacro [Your  name] }}{\\fldrslt}}", "[Your  name]"},
+    {"ButtonWithResult", "{\\field{\\*\\fldinst MACROBUTTON NoMacro Name}{\\fldrslt Ann}}", "Ann"},
+    {"Picture", "{\\field{\\*\\fldinst DATE \\\\@ \"'day' 'YMD'\"}}", "day YMD"},
+    {"Information",
+     "{\\info{\\title A \\'e9}{\\author B}{\\subject C}{\\nofpages7}}{\\field{\\*\\fldinst TITLE}} "
+     "{\\field{\\*\\fldinst AUTHOR}{\\fldrslt}} {\\field{\\*\\fldinst SUBJECT}{\\fldrslt D}} "
+     "{\\field{\\*\\fldinst NUMPAGES}}",
+     "A \u00E9 B D 7"},
+    {"FileName", "{\\field{\\*\\fldinst FILENAME}}", ""},
     {"InstructionInGroups", "{\\field{\\*\\fldinst{\\b HYPER}{LINK \"u\"}}{\\fldrslt{t}}}", "t"},
     {"Nested", "{\\field{\\*\\fldinst A}{\\fldrslt a{\\field{\\*\\fldinst B}{\\fldrslt b}}c}}", "abc"},
     {"Symbol", "{\\field{\\*\\fldinst SYMBOL 183 \\\\f \"Symbol\"}{\\fldrslt ?}}x", "\u2022x"},
@@ -202,6 +213,14 @@ TEST(RtfReader, RecognisesRichText)
     EXPECT_FALSE(RtfReader::recognises("{\\rt"));
     EXPECT_FALSE(RtfReader::recognises("x{\\rtf1"));
     EXPECT_FALSE(RtfReader::recognises({}));
+}
+
+TEST(RtfReader, FieldsShowTheFileAndTheTimeOfNow)
+{
+    QTextDocument document;
+    RtfReader::read("{\\rtf1{\\field{\\*\\fldinst FILENAME}} {\\field{\\*\\fldinst TIME \\\\@ \"YYYY\"}}}",
+                    document, QStringLiteral("letter.rtf"));
+    EXPECT_EQ(document.toPlainText(), QStringLiteral("letter.rtf %1").arg(QDate::currentDate().year()));
 }
 
 TEST(RtfReader, LeavesNothingToUndo)

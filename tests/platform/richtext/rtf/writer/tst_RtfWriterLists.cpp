@@ -1,5 +1,6 @@
 #include "RichTextProperties.h"
 #include "RowName.h"
+#include "RtfReader.h"
 #include "WrittenBody.h"
 
 #include <QTextList>
@@ -136,4 +137,34 @@ TEST(RtfWriterLists, HangTheMarksOfQtsOwnIndents)
     const QByteArray bytes = RtfWriter::write(document);
     EXPECT_TRUE(bodyOf(bytes).startsWith("\\pard\\ls1\\fi-360\\li600{"));
     EXPECT_TRUE(bytes.contains("{\\levelnumbers;}\\fi-360\\li600}"));
+}
+
+TEST(RtfWriterLists, HaveTheSignThatTheFileHad)
+{
+    QTextDocument document;
+    RtfReader::read(
+        "{\\rtf1{\\*\\listtable{\\list{\\listlevel\\levelnfc23{\\leveltext\\'01\\u8211 ?;}{\\levelnumbers;}}"
+        "\\listid1}{\\list{\\listlevel\\levelnfc23{\\leveltext\\'01\\u-3913 ?;}{\\levelnumbers;}}\\listid2}}"
+        "{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}{\\listoverride\\listid2\\ls2}}"
+        "\\pard\\ls1 a\\par\\pard\\ls2 b\\par}",
+        document);
+    const QByteArray bytes = RtfWriter::write(document);
+    EXPECT_TRUE(bytes.contains("{\\leveltext\\'01\\u8211?;}")) << bytes.constData();
+    EXPECT_TRUE(bytes.contains("{\\listtext \\u8211?\\tab}"));
+    EXPECT_TRUE(
+        bytes.contains("{\\leveltext\\'01\\u8226?;}")); // without its font the other one means nothing
+}
+
+TEST(RtfWriterLists, HaveTheFontOfTheirSign)
+{
+    QTextDocument document;
+    RtfReader::read("{\\rtf1{\\fonttbl{\\f0 Arial;}{\\f7\\fcharset2 "
+                    "Wingdings;}}{\\*\\listtable{\\list{\\listlevel\\levelnfc23"
+                    "{\\leveltext\\'01\\u-3978 ?;}{\\levelnumbers;}\\f7}\\listid1}}{\\*\\listoverridetable"
+                    "{\\listoverride\\listid1\\ls1}}\\pard\\ls1 a\\par}",
+                    document);
+    const QByteArray bytes = RtfWriter::write(document);
+    EXPECT_TRUE(bytes.contains("{\\leveltext\\'01\\u-3978?;}{\\levelnumbers;}\\f1")) << bytes.constData();
+    EXPECT_TRUE(bytes.contains("{\\f1\\fnil Wingdings;}"));
+    EXPECT_TRUE(bytes.contains("{\\listtext \\u8226?\\tab}"));
 }

@@ -16,7 +16,6 @@ char16_t harmless(char16_t c)
         return c;
     case u'\n':
     case u'\v':
-    case u'\r':
     case QChar::ParagraphSeparator:
         return QChar::LineSeparator;
     case QChar::ObjectReplacementCharacter:
@@ -54,10 +53,21 @@ void RtfBody::forgetFont()
     m_font = nullptr;
 }
 
+bool RtfBody::takes(const RtfCharacterState &state)
+{
+    return state.isShown() || (state.isHidden() && !builder().isLabel());
+}
+
+/// Where text in the selected format goes.
+RtfFlow &RtfBody::selected()
+{
+    return m_selected.isHidden() ? m_stories.back().hidden : builder().paragraph();
+}
+
 void RtfBody::startText(const RtfCharacterState &state)
 {
     Story &story = m_stories.back();
-    if (story.owesNumber) {
+    if (story.owesNumber && state.isShown()) {
         story.owesNumber = false;
         number(story.note, state);
         character(u' ', state);
@@ -67,14 +77,14 @@ void RtfBody::startText(const RtfCharacterState &state)
 
 void RtfBody::bytes(QByteArrayView bytes, const RtfCharacterState &state)
 {
-    if (!state.isShown())
+    if (!takes(state))
         return;
     startText(state);
     if (m_font->page->isMultiByte()) {
         m_bytes.append(bytes);
         return;
     }
-    QString &text = builder().paragraph().text;
+    QString &text = selected().text;
     const qsizetype start = text.size();
     m_font->page->append(text, bytes);
     endRun(start);
@@ -84,7 +94,7 @@ void RtfBody::flushBytes()
 {
     if (m_bytes.isEmpty())
         return;
-    QString &text = builder().paragraph().text;
+    QString &text = selected().text;
     const qsizetype start = text.size();
     m_font->page->append(text, m_bytes);
     m_bytes.clear();
@@ -96,7 +106,7 @@ void RtfBody::flushBytes()
 /// The text from \a start on is new, and in the selected format.
 void RtfBody::endRun(qsizetype start)
 {
-    RtfFlow &paragraph = builder().paragraph();
+    RtfFlow &paragraph = selected();
     QString &text = paragraph.text;
     if (text.size() == start)
         return;
@@ -104,17 +114,17 @@ void RtfBody::endRun(qsizetype start)
         for (qsizetype i = start; i < text.size(); ++i)
             text[i] = QChar(RtfSymbolFont::character(m_font->signs, text.at(i).unicode()));
     }
-    paragraph.endRun(m_format);
+    paragraph.endRun(m_selected.isHidden() ? m_format : withUnseen(m_format));
 }
 
 void RtfBody::character(char16_t c, const RtfCharacterState &state)
 {
-    if (!state.isShown())
+    if (!takes(state) || c == u'\r') // of a line's end only the feed is one
         return;
     startText(state);
     flushBytes();
     m_hasSurrogates = m_hasSurrogates || QChar::isSurrogate(c);
-    QString &text = builder().paragraph().text;
+    QString &text = selected().text;
     text.append(QChar(c == QChar::LineSeparator ? c : harmless(c)));
     endRun(text.size() - 1);
 }
@@ -141,7 +151,7 @@ void RtfBody::picture(const QTextImageFormat &format, const RtfCharacterState &s
     startText(state);
     flushBytes();
     builder().paragraph().addText(QString(QChar::ObjectReplacementCharacter),
-                                  m_formats.addPicture(format, state));
+                                  withUnseen(m_formats.addPicture(format, state)));
 }
 
 bool RtfBody::hasText()
@@ -185,13 +195,15 @@ void RtfBody::addParagraph(const RtfState &state, int depth)
     if (m_breaksPage)
         paragraph.breaksPage = 1;
     m_breaksPage = false;
+    if (m_stories.size() == 1)
+        paragraph.section = std::exchange(m_section, 0);
 
     RtfCharacterState end = state.characters;
     end.field = 0;
     RtfFlow::Item item;
     item.list = m_lists.next(paragraph);
     item.format = m_formats.number(paragraph, item.list >= 0);
-    item.markFormat = m_formats.number(end);
+    item.markFormat = withUnseen(m_formats.number(end));
     builder().endParagraph(depth, item, item.list < 0);
     drain();
 }
@@ -210,8 +222,10 @@ void RtfBody::drain()
 
 void RtfBody::endParagraph(const RtfState &state)
 {
-    if (state.characters.isShown()) // else it is one with the next
+    if (state.characters.isShown())
         addParagraph(state, state.paragraph.depth());
+    else if (takes(state.characters)) // it is one with the next
+        endHiddenParagraph(state.characters);
 }
 
 void RtfBody::breakPage(const RtfState &state)
@@ -219,6 +233,14 @@ void RtfBody::breakPage(const RtfState &state)
     if (hasText())
         addParagraph(state, state.paragraph.depth());
     m_breaksPage = true;
+}
+
+void RtfBody::beginSection(const RtfState &state, int section)
+{
+    breakPage(state);
+    if (m_stories.size() == 1)
+        builder().finish();
+    m_section = section;
 }
 
 RtfRowReader &RtfBody::row(const RtfState &state)
@@ -257,8 +279,14 @@ bool RtfBody::beginInsertion()
     flushBytes();
     if (m_stories.size() >= mostStories)
         return false;
-    m_stories.emplace_back();
+    beginStory();
     return true;
+}
+
+void RtfBody::beginStory()
+{
+    m_stories.emplace_back();
+    m_stories.back().breaksPage = std::exchange(m_breaksPage, false);
 }
 
 RtfFlow RtfBody::endStory(const RtfState &inside)
@@ -266,7 +294,9 @@ RtfFlow RtfBody::endStory(const RtfState &inside)
     if (hasText())
         addParagraph(inside, inside.paragraph.depth());
     builder().finish();
+    keepRest(builder().flow());
     RtfFlow flow = std::move(builder().flow());
+    m_breaksPage = m_stories.back().breaksPage;
     m_stories.pop_back();
     return flow;
 }
@@ -276,17 +306,13 @@ bool RtfBody::beginPageText()
     flushBytes();
     if (m_stories.size() > 1)
         return false;
-    m_stories.emplace_back();
-    m_stories.back().breaksPage = std::exchange(m_breaksPage, false);
+    beginStory();
     return true;
 }
 
 RtfFlow RtfBody::endPageText(const RtfState &inside)
 {
-    const bool breaksPage = m_stories.back().breaksPage;
-    RtfFlow flow = endStory(inside);
-    m_breaksPage = breaksPage;
-    return flow;
+    return endStory(inside);
 }
 
 qsizetype RtfBody::place()
@@ -311,6 +337,87 @@ bool RtfBody::followsMark() const
     return !paragraph.runs.empty() && paragraph.text.size() != m_behindNumber &&
            m_formats.characters(paragraph.runs.back().format).verticalAlignment() ==
                QTextCharFormat::AlignSuperScript;
+}
+
+void RtfBody::endHiddenParagraph(const RtfCharacterState &state)
+{
+    select(state);
+    flushBytes();
+    selected().text.append(QChar::ParagraphSeparator);
+    selected().endRun(m_format);
+}
+
+/// Hidden text that ends here becomes one piece.
+void RtfBody::endHidden()
+{
+    RtfFlow &hidden = m_stories.back().hidden;
+    if (hidden.text.isEmpty())
+        return;
+    m_stories.back().unseen.append({"{\\v", runsOf(hidden), "}"});
+    hidden.clear();
+}
+
+/// The text of paragraphs, without what is in their tables.
+QList<Unseen::Run> RtfBody::runsOf(const RtfFlow &flow) const
+{
+    QList<Unseen::Run> runs;
+    int start = 0;
+    size_t item = 0;
+    for (const RtfFlow::Run &run : flow.runs) {
+        Unseen::Run text{flow.text.mid(start, run.end - start), m_formats.characters(run.format)};
+        start = run.end;
+        for (; item + 1 < flow.items.size() && flow.items[item].textEnd <= start; ++item)
+            text.text.append(QChar::ParagraphSeparator);
+        runs.append(text);
+    }
+    return runs;
+}
+
+Unseen::Pieces RtfBody::takeUnseen()
+{
+    endHidden();
+    return std::exchange(m_stories.back().unseen, {});
+}
+
+/// \a format with what is not shown before the text that it is for.
+int RtfBody::withUnseen(int format)
+{
+    return hasUnseen() ? m_formats.addUnseen(format, takeUnseen()) : format;
+}
+
+/// What is not shown behind the last paragraph goes with its end.
+void RtfBody::keepRest(RtfFlow &flow)
+{
+    if (hasUnseen() && !flow.isEmpty() && flow.items.back().table < 0)
+        flow.items.back().markFormat = withUnseen(flow.items.back().markFormat);
+}
+
+void RtfBody::addUnseen(const QByteArray &group)
+{
+    flushBytes();
+    Story &story = m_stories.back();
+    if (story.isComment) {
+        story.groups.append(group);
+    } else {
+        endHidden();
+        story.unseen.append({group, {}, {}});
+    }
+}
+
+bool RtfBody::beginComment()
+{
+    if (!beginInsertion())
+        return false;
+    m_stories.back().isComment = true;
+    return true;
+}
+
+void RtfBody::endComment(const RtfState &state)
+{
+    const QByteArray groups = m_stories.back().groups;
+    const RtfFlow flow = endStory(state);
+    endHidden();
+    m_stories.back().unseen.append({"\\chatn{\\*\\annotation" + groups + "\\pard\\plain", runsOf(flow), "}"});
 }
 
 bool RtfBody::beginNote(const RtfCharacterState &state)
@@ -338,6 +445,7 @@ void RtfBody::endNote(const RtfState &state)
     if (hasText() || builder().flow().isEmpty())
         addParagraph(state, state.paragraph.depth());
     builder().finish();
+    keepRest(builder().flow());
     m_notes.append(std::move(builder().flow()));
     m_stories.pop_back();
 }
@@ -372,6 +480,7 @@ void RtfBody::finish(const RtfState &state)
     if (hasText() || isEmpty)
         addParagraph(state, state.paragraph.depth());
     builder().finish();
+    keepRest(flow);
     flow.append(std::move(m_notes));
     m_filler.append(flow);
     flow.clear();

@@ -26,6 +26,8 @@ public:
     void endParagraph(const RtfState &state);
     /// Ends the paragraph if it has begun; the next one begins a page.
     void breakPage(const RtfState &state);
+    /// The next paragraph begins \a section; tables end here.
+    void beginSection(const RtfState &state, int section);
     void setNextBreaksPage(bool breaks) { m_breaksPage = breaks; }
     void endCell(const RtfState &state, bool isNested);
     void endRow(const RtfState &state);
@@ -40,6 +42,11 @@ public:
     /// Text that is not the document's own. False inside a note or an insertion.
     bool beginPageText();
     RtfFlow endPageText(const RtfState &inside);
+    /// A group that shows nothing; it is kept before the text that follows.
+    void addUnseen(const QByteArray &group);
+    /// The same for a comment, whose groups are then its own. False when too many are open.
+    bool beginComment();
+    void endComment(const RtfState &state);
     bool beginNote(const RtfCharacterState &state);
     void endNote(const RtfState &state);
     void noteReference(const RtfCharacterState &state);
@@ -54,6 +61,10 @@ private:
     struct Story ///< the text itself, a note or an insertion
     {
         RtfFlowBuilder builder;
+        RtfFlow hidden;        ///< a paragraph of hidden text that is being read
+        Unseen::Pieces unseen; ///< what is not shown before the text that follows
+        QByteArray groups;     ///< of a comment
+        bool isComment = false;
         bool isNote = false;
         int note = 0;              ///< the number of a note, 0 when it has a mark of its own
         bool owesNumber = false;   ///< that number has yet to be put before the note
@@ -62,6 +73,19 @@ private:
     };
 
     RtfFlowBuilder &builder() { return m_stories.back().builder; }
+    /// True for text that is kept, if only to be written back.
+    bool takes(const RtfCharacterState &state);
+    RtfFlow &selected();
+    void endHiddenParagraph(const RtfCharacterState &state);
+    void endHidden();
+    bool hasUnseen() const
+    {
+        return !m_stories.back().unseen.isEmpty() || !m_stories.back().hidden.text.isEmpty();
+    }
+    QList<Unseen::Run> runsOf(const RtfFlow &flow) const;
+    Unseen::Pieces takeUnseen();
+    int withUnseen(int format);
+    void keepRest(RtfFlow &flow);
     void select(const RtfCharacterState &state);
     void startText(const RtfCharacterState &state);
     bool followsMark() const;
@@ -69,6 +93,7 @@ private:
     void endRun(qsizetype start);
     void number(int number, const RtfCharacterState &state);
     void addParagraph(const RtfState &state, int depth);
+    void beginStory();
     RtfFlow endStory(const RtfState &inside);
     bool hasText();
     void replaceLoneSurrogates();
@@ -83,6 +108,7 @@ private:
     RtfFlow m_notes;
     int m_noteCount = 0;
     bool m_breaksPage = false;
+    int m_section = 0; ///< RtfParagraphState, of the next paragraph
 
     // What text is read with
     RtfCharacterState m_selected;

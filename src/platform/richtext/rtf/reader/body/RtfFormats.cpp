@@ -4,12 +4,12 @@
 #include "RichTextProperties.h"
 #include "RtfColorTable.h"
 #include "RtfFontTable.h"
-#include "RtfTabStops.h"
+#include "RtfParagraphRows.h"
 
-RtfFormats::RtfFormats(const RtfFontTable &fonts, const RtfColorTable &colors, const RtfTabStops &stops)
+RtfFormats::RtfFormats(const RtfFontTable &fonts, const RtfColorTable &colors, const RtfParagraphRows &rows)
     : m_fonts(fonts)
     , m_colors(colors)
-    , m_stops(stops)
+    , m_rows(rows)
 {}
 
 int RtfFormats::number(const RtfCharacterState &state)
@@ -38,6 +38,20 @@ int RtfFormats::addPicture(const QTextImageFormat &format, const RtfCharacterSta
     picture.merge(format);
     picture.setObjectType(QTextFormat::ImageObject);
     m_characters.append(picture);
+    return int(m_characters.size()) - 1;
+}
+
+int RtfFormats::add(PageSections::Section section)
+{
+    m_sections.append(std::move(section));
+    return int(m_sections.size());
+}
+
+int RtfFormats::addUnseen(int number, const Unseen::Pieces &pieces)
+{
+    QTextCharFormat format = m_characters.at(number);
+    Unseen::add(format, pieces);
+    m_characters.append(format);
     return int(m_characters.size()) - 1;
 }
 
@@ -111,10 +125,12 @@ void RtfFormats::setColors(QTextCharFormat &format, const RtfCharacterState &sta
     const QColor foreground = m_colors.color(state.foreground);
     if (foreground.isValid())
         format.setForeground(foreground);
-    const QColor highlight = m_colors.background(state.highlight);
-    const QColor background = highlight.isValid() ? highlight : m_colors.background(state.shading);
+    const QColor highlight = m_colors.color(state.highlight);
+    const QColor background = highlight.isValid() ? highlight : m_colors.color(state.shading);
     if (background.isValid())
         format.setBackground(background);
+    if (background.isValid() && !highlight.isValid())
+        format.setProperty(RichTextProperty::IsShading, true);
 }
 
 QTextBlockFormat RtfFormats::make(const RtfParagraphState &state, bool isInList) const
@@ -133,12 +149,17 @@ QTextBlockFormat RtfFormats::make(const RtfParagraphState &state, bool isInList)
     if (state.spacing != 0)
         ParagraphFormat::setLineSpacing(format, state.spacing, state.isMultiple != 0);
     if (state.tabs != 0) {
-        format.setTabPositions(m_stops.tabs(state.tabs));
-        format.setProperty(RichTextProperty::TabStops, m_stops.words(state.tabs));
+        format.setTabPositions(m_rows.stops.tabs(state.tabs));
+        format.setProperty(RichTextProperty::TabStops, m_rows.stops.words(state.tabs));
     }
-    const QColor shading = m_colors.background(state.shading);
+    const QString borders = m_rows.borders.words(state.borders, m_colors);
+    if (!borders.isEmpty())
+        format.setProperty(RichTextProperty::Borders, borders);
+    const QColor shading = m_colors.color(state.shading);
     if (shading.isValid())
         format.setBackground(shading);
+    if (state.section != 0)
+        PageSections::begin(format, m_sections.at(state.section - 1));
     if (state.breaksPage != 0)
         format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
     return format;

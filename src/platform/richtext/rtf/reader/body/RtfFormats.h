@@ -1,7 +1,9 @@
 #pragma once
 
+#include "PageSections.h"
 #include "RtfCharacterState.h"
 #include "RtfParagraphState.h"
+#include "Unseen.h"
 
 #include <QList>
 #include <QString>
@@ -12,17 +14,22 @@
 
 class RtfColorTable;
 class RtfFontTable;
-class RtfTabStops;
+struct RtfParagraphRows;
 
 /// The formats of a document. Each state of characters or paragraphs becomes one format, known by a number.
 class RtfFormats
 {
 public:
-    RtfFormats(const RtfFontTable &fonts, const RtfColorTable &colors, const RtfTabStops &stops);
+    RtfFormats(const RtfFontTable &fonts, const RtfColorTable &colors, const RtfParagraphRows &rows);
 
     int number(const RtfCharacterState &state);
     int number(const RtfParagraphState &state, bool isInList);
     int addPicture(const QTextImageFormat &format, const RtfCharacterState &state);
+
+    /// The number that RtfParagraphState::section has for the beginning of \a section.
+    int add(PageSections::Section section);
+    /// The format numbered \a number, with \a pieces before its text.
+    int addUnseen(int number, const Unseen::Pieces &pieces);
 
     const QTextCharFormat &characters(int number) const { return m_characters.at(number); }
     const QTextBlockFormat &paragraph(int number) const { return m_paragraphs.at(number); }
@@ -55,10 +62,11 @@ private:
 
     const RtfFontTable &m_fonts;
     const RtfColorTable &m_colors;
-    const RtfTabStops &m_stops;
+    const RtfParagraphRows &m_rows;
     std::unordered_map<RtfCharacterState, int, HashBytes> m_characterNumbers;
     std::unordered_map<RtfParagraphState, int, HashBytes> m_paragraphNumbers;
     QList<QTextCharFormat> m_characters;
     QList<QTextBlockFormat> m_paragraphs;
     QList<Field> m_fields;
+    QList<PageSections::Section> m_sections;
 };

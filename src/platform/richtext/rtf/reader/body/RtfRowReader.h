@@ -14,6 +14,7 @@ public:
     void reset();
     /// The words of lines that follow are a paragraph's.
     void leaveBorder() { m_isAtBorder = false; }
+    bool isAtBorder() const { return m_isAtBorder; }
     bool isDescribed() const { return m_isDescribed; }
     /// True when it has been described since this was asked last.
     bool takeDescription() { return std::exchange(m_isNew, false); }

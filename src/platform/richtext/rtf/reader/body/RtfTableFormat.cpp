@@ -106,7 +106,7 @@ QTextTableCellFormat RtfTableFormat::cell(const RtfTable &table, const RtfTableG
         format.setTableCellColumnSpan(cell.columnSpan);
     if (described.alignment != 0)
         format.setVerticalAlignment(QTextCharFormat::VerticalAlignment(described.alignment));
-    const QColor shading = colors.background(described.shading);
+    const QColor shading = colors.color(described.shading);
     if (shading.isValid())
         format.setBackground(shading);
     return format;

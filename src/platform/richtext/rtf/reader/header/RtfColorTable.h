@@ -5,14 +5,13 @@
 #include <QColor>
 #include <QList>
 
-/// The colours of a document. An entry without numbers, as the first mostly is, is the automatic colour.
+/// The colours of a document. The first entry, whatever it says, and those without numbers are the automatic
+/// colour: that of the reader's text, or of no background.
 class RtfColorTable : public RtfPart
 {
 public:
     /// Invalid for the automatic colour and for numbers outside the table.
-    QColor color(int number) const { return m_colors.value(number); }
-    /// Behind text 0 means none, whatever the table's first entry.
-    QColor background(int number) const { return number == 0 ? QColor() : color(number); }
+    QColor color(int number) const { return number == 0 ? QColor() : m_colors.value(number); }
 
     void begin();
     void word(const RtfToken &token) override;

@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QString>
+#include <QVariantMap>
 
 class RtfCodePage;
 
@@ -25,6 +26,9 @@ public:
     void setStandardPage(int page);
     void setStandardFont(int number) { m_standardFont = number; }
 
+    /// What is said about families beside their names, as RichTextProperty::FontWords.
+    const QVariantMap &words() const { return m_words; }
+
     /// The font numbered \a number; -1 and unknown numbers are the document's default font.
     const Font &font(int number) const;
 
@@ -38,10 +42,13 @@ public:
 
 private:
     bool isInEntry() const { return m_depth <= 1; }
+    QString family() const;
+    void keepWords(const QString &family);
     void flushName();
     void finishEntry();
 
     QHash<int, Font> m_fonts;
+    QVariantMap m_words;
     Font m_standard;
     int m_standardPage;
     int m_standardFont = 0;
@@ -53,4 +60,9 @@ private:
     bool m_isSymbol = false;
     QByteArray m_nameBytes;
     QString m_name;
+    RtfWord m_kind = RtfWord::FontOfNoKind;
+    int m_pitch = 0;
+    RtfWord m_inner = RtfWord::Unknown; ///< the word of the group inside the entry
+    QByteArray m_panose;
+    QString m_alternate;
 };

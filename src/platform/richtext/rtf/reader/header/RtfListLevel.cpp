@@ -1,5 +1,6 @@
 #include "RtfListLevel.h"
 
+#include "ListMark.h"
 #include "RichTextProperties.h"
 
 #include <algorithm>
@@ -20,6 +21,20 @@ QTextListFormat::Style bulletStyle(const QString &bullet)
     if (!bullet.isEmpty() && squares.contains(bullet.front()))
         return QTextListFormat::ListSquare;
     return QTextListFormat::ListDisc;
+}
+
+/// Signs in an area for private use mean nothing without their font.
+bool isOfFont(const QString &text)
+{
+    return text.size() == 1 && text.front().category() == QChar::Other_PrivateUse;
+}
+
+bool isSign(const QString &text)
+{
+    const bool isPair = text.size() == 2 && text.front().isHighSurrogate() && text.back().isLowSurrogate();
+    const bool isOne =
+        text.size() == 1 && !text.front().isSurrogate() && text.front().isPrint() && !text.front().isSpace();
+    return isPair || isOne;
 }
 
 } // namespace
@@ -44,13 +59,19 @@ QTextListFormat::Style RtfListLevel::style() const
     }
 }
 
-QTextListFormat RtfListLevel::format(int depth) const
+QTextListFormat RtfListLevel::format(int depth, const QString &family) const
 {
     QTextListFormat format;
     format.setStyle(style());
     format.setIndent(0);
     if (depth > 0)
         format.setProperty(RichTextProperty::ListLevel, depth);
+    if (kind == bulleted && isOfFont(text) && !family.isEmpty()) {
+        format.setProperty(RichTextProperty::ListBullet, text);
+        format.setProperty(RichTextProperty::ListBulletFont, family);
+    } else if (kind == bulleted && isSign(text) && text != ListMark::bullet(format)) {
+        format.setProperty(RichTextProperty::ListBullet, text);
+    }
     if (kind == bulleted || kind == unmarked)
         return format;
 

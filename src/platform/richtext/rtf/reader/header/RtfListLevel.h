@@ -14,14 +14,16 @@ struct RtfListLevel
     int start = 1;
     QString
         text; ///< the bullet; or the mark of a number, where a character below \a count is a level's number
-    int left = 0; ///< twips
+    int font = -1; ///< of the bullet, -1 when the file does not say
+    int left = 0;  ///< twips
     int firstLine = 0;
     bool hasIndents = false;
 
     bool operator==(const RtfListLevel &other) const = default;
 
-    /// \a depth: the level's own number. A list without marks has style ListStyleUndefined.
-    QTextListFormat format(int depth) const;
+    /// \a depth: the level's own number; \a family: that of its font, empty when it has none. A list without
+    /// marks has style ListStyleUndefined.
+    QTextListFormat format(int depth, const QString &family) const;
 
 private:
     QTextListFormat::Style style() const;

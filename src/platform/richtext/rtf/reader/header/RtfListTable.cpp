@@ -57,6 +57,9 @@ void RtfListTable::levelWord(RtfListLevel &level, const RtfToken &token)
         m_textLength = -1;
         level.text.clear();
         break;
+    case RtfWord::Font:
+        level.font = qMax(0, token.parameter);
+        break;
     case RtfWord::LeftIndent:
         level.left = qBound(-longest, token.parameter, longest);
         level.hasIndents = true;

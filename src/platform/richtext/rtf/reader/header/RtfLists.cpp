@@ -11,9 +11,10 @@ constexpr int mostNumbers = 1000;
 
 } // namespace
 
-RtfLists::RtfLists(RtfListOverrides &overrides, RtfOldNumbering &oldNumbering)
+RtfLists::RtfLists(RtfListOverrides &overrides, RtfOldNumbering &oldNumbering, const RtfFontTable &fonts)
     : m_overrides(overrides)
     , m_oldNumbering(oldNumbering)
+    , m_fonts(fonts)
 {}
 
 const RtfListLevel *RtfLists::mark(const RtfParagraphState &paragraph)
@@ -65,6 +66,7 @@ int RtfLists::item(int &list, const RtfListLevel &mark, int level)
 
 int RtfLists::add(const RtfListLevel &mark, int level)
 {
-    m_lists.append({mark.format(level), mark.start, 0});
+    const QString family = mark.font < 0 ? QString() : m_fonts.font(mark.font).family;
+    m_lists.append({mark.format(level, family), mark.start, 0});
     return int(m_lists.size()) - 1;
 }

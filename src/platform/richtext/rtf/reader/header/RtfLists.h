@@ -1,5 +1,6 @@
 #pragma once
 
+#include "RtfFontTable.h"
 #include "RtfListOverrides.h"
 #include "RtfOldNumbering.h"
 #include "RtfParagraphState.h"
@@ -12,7 +13,7 @@
 class RtfLists
 {
 public:
-    RtfLists(RtfListOverrides &overrides, RtfOldNumbering &oldNumbering);
+    RtfLists(RtfListOverrides &overrides, RtfOldNumbering &oldNumbering, const RtfFontTable &fonts);
 
     /// How the paragraph is marked; null when it is no item, or of a list that the file does not describe.
     const RtfListLevel *mark(const RtfParagraphState &paragraph);
@@ -40,6 +41,7 @@ private:
 
     RtfListOverrides &m_overrides;
     RtfOldNumbering &m_oldNumbering;
+    const RtfFontTable &m_fonts;
     QList<List> m_lists;
     QHash<int, Levels> m_open; ///< by \ls
     int m_lastOldNumbering = 0;

@@ -1,6 +1,6 @@
 #include "RtfStyleSheet.h"
 
-#include "RtfTabStops.h"
+#include "RtfParagraphRows.h"
 
 namespace {
 
@@ -9,8 +9,8 @@ constexpr int noStyle = 222;     // what the format says where a style is based 
 
 } // namespace
 
-RtfStyleSheet::RtfStyleSheet(RtfTabStops &stops)
-    : m_stops(stops)
+RtfStyleSheet::RtfStyleSheet(RtfParagraphRows &rows)
+    : m_rows(rows)
 {}
 
 const RtfStyleSheet::Style &RtfStyleSheet::style(Kind kind, int number)
@@ -106,9 +106,14 @@ RtfStyleSheet::Style RtfStyleSheet::resolve(Kind kind, int number) const
 void RtfStyleSheet::apply(const Entry &entry, Style &style) const
 {
     for (const RtfToken &token : entry.words) {
+        if (token.word == RtfWord::Plain) {
+            style.characters = RtfCharacterState();
+            style.characterSet = 0;
+            continue;
+        }
         const quint32 characters = style.characters.apply(token);
         style.characterSet |= characters;
         if (characters == 0)
-            style.paragraphSet |= style.paragraph.apply(token, m_stops);
+            style.paragraphSet |= style.paragraph.apply(token, m_rows);
     }
 }

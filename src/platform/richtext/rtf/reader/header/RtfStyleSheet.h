@@ -8,7 +8,7 @@
 #include <QMap>
 #include <optional>
 
-class RtfTabStops;
+struct RtfParagraphRows;
 
 /// The styles of a document, each with what it takes from the style it is based on.
 class RtfStyleSheet : public RtfPart
@@ -23,7 +23,7 @@ public:
     };
     enum class Kind { Paragraph, Character };
 
-    explicit RtfStyleSheet(RtfTabStops &stops);
+    explicit RtfStyleSheet(RtfParagraphRows &rows);
 
     /// The style numbered \a number, or one that says nothing.
     const Style &style(Kind kind, int number);
@@ -47,7 +47,7 @@ private:
     Style resolve(Kind kind, int number) const;
     void apply(const Entry &entry, Style &style) const;
 
-    RtfTabStops &m_stops;
+    RtfParagraphRows &m_rows;
     Entries m_entries;
 
     // The entry that is being read

@@ -1,6 +1,7 @@
 #include "RtfPages.h"
 
 #include "PageFormat.h"
+#include "RichTextProperties.h"
 #include "RtfDocumentFiller.h"
 #include "RtfLexer.h"
 
@@ -21,40 +22,46 @@ void RtfPages::apply(const RtfToken &token)
 {
     const std::optional<PageFormat::Word> word = PageFormat::find(RtfKeywords::spelling(token.word));
     const std::optional<int> value = token.hasParameter ? std::optional(token.parameter) : std::nullopt;
-    if (word && m_section == 0)
-        PageFormat::set(m_format, *word, value);
+    if (word)
+        PageFormat::set(section(), *word, value);
 }
 
 void RtfPages::beginSection()
 {
-    if (m_section == 0)
-        PageFormat::clearSection(m_format);
+    PageFormat::clearSection(section());
 }
 
-/// Columns that only some of the text has would be wrong for all of it.
-void RtfPages::endSection()
+PageSections::Section RtfPages::endSection()
 {
-    ++m_section;
-    for (const PageFormat::Word word : {PageFormat::Columns, PageFormat::ColumnGap, PageFormat::ColumnLine})
-        PageFormat::clear(m_format, word);
+    m_section = std::make_shared<QTextFrameFormat>();
+    return m_section;
 }
 
-std::optional<PageTexts::Kind> RtfPages::kind(const RtfToken &token) const
+std::optional<PageTexts::Kind> RtfPages::kind(const RtfToken &token)
 {
-    if (m_sectionOfTexts >= 0 && m_sectionOfTexts != m_section)
-        return {};
     return PageTexts::find(RtfKeywords::spelling(token.word));
 }
 
 void RtfPages::keep(PageTexts::Kind kind, const RtfFlow &flow)
 {
-    m_sectionOfTexts = m_section;
     const auto text = std::make_shared<QTextDocument>();
     text->setUndoRedoEnabled(false);
     text->setDefaultFont(m_document.defaultFont());
     RtfDocumentFiller(*text, m_formats, m_colors, m_lists).append(flow);
     takePictures(*text);
-    PageTexts::keep(m_format, kind, text);
+    PageTexts::keep(section(), kind, text);
+}
+
+void RtfPages::setFontWords(const QVariantMap &words)
+{
+    if (!words.isEmpty())
+        m_format.setProperty(RichTextProperty::FontWords, words);
+}
+
+void RtfPages::addInformation(const QByteArray &group)
+{
+    const QByteArray before = m_format.property(RichTextProperty::Information).toByteArray();
+    m_format.setProperty(RichTextProperty::Information, before + group + '\n');
 }
 
 /// They were read into the document itself.

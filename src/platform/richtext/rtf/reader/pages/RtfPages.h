@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PageSections.h"
 #include "PageTexts.h"
 
 #include <QTextFrameFormat>
@@ -12,8 +13,7 @@ class RtfLists;
 struct RtfFlow;
 struct RtfToken;
 
-/// What the file says about pages: the words of its first section, and the headers and footers of the first
-/// section that has any.
+/// What the file says about pages: the words, headers and footers of its sections, and who wrote it.
 class RtfPages
 {
 public:
@@ -23,23 +23,28 @@ public:
     void apply(const RtfToken &token);
     /// A section has its words from here on.
     void beginSection();
-    void endSection();
+    /// The section that begins then; its content is added while it is read.
+    PageSections::Section endSection();
 
-    /// The kind of page text that the group of \a token holds, if it is to be read.
-    std::optional<PageTexts::Kind> kind(const RtfToken &token) const;
+    /// The kind of page text that the group of \a token holds.
+    static std::optional<PageTexts::Kind> kind(const RtfToken &token);
     void keep(PageTexts::Kind kind, const RtfFlow &flow);
+
+    /// As RichTextProperty::FontWords.
+    void setFontWords(const QVariantMap &words);
+    void addInformation(const QByteArray &group);
 
     /// Gives all that to the document.
     void finish();
 
 private:
+    QTextFrameFormat &section() { return m_section ? *m_section : m_format; }
     void takePictures(QTextDocument &text) const;
 
     QTextDocument &m_document;
     const RtfFormats &m_formats;
     const RtfColorTable &m_colors;
     const RtfLists &m_lists;
-    QTextFrameFormat m_format;
-    int m_section = 0;
-    int m_sectionOfTexts = -1;
+    QTextFrameFormat m_format;                   ///< with the first section
+    std::shared_ptr<QTextFrameFormat> m_section; ///< the one that is being read; null in the first one
 };

@@ -25,8 +25,9 @@ bool isFile(const QByteArray &path)
 
 } // namespace
 
-FileDrop::FileDrop(QWidget &onto)
+FileDrop::FileDrop(QWidget &onto, Filter isWanted)
     : QObject(&onto)
+    , m_isWanted(std::move(isWanted))
 {
     onto.setAcceptDrops(true);
     onto.installEventFilter(this);
@@ -43,37 +44,45 @@ QStringList FileDrop::filesIn(const QMimeData &data)
     return paths;
 }
 
+QStringList FileDrop::wantedIn(const QMimeData &data) const
+{
+    QStringList paths = filesIn(data);
+    if (m_isWanted)
+        paths.removeIf([this](const QString &path) { return !m_isWanted(path); });
+    return paths;
+}
+
 bool FileDrop::eventFilter(QObject *watched, QEvent *event)
 {
-    bool isOwn = true;
+    bool isOwn = false;
     run([&] {
         switch (event->type()) {
         case QEvent::DragEnter:
-            m_takesDrag = !filesIn(*static_cast<QDropEvent *>(event)->mimeData()).isEmpty();
+            m_takesDrag = !wantedIn(*static_cast<QDropEvent *>(event)->mimeData()).isEmpty();
             [[fallthrough]];
         case QEvent::DragMove:
         case QEvent::Drop:
-            take(*static_cast<QDropEvent *>(event));
+            isOwn = take(*static_cast<QDropEvent *>(event));
             break;
         default:
-            isOwn = false;
+            break;
         }
     });
     return isOwn || QObject::eventFilter(watched, event);
 }
 
-void FileDrop::take(QDropEvent &drag)
+/// False where the drag is none of files.
+bool FileDrop::take(QDropEvent &drag)
 {
-    if (!m_takesDrag) {
-        drag.ignore();
-        return;
-    }
+    if (!m_takesDrag)
+        return false;
     drag.setDropAction(Qt::CopyAction); // whatever the other program proposes, the files stay with it
     drag.accept();
     if (drag.type() != QEvent::Drop)
-        return;
-    const QStringList paths = filesIn(*drag.mimeData());
+        return true;
+    const QStringList paths = wantedIn(*drag.mimeData());
     if (!paths.isEmpty()) // later: a handler that waits would keep the drag on the screen
         QMetaObject::invokeMethod(
             this, [this, paths] { run([&] { Q_EMIT Dropped(paths); }); }, Qt::QueuedConnection);
+    return true;
 }

@@ -47,7 +47,11 @@ int BackgroundTask::launch(std::function<int()> call)
         return EMFILE;
     try {
         std::thread([shared = m_shared, call = std::move(call)] {
-            shared->result = call();
+            try {
+                shared->result = call();
+            } catch (...) { // nothing but memory can be missing
+                shared->result = ENOMEM;
+            }
             ::eventfd_write(shared->event, 1);
         }).detach();
         return 0;

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QStringList>
+#include <functional>
 
 class QDropEvent;
 class QMimeData;
@@ -13,8 +14,11 @@ class FileDrop : public QObject
     Q_OBJECT
 
 public:
-    /// A widget that is disabled takes nothing. Is owned by \a onto.
-    explicit FileDrop(QWidget &onto);
+    using Filter = std::function<bool(const QString &path)>;
+
+    /// A widget that is disabled takes nothing. Files that \a isWanted is false for are not seen. Drags of
+    /// anything else are left to the widget. Is owned by \a onto.
+    explicit FileDrop(QWidget &onto, Filter isWanted = {});
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -26,7 +30,9 @@ Q_SIGNALS:
     void Dropped(const QStringList &paths);
 
 private:
-    void take(QDropEvent &drag);
+    bool take(QDropEvent &drag);
+    QStringList wantedIn(const QMimeData &data) const;
 
+    Filter m_isWanted;
     bool m_takesDrag = false; ///< the drag that is over the widget has files
 };

@@ -1,0 +1,178 @@
+#include "Pictures.h"
+#include "RichTextFixture.h"
+
+#include <QImage>
+#include <QPaintEvent>
+
+namespace {
+
+/// What of a widget is painted in an event loop.
+class PaintedArea : public QObject
+{
+public:
+    explicit PaintedArea(QWidget &widget) { widget.installEventFilter(this); }
+    /// Takes what was painted since the last question, after pending updates.
+    bool covers(const QRect &area)
+    {
+        QCoreApplication::processEvents();
+        return QRegion(area).subtracted(std::exchange(m_region, QRegion())).isEmpty();
+    }
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            m_region += static_cast<QPaintEvent *>(event)->region();
+        return false;
+    }
+
+private:
+    QRegion m_region;
+};
+
+/// The text "one ", a picture of 100 by 50 pixels, and " two".
+class PictureHandlesTest : public RichTextFixture
+{
+protected:
+    static constexpr int place = 4; // of the picture
+
+    void SetUp() override
+    {
+        box.setText(QStringLiteral("one  two"));
+        QImage image(100, 50, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        QTextCursor cursor(box.document());
+        cursor.setPosition(place);
+        Pictures::insert(cursor, image, 1e6);
+        show();
+    }
+    QSizeF size() const { return Pictures::sizeAt(*box.document(), place); }
+    /// In the viewport; the text is written from the left.
+    QRect area()
+    {
+        QTextCursor cursor(box.document());
+        cursor.setPosition(place);
+        const int left = box.cursorRect(cursor).left();
+        const QTextLine line = box.document()->begin().layout()->lineForTextPosition(place);
+        const double foot = box.document()->documentMargin() + line.y() + line.ascent();
+        return {QPoint(left, qRound(foot - size().height())), size().toSize()};
+    }
+    void drag(const QPoint &from, const QPoint &to)
+    {
+        QTest::mousePress(box.viewport(), Qt::LeftButton, Qt::NoModifier, from);
+        QMouseEvent move(QEvent::MouseMove, to, box.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton,
+                         Qt::NoModifier);
+        QCoreApplication::sendEvent(box.viewport(), &move);
+        QTest::mouseRelease(box.viewport(), Qt::LeftButton, Qt::NoModifier, to);
+    }
+    void click(const QPoint &point)
+    {
+        QTest::mouseClick(box.viewport(), Qt::LeftButton, Qt::NoModifier, point);
+    }
+    QColor pixel(const QPoint &point) { return box.viewport()->grab().toImage().pixelColor(point); }
+};
+
+} // namespace
+
+TEST_F(PictureHandlesTest, AClickSelectsThePictureAlone)
+{
+    click(area().center());
+    EXPECT_EQ(box.SelStart(), place);
+    EXPECT_EQ(box.SelLength(), 1);
+}
+
+TEST_F(PictureHandlesTest, ASelectedPictureHasCorners)
+{
+    const QPoint corner = area().topRight() + QPoint(3, -3);
+    const QColor before = pixel(corner);
+    click(area().center());
+    EXPECT_NE(pixel(corner), before);
+    click(pointAt(1));
+    EXPECT_EQ(pixel(corner), before);
+}
+
+TEST_F(PictureHandlesTest, CornersComeAndGoWithTheWholeView)
+{
+    PaintedArea painted(*box.viewport());
+    click(area().center());
+    EXPECT_TRUE(painted.covers(area().adjusted(-5, -5, 5, 5)));
+    click(pointAt(1));
+    EXPECT_TRUE(painted.covers(area().adjusted(-5, -5, 5, 5)));
+}
+
+TEST_F(PictureHandlesTest, ACornerResizesInProportionAsOneStep)
+{
+    click(area().center());
+    const QPoint corner = area().bottomRight();
+    drag(corner, corner + QPoint(50, 10));
+    EXPECT_NEAR(size().width(), 150, 3);
+    EXPECT_NEAR(size().height(), 75, 2);
+    EXPECT_EQ(box.SelLength(), 1);
+    box.undo();
+    EXPECT_EQ(size(), QSizeF(100, 50));
+}
+
+TEST_F(PictureHandlesTest, TheOppositeCornerIsTheFixedOne)
+{
+    click(area().center());
+    const QPoint corner = area().topLeft();
+    drag(corner, corner + QPoint(50, 25));
+    EXPECT_NEAR(size().width(), 50, 3);
+}
+
+TEST_F(PictureHandlesTest, ThePictureStaysWithinItsLineAndVisible)
+{
+    const double line = box.document()->pageSize().width() - 2 * box.document()->documentMargin();
+    click(area().center());
+    drag(area().bottomRight(), area().bottomRight() + QPoint(2000, 10));
+    EXPECT_EQ(size().width(), line);
+    drag(area().bottomRight(), area().topLeft());
+    EXPECT_EQ(size().height(), 8);
+}
+
+TEST_F(PictureHandlesTest, APressWithoutAMoveChangesNothing)
+{
+    click(area().center());
+    click(area().bottomRight());
+    EXPECT_EQ(size(), QSizeF(100, 50));
+    box.undo(); // of the picture itself
+    EXPECT_EQ(size(), QSizeF());
+}
+
+TEST_F(PictureHandlesTest, TheNewSizeIsSaved)
+{
+    click(area().center());
+    drag(area().bottomRight(), area().bottomRight() + QPoint(50, 25));
+    const QSizeF resized = size();
+    const QByteArray rtf = box.TextRTF();
+    box.setTextRTF(rtf);
+    EXPECT_NEAR(size().width(), resized.width(), 0.1);
+    EXPECT_NEAR(size().height(), resized.height(), 0.1);
+}
+
+TEST_F(PictureHandlesTest, ALockedTextKeepsItsSizes)
+{
+    box.setLocked(true);
+    box.setSelStart(place);
+    box.setSelLength(1);
+    drag(area().bottomRight(), area().bottomRight() + QPoint(50, 25));
+    EXPECT_EQ(size(), QSizeF(100, 50));
+}
+
+TEST_F(PictureHandlesTest, ThePointerShowsWhatACornerDoes)
+{
+    click(area().center());
+    QTest::mouseMove(box.viewport(), area().bottomRight());
+    EXPECT_EQ(box.viewport()->cursor().shape(), Qt::SizeFDiagCursor);
+    QTest::mouseMove(box.viewport(), area().topRight());
+    EXPECT_EQ(box.viewport()->cursor().shape(), Qt::SizeBDiagCursor);
+    QTest::mouseMove(box.viewport(), pointAt(1));
+    EXPECT_EQ(box.viewport()->cursor().shape(), Qt::IBeamCursor);
+}
+
+TEST_F(PictureHandlesTest, ADocumentThatComesWhileACornerIsDraggedEndsTheDrag)
+{
+    click(area().center());
+    QTest::mousePress(box.viewport(), Qt::LeftButton, Qt::NoModifier, area().bottomRight());
+    box.setText(QStringLiteral("new"));
+    QTest::mouseRelease(box.viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(300, 200));
+    EXPECT_EQ(box.Text(), QStringLiteral("new"));
+}
