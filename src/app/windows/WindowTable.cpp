@@ -21,6 +21,7 @@
 #include "frmSplash.h"
 #include "frmUnzip.h"
 #include "frmZip.h"
+#include "frmdialler.h"
 #include "frmquilladdresshelp.h"
 
 namespace {
@@ -45,6 +46,7 @@ constexpr Row windows[] = {
     {"frmMargins", Forms::Instances::One, make<frmMargins>},
     {"frmCalculator", Forms::Instances::One, make<frmCalculator>},
     {"frmLines", Forms::Instances::One, make<frmLines>},
+    {"frmdialler", Forms::Instances::One, make<frmdialler>},
     {"frmDialingRules", Forms::Instances::One, make<frmDialingRules>},
     {"frmFTP", Forms::Instances::One, make<frmFTP>},
     {"frmFTPAccounts", Forms::Instances::One, make<frmFTPAccounts>},
