@@ -5,6 +5,7 @@
 
 #include <QList>
 #include <QStringList>
+#include <functional>
 
 /// A line service that a test sets up: it records the operations and answers with what the test has put into
 /// its members.
@@ -17,6 +18,10 @@ public:
         qint32 negotiation = 0; ///< what its negotiation returns
         quint32 version = 0x20000;
         LineExtensionID extension = {};
+        LineDevCaps capabilities = numbered(); ///< without the texts
+
+        /// Each field has a number of its own; voice calls are among the modes.
+        static LineDevCaps numbered();
     };
 
     QList<Line> lines;
@@ -26,6 +31,7 @@ public:
     qint32 making = 17;
     qint32 dropping = 18;
     qint32 dialog = 0;
+    std::function<void()> inDialog; ///< what the user does in the lines' dialog
     QString icon;
 
     QStringList operations; ///< so far, with what counts of their arguments

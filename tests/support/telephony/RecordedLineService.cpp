@@ -12,6 +12,22 @@ QString hex(quint32 number)
 
 } // namespace
 
+LineDevCaps RecordedLineService::Line::numbered()
+{
+    LineDevCaps capabilities;
+    capabilities.dwPermanentLineID = 100;
+    capabilities.dwStringFormat = 2;
+    capabilities.dwNumAddresses = 3;
+    capabilities.dwMaxRate = 4;
+    capabilities.dwBearerModes = 5;
+    capabilities.dwAddressModes = 6;
+    capabilities.dwMediaModes = 7;
+    capabilities.dwGenerateToneMaxNumFreq = 8;
+    capabilities.dwGenerateToneModes = 9;
+    capabilities.dwNumTerminals = 10;
+    return capabilities;
+}
+
 void RecordedLineService::record(const char *operation, const QString &arguments)
 {
     operations.append(QString::fromLatin1(operation) + (arguments.isEmpty() ? QString() : u' ' + arguments));
@@ -59,21 +75,13 @@ qint32 RecordedLineService::lineGetDevCaps(quint32, quint32 device, quint32 vers
            QString::number(device) + u' ' + hex(version) + u' ' + QString::number(capabilities.dwTotalSize));
     if (version == 0)
         return LineError::IncompatibleVersion;
-    capabilities.append(lines[device].name, capabilities.dwLineNameSize, capabilities.dwLineNameOffset);
-    capabilities.append(QStringLiteral("maker"), capabilities.dwProviderInfoSize,
-                        capabilities.dwProviderInfoOffset);
-    capabilities.append(QStringLiteral("exchange"), capabilities.dwSwitchInfoSize,
-                        capabilities.dwSwitchInfoOffset);
-    capabilities.dwPermanentLineID = 100 + device;
-    capabilities.dwStringFormat = 2;
-    capabilities.dwNumAddresses = 3;
-    capabilities.dwMaxRate = 4;
-    capabilities.dwBearerModes = 5;
-    capabilities.dwAddressModes = 6;
-    capabilities.dwMediaModes = 7;
-    capabilities.dwGenerateToneMaxNumFreq = 8;
-    capabilities.dwGenerateToneModes = 9;
-    capabilities.dwNumTerminals = 10;
+    LineDevCaps filled = lines[device].capabilities;
+    filled.dwTotalSize = capabilities.dwTotalSize;
+    filled.append(lines[device].name, filled.dwLineNameSize, filled.dwLineNameOffset);
+    filled.append(QStringLiteral("maker"), filled.dwProviderInfoSize, filled.dwProviderInfoOffset);
+    filled.append(QStringLiteral("exchange"), filled.dwSwitchInfoSize, filled.dwSwitchInfoOffset);
+    filled.dwPermanentLineID += device;
+    capabilities = filled;
     return 0;
 }
 
@@ -131,6 +139,8 @@ qint32 RecordedLineService::lineConfigDialog(quint32 device, QWidget *, const QS
 {
     record("config",
            QString::number(device) + (deviceClass.isNull() ? QStringLiteral(" null") : u' ' + deviceClass));
+    if (inDialog)
+        inDialog();
     return dialog;
 }
 
