@@ -3,9 +3,11 @@
 #include "Beep.h"
 #include "Files.h"
 #include "Forms.h"
+#include "Globals.h"
 #include "ListBox.h"
 #include "Pause.h"
 
+#include <QAbstractItemView>
 #include <QAction>
 #include <QComboBox>
 #include <QLineEdit>
@@ -50,9 +52,14 @@ void DiallerWindow::open(const char *mode)
     Forms::refer(windowName).showModeless();
 }
 
-QPushButton &DiallerWindow::button(const char *name) const
+bool DiallerWindow::isGone() const
 {
-    return control<QPushButton>(name);
+    return QTest::qWaitFor([this] { return m_form.isNull(); });
+}
+
+QPushButton &DiallerWindow::button(const QByteArray &name) const
+{
+    return control<QPushButton>(name.constData());
 }
 
 QAction &DiallerWindow::item(const char *name) const
@@ -60,7 +67,7 @@ QAction &DiallerWindow::item(const char *name) const
     return control<QAction>(name);
 }
 
-void DiallerWindow::press(const char *name) const
+void DiallerWindow::press(const QByteArray &name) const
 {
     QTest::mouseClick(&button(name), Qt::LeftButton);
 }
@@ -84,10 +91,8 @@ void DiallerWindow::chooseLine(int row) const
     auto &lines = control<QComboBox>("cboLineSel");
     lines.showPopup();
     QAbstractItemView *list = lines.view();
-    const QRect place = list->visualRect(list->model()->index(row, 0));
-    // The list takes the release of the click that has opened it for none of its own.
-    QTest::qWait(QApplication::doubleClickInterval());
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, place.center());
+    list->setCurrentIndex(list->model()->index(row, 0));
+    QTest::keyClick(list, Qt::Key_Return);
 }
 
 QStringList DiallerWindow::lineRows() const

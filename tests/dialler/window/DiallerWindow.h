@@ -26,16 +26,18 @@ public:
     /// As the frame does.
     void open(const char *mode);
     bool isOpen() const { return !m_form.isNull() && m_form->isLoaded(); }
+    /// Waits until the window that was unloaded is deleted.
+    bool isGone() const;
     frmdialler &form() const { return *m_form; }
 
     template<class Control>
     Control &control(const char *name) const;
-    QPushButton &button(const char *name) const;
+    QPushButton &button(const QByteArray &name) const;
     QAction &item(const char *name) const;
-    void press(const char *button) const;
+    void press(const QByteArray &button) const;
     void type(const QString &number) const;
     QString number() const;
-    /// Chooses a row of the list of lines as with the mouse.
+    /// Chooses a row of the list of lines from its popup, also the one that is chosen already.
     void chooseLine(int row) const;
     QStringList lineRows() const;
     QStringList report() const { return rows("lstLineInfo"); }

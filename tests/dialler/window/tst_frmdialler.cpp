@@ -1,6 +1,7 @@
 #include "DiallerWindow.h"
 #include "ErrorNumberOf.h"
 #include "Forms.h"
+#include "Globals.h"
 #include "LineError.h"
 #include "PrintQt.h"
 #include "RowName.h"
@@ -165,7 +166,7 @@ TEST_F(DiallerLoadTest, IsPaintedBeforeItWaits)
         ++pauses;
         EXPECT_TRUE(window.form().isVisible());
         EXPECT_GT(counter.painted.count(&window.form()), 0);
-        EXPECT_GT(counter.painted.count(&window.button("cmdDial")), 0);
+        EXPECT_GT(counter.painted.count(&window.button("cmdConfigDlg")), 0);
         EXPECT_EQ(window.report(), QStringList{negotiating});
         EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
         EXPECT_EQ(window.control<QLabel>("Label1").text(), QStringLiteral("Modem"));
