@@ -73,7 +73,8 @@ void frmdialler::makeLine()
 bool frmdialler::negotiate()
 {
     const WaitCursor waiting;
-    window()->repaint();
+    repaint();
+    window()->repaint(); // what a menu has covered
     tapiline->setLowAPI(lowestVersion);
     tapiline->setHiAPI(highestVersion);
     announce(QStringLiteral("Negotiating TAPI version..."));
@@ -114,7 +115,7 @@ void frmdialler::selectLine(int position)
 void frmdialler::announce(const QString &row)
 {
     lstLineInfo->AddItem(row);
-    lstLineInfo->repaint();
+    lstLineInfo->viewport()->repaint();
 }
 
 void frmdialler::cboLineSel_Click()

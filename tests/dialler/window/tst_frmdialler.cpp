@@ -3,6 +3,7 @@
 #include "Forms.h"
 #include "Globals.h"
 #include "LineError.h"
+#include "ListBox.h"
 #include "PrintQt.h"
 #include "RowName.h"
 #include "mMain.h"
@@ -29,13 +30,26 @@ const QString failed = QStringLiteral("Failed to negotiate TAPI version! <Critic
 class PaintCounter : public QObject
 {
 public:
+    explicit PaintCounter(const DiallerWindow &window)
+        : m_window(window)
+    {
+        qApp->installEventFilter(this);
+    }
+
     QObjectList painted;
+    QStringList report; ///< as it was painted last
     bool eventFilter(QObject *watched, QEvent *event) override
     {
-        if (event->type() == QEvent::Paint)
-            painted.append(watched);
+        if (event->type() != QEvent::Paint)
+            return false;
+        painted.append(watched);
+        if (watched == m_window.control<ListBox>("lstLineInfo").viewport())
+            report = m_window.report();
         return false;
     }
+
+private:
+    const DiallerWindow &m_window;
 };
 
 struct DiallerLoadTest : testing::Test
@@ -159,21 +173,19 @@ TEST_F(DiallerLoadTest, AgreesUponAVersionAndListsTheLines)
 /// The wait lets no event run, so all that is seen meanwhile has to be painted before.
 TEST_F(DiallerLoadTest, IsPaintedBeforeItWaits)
 {
-    PaintCounter counter;
-    qApp->installEventFilter(&counter);
+    PaintCounter counter(window);
     int pauses = 0;
     window.duringPause = [&] {
         ++pauses;
         EXPECT_TRUE(window.form().isVisible());
         EXPECT_GT(counter.painted.count(&window.form()), 0);
         EXPECT_GT(counter.painted.count(&window.button("cmdConfigDlg")), 0);
-        EXPECT_EQ(window.report(), QStringList{negotiating});
+        EXPECT_EQ(counter.report, QStringList{negotiating});
         EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
         EXPECT_EQ(window.control<QLabel>("Label1").text(), QStringLiteral("Modem"));
         EXPECT_FALSE(window.canHangUp());
     };
     window.open("Setup");
-    qApp->removeEventFilter(&counter);
     EXPECT_EQ(pauses, 1);
     EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
@@ -181,7 +193,8 @@ TEST_F(DiallerLoadTest, IsPaintedBeforeItWaits)
 TEST_F(DiallerLoadTest, TriesAnOlderVersionWhereTheNewerFails)
 {
     window.service.initialisation = LineError::NoDriver;
-    window.duringPause = [this] {
+    PaintCounter counter(window);
+    window.duringPause = [&] {
         if (window.pauses.size() == 3)
             window.service.initialisation = 0;
         EXPECT_EQ(
