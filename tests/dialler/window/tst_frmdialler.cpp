@@ -43,7 +43,7 @@ public:
         if (event->type() != QEvent::Paint)
             return false;
         painted.append(watched);
-        if (watched == m_window.control<ListBox>("lstLineInfo").viewport())
+        if (m_window.isOpen() && watched == m_window.control<ListBox>("lstLineInfo").viewport())
             report = m_window.report();
         return false;
     }
