@@ -15,6 +15,7 @@ class QLabel;
 class QLayout;
 class QLineEdit;
 class QPushButton;
+class QVBoxLayout;
 class WindowIcons;
 
 /// The dialler's window. In the mode "Setup" the user chooses a telephone line, sees what it is able to do
@@ -96,6 +97,7 @@ private:
     ListBox *lstCallProgress;
     QLabel *Label1;
     QPushButton *cmdExit;
+    QVBoxLayout *m_rows;
     QList<QMenu *> m_menus;
     QAction *mnudial;
     QAction *mnuhangup;

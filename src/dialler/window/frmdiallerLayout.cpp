@@ -96,6 +96,7 @@ frmdialler::frmdialler(LineService *service)
     , lstCallProgress(list("lstCallProgress", QStringLiteral("Call Progress"), progressRows))
     , Label1(named("Label1", new QLabel(QStringLiteral("Modem"))))
     , cmdExit(named<QPushButton>("cmdExit", QStringLiteral("Save && Close")))
+    , m_rows(new QVBoxLayout(this))
     , m_menus(StandardToolMenu::build(menuRows, *this))
     , mnudial(findChild<QAction *>(QStringLiteral("mnudial")))
     , mnuhangup(findChild<QAction *>(QStringLiteral("mnuhangup")))
@@ -158,6 +159,7 @@ void frmdialler::shape()
         special->setVisible(!isSetUp);
     cmdDial->setText(isSetUp ? QStringLiteral("Test Dial...") : QStringLiteral("Dial..."));
     cmdExit->setText(isSetUp ? QStringLiteral("Save && Close") : QStringLiteral("Close"));
+    m_rows->setStretch(0, isSetUp ? 2 : 0); // a row without controls would take its part too
     for (QPushButton *button : {cmdDial, cmdExit})
         button->setAccessibleName(withoutMnemonic(button->text()));
 }
@@ -230,10 +232,9 @@ void frmdialler::layOut()
     auto *call = new QHBoxLayout;
     call->addLayout(layOutPhone(), 1);
     call->addLayout(layOutProgress(), 1);
-    auto *column = new QVBoxLayout(this);
-    column->addLayout(layOutLine(), 2);
-    column->addLayout(call, 1);
-    column->addLayout(layOutFoot());
+    m_rows->addLayout(layOutLine());
+    m_rows->addLayout(call, 1);
+    m_rows->addLayout(layOutFoot());
 }
 
 /// Along the rows, as the window is read.

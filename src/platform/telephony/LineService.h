@@ -57,8 +57,9 @@ public:
     /// Closes what is open.
     virtual qint32 lineShutdown(quint32 application) = 0;
 
-    /// Lets the user edit the lines, beginning with \a device; also where there is none. The lines that are
-    /// found stay as they are until the service is initialised again. A cancelled dialog is no failure.
+    /// Lets the user edit the lines, beginning with \a device; also where there is none. What was changed
+    /// counts at once unless a line is open; the numbers of lines may differ then, so the service is
+    /// initialised again. A cancelled dialog is no failure.
     virtual qint32 lineConfigDialog(quint32 device, QWidget *owner, const QString &deviceClass) = 0;
 
     /// Lets the user edit the rules by which numbers are dialled; \a number is an example and may be null.

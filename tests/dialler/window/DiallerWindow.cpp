@@ -25,7 +25,7 @@ DiallerWindow::DiallerWindow()
     service.lines = {{QStringLiteral("first")}, {QStringLiteral("second")}};
     putFile(" 0 \r\n");
     Forms::registerWindow(windowName, Forms::Instances::One, [this] {
-        auto *form = new frmdialler(&service);
+        auto *form = new frmdialler(hasOwnLines ? nullptr : &service);
         m_form = form;
         return form;
     });

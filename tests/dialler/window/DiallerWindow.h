@@ -57,6 +57,7 @@ public:
     QByteArray file() const;
 
     RecordedLineService service;
+    bool hasOwnLines = false; ///< the user's lines take the place of the service
     ScratchProgramFolder folder;
     FakeFrame frame;
     QList<int> pauses;                 ///< of the window, in milliseconds

@@ -98,3 +98,21 @@ TEST_F(DiallerKeysTest, TheTabKeyFollowsTheRows)
                              "cmddigit_8 cmddigit_9 cmddecimal_1 cmddigit_0 cmddecimal_0 cmddecimal_2 "
                              "cmddecimal_3 cmdDial cmdHangUp lstCallProgress cmdExit"));
 }
+
+/// All of the room goes to the keys and to the log.
+TEST_F(DiallerKeysTest, TheKeypadGrowsWithTheWindow)
+{
+    const auto resize = [this](int width, int height) {
+        window.form().setWidth(width);
+        window.form().setHeight(height);
+        QCoreApplication::processEvents();
+    };
+    resize(9000, 6000);
+    const QSize key = window.button("cmddigit_5").size();
+    const int top = window.control<QLineEdit>("txtPhoneNumber").y();
+    resize(12000, 9000);
+    EXPECT_GT(window.button("cmddigit_5").width(), key.width());
+    EXPECT_GT(window.button("cmddigit_5").height(), key.height());
+    EXPECT_EQ(window.button("cmddigit_5").size(), window.button("cmddecimal_0").size());
+    EXPECT_EQ(window.control<QLineEdit>("txtPhoneNumber").y(), top);
+}
