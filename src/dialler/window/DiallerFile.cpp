@@ -15,13 +15,11 @@ QString path()
     return Paths::native(Paths::appPath() + QStringLiteral("\\dialler.dat"));
 }
 
-/// What is in front of the first blank, comma or line end; blanks in front of it are skipped.
+/// What is in front of the first blank or line end; blanks in front of it are skipped.
 QString firstField(const QString &text)
 {
     const auto isBlank = [](QChar sign) { return sign == u' ' || sign == u'\t'; };
-    const auto isEnd = [&](QChar sign) {
-        return isBlank(sign) || sign == u',' || sign == u'\r' || sign == u'\n';
-    };
+    const auto isEnd = [&](QChar sign) { return isBlank(sign) || sign == u'\r' || sign == u'\n'; };
     const auto begin = std::find_if_not(text.begin(), text.end(), isBlank);
     return QString(begin, std::find_if(begin, text.end(), isEnd) - begin);
 }

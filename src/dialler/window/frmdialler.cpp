@@ -32,14 +32,10 @@ const QString lineEnd = QStringLiteral("\r\n");
 
 } // namespace
 
-bool frmdialler::isSetup()
-{
-    return diallerMode == QLatin1String("Setup");
-}
-
 /// The mode decides how large the window is.
 void frmdialler::takePlace()
 {
+    m_isSetup = diallerMode == QLatin1String("Setup");
     shape();
     ChildForm::takePlace();
 }
@@ -212,7 +208,7 @@ void frmdialler::cmdDialProps_Click()
 
 void frmdialler::cmdExit_Click()
 {
-    if (isSetup())
+    if (m_isSetup)
         DiallerFile::write(tapiline->CurrentLineID());
     unload();
 }

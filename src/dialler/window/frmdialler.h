@@ -69,7 +69,6 @@ private:
     void setHangUpEnabled(bool enabled);
     QString lastErrorNumber() const;
     QString lastErrorText() const;
-    static bool isSetup();
 
     void shape();
     void buildKeypad();
@@ -101,6 +100,7 @@ private:
     QList<QMenu *> m_menus;
     QAction *mnudial;
     QAction *mnuhangup;
+    bool m_isSetup = false; ///< the mode that it was loaded in
     bool Unloading = false;
     QString m_number; ///< of the call, without what is typed later
 

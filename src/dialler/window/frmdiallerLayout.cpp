@@ -149,17 +149,16 @@ void frmdialler::buildFields()
 /// The controls of the other mode take no room.
 void frmdialler::shape()
 {
-    const bool isSetUp = isSetup();
     for (QWidget *control :
          std::initializer_list<QWidget *>{cboLineSel, lblLineSel, lstLineInfo, cmdConfigDlg, cmdDialProps})
-        control->setVisible(isSetUp);
+        control->setVisible(m_isSetup);
     for (QPushButton *digit : cmddigit)
-        digit->setVisible(!isSetUp);
+        digit->setVisible(!m_isSetup);
     for (QPushButton *special : cmddecimal)
-        special->setVisible(!isSetUp);
-    cmdDial->setText(isSetUp ? QStringLiteral("Test Dial...") : QStringLiteral("Dial..."));
-    cmdExit->setText(isSetUp ? QStringLiteral("Save && Close") : QStringLiteral("Close"));
-    m_rows->setStretch(0, isSetUp ? 2 : 0); // a row without controls would take its part too
+        special->setVisible(!m_isSetup);
+    cmdDial->setText(m_isSetup ? QStringLiteral("Test Dial...") : QStringLiteral("Dial..."));
+    cmdExit->setText(m_isSetup ? QStringLiteral("Save && Close") : QStringLiteral("Close"));
+    m_rows->setStretch(0, m_isSetup ? 2 : 0); // a row without controls would take its part too
     for (QPushButton *button : {cmdDial, cmdExit})
         button->setAccessibleName(withoutMnemonic(button->text()));
 }

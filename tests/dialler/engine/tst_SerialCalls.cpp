@@ -243,6 +243,17 @@ TEST_F(HandsetCallTest, ClosingInACallHangsUp)
     EXPECT_TRUE(QTest::qWaitFor([&] { return modem.commands().constLast() == "ATH0"; }));
 }
 
+/// As a window does that is closed in a call.
+TEST_F(HandsetCallTest, ClosingWhileItHangsUpHangsUp)
+{
+    modem.answer("ATD", {});
+    ASSERT_TRUE(line.call(QStringLiteral("1")));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return modem.commands().size() == 3; }));
+    ASSERT_TRUE(line->DropCallAsynch());
+    line.destroy();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return modem.commands().constLast() == "ATH0"; }));
+}
+
 TEST_F(HandsetCallTest, NothingIsReportedOfAClosedLine)
 {
     modem.answer("ATD", {});

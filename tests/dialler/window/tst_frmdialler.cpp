@@ -294,4 +294,7 @@ TEST_F(DiallerLoadTest, AutoDialUsesAWindowThatIsOpen)
     EXPECT_EQ(window.form().Caption(), QStringLiteral("Quill-Dialler - AutoDial a Number"));
     EXPECT_FALSE(isShown("cmddigit_5"));
     EXPECT_EQ(window.pauses, QList<int>{1000});
+    window.putFile("1");
+    window.press("cmdExit"); // which still says "Save"
+    EXPECT_EQ(window.file(), " 0 \r\n");
 }

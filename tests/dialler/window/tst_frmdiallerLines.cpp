@@ -199,7 +199,8 @@ TEST_F(DiallerLinesTest, MayBeUnloadedUnderItsDialog)
     window.open("Setup");
     window.service.inDialog = [this] {
         window.form().unload();
-        window.service.lines.clear();
+        window.service.lines = {{QStringLiteral("new")}};
+        takeVoiceFrom(0); // no box says so
     };
     window.press("cmdConfigDlg");
     EXPECT_TRUE(window.isGone());

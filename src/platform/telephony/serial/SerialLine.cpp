@@ -89,7 +89,7 @@ qint32 SerialLine::open()
 
 void SerialLine::close()
 {
-    const bool isInCall = m_state == State::Dialling || m_state == State::Connected;
+    const bool isInCall = m_state != State::Idle && m_state != State::Preparing;
     m_state = State::Idle;
     m_afterInterrupt.stop();
     m_chat.forget();
