@@ -6,6 +6,7 @@
 #include "PlainText.h"
 #include "RuntimeError.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace {

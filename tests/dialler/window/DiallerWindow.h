@@ -18,6 +18,10 @@ class QPushButton;
 class DiallerWindow
 {
 public:
+    // The identifiers of the service's requests.
+    static constexpr quint32 makeRequest = 17;
+    static constexpr quint32 dropRequest = 18;
+
     DiallerWindow();
     ~DiallerWindow();
     DiallerWindow(const DiallerWindow &) = delete;

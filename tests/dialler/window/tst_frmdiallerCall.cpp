@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr quint32 makeRequest = 17; // the service's
-constexpr quint32 dropRequest = 18;
 const QString title = QStringLiteral("QuillOfficeToolsv2");
 
 /// What begins a call, and what ends it: a button or the menu's item.
@@ -45,7 +43,7 @@ struct DiallerCallTest : testing::Test
     void connect()
     {
         dial();
-        window.reply(makeRequest);
+        window.reply(DiallerWindow::makeRequest);
         window.state(LineMessage::Connected);
     }
     QString log() const { return window.log().join(u'|'); }
@@ -67,14 +65,14 @@ TEST_P(WholeCallTest, IsHungUpHere)
     EXPECT_EQ(window.service.operations.filter(QStringLiteral("open")).join(u'|'),
               QStringLiteral("open 0 20000 1 4"));
     EXPECT_EQ(calls().join(u'|'), QStringLiteral("call 2 1234"));
-    window.reply(makeRequest);
+    window.reply(DiallerWindow::makeRequest);
     EXPECT_FALSE(window.canDial());
     window.state(LineMessage::Connected);
     EXPECT_FALSE(window.canDial());
     EXPECT_TRUE(window.canHangUp());
     EXPECT_TRUE(window.item("mnuhangup").isEnabled());
     choose(GetParam().hangUp);
-    window.reply(dropRequest);
+    window.reply(DiallerWindow::dropRequest);
     window.service.dropping = LineError::InvalidCallState; // a second drop is none
     window.state(LineMessage::Disconnected);
     EXPECT_FALSE(window.canHangUp());
@@ -99,7 +97,7 @@ TEST_F(DiallerCallTest, TheFarEndHangsUp)
 {
     connect();
     window.state(LineMessage::Disconnected);
-    window.reply(dropRequest);
+    window.reply(DiallerWindow::dropRequest);
     window.state(LineMessage::Idle);
     EXPECT_EQ(log(), QStringLiteral("Opening line: #0|Preparing to dial: 1234|Dialing: 1234|Connected|"
                                     "Disconnected|Call Dropped: 1234|Idle"));
@@ -178,7 +176,7 @@ TEST_F(DiallerCallTest, ACallThatCannotBeMadeIsReported)
 TEST_F(DiallerCallTest, ARefusedCallLeavesDiallingDisabled)
 {
     dial();
-    window.reply(makeRequest, quint32(LineError::InvalidAddress));
+    window.reply(DiallerWindow::makeRequest, quint32(LineError::InvalidAddress));
     EXPECT_EQ(log(), QStringLiteral("Opening line: #0|Preparing to dial: 1234|Could not dial: 1234|"
                                     "Dial Error: Invalid Address"));
     EXPECT_EQ(window.control<ListBox>("lstCallProgress").ListIndex(), 3);
@@ -191,7 +189,7 @@ TEST_F(DiallerCallTest, ADropThatFailsLaterIsLogged)
 {
     connect();
     window.press("cmdHangUp");
-    window.reply(dropRequest, quint32(LineError::OperationFailed));
+    window.reply(DiallerWindow::dropRequest, quint32(LineError::OperationFailed));
     EXPECT_EQ(window.log().mid(4).join(u'|'),
               QStringLiteral("Requesting drop call...|Call Drop Error: Operation Failed"));
 }
@@ -222,7 +220,7 @@ TEST_F(DiallerCallTest, TheLogKeepsTheNumberThatWasDialled)
     connect();
     window.press("cmddigit_9");
     window.press("cmdHangUp");
-    window.reply(dropRequest);
+    window.reply(DiallerWindow::dropRequest);
     EXPECT_EQ(window.log().constLast(), QStringLiteral("Call Dropped: 1234"));
 }
 

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr quint32 makeRequest = 17; // the service's
-
 struct DiallerKeysTest : testing::Test
 {
     DiallerWindow window;
@@ -73,7 +71,7 @@ TEST_F(DiallerKeysTest, InACallAKeySendsItsTone)
             window.press(key);
     };
     window.press("cmdDial");
-    window.reply(makeRequest);
+    window.reply(DiallerWindow::makeRequest);
     pressAll();
     EXPECT_TRUE(tones().isEmpty());
     window.state(LineMessage::Connected);

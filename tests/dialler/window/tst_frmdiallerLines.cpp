@@ -13,7 +13,7 @@
 
 namespace {
 
-const QString title = QStringLiteral("QuillOfficeToolsv2");
+const QString applicationTitle = QStringLiteral("QuillOfficeToolsv2");
 
 /// In the set-up.
 struct DiallerLinesTest : testing::Test
@@ -96,7 +96,7 @@ TEST_F(DiallerLinesTest, ChoosingALineEnablesDiallingAfterARefusedCall)
 {
     window.open("Setup");
     window.press("cmdDial");
-    window.reply(17, quint32(LineError::InvalidAddress));
+    window.reply(DiallerWindow::makeRequest, quint32(LineError::InvalidAddress));
     EXPECT_FALSE(window.canDial());
     window.chooseLine(0);
     EXPECT_TRUE(window.canDial());
@@ -152,7 +152,7 @@ TEST_F(DiallerLinesTest, DialogsThatFailAreReported)
     window.open("Setup");
     window.service.dialog = LineError::OperationUnavailable;
     for (const char *button : {"cmdConfigDlg", "cmdDialProps"}) {
-        window.frame.dialogs.expectBox(title, QStringLiteral("Operation Unavailable"))
+        window.frame.dialogs.expectBox(applicationTitle, QStringLiteral("Operation Unavailable"))
             .icon(QMessageBox::NoIcon)
             .buttons(QMessageBox::Ok);
         window.press(button);
