@@ -9,9 +9,12 @@ namespace {
 
 constexpr int busPatience = 30000; // milliseconds
 
+/// To the end of this process. What refers to it is kept, so that it is no leak.
+[[gnu::used]] QProcess *daemon = nullptr;
+
 bool start()
 {
-    auto *daemon = new QProcess; // to the end of this process
+    daemon = new QProcess;
     daemon->setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     daemon->start(QStringLiteral("dbus-daemon"), {QStringLiteral("--session"), QStringLiteral("--nofork"),
                                                   QStringLiteral("--print-address")});
