@@ -3,6 +3,7 @@
 #include "EventGate.h"
 #include "FileNames.h"
 
+#include <QCoreApplication>
 #include <QSocketNotifier>
 #include <QTimer>
 #include <array>
@@ -142,7 +143,7 @@ void SerialPort::closeSoon()
     if (!isOpen())
         return;
     dropNotifier();
-    auto *closing = new QTimer;
+    auto *closing = new QTimer(QCoreApplication::instance());
     closing->setSingleShot(true);
     on(closing, &QTimer::timeout, closing, [closing, port = std::make_shared<Descriptor>(std::move(m_port))] {
         flushAndClose(*port);
