@@ -5,6 +5,7 @@
 #include "MainFrame.h"
 
 #include <QDir>
+#include <QLineEdit>
 #include <QSysInfo>
 
 QString SystemDirectory()
@@ -42,4 +43,13 @@ void TileChildrenVertical()
 void ArrangeChildIcons()
 {
     mainFrame->Arrange(MdiArea::Arrangement::ArrangeIcons);
+}
+
+void AutoDial(const QString &PhoneNumber)
+{
+    diallerMode = QStringLiteral("Use");
+    Form &dialler = Forms::refer(QStringLiteral("frmdialler"));
+    dialler.load(); // which shows it
+    dialler.setCaption(QStringLiteral("Quill-Dialler - AutoDial a Number"));
+    dialler.member<QLineEdit>(QStringLiteral("txtPhoneNumber")).setText(PhoneNumber);
 }

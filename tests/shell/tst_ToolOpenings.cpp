@@ -1,6 +1,9 @@
+#include "Files.h"
 #include "Forms.h"
 #include "Globals.h"
 #include "Paths.h"
+#include "Pause.h"
+#include "PrintQt.h"
 #include "RunningSuite.h"
 #include "ScratchProgramFolder.h"
 #include "StandInTool.h"
@@ -65,6 +68,43 @@ TEST_F(ToolOpeningsTest, TheDiallerStartsAfreshInEachMode)
     EXPECT_EQ(loaded("frmdialler"), 1);
     suite.press("dialler");
     EXPECT_EQ(loaded("frmdialler"), 1);
+}
+
+TEST_F(ToolOpeningsTest, TheDiallerHasALineToSetUpAndAKeypadToUse)
+{
+    setPause([](int) {});
+    const auto isShown = [this](const char *name) {
+        return suite.active().member<QWidget>(QString::fromLatin1(name)).isVisible();
+    };
+    suite.choose("diallersetup");
+    EXPECT_EQ(suite.active().Caption(), QStringLiteral("Quill-Dialler - Set Up"));
+    EXPECT_TRUE(isShown("cboLineSel"));
+    EXPECT_FALSE(isShown("cmddigit_5"));
+    suite.choose("dialleruse");
+    EXPECT_EQ(suite.active().Caption(), QStringLiteral("Quill-Dialler - AutoDial a Number"));
+    EXPECT_FALSE(isShown("cboLineSel"));
+    EXPECT_TRUE(isShown("cmddigit_5"));
+    suite.press("dialler");
+    EXPECT_TRUE(isShown("cmddigit_5"));
+    EXPECT_EQ(loaded("frmdialler"), 1);
+    setPause({});
+}
+
+TEST_F(ToolOpeningsTest, WithoutItsFileTheDiallerDoesNotOpen)
+{
+    const ScratchProgramFolder withoutFile;
+    suite.press("dialler");
+    EXPECT_NE(suite.active().Name(), QStringLiteral("frmdialler"));
+    EXPECT_EQ(loaded("frmdialler"), 0);
+    suite.fatal.expect(ErrorNumber::FileNotFound, QStringLiteral("File not found"));
+    suite.choose("dialleruse");
+}
+
+/// As a first start finds it.
+TEST(InstalledDiallerFile, HasThePositionOfTheFirstLine)
+{
+    const QString path = Paths::native(Paths::appPath() + QStringLiteral("\\dialler.dat"));
+    EXPECT_EQ(Files::read(path), " 0 \r\n");
 }
 
 TEST_F(ToolOpeningsTest, TwoFtpCommandsGiveOneWindow)

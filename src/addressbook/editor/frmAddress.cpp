@@ -5,12 +5,10 @@
 #include "AskAgain.h"
 #include "BusinessPage.h"
 #include "CityBoxes.h"
-#include "ComingCommands.h"
 #include "ContactRows.h"
 #include "DataEntryError.h"
 #include "DataError.h"
 #include "EventGate.h"
-#include "Forms.h"
 #include "HomePage.h"
 #include "NamePage.h"
 #include "Named.h"
@@ -18,6 +16,7 @@
 #include "Transaction.h"
 #include "WindowCommands.h"
 #include "WindowIcons.h"
+#include "mMain.h"
 #include "modGetFunctions.h"
 
 #include <QLineEdit>
@@ -175,10 +174,7 @@ void frmAddress::cmdCancel_Click()
 /// Intended: the number is dialled as it is in the box, saved or not, and what was not saved is lost.
 void frmAddress::dial(const QLineEdit &box)
 {
-    const QString dialler = QStringLiteral("frmdialler");
-    if (!Forms::isRegistered(dialler))
-        return ComingCommands::announce();
     const QString number = box.text();
     unload();
-    Forms::refer(dialler).call(QStringLiteral("AutoDial"), number);
+    AutoDial(number);
 }

@@ -5,9 +5,11 @@
 #include "frmAddressBook.h"
 #include "frmBirthDays.h"
 #include "frmCalculator.h"
+#include "frmDialingRules.h"
 #include "frmDocument.h"
 #include "frmFTP.h"
 #include "frmFTPAccounts.h"
+#include "frmLines.h"
 #include "frmMargins.h"
 #include "frmOptions.h"
 #include "frmOverwrite.h"
@@ -19,6 +21,7 @@
 #include "frmSplash.h"
 #include "frmUnzip.h"
 #include "frmZip.h"
+#include "frmdialler.h"
 #include "frmquilladdresshelp.h"
 
 namespace {
@@ -42,6 +45,9 @@ constexpr Row windows[] = {
     {"frmDocument", Forms::Instances::Many, make<frmDocument>},
     {"frmMargins", Forms::Instances::One, make<frmMargins>},
     {"frmCalculator", Forms::Instances::One, make<frmCalculator>},
+    {"frmLines", Forms::Instances::One, make<frmLines>},
+    {"frmdialler", Forms::Instances::One, make<frmdialler>},
+    {"frmDialingRules", Forms::Instances::One, make<frmDialingRules>},
     {"frmFTP", Forms::Instances::One, make<frmFTP>},
     {"frmFTPAccounts", Forms::Instances::One, make<frmFTPAccounts>},
     {"frmAddressBook", Forms::Instances::One, make<frmAddressBook>},

@@ -1,9 +1,13 @@
 #include "DialButtons.h"
 #include "EditorWindow.h"
+#include "EventGate.h"
 #include "Forms.h"
+#include "Named.h"
 #include "PrintQt.h"
 #include "RowName.h"
+#include "mMain.h"
 
+#include <QLineEdit>
 #include <gtest/gtest.h>
 
 namespace {
@@ -14,21 +18,15 @@ class StandInDialler : public Form
 public:
     explicit StandInDialler(QStringList &dialled)
         : Form(QStringLiteral("frmdialler"))
-        , m_dialled(dialled)
     {
-        addOperation(QStringLiteral("AutoDial"), &StandInDialler::AutoDial);
+        auto *txtPhoneNumber = named<QLineEdit>("txtPhoneNumber");
+        txtPhoneNumber->setText(QStringLiteral("1234567"));
+        txtPhoneNumber->setParent(this);
+        on(txtPhoneNumber, &QLineEdit::textChanged, this, [&dialled](const QString &number) {
+            dialled.append(
+                Forms::named(QStringLiteral("frmAddress")).isEmpty() ? number : QStringLiteral("too early"));
+        });
     }
-
-private:
-    void AutoDial(const QString &number)
-    {
-        load();
-        m_dialled.append(Forms::named(QStringLiteral("frmAddress")).isEmpty() ? number
-                                                                              : QStringLiteral("too early"));
-        unload();
-    }
-
-    QStringList &m_dialled;
 };
 
 struct FrmAddressDial : testing::TestWithParam<DialButtonRow>
@@ -38,7 +36,11 @@ struct FrmAddressDial : testing::TestWithParam<DialButtonRow>
         Forms::registerWindow(QStringLiteral("frmdialler"), Forms::Instances::One,
                               [this] { return new StandInDialler(dialled); });
     }
-    ~FrmAddressDial() override { Forms::unregisterWindow(QStringLiteral("frmdialler")); }
+    ~FrmAddressDial() override
+    {
+        CloseFormByName(QStringLiteral("frmdialler"));
+        Forms::unregisterWindow(QStringLiteral("frmdialler"));
+    }
 
     EditorWindow editor;
     QStringList dialled;

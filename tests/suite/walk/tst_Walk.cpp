@@ -1,7 +1,9 @@
 #include "Walker.h"
 
 #include "Forms.h"
+#include "Globals.h"
 #include "Look.h"
+#include "Pause.h"
 #include "QtMessages.h"
 #include "TreeView.h"
 #include "UrlCatcher.h"
@@ -19,12 +21,14 @@ struct Walk : testing::Test
     UrlCatcher urls;
     Walk()
     {
+        setPause([](int) {});
         Look::apply(); // the toolbar is wider without
         QtMessages::expect(QStringLiteral("QPageSetupDialog: Cannot be used on non-native printers"));
         qputenv("XDG_RUNTIME_DIR", runtime.path().toUtf8());
         qputenv("PATH", "/nonexistent");
         qputenv("XDG_DATA_DIRS", "/nonexistent");
     }
+    ~Walk() override { setPause({}); }
 };
 
 void nothing(RunningSuite &)
@@ -79,6 +83,18 @@ void unzip(RunningSuite &suite)
     openTool(suite, QStringLiteral("frmUnzip"));
 }
 
+void diallerSetUp(RunningSuite &suite)
+{
+    diallerMode = QStringLiteral("Setup");
+    openTool(suite, QStringLiteral("frmdialler"));
+}
+
+void diallerInUse(RunningSuite &suite)
+{
+    diallerMode = QStringLiteral("Use");
+    openTool(suite, QStringLiteral("frmdialler"));
+}
+
 } // namespace
 
 TEST_F(Walk, EveryMenuItemInADocument)
@@ -105,6 +121,15 @@ TEST_F(Walk, EveryMenuItemInTheCalculator)
     EXPECT_EQ(walker.errors(), QStringList());
     EXPECT_EQ(walker.ends(), QStringList(QStringLiteral("mnuexittools")));
     EXPECT_EQ(walker.steps().size(), 7);
+}
+
+TEST_F(Walk, EveryMenuItemInTheDialler)
+{
+    Walker walker(diallerInUse);
+    walker.chooseEveryMenuItem();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_EQ(walker.ends(), QStringList(QStringLiteral("mnuexittools")));
+    EXPECT_EQ(walker.steps().size(), 9);
 }
 
 TEST_F(Walk, EveryMenuItemInTheFtpWindow)
@@ -204,6 +229,18 @@ TEST_F(Walk, EveryButtonOfTheCalculatorItself)
     walker.pressEveryButtonOfTheTool();
     EXPECT_EQ(walker.errors(), QStringList());
     EXPECT_EQ(walker.steps().size(), 21);
+}
+
+TEST_F(Walk, EveryButtonOfTheDiallerItself)
+{
+    Walker inUse(diallerInUse);
+    inUse.pressEveryButtonOfTheTool();
+    EXPECT_EQ(inUse.errors(), QStringList());
+    EXPECT_EQ(inUse.steps().size(), 16);
+    Walker setUp(diallerSetUp);
+    setUp.pressEveryButtonOfTheTool();
+    EXPECT_EQ(setUp.errors(), QStringList());
+    EXPECT_EQ(setUp.steps().size(), 4);
 }
 
 TEST_F(Walk, EveryButtonOfTheFtpWindowItself)

@@ -1,0 +1,61 @@
+#include "TestLine.h"
+
+#include "EventGate.h"
+#include "PrivateBus.h"
+#include "TelephoneSettings.h"
+
+#include <QTest>
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int eventPatience = 60000; // milliseconds; a loaded computer is slow
+
+} // namespace
+
+TestLine::TestLine(const QList<LineSettings> &lines, const LineLimits &limits)
+    : m_service(m_dialogs, limits)
+    , m_line(std::make_unique<CvbTAPILine>(m_service))
+{
+    PrivateBus::use();
+    TelephoneSettings settings;
+    settings.lines = lines;
+    settings.write();
+    const auto record = [this](const char *event, qint32 error) {
+        m_events.append(error == 0 ? QString::fromLatin1(event)
+                                   : QString::fromLatin1(event) + u':' + m_line->ErrorString(error));
+    };
+    on(m_line.get(), &CvbTAPILine::MakeCallResult, m_line.get(),
+       [=](qint32 error) { record("made", error); });
+    on(m_line.get(), &CvbTAPILine::DropCallResult, m_line.get(),
+       [=](qint32 error) { record("dropped", error); });
+    on(m_line.get(), &CvbTAPILine::Connected, m_line.get(), [=] { record("connected", 0); });
+    on(m_line.get(), &CvbTAPILine::Disconnected, m_line.get(), [=] { record("disconnected", 0); });
+    on(m_line.get(), &CvbTAPILine::Idle, m_line.get(), [=] { record("idle", 0); });
+}
+
+TestLine::~TestLine() = default;
+
+bool TestLine::call(const QString &number)
+{
+    m_events.clear();
+    return m_line->Create() && m_line->OpenLine(1, 4) && m_line->MakeCallAsynch(number);
+}
+
+void TestLine::waitFor(const char *event)
+{
+    const auto isLast = [this](const QString &text) {
+        return !m_events.isEmpty() && m_events.constLast().startsWith(text);
+    };
+    const QString awaited = QString::fromLatin1(event);
+    const auto isOver = [&] { return isLast(QStringLiteral("idle")) || isLast(QStringLiteral("made:")); };
+    const bool isDecided = QTest::qWaitFor([&] { return isLast(awaited) || isOver(); }, eventPatience);
+    EXPECT_TRUE(isDecided && isLast(awaited)) << "instead of " << event << ": " << qPrintable(events());
+}
+
+QString TestLine::allEvents()
+{
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    return events();
+}
