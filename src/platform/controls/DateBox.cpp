@@ -33,11 +33,12 @@ void DateBox::keyPressEvent(QKeyEvent *event)
 {
     run([&] {
         const bool isAltDown = event->key() == Qt::Key_Down && event->modifiers() & Qt::AltModifier;
+        const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == 0;
         if (event->key() == Qt::Key_F4 || isAltDown)
             openCalendar();
-        else if (event->key() == Qt::Key_Home && !event->modifiers())
+        else if (event->key() == Qt::Key_Home && isPlain)
             setSelectedSection(sectionAt(0));
-        else if (event->key() == Qt::Key_End && !event->modifiers())
+        else if (event->key() == Qt::Key_End && isPlain)
             setSelectedSection(sectionAt(sectionCount() - 1));
         else
             QDateEdit::keyPressEvent(event);

@@ -27,6 +27,11 @@ struct HandsetCallTest : testing::Test
     ScriptedModem modem;
     TestLine line{{lineOn(modem, LineSettings::SerialMode::Handset)}};
 
+    void SetUp() override
+    {
+        if (!modem.isThere())
+            GTEST_SKIP() << "this machine has no pseudo-terminals";
+    }
     void connect()
     {
         ASSERT_TRUE(line.call(QStringLiteral("1234")));
@@ -41,6 +46,11 @@ struct VoiceCallTest : testing::Test
     TestLine line{{lineOn(modem, LineSettings::SerialMode::Voice)}};
 
     VoiceCallTest() { modem.answer("ATD", "\r\nVCON\r\n"); }
+    void SetUp() override
+    {
+        if (!modem.isThere())
+            GTEST_SKIP() << "this machine has no pseudo-terminals";
+    }
     void connect()
     {
         ASSERT_TRUE(line.call(QStringLiteral("1234")));
@@ -314,6 +324,8 @@ TEST(SerialLineTest, AFileThatIsNoPortIsNoDevice)
 TEST(SerialLineTest, PulsesSpeedAndInitialisationAreTheUsers)
 {
     ScriptedModem modem;
+    if (!modem.isThere())
+        GTEST_SKIP() << "this machine has no pseudo-terminals";
     LineSettings settings = lineOn(modem, LineSettings::SerialMode::Handset);
     settings.dialsByPulses = true;
     settings.initialisation = QStringLiteral("L1M2");
@@ -326,6 +338,8 @@ TEST(SerialLineTest, PulsesSpeedAndInitialisationAreTheUsers)
 TEST(SerialLineTest, NoInitialisationIsASecondCommand)
 {
     ScriptedModem modem;
+    if (!modem.isThere())
+        GTEST_SKIP() << "this machine has no pseudo-terminals";
     LineSettings settings = lineOn(modem, LineSettings::SerialMode::Handset);
     settings.initialisation = QStringLiteral("L1\rATDT0900");
     TestLine line{{settings}};
@@ -336,6 +350,8 @@ TEST(SerialLineTest, NoInitialisationIsASecondCommand)
 TEST(SerialLineTest, ACallThatNobodyAnswersIsGivenUp)
 {
     ScriptedModem modem;
+    if (!modem.isThere())
+        GTEST_SKIP() << "this machine has no pseudo-terminals";
     modem.answer("ATD", {});
     TestLine line{{lineOn(modem, LineSettings::SerialMode::Handset)},
                   {.answer = std::chrono::milliseconds(300)}};

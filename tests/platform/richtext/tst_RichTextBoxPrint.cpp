@@ -287,6 +287,19 @@ TEST_F(Print, APictureLargerThanThePageIsShrunkToIt)
     }
 }
 
+TEST_F(Print, APictureLeavesTheRoomOfOneLine)
+{
+    constexpr double points = 40;
+    box.setText({});
+    insertPicture(700, 3000);
+    box.selectAll();
+    box.setSelFontSize(points);
+    box.setSelStart(0);
+    EXPECT_EQ(print().size(), 1);
+    ASSERT_EQ(pdf.pictureSizes().size(), 1);
+    EXPECT_NEAR(pdf.pictureSizes().first().height(), 842 - 2 * paperMargin - 1.15 * points, 4);
+}
+
 TEST_F(Print, ALineIsNeverCutByThePagesEdge)
 {
     QStringList lines;

@@ -14,6 +14,8 @@ ScriptedModem::ScriptedModem()
     ::unlockpt(m_modem);
     m_port = QString::fromLocal8Bit(::ptsname(m_modem));
     m_keepsPort = ::open(::ptsname(m_modem), O_RDWR | O_NOCTTY | O_CLOEXEC);
+    if (m_keepsPort < 0)
+        return;
     termios settings = {};
     ::tcgetattr(m_keepsPort, &settings);
     ::cfmakeraw(&settings); // no echo before somebody else sets it up

@@ -16,6 +16,8 @@ public:
     ScriptedModem(const ScriptedModem &) = delete;
     ScriptedModem &operator=(const ScriptedModem &) = delete;
 
+    /// False on a machine without pseudo-terminals.
+    bool isThere() const { return m_notifier != nullptr; }
     /// The device file of its port.
     QString port() const { return m_port; }
 

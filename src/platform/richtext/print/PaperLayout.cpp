@@ -59,8 +59,8 @@ QImage PaperLayout::device(int dpi)
 void PaperLayout::fit(QTextDocument &document, const QSizeF &text, int dpi)
 {
     document.setUndoRedoEnabled(false);
+    Pictures::shrinkTo(text * ParagraphFormat::layoutDpi(), document); // which measures letters in pixels
     spaceForPaper(document, dpi);
-    Pictures::shrinkTo(text * ParagraphFormat::layoutDpi(), document);
     SmallCapitals::spellOut(document);
     PaperSpacing::complete(document);
     scaleIndents(document, dpi / ParagraphFormat::layoutDpi());
