@@ -152,6 +152,9 @@ bool UnseenKeeper::beforeKey(const QKeyEvent &key, QTextCursor &caret) const
         (!isDelete && !isBackspace))
         return false;
     const int deleted = caret.position() - (isBackspace ? 1 : 0);
+    const char16_t sign = m_document->characterAt(deleted).unicode();
+    if (sign == 0xFDD0 || sign == 0xFDD1) // a cell's, which no single key deletes
+        return false;
     return Unseen::isIn(stretchAt(*m_document, deleted).format) &&
            caret.movePosition(isDelete ? QTextCursor::NextCharacter : QTextCursor::PreviousCharacter,
                               QTextCursor::KeepAnchor);
