@@ -81,6 +81,20 @@ TEST_F(AesEntriesTest, AreSkippedWithoutTheirPassword)
     EXPECT_TRUE(job.messages.contains("error:  c: no password, or a wrong one"));
 }
 
+/// In another batch of the threads too.
+TEST_F(AesEntriesTest, WithoutTheirPasswordLeaveTheOneThatIsRightForOthers)
+{
+    QByteArrayList others;
+    for (int i = 100; i < 170; ++i)
+        others.append(QByteArray::number(i));
+    add({"0"}, "one");
+    add(others, "two");
+    add({"z"}, "one");
+    job.passwords = {"one", "wrong"};
+    EXPECT_EQ(extract(), UnzipResult::NoPassword);
+    EXPECT_EQ(names(), QByteArrayList({"0", "z"}));
+}
+
 /// By both threads again, however many there are.
 TEST_F(AesEntriesTest, ANewPasswordIsUsedForAllThatFollow)
 {

@@ -115,6 +115,20 @@ TEST_F(UnzipLibraryTest, ListsFoldersWithASlash)
     EXPECT_EQ(job.entries[3].fname, QByteArray("file"));
 }
 
+TEST_F(UnzipLibraryTest, TakesFoldersByTheNamesThatItLists)
+{
+    MadeEntry byMode = extracted("folder", {});
+    byMode.attributes = 040755u << 16;
+    make({byMode, extracted(QByteArray(254, 'n') + "m/", {}), extracted("file", {})});
+    ASSERT_EQ(job.list(archive), UnzipResult::Success);
+    for (const int row : {0, 1}) {
+        job.included = {job.entries[row].fname};
+        job.messages.clear();
+        EXPECT_EQ(extract(), UnzipResult::Success) << row;
+        EXPECT_EQ(job.messages.size(), 1) << row;
+    }
+}
+
 TEST_F(UnzipLibraryTest, ExtractsAll)
 {
     MadeEntry deflated = extracted("sub/deep/b", QByteArray(100'000, 'b'));

@@ -20,6 +20,9 @@ bool ArchivePassword::ask()
         m_requestsLeft = 0;
         return false;
     }
-    m_password = QByteArray(buffer.data(), std::find(buffer.begin(), buffer.end(), '\0') - buffer.begin());
-    return !m_password.isEmpty();
+    const QByteArray answer(buffer.data(), std::find(buffer.begin(), buffer.end(), '\0') - buffer.begin());
+    if (answer.isEmpty())
+        return false;
+    m_password = answer;
+    return true;
 }

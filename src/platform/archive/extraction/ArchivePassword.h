@@ -18,11 +18,15 @@ public:
     /// The one known; asks where there is none yet. Empty when none can be had.
     const QByteArray &get();
 
-    bool isKnown() const { return !m_password.isEmpty(); }
+    /// Empty when none is.
+    const QByteArray &known() const { return m_password; }
 
     /// The one known is wrong for some entry. Asks for another one, and returns false when none can be had:
-    /// after three wrong ones, or when a request had no answer, the user is not asked again.
+    /// after three requests, or when one had no answer, the user is not asked again.
     bool replace() { return ask(); }
+
+    /// Takes back what replace() has put in the place of \a password, which is right for other entries.
+    void restore(const QByteArray &password) { m_password = password; }
 
 private:
     bool ask();

@@ -214,7 +214,8 @@ void UnzipJob::extract(const ArchiveEntry &entry)
 bool UnzipJob::isForPool(const ExtractionTask &task) const
 {
     const ArchiveEntry &entry = *task.entry;
-    return !task.output && (isPlain(entry) || (entry.isEncrypted() && entry.isAes() && m_password.isKnown()));
+    return !task.output &&
+           (isPlain(entry) || (entry.isEncrypted() && entry.isAes() && !m_password.known().isEmpty()));
 }
 
 void UnzipJob::addToPool(ExtractionTask task)
@@ -223,8 +224,12 @@ void UnzipJob::addToPool(ExtractionTask task)
         finishOne();
     if (!m_refused.empty())
         finishAll(); // before more tasks take that password
+    if (!isForPool(task)) {
+        extractAlone(std::move(task));
+        return;
+    }
     if (task.entry->isEncrypted())
-        task.password = m_password.get();
+        task.password = m_password.known();
     m_atWork.insert(task.path);
     m_pool->add(std::move(task));
 }
@@ -332,11 +337,14 @@ void UnzipJob::extractEncrypted(const ExtractionTask &task)
         throw BadArchive{"its encryption is not supported", BadArchive::Unsupported};
     if (!task.entry->isAes())
         openLibzip(); // no password opens a directory that is damaged
+    const QByteArray before = m_password.known();
     bool hasPassword = !m_password.get().isEmpty();
     while (hasPassword && !isRight(m_password.get(), task))
         hasPassword = m_password.replace();
-    if (!hasPassword)
-        fail(task.path, "no password, or a wrong one", UnzipResult::NoPassword);
+    if (hasPassword)
+        return;
+    m_password.restore(before);
+    fail(task.path, "no password, or a wrong one", UnzipResult::NoPassword);
 }
 
 /// Extracts the entry if \a password is right. With the older encryption one in 256 wrong passwords is

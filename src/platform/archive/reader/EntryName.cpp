@@ -74,7 +74,7 @@ QByteArray EntryName::shown(const QByteArray &name)
 
 QByteArray EntryName::shownFolder(const QByteArray &name)
 {
-    if (name.endsWith('/') && name.size() <= mostShown)
-        return name;
-    return cut(name, mostShown - 1) + '/';
+    const bool isMarked = name.endsWith('/') || name.endsWith('\\');
+    const QByteArray plain = isMarked ? name.chopped(1) : name;
+    return cut(plain, mostShown - 1) + '/';
 }
