@@ -47,7 +47,7 @@ SipPhone::SipPhone()
     m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
     on(&m_control, &ControlConnection::opened, &m_control, [this] { m_isOpen = true; });
     on(&m_control, &ControlConnection::eventCame, &m_control,
-       [this](const QString &type, bool, const QString &detail) {
+       [this](const QString &type, bool, const QString &, const QString &detail) {
            if (type == QStringLiteral("CALL_ESTABLISHED"))
                m_isInCall = true;
            else if (type == QStringLiteral("CALL_CLOSED"))
@@ -56,7 +56,7 @@ SipPhone::SipPhone()
                m_tones += detail;
        });
     m_process.start(QStringLiteral("baresip"), {QStringLiteral("-f"), m_folder.path()});
-    m_control.open(controlPort);
+    m_control.open(controlPort, m_process.processId());
     EXPECT_TRUE(QTest::qWaitFor([this] { return m_isOpen; }, phonePatience));
 }
 

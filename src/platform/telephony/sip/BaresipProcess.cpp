@@ -1,5 +1,6 @@
 #include "BaresipProcess.h"
 
+#include "AccountFolder.h"
 #include "EventGate.h"
 #include "SipAccount.h"
 
@@ -16,8 +17,8 @@
 
 namespace {
 
-constexpr int startTime = 3000;   // milliseconds
 constexpr int releaseTime = 3000; // milliseconds
+constexpr int leaveTime = 500;    // milliseconds that the end of the suite waits
 const QString moduleFolder = QStringLiteral("/usr/lib/baresip/modules");
 
 const QString encryptionFile = QStringLiteral("/openssl.cnf");
@@ -41,22 +42,34 @@ bool writePrivate(const QString &path, const QByteArray &bytes)
            file.write(bytes) == bytes.size() && file.flush();
 }
 
-/// Runs in the new process. The signal lets it say goodbye to the far end, and a dump of its memory would
-/// have the password in it.
+/// Runs in the new process. Even one that hangs or is stopped ends with the suite, and a dump of its memory
+/// would have the password in it.
 void prepareChild(pid_t parent)
 {
-    ::prctl(PR_SET_PDEATHSIG, SIGTERM);
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     const rlimit noDump = {0, 0};
     ::setrlimit(RLIMIT_CORE, &noDump);
     if (::getppid() != parent)
         ::_exit(1);
 }
 
+/// Runs \a step when \a process has ended, or could not be started.
+template<class Step>
+void onEnd(QProcess *process, const QObject *context, Step step)
+{
+    on(process, &QProcess::stateChanged, context, [step](QProcess::ProcessState state) {
+        if (state == QProcess::NotRunning)
+            step();
+    });
+}
+
 } // namespace
 
 BaresipProcess::BaresipProcess(QObject *parent)
     : QObject(parent)
-{}
+{
+    EventGate::beforeEnd(this, [this] { release(); });
+}
 
 BaresipProcess::~BaresipProcess()
 {
@@ -80,7 +93,7 @@ bool BaresipProcess::writeFiles(const SipAccount &account, const QString &folder
 bool BaresipProcess::start(const SipAccount &account)
 {
     m_controlPort = freePort();
-    m_folder = std::make_unique<QTemporaryDir>();
+    m_folder = std::make_unique<AccountFolder>();
     if (m_controlPort == 0 || !m_folder->isValid() || !writeFiles(account, m_folder->path())) {
         removeFiles();
         return false;
@@ -92,12 +105,15 @@ bool BaresipProcess::start(const SipAccount &account)
     m_process->setProcessChannelMode(QProcess::MergedChannels);
     m_process->setStandardOutputFile(QProcess::nullDevice());
     m_process->setChildProcessModifier([parent = ::getpid()] { prepareChild(parent); });
-    on(m_process, &QProcess::finished, this, [this] { Q_EMIT ended(); });
+    EventGate::beforeEnd(m_process, [process = m_process] { process->waitForFinished(leaveTime); });
+    onEnd(m_process, this, [this] { Q_EMIT ended(); });
     m_process->start(program(), {QStringLiteral("-f"), m_folder->path()});
-    if (m_process->waitForStarted(startTime))
-        return true;
-    kill();
-    return false;
+    return m_process != nullptr; // who heard of a failed start has let it go
+}
+
+qint64 BaresipProcess::processId() const
+{
+    return m_process ? m_process->processId() : 0;
 }
 
 void BaresipProcess::removeFiles()
@@ -115,7 +131,7 @@ void BaresipProcess::letGo()
         process->deleteLater();
         return;
     }
-    on(process, &QProcess::finished, process, [process] { process->deleteLater(); });
+    onEnd(process, process, [process] { process->deleteLater(); });
 }
 
 void BaresipProcess::release()

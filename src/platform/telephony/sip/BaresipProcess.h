@@ -3,9 +3,9 @@
 #include <QObject>
 #include <QProcess>
 #include <QString>
-#include <QTemporaryDir>
 #include <memory>
 
+class AccountFolder;
 class SipAccount;
 
 /// A baresip process with one account. It ends with this process, however that ends.
@@ -21,8 +21,11 @@ public:
     /// Whether the program is installed.
     static bool isInstalled();
 
-    /// Starts it for \a account with its control port at controlPort(). False where that fails.
+    /// Starts it for \a account with its control port at controlPort(). False where that fails at once;
+    /// ended() follows where it fails later.
     bool start(const SipAccount &account);
+    /// 0 where there is none.
+    qint64 processId() const;
     quint16 controlPort() const { return m_controlPort; }
 
     /// Removes the files that it has read, which have the password in them.
@@ -40,7 +43,7 @@ private:
     bool writeFiles(const SipAccount &account, const QString &folder);
     void letGo();
 
-    std::unique_ptr<QTemporaryDir> m_folder; ///< its configuration, for nobody else to read
+    std::unique_ptr<AccountFolder> m_folder; ///< its configuration
     QProcess *m_process = nullptr;           ///< owns itself once it has been let go
     quint16 m_controlPort = 0;
 };

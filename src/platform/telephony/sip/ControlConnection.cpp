@@ -1,6 +1,7 @@
 #include "ControlConnection.h"
 
 #include "EventGate.h"
+#include "LoopbackConnection.h"
 
 #include <QHostAddress>
 #include <QJsonDocument>
@@ -23,10 +24,11 @@ ControlConnection::ControlConnection(QObject *parent)
     on(&m_socket, &QTcpSocket::readyRead, this, &ControlConnection::read);
 }
 
-void ControlConnection::open(quint16 port)
+void ControlConnection::open(quint16 port, qint64 process)
 {
     close();
     m_port = port;
+    m_process = process;
     m_time.start();
     connectNow();
 }
@@ -48,6 +50,10 @@ void ControlConnection::connectNow()
 
 void ControlConnection::connected()
 {
+    if (!LoopbackConnection::isServedBy(m_process, m_port, m_socket.localPort())) {
+        giveUp();
+        return;
+    }
     m_isOpen = true;
     Q_EMIT opened();
 }
@@ -90,6 +96,7 @@ void ControlConnection::take(const QJsonObject &message)
     else if (message[QStringLiteral("event")].toBool())
         Q_EMIT eventCame(message[QStringLiteral("type")].toString(),
                          message[QStringLiteral("direction")] == QStringLiteral("incoming"),
+                         message[QStringLiteral("id")].toString(),
                          message[QStringLiteral("param")].toString());
 }
 

@@ -10,7 +10,8 @@
 class QJsonObject;
 
 /// The connection to the control port of a baresip process: commands and their replies, and the events of its
-/// calls. The port has no password, and a later connection silently takes the place of an earlier one.
+/// calls. The port has no password, so nothing is sent before it is sure who listens there, and a later
+/// connection silently takes the place of an earlier one.
 class ControlConnection : public QObject
 {
     Q_OBJECT
@@ -18,8 +19,8 @@ class ControlConnection : public QObject
 public:
     explicit ControlConnection(QObject *parent = nullptr);
 
-    /// Connects to \a port of this computer, which may begin to listen only some time later.
-    void open(quint16 port);
+    /// Connects to \a port of this computer, where \a process may begin to listen only some time later.
+    void open(quint16 port, qint64 process);
     void close();
 
     /// replied() follows with \a token.
@@ -28,9 +29,10 @@ public:
 Q_SIGNALS:
     void opened();
     void replied(const QString &token, bool isDone, const QString &text);
-    /// \a type is the name that baresip has for the event, \a detail says more.
-    void eventCame(const QString &type, bool isIncomingCall, const QString &detail);
-    /// There is no connection, or something else than baresip at its other end.
+    /// \a type is the name that baresip has for the event, \a call its identifier for the call, \a detail
+    /// says more.
+    void eventCame(const QString &type, bool isIncomingCall, const QString &call, const QString &detail);
+    /// There is no connection, or something else than the process at its other end.
     void lost();
 
 private:
@@ -42,6 +44,7 @@ private:
     void giveUp();
 
     quint16 m_port = 0;
+    qint64 m_process = 0;
     QTcpSocket m_socket;
     QTimer m_retry;
     QElapsedTimer m_time;

@@ -11,6 +11,7 @@ constexpr int watchTime = 5000; // milliseconds; a process that does not answer 
 const QString dialToken = QStringLiteral("dial");
 const QString registrationToken = QStringLiteral("registration");
 const QString watchToken = QStringLiteral("watch");
+const QString incomingToken = QStringLiteral("incoming");
 const QString hangUpCommand = QStringLiteral("hangup");
 const QString statusCommand = QStringLiteral("reginfo");
 
@@ -66,7 +67,7 @@ qint32 SipLine::open()
     if (!m_process.start(m_account))
         return LineError::ResourceUnavailable;
     m_state = State::Starting;
-    m_control.open(m_process.controlPort());
+    m_control.open(m_process.controlPort(), m_process.processId());
     return LineError::None;
 }
 
@@ -134,6 +135,8 @@ void SipLine::replied(const QString &token, bool isDone, const QString &text)
 {
     if (token == watchToken)
         m_isWatched = false;
+    else if (token == incomingToken && isDone) // it is the current call now, and the user's own again later
+        m_control.send(hangUpCommand, {}, {});
     else if (token == registrationToken)
         takeRegistration(text);
     else if (token == dialToken && m_call == Call::Requested) {
@@ -146,14 +149,14 @@ void SipLine::replied(const QString &token, bool isDone, const QString &text)
     }
 }
 
-void SipLine::eventCame(const QString &type, bool isIncomingCall, const QString &)
+void SipLine::eventCame(const QString &type, bool isIncomingCall, const QString &call)
 {
     if (m_state == State::Registering && type == QStringLiteral("REGISTER_OK"))
         becomeReady();
     else if (m_state == State::Registering && type == QStringLiteral("REGISTER_FAIL"))
         fail(LineError::NotRegistered);
-    else if (isIncomingCall && type == QStringLiteral("CALL_INCOMING") && m_call <= Call::Waiting)
-        m_control.send(hangUpCommand, {}, {});
+    else if (isIncomingCall && type == QStringLiteral("CALL_INCOMING"))
+        m_control.send(QStringLiteral("callfind"), call, incomingToken);
     else if (!isIncomingCall && m_call >= Call::Requested)
         callEvent(type);
 }

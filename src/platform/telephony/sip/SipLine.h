@@ -34,7 +34,7 @@ private:
 
     void controlOpened();
     void replied(const QString &token, bool isDone, const QString &text);
-    void eventCame(const QString &type, bool isIncomingCall, const QString &detail);
+    void eventCame(const QString &type, bool isIncomingCall, const QString &call);
     void callEvent(const QString &type);
     void sendTone(QChar tone);
     void checkProcess();
