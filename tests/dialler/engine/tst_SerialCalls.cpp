@@ -335,6 +335,25 @@ TEST(SerialLineTest, PulsesSpeedAndInitialisationAreTheUsers)
     EXPECT_EQ(modem.commands().join('|'), "ATE0Q0V1|ATX4|ATL1M2|ATDP1;");
 }
 
+/// The far end understands no pulses.
+TEST(SerialLineTest, BehindAPausePulsesBecomeTones)
+{
+    ScriptedModem modem;
+    if (!modem.isThere())
+        GTEST_SKIP() << "this machine has no pseudo-terminals";
+    LineSettings settings = lineOn(modem, LineSettings::SerialMode::Handset);
+    settings.dialsByPulses = true;
+    TestLine line{{settings}};
+    for (const auto &[number, command] :
+         {std::pair("123,45", "ATDP123,T45;"), {"123,,4,5", "ATDP123,T,4,5;"}, {"123,", "ATDP123,;"}}) {
+        ASSERT_TRUE(line.call(QString::fromLatin1(number)));
+        line.waitFor("connected");
+        EXPECT_EQ(modem.commands().constLast(), command);
+        ASSERT_TRUE(line->DropCallAsynch());
+        line.waitFor("idle");
+    }
+}
+
 TEST(SerialLineTest, NoInitialisationIsASecondCommand)
 {
     ScriptedModem modem;
@@ -380,6 +399,7 @@ TEST_F(VoiceCallTest, HearsThatTheFarEndIsGone)
     for (const char event : {'b', 'd', 'h', 'l', 's'}) {
         connect();
         modem.send(QByteArray("\x10") + '0'); // somebody presses a key
+        modem.send(QByteArray("\x10") + '\0');
         EXPECT_EQ(line.allEvents(), QStringLiteral("made connected"));
         modem.send(QByteArray("\x10") + event);
         line.waitFor("idle");

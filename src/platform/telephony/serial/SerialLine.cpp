@@ -6,15 +6,15 @@
 #include <QFileInfo>
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
 
-constexpr int commandTime = 3000;        // milliseconds
-constexpr int interruptTime = 100;       // milliseconds from the end of a dial to the next command
-constexpr char farEndIsGone[] = "bdhls"; // busy, dial tone, hung up, loop current interrupted, silence
+constexpr int commandTime = 3000;  // milliseconds
+constexpr int interruptTime = 100; // milliseconds from the end of a dial to the next command
+constexpr QByteArrayView farEndIsGone =
+    "bdhls"; // busy, dial tone, hung up, loop current interrupted, silence
 
 qint32 lineError(int code)
 {
@@ -71,6 +71,16 @@ LineTraits SerialLine::traits() const
     return traits;
 }
 
+/// Pulses dial the number alone: what follows the pause is heard by the far end only as tones.
+QByteArray SerialLine::dialCommand(const PhoneNumber &number) const
+{
+    QByteArray tones = number.tones().toLatin1();
+    if (m_settings.dialsByPulses && tones.size() > 1)
+        tones.insert(1, 'T');
+    const QByteArray command = (m_settings.dialsByPulses ? "ATDP" : "ATDT") + number.dialled().toLatin1();
+    return isVoice() ? command + tones : command + tones + ';'; // which stays in command mode
+}
+
 /// A port without rights is there: opening it says what is missing.
 qint32 SerialLine::presence() const
 {
@@ -115,10 +125,7 @@ qint32 SerialLine::dial(const PhoneNumber &number)
         m_steps.append({"AT" + m_settings.initialisation.toLatin1(), true});
     if (isVoice())
         m_steps.append({"AT+FCLASS=8", true});
-    m_dialCommand = m_settings.dialsByPulses ? "ATDP" : "ATDT";
-    m_dialCommand += (number.dialled() + number.tones()).toLatin1();
-    if (!isVoice())
-        m_dialCommand += ';'; // stay in command mode
+    m_dialCommand = dialCommand(number);
     m_toneCommands.clear();
     m_state = State::Preparing;
     prepare();
@@ -189,7 +196,7 @@ void SerialLine::reported(AtResult result)
 
 void SerialLine::eventCame(char event)
 {
-    if (m_state == State::Connected && isVoice() && std::strchr(farEndIsGone, event))
+    if (m_state == State::Connected && isVoice() && farEndIsGone.contains(event))
         finish();
 }
 

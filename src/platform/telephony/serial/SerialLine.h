@@ -6,7 +6,7 @@
 
 #include <QTimer>
 
-/// A modem on a serial port, which is told what to do by AT commands.
+/// A modem on a serial port, controlled by AT commands.
 ///
 /// In the handset mode the modem only dials, and the user takes the call over with a telephone beside it: the
 /// call counts as connected when all digits have been dialled, and its end is known only if the modem says
@@ -52,6 +52,7 @@ private:
     void finish();
     bool isVoice() const { return m_settings.mode == LineSettings::SerialMode::Voice; }
     bool hasInitialisation() const;
+    QByteArray dialCommand(const PhoneNumber &number) const;
 
     LineSettings m_settings;
     AtChat m_chat;

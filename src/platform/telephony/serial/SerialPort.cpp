@@ -92,7 +92,7 @@ int SerialPort::configure(int speed)
     termios settings = {};
     if (::tcgetattr(port, &settings) != 0)
         return errno;
-    // Two locks: programs that know neither of them are kept out by TIOCEXCL, root by the other one.
+    // TIOCEXCL makes the port fail to open for every program but those of root; flock() is for these.
     if (::flock(port, LOCK_EX | LOCK_NB) != 0)
         return errno == EWOULDBLOCK ? EBUSY : errno;
     if (::ioctl(port, TIOCEXCL) != 0)
