@@ -10,7 +10,7 @@ class TelephoneLine;
 
 /// A line that has been opened, and the call on it: turns what the line reports into messages of the line
 /// service, in an order that does not depend on the kind of line. Each request has its reply, and a call that
-/// has been accepted ends with Disconnected and Idle, even if the line has stopped to answer.
+/// has been accepted ends with Disconnected and Idle, even if the line no longer answers.
 class OpenLine : public QObject
 {
     Q_OBJECT

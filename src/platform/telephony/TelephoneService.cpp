@@ -88,6 +88,15 @@ qint32 TelephoneService::checkDevice(quint32 application, quint32 device) const
     return lineOf(device) ? LineError::None : LineError::BadDevice;
 }
 
+/// The same for a line that is used with the version that was agreed upon.
+qint32 TelephoneService::checkUse(quint32 application, quint32 device, quint32 version) const
+{
+    const qint32 error = checkDevice(application, device);
+    if (error == LineError::None && (version == 0 || version > highestVersion))
+        return LineError::IncompatibleVersion;
+    return error;
+}
+
 qint32 TelephoneService::lineNegotiateAPIVersion(quint32 application, quint32 device, quint32 low,
                                                  quint32 high, quint32 &version, LineExtensionID &extension)
 {
@@ -106,10 +115,8 @@ qint32 TelephoneService::lineNegotiateAPIVersion(quint32 application, quint32 de
 qint32 TelephoneService::lineGetDevCaps(quint32 application, quint32 device, quint32 version, quint32,
                                         LineDevCaps &capabilities)
 {
-    if (const qint32 error = checkDevice(application, device); error != LineError::None)
+    if (const qint32 error = checkUse(application, device, version); error != LineError::None)
         return error;
-    if (version == 0 || version > highestVersion)
-        return LineError::IncompatibleVersion;
     if (capabilities.dwTotalSize < LineDevCaps::fixedSize)
         return LineError::StructureTooSmall;
     LineDevCaps filled;
@@ -122,10 +129,8 @@ qint32 TelephoneService::lineGetDevCaps(quint32 application, quint32 device, qui
 qint32 TelephoneService::lineOpen(quint32 application, quint32 device, quint32 &line, quint32 version,
                                   quint32, quintptr instance, quint32, quint32 mediaModes)
 {
-    if (const qint32 error = checkDevice(application, device); error != LineError::None)
+    if (const qint32 error = checkUse(application, device, version); error != LineError::None)
         return error;
-    if (version == 0 || version > highestVersion)
-        return LineError::IncompatibleVersion;
     if (m_openLine)
         return LineError::InUse;
     TelephoneLine &opened = *lineOf(device);

@@ -44,6 +44,7 @@ private:
     void findLines();
     TelephoneLine *lineOf(quint32 device) const;
     qint32 checkDevice(quint32 application, quint32 device) const;
+    qint32 checkUse(quint32 application, quint32 device, quint32 version) const;
     void closeLine();
 
     LineDialogs &m_dialogs;
