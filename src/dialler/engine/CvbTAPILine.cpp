@@ -23,6 +23,11 @@ CvbTAPILine::CvbTAPILine(LineService &service, QObject *parent)
 
 CvbTAPILine::~CvbTAPILine()
 {
+    Release();
+}
+
+void CvbTAPILine::Release()
+{
     if (m_hCall != 0)
         m_service.lineDeallocateCall(std::exchange(m_hCall, 0));
     if (m_hLine != 0)

@@ -24,8 +24,11 @@ class CvbTAPILine : public QObject
 public:
     /// \a service has to exist longer than this object.
     explicit CvbTAPILine(LineService &service, QObject *parent = nullptr);
-    /// Closes the line, which ends a call, and gives the service back.
+    /// As Release().
     ~CvbTAPILine() override;
+
+    /// Gives back the call, the line, which ends the call, and the service. There are no lines afterwards.
+    void Release();
 
     /// The lowest version to agree upon; 1.3 (0x10003) at first.
     quint32 LowAPI() const { return m_lowAPI; }

@@ -2,6 +2,7 @@
 
 #include "EventGate.h"
 
+#include <QDeadlineTimer>
 #include <QThread>
 
 namespace {
@@ -27,9 +28,9 @@ void Pause(int Milliseconds, bool ProcessEvents)
         waiting()(Milliseconds);
         return;
     }
-    for (int left = Milliseconds; left > 0; left -= turn) {
+    for (const QDeadlineTimer target(Milliseconds); !target.hasExpired();) {
         processPendingEvents();
-        waiting()(qMin(left, turn));
+        waiting()(int(qMin<qint64>(target.remainingTime(), turn)));
     }
 }
 

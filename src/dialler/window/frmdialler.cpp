@@ -30,6 +30,14 @@ constexpr quint32 interactiveVoice = 4;
 
 const QString lineEnd = QStringLiteral("\r\n");
 
+QStringList rowsOf(const QComboBox &list)
+{
+    QStringList rows;
+    for (int row = 0; row < list.count(); ++row)
+        rows.append(list.itemText(row));
+    return rows;
+}
+
 } // namespace
 
 /// The mode decides how large the window is.
@@ -46,6 +54,7 @@ void frmdialler::Form_Load()
     const qint32 savedPosition = DiallerFile::read();
     cmdHangUp->setEnabled(false); // Intended: the menu's item is not disabled before the first call
     showModeless();
+    const WaitCursor waiting; // also over the boxes about the chosen line
     makeLine();
     if (!negotiate()) {
         announce(QStringLiteral("Failed to negotiate TAPI version! <Critical Error!>"));
@@ -68,7 +77,6 @@ void frmdialler::makeLine()
 /// The waits let no event run, so the window is painted before them.
 bool frmdialler::negotiate()
 {
-    const WaitCursor waiting;
     repaint();
     window()->repaint(); // what a menu has covered
     tapiline->setLowAPI(lowestVersion);
@@ -184,16 +192,14 @@ void frmdialler::refreshLines()
         return;
     const qint32 current = tapiline->CurrentLineID();
     const int position = cboLineSel->currentIndex();
-    QStringList before;
-    for (int row = 0; row < cboLineSel->count(); ++row)
-        before.append(cboLineSel->itemText(row));
+    const QStringList reportBefore = LineReport::rows(*tapiline);
+    const QStringList rowsBefore = rowsOf(*cboLineSel);
     tapiline->Create();
     const QStringList rows = usableLines();
-    if (rows == before) {
-        if (current < tapiline->numLines())
-            tapiline->setCurrentLineID(current);
+    if (current < tapiline->numLines())
+        tapiline->setCurrentLineID(current);
+    if (rows == rowsBefore && LineReport::rows(*tapiline) == reportBefore)
         return;
-    }
     cboLineSel->clear();
     cboLineSel->addItems(rows);
     cboLineSel->setCurrentIndex(qMin(qMax(position, 0), int(rows.size()) - 1));
@@ -321,5 +327,5 @@ void frmdialler::Form_Unload()
 /// The call ends now, also where a handler keeps this object for a while.
 void frmdialler::Form_Terminate()
 {
-    tapiline->CloseLine();
+    tapiline->Release();
 }

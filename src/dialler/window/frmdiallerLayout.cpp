@@ -262,5 +262,4 @@ void frmdialler::bind()
                                     {"cmdDialProps", &frmdialler::cmdDialProps_Click},
                                 });
     on(cboLineSel, &QComboBox::activated, this, &frmdialler::cboLineSel_Click);
-    setReturnButton(*txtPhoneNumber, *cmdDial);
 }

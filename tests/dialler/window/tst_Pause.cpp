@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr int length = 60; // milliseconds
+constexpr int length = 100; // milliseconds
 
 struct PauseTest : testing::Test
 {
@@ -40,6 +40,20 @@ TEST_F(PauseTest, LetsEventsRunWhereAskedFor)
     Pause(length, true);
     EXPECT_GE(elapsed.elapsed(), length);
     EXPECT_GT(events, 1);
+}
+
+/// The time in which events run is a part of it.
+TEST_F(PauseTest, CountsTheTimeAndNotTheTurns)
+{
+    constexpr int turns = 4;
+    int events = 0;
+    timer.callOnTimeout([&] {
+        ++events;
+        Pause(length / turns, false);
+    });
+    Pause(length, true);
+    EXPECT_GE(events, 1);
+    EXPECT_LE(events, turns + 1);
 }
 
 TEST_F(PauseTest, IsReplaced)

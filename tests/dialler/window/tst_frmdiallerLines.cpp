@@ -4,6 +4,7 @@
 #include "PrintQt.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
@@ -102,6 +103,21 @@ TEST_F(DiallerLinesTest, ChoosingALineEnablesDiallingAfterARefusedCall)
     EXPECT_TRUE(window.canDial());
 }
 
+/// The load is not over before they are answered.
+TEST_F(DiallerLinesTest, TheWaitCursorIsOverTheBoxesOfTheLoad)
+{
+    takeVoiceFrom(0);
+    bool isWaiting = false;
+    window.frame.dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [&](QMessageBox &box) {
+        isWaiting =
+            QApplication::overrideCursor() && QApplication::overrideCursor()->shape() == Qt::WaitCursor;
+        box.accept();
+    });
+    window.open("Setup");
+    EXPECT_TRUE(isWaiting);
+    EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
 TEST_F(DiallerLinesTest, ARowWithoutTextIsNoLine)
 {
     window.open("Setup");
@@ -178,6 +194,21 @@ TEST_F(DiallerLinesTest, ACancelledDialogLeavesAllAsItIs)
     window.press("cmdConfigDlg");
     EXPECT_EQ(window.report(), before);
     EXPECT_TRUE(window.lineRows().isEmpty());
+}
+
+TEST_F(DiallerLinesTest, ALineThatIsChangedUnderItsNameIsReportedAnew)
+{
+    window.open("Setup");
+    window.chooseLine(1);
+    window.service.inDialog = [this] { window.service.lines[1].capabilities.dwMaxRate = 9600; };
+    window.press("cmdConfigDlg");
+    EXPECT_TRUE(window.report().contains(QStringLiteral("Max data rate: 9600")));
+    EXPECT_EQ(window.report().constFirst(), QStringLiteral("TAPI LINE: #1"));
+    EXPECT_EQ(window.control<QComboBox>("cboLineSel").currentIndex(), 1);
+    window.service.inDialog = [this] { takeVoiceFrom(1); };
+    expectNoVoice();
+    window.press("cmdConfigDlg");
+    EXPECT_FALSE(window.canDial());
 }
 
 TEST_F(DiallerLinesTest, LinesThatAreTakenAwayLeaveTheList)
