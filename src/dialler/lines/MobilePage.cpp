@@ -1,6 +1,6 @@
 #include "MobilePage.h"
 
-#include "MobileModem.h"
+#include "EventGate.h"
 #include "Named.h"
 #include "ShownText.h"
 
@@ -10,20 +10,34 @@
 MobilePage::MobilePage()
     : cboModem(named<QComboBox>("cboModem", QStringLiteral("Modem")))
 {
-    for (const MobileModem &modem : MobileModem::all())
-        cboModem->addItem(ShownText::line(modem.maker + u' ' + modem.model + u' ' + modem.number),
-                          modem.identifier);
     auto *rows = new QFormLayout(this);
     rows->setContentsMargins({});
     rows->addRow(QStringLiteral("&Modem:"), cboModem);
+    on(&m_modems, &ModemList::changed, this, &MobilePage::listModems);
 }
 
-/// A modem that is not there at present stays the line's own.
+/// The one that is chosen stays so.
+void MobilePage::listModems()
+{
+    const QString chosen = cboModem->currentData().toString();
+    cboModem->clear();
+    for (const MobileModem &modem : m_modems.modems())
+        cboModem->addItem(ShownText::line(modem.maker + u' ' + modem.model + u' ' + modem.number),
+                          modem.identifier);
+    choose(chosen);
+}
+
+/// A modem that is not there at present is listed nevertheless.
+void MobilePage::choose(const QString &modem)
+{
+    if (!modem.isEmpty() && cboModem->findData(modem) < 0)
+        cboModem->addItem(ShownText::line(modem), modem);
+    cboModem->setCurrentIndex(cboModem->findData(modem));
+}
+
 void MobilePage::show(const LineSettings &line)
 {
-    if (!line.modem.isEmpty() && cboModem->findData(line.modem) < 0)
-        cboModem->addItem(ShownText::line(line.modem), line.modem);
-    cboModem->setCurrentIndex(cboModem->findData(line.modem));
+    choose(line.modem);
 }
 
 void MobilePage::read(LineSettings &line) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LinePage.h"
+#include "ModemList.h"
 
 class QComboBox;
 
@@ -17,5 +18,9 @@ public:
     QString fault() const override;
 
 private:
+    void listModems();
+    void choose(const QString &modem);
+
+    ModemList m_modems;
     QComboBox *cboModem;
 };

@@ -100,7 +100,8 @@ frmdialler::frmdialler(LineService *service)
     , m_menus(StandardToolMenu::build(menuRows, *this))
     , mnudial(findChild<QAction *>(QStringLiteral("mnudial")))
     , mnuhangup(findChild<QAction *>(QStringLiteral("mnuhangup")))
-    , m_service(service ? *service : m_ownService)
+    , m_ownService(service ? nullptr : std::make_unique<TelephoneService>(m_dialogs))
+    , m_service(service ? *service : *m_ownService)
 {
     setCaption(QStringLiteral("Quill-Dialler Set-Up"));
     setWindowIcon(ThemeIcon::named(QString::fromLatin1(dialIcon)));

@@ -35,9 +35,9 @@ std::unique_ptr<TelephoneLine> make(const LineSettings &settings, QList<MobileMo
 
 } // namespace
 
-std::vector<std::unique_ptr<TelephoneLine>> LineFinder::find(const QList<LineSettings> &settings)
+std::vector<std::unique_ptr<TelephoneLine>> LineFinder::find(const QList<LineSettings> &settings,
+                                                             QList<MobileModem> modems)
 {
-    QList<MobileModem> modems = MobileModem::all();
     std::vector<std::unique_ptr<TelephoneLine>> lines;
     for (const LineSettings &line : settings)
         lines.push_back(make(line, modems));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LineSettings.h"
+#include "MobileModem.h"
 
 #include <QList>
 #include <memory>
@@ -11,9 +12,9 @@ class TelephoneLine;
 /// Makes the telephone lines of this computer.
 namespace LineFinder {
 
-/// A line for each of \a settings, in their order, also where its device is missing; behind them the mobile
-/// modems that the system has and \a settings do not name, sorted by their identifiers, so that the numbers
-/// of the first ones stay.
-std::vector<std::unique_ptr<TelephoneLine>> find(const QList<LineSettings> &settings);
+/// A line for each of \a settings, in their order, also where its device is missing; behind them those of \a
+/// modems that \a settings do not name, in their order, so that the numbers of the first ones stay.
+std::vector<std::unique_ptr<TelephoneLine>> find(const QList<LineSettings> &settings,
+                                                 QList<MobileModem> modems);
 
 } // namespace LineFinder

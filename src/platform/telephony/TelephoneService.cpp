@@ -73,7 +73,8 @@ qint32 TelephoneService::lineInitializeEx(quint32 &application, Callback callbac
 
 void TelephoneService::findLines()
 {
-    m_lines = LineFinder::find(TelephoneSettings::read().lines);
+    m_modems.wait();
+    m_lines = LineFinder::find(TelephoneSettings::read().lines, m_modems.modems());
 }
 
 TelephoneLine *TelephoneService::lineOf(quint32 device) const

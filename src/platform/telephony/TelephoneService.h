@@ -3,6 +3,7 @@
 #include "LineLimits.h"
 #include "LineMessageQueue.h"
 #include "LineService.h"
+#include "ModemList.h"
 
 #include <memory>
 #include <vector>
@@ -12,7 +13,8 @@ class OpenLine;
 class TelephoneLine;
 
 /// The lines that the user has entered, in their order, and behind them the mobile modems that the user has
-/// not entered. It serves one application, which has at most one line open.
+/// not entered. It serves one application, which has at most one line open. Modems are looked for from the
+/// beginning, so that nobody waits when the lines are asked for a second later.
 class TelephoneService : public LineService
 {
 public:
@@ -50,6 +52,7 @@ private:
     LineDialogs &m_dialogs;
     LineLimits m_limits;
     LineMessageQueue m_messages;
+    ModemList m_modems;
     std::vector<std::unique_ptr<TelephoneLine>> m_lines;
     std::unique_ptr<OpenLine> m_openLine;
     quint32 m_application = 0; ///< handles are 0 where there is nothing

@@ -13,6 +13,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QElapsedTimer>
 #include <QListWidget>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -22,12 +23,12 @@ namespace {
 struct DiallerDialogsTest : testing::Test
 {
     ScratchHome home;
+    PrivateBus bus;
     DiallerDialogs dialogs;
     DialogDriver driver;
 
     DiallerDialogsTest()
     {
-        PrivateBus::use();
         Forms::registerWindow(QStringLiteral("frmLines"), Forms::Instances::One, [] { return new frmLines; });
         Forms::registerWindow(QStringLiteral("frmDialingRules"), Forms::Instances::One,
                               [] { return new frmDialingRules; });
@@ -196,14 +197,31 @@ TEST_F(DiallerDialogsTest, ChoosesTheMobileModem)
     MockModemManager manager;
     manager.addModem(QStringLiteral("m1"), QStringLiteral("Stick"));
     write({labelled("one", LineSettings::Kind::Sip)});
-    expectLines([](frmLines &dialog) {
+    expectLines([&](frmLines &dialog) {
         control<QComboBox>(dialog, "cboKind").setCurrentIndex(1);
-        control<QComboBox>(dialog, "cboModem").setCurrentText(QStringLiteral("Maker Stick +491234"));
+        auto &modems = control<QComboBox>(dialog, "cboModem");
+        ASSERT_TRUE(QTest::qWaitFor([&] { return modems.count() == 1; }));
+        EXPECT_EQ(modems.currentIndex(), -1);
+        modems.setCurrentText(QStringLiteral("Maker Stick +491234"));
+        manager.addModem(QStringLiteral("m0"), QStringLiteral("Stick"));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return modems.count() == 2; }));
+        EXPECT_EQ(modems.currentIndex(), 1);
         press(dialog, "cmdOK");
     });
     EXPECT_EQ(dialogs.editLines(nullptr, 0), 0);
     EXPECT_EQ(TelephoneSettings::read().lines.value(0).kind, LineSettings::Kind::Mobile);
     EXPECT_EQ(TelephoneSettings::read().lines.value(0).modem, QStringLiteral("m1"));
+}
+
+TEST_F(DiallerDialogsTest, AServiceThatDoesNotAnswerHoldsNothingUp)
+{
+    const MockModemManager manager;
+    manager.freeze();
+    QElapsedTimer time;
+    time.start();
+    expectLines([](frmLines &dialog) { press(dialog, "cmdCancel"); });
+    EXPECT_EQ(dialogs.editLines(nullptr, 0), 0);
+    EXPECT_LT(time.elapsed(), 900);
 }
 
 TEST_F(DiallerDialogsTest, AModemThatIsAwayStays)

@@ -14,12 +14,12 @@ namespace {
 /// The window with a line of its own: a modem that keeps the call itself.
 struct DiallerModemTest : testing::Test
 {
+    PrivateBus bus;
     ScriptedModem modem;
     DiallerWindow window;
 
     DiallerModemTest()
     {
-        PrivateBus::use();
         modem.answer("ATD", "\r\nVCON\r\n");
         LineSettings line;
         line.kind = LineSettings::Kind::Serial;

@@ -1,5 +1,6 @@
 #include "LineError.h"
 #include "LineFinder.h"
+#include "ModemList.h"
 #include "PrintQt.h"
 #include "ScratchVariable.h"
 #include "TelephoneLine.h"
@@ -14,7 +15,9 @@ TEST(NoSystemBusTest, AMobileModemIsNotThere)
     settings.kind = LineSettings::Kind::Mobile;
     settings.label = QStringLiteral("Stick");
     settings.modem = QStringLiteral("m1");
-    const auto lines = LineFinder::find({settings});
+    ModemList modems;
+    modems.wait();
+    const auto lines = LineFinder::find({settings}, modems.modems());
     ASSERT_EQ(lines.size(), 1u);
     EXPECT_EQ(lines.front()->traits().name, QStringLiteral("Stick"));
     EXPECT_EQ(lines.front()->presence(), LineError::NoDevice);

@@ -49,13 +49,12 @@ LineSettings serialLine(const QString &label)
 struct TelephoneServiceTest : testing::Test
 {
     ScratchHome home;
+    PrivateBus bus;
     EnteringDialogs dialogs;
     TelephoneService service{dialogs};
     quint32 application = 0;
     quint32 lines = 0;
     quint32 version = 0x30000;
-
-    TelephoneServiceTest() { PrivateBus::use(); }
 
     void initialise(const QList<LineSettings> &entered)
     {

@@ -1,7 +1,5 @@
 #include "MockModemManager.h"
 
-#include "PrivateBus.h"
-
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
@@ -24,7 +22,6 @@ bool isThere()
 
 MockModemManager::MockModemManager()
 {
-    PrivateBus::use();
     m_process.setStandardOutputFile(QProcess::nullDevice());
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "PrivateBus.h"
+
 #include <QProcess>
 #include <QStringList>
 
@@ -30,5 +32,6 @@ public:
 private:
     QVariant test(const QString &method, const QVariantList &arguments = {});
 
+    PrivateBus m_bus;
     QProcess m_process;
 };

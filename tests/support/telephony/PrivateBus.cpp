@@ -27,7 +27,7 @@ bool start()
 
 } // namespace
 
-void PrivateBus::use()
+PrivateBus::PrivateBus()
 {
     static const bool isStarted = start();
     EXPECT_TRUE(isStarted);

@@ -1,9 +1,8 @@
 #pragma once
 
-/// A system bus of the test program's own, on which there is nothing but what a test starts.
-namespace PrivateBus {
-
-/// Takes it in place of the computer's, for the life of the process. Before the first use of the bus.
-void use();
-
-} // namespace PrivateBus
+/// A system bus of the test program's own, on which there is nothing but what a test starts. The first object
+/// takes it in place of the computer's, for the life of the process: before the first use of the bus.
+struct PrivateBus
+{
+    PrivateBus();
+};

@@ -1,7 +1,6 @@
 #include "TestLine.h"
 
 #include "EventGate.h"
-#include "PrivateBus.h"
 #include "TelephoneSettings.h"
 
 #include <QTest>
@@ -17,7 +16,6 @@ TestLine::TestLine(const QList<LineSettings> &lines, const LineLimits &limits)
     : m_service(m_dialogs, limits)
     , m_line(std::make_unique<CvbTAPILine>(m_service))
 {
-    PrivateBus::use();
     TelephoneSettings settings;
     settings.lines = lines;
     settings.write();

@@ -3,6 +3,7 @@
 #include "CvbTAPILine.h"
 #include "LineLimits.h"
 #include "LineSettings.h"
+#include "PrivateBus.h"
 #include "RefusedLineDialogs.h"
 #include "ScratchHome.h"
 #include "TelephoneService.h"
@@ -41,6 +42,7 @@ public:
 
 private:
     ScratchHome m_home;
+    PrivateBus m_bus;
     RefusedLineDialogs m_dialogs;
     TelephoneService m_service;
     std::unique_ptr<CvbTAPILine> m_line;

@@ -89,6 +89,7 @@ def AddModem(self, identifier, model, has_voice):
     modem.AddProperties(MODEM_IFACE + '.Modem3gpp', dbus.Dictionary({'OperatorName': 'Net'}, signature='sv'))
     if has_voice:
         modem.AddProperties(VOICE_IFACE, dbus.Dictionary({'EmergencyOnly': False}, signature='sv'))
+    self.object_manager_emit_added(path)
 
 
 @dbus.service.method(TEST_IFACE, in_signature='s')
@@ -96,6 +97,7 @@ def Unplug(self, identifier):
     path = f'{MAIN_OBJ}/Modem/{identifier}'
     self.EmitSignal(OBJECT_MANAGER_IFACE, 'InterfacesRemoved', 'oas',
                     [dbus.ObjectPath(path), dbus.Array([MODEM_IFACE], signature='s')])
+    self.RemoveObject(path)
 
 
 @dbus.service.method(TEST_IFACE, in_signature='i')

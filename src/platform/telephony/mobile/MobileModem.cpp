@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr int listPatience = 1000; // milliseconds
-
 using Interfaces = QMap<QString, QVariantMap>;
 
 MobileModem modemFrom(const QString &path, const Interfaces &interfaces)
@@ -48,17 +46,12 @@ QList<MobileModem> modemsFrom(const QDBusArgument &objects)
 
 } // namespace
 
-QList<MobileModem> MobileModem::all()
+QList<MobileModem> MobileModem::listFrom(const QDBusMessage &objects)
 {
-    if (!ModemManager::bus().isConnected())
+    if (objects.type() != QDBusMessage::ReplyMessage ||
+        objects.signature() != QStringLiteral("a{oa{sa{sv}}}"))
         return {};
-    const QDBusMessage answer =
-        ModemManager::bus().call(ModemManager::call(ModemManager::rootPath, ModemManager::objectManager,
-                                                    QStringLiteral("GetManagedObjects")),
-                                 QDBus::Block, listPatience);
-    if (answer.type() != QDBusMessage::ReplyMessage || answer.signature() != QStringLiteral("a{oa{sa{sv}}}"))
-        return {};
-    QList<MobileModem> found = modemsFrom(answer.arguments().constFirst().value<QDBusArgument>());
+    QList<MobileModem> found = modemsFrom(objects.arguments().constFirst().value<QDBusArgument>());
     std::sort(found.begin(), found.end(), [](const MobileModem &one, const MobileModem &other) {
         return one.identifier < other.identifier;
     });

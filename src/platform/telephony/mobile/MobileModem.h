@@ -3,6 +3,8 @@
 #include <QList>
 #include <QString>
 
+class QDBusMessage;
+
 /// A mobile modem that ModemManager has. The texts are the modem's own.
 struct MobileModem
 {
@@ -14,7 +16,6 @@ struct MobileModem
     QString network;
     bool hasVoice = false;
 
-    /// Those of this computer, sorted by their identifiers. Waits for ModemManager a second at most; none
-    /// where it does not run, it is not started for this.
-    static QList<MobileModem> all();
+    /// Those among the \a objects of ModemManager, sorted by their identifiers; none for another message.
+    static QList<MobileModem> listFrom(const QDBusMessage &objects);
 };
