@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFormLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -17,6 +18,10 @@ namespace {
 
 const QStringList transports = {QStringLiteral("UDP"), QStringLiteral("TCP"),
                                 QStringLiteral("TLS (encrypted)")};
+
+const QStringList soundEncryptions = {QStringLiteral("Not encrypted"),
+                                      QStringLiteral("Encrypted where the other side can"),
+                                      QStringLiteral("Always encrypted")};
 
 /// A box whose list is an offer.
 QComboBox *deviceBox(const ControlName &name, const QString &spoken)
@@ -36,12 +41,17 @@ SipPage::SipPage()
     , cboTransport(named<QComboBox>("cboTransport", QStringLiteral("Connection")))
     , txtCertificate(named<QLineEdit>("txtCertificate", QStringLiteral("Certificate")))
     , cmdCertificate(named<QPushButton>("cmdCertificate", QStringLiteral("&Browse...")))
+    , lblTrust(named<QLabel>("lblTrust",
+                             QStringLiteral("The host name in the server's certificate is not compared.")))
+    , cboSound(named<QComboBox>("cboSound", QStringLiteral("Sound of calls")))
     , chkRegister(
           named<QCheckBox>("chkRegister", QStringLiteral("Lo&g on to the server, which reaches telephones")))
     , cboMicrophone(deviceBox("cboMicrophone", QStringLiteral("Microphone")))
     , cboLoudspeaker(deviceBox("cboLoudspeaker", QStringLiteral("Loudspeaker")))
 {
     cboTransport->addItems(transports);
+    cboSound->addItems(soundEncryptions);
+    lblTrust->setWordWrap(true);
     txtServer->setPlaceholderText(QStringLiteral("sip.example.org"));
     txtCertificate->setPlaceholderText(QStringLiteral("those that the system trusts"));
 
@@ -52,6 +62,8 @@ SipPage::SipPage()
     rows->addRow(QStringLiteral("&Password:"), txtPassword);
     rows->addRow(QStringLiteral("C&onnection:"), cboTransport);
     rows->addRow(QStringLiteral("Cer&tificate:"), layOutCertificate());
+    rows->addRow(QString(), lblTrust);
+    rows->addRow(QStringLiteral("Soun&d:"), cboSound);
     rows->addRow(chkRegister);
     rows->addRow(QStringLiteral("&Microphone:"), cboMicrophone);
     rows->addRow(QStringLiteral("&Loudspeaker:"), cboLoudspeaker);
@@ -79,6 +91,7 @@ void SipPage::show(const LineSettings &line)
     txtPassword->setText(line.password);
     cboTransport->setCurrentIndex(int(line.transport));
     txtCertificate->setText(line.certificate);
+    cboSound->setCurrentIndex(int(line.soundEncryption));
     chkRegister->setChecked(line.registers);
     cboMicrophone->setEditText(line.microphone);
     cboLoudspeaker->setEditText(line.loudspeaker);
@@ -91,6 +104,7 @@ void SipPage::read(LineSettings &line) const
     line.password = txtPassword->text();
     line.transport = LineSettings::Transport(cboTransport->currentIndex());
     line.certificate = txtCertificate->text();
+    line.soundEncryption = LineSettings::SoundEncryption(cboSound->currentIndex());
     line.registers = chkRegister->isChecked();
     line.microphone = cboMicrophone->currentText().trimmed();
     line.loudspeaker = cboLoudspeaker->currentText().trimmed();
@@ -107,13 +121,14 @@ QString SipPage::fault() const
         "may not have a \" or <, and a sound device is written like \"alsa,default\".");
 }
 
-/// Only an encrypted connection has a certificate.
+/// Only an encrypted connection has a certificate, and keys for the sound that nobody else reads.
 void SipPage::cboTransport_Click()
 {
     const bool isEncrypted =
         LineSettings::Transport(cboTransport->currentIndex()) == LineSettings::Transport::Tls;
-    txtCertificate->setEnabled(isEncrypted);
-    cmdCertificate->setEnabled(isEncrypted);
+    for (QWidget *control :
+         std::initializer_list<QWidget *>{txtCertificate, cmdCertificate, lblTrust, cboSound})
+        control->setEnabled(isEncrypted);
 }
 
 void SipPage::cmdCertificate_Click()

@@ -4,6 +4,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -31,6 +32,8 @@ private:
     QComboBox *cboTransport;
     QLineEdit *txtCertificate;
     QPushButton *cmdCertificate;
+    QLabel *lblTrust;
+    QComboBox *cboSound;
     QCheckBox *chkRegister;
     QComboBox *cboMicrophone;
     QComboBox *cboLoudspeaker;

@@ -17,6 +17,7 @@ namespace {
 
 constexpr const char *kinds[] = {"sip", "mobile", "serial"};
 constexpr const char *transports[] = {"udp", "tcp", "tls"};
+constexpr const char *soundEncryptions[] = {"none", "offered", "required"};
 constexpr const char *modes[] = {"handset", "voice"};
 
 struct TextField
@@ -62,6 +63,8 @@ LineSettings lineFrom(const QJsonObject &object)
         line.*field.member = object[QLatin1String(field.key)].toString(line.*field.member);
     line.kind = fromName(kinds, object[QStringLiteral("kind")], line.kind);
     line.transport = fromName(transports, object[QStringLiteral("transport")], line.transport);
+    line.soundEncryption =
+        fromName(soundEncryptions, object[QStringLiteral("soundEncryption")], line.soundEncryption);
     line.mode = fromName(modes, object[QStringLiteral("mode")], line.mode);
     line.registers = object[QStringLiteral("registers")].toBool(line.registers);
     line.dialsByPulses = object[QStringLiteral("pulses")].toBool(line.dialsByPulses);
@@ -76,6 +79,7 @@ QJsonObject toObject(const LineSettings &line)
         object.insert(QLatin1String(field.key), line.*field.member);
     object.insert(QStringLiteral("kind"), toName(kinds, line.kind));
     object.insert(QStringLiteral("transport"), toName(transports, line.transport));
+    object.insert(QStringLiteral("soundEncryption"), toName(soundEncryptions, line.soundEncryption));
     object.insert(QStringLiteral("mode"), toName(modes, line.mode));
     object.insert(QStringLiteral("registers"), line.registers);
     object.insert(QStringLiteral("pulses"), line.dialsByPulses);

@@ -327,15 +327,108 @@ TEST_F(CvbTAPILineTest, EqualNamesAreEqualButHideWhatFollowsThem)
     EXPECT_EQ(shown, "first");
 }
 
+namespace {
+
+/// From 0x80000001 on.
+constexpr const char *errorTexts[] = {
+    "Allocated",
+    "Bad Device ID",
+    "Bearer Mode Unavail",
+    nullptr,
+    "Call UnAvail",
+    "Completion Overrun",
+    "Conference Full",
+    "Dial Billing",
+    "Dial Dialtone",
+    "Dial Prompt",
+    "Dial Quiet",
+    "Incompatible API Version",
+    "Incompatible Ext Version",
+    "Ini File Corrupt",
+    "In Use",
+    "Invalid Address",
+    "Invalid Address ID",
+    "Invalid Address Mode",
+    "Invalid Address State",
+    "Invalid App Handle",
+    "Invalid App Name",
+    "Invalid Bearer Mode",
+    "Invalid Call Completion Mode",
+    "Invalid Call Handle",
+    "Invalid Call Params",
+    "Invalid Call Privilege",
+    "Invalid Call Select",
+    "Invalid Call State",
+    "Invalid Call State List",
+    "Invalid Card",
+    "Invalid Completion ID",
+    "Invalid Conf Call Handle",
+    "Invalid Consult Call Handle",
+    "Invalid Country Code",
+    "Invalid Device Class",
+    "Invalid Device Handle",
+    nullptr,
+    "Invalid Digit List",
+    "Invalid Digit Mode",
+    "Invalid Digits",
+    "Invalid Ext Version",
+    "Invalid Group ID",
+    "Invalid Line Handle",
+    "Invalid Line State",
+    "Invalid Location",
+    "Invalid Media List",
+    "Invalid Media Mode",
+    "Invalid Message ID",
+    nullptr,
+    "Invalid Param",
+    "Invalid Park ID",
+    "Invalid Park Mode",
+    "Invalid Pointer",
+    "Invalid Priv Select",
+    "Invalid Rate",
+    "Invalid Request Mode",
+    "Invalid Terminal ID",
+    "Invalid Terminal Mode",
+    "Invalid Time Out",
+    "Invalid Tone",
+    "Invalid Tone List",
+    "Invalid Tone Mode",
+    "Invalid Transfer Mode",
+    "Line Mapper Failed",
+    "No Conference",
+    "No Device",
+    "No Driver",
+    "No Memory",
+    "No Request",
+    "Not Owner",
+    "Not Registered",
+    "Operation Failed",
+    "Operation Unavailable",
+    "Rate Unavailable",
+    "Resource Unavailable",
+    "Request Overrun",
+    "Structure Too Small",
+    "Target Not found",
+    "Target Self",
+    "Uninitialized",
+    "UserUser Info Too Big",
+    "Re-init",
+    "Address Blocked",
+    "Billing Rejected",
+    "Invalid Feature",
+    "No Multiple Instance",
+};
+
+} // namespace
+
 TEST_F(CvbTAPILineTest, KnowsTheTextsOfTheErrors)
 {
     const auto text = [this](quint32 code) { return line->ErrorString(qint32(code)); };
-    EXPECT_EQ(text(0x80000001), QStringLiteral("Allocated"));
-    EXPECT_EQ(text(0x80000002), QStringLiteral("Bad Device ID"));
-    EXPECT_EQ(text(0x8000001E), QStringLiteral("Invalid Card"));
-    EXPECT_EQ(text(0x80000042), QStringLiteral("No Device"));
-    EXPECT_EQ(text(0x80000056), QStringLiteral("No Multiple Instance"));
-    for (const quint32 code :
-         {0u, 1u, 0x80000000u, 0x80000004u, 0x80000025u, 0x80000031u, 0x80000057u, 0xFFFFFFFFu})
-        EXPECT_EQ(text(code), QStringLiteral("Unknown Error")) << code;
+    const QString unknown = QStringLiteral("Unknown Error");
+    quint32 code = 0x80000001;
+    for (const char *expected : errorTexts)
+        EXPECT_EQ(text(code++), expected ? QString::fromLatin1(expected) : unknown) << code - 1;
+    EXPECT_EQ(code, 0x80000057u);
+    for (const quint32 other : {0u, 1u, 0x80000000u, 0x80000057u, 0xFFFFFFFFu})
+        EXPECT_EQ(text(other), unknown) << other;
 }

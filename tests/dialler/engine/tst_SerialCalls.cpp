@@ -1,12 +1,16 @@
+#include "AsUser.h"
 #include "LineError.h"
 #include "PrintQt.h"
+#include "ScratchFolder.h"
 #include "ScriptedModem.h"
 #include "TestLine.h"
 
+#include <QElapsedTimer>
 #include <QTest>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -283,6 +287,44 @@ TEST_F(HandsetCallTest, APortThatAnotherProgramHasIsInUse)
     EXPECT_EQ(line->LastError(), LineError::InUse);
     ::close(other);
     EXPECT_TRUE(line->OpenLine(1, 4));
+}
+
+TEST_F(HandsetCallTest, APortWithoutRightsIsNoResource)
+{
+    ASSERT_TRUE(line->Create());
+    ASSERT_EQ(::chmod(modem.port().toLatin1().constData(), 0), 0);
+    const ScratchFolder folder;
+    const AsUser user(folder.path());
+    EXPECT_FALSE(line->OpenLine(1, 4));
+    EXPECT_EQ(line->LastError(), LineError::ResourceUnavailable);
+}
+
+TEST_F(HandsetCallTest, AModemThatTakesNoBytesIsAFailedDial)
+{
+    ASSERT_TRUE(line->Create());
+    ASSERT_TRUE(line->OpenLine(1, 4));
+    modem.jam();
+    ASSERT_TRUE(line->MakeCallAsynch(QStringLiteral("1")));
+    line.waitFor("made:Operation Failed");
+}
+
+TEST_F(HandsetCallTest, AModemThatTakesNoBytesHoldsNoDropUp)
+{
+    connect();
+    modem.jam();
+    ASSERT_TRUE(line->DropCallAsynch());
+    line.waitFor("idle");
+    EXPECT_EQ(line.events(), TestLine::hungUp);
+}
+
+TEST_F(HandsetCallTest, AModemThatTakesNoBytesHoldsNoWindowUp)
+{
+    connect();
+    modem.jam();
+    QElapsedTimer time;
+    time.start();
+    line.destroy();
+    EXPECT_LT(time.elapsed(), 5000);
 }
 
 TEST_F(HandsetCallTest, ItsCapabilities)

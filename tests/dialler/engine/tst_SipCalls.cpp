@@ -2,6 +2,7 @@
 #include "Files.h"
 #include "LineError.h"
 #include "PrintQt.h"
+#include "RowName.h"
 #include "ScratchFolder.h"
 #include "ScratchVariable.h"
 #include "SilentSound.h"
@@ -633,6 +634,45 @@ TEST_F(SipLineTest, ACertificateThatTheUserHasNamedIsTrusted)
         20000))
         << said.constData();
 }
+
+namespace {
+
+struct SoundRow
+{
+    const char *name;
+    LineSettings::SoundEncryption encryption;
+    const char *offer;
+    bool hasKeys;
+};
+
+struct EncryptedSoundTest : SipLineTest, testing::WithParamInterface<SoundRow>
+{};
+
+} // namespace
+
+TEST_P(EncryptedSoundTest, IsOfferedAsTheUserWants)
+{
+    EncryptedServer server;
+    const Account account(QStringLiteral("unused"));
+    LineSettings settings = server.line(account);
+    settings.registers = false;
+    settings.certificate = server.certificate;
+    settings.soundEncryption = GetParam().encryption;
+    TestLine line{{settings}};
+    ASSERT_TRUE(line.call(QStringLiteral("12")));
+    QByteArray said;
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return (said += server.process.readAllStandardOutput()).contains("a=sendrecv"); }, 20000));
+    EXPECT_TRUE(said.contains(GetParam().offer)) << said.constData();
+    EXPECT_EQ(said.contains("a=crypto:"), GetParam().hasKeys) << said.constData();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Choices, EncryptedSoundTest,
+    testing::Values(SoundRow{"None", LineSettings::SoundEncryption::None, " RTP/AVP ", false},
+                    SoundRow{"Offered", LineSettings::SoundEncryption::Offered, " RTP/AVP ", true},
+                    SoundRow{"Required", LineSettings::SoundEncryption::Required, " RTP/SAVP ", true}),
+    RowName());
 
 namespace {
 

@@ -177,19 +177,45 @@ TEST_F(DiallerDialogsTest, ShowsTheLineThatIsNotComplete)
     EXPECT_EQ(TelephoneSettings::read().lines.value(0).server, QStringLiteral("host"));
 }
 
+TEST_F(DiallerDialogsTest, AModemNeedsItsPort)
+{
+    write({labelled("one", LineSettings::Kind::Serial)});
+    expectLines([](frmLines &dialog) {
+        for (const char *port : {"", "  ", "ttyS0"}) {
+            control<QComboBox>(dialog, "cboPort").setEditText(QString::fromLatin1(port));
+            press(dialog, "cmdOK");
+            EXPECT_TRUE(dialog.isVisible()) << port;
+        }
+        press(dialog, "cmdCancel");
+    });
+    for (int box = 0; box < 3; ++box)
+        driver
+            .expectBox(QStringLiteral("Telephone Lines"),
+                       QStringLiteral("Please enter the port of the modem, such as /dev/ttyUSB0."))
+            .press(QMessageBox::Ok);
+    EXPECT_EQ(dialogs.editLines(nullptr, 0), 0);
+    EXPECT_EQ(TelephoneSettings::read().lines.value(0).port, QStringLiteral("/dev/ttyUSB7"));
+}
+
 TEST_F(DiallerDialogsTest, OnlyAnEncryptedConnectionHasACertificate)
 {
     write({labelled("one", LineSettings::Kind::Sip)});
     expectLines([](frmLines &dialog) {
         EXPECT_FALSE(control<QLineEdit>(dialog, "txtCertificate").isEnabled());
+        EXPECT_FALSE(control<QComboBox>(dialog, "cboSound").isEnabled());
         control<QComboBox>(dialog, "cboTransport").setCurrentIndex(2);
         EXPECT_TRUE(control<QLineEdit>(dialog, "txtCertificate").isEnabled());
         type(dialog, "txtCertificate", "/c.pem");
+        EXPECT_EQ(control<QComboBox>(dialog, "cboSound").currentIndex(), 1);
+        EXPECT_TRUE(control<QComboBox>(dialog, "cboSound").isEnabled());
+        control<QComboBox>(dialog, "cboSound").setCurrentIndex(2);
         press(dialog, "cmdOK");
     });
     EXPECT_EQ(dialogs.editLines(nullptr, 0), 0);
     EXPECT_EQ(TelephoneSettings::read().lines.value(0).transport, LineSettings::Transport::Tls);
     EXPECT_EQ(TelephoneSettings::read().lines.value(0).certificate, QStringLiteral("/c.pem"));
+    EXPECT_EQ(TelephoneSettings::read().lines.value(0).soundEncryption,
+              LineSettings::SoundEncryption::Required);
 }
 
 TEST_F(DiallerDialogsTest, ChoosesTheMobileModem)

@@ -27,6 +27,7 @@ struct TelephoneSettingsTest : testing::Test
         sip.server = QStringLiteral("host:5061");
         sip.transport = LineSettings::Transport::Tls;
         sip.certificate = QStringLiteral("/c.pem");
+        sip.soundEncryption = LineSettings::SoundEncryption::Required;
         sip.registers = false;
         sip.microphone = QStringLiteral("a,b");
         sip.loudspeaker = QStringLiteral("c,d");
@@ -55,6 +56,7 @@ QString text(const LineSettings &line)
                        line.server,
                        QString::number(int(line.transport)),
                        line.certificate,
+                       QString::number(int(line.soundEncryption)),
                        QString::number(line.registers),
                        line.microphone,
                        line.loudspeaker,

@@ -38,6 +38,14 @@ void ScriptedModem::unplug()
     }
 }
 
+void ScriptedModem::jam()
+{
+    m_notifier->setEnabled(false);
+    ::fcntl(m_keepsPort, F_SETFL, O_NONBLOCK);
+    while (::write(m_keepsPort, "x", 1) == 1) {
+    }
+}
+
 void ScriptedModem::answer(const QByteArray &beginning, const QByteArray &answer)
 {
     m_answers.prepend({beginning, answer});

@@ -27,6 +27,8 @@ public:
     /// Sends \a bytes on its own.
     void send(const QByteArray &bytes) const;
     void unplug();
+    /// Reads nothing any more, and what waits to be read leaves no room for another byte.
+    void jam();
 
     /// The lines so far, without their line ends, the empty ones too.
     QByteArrayList commands() const { return m_commands; }

@@ -69,6 +69,21 @@ QString SipAccount::transportParameter() const
     Q_UNREACHABLE();
 }
 
+QString SipAccount::soundParameter() const
+{
+    if (m_settings.transport != LineSettings::Transport::Tls)
+        return {};
+    switch (m_settings.soundEncryption) {
+    case LineSettings::SoundEncryption::None:
+        return {};
+    case LineSettings::SoundEncryption::Offered:
+        return QStringLiteral(";mediaenc=srtp");
+    case LineSettings::SoundEncryption::Required:
+        return QStringLiteral(";mediaenc=srtp-mand");
+    }
+    Q_UNREACHABLE();
+}
+
 QByteArray SipAccount::accountLine() const
 {
     QString line =
@@ -77,9 +92,7 @@ QByteArray SipAccount::accountLine() const
         line += QStringLiteral(";auth_user=") + m_settings.user + QStringLiteral(";auth_pass=\"") +
                 m_settings.password + u'"';
     line += QStringLiteral(";regint=") + QString::number(m_settings.registers ? registrationTime : 0);
-    line += QStringLiteral(";answermode=manual");
-    if (m_settings.transport == LineSettings::Transport::Tls)
-        line += QStringLiteral(";mediaenc=srtp");
+    line += QStringLiteral(";answermode=manual") + soundParameter();
     return line.toLatin1() + '\n';
 }
 

@@ -29,6 +29,7 @@ public:
 
 private:
     QString transportParameter() const;
+    QString soundParameter() const;
     QString loopbackAddress() const;
     QByteArrayList audioModules() const;
     QString trustedCertificates() const;
