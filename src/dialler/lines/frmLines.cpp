@@ -99,7 +99,8 @@ QWidget *frmLines::buildFields()
 /// The fields of all kinds begin in one column.
 void frmLines::alignLabels()
 {
-    const QList<QLabel *> labels = fields->findChildren<QLabel *>();
+    QList<QLabel *> labels = fields->findChildren<QLabel *>();
+    labels.removeIf([](const QLabel *label) { return !label->buddy(); }); // a text below a field
     int width = 0;
     for (const QLabel *label : labels)
         width = qMax(width, label->sizeHint().width());

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int patience = 1000; // milliseconds
+constexpr int listPatience = 1000; // milliseconds
 
 } // namespace
 
@@ -39,7 +39,7 @@ void ModemList::ask()
     delete m_answer;
     const QDBusMessage question = ModemManager::call(ModemManager::rootPath, ModemManager::objectManager,
                                                      QStringLiteral("GetManagedObjects"));
-    m_answer = new QDBusPendingCallWatcher(ModemManager::bus().asyncCall(question, patience), this);
+    m_answer = new QDBusPendingCallWatcher(ModemManager::bus().asyncCall(question, listPatience), this);
     on(m_answer, &QDBusPendingCallWatcher::finished, this, [this, answer = m_answer] {
         if (answer == m_answer) // nobody has waited for it
             take();

@@ -36,7 +36,7 @@ QByteArray endpoint(quint16 port)
     return hex(htonl(INADDR_LOOPBACK), 8) + ':' + hex(port, 4);
 }
 
-struct Row
+struct TcpRow
 {
     QByteArray local;
     QByteArray remote;
@@ -48,12 +48,12 @@ constexpr const char *listening = "0A";
 constexpr const char *established = "01";
 constexpr const char *beingEstablished = "03";
 
-QList<Row> connections()
+QList<TcpRow> connections()
 {
     QFile table(QStringLiteral("/proc/net/tcp"));
     if (!table.open(QIODevice::ReadOnly))
         return {};
-    QList<Row> rows;
+    QList<TcpRow> rows;
     for (const QByteArray &line : table.readAll().split('\n')) {
         const QByteArrayList fields = line.simplified().split(' ');
         rows.append({fields.value(1), fields.value(2), fields.value(3), fields.value(9)});
@@ -69,7 +69,7 @@ bool LoopbackConnection::isServedBy(qint64 process, quint16 port, quint16 ownPor
     const QSet<QByteArray> sockets = socketsOf(process);
     bool isListening = false;
     bool isConnected = false;
-    for (const Row &row : connections()) {
+    for (const TcpRow &row : connections()) {
         if (row.local != endpoint(port))
             continue;
         const bool isWaiting =
