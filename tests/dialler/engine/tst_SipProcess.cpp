@@ -52,6 +52,12 @@ struct OtherSuite
         EXPECT_TRUE(QTest::qWaitFor(
             [&] { return (said += process.readAllStandardOutput()).contains("ready\n"); }, 30000));
     }
+    /// One that was killed has left them.
+    ~OtherSuite()
+    {
+        for (const char *key : {"folder ", "home "})
+            QDir(QString::fromUtf8(word(key))).removeRecursively();
+    }
     QByteArray word(const QByteArray &key) const
     {
         return said.mid(said.indexOf(key) + key.size()).split('\n').constFirst();
@@ -85,7 +91,8 @@ bool isGone(pid_t process)
 /// What the other suite tells, and then its end.
 void tellAndWait(const SipTestAccount &account, pid_t child)
 {
-    QTextStream(stdout) << "child " << child << "\nfolder " << account.folder.path() << "\nready" << Qt::endl;
+    QTextStream(stdout) << "child " << child << "\nfolder " << account.folder.path() << "\nhome "
+                        << QDir::homePath() << "\nready" << Qt::endl;
     QTextStream(stdin).readLine();
     EventGate::setEnd({}); // the real one
     EventGate::end(EXIT_FAILURE);
@@ -235,7 +242,6 @@ TEST_F(SipProcessTest, TheEndOfTheSuiteLeavesNoFiles)
     ASSERT_TRUE(suite.hasFiles());
     suite.end();
     EXPECT_FALSE(suite.hasFiles());
-    QDir(suite.folder()).removeRecursively();
 }
 
 /// Also those of one that was killed before its process had read them.
@@ -255,5 +261,4 @@ TEST_F(SipProcessTest, TheNextStartRemovesTheFilesThatAreLeft)
     ASSERT_TRUE(line->OpenLine(1, 4));
     line->CloseLine();
     EXPECT_FALSE(suite.hasFiles());
-    QDir(suite.folder()).removeRecursively();
 }

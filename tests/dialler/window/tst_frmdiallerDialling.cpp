@@ -1,3 +1,4 @@
+#include "BaresipProcesses.h"
 #include "DiallerWindow.h"
 #include "MockModemManager.h"
 #include "PrintQt.h"
@@ -83,4 +84,5 @@ TEST_F(DiallingTest, ClosingTheWindowCancelsASipCall)
     ASSERT_TRUE(comesTrue([&] { return !server.requests().filter(QStringLiteral("INVITE")).isEmpty(); }));
     close();
     EXPECT_TRUE(comesTrue([&] { return !server.requests().filter(QStringLiteral("CANCEL")).isEmpty(); }));
+    BaresipProcesses::waitFor({});
 }
