@@ -40,30 +40,27 @@ struct HangingBaresip
 /// The suite in a process of its own, at a step that one of the disabled tests has.
 struct OtherSuite
 {
+    ScratchFolder folder; ///< for all that a suite leaves that is killed
     QProcess process;
     QByteArray said;
 
     explicit OtherSuite(const char *test)
     {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("TMPDIR"), folder.path());
+        process.setProcessEnvironment(environment);
         process.start(
             QCoreApplication::applicationFilePath(),
             {QStringLiteral("--gtest_also_run_disabled_tests"),
-             QStringLiteral("--gtest_filter=SipProcessTest.DISABLED_") + QString::fromLatin1(test)});
+             QStringLiteral("--gtest_filter=OtherSuiteTest.DISABLED_") + QString::fromLatin1(test)});
         EXPECT_TRUE(QTest::qWaitFor(
             [&] { return (said += process.readAllStandardOutput()).contains("ready\n"); }, 30000));
     }
-    /// One that was killed has left them.
-    ~OtherSuite()
+    pid_t child() const
     {
-        for (const char *key : {"folder ", "home "})
-            QDir(QString::fromUtf8(word(key))).removeRecursively();
+        const QByteArray key = "child ";
+        return said.mid(said.indexOf(key) + key.size()).split('\n').constFirst().toInt();
     }
-    QByteArray word(const QByteArray &key) const
-    {
-        return said.mid(said.indexOf(key) + key.size()).split('\n').constFirst();
-    }
-    pid_t child() const { return word("child ").toInt(); }
-    QString folder() const { return QString::fromUtf8(word("folder ")); }
     void kill()
     {
         process.kill();
@@ -78,7 +75,8 @@ struct OtherSuite
     /// Whether its files are still there.
     bool hasFiles() const
     {
-        return QDirIterator(folder(), {QStringLiteral("accounts")}, QDir::Files, QDirIterator::Subdirectories)
+        return QDirIterator(folder.path(), {QStringLiteral("accounts")}, QDir::Files,
+                            QDirIterator::Subdirectories)
             .hasNext();
     }
 };
@@ -88,15 +86,25 @@ bool isGone(pid_t process)
     return QTest::qWaitFor([=] { return ::kill(process, 0) != 0; }, 20000);
 }
 
-/// What the other suite tells, and then its end.
-void tellAndWait(const SipTestAccount &account, pid_t child)
+/// The other suite's own lines, whose files are in the folder that it was given.
+struct OtherSuiteTest : SipProcessTest
 {
-    QTextStream(stdout) << "child " << child << "\nfolder " << account.folder.path() << "\nhome "
-                        << QDir::homePath() << "\nready" << Qt::endl;
-    QTextStream(stdin).readLine();
-    EventGate::setEnd({}); // the real one
-    EventGate::end(EXIT_FAILURE);
-}
+    static void open(TestLine &line)
+    {
+        const ScratchVariable runtime("XDG_RUNTIME_DIR", qgetenv("TMPDIR"));
+        ASSERT_TRUE(line->Create());
+        ASSERT_TRUE(line->OpenLine(1, 4));
+    }
+    /// Reports to the test, and waits for its end.
+    static void report(const SipTestAccount &account, pid_t child)
+    {
+        QDir(account.folder.path()).removeRecursively(); // nobody does it later
+        QTextStream(stdout) << "child " << child << "\nready" << Qt::endl;
+        QTextStream(stdin).readLine();
+        EventGate::setEnd({}); // the real one
+        EventGate::end(EXIT_FAILURE);
+    }
+};
 
 } // namespace
 
@@ -181,33 +189,31 @@ TEST_F(SipProcessTest, TheFilesOfTheAccountAreForItsUserAlone)
     EXPECT_EQ(account.files(), QStringList());
 }
 
-TEST_F(SipProcessTest, DISABLED_HasAProcess)
+TEST_F(OtherSuiteTest, DISABLED_HasAProcess)
 {
     const SipTestAccount account(QStringLiteral("127.0.0.1:9"));
     TestLine line{{account.settings}};
-    ASSERT_TRUE(line->Create());
-    ASSERT_TRUE(line->OpenLine(1, 4));
+    open(line);
     ASSERT_TRUE(QTest::qWaitFor([] { return BaresipProcesses::all().size() == 1; }, 30000));
-    tellAndWait(account, BaresipProcesses::all().constFirst());
+    report(account, BaresipProcesses::all().constFirst());
 }
 
-TEST_F(SipProcessTest, DISABLED_HasAProcessThatHangs)
+TEST_F(OtherSuiteTest, DISABLED_HasAProcessThatHangs)
 {
-    const HangingBaresip program;
     const SipTestAccount account(QStringLiteral("127.0.0.1:9"));
     TestLine line{{account.settings}};
-    ASSERT_TRUE(line->Create());
-    ASSERT_TRUE(line->OpenLine(1, 4));
-    tellAndWait(account, 0);
+    open(line);
+    report(account, 0);
 }
 
-TEST_F(SipProcessTest, DISABLED_IsInACall)
+TEST_F(OtherSuiteTest, DISABLED_IsInACall)
 {
     const SipTestAccount account(qEnvironmentVariable("QUILL_TEST_PHONE"));
     TestLine line{{account.settings}};
-    ASSERT_TRUE(line.call(QStringLiteral("1234")));
+    open(line);
+    ASSERT_TRUE(line->MakeCallAsynch(QStringLiteral("1234")));
     line.waitFor("connected");
-    tellAndWait(account, 0);
+    report(account, 0);
 }
 
 TEST_F(SipProcessTest, TheProcessEndsWithTheSuiteHoweverThatEnds)
@@ -221,6 +227,7 @@ TEST_F(SipProcessTest, TheProcessEndsWithTheSuiteHoweverThatEnds)
 TEST_F(SipProcessTest, AStoppedProcessEndsWithTheSuiteToo)
 {
     OtherSuite suite("HasAProcess");
+    ASSERT_GT(suite.child(), 0);
     ASSERT_EQ(::kill(suite.child(), SIGSTOP), 0);
     suite.kill();
     EXPECT_TRUE(isGone(suite.child()));
@@ -238,6 +245,7 @@ TEST_F(SipProcessTest, TheEndOfTheSuiteHangsUp)
 
 TEST_F(SipProcessTest, TheEndOfTheSuiteLeavesNoFiles)
 {
+    const HangingBaresip program;
     OtherSuite suite("HasAProcessThatHangs");
     ASSERT_TRUE(suite.hasFiles());
     suite.end();
@@ -247,10 +255,10 @@ TEST_F(SipProcessTest, TheEndOfTheSuiteLeavesNoFiles)
 /// Also those of one that was killed before its process had read them.
 TEST_F(SipProcessTest, TheNextStartRemovesTheFilesThatAreLeft)
 {
-    OtherSuite suite("HasAProcessThatHangs");
     const HangingBaresip program;
+    OtherSuite suite("HasAProcessThatHangs");
     const SipTestAccount account(QStringLiteral("127.0.0.1:9"));
-    const ScratchVariable place("XDG_RUNTIME_DIR", suite.folder().toUtf8());
+    const ScratchVariable place("XDG_RUNTIME_DIR", suite.folder.path().toUtf8());
     TestLine line{{account.settings}};
     ASSERT_TRUE(line->Create());
     ASSERT_TRUE(line->OpenLine(1, 4));

@@ -10,7 +10,7 @@ namespace BaresipProcesses {
 
 QList<pid_t> all();
 
-/// The only one beside that of \a phone.
+/// The only one beside that of \a phone. Waits for it; throws where it does not come.
 pid_t beside(const SipPhone &phone);
 
 /// Waits until there are \a awaited alone.
