@@ -4,6 +4,7 @@
 #include "ParagraphFormat.h"
 #include "RichTextProperties.h"
 #include "RuntimeError.h"
+#include "Twips.h"
 
 #include <QBuffer>
 #include <QFontMetricsF>
@@ -160,6 +161,16 @@ double cellWidth(const QTextTable &table, int place, double page)
     return width;
 }
 
+/// Pixels without enlargement, which changes a format's own. A first line that begins left of the others has
+/// no more room than they have.
+double indentsOf(const QTextBlockFormat &format, bool isFirstLine)
+{
+    const bool isShorter = isFirstLine && format.textIndent() > 0;
+    const int twips = ParagraphFormat::leftIndent(format) + ParagraphFormat::rightIndent(format) +
+                      (isShorter ? ParagraphFormat::firstLineIndent(format) : 0);
+    return Twips::toPixels(twips, ParagraphFormat::layoutDpi());
+}
+
 void insertPicture(QTextCursor &cursor, const QImage &image, const KeptBytes &kept, double page)
 {
     const QString name = freshName();
@@ -210,11 +221,9 @@ QSizeF Pictures::sizeAt(const QTextDocument &document, int position)
 double Pictures::lineWidth(const QTextDocument &document, int position, double page)
 {
     constexpr double least = 1;
-    QTextCursor cursor(document.findBlock(position));
+    const QTextCursor cursor(document.findBlock(position));
     const QTextTable *table = cursor.currentTable();
-    const QTextBlockFormat format = cursor.blockFormat();
-    const double indents = format.leftMargin() + format.rightMargin() +
-                           (position == cursor.position() ? qMax(0.0, format.textIndent()) : 0.0);
+    const double indents = indentsOf(cursor.blockFormat(), position == cursor.position());
     return qMax(least, (table ? cellWidth(*table, position, page) : page) - indents);
 }
 
