@@ -51,11 +51,20 @@ void rename(QTextDocument &document, const QTextFragment &run, const QString &na
     setFormat(document, run, format);
 }
 
+/// From the head of its file: a mouse that moves asks for it again and again.
+QSize ownSize(const QTextDocument &document, const QTextImageFormat &format)
+{
+    QByteArray file = resource(document, format.name()).toByteArray();
+    QBuffer buffer(&file);
+    const QSize size = QImageReader(&buffer).size();
+    return size.isValid() ? size : imageOf(document, format).size();
+}
+
 /// In pixels. What came without a size, as pasted HTML may, shows in its own.
 QSizeF shownSize(const QTextDocument &document, const QTextImageFormat &format)
 {
     const QSizeF size(format.width(), format.height());
-    return size.isEmpty() ? QSizeF(imageOf(document, format).size()) : size;
+    return size.isEmpty() ? QSizeF(ownSize(document, format)) : size;
 }
 
 QList<QTextFragment> pictureRuns(const QTextDocument &document)
