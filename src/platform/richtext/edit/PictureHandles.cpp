@@ -175,8 +175,7 @@ std::optional<PictureHandles::Picture> PictureHandles::pictureAt(int position) c
         return std::nullopt;
     const double left = qMin(line.cursorToX(place), line.cursorToX(place + 1));
     const QRectF area(QPointF(left, line.y() + line.ascent() - size.height()), size);
-    const QPointF origin =
-        document.documentLayout()->blockBoundingRect(block).topLeft() - layout.boundingRect().topLeft();
+    const QPointF origin = document.documentLayout()->blockBoundingRect(block).topLeft();
     return Picture{position, area.translated(origin - viewTop())};
 }
 

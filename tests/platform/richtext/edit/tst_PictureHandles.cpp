@@ -112,6 +112,14 @@ TEST_F(PictureHandlesTest, ACornerResizesInProportionAsOneStep)
     EXPECT_EQ(size(), QSizeF(100, 50));
 }
 
+TEST_F(PictureHandlesTest, CornersInAnIndentedParagraphAreWhereThePictureIs)
+{
+    box.setSelIndent(1440);
+    click(area().center());
+    EXPECT_EQ(box.SelLength(), 1);
+    EXPECT_EQ(pixel(area().bottomRight()), box.palette().color(QPalette::Highlight));
+}
+
 TEST_F(PictureHandlesTest, ACornerIsDraggedOnWhileTheViewScrolls)
 {
     QTextCursor end(box.document());

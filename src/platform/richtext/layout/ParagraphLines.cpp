@@ -1,0 +1,199 @@
+#include "ParagraphLines.h"
+
+#include "ParagraphFormat.h"
+#include "RichTextProperties.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QPainter>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
+
+namespace {
+
+struct Line
+{
+    QString style;  ///< as files name it; empty where there is none
+    int width = 15; ///< twips
+    int space = 0;  ///< twips between it and the text
+    QColor color = Qt::black;
+};
+
+struct Lines
+{
+    Line top, left, bottom, right, between;
+};
+
+Line *side(Lines &lines, const QString &word)
+{
+    if (word == QLatin1String("brdrt"))
+        return &lines.top;
+    if (word == QLatin1String("brdrl"))
+        return &lines.left;
+    if (word == QLatin1String("brdrb"))
+        return &lines.bottom;
+    if (word == QLatin1String("brdrr"))
+        return &lines.right;
+    return word == QLatin1String("brdrbtw") ? &lines.between : nullptr;
+}
+
+void apply(const QString &word, Line &line)
+{
+    const auto number = [&](const char *name) { return word.mid(QLatin1String(name).size()).toInt(); };
+    if (word.startsWith(QLatin1String("brdrcf")))
+        line.color = QColor(word.mid(6));
+    else if (word.startsWith(QLatin1String("brsp")))
+        line.space = number("brsp");
+    else if (word.startsWith(QLatin1String("brdrw")) && word.back().isDigit())
+        line.width = number("brdrw");
+    else if (word == QLatin1String("brdrnone"))
+        line.style.clear();
+    else if (word != QLatin1String("brdrsh"))
+        line.style = word;
+}
+
+Lines linesOf(const QTextBlockFormat &format)
+{
+    Lines lines;
+    Line *open = nullptr;
+    for (const QString &word : format.stringProperty(RichTextProperty::Borders).split(u' ')) {
+        if (Line *next = side(lines, word); next || word == QLatin1String("brdrbar")) // which is not shown
+            open = next;
+        else if (open)
+            apply(word, *open);
+    }
+    return lines;
+}
+
+/// Whether both are paragraphs with nothing between them, and look the same at their sides.
+bool isInOneFrame(const QTextBlock &paragraph, const QTextBlock &next)
+{
+    if (!paragraph.isValid() || !next.isValid() ||
+        paragraph.document()->characterAt(next.position() - 1) != QChar::ParagraphSeparator)
+        return false;
+    const QTextBlockFormat one = paragraph.blockFormat();
+    const QTextBlockFormat other = next.blockFormat();
+    return one.property(RichTextProperty::Borders) == other.property(RichTextProperty::Borders) &&
+           ParagraphFormat::leftIndent(one) == ParagraphFormat::leftIndent(other) &&
+           ParagraphFormat::rightIndent(one) == ParagraphFormat::rightIndent(other);
+}
+
+/// What is laid out, in the document; for paper the lines of a paragraph may be on several pages.
+QList<QRectF> textLines(const QTextBlock &paragraph)
+{
+    const QTextLayout &layout = *paragraph.layout();
+    const QPointF origin = paragraph.document()->documentLayout()->blockBoundingRect(paragraph).topLeft();
+    QList<QRectF> lines;
+    for (int i = 0; i < layout.lineCount(); ++i) {
+        const QTextLine line = layout.lineAt(i);
+        lines.append(QRectF(line.x(), line.y(), line.width(), line.height()).translated(origin));
+    }
+    return lines;
+}
+
+constexpr double endless = 1e9; // pixels
+
+/// Pixels from the text of \a above down to that of \a below; endless where it is not below.
+double roomBetween(const QTextBlock &above, const QTextBlock &below)
+{
+    const QList<QRectF> upper = above.isValid() ? textLines(above) : QList<QRectF>();
+    const QList<QRectF> lower = below.isValid() ? textLines(below) : QList<QRectF>();
+    const double room =
+        upper.isEmpty() || lower.isEmpty() ? endless : lower.first().top() - upper.last().bottom();
+    return room < 0 ? endless : room;
+}
+
+Qt::PenStyle penStyle(const QString &style)
+{
+    if (style.startsWith(QLatin1String("brdrdash")))
+        return style.contains(QLatin1String("dashd")) ? Qt::DashDotLine : Qt::DashLine;
+    return style == QLatin1String("brdrdot") ? Qt::DotLine : Qt::SolidLine;
+}
+
+class Pen
+{
+public:
+    Pen(double dpi, QPainter &painter)
+        : m_painter(painter)
+        , m_dpi(dpi)
+    {}
+    double dots(int twips) const { return twips * m_dpi / 1440; }
+    /// From the text to the middle of \a line, where the space has \a room.
+    double distance(const Line &line, double room = endless) const
+    {
+        return qMin(dots(line.space), room) + width(line) / 2;
+    }
+    /// Pixels of the screen at least.
+    double width(const Line &line) const
+    {
+        return qMax(m_dpi / ParagraphFormat::layoutDpi(), dots(line.width));
+    }
+    /// \a outward is the direction away from the text, of length 1.
+    void draw(const Line &line, const QLineF &place, const QPointF &outward) const
+    {
+        if (line.style.isEmpty())
+            return;
+        QPen pen(line.color, width(line), penStyle(line.style), Qt::FlatCap);
+        m_painter.setPen(pen);
+        m_painter.drawLine(place);
+        if (line.style == QLatin1String("brdrdb"))
+            m_painter.drawLine(place.translated(outward * 2 * width(line)));
+    }
+
+private:
+    QPainter &m_painter;
+    double m_dpi;
+};
+
+} // namespace
+
+bool ParagraphLines::has(const QTextBlock &paragraph)
+{
+    return paragraph.blockFormat().hasProperty(RichTextProperty::Borders);
+}
+
+void ParagraphLines::paint(const QTextBlock &paragraph, double dpi, QPainter &painter)
+{
+    const QList<QRectF> text = textLines(paragraph);
+    if (text.isEmpty())
+        return;
+    const Lines lines = linesOf(paragraph.blockFormat());
+    const Pen pen(dpi, painter);
+    double left = text.first().left();
+    double right = text.first().right();
+    for (const QRectF &line : text) {
+        left = qMin(left, line.left());
+        right = qMax(right, line.right());
+    }
+    const auto reach = [&](const Line &line, double distance) {
+        return line.style.isEmpty() ? 0.0 : distance + pen.width(line) / 2;
+    };
+    const double outerLeft = left - reach(lines.left, pen.distance(lines.left));
+    const double outerRight = right + reach(lines.right, pen.distance(lines.right));
+    const bool isFirst = !isInOneFrame(paragraph.previous(), paragraph);
+    const bool isLast = !isInOneFrame(paragraph, paragraph.next());
+
+    const Line &first = isFirst ? lines.top : lines.between;
+    const double above = pen.distance(first, roomBetween(paragraph.previous(), paragraph));
+    const double roomBelow = roomBetween(paragraph, paragraph.next());
+    const double below = pen.distance(lines.bottom, roomBelow);
+    QList<QRectF> beside = text;
+    if (isFirst)
+        beside.first().setTop(text.first().top() - reach(lines.top, above));
+    if (isLast)
+        beside.last().setBottom(text.last().bottom() + reach(lines.bottom, below));
+    else if (roomBelow < endless)
+        beside.last().setBottom(text.last().bottom() + roomBelow);
+    for (const QRectF &line : std::as_const(beside)) {
+        const double x1 = left - pen.distance(lines.left);
+        const double x2 = right + pen.distance(lines.right);
+        pen.draw(lines.left, {x1, line.top(), x1, line.bottom()}, {-1, 0});
+        pen.draw(lines.right, {x2, line.top(), x2, line.bottom()}, {1, 0});
+    }
+    const double top = text.first().top() - above;
+    pen.draw(first, {outerLeft, top, outerRight, top}, {0, -1});
+    if (isLast) {
+        const double bottom = text.last().bottom() + below;
+        pen.draw(lines.bottom, {outerLeft, bottom, outerRight, bottom}, {0, 1});
+    }
+}
