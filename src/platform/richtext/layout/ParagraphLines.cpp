@@ -2,6 +2,7 @@
 
 #include "ParagraphFormat.h"
 #include "RichTextProperties.h"
+#include "Twips.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QPainter>
@@ -117,7 +118,7 @@ public:
         : m_painter(painter)
         , m_dpi(dpi)
     {}
-    double dots(int twips) const { return twips * m_dpi / 1440; }
+    double dots(int twips) const { return twips * m_dpi / Twips::perInch; }
     /// From the text to the middle of \a line, where the space has \a room.
     double distance(const Line &line, double room = endless) const
     {
@@ -145,6 +146,76 @@ private:
     double m_dpi;
 };
 
+/// What is around one paragraph.
+class Frame
+{
+public:
+    /// \a text is not empty.
+    Frame(const QTextBlock &paragraph, const QList<QRectF> &text, const Pen &pen)
+        : m_pen(pen)
+        , m_lines(linesOf(paragraph.blockFormat()))
+        , m_text(text)
+        , m_isFirst(!isInOneFrame(paragraph.previous(), paragraph))
+        , m_isLast(!isInOneFrame(paragraph, paragraph.next()))
+        , m_roomBelow(roomBetween(paragraph, paragraph.next()))
+        , m_above(pen.distance(firstLine(), roomBetween(paragraph.previous(), paragraph)))
+        , m_below(pen.distance(m_lines.bottom, m_roomBelow))
+    {
+        for (const QRectF &line : text) {
+            m_left = qMin(m_left, line.left());
+            m_right = qMax(m_right, line.right());
+        }
+    }
+    void paint() const
+    {
+        for (const QRectF &line : besideText()) {
+            const double left = m_left - m_pen.distance(m_lines.left);
+            const double right = m_right + m_pen.distance(m_lines.right);
+            m_pen.draw(m_lines.left, {left, line.top(), left, line.bottom()}, {-1, 0});
+            m_pen.draw(m_lines.right, {right, line.top(), right, line.bottom()}, {1, 0});
+        }
+        paintAcross(firstLine(), m_text.first().top() - m_above, {0, -1});
+        if (m_isLast)
+            paintAcross(m_lines.bottom, m_text.last().bottom() + m_below, {0, 1});
+    }
+
+private:
+    const Line &firstLine() const { return m_isFirst ? m_lines.top : m_lines.between; }
+    double reach(const Line &line, double distance) const
+    {
+        return line.style.isEmpty() ? 0 : distance + m_pen.width(line) / 2;
+    }
+    /// The heights of the lines at the sides, which are one where the text goes on.
+    QList<QRectF> besideText() const
+    {
+        QList<QRectF> beside = m_text;
+        if (m_isFirst)
+            beside.first().setTop(m_text.first().top() - reach(m_lines.top, m_above));
+        if (m_isLast)
+            beside.last().setBottom(m_text.last().bottom() + reach(m_lines.bottom, m_below));
+        else if (m_roomBelow < endless)
+            beside.last().setBottom(m_text.last().bottom() + m_roomBelow);
+        return beside;
+    }
+    void paintAcross(const Line &line, double y, const QPointF &outward) const
+    {
+        const double left = m_left - reach(m_lines.left, m_pen.distance(m_lines.left));
+        const double right = m_right + reach(m_lines.right, m_pen.distance(m_lines.right));
+        m_pen.draw(line, {left, y, right, y}, outward);
+    }
+
+    const Pen m_pen;
+    const Lines m_lines;
+    const QList<QRectF> m_text;
+    const bool m_isFirst;
+    const bool m_isLast;
+    const double m_roomBelow;
+    const double m_above; ///< from the text to the middle of the line there
+    const double m_below;
+    double m_left = m_text.first().left();
+    double m_right = m_text.first().right();
+};
+
 } // namespace
 
 bool ParagraphLines::has(const QTextBlock &paragraph)
@@ -155,45 +226,6 @@ bool ParagraphLines::has(const QTextBlock &paragraph)
 void ParagraphLines::paint(const QTextBlock &paragraph, double dpi, QPainter &painter)
 {
     const QList<QRectF> text = textLines(paragraph);
-    if (text.isEmpty())
-        return;
-    const Lines lines = linesOf(paragraph.blockFormat());
-    const Pen pen(dpi, painter);
-    double left = text.first().left();
-    double right = text.first().right();
-    for (const QRectF &line : text) {
-        left = qMin(left, line.left());
-        right = qMax(right, line.right());
-    }
-    const auto reach = [&](const Line &line, double distance) {
-        return line.style.isEmpty() ? 0.0 : distance + pen.width(line) / 2;
-    };
-    const double outerLeft = left - reach(lines.left, pen.distance(lines.left));
-    const double outerRight = right + reach(lines.right, pen.distance(lines.right));
-    const bool isFirst = !isInOneFrame(paragraph.previous(), paragraph);
-    const bool isLast = !isInOneFrame(paragraph, paragraph.next());
-
-    const Line &first = isFirst ? lines.top : lines.between;
-    const double above = pen.distance(first, roomBetween(paragraph.previous(), paragraph));
-    const double roomBelow = roomBetween(paragraph, paragraph.next());
-    const double below = pen.distance(lines.bottom, roomBelow);
-    QList<QRectF> beside = text;
-    if (isFirst)
-        beside.first().setTop(text.first().top() - reach(lines.top, above));
-    if (isLast)
-        beside.last().setBottom(text.last().bottom() + reach(lines.bottom, below));
-    else if (roomBelow < endless)
-        beside.last().setBottom(text.last().bottom() + roomBelow);
-    for (const QRectF &line : std::as_const(beside)) {
-        const double x1 = left - pen.distance(lines.left);
-        const double x2 = right + pen.distance(lines.right);
-        pen.draw(lines.left, {x1, line.top(), x1, line.bottom()}, {-1, 0});
-        pen.draw(lines.right, {x2, line.top(), x2, line.bottom()}, {1, 0});
-    }
-    const double top = text.first().top() - above;
-    pen.draw(first, {outerLeft, top, outerRight, top}, {0, -1});
-    if (isLast) {
-        const double bottom = text.last().bottom() + below;
-        pen.draw(lines.bottom, {outerLeft, bottom, outerRight, bottom}, {0, 1});
-    }
+    if (!text.isEmpty())
+        Frame(paragraph, text, Pen(dpi, painter)).paint();
 }
