@@ -95,6 +95,7 @@ void RichTextBox::replaceDocument(std::unique_ptr<QTextDocument> document, const
     m_loaded = loaded;
     const bool isFirst = old->parent() != this;
     setDocument(shown);
+    setTextCursor(QTextCursor(shown)); // as Qt gives the new caret the format of the old one
     if (!isFirst)
         delete old;
     m_isChanged = true;

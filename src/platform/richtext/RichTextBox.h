@@ -143,6 +143,7 @@ private:
     void setPaper();
     void wrap();
     double pageWidth() const;
+    void paintLines(const QRegion &region);
     void insertPictures(const QMimeData &source);
     void reportChange();
     void reportSelection();

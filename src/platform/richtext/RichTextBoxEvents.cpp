@@ -2,6 +2,7 @@
 #include "EventGate.h"
 #include "ParagraphEdits.h"
 #include "ParagraphFormat.h"
+#include "ParagraphLines.h"
 #include "Pictures.h"
 #include "RichTextBox.h"
 #include "Twips.h"
@@ -10,7 +11,9 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QPainter>
 #include <QScrollBar>
+#include <QTextBlock>
 #include <QTextList>
 
 // What reaches the control from the desktop: events, the clipboard, drops.
@@ -130,9 +133,23 @@ void RichTextBox::paintEvent(QPaintEvent *event)
     runPainting([&] {
         ViewMarks::show(*this, m_links.visible() + m_spelling.visible());
         QTextEdit::paintEvent(event);
+        paintLines(event->region());
         if (!Locked())
             m_handles.paint();
     });
+}
+
+void RichTextBox::paintLines(const QRegion &region)
+{
+    QPainter painter(viewport());
+    painter.setClipRegion(region);
+    painter.translate(-horizontalScrollBar()->value(), -verticalScrollBar()->value());
+    const auto [first, end] = m_longDocuments.stretchInView();
+    for (QTextBlock block = document()->findBlock(first); block.isValid() && block.position() <= end;
+         block = block.next()) {
+        if (ParagraphLines::has(block))
+            ParagraphLines::paint(block, ParagraphFormat::layoutDpi() * m_zoom.factor(), painter);
+    }
 }
 
 void RichTextBox::resizeEvent(QResizeEvent *event)

@@ -38,6 +38,9 @@ bool Speller::knows(const QString &word)
 {
     if (const auto answer = m_answers.constFind(word); answer != m_answers.cend())
         return *answer;
+    const std::unique_lock lock(m_mutex, std::try_to_lock);
+    if (!lock)
+        return true;
     if (m_answers.size() >= mostAnswers)
         m_answers.clear();
     const QByteArray bytes = m_encoding.encoded(asInDictionaries(word));
@@ -49,6 +52,7 @@ bool Speller::knows(const QString &word)
 
 QStringList Speller::suggestions(const QString &word, int most)
 {
+    const std::lock_guard lock(m_mutex);
     QStringList words;
     const QByteArray bytes = m_encoding.encoded(asInDictionaries(word));
     if (bytes.isEmpty())

@@ -138,6 +138,19 @@ TEST_F(CharacterFormat, SelectedParagraphEndsAloneHaveTheFormatTypedThere)
     EXPECT_TRUE(box.SelFontSize().has_value());
 }
 
+/// Qt gives the caret in a new document the format that was chosen for typing in the old one.
+TEST_F(CharacterFormat, OfTheCaretIsNotThatOfTheDocumentBefore)
+{
+    box.setText(QStringLiteral("a"));
+    box.setSelStart(1);
+    box.setSelBold(true);
+    box.setText(QStringLiteral("b"));
+    QTest::keyClick(&box, Qt::Key_X);
+    select(0, 1);
+    EXPECT_EQ(box.SelText(), QStringLiteral("x"));
+    EXPECT_EQ(box.SelBold(), false);
+}
+
 TEST_F(CharacterFormat, UnsetColorIsBlack)
 {
     box.setText(QStringLiteral("text"));

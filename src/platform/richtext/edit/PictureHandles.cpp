@@ -82,7 +82,7 @@ bool PictureHandles::press(const QPoint &point)
 {
     const std::optional<Picture> chosen = selected();
     if (const std::optional<Qt::Corner> corner = cornerAt(point)) {
-        m_drag = Drag{*chosen, pointOf(chosen->area, opposite(*corner)), chosen->area.size()};
+        m_drag = Drag{*chosen, pointOf(chosen->area, opposite(*corner)), chosen->area.size(), viewTop()};
         return true;
     }
     const std::optional<Picture> hit = pictureAt(point);
@@ -101,7 +101,7 @@ void PictureHandles::move(const QPoint &point, double page)
 {
     const double widest =
         Pictures::lineWidth(*m_view.document(), m_drag->picture.position, page) * m_zoom.factor();
-    m_drag->size = scaledTo(m_drag->picture.area.size(), m_drag->fixed, point, widest);
+    m_drag->size = scaledTo(m_drag->picture.area.size(), m_drag->fixed, point + scrolledInDrag(), widest);
     m_view.viewport()->update();
 }
 
@@ -136,6 +136,8 @@ void PictureHandles::paint() const
     QPainter painter(m_view.viewport());
     const QColor color = m_view.palette().color(QPalette::Highlight);
     const QRectF area = m_drag ? outline(picture->area, m_drag->fixed, m_drag->size) : picture->area;
+    if (m_drag)
+        painter.translate(-scrolledInDrag());
     painter.setPen(color);
     painter.drawRect(area);
     for (const Qt::Corner corner : corners) {
@@ -145,6 +147,17 @@ void PictureHandles::paint() const
         painter.setPen(Qt::white);
         painter.drawRect(handle);
     }
+}
+
+QPointF PictureHandles::viewTop() const
+{
+    return {double(m_view.horizontalScrollBar()->value()), double(m_view.verticalScrollBar()->value())};
+}
+
+/// How far the view was scrolled since the press, as by the wheel.
+QPointF PictureHandles::scrolledInDrag() const
+{
+    return viewTop() - m_drag->top;
 }
 
 /// An object of the text ends at the base line of its line.
@@ -162,10 +175,8 @@ std::optional<PictureHandles::Picture> PictureHandles::pictureAt(int position) c
         return std::nullopt;
     const double left = qMin(line.cursorToX(place), line.cursorToX(place + 1));
     const QRectF area(QPointF(left, line.y() + line.ascent() - size.height()), size);
-    const QPointF origin =
-        document.documentLayout()->blockBoundingRect(block).topLeft() - layout.boundingRect().topLeft();
-    const QPointF scrolled(m_view.horizontalScrollBar()->value(), m_view.verticalScrollBar()->value());
-    return Picture{position, area.translated(origin - scrolled)};
+    const QPointF origin = document.documentLayout()->blockBoundingRect(block).topLeft();
+    return Picture{position, area.translated(origin - viewTop())};
 }
 
 std::optional<PictureHandles::Picture> PictureHandles::pictureAt(const QPoint &point) const

@@ -45,7 +45,11 @@ private:
         Picture picture;
         QPointF fixed; ///< the corner opposite to the one that is dragged
         QSizeF size;   ///< of the picture when it is released now
+        QPointF top;   ///< of the view in the document when it was pressed
     };
+
+    QPointF viewTop() const;
+    QPointF scrolledInDrag() const;
 
     std::optional<Picture> pictureAt(int position) const;
     std::optional<Picture> pictureAt(const QPoint &point) const;

@@ -4,6 +4,7 @@
 #include "ParagraphFormat.h"
 #include "RichTextProperties.h"
 #include "RuntimeError.h"
+#include "Twips.h"
 
 #include <QBuffer>
 #include <QFontMetricsF>
@@ -50,11 +51,20 @@ void rename(QTextDocument &document, const QTextFragment &run, const QString &na
     setFormat(document, run, format);
 }
 
+/// From the head of its file: a mouse that moves asks for it again and again.
+QSize ownSize(const QTextDocument &document, const QTextImageFormat &format)
+{
+    QByteArray file = resource(document, format.name()).toByteArray();
+    QBuffer buffer(&file);
+    const QSize size = QImageReader(&buffer).size();
+    return size.isValid() ? size : imageOf(document, format).size();
+}
+
 /// In pixels. What came without a size, as pasted HTML may, shows in its own.
 QSizeF shownSize(const QTextDocument &document, const QTextImageFormat &format)
 {
     const QSizeF size(format.width(), format.height());
-    return size.isEmpty() ? QSizeF(imageOf(document, format).size()) : size;
+    return size.isEmpty() ? QSizeF(ownSize(document, format)) : size;
 }
 
 QList<QTextFragment> pictureRuns(const QTextDocument &document)
@@ -160,6 +170,16 @@ double cellWidth(const QTextTable &table, int place, double page)
     return width;
 }
 
+/// Pixels without enlargement, which changes a format's own. A first line that begins left of the others has
+/// no more room than they have.
+double indentsOf(const QTextBlockFormat &format, bool isFirstLine)
+{
+    const bool isShorter = isFirstLine && format.textIndent() > 0;
+    const int twips = ParagraphFormat::leftIndent(format) + ParagraphFormat::rightIndent(format) +
+                      (isShorter ? ParagraphFormat::firstLineIndent(format) : 0);
+    return Twips::toPixels(twips, ParagraphFormat::layoutDpi());
+}
+
 void insertPicture(QTextCursor &cursor, const QImage &image, const KeptBytes &kept, double page)
 {
     const QString name = freshName();
@@ -210,11 +230,9 @@ QSizeF Pictures::sizeAt(const QTextDocument &document, int position)
 double Pictures::lineWidth(const QTextDocument &document, int position, double page)
 {
     constexpr double least = 1;
-    QTextCursor cursor(document.findBlock(position));
+    const QTextCursor cursor(document.findBlock(position));
     const QTextTable *table = cursor.currentTable();
-    const QTextBlockFormat format = cursor.blockFormat();
-    const double indents = format.leftMargin() + format.rightMargin() +
-                           (position == cursor.position() ? qMax(0.0, format.textIndent()) : 0.0);
+    const double indents = indentsOf(cursor.blockFormat(), position == cursor.position());
     return qMax(least, (table ? cellWidth(*table, position, page) : page) - indents);
 }
 

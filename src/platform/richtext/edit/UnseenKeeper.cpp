@@ -116,17 +116,31 @@ bool isEndAlone(const Unseen::Piece &piece, const QSet<End> &ends)
     return !end.name.isNull() && !ends.contains({end.name, !end.isFirst});
 }
 
-bool isEqual(const std::shared_ptr<const Unseen::Piece> &one,
-             const std::shared_ptr<const Unseen::Piece> &other)
-{
-    return one == other || *one == *other;
-}
-
 } // namespace
 
 bool UnseenKeeper::Change::isBetween(const Place &place) const
 {
     return isDeletion && place.position > from && place.position < end;
+}
+
+/// What is found elsewhere is not lost; each one that is found may be an equal one read again. Of a paragraph
+/// that was split, the first half's end has but a copy.
+void UnseenKeeper::Change::forgetMoved(QList<Place> found, bool isSplit)
+{
+    const auto forget = [&](auto isSame) {
+        found.removeIf([&](const Place &here) {
+            const auto was = std::find_if(lost.cbegin(), lost.cend(), [&](const Place &place) {
+                const bool isCopy = isSplit && place.cursor.atBlockEnd() && here.cursor.atBlockEnd();
+                return !isCopy && isSame(here.piece, place.piece);
+            });
+            if (was == lost.cend())
+                return false;
+            lost.erase(was);
+            return true;
+        });
+    };
+    forget([](const Piece &one, const Piece &other) { return one == other; });
+    forget([](const Piece &one, const Piece &other) { return *one == *other; });
 }
 
 void UnseenKeeper::attach(QTextDocument &document)
@@ -135,6 +149,9 @@ void UnseenKeeper::attach(QTextDocument &document)
     m_places.clear();
     m_known.clear();
     m_latest = {};
+    m_blockCount = document.blockCount();
+    m_firstEnds = {{0, Unseen::of(document.firstBlock().charFormat())}};
+    m_undoSteps = 0;
     m_hasNewStep = m_couldRedo = false;
     const QList<QTextFormat> formats = document.allFormats();
     if (std::any_of(formats.cbegin(), formats.cend(), Unseen::isIn))
@@ -146,16 +163,22 @@ void UnseenKeeper::attach(QTextDocument &document)
 
 bool UnseenKeeper::beforeKey(const QKeyEvent &key, QTextCursor &caret) const
 {
-    const bool isDelete = key.key() == Qt::Key_Delete && !caret.atEnd();
-    const bool isBackspace = key.key() == Qt::Key_Backspace && !caret.atBlockStart();
-    if (m_places.isEmpty() || caret.hasSelection() || key.modifiers() != Qt::NoModifier ||
-        (!isDelete && !isBackspace))
+    const bool isDelete = key.matches(QKeySequence::Delete) && !caret.atEnd();
+    const bool isBackspace = key.key() == Qt::Key_Backspace &&
+                             !(key.modifiers() & ~Qt::KeyboardModifiers(Qt::ShiftModifier)) &&
+                             !caret.atStart();
+    if (m_places.isEmpty() || caret.hasSelection() || (!isDelete && !isBackspace))
         return false;
+    if (isBackspace && caret.atBlockStart() && (caret.currentList() || caret.blockFormat().indent() > 0))
+        return false; // which ends that, and deletes nothing
     const int deleted = caret.position() - (isBackspace ? 1 : 0);
     const char16_t sign = m_document->characterAt(deleted).unicode();
     if (sign == 0xFDD0 || sign == 0xFDD1) // a cell's, which no single key deletes
         return false;
-    return Unseen::isIn(stretchAt(*m_document, deleted).format) &&
+    const QTextBlock block = m_document->findBlock(deleted);
+    const bool hasPieces = Unseen::isIn(stretchAt(*m_document, deleted).format) ||
+                           (deleted == endOf(block) && Unseen::isIn(block.next().charFormat()));
+    return hasPieces &&
            caret.movePosition(isDelete ? QTextCursor::NextCharacter : QTextCursor::PreviousCharacter,
                               QTextCursor::KeepAnchor);
 }
@@ -209,12 +232,8 @@ void UnseenKeeper::noteChange(int from, int removed, int added)
         left.append(place);
     }
     const QList<Place> found = added > 0 ? find(from, last + 1) : QList<Place>();
-    m_latest.lost.removeIf([&](const Place &place) { // what was moved
-        return std::any_of(found.cbegin(), found.cend(), [&](const Place &other) {
-            return isEqual(other.piece, place.piece) &&
-                   !(place.cursor.atBlockEnd() && other.cursor.atBlockEnd());
-        });
-    });
+    const bool isSplit = m_document->blockCount() > std::exchange(m_blockCount, m_document->blockCount());
+    m_latest.forgetMoved(found, isSplit);
     m_places = left + found;
 }
 
@@ -232,29 +251,41 @@ void UnseenKeeper::afterEdit()
     m_couldRedo = m_document->isRedoAvailable();
     m_hasNewStep = false;
     const Change change = std::exchange(m_latest, {});
-    if (isEdit && !(change.lost.isEmpty() && change.inside.isEmpty()))
+    if (!isEdit)
+        restoreFirstEnd();
+    else if (!(change.lost.isEmpty() && change.inside.isEmpty()))
         keep(change);
+    if (isEdit)
+        rememberFirstEnd();
+    m_undoSteps = m_document->availableUndoSteps();
 }
 
 void UnseenKeeper::keep(const Change &change)
 {
-    QSet<End> deleted;
+    QSet<End> deletedEnds;
     for (const Place &place : change.inside + change.lost) {
         if (change.isBetween(place))
-            deleted.insert(endOf(*place.piece));
+            deletedEnds.insert(endOf(*place.piece));
     }
+    const auto isDeleted = [&](const Place &place) {
+        return change.isBetween(place) && !isEndAlone(*place.piece, deletedEnds);
+    };
+    QSet<Piece> deleted;
     QMap<int, Unseen::Pieces> moved;
+    for (const Place &place : change.inside) {
+        if (isDeleted(place))
+            deleted.insert(place.piece);
+    }
     for (const Place &place : change.lost) {
-        if (!change.isBetween(place) || isEndAlone(*place.piece, deleted))
+        if (isDeleted(place))
+            deleted.insert(place.piece);
+        else
             moved[place.cursor.position()].append(place.piece);
     }
     m_isKeeping = true;
     QTextCursor edit(m_document);
     edit.joinPreviousEditBlock();
-    for (const Place &place : change.inside) {
-        if (!isEndAlone(*place.piece, deleted))
-            remove(place);
-    }
+    remove(deleted);
     for (auto each = moved.cbegin(); each != moved.cend(); ++each)
         insert(each.key(), each.value());
     edit.endEditBlock();
@@ -264,23 +295,57 @@ void UnseenKeeper::keep(const Change &change)
 /// Before what the character at \a position has already.
 void UnseenKeeper::insert(int position, const Unseen::Pieces &pieces)
 {
-    m_places.removeIf([&](const Place &place) { return pieces.contains(place.piece); });
-    for (const Piece &piece : pieces)
-        m_known.remove(piece.get());
+    forget(QSet<Piece>(pieces.cbegin(), pieces.cend()));
     Stretch target = stretchAt(*m_document, position);
     target.begin = position;
     setPieces(*m_document, target, pieces + Unseen::of(target.format));
     m_places += find(position, position + 1);
 }
 
-/// It stays with the end of a paragraph: Qt does not undo what happens to the first one's.
-void UnseenKeeper::remove(const Place &place)
+/// From wherever a copied format may have taken them.
+void UnseenKeeper::remove(const QSet<Piece> &pieces)
 {
-    const QTextBlock block = m_document->findBlock(place.cursor.position());
-    const QList<Stretch> stretches = stretchesOf(block);
-    for (const Stretch &stretch : stretches) {
-        Unseen::Pieces pieces = Unseen::of(stretch.format);
-        if (stretch.begin != endOf(block) && pieces.removeAll(place.piece) > 0)
-            setPieces(*m_document, stretch, pieces);
+    if (pieces.isEmpty())
+        return;
+    forget(pieces);
+    for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next()) {
+        const QList<Stretch> stretches = stretchesOf(block);
+        for (const Stretch &stretch : stretches) {
+            Unseen::Pieces left = Unseen::of(stretch.format);
+            if (left.removeIf([&](const Piece &piece) { return pieces.contains(piece); }) > 0)
+                setPieces(*m_document, stretch, left);
+        }
     }
+}
+
+void UnseenKeeper::forget(const QSet<Piece> &pieces)
+{
+    m_places.removeIf([&](const Place &place) { return pieces.contains(place.piece); });
+    for (const Piece &piece : pieces)
+        m_known.remove(piece.get());
+}
+
+/// Qt does not undo what happens to the format of the first paragraph's end.
+void UnseenKeeper::rememberFirstEnd()
+{
+    m_firstEnds.erase(m_firstEnds.upper_bound(m_undoSteps), m_firstEnds.end());
+    const Unseen::Pieces pieces = Unseen::of(m_document->firstBlock().charFormat());
+    if (pieces != m_firstEnds.rbegin()->second)
+        m_firstEnds[m_document->availableUndoSteps()] = pieces;
+}
+
+void UnseenKeeper::restoreFirstEnd()
+{
+    const QTextBlock first = m_document->firstBlock();
+    const auto next = m_firstEnds.upper_bound(m_document->availableUndoSteps());
+    const Unseen::Pieces &pieces = std::prev(next)->second;
+    if (pieces == Unseen::of(first.charFormat()))
+        return;
+    m_isKeeping = true;
+    setPieces(*m_document, stretchesOf(first).last(), pieces);
+    m_isKeeping = false;
+    m_places.removeIf([&](const Place &place) {
+        return place.cursor.position() == endOf(first) && m_known.remove(place.piece.get());
+    });
+    m_places += find(0, first.length());
 }

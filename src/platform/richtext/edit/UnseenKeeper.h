@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QSet>
 #include <QTextCursor>
+#include <map>
 
 class QKeyEvent;
 class QTextDocument;
@@ -42,6 +43,7 @@ private:
         QList<Place> inside; ///< still there, though the text on both sides was deleted
 
         bool isBetween(const Place &place) const;
+        void forgetMoved(QList<Place> found, bool isSplit);
     };
 
     void noteChange(int from, int removed, int added);
@@ -50,12 +52,19 @@ private:
     QList<Place> find(int from, int end);
     bool wasEdited() const;
     void insert(int position, const Unseen::Pieces &pieces);
-    void remove(const Place &place);
+    void remove(const QSet<Piece> &pieces);
+    void forget(const QSet<Piece> &pieces);
+    void rememberFirstEnd();
+    void restoreFirstEnd();
 
     QTextDocument *m_document = nullptr;
     QList<Place> m_places;
     QSet<const Unseen::Piece *> m_known; ///< the pieces of the places
     Change m_latest;
+    int m_blockCount = 0;
+    std::map<int, Unseen::Pieces>
+        m_firstEnds;     ///< by the first number of undo steps with which each was there
+    int m_undoSteps = 0; ///< Qt's, after the latest change
     bool m_hasNewStep = false;
     bool m_couldRedo = false;
     bool m_isKeeping = false;

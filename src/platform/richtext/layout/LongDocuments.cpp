@@ -62,6 +62,7 @@ LongDocuments::LongDocuments(QTextEdit &view)
 
 void LongDocuments::attach(QTextDocument &document)
 {
+    m_view.document()->setLayoutEnabled(false); // the view is about to leave it, and here changes its options
     m_document = &document;
     m_meetsRightToLeft = false;
     m_isLeftToRight = !mayRunRightToLeft(document, 0, document.characterCount());

@@ -3,9 +3,9 @@
 #include "HollowBullets.h"
 #include "LinkFinder.h"
 #include "ParagraphFormat.h"
+#include "ParagraphLines.h"
 
 #include <QPainter>
-#include <QTextBlock>
 #include <QTextDocument>
 
 PagePainter::PagePainter(const QTextDocument &document, const std::optional<QTextCharFormat> &linkLook)
@@ -14,8 +14,21 @@ PagePainter::PagePainter(const QTextDocument &document, const std::optional<QTex
     , m_circles(HollowBullets::circles(document))
     , m_closingLines(TableEdges::closingLines(document))
 {
+    findLines();
     if (linkLook)
         markLinks(*linkLook);
+}
+
+void PagePainter::findLines()
+{
+    const double pageHeight = m_document.pageSize().height();
+    for (QTextBlock block = m_document.begin(); block.isValid(); block = block.next()) {
+        if (!ParagraphLines::has(block))
+            continue;
+        const QRectF area = m_document.documentLayout()->blockBoundingRect(block);
+        for (int page = int(area.top() / pageHeight); page <= int(area.bottom() / pageHeight); ++page)
+            m_lined.insert(page, block);
+    }
 }
 
 void PagePainter::markLinks(const QTextCharFormat &look)
@@ -36,6 +49,7 @@ void PagePainter::markLinks(const QTextCharFormat &look)
 void PagePainter::paint(int number, QPainter &painter) const
 {
     paintPart(area(number), number, painter);
+    paintLines(number, painter);
     paintCircles(number, painter);
     closeTables(number, painter);
 }
@@ -59,6 +73,17 @@ void PagePainter::paintPart(const QRectF &part, int number, QPainter &painter) c
     painter.translate(0, -part.top());
     painter.setClipRect(part);
     m_document.documentLayout()->draw(&painter, context);
+    painter.restore();
+}
+
+void PagePainter::paintLines(int number, QPainter &painter) const
+{
+    const double dpi = m_document.documentLayout()->paintDevice()->logicalDpiY();
+    painter.save();
+    painter.translate(0, -area(number).top());
+    painter.setClipRect(area(number));
+    for (const QTextBlock &paragraph : m_lined.values(number))
+        ParagraphLines::paint(paragraph, dpi, painter);
     painter.restore();
 }
 

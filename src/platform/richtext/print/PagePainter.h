@@ -3,6 +3,7 @@
 #include "TableEdges.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QTextBlock>
 #include <optional>
 
 class QPainter;
@@ -23,7 +24,9 @@ public:
 private:
     QRectF area(int number) const;
     void markLinks(const QTextCharFormat &look);
+    void findLines();
     void paintPart(const QRectF &part, int number, QPainter &painter) const;
+    void paintLines(int number, QPainter &painter) const;
     void paintCircles(int number, QPainter &painter) const;
     void closeTables(int number, QPainter &painter) const;
 
@@ -31,6 +34,7 @@ private:
 
     const QTextDocument &m_document;
     QList<Marks> m_marks; ///< of each page its own, as the painting of a paragraph looks at every mark
+    QMultiHash<int, QTextBlock> m_lined; ///< paragraphs with lines around them
     QMultiHash<int, QRectF> m_circles;
     QMultiHash<int, TableEdges::ClosingLine> m_closingLines;
 };

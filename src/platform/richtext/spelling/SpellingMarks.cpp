@@ -1,11 +1,14 @@
 #include "SpellingMarks.h"
 
+#include "BackgroundTask.h"
 #include "EventGate.h"
 #include "LongDocuments.h"
 #include "Speller.h"
 #include "Spellers.h"
 
 #include <QMenu>
+#include <QPointer>
+#include <QScreen>
 
 namespace {
 
@@ -68,21 +71,44 @@ std::optional<MisspellingFinder::Misspelling> SpellingMarks::at(int position) co
     return std::nullopt;
 }
 
-void SpellingMarks::addSuggestions(QMenu &menu, int position) const
+void SpellingMarks::addSuggestions(QMenu &menu, int position)
 {
     constexpr int most = 7;
     const auto misspelling = at(position);
     Speller *speller = misspelling ? Spellers::shared().of(misspelling->language) : nullptr;
     if (!speller)
         return;
-    QAction *top = menu.actions().value(0);
-    for (const QString &word : speller->suggestions(misspelling->word, most)) {
+    const auto words = std::make_shared<QStringList>();
+    auto *task = new BackgroundTask(&m_view);
+    ::on(task, &BackgroundTask::finished, &m_view,
+         [this, task, words, found = *misspelling, shown = QPointer(&menu)] {
+             task->deleteLater();
+             forget(); // words that were asked for meanwhile passed as known
+             m_view.viewport()->update();
+             if (shown && !words->isEmpty())
+                 insert(found, *words, *shown);
+         });
+    task->start([words, speller = speller->shared_from_this(), word = misspelling->word] {
+        *words = speller->suggestions(word, most);
+        return 0;
+    });
+}
+
+void SpellingMarks::insert(const MisspellingFinder::Misspelling &misspelling, const QStringList &words,
+                           QMenu &menu) const
+{
+    QAction *next = menu.activeAction() ? nullptr : menu.actions().value(0);
+    if (!next)
+        menu.addSeparator();
+    for (const QString &word : words) {
         auto *item = new QAction(QString(word).replace(u'&', QLatin1String("&&")), &menu);
-        menu.insertAction(top, item);
-        on(item, &QAction::triggered, &m_view, [this, found = *misspelling, word] { replace(found, word); });
+        menu.insertAction(next, item);
+        ::on(item, &QAction::triggered, &m_view, [this, misspelling, word] { replace(misspelling, word); });
     }
-    if (menu.actions().value(0) != top)
-        menu.insertSeparator(top);
+    if (next)
+        menu.insertSeparator(next);
+    const int lowest = menu.screen()->availableGeometry().bottom() - menu.sizeHint().height();
+    menu.move(menu.x(), qMin(menu.y(), lowest));
 }
 
 /// As one undo step. The word may have changed while the menu was open.

@@ -25,8 +25,9 @@ public:
     /// The marks of the misspelt words in view, without the one that is being typed.
     QList<ViewMarks::Mark> visible() const;
 
-    /// Puts suggestions for the misspelt word at \a position, if there is one, before the items of \a menu.
-    void addSuggestions(QMenu &menu, int position) const;
+    /// Looks for suggestions for the misspelt word at \a position, if there is one. They come into \a menu
+    /// when they are there: before its items, or behind them where one is pointed at already.
+    void addSuggestions(QMenu &menu, int position);
 
 private:
     /// The misspellings of a stretch of the document as it was at a revision.
@@ -39,6 +40,8 @@ private:
 
     const QList<MisspellingFinder::Misspelling> &inView() const;
     std::optional<MisspellingFinder::Misspelling> at(int position) const;
+    void insert(const MisspellingFinder::Misspelling &misspelling, const QStringList &words,
+                QMenu &menu) const;
     void replace(const MisspellingFinder::Misspelling &misspelling, const QString &word) const;
 
     QTextEdit &m_view;

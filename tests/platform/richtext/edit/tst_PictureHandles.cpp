@@ -1,8 +1,10 @@
 #include "Pictures.h"
 #include "RichTextFixture.h"
 
+#include <QBuffer>
 #include <QImage>
 #include <QPaintEvent>
+#include <QScrollBar>
 
 namespace {
 
@@ -108,6 +110,49 @@ TEST_F(PictureHandlesTest, ACornerResizesInProportionAsOneStep)
     EXPECT_EQ(box.SelLength(), 1);
     box.undo();
     EXPECT_EQ(size(), QSizeF(100, 50));
+}
+
+TEST_F(PictureHandlesTest, CornersInAnIndentedParagraphAreWhereThePictureIs)
+{
+    box.setSelIndent(1440);
+    click(area().center());
+    EXPECT_EQ(box.SelLength(), 1);
+    EXPECT_EQ(pixel(area().bottomRight()), box.palette().color(QPalette::Highlight));
+}
+
+TEST_F(PictureHandlesTest, ACornerIsDraggedOnWhileTheViewScrolls)
+{
+    QTextCursor end(box.document());
+    end.movePosition(QTextCursor::End);
+    end.insertText(QStringLiteral("\nline").repeated(100));
+    click(area().center());
+    const QPoint corner = area().bottomRight();
+    QTest::mousePress(box.viewport(), Qt::LeftButton, Qt::NoModifier, corner);
+    box.verticalScrollBar()->setValue(50);
+    QMouseEvent move(QEvent::MouseMove, corner, box.viewport()->mapToGlobal(corner), Qt::NoButton,
+                     Qt::LeftButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(box.viewport(), &move);
+    EXPECT_EQ(pixel(corner), box.palette().color(QPalette::Highlight));
+    QTest::mouseRelease(box.viewport(), Qt::LeftButton, Qt::NoModifier, corner);
+    EXPECT_NEAR(size().width(), 200, 3);
+    EXPECT_NEAR(size().height(), 100, 2);
+}
+
+/// It is not read whole for that, as a mouse that moves asks for it many times.
+TEST_F(PictureHandlesTest, TheOwnSizeOfAPictureIsInTheHeadOfItsFile)
+{
+    QByteArray file;
+    QBuffer buffer(&file);
+    QImage image(300, 200, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    image.save(&buffer, "PNG");
+    const qsizetype head = file.indexOf("IDAT") + 4;
+    const QUrl name(QStringLiteral("picture:head"));
+    box.document()->addResource(QTextDocument::ImageResource, name, file.first(head));
+    QTextImageFormat format;
+    format.setName(name.toString());
+    QTextCursor(box.document()).insertImage(format);
+    EXPECT_EQ(Pictures::sizeAt(*box.document(), 0), QSizeF(300, 200));
 }
 
 TEST_F(PictureHandlesTest, CornersOfAnEnlargedPictureAreWhereItIs)

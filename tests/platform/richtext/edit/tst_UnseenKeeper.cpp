@@ -1,5 +1,8 @@
 #include "RichTextFixture.h"
 #include "RowName.h"
+#include "TextReplacement.h"
+
+#include <QRandomGenerator>
 
 namespace {
 
@@ -239,4 +242,219 @@ TEST_F(UnseenKept, OneChangeIsReported)
     QSignalSpy changes(&box, &RichTextBox::Change);
     erase(1, 2);
     EXPECT_EQ(changes.size(), 1);
+}
+
+/// Splitting a paragraph and typing copy formats, and what is not shown with them.
+TEST_F(UnseenKept, NoCopyComesBackWhenItIsDeleted)
+{
+    load("ab\\par cd{\\v hid}\\par ef");
+    box.setSelStart(4);
+    QTest::keyClick(&box, Qt::Key_Return);
+    EXPECT_EQ(box.Text(), QStringLiteral("ab\nc\nd\nef"));
+    erase(5, 8);
+    EXPECT_EQ(box.Text(), QStringLiteral("ab\nc\nf"));
+    EXPECT_FALSE(isWritten("hid")) << box.TextRTF().constData();
+
+    load("a{\\v hid}bcd");
+    box.setSelStart(2);
+    box.setSelBold(true);
+    QTest::keyClick(&box, Qt::Key_X);
+    select(2, 3);
+    const QTextCharFormat copied = box.textCursor().charFormat();
+    QTextCursor typed(box.document());
+    typed.setPosition(4);
+    typed.insertText(QStringLiteral("y"), copied);
+    EXPECT_EQ(box.Text(), QStringLiteral("abxcyd"));
+    erase(0, 3);
+    EXPECT_EQ(box.Text(), QStringLiteral("cyd"));
+    EXPECT_FALSE(isWritten("hid")) << box.TextRTF().constData();
+}
+
+TEST_F(UnseenKept, TheFirstParagraphsEndLosesWhatIsDeleted)
+{
+    load("ab{\\v hid}\\par cd");
+    erase(2, 3); // the end itself
+    EXPECT_TRUE(isWritten("ab{\\v{hid}}cd"));
+    erase(1, 3);
+    EXPECT_EQ(box.Text(), QStringLiteral("ad"));
+    EXPECT_FALSE(isWritten("hid")) << box.TextRTF().constData();
+    box.undo();
+    EXPECT_TRUE(isWritten("ab{\\v{hid}}cd"));
+    box.undo();
+    EXPECT_TRUE(isWritten("ab{\\v{hid}}\\par"));
+    box.redo();
+    EXPECT_TRUE(isWritten("ab{\\v{hid}}cd"));
+    box.redo();
+    EXPECT_FALSE(isWritten("hid"));
+}
+
+TEST_F(UnseenKept, TheFirstParagraphsEndLosesItAgainWhenThatIsRedone)
+{
+    load("ab{\\v hid}\\par cd");
+    erase(1, 5);
+    EXPECT_FALSE(isWritten("hid"));
+    box.undo();
+    EXPECT_TRUE(isWritten("ab{\\v{hid}}\\par"));
+    box.redo();
+    EXPECT_FALSE(isWritten("hid"));
+    erase(0, 1);
+    EXPECT_EQ(box.Text(), QString());
+    EXPECT_FALSE(isWritten("hid"));
+}
+
+TEST_F(UnseenKept, WhereReplacingShortensTheTextBefore)
+{
+    load("one two{\\v hid}\\par one two three{\\v hidden}\\par one");
+    QTextCursor edit(box.document());
+    edit.beginEditBlock();
+    TextReplacement::replaceEach(edit, {0, 6, 18}, 3, QStringLiteral("1"));
+    edit.endEditBlock();
+    EXPECT_EQ(box.Text(), QStringLiteral("1 two\n1 two three\n1"));
+    EXPECT_TRUE(isWritten("two{\\v{hid}}\\par")) << box.TextRTF().constData();
+    EXPECT_TRUE(isWritten("three{\\v{hidden}}\\par")) << box.TextRTF().constData();
+}
+
+TEST_F(UnseenKept, WithoutASelectionByEachKeyThatDeletes)
+{
+    struct
+    {
+        const char *body;
+        Qt::Key key;
+        Qt::KeyboardModifiers modifiers;
+        int caret;
+        const char *written;
+    } const rows[] = {
+        {"a{\\v hid}b\\b c", Qt::Key_Delete, Qt::KeypadModifier, 1, "{\\v{hid}}{\\b c"},
+        {"a{\\v hid}b\\b c", Qt::Key_Backspace, Qt::ShiftModifier, 2, "{\\v{hid}}{\\b c"},
+        {"x\\par a{\\v hid}\\par b", Qt::Key_Backspace, Qt::NoModifier, 4, "a{\\v{hid}}b"},
+    };
+    for (const auto &row : rows) {
+        load(row.body);
+        const QByteArray before = box.TextRTF();
+        box.setSelStart(row.caret);
+        QTest::keyClick(&box, row.key, row.modifiers);
+        EXPECT_TRUE(isWritten(row.written)) << box.TextRTF().constData();
+        box.undo();
+        EXPECT_EQ(box.TextRTF(), before);
+        EXPECT_FALSE(box.document()->isUndoAvailable()) << row.body;
+    }
+}
+
+TEST_F(UnseenKept, BackspaceThatEndsAListOrAnIndentDeletesNothing)
+{
+    load("a{\\v hid}\\par b");
+    box.setSelStart(2);
+    QTextCursor cursor = box.textCursor();
+    QTextBlockFormat indented;
+    indented.setIndent(1);
+    cursor.mergeBlockFormat(indented);
+    QTest::keyClick(&box, Qt::Key_Backspace);
+    EXPECT_EQ(box.Text(), QStringLiteral("a\nb"));
+    box.setSelBullet(true);
+    QTest::keyClick(&box, Qt::Key_Backspace);
+    EXPECT_EQ(box.Text(), QStringLiteral("a\nb"));
+    EXPECT_TRUE(isWritten("a{\\v{hid}}\\par"));
+}
+
+/// Their signs are no characters, and with one selected Qt would empty the cells.
+TEST_F(UnseenKept, AKeyBesideATableLeavesItsCellsAlone)
+{
+    load("x\\par a{\\v hid}\\par\\trowd\\cellx2000\\cellx4000\\intbl b{\\v two}\\cell c{\\v "
+         "three}\\cell\\row\\pard d");
+    const QByteArray before = box.TextRTF();
+    const QString text = box.Text();
+    for (const auto &[key, caret] :
+         {std::pair(Qt::Key_Delete, 3), std::pair(Qt::Key_Backspace, 4), std::pair(Qt::Key_Delete, 5),
+          std::pair(Qt::Key_Backspace, 6), std::pair(Qt::Key_Delete, 7), std::pair(Qt::Key_Backspace, 8)}) {
+        box.setSelStart(caret);
+        QTest::keyClick(&box, key);
+        EXPECT_EQ(box.Text(), text) << caret;
+        EXPECT_EQ(box.TextRTF(), before) << caret;
+        EXPECT_FALSE(box.textCursor().hasSelection()) << caret;
+    }
+}
+
+TEST_F(UnseenKept, OfTwoThatAreEqualTheOneThatIsLostIsMoved)
+{
+    load("ab{\\v hid}\\b c\\b0 d{\\v hid}\\b e\\b0 fgh");
+    select(1, 3);
+    const QByteArray moved = box.SelRTF();
+    ASSERT_EQ(moved.count("hid"), 1);
+    QTextCursor edit = box.textCursor();
+    edit.beginEditBlock();
+    edit.removeSelectedText();
+    edit.setPosition(2);
+    edit.deleteChar();
+    box.setSelStart(4);
+    box.setSelRTF(moved);
+    edit.endEditBlock();
+    EXPECT_EQ(box.Text(), QStringLiteral("adfgbch"));
+    EXPECT_TRUE(isWritten("ad{\\v{hid}}fgb{\\v{hid}}{\\b c}h")) << box.TextRTF().constData();
+}
+
+/// In the format of text that is moved, as replacing does it.
+TEST_F(UnseenKept, OfTwoThatAreEqualTheOneThatIsMovedIsThereOnce)
+{
+    load("a{\\v hid}\\b b\\b0 c{\\v hid}\\i d\\i0 efg");
+    QTextCursor edit(box.document());
+    edit.setPosition(4);
+    const QTextCharFormat format = edit.charFormat();
+    edit.beginEditBlock();
+    edit.deletePreviousChar();
+    edit.setPosition(1);
+    edit.deleteChar();
+    edit.setPosition(4);
+    edit.insertText(QStringLiteral("d"), format);
+    edit.endEditBlock();
+    EXPECT_EQ(box.Text(), QStringLiteral("acefdg"));
+    EXPECT_TRUE(isWritten("a{\\v{hid}}cef{\\v{hid}}{\\i d}g")) << box.TextRTF().constData();
+}
+
+/// Any edits: nothing is there twice, and each step is undone and redone to the same bytes.
+TEST_F(UnseenKept, ThroughRandomEdits)
+{
+    const QByteArray body =
+        "ab{\\v h0}c\\b d{\\v h1}e\\b0{\\*\\bkmkstart h2}f{\\v h3}\\par {\\v h4}gh{\\*\\bkmkend "
+        "h2}i\\par{\\v h5}\\par jk\\i l{\\v h6}m\\i0 n{\\v h7}";
+    for (unsigned seed = 0; seed < 100; ++seed) {
+        QRandomGenerator random(seed);
+        load(body);
+        QList<QByteArray> states{box.TextRTF()};
+        QList<int> steps{box.document()->availableUndoSteps()};
+        for (int i = 0; i < 12; ++i) {
+            const int length = int(box.Text().size());
+            const int first = random.bounded(length + 1);
+            select(first, qMin(length, first + random.bounded(5)));
+            box.document()->setModified(false); // so that each edit is a step
+            switch (random.bounded(5)) {
+            case 0:
+                box.textCursor().insertBlock();
+                break;
+            case 1:
+                QTest::keyClick(&box, Qt::Key_X);
+                break;
+            case 2:
+                QTest::keyClick(&box, Qt::Key_Backspace);
+                break;
+            default:
+                QTest::keyClick(&box, Qt::Key_Delete);
+            }
+            if (box.document()->availableUndoSteps() == steps.last())
+                continue;
+            states.append(box.TextRTF());
+            steps.append(box.document()->availableUndoSteps());
+            for (char number = '0'; number < '8'; ++number)
+                ASSERT_LE(states.last().count(QByteArray("h") + number), number == '2' ? 2 : 1)
+                    << seed << states.last().constData();
+        }
+        for (qsizetype i = states.size() - 1; i > 0; --i) {
+            ASSERT_EQ(box.TextRTF(), states.at(i)) << seed << ' ' << i;
+            box.undo();
+        }
+        ASSERT_EQ(box.TextRTF(), states.first()) << seed;
+        for (qsizetype i = 1; i < states.size(); ++i) {
+            box.document()->redo();
+            ASSERT_EQ(box.TextRTF(), states.at(i)) << seed << ' ' << i;
+        }
+    }
 }

@@ -158,6 +158,16 @@ TEST_F(LongDocument, LinesAreBrokenAnywhereWhereAWordIsVeryLong)
     EXPECT_EQ(box.wordWrapMode(), QTextOption::WrapAtWordBoundaryOrAnywhere);
 }
 
+TEST_F(LongDocument, IsNotLaidOutAgainWhenAnotherTakesItsPlace)
+{
+    open(1000, QStringLiteral("some words"));
+    QSignalSpy sizes(box.document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged);
+    QSignalSpy updates(box.document()->documentLayout(), &QAbstractTextDocumentLayout::update);
+    box.setText(QString(10000, u'x'));
+    EXPECT_EQ(sizes.size() + updates.size(), 0);
+    EXPECT_GT(box.document()->begin().layout()->lineCount(), 1);
+}
+
 TEST_F(LongDocument, AWordThatGrowsVeryLongIsBrokenAnywhereFromThenOn)
 {
     open(100, QStringLiteral("prose and prose"));

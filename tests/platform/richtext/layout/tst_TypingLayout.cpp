@@ -505,6 +505,30 @@ TEST_F(Typing, ALineThatDoesNotWrapWidensTheDocument)
     expectSameLayout();
 }
 
+TEST_F(Typing, TheWidestLineOfAnEnlargedDocumentNarrowsItAgain)
+{
+    open();
+    for (int i = 0; i < 9; ++i) // to 400 percent
+        QTest::keyClick(&box, Qt::Key_Plus, Qt::ControlModifier);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }, longestWait));
+    edit(5, 5, [](QTextCursor &cursor) {
+        QTextBlockFormat format;
+        format.setNonBreakableLines(true);
+        cursor.mergeBlockFormat(format);
+    });
+    type(5, manyWords);
+    catchUp();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return isLaidOut(); }, longestWait));
+    const int before = box.horizontalScrollBar()->maximum();
+    ASSERT_GT(before, 0);
+    const int end = 5 + int(manyWords.size());
+    remove(end - 5, end);
+    const int after = box.horizontalScrollBar()->maximum();
+    EXPECT_LT(after, before - 50);
+    box.document()->markContentsDirty(0, box.document()->characterCount());
+    EXPECT_EQ(box.horizontalScrollBar()->maximum(), after);
+}
+
 TEST_F(Typing, AFloatIsFlownAround)
 {
     open();

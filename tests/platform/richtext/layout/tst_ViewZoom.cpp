@@ -1,4 +1,5 @@
 #include "ParagraphFormat.h"
+#include "Pictures.h"
 #include "QuickLayout.h"
 #include "RichTextFixture.h"
 
@@ -127,6 +128,19 @@ TEST_F(ViewZoomTest, AnotherDocumentIsEnlargedToo)
     load();
     EXPECT_NEAR(lineHeight(0), 2 * height, 2);
     EXPECT_NEAR(indent(1), indentFactor(2) * left, 1);
+}
+
+TEST_F(ViewZoomTest, APictureBecomesAsWideAsItsLineIsWithoutEnlargement)
+{
+    const int paragraphStart = paragraph(1).position();
+    const double second = Pictures::lineWidth(*box.document(), paragraphStart + 3, 500);
+    EXPECT_EQ(second, 500 - 96 - 48);
+    box.setSelStart(0);
+    box.setSelIndent(720);
+    const double first = Pictures::lineWidth(*box.document(), 0, 500);
+    enlarge();
+    EXPECT_EQ(Pictures::lineWidth(*box.document(), paragraphStart + 3, 500), second);
+    EXPECT_EQ(Pictures::lineWidth(*box.document(), 0, 500), first);
 }
 
 TEST_F(ViewZoomTest, TheFirstLineInViewStaysThere)

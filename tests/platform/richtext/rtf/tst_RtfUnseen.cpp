@@ -54,6 +54,11 @@ INSTANTIATE_TEST_SUITE_P(
         UnseenRow{"HiddenParagraphs", "a{\\v b\\par c\\par}d", "ad", "{\\v{\\f1 b\\par c\\par }}"},
         UnseenRow{"HiddenAtTheEndOfAParagraph", "a{\\v b}\\par c", "a|c", "{\\f1 a}{\\v{\\f1 b}}\\par"},
         UnseenRow{"HiddenAtTheEnd", "a\\par{\\v b}", "a", "{\\v{\\f1 b}}\\par"},
+        UnseenRow{"HiddenBehindATable", "\\trowd\\cellx1000\\intbl a\\cell\\row\\pard{\\v b}", "|a|",
+                  "\\row\n\\pard{\\v{\\f1 b}}"},
+        UnseenRow{"HiddenBehindANotesTable",
+                  "a{\\footnote b\\par\\trowd\\cellx1000\\intbl c\\cell\\row{\\v d}}e", "a1e|1 b|c|",
+                  "{\\v{\\f1 d}}"},
         UnseenRow{"HiddenInACell", "\\trowd\\cellx1000\\intbl{\\v b}\\cell\\row", "||", "{\\v{\\f1 b}}"},
         UnseenRow{"HiddenBeforeALink", "{\\v b}{\\field{\\*\\fldinst HYPERLINK \"u\"}{\\fldrslt c}}", "c",
                   "{\\v{\\f1 b}}{\\field"},
@@ -143,4 +148,12 @@ TEST(RtfUnseenEdited, ACommentLeavesThePageBreakToTheTextAroundIt)
 TEST(RtfUnseenEdited, DeletedTextDoesNotComeBack)
 {
     EXPECT_FALSE(writtenAgain(framed("a{\\deleted gone}{\\v\\deleted gone}b")).contains("gone"));
+}
+
+TEST(RtfUnseenEdited, BehindAllThatALongDocumentHasTakenOver)
+{
+    constexpr int taken = 4097; // paragraphs at once
+    const QByteArray file =
+        framed(QByteArray("a\\par ").repeated(taken) + "{\\*\\bkmkstart x}{\\*\\bkmkend x}");
+    EXPECT_EQ(writtenAgain(file).count("{\\*\\bkmkend x}"), 1);
 }

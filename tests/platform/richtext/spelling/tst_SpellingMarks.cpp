@@ -1,3 +1,4 @@
+#include "BackgroundTask.h"
 #include "PrintQt.h"
 #include "RichTextFixture.h"
 #include "ScratchDictionary.h"
@@ -5,6 +6,8 @@
 
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QScreen>
+#include <algorithm>
 
 namespace {
 
@@ -40,24 +43,27 @@ protected:
         }
         return words;
     }
-    /// The items of the context menu at \a position before the first separator; \a choose is triggered.
-    QStringList menuAt(int position, const QString &choose = {})
+    QMenu &openMenu(int position)
     {
         const QPoint point = pointAt(position);
         QContextMenuEvent event(QContextMenuEvent::Mouse, point, box.viewport()->mapToGlobal(point));
         QCoreApplication::sendEvent(box.viewport(), &event);
-        auto *menu = box.findChild<QMenu *>();
-        QStringList texts;
-        for (QAction *item : menu->actions()) {
-            if (item->isSeparator())
-                break;
-            texts.append(item->text());
-            if (item->text() == choose)
-                item->trigger();
-        }
-        menu->close();
+        return *box.findChild<QMenu *>();
+    }
+    static void close(QMenu &menu)
+    {
+        menu.close();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        return texts;
+    }
+    /// Waits for it; null when it does not come.
+    static QAction *item(const QMenu &menu, const QString &text)
+    {
+        const auto find = [&] {
+            const QList<QAction *> items = menu.actions();
+            const auto found = std::ranges::find(items, text, &QAction::text);
+            return found == items.cend() ? nullptr : *found;
+        };
+        return QTest::qWaitFor([&] { return find() != nullptr; }, 20000) ? find() : nullptr;
     }
 };
 
@@ -131,8 +137,13 @@ TEST_F(SpellingMarksTest, MarksGoWhenTheyAreSwitchedOff)
 TEST_F(SpellingMarksTest, TheContextMenuOffersBetterWordsFirst)
 {
     open("la {\\b masion} rouge");
-    const QStringList offered = menuAt(5, QStringLiteral("maison"));
-    EXPECT_EQ(offered, QStringList(QStringLiteral("maison")));
+    QMenu &menu = openMenu(5);
+    QAction *word = item(menu, QStringLiteral("maison"));
+    ASSERT_TRUE(word);
+    EXPECT_EQ(menu.actions().at(0), word);
+    EXPECT_TRUE(menu.actions().at(1)->isSeparator());
+    word->trigger();
+    close(menu);
     EXPECT_EQ(box.Text(), QStringLiteral("la maison rouge"));
     select(3, 9);
     EXPECT_EQ(box.SelBold(), true);
@@ -140,7 +151,41 @@ TEST_F(SpellingMarksTest, TheContextMenuOffersBetterWordsFirst)
     EXPECT_EQ(box.Text(), QStringLiteral("la masion rouge"));
 }
 
+/// It opens before they are found.
+TEST_F(SpellingMarksTest, WhatIsPointedAtInTheContextMenuStaysWhereItIs)
+{
+    open("la masion rouge");
+    QMenu &menu = openMenu(5);
+    const QList<QAction *> before = menu.actions();
+    menu.setActiveAction(before.last());
+    QAction *word = item(menu, QStringLiteral("maison"));
+    ASSERT_TRUE(word);
+    EXPECT_EQ(menu.actions().first(before.size()), before);
+    EXPECT_EQ(menu.actions().last(), word);
+    close(menu);
+}
+
+TEST_F(SpellingMarksTest, AContextMenuThatGrowsStaysOnTheScreen)
+{
+    open("la masion rouge");
+    QMenu &menu = openMenu(5);
+    const QRect screen = menu.screen()->availableGeometry();
+    menu.move(menu.x(), screen.bottom() - menu.height());
+    ASSERT_TRUE(item(menu, QStringLiteral("maison")));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return menu.geometry().bottom() <= screen.bottom(); }));
+    close(menu);
+}
+
+TEST_F(SpellingMarksTest, AContextMenuMayCloseBeforeTheyAreFound)
+{
+    open("la masion rouge");
+    close(openMenu(5));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !box.findChild<BackgroundTask *>(); }, 20000));
+    EXPECT_EQ(marked(), QStringList(QStringLiteral("masion")));
+}
+
 TEST_F(SpellingMarksTest, TheContextMenuOfAKnownWordIsTheUsualOne)
 {
-    EXPECT_FALSE(menuAt(5).contains(QStringLiteral("maison")));
+    close(openMenu(5));
+    EXPECT_FALSE(box.findChild<BackgroundTask *>());
 }

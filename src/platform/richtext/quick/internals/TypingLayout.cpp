@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <QTextEdit>
 #include <QTextTable>
+#include <private/qfont_p.h>
 #include <private/qtextdocument_p.h>
 
 namespace {
@@ -393,6 +394,13 @@ double TypingLayout::widthOfAll() const
     return qMax(document()->pageSize().width(), dynamicDocumentSize().width());
 }
 
+/// Pixels; of the margins Qt scales the document's alone.
+double TypingLayout::scaledMargin() const
+{
+    const QPaintDevice *device = paintDevice();
+    return document()->documentMargin() * (device ? device->logicalDpiY() / double(qt_defaultDpi()) : 1.0);
+}
+
 /// True when the document may become narrower by an edit of the paragraphs from \a first on up to \a behind,
 /// whose lines are those from before.
 bool TypingLayout::mayHaveBeenWidest(const QTextBlock &first, const QTextBlock &behind) const
@@ -403,7 +411,7 @@ bool TypingLayout::mayHaveBeenWidest(const QTextBlock &first, const QTextBlock &
         return true;
     for (QTextBlock block = first; block != behind; block = block.next()) {
         const QTextLayout &layout = *block.layout();
-        const double margins = block.blockFormat().rightMargin() + 2 * document()->documentMargin();
+        const double margins = block.blockFormat().rightMargin() + 2 * scaledMargin();
         for (int i = 0; i < layout.lineCount(); ++i) {
             if (layout.lineAt(i).x() + layout.lineAt(i).naturalTextWidth() + margins > widthOfAll() - 1)
                 return true;

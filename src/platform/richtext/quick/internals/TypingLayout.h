@@ -63,6 +63,7 @@ private:
     bool layOutUnmoved(int from, int removed, int added);
     bool isFixedCell(QTextTable &table, int position) const;
     double widthOfAll() const;
+    double scaledMargin() const;
     bool mayHaveBeenWidest(const QTextBlock &first, const QTextBlock &behind) const;
     bool moveBelow(const QTextBlock &behind, double y);
     void showChange(const QTextBlock &behind, double shift);

@@ -298,7 +298,7 @@ RtfFlow RtfBody::endStory(const RtfState &inside)
     keepRest(builder().flow());
     RtfFlow flow = std::move(builder().flow());
     m_breaksPage = m_stories.back().breaksPage;
-    m_stories.pop_back();
+    closeStory();
     return flow;
 }
 
@@ -401,6 +401,14 @@ int RtfBody::withUnseen(int format)
     return hasUnseen() ? m_formats.addUnseen(format, takeUnseen()) : format;
 }
 
+/// What is not shown behind its last table goes to the text around it.
+void RtfBody::closeStory()
+{
+    const Unseen::Pieces rest = takeUnseen();
+    m_stories.pop_back();
+    m_stories.back().unseen.append(rest);
+}
+
 /// What is not shown behind the last paragraph goes with its end.
 void RtfBody::keepRest(RtfFlow &flow)
 {
@@ -463,7 +471,7 @@ void RtfBody::endNote(const RtfState &state)
     builder().finish();
     keepRest(builder().flow());
     m_notes.append(std::move(builder().flow()));
-    m_stories.pop_back();
+    closeStory();
 }
 
 void RtfBody::noteReference(const RtfCharacterState &state)
@@ -500,4 +508,6 @@ void RtfBody::finish(const RtfState &state)
     flow.append(std::move(m_notes));
     m_filler.append(flow);
     flow.clear();
+    if (hasUnseen()) // behind a table, or behind a paragraph that the document has already
+        m_filler.addUnseen(takeUnseen());
 }

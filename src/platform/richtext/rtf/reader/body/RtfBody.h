@@ -86,6 +86,7 @@ private:
     QList<Unseen::Run> runsOf(const RtfFlow &flow) const;
     Unseen::Pieces takeUnseen();
     int withUnseen(int format);
+    void closeStory();
     void keepRest(RtfFlow &flow);
     void select(const RtfCharacterState &state);
     void startText(const RtfCharacterState &state);

@@ -30,6 +30,13 @@ void RtfDocumentFiller::append(const RtfFlow &flow)
     items(flow, 0, int(flow.items.size()));
 }
 
+void RtfDocumentFiller::addUnseen(const Unseen::Pieces &pieces)
+{
+    QTextCharFormat end = m_cursor.blockCharFormat();
+    Unseen::set(end, Unseen::of(end) + pieces);
+    m_cursor.setBlockCharFormat(end);
+}
+
 void RtfDocumentFiller::items(const RtfFlow &flow, int first, int end)
 {
     for (int i = first; i < end; ++i) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "RtfFlow.h"
+#include "Unseen.h"
 
 #include <QHash>
 #include <QList>
@@ -24,6 +25,8 @@ public:
     ~RtfDocumentFiller();
 
     void append(const RtfFlow &flow);
+    /// Behind all that is there.
+    void addUnseen(const Unseen::Pieces &pieces);
 
 private:
     /// Of \a flow the items from \a first to before \a end.

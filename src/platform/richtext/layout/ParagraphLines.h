@@ -1,0 +1,16 @@
+#pragma once
+
+class QPainter;
+class QTextBlock;
+
+/// The lines around paragraphs, which Qt does not know. They are painted around the text and take no room of
+/// their own. Paragraphs that follow each other with the same lines and indents are in one frame.
+namespace ParagraphLines {
+
+/// Whether \a paragraph has any.
+bool has(const QTextBlock &paragraph);
+
+/// Paints those of \a paragraph where its document's layout has it, with \a dpi dots to the inch.
+void paint(const QTextBlock &paragraph, double dpi, QPainter &painter);
+
+} // namespace ParagraphLines

@@ -1,0 +1,108 @@
+#include "ParagraphLines.h"
+#include "PrintFixture.h"
+
+#include <QAbstractTextDocumentLayout>
+
+namespace {
+
+/// A frame in red, 4 pixels wide, 8 pixels away from the text.
+constexpr char frame[] =
+    "\\brdrt\\brdrs\\brdrw60\\brsp120\\brdrcf1\\brdrl\\brdrs\\brdrw60\\brsp120\\brdrcf1"
+    "\\brdrb\\brdrs\\brdrw60\\brsp120\\brdrcf1\\brdrr\\brdrs\\brdrw60\\brsp120\\brdrcf1 ";
+
+class ParagraphLinesTest : public PrintFixture
+{
+protected:
+    void load(const QByteArray &body)
+    {
+        box.setTextRTF("{\\rtf1\\ansi{\\colortbl;\\red255\\green0\\blue0;}" + body + '}');
+    }
+    /// Those in red over a picture of the view, in pixels.
+    QRect red()
+    {
+        const QImage view = box.viewport()->grab().toImage();
+        QRect area;
+        for (int y = 0; y < view.height(); ++y) {
+            for (int x = 0; x < view.width(); ++x) {
+                if (view.pixelColor(x, y) == Qt::red)
+                    area |= QRect(x, y, 1, 1);
+            }
+        }
+        return area;
+    }
+    int redIn(int x)
+    {
+        const QImage view = box.viewport()->grab().toImage();
+        int count = 0;
+        for (int y = 0; y < view.height(); ++y)
+            count += view.pixelColor(x, y) == Qt::red;
+        return count;
+    }
+    QRectF text(int number) { return box.document()->documentLayout()->blockBoundingRect(paragraph(number)); }
+};
+
+} // namespace
+
+TEST_F(ParagraphLinesTest, AreAroundTheTextBetweenItsIndents)
+{
+    load("\\sb480 a\\par\\pard\\sb480\\li1440\\ri720" + QByteArray(frame) + "bbb\\par\\pard\\sb480 c\\par");
+    show();
+    const QRectF line = paragraph(1).layout()->lineAt(0).rect().translated(text(1).topLeft());
+    const QRect lines = red();
+    EXPECT_NEAR(lines.left(), 10 + 96 - 12, 1);
+    EXPECT_NEAR(lines.right() + 1, box.viewport()->width() - 10 - 48 + 12, 1);
+    EXPECT_NEAR(lines.top(), line.top() - 12, 1);
+    EXPECT_NEAR(lines.bottom() + 1, line.bottom() + 12, 1);
+    EXPECT_EQ(redIn(lines.left() + 20), 8); // the line above and the one below
+}
+
+TEST_F(ParagraphLinesTest, OfOneKindAreOneFrame)
+{
+    load("x\\par\\sb480" + QByteArray(frame) + "a\\par b\\par\\pard c\\par");
+    show();
+    EXPECT_EQ(redIn(red().left() + 20), 8);
+    EXPECT_EQ(redIn(red().left()), red().height()); // without a gap
+    load("x\\par\\sb480" + QByteArray(frame) + "a\\par\\li720 b\\par\\pard c\\par");
+    EXPECT_EQ(redIn(red().right() - 20), 16);
+}
+
+TEST_F(ParagraphLinesTest, BetweenParagraphsOfAFrameMayBeALine)
+{
+    load("x\\par\\sb480" + QByteArray(frame) +
+         "\\brdrbtw\\brdrs\\brdrw30\\brdrcf1 a\\par b\\par\\pard c\\par");
+    show();
+    EXPECT_EQ(redIn(red().left() + 20), 10);
+}
+
+TEST_F(ParagraphLinesTest, StayOutOfTheTextBelow)
+{
+    load("a" + QByteArray(frame) + "\\par\\pard b\\par");
+    show();
+    EXPECT_EQ(red().bottom() + 1, qRound(text(1).top()) + 4); // a line's letters begin below that
+}
+
+TEST_F(ParagraphLinesTest, GrowWithTheView)
+{
+    load("\\sb480\\brdrb\\brdrs\\brdrw60\\brdrcf1 a\\par\\pard b\\par");
+    show();
+    EXPECT_EQ(redIn(100), 4);
+    for (int i = 0; i < 5; ++i) // to 200 percent
+        QTest::keyClick(&box, Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_EQ(redIn(100), 8);
+}
+
+TEST_F(ParagraphLinesTest, MayBeNone)
+{
+    load("\\brdrt\\brdrnone\\brdrw60\\brdrcf1\\brdrbar\\brdrs\\brdrw60\\brdrcf1 a\\par");
+    show();
+    EXPECT_TRUE(red().isEmpty());
+}
+
+TEST_F(ParagraphLinesTest, AreOnPaperOnEachPageOfTheirParagraph)
+{
+    load("\\sb480" + QByteArray(frame) + QByteArray("word ").repeated(2000) + "\\par\\pard c\\par");
+    ASSERT_GT(print().size(), 1);
+    const QRectF leftEdge(paperMargin - 10, 0, 10, 842);
+    for (int page : {1, 2})
+        EXPECT_GT(dots(leftEdge, Qt::red, page), 1000) << page;
+}
