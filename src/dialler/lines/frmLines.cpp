@@ -1,9 +1,9 @@
 #include "frmLines.h"
 
+#include "Ask.h"
 #include "EventGate.h"
 #include "MobilePage.h"
 #include "Named.h"
-#include "Prompts.h"
 #include "SerialPage.h"
 #include "ShownText.h"
 #include "SipPage.h"
@@ -201,7 +201,7 @@ bool frmLines::areFieldsRight()
     for (int row = 0; row < m_lines.size(); ++row) {
         lstLines->setCurrentRow(row);
         if (const QString fault = page().fault(); !fault.isEmpty()) {
-            MsgBox(fault, MsgBoxStyle::Exclamation, Caption());
+            Ask(fault, MsgBoxStyle::Exclamation, Caption());
             return false;
         }
     }

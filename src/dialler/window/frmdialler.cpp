@@ -226,7 +226,6 @@ void frmdialler::cmdDial_Click()
             QStringLiteral("Need a number to dial.."));
         return;
     }
-    m_number = txtPhoneNumber->text();
     setDialEnabled(false);
     log(QStringLiteral("Opening line: #%1").arg(tapiline->CurrentLineID()));
     if (!tapiline->OpenLine(noPrivilege, interactiveVoice)) {
@@ -235,6 +234,7 @@ void frmdialler::cmdDial_Click()
         setDialEnabled(true);
         return;
     }
+    m_number = txtPhoneNumber->text();
     log(QStringLiteral("Preparing to dial: ") + m_number);
     if (tapiline->MakeCallAsynch(m_number))
         return;
@@ -265,44 +265,50 @@ void frmdialler::cmdHangUp_Click()
 void frmdialler::tapiline_MakeCallResult(qint32 ErrorCode)
 {
     if (ErrorCode == 0) {
-        log(QStringLiteral("Dialing: ") + m_number);
+        logEvent(QStringLiteral("Dialing: ") + m_number);
         return;
     }
     // Intended: dialling stays disabled until a line is chosen.
-    log(QStringLiteral("Could not dial: ") + m_number);
-    log(QStringLiteral("Dial Error: ") + tapiline->ErrorString(ErrorCode));
+    logEvent(QStringLiteral("Could not dial: ") + m_number);
+    logEvent(QStringLiteral("Dial Error: ") + tapiline->ErrorString(ErrorCode));
 }
 
 void frmdialler::tapiline_Connected()
 {
     setHangUpEnabled(true);
-    log(QStringLiteral("Connected"));
+    logEvent(QStringLiteral("Connected"));
 }
 
 void frmdialler::tapiline_Disconnected()
 {
     setHangUpEnabled(false);
-    log(QStringLiteral("Disconnected"));
+    logEvent(QStringLiteral("Disconnected"));
 }
 
 void frmdialler::tapiline_Idle()
 {
     setHangUpEnabled(false);
     setDialEnabled(true);
-    log(QStringLiteral("Idle"));
+    logEvent(QStringLiteral("Idle"));
 }
 
 void frmdialler::tapiline_DropCallResult(qint32 ErrorCode)
 {
     if (ErrorCode == 0)
-        log(QStringLiteral("Call Dropped: ") + m_number);
+        logEvent(QStringLiteral("Call Dropped: ") + m_number);
     else
-        log(QStringLiteral("Call Drop Error: ") + tapiline->ErrorString(ErrorCode));
+        logEvent(QStringLiteral("Call Drop Error: ") + tapiline->ErrorString(ErrorCode));
 }
 
 void frmdialler::log(const QString &row)
 {
     lstCallProgress->AddItem(row);
+}
+
+/// Intended: events alone scroll the log to their row.
+void frmdialler::logEvent(const QString &row)
+{
+    log(row);
     lstCallProgress->setListIndex(lstCallProgress->ListCount() - 1);
 }
 

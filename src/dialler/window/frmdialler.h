@@ -64,6 +64,7 @@ private:
     void checkLine();
     void press(const QString &sign);
     void log(const QString &row);
+    void logEvent(const QString &row);
     void announce(const QString &row);
     void setDialEnabled(bool enabled);
     void setHangUpEnabled(bool enabled);

@@ -47,7 +47,7 @@ constexpr ToolMenuRow menuRows[] = {
 };
 
 /// On the keys of a telephone.
-constexpr const char *letters[] = {"+", "", "ABC", "DEF", "GHI", "JKL", "MNO", "PQRS", "TUV", "WXYZ"};
+constexpr const char *letters[] = {"", "", "ABC", "DEF", "GHI", "JKL", "MNO", "PQRS", "TUV", "WXYZ"};
 
 struct SpecialKey
 {

@@ -10,6 +10,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStandardPaths>
+#include <algorithm>
 #include <array>
 #include <iterator>
 
@@ -39,21 +40,18 @@ constexpr TextField textFields[] = {
     {"initialisation", &LineSettings::initialisation},
 };
 
-/// The value whose name is \a value; \a fallback for any other.
-template<class Enum, std::size_t Count>
-Enum fromName(const char *const (&names)[Count], const QJsonValue &value, Enum fallback)
-{
-    for (std::size_t i = 0; i < Count; ++i) {
-        if (value.toString() == QLatin1String(names[i]))
-            return Enum(int(i));
-    }
-    return fallback;
-}
-
 template<class Enum, std::size_t Count>
 QString toName(const char *const (&names)[Count], Enum value)
 {
     return QString::fromLatin1(names[int(value)]);
+}
+
+/// The value whose name is \a name: \a usual where there is no name, \a unknown for one that is not known.
+template<class Enum, std::size_t Count>
+Enum fromName(const char *const (&names)[Count], const QJsonValue &name, Enum usual, Enum unknown)
+{
+    const auto found = std::find(std::cbegin(names), std::cend(names), name.toString(toName(names, usual)));
+    return found == std::cend(names) ? unknown : Enum(int(found - std::cbegin(names)));
 }
 
 LineSettings lineFrom(const QJsonObject &object)
@@ -61,11 +59,13 @@ LineSettings lineFrom(const QJsonObject &object)
     LineSettings line;
     for (const TextField &field : textFields)
         line.*field.member = object[QLatin1String(field.key)].toString(line.*field.member);
-    line.kind = fromName(kinds, object[QStringLiteral("kind")], line.kind);
-    line.transport = fromName(transports, object[QStringLiteral("transport")], line.transport);
-    line.soundEncryption =
-        fromName(soundEncryptions, object[QStringLiteral("soundEncryption")], line.soundEncryption);
-    line.mode = fromName(modes, object[QStringLiteral("mode")], line.mode);
+    line.kind = fromName(kinds, object[QStringLiteral("kind")], line.kind, line.kind);
+    // What is not understood is never less encrypted than the user has asked for.
+    line.transport = fromName(transports, object[QStringLiteral("transport")], line.transport,
+                              LineSettings::Transport::Tls);
+    line.soundEncryption = fromName(soundEncryptions, object[QStringLiteral("soundEncryption")],
+                                    line.soundEncryption, LineSettings::SoundEncryption::Required);
+    line.mode = fromName(modes, object[QStringLiteral("mode")], line.mode, line.mode);
     line.registers = object[QStringLiteral("registers")].toBool(line.registers);
     line.dialsByPulses = object[QStringLiteral("pulses")].toBool(line.dialsByPulses);
     line.speed = object[QStringLiteral("speed")].toInt(line.speed);
@@ -96,9 +96,12 @@ QByteArray bytesOf(const QString &path)
     }
 }
 
+/// Throws RuntimeError where \a path cannot be read: what is in it would be lost.
 void keepDamaged(const QString &path)
 {
-    const QByteArray before = bytesOf(path);
+    if (!QFileInfo::exists(path))
+        return;
+    const QByteArray before = Files::read(path);
     if (!before.isEmpty() && !QJsonDocument::fromJson(before).isObject())
         Files::writePrivate(path + QStringLiteral(".damaged"), before);
 }

@@ -11,11 +11,12 @@ struct TelephoneSettings
     QList<LineSettings> lines;
     QString outsidePrefix; ///< dialled in front of each number that is no international one
 
-    /// Nothing where the file is missing or cannot be understood.
+    /// Nothing where the file is missing or cannot be read or understood.
     static TelephoneSettings read();
 
-    /// Throws RuntimeError 61, 70 or another file error; the file is then unchanged. A file that could not be
-    /// understood is kept beside the new one with ".damaged" behind its name.
+    /// Throws RuntimeError 61, 70 or another file error, also where the file that is there cannot be read; it
+    /// is then unchanged. One that could not be understood is kept beside the new one with ".damaged" behind
+    /// its name.
     void write() const;
 
     static QString fileName();

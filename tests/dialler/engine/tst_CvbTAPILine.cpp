@@ -63,7 +63,7 @@ TEST_F(CvbTAPILineTest, CreateAgreesWithEachLineUponAVersion)
     EXPECT_EQ(line->LowAPI(), 0x10003u);
     EXPECT_EQ(line->HiAPI(), 0x30000u);
     ASSERT_TRUE(line->Create());
-    EXPECT_EQ(operations(), QStringLiteral("initialize QuillOfficeToolsv2, negotiate 0 10003 20000, "
+    EXPECT_EQ(operations(), QStringLiteral("initialize QuillOfficeToolsv2 30000, negotiate 0 10003 20000, "
                                            "negotiate 1 10003 20000, caps 0 20000 2301"));
     EXPECT_EQ(line->HiAPI(), 0x20000u);
     EXPECT_EQ(line->numLines(), 2);
@@ -182,6 +182,15 @@ TEST_F(CvbTAPILineTest, ARefusedCallKeepsItsCode)
     EXPECT_FALSE(line->MakeCallAsynch(QStringLiteral("x")));
     EXPECT_EQ(line->LastError(), LineError::InvalidAddress);
     EXPECT_FALSE(line->DropCallAsynch()); // there is no call
+    EXPECT_EQ(line->LastError(), 0);
+}
+
+TEST_F(CvbTAPILineTest, ARequestWithoutANumberIsRefused)
+{
+    ASSERT_TRUE(line->Create());
+    ASSERT_TRUE(line->OpenLine(1, 4));
+    service.making = 0;
+    EXPECT_FALSE(line->MakeCallAsynch(QStringLiteral("x")));
     EXPECT_EQ(line->LastError(), 0);
 }
 

@@ -159,9 +159,9 @@ TEST_F(DiallerLoadTest, AgreesUponAVersionAndListsTheLines)
 {
     window.open("Setup");
     EXPECT_EQ(window.pauses, QList<int>{1000});
-    EXPECT_EQ(
-        window.service.operations.mid(0, 3).join(u'|'),
-        QStringLiteral("initialize QuillOfficeToolsv2|negotiate 0 10003 20000|negotiate 1 10003 20000"));
+    EXPECT_EQ(window.service.operations.mid(0, 3).join(u'|'),
+              QStringLiteral(
+                  "initialize QuillOfficeToolsv2 30000|negotiate 0 10003 20000|negotiate 1 10003 20000"));
     EXPECT_EQ(window.lineRows().join(u'|'), QStringLiteral("0: first|1: second"));
     EXPECT_EQ(window.control<QComboBox>("cboLineSel").currentIndex(), 0);
     EXPECT_EQ(window.report().constFirst(), QStringLiteral("TAPI LINE: #0"));
@@ -193,7 +193,6 @@ TEST_F(DiallerLoadTest, IsPaintedBeforeItWaits)
 TEST_F(DiallerLoadTest, TriesAnOlderVersionWhereTheNewerFails)
 {
     window.service.initialisation = LineError::NoDriver;
-    PaintCounter counter(window);
     window.duringPause = [&] {
         if (window.pauses.size() == 3)
             window.service.initialisation = 0;
@@ -203,6 +202,8 @@ TEST_F(DiallerLoadTest, TriesAnOlderVersionWhereTheNewerFails)
     };
     window.open("Setup");
     EXPECT_EQ(window.pauses, (QList<int>{1000, 500, 1000}));
+    EXPECT_EQ(window.service.operations.mid(0, 2).join(u'|'),
+              QStringLiteral("initialize QuillOfficeToolsv2 30000|initialize QuillOfficeToolsv2 10004"));
     EXPECT_EQ(window.lineRows().size(), 2);
     EXPECT_EQ(window.report().constFirst(), QStringLiteral("TAPI LINE: #0"));
 }

@@ -120,6 +120,28 @@ TEST_F(DiallerCallTest, TheLogFollowsItsEnd)
     }));
 }
 
+/// What the user does adds rows; what the line reports selects its own.
+TEST_F(DiallerCallTest, EachEventSelectsItsRow)
+{
+    const auto &list = window.control<ListBox>("lstCallProgress");
+    const auto selected = [&] { return list.ListIndex(); };
+    dial();
+    EXPECT_EQ(selected(), -1);
+    window.reply(DiallerWindow::makeRequest);
+    EXPECT_EQ(selected(), 2);
+    window.state(LineMessage::Connected);
+    EXPECT_EQ(selected(), 3);
+    window.press("cmdHangUp");
+    EXPECT_EQ(selected(), 3);
+    window.reply(DiallerWindow::dropRequest);
+    EXPECT_EQ(selected(), 5);
+    window.service.dropping = LineError::InvalidCallState; // a second drop is none
+    window.state(LineMessage::Disconnected);
+    EXPECT_EQ(selected(), 6);
+    window.state(LineMessage::Idle);
+    EXPECT_EQ(selected(), 7);
+}
+
 TEST_F(DiallerCallTest, NeedsANumber)
 {
     window.type({});
@@ -195,6 +217,7 @@ TEST_F(DiallerCallTest, ADropThatFailsLaterIsLogged)
     window.reply(DiallerWindow::dropRequest, quint32(LineError::OperationFailed));
     EXPECT_EQ(window.log().mid(4).join(u'|'),
               QStringLiteral("Requesting drop call...|Call Drop Error: Operation Failed"));
+    EXPECT_EQ(window.control<ListBox>("lstCallProgress").ListIndex(), 5);
 }
 
 TEST_F(DiallerCallTest, ADropThatFailsAtOnceIsReported)

@@ -1,4 +1,5 @@
 #include "DiallerWindow.h"
+#include "Globals.h"
 #include "LineError.h"
 #include "ListBox.h"
 #include "PrintQt.h"
@@ -67,7 +68,9 @@ TEST_F(DiallerLinesTest, ALineWithoutVoiceIsRefused)
     takeVoiceFrom(1);
     window.open("Setup");
     expectNoVoice();
+    lastAnswer.clear();
     window.chooseLine(1);
+    EXPECT_EQ(lastAnswer, QStringLiteral("1"));
     EXPECT_FALSE(window.canDial());
     window.chooseLine(0);
     EXPECT_TRUE(window.canDial());
@@ -93,6 +96,35 @@ TEST_F(DiallerLinesTest, ALineMayFailBothChecks)
 }
 
 /// Also the one that is chosen already.
+/// Both are needed: the media and what bears them.
+TEST_F(DiallerLinesTest, ALineThatBearsNoVoiceIsRefused)
+{
+    window.service.lines[1].capabilities.dwBearerModes = LineDevCaps::BearerData;
+    window.open("Setup");
+    expectNoVoice();
+    window.chooseLine(1);
+    EXPECT_FALSE(window.canDial());
+}
+
+/// The line is in use then; the call goes on and keeps its number.
+TEST_F(DiallerLinesTest, ASecondCallIsRefused)
+{
+    window.open("Setup");
+    window.press("cmdDial");
+    window.reply(DiallerWindow::makeRequest);
+    window.state(LineMessage::Connected);
+    window.chooseLine(0);
+    EXPECT_TRUE(window.canDial());
+    window.type(QStringLiteral("99"));
+    window.frame.dialogs.expectBox(applicationTitle, QStringLiteral("TAPI ERROR \nUnknown Error"));
+    window.press("cmdDial");
+    EXPECT_TRUE(window.canDial());
+    EXPECT_TRUE(window.canHangUp());
+    window.press("cmdHangUp");
+    window.reply(DiallerWindow::dropRequest);
+    EXPECT_EQ(window.log().constLast(), QStringLiteral("Call Dropped: 1234567"));
+}
+
 TEST_F(DiallerLinesTest, ChoosingALineEnablesDiallingAfterARefusedCall)
 {
     window.open("Setup");

@@ -1,5 +1,6 @@
 #include "TelephoneSettings.h"
 
+#include "AsUser.h"
 #include "ErrorNumberOf.h"
 #include "Files.h"
 #include "FullDisk.h"
@@ -110,11 +111,35 @@ TEST_F(TelephoneSettingsTest, ValuesOfOtherKindsAreTheUsualOnes)
 {
     QDir().mkpath(QFileInfo(TelephoneSettings::fileName()).path());
     Files::write(TelephoneSettings::fileName(),
-                 R"({"lines": [{"kind": 7, "speed": "fast", "transport": "pigeon", "registers": 1}, 5]})");
+                 R"({"lines": [{"kind": 7, "speed": "fast", "transport": 1, "registers": 1}, 5]})");
     const TelephoneSettings read = TelephoneSettings::read();
     ASSERT_EQ(read.lines.size(), 2);
     for (const LineSettings &line : read.lines)
         EXPECT_EQ(text(line), text(LineSettings()));
+}
+
+TEST_F(TelephoneSettingsTest, UnknownNamesAreNeverLessEncrypted)
+{
+    QDir().mkpath(QFileInfo(TelephoneSettings::fileName()).path());
+    Files::write(TelephoneSettings::fileName(),
+                 R"({"lines": [{"transport": "TLS", "soundEncryption": "pigeon"}]})");
+    const LineSettings line = TelephoneSettings::read().lines.value(0);
+    EXPECT_EQ(line.transport, LineSettings::Transport::Tls);
+    EXPECT_EQ(line.soundEncryption, LineSettings::SoundEncryption::Required);
+}
+
+TEST_F(TelephoneSettingsTest, AFileThatCannotBeReadIsNotReplaced)
+{
+    example().write();
+    const QByteArray before = Files::read(TelephoneSettings::fileName());
+    QFile::setPermissions(TelephoneSettings::fileName(), {});
+    {
+        const AsUser user(QFileInfo(TelephoneSettings::fileName()).path());
+        EXPECT_TRUE(TelephoneSettings::read().lines.isEmpty());
+        EXPECT_NE(errorNumberOf([] { TelephoneSettings().write(); }), 0);
+    }
+    QFile::setPermissions(TelephoneSettings::fileName(), QFile::ReadOwner);
+    EXPECT_EQ(Files::read(TelephoneSettings::fileName()), before);
 }
 
 TEST_F(TelephoneSettingsTest, AFailedWriteLeavesTheOldFile)

@@ -46,7 +46,7 @@ void RecordedLineService::reportWithoutInstance(quint32 message, quint32 param1)
 qint32 RecordedLineService::lineInitializeEx(quint32 &application, Callback callback, const QString &name,
                                              quint32 &count, quint32 &version)
 {
-    record("initialize", name);
+    record("initialize", name + u' ' + hex(version));
     if (initialisation != 0)
         return initialisation;
     m_callback = callback;

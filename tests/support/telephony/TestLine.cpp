@@ -42,13 +42,13 @@ bool TestLine::call(const QString &number)
 
 void TestLine::waitFor(const char *event)
 {
-    const auto isLast = [this](const QString &text) {
-        return !m_events.isEmpty() && m_events.constLast().startsWith(text);
-    };
+    const auto last = [this] { return m_events.isEmpty() ? QString() : m_events.constLast(); };
     const QString awaited = QString::fromLatin1(event);
-    const auto isOver = [&] { return isLast(QStringLiteral("idle")) || isLast(QStringLiteral("made:")); };
-    const bool isDecided = QTest::qWaitFor([&] { return isLast(awaited) || isOver(); }, eventPatience);
-    EXPECT_TRUE(isDecided && isLast(awaited)) << "instead of " << event << ": " << qPrintable(events());
+    const auto isOver = [&] {
+        return last() == QStringLiteral("idle") || last().startsWith(QStringLiteral("made:"));
+    };
+    (void)QTest::qWaitFor([&] { return last() == awaited || isOver(); }, eventPatience);
+    EXPECT_EQ(last(), awaited) << qPrintable(events());
 }
 
 QString TestLine::allEvents()

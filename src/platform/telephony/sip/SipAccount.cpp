@@ -32,9 +32,12 @@ bool isPassword(const QString &password)
     return matches(password, QStringLiteral("[\\x20\\x21\\x23-\\x3B\\x3D-\\x7E]{0,128}")); // not " and <
 }
 
+/// With one of the modules for sound: others would make a server of baresip, among other things.
 bool isAudioDevice(const QString &device)
 {
-    return matches(device, QStringLiteral("[a-z0-9_]{1,32},[\\x21-\\x7E]{0,256}"));
+    return matches(device,
+                   QStringLiteral("(alsa|pulse|pipewire|jack|oss|portaudio|sndio|aufile|ausine|nullplay),"
+                                  "[\\x21-\\x7E]{0,256}"));
 }
 
 bool isFileName(const QString &name)
