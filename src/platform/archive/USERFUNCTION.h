@@ -25,6 +25,7 @@ struct USERFUNCTION
     std::function<int(QByteArrayView name)> replace;
     /// Fills the buffer up to a NUL; anything but 0 means that there is no password, and encrypted entries
     /// are skipped. Asked again after a wrong one, three times at most.
+    /// One in 65,536 wrong passwords passes the check of an AES entry, which then counts as damaged.
     std::function<int(std::span<char> buffer)> password;
     /// One entry of a listing.
     std::function<void(const ListedEntry &entry)> message;

@@ -18,14 +18,31 @@ struct AesEntriesTest : testing::Test
     UnzipRun job;
 
     /// Files that hold their names often, without compression.
-    void add(const QByteArrayList &names, const QByteArray &password) const
+    void add(const QByteArrayList &names, const QByteArray &password, const char *method = "AES256") const
     {
         for (const QByteArray &name : names)
             scratch.addFile(name, name.repeated(100));
-        const QByteArrayList options = {"a", "-bd", "-mx=0", "-mem=AES256", "-p" + password, archive};
+        const QByteArrayList options = {"a",    "-bd", "-mx=0", QByteArray("-mem=") + method, "-p" + password,
+                                        archive};
         ASSERT_EQ(Tool::run("7z", options + names, scratch.file("")).code, 0);
     }
     int extract() { return job.extract(archive, target); }
+    /// Extracts, and returns the entry that is reported while the file \a held cannot appear.
+    QByteArray reportedDuring(const QByteArray &held)
+    {
+        QByteArray reported;
+        const FaultyCalls calls;
+        calls.hold(FaultyCalls::RenameToFree, held);
+        job.isCancelled = [&](QByteArrayView name) {
+            if (calls.held() > 0 && reported.isEmpty()) {
+                reported = name.toByteArray();
+                calls.release();
+            }
+            return false;
+        };
+        EXPECT_EQ(extract(), UnzipResult::Success);
+        return reported;
+    }
     QByteArrayList names() const { return FolderContent::filesOf(target).keys(); }
     /// Extracts, and the file \a other appears while \a held cannot.
     void expectBesides(const QByteArray &held, const QByteArray &other)
@@ -93,6 +110,71 @@ TEST_F(AesEntriesTest, WithoutTheirPasswordLeaveTheOneThatIsRightForOthers)
     job.passwords = {"one", "wrong"};
     EXPECT_EQ(extract(), UnzipResult::NoPassword);
     EXPECT_EQ(names(), QByteArrayList({"0", "z"}));
+}
+
+TEST_F(AesEntriesTest, AreReportedByTheirOwnNamesWhenTheyAreTriedAgain)
+{
+    add({"a"}, "one");
+    add({"b", "c"}, "two");
+    job.passwords = {"one", "two"};
+    EXPECT_EQ(reportedDuring("b"), QByteArray("./b"));
+}
+
+/// The entry before which they are tried again is its own, too.
+TEST_F(AesEntriesTest, LeaveTheNextEntryItsName)
+{
+    add({"a"}, "one");
+    add({"b"}, "two");
+    add({"c"}, "two", "ZipCrypto"); // is extracted when all before it are
+    job.passwords = {"one", "two"};
+    EXPECT_EQ(reportedDuring("c"), QByteArray("./c"));
+}
+
+TEST_F(AesEntriesTest, WithoutTheirPasswordLeaveTheFilesThatExist)
+{
+    add({"a"}, "one");
+    add({"b"}, "two");
+    std::filesystem::create_directory(target.constData());
+    scratch.addFile("target/b", "old");
+    job.passwords = {"one", "wrong"};
+    job.options.noflag = 1;
+    EXPECT_EQ(extract(), UnzipResult::NoPassword);
+    EXPECT_EQ(names(), QByteArrayList({"a", "b"}));
+    EXPECT_EQ(FolderContent::filesOf(target).value("b"), QByteArray("old"));
+}
+
+TEST_F(AesEntriesTest, MayBeCancelledWhileTheyAreRefused)
+{
+    add({"a"}, "one");
+    add({"b", "c", "d"}, "two");
+    job.passwords = {"one", "wrong"};
+    job.isCancelled = [&](QByteArrayView) { return job.passwordRequests > 1; };
+    EXPECT_EQ(extract(), UnzipResult::Cancelled);
+    EXPECT_EQ(names(), QByteArrayList({"a"}));
+    EXPECT_FALSE(job.messages.contains("error:  d: no password, or a wrong one"));
+}
+
+/// Three entries, or one of them three times.
+TEST_F(AesEntriesTest, AnEmptyPasswordIsNone)
+{
+    add({"a", "b", "c", "d"}, "one");
+    job.passwords = {"", "", ""};
+    EXPECT_EQ(extract(), UnzipResult::NoPassword);
+    EXPECT_EQ(job.passwordRequests, 3);
+    EXPECT_TRUE(names().isEmpty());
+}
+
+/// What was to be read by the threads has no password any more.
+TEST_F(AesEntriesTest, AreNotReadWithoutAPassword)
+{
+    QByteArrayList others;
+    for (int i = 100; i < 170; ++i)
+        others.append(QByteArray::number(i));
+    add({"0"}, "one");
+    add(others, "two");
+    job.passwords = {"one", ""};
+    EXPECT_EQ(extract(), UnzipResult::NoPassword);
+    EXPECT_EQ(names(), QByteArrayList({"0"}));
 }
 
 /// By both threads again, however many there are.

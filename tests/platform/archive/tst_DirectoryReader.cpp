@@ -116,6 +116,7 @@ TEST_F(DirectoryReaderTest, KnowsFolders)
     } rows[] = {
         {"a/", unixSystem, 0100644u << 16, true, true},
         {"a", unixSystem, 040755u << 16, true, true},
+        {"a", unixSystem, 040755u << 16, false, false},
         {"a", unixSystem, 0100644u << 16, true, false},
         {"a", unixSystem, ArchiveEntry::Folder, true, false},
         {"a\\", unixSystem, 0100644u << 16, true, false},

@@ -207,6 +207,27 @@ TEST_F(UnzipLibraryTest, FindsTheLongNamesThatItLists)
     EXPECT_EQ(files().keys(), QByteArrayList{folder + QByteArray(150, 'n')});
 }
 
+TEST_F(UnzipLibraryTest, ANameThatIsCutBehindASlashIsNoFolders)
+{
+    const QByteArray name = QByteArray(254, 'f') + "/n";
+    make({extracted(name, "1"), extracted("other", "2")});
+    job.list(archive);
+    EXPECT_EQ(job.entries.at(0).fname, QByteArray(254, 'f'));
+    job.included = {job.entries.at(0).fname};
+    EXPECT_EQ(extract(), UnzipResult::Success);
+    EXPECT_EQ(files().keys(), QByteArrayList{name});
+}
+
+/// Whatever its mode says.
+TEST_F(UnzipLibraryTest, DataMakesAFile)
+{
+    MadeEntry entry = extracted("a", "data");
+    entry.attributes = 040755u << 16;
+    make({entry});
+    EXPECT_EQ(extract(), UnzipResult::Success);
+    EXPECT_EQ(files().value("a"), QByteArray("data"));
+}
+
 TEST_F(UnzipLibraryTest, PutsAllFilesIntoOneFolder)
 {
     make({extracted("a/b/", {}), extracted("a/b/c", "1"), extracted("d", "2")});

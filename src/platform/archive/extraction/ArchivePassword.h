@@ -21,8 +21,9 @@ public:
     /// Empty when none is.
     const QByteArray &known() const { return m_password; }
 
-    /// The one known is wrong for some entry. Asks for another one, and returns false when none can be had:
-    /// after three requests, or when one had no answer, the user is not asked again.
+    /// The one known is wrong for some entry. Asks for another one, and returns false when none can be had.
+    /// The user is not asked again after three requests, or when one was refused; an empty answer is none for
+    /// this entry.
     bool replace() { return ask(); }
 
     /// Takes back what replace() has put in the place of \a password, which is right for other entries.

@@ -224,10 +224,6 @@ void UnzipJob::addToPool(ExtractionTask task)
         finishOne();
     if (!m_refused.empty())
         finishAll(); // before more tasks take that password
-    if (!isForPool(task)) {
-        extractAlone(std::move(task));
-        return;
-    }
     if (task.entry->isEncrypted())
         task.password = m_password.known();
     m_atWork.insert(task.path);
@@ -438,8 +434,12 @@ void UnzipJob::finishAll()
 {
     while (!m_pool->isEmpty())
         finishOne();
-    for (const ExtractionTask &task : std::exchange(m_refused, {}))
+    const QByteArray current = m_current;
+    for (const ExtractionTask &task : std::exchange(m_refused, {})) {
+        beginWith(*task.entry);
         guarded(task.path, [&] { extractEncrypted(task); });
+    }
+    m_current = current;
 }
 
 /// The folders that the job has made, by their paths, and their entries, which may be further on than it

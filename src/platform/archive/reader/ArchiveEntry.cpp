@@ -21,7 +21,8 @@ bool ArchiveEntry::isFolder() const
 {
     if (name.endsWith('/') || (!isUnixMade() && name.endsWith('\\')))
         return true;
-    return isUnixMade() ? S_ISDIR(attributes >> 16) : size == 0 && (attributes & Folder);
+    const bool isMarked = isUnixMade() ? S_ISDIR(attributes >> 16) : (attributes & Folder) != 0;
+    return isMarked && size == 0; // data would be lost in a folder
 }
 
 bool ArchiveEntry::hasKnownEncryption() const

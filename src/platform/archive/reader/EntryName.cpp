@@ -67,9 +67,13 @@ QByteArray EntryName::decode(const QByteArray &stored, const ExtraFields &fields
     return fromCodePage437(stored);
 }
 
+/// A file whose name is cut behind a slash is no folder.
 QByteArray EntryName::shown(const QByteArray &name)
 {
-    return cut(name, mostShown);
+    QByteArray shown = cut(name, mostShown);
+    while (shown.size() < name.size() && (shown.endsWith('/') || shown.endsWith('\\')))
+        shown.chop(1);
+    return shown;
 }
 
 QByteArray EntryName::shownFolder(const QByteArray &name)
