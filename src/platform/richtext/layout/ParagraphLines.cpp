@@ -17,7 +17,7 @@ struct Line
     QString style;  ///< as files name it; empty where there is none
     int width = 15; ///< twips
     int space = 0;  ///< twips between it and the text
-    QColor color = Qt::black;
+    QColor color;   ///< invalid for that of the text
 };
 
 struct Lines
@@ -116,6 +116,7 @@ class Pen
 public:
     Pen(double dpi, QPainter &painter)
         : m_painter(painter)
+        , m_textColor(painter.pen().color())
         , m_dpi(dpi)
     {}
     double dots(int twips) const { return twips * m_dpi / Twips::perInch; }
@@ -134,7 +135,8 @@ public:
     {
         if (line.style.isEmpty())
             return;
-        QPen pen(line.color, width(line), penStyle(line.style), Qt::FlatCap);
+        QPen pen(line.color.isValid() ? line.color : m_textColor, width(line), penStyle(line.style),
+                 Qt::FlatCap);
         m_painter.setPen(pen);
         m_painter.drawLine(place);
         if (line.style == QLatin1String("brdrdb"))
@@ -143,6 +145,7 @@ public:
 
 private:
     QPainter &m_painter;
+    QColor m_textColor;
     double m_dpi;
 };
 
@@ -226,6 +229,9 @@ bool ParagraphLines::has(const QTextBlock &paragraph)
 void ParagraphLines::paint(const QTextBlock &paragraph, double dpi, QPainter &painter)
 {
     const QList<QRectF> text = textLines(paragraph);
-    if (!text.isEmpty())
-        Frame(paragraph, text, Pen(dpi, painter)).paint();
+    if (text.isEmpty())
+        return;
+    painter.save();
+    Frame(paragraph, text, Pen(dpi, painter)).paint();
+    painter.restore();
 }

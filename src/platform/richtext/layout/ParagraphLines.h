@@ -10,7 +10,8 @@ namespace ParagraphLines {
 /// Whether \a paragraph has any.
 bool has(const QTextBlock &paragraph);
 
-/// Paints those of \a paragraph where its document's layout has it, with \a dpi dots to the inch.
+/// Paints those of \a paragraph where its document's layout has it, with \a dpi dots to the inch, and with
+/// the painter's colour where a line has none of its own.
 void paint(const QTextBlock &paragraph, double dpi, QPainter &painter);
 
 } // namespace ParagraphLines

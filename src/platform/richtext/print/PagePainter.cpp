@@ -82,6 +82,7 @@ void PagePainter::paintLines(int number, QPainter &painter) const
     painter.save();
     painter.translate(0, -area(number).top());
     painter.setClipRect(area(number));
+    painter.setPen(Qt::black);
     for (const QTextBlock &paragraph : m_lined.values(number))
         ParagraphLines::paint(paragraph, dpi, painter);
     painter.restore();

@@ -66,6 +66,16 @@ TEST_F(ParagraphLinesTest, OfOneKindAreOneFrame)
     EXPECT_EQ(redIn(red().right() - 20), 16);
 }
 
+TEST_F(ParagraphLinesTest, WithoutAColourTheyHaveThatOfTheText)
+{
+    QPalette palette = box.palette();
+    palette.setColor(QPalette::Text, Qt::red);
+    box.setPalette(palette);
+    load("x\\par\\sb480" + QByteArray(frame).replace("\\brdrcf1", {}) + "\\cf0 \\par\\pard");
+    show();
+    EXPECT_GT(red().width(), box.viewport()->width() / 2);
+}
+
 TEST_F(ParagraphLinesTest, BetweenParagraphsOfAFrameMayBeALine)
 {
     load("x\\par\\sb480" + QByteArray(frame) +
