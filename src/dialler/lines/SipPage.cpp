@@ -118,7 +118,8 @@ QString SipPage::fault() const
         return {};
     return QStringLiteral(
         "The account cannot be used. Server and user name are needed, as one word each, the password "
-        "may not have a \" or <, and a sound device is written like \"alsa,default\".");
+        "may not have a \" or <, a certificate is a file whose path has no blank, and a sound device is "
+        "written like \"alsa,default\".");
 }
 
 /// Only an encrypted connection has a certificate, and keys for the sound that nobody else reads.

@@ -170,7 +170,9 @@ TEST_F(DiallerDialogsTest, ShowsTheLineThatIsNotComplete)
         .expectBox(QStringLiteral("Telephone Lines"),
                    QStringLiteral(
                        "The account cannot be used. Server and user name are needed, as one word each, the "
-                       "password may not have a \" or <, and a sound device is written like "
+                       "password may not have a \" or <, a certificate is a file whose path has no blank, "
+                       "and a sound "
+                       "device is written like "
                        "\"alsa,default\"."))
         .press(QMessageBox::Ok);
     EXPECT_EQ(dialogs.editLines(nullptr, 0), 0);

@@ -12,6 +12,7 @@
 #include <sys/file.h>
 #include <sys/ioctl.h>
 #include <termios.h>
+#include <utility>
 
 namespace {
 
@@ -44,6 +45,20 @@ void flushAndClose(Descriptor &port)
     ::ioctl(port.get(), TIOCNXCL); // somebody else may have had it open before
     port.close();
 }
+
+/// Ends with the application at the latest, so that its end does not wait for the modem either.
+class ClosingPort : public QTimer
+{
+public:
+    explicit ClosingPort(Descriptor port)
+        : QTimer(QCoreApplication::instance())
+        , m_port(std::move(port))
+    {}
+    ~ClosingPort() override { flushAndClose(m_port); }
+
+private:
+    Descriptor m_port;
+};
 
 } // namespace
 
@@ -143,11 +158,7 @@ void SerialPort::closeSoon()
     if (!isOpen())
         return;
     dropNotifier();
-    auto *closing = new QTimer(QCoreApplication::instance());
-    closing->setSingleShot(true);
-    on(closing, &QTimer::timeout, closing, [closing, port = std::make_shared<Descriptor>(std::move(m_port))] {
-        flushAndClose(*port);
-        closing->deleteLater();
-    });
+    auto *closing = new ClosingPort(std::move(m_port));
+    on(closing, &QTimer::timeout, closing, &QObject::deleteLater);
     closing->start(lastBytesTime);
 }
