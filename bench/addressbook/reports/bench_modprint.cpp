@@ -96,6 +96,7 @@ void measureSteps()
         for (int i = 0; i < contacts / 2; ++i)
             window.print();
     });
+    window.finishPrinting();
 }
 
 } // namespace

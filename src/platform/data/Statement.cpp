@@ -25,22 +25,26 @@ Statement::Statement(sqlite3 *database, const QString &text, const std::shared_p
     , m_text(text)
     , m_idle(idle)
 {
+    const auto number = m_idle ? StatementText::lastNumber(text) : std::nullopt;
+    m_preparedText = number ? number->text : text;
     if (m_idle)
-        m_prepared = m_idle->take(text);
+        m_prepared = m_idle->take(m_preparedText);
     if (!m_prepared)
         prepare();
+    if (number)
+        bind(1, number->value);
 }
 
 Statement::~Statement()
 {
     if (m_idle)
-        m_idle->keep(m_text, std::move(m_prepared));
+        m_idle->keep(m_preparedText, std::move(m_prepared));
 }
 
 void Statement::prepare()
 {
     StatementText::check(m_text);
-    const QByteArray bytes = m_text.toUtf8();
+    const QByteArray bytes = m_preparedText.toUtf8();
     const char *rest = nullptr;
     sqlite3_stmt *statement = nullptr;
     if (::sqlite3_prepare_v2(m_database, bytes.constData(), -1, &statement, &rest) != SQLITE_OK)

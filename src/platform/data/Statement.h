@@ -20,7 +20,8 @@ class Statement
 public:
     enum class Type { Null, Integer, Real, Text };
 
-    /// Takes the statement out of \a idle where one has \a text, and puts it there at the end.
+    /// Takes the statement out of \a idle where one has \a text, but for a last number in it, and puts it
+    /// there at the end.
     Statement(sqlite3 *database, const QString &text, const std::shared_ptr<IdleStatements> &idle = {});
     ~Statement();
     Statement(const Statement &) = delete;
@@ -56,6 +57,7 @@ private:
 
     sqlite3 *m_database;
     QString m_text;
+    QString m_preparedText;                 ///< a last number of the text is a parameter in it
     std::shared_ptr<IdleStatements> m_idle; ///< null for a statement that is not kept
     std::unique_ptr<PreparedStatement> m_prepared;
 };

@@ -2,6 +2,8 @@
 
 #include "DataError.h"
 
+#include <algorithm>
+
 namespace {
 
 /// The sign that ends what \a sign begins; 0 where it begins nothing.
@@ -36,6 +38,26 @@ bool hasComment(const QString &statement)
     return false;
 }
 
+bool isDigit(QChar sign)
+{
+    return sign >= u'0' && sign <= u'9';
+}
+
+/// Whether \a statement is a query without a text or parameter in it.
+bool isPlainQuery(const QString &statement)
+{
+    return statement.startsWith(u"select ", Qt::CaseInsensitive) &&
+           std::none_of(statement.begin(), statement.end(),
+                        [](QChar sign) { return sign == u'?' || closingQuote(sign) != 0; });
+}
+
+/// Whether the condition that begins at the last "where" belongs to the whole query: within brackets, a
+/// column might be named after it.
+bool isOfWholeQuery(QStringView condition)
+{
+    return condition.count(u'(') == condition.count(u')');
+}
+
 } // namespace
 
 void StatementText::check(const QString &statement)
@@ -48,4 +70,24 @@ void StatementText::check(const QString &statement)
     if (hasComment(statement))
         throw RuntimeError(DataError::RejectedStatement, QStringLiteral("comment in the statement"),
                            statement);
+}
+
+std::optional<StatementText::LastNumber> StatementText::lastNumber(const QString &statement)
+{
+    const qsizetype condition = statement.lastIndexOf(u" where ", -1, Qt::CaseInsensitive);
+    if (condition < 0 || !isPlainQuery(statement) ||
+        !isOfWholeQuery(QStringView(statement).sliced(condition)))
+        return {};
+    qsizetype end = statement.size();
+    while (statement[end - 1] == u')')
+        --end;
+    qsizetype begin = end;
+    while (isDigit(statement[begin - 1]))
+        --begin;
+    const QStringView digits = QStringView(statement).sliced(begin, end - begin);
+    bool isNumber = false;
+    const qint64 value = digits.toLongLong(&isNumber);
+    if (!isNumber || statement[begin - 1] != u'=')
+        return {};
+    return LastNumber{value, QString(statement).replace(begin, digits.size(), QStringLiteral("?"))};
 }

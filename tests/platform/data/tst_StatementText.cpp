@@ -2,6 +2,7 @@
 #include "HostileNames.h"
 #include "RowName.h"
 #include "ScratchDatabase.h"
+#include "StatementText.h"
 
 #include <QFile>
 
@@ -122,3 +123,52 @@ TEST_P(HostileNameInStatementTest, IsStoredAsItIs)
 
 INSTANTIATE_TEST_SUITE_P(Names, HostileNameInStatementTest, testing::ValuesIn(HostileNames::texts()),
                          HostileNames::what<testing::TestParamInfo<HostileName>>);
+
+TEST(LastNumber, IsAParameterOfAQuery)
+{
+    const auto plain = StatementText::lastNumber(QStringLiteral("Select * from Home where srno=47"));
+    ASSERT_TRUE(plain);
+    EXPECT_EQ(plain->value, 47);
+    EXPECT_EQ(plain->text, QStringLiteral("Select * from Home where srno=?"));
+    const auto inBrackets =
+        StatementText::lastNumber(QStringLiteral("select a from t WHERE a=1 and (((t.b)=9007199254740993))"));
+    ASSERT_TRUE(inBrackets);
+    EXPECT_EQ(inBrackets->value, 9007199254740993);
+    EXPECT_EQ(inBrackets->text, QStringLiteral("select a from t WHERE a=1 and (((t.b)=?))"));
+}
+
+struct WithoutLastNumberTest : testing::TestWithParam<const char *>
+{};
+
+TEST_P(WithoutLastNumberTest, StaysAsItIs)
+{
+    EXPECT_FALSE(StatementText::lastNumber(QString::fromUtf8(GetParam())));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Statements, WithoutLastNumberTest,
+    testing::Values("", "select * from t", "select 5", "select a=5", "delete from t where a=5",
+                    "select a from t where b='x' and a=5", "select a from t where b=? and a=5",
+                    "select a from t where a=", "select a from t where a=b5", "select a from t where a=-5",
+                    "select a from t where a<5", "select a from t where a=0x5",
+                    "select a from t where a=9999999999999999999", "select a from t where a=5 order by a",
+                    "select (select a from t where a=5)", "select a from t where "));
+
+TEST_F(StatementTextTest, QueriesThatDifferInTheirLastNumberFindTheirOwnRows)
+{
+    execute("insert into T values(2, 'Rome')");
+    EXPECT_EQ(column("select name from T where id=1"), QStringList(QStringLiteral("Paris")));
+    EXPECT_EQ(column("select name from T where id=2"), QStringList(QStringLiteral("Rome")));
+    EXPECT_EQ(column("select name from T where id=3"), QStringList());
+    EXPECT_EQ(column("select name from T where ((id)=1)"), QStringList(QStringLiteral("Paris")));
+}
+
+TEST_F(StatementTextTest, AnErrorTellsTheNumberAsItWasGiven)
+{
+    try {
+        column("select none from T where id=47");
+        FAIL();
+    } catch (const RuntimeError &error) {
+        EXPECT_TRUE(error.source().contains(QStringLiteral("id=47")));
+    }
+}
