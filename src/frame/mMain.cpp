@@ -49,7 +49,7 @@ void AutoDial(const QString &PhoneNumber)
 {
     diallerMode = QStringLiteral("Use");
     Form &dialler = Forms::refer(QStringLiteral("frmdialler"));
-    dialler.load(); // which shows it
+    dialler.showModeless(); // its load shows it; one that is open comes to the front
     dialler.setCaption(QStringLiteral("Quill-Dialler - AutoDial a Number"));
     dialler.member<QLineEdit>(QStringLiteral("txtPhoneNumber")).setText(PhoneNumber);
 }

@@ -19,6 +19,6 @@ void TileChildrenVertical();
 void ArrangeChildIcons();
 
 /// Opens the dialler with \a PhoneNumber in its field, and dials nothing: the user does that. A dialler that
-/// is open already gets the number as it is, in its mode and its place among the windows. What its load
-/// throws reaches the caller.
+/// is open already gets the number as it is, in its mode, and comes to the front. What its load throws
+/// reaches the caller.
 void AutoDial(const QString &PhoneNumber);

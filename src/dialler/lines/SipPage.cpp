@@ -61,7 +61,10 @@ SipPage::SipPage()
     rows->addRow(QStringLiteral("&User name:"), txtUser);
     rows->addRow(QStringLiteral("&Password:"), txtPassword);
     rows->addRow(QStringLiteral("C&onnection:"), cboTransport);
-    rows->addRow(QStringLiteral("Cer&tificate:"), layOutCertificate());
+    QWidget *certificate = layOutCertificate();
+    rows->addRow(QStringLiteral("Cer&tificate:"), certificate);
+    static_cast<QLabel *>(rows->labelForField(certificate))
+        ->setBuddy(txtCertificate); // a key opens no container
     rows->addRow(QString(), lblTrust);
     rows->addRow(QStringLiteral("Soun&d:"), cboSound);
     rows->addRow(chkRegister);

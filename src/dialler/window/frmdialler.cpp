@@ -53,6 +53,7 @@ void frmdialler::Form_Load()
     Unloading = false;
     const qint32 savedPosition = DiallerFile::read();
     cmdHangUp->setEnabled(false); // Intended: the menu's item is not disabled before the first call
+    txtPhoneNumber->selectAll();  // what is typed takes its place
     showModeless();
     const WaitCursor waiting; // also over the boxes about the chosen line
     makeLine();
@@ -124,6 +125,7 @@ void frmdialler::announce(const QString &row)
 
 void frmdialler::cboLineSel_Click()
 {
+    m_hasFailed = false;
     lstLineInfo->Clear();
     if (cboLineSel->currentText().isEmpty()) {
         lstLineInfo->AddItem(QStringLiteral("<No Valid TAPI Line Selected>"));
@@ -179,10 +181,12 @@ void frmdialler::press(const QString &sign)
 
 void frmdialler::cmdConfigDlg_Click()
 {
-    if (tapiline->ConfigDialog(this, {}))
-        refreshLines();
-    else
+    if (!tapiline->ConfigDialog(this, {})) {
         Ask(lastErrorText());
+        return;
+    }
+    m_maybeEdited = true;
+    refreshLines();
 }
 
 /// Lists the lines anew where the user has changed them.
@@ -198,12 +202,24 @@ void frmdialler::refreshLines()
     const QStringList rows = usableLines();
     if (current < tapiline->numLines())
         tapiline->setCurrentLineID(current);
-    if (rows == rowsBefore && LineReport::rows(*tapiline) == reportBefore)
+    const bool isSame = rows == rowsBefore && LineReport::rows(*tapiline) == reportBefore;
+    if (isSame && !m_hasFailed)
         return;
     cboLineSel->clear();
     cboLineSel->addItems(rows);
     cboLineSel->setCurrentIndex(qMin(qMax(position, 0), int(rows.size()) - 1));
     cboLineSel_Click();
+    keepSavedPosition();
+}
+
+/// Where the user has removed the saved line, the saved position would fail each later load.
+void frmdialler::keepSavedPosition()
+{
+    ignoreErrors([&] {
+        const qint32 last = qMax(0, cboLineSel->count() - 1);
+        if (DiallerFile::read() > last)
+            DiallerFile::write(last);
+    });
 }
 
 void frmdialler::cmdDialProps_Click()
@@ -268,7 +284,8 @@ void frmdialler::tapiline_MakeCallResult(qint32 ErrorCode)
         logEvent(QStringLiteral("Dialing: ") + m_number);
         return;
     }
-    // Intended: dialling stays disabled until a line is chosen.
+    // Intended: dialling stays disabled until a line is chosen, or the lines have been edited.
+    m_hasFailed = true;
     logEvent(QStringLiteral("Could not dial: ") + m_number);
     logEvent(QStringLiteral("Dial Error: ") + tapiline->ErrorString(ErrorCode));
 }
@@ -290,6 +307,8 @@ void frmdialler::tapiline_Idle()
     setHangUpEnabled(false);
     setDialEnabled(true);
     logEvent(QStringLiteral("Idle"));
+    if (std::exchange(m_maybeEdited, false)) // in the call, when the lines stay as they are
+        refreshLines();
 }
 
 void frmdialler::tapiline_DropCallResult(qint32 ErrorCode)

@@ -61,6 +61,7 @@ private:
     QStringList usableLines();
     void selectLine(int position);
     void refreshLines();
+    void keepSavedPosition();
     void checkLine();
     void press(const QString &sign);
     void log(const QString &row);
@@ -102,6 +103,8 @@ private:
     QAction *mnudial;
     QAction *mnuhangup;
     bool m_isSetup = false; ///< the mode that it was loaded in
+    bool m_hasFailed = false;   ///< the last call was refused
+    bool m_maybeEdited = false; ///< the lines, in their dialog
     bool Unloading = false;
     QString m_number; ///< of the call, without what is typed later
 

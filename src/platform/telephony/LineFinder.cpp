@@ -1,6 +1,7 @@
 #include "LineFinder.h"
 
 #include "MobileLine.h"
+#include "ModemList.h"
 #include "SerialLine.h"
 #include "SipLine.h"
 
@@ -8,40 +9,37 @@
 
 namespace {
 
-/// Takes the modem \a identifier out of \a modems.
-std::optional<MobileModem> take(const QString &identifier, QList<MobileModem> &modems)
-{
-    const auto found = std::find_if(modems.begin(), modems.end(),
-                                    [&](const MobileModem &modem) { return modem.identifier == identifier; });
-    if (found == modems.end())
-        return {};
-    const MobileModem modem = *found;
-    modems.erase(found);
-    return modem;
-}
-
-std::unique_ptr<TelephoneLine> make(const LineSettings &settings, QList<MobileModem> &modems)
+std::unique_ptr<TelephoneLine> make(const LineSettings &settings, const ModemList &modems)
 {
     switch (settings.kind) {
     case LineSettings::Kind::Sip:
         return std::make_unique<SipLine>(settings);
     case LineSettings::Kind::Mobile:
-        return std::make_unique<MobileLine>(settings.label, settings.modem, take(settings.modem, modems));
+        return std::make_unique<MobileLine>(settings.label, settings.modem, modems);
     case LineSettings::Kind::Serial:
         return std::make_unique<SerialLine>(settings);
     }
     Q_UNREACHABLE();
 }
 
+bool isNamed(const MobileModem &modem, const QList<LineSettings> &settings)
+{
+    return std::any_of(settings.begin(), settings.end(), [&](const LineSettings &line) {
+        return line.kind == LineSettings::Kind::Mobile && line.modem == modem.identifier;
+    });
+}
+
 } // namespace
 
 std::vector<std::unique_ptr<TelephoneLine>> LineFinder::find(const QList<LineSettings> &settings,
-                                                             QList<MobileModem> modems)
+                                                             const ModemList &modems)
 {
     std::vector<std::unique_ptr<TelephoneLine>> lines;
     for (const LineSettings &line : settings)
         lines.push_back(make(line, modems));
-    for (const MobileModem &modem : modems)
-        lines.push_back(std::make_unique<MobileLine>(QString(), modem.identifier, modem));
+    for (const MobileModem &modem : modems.modems()) {
+        if (!isNamed(modem, settings))
+            lines.push_back(std::make_unique<MobileLine>(QString(), modem.identifier, modems));
+    }
     return lines;
 }

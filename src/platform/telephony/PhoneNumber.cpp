@@ -26,7 +26,7 @@ bool PhoneNumber::areTones(const QString &digits)
 
 std::optional<PhoneNumber> PhoneNumber::fromText(const QString &text)
 {
-    QString signs = text;
+    QString signs = text.trimmed(); // a pasted number may bring a line end
     signs.removeIf(isSeparator);
     if (signs.size() > longest)
         return {};

@@ -10,9 +10,10 @@ class PhoneNumber
 public:
     static constexpr qsizetype longest = 64; ///< signs, those of the tones among them
 
-    /// The number that a user wrote. Separators (blanks, "-", "(", ")", ".", "/") are dropped, and what is
-    /// behind the first "," is to be sent as tones once the call is answered. Nothing for any other sign, for
-    /// a number without a digit in front of its first "," and for one that is too long.
+    /// The number that a user wrote, without the blanks and line ends around it. Separators (blanks, "-",
+    /// "(", ")", ".", "/") are dropped, and what is behind the first "," is to be sent as tones once the call
+    /// is answered. Nothing for any other sign, for a number without a digit in front of its first "," and
+    /// for one that is too long.
     static std::optional<PhoneNumber> fromText(const QString &text);
 
     /// \a prefix, if it is made of tones, in front of the number, unless that is an international one.

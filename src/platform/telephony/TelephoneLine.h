@@ -16,10 +16,8 @@ public:
 
     virtual LineTraits traits() const = 0;
 
-    /// 0, or the LineError because of which it cannot be used at present.
-    virtual qint32 presence() const = 0;
-
-    /// Takes the line for this process. Returns 0 or a LineError.
+    /// Takes the line for this process. Returns 0 or a LineError, such as NoDevice where what it needs is not
+    /// there at present.
     virtual qint32 open() = 0;
 
     /// Ends a call, without waiting for the line's answer, and gives the line back. No signal follows.

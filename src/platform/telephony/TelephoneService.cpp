@@ -74,7 +74,7 @@ qint32 TelephoneService::lineInitializeEx(quint32 &application, Callback callbac
 void TelephoneService::findLines()
 {
     m_modems.wait();
-    m_lines = LineFinder::find(TelephoneSettings::read().lines, m_modems.modems());
+    m_lines = LineFinder::find(TelephoneSettings::read().lines, m_modems);
 }
 
 TelephoneLine *TelephoneService::lineOf(quint32 device) const
@@ -106,9 +106,8 @@ qint32 TelephoneService::lineNegotiateAPIVersion(quint32 application, quint32 de
     const quint32 agreed = qMin(high, highestVersion);
     if (agreed < low)
         return LineError::IncompatibleVersion;
-    if (const qint32 error = lineOf(device)->presence(); error != LineError::None)
-        return error;
-    version = agreed;
+    version =
+        agreed; // also of a line whose device is missing: to open it fails, and the list keeps its order
     extension = {};
     return LineError::None;
 }

@@ -115,6 +115,21 @@ TEST_F(MobileCallTest, AModemThatIsUnpluggedEndsTheCall)
     EXPECT_EQ(line.events(), TestLine::farEndGone);
 }
 
+TEST_F(MobileCallTest, AModemThatWasUnpluggedIsNoDeviceUntilItIsBack)
+{
+    ASSERT_TRUE(line->Create());
+    manager.unplug(QStringLiteral("m1"));
+    const auto opens = [this] {
+        const bool isOpen = line->OpenLine(1, 4);
+        line->CloseLine();
+        return isOpen;
+    };
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !opens(); }, 20000));
+    EXPECT_EQ(line->LastError(), LineError::NoDevice);
+    manager.addModem(QStringLiteral("m1"), QStringLiteral("Stick"));
+    EXPECT_TRUE(QTest::qWaitFor(opens, 20000));
+}
+
 TEST_F(MobileCallTest, AServiceThatEndsEndsTheCall)
 {
     connect();
@@ -200,7 +215,8 @@ TEST(MobileLineTest, EnteredLinesComeFirstAndAreNotListedTwice)
     ASSERT_EQ(line->numLines(), 4);
     EXPECT_EQ(line->LineName(), QStringLiteral("Mine") + QChar(0));
     line->setCurrentLineID(1);
-    EXPECT_EQ(line->NegotiatedAPIVersion(), 0u);
+    EXPECT_FALSE(line->OpenLine(1, 4));
+    EXPECT_EQ(line->LastError(), LineError::NoDevice);
     line->setCurrentLineID(2);
     EXPECT_EQ(line->LineName(), QStringLiteral("Mobile Maker A") + QChar(0));
     line->setCurrentLineID(3);

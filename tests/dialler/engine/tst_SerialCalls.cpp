@@ -343,7 +343,7 @@ TEST_F(HandsetCallTest, ItsCapabilities)
     EXPECT_TRUE(line->LineSupportsVoiceCalls());
 }
 
-TEST(SerialLineTest, AMissingPortIsListedWithoutAVersion)
+TEST(SerialLineTest, AMissingPortIsNoDevice)
 {
     LineSettings settings;
     settings.kind = LineSettings::Kind::Serial;
@@ -351,8 +351,9 @@ TEST(SerialLineTest, AMissingPortIsListedWithoutAVersion)
     TestLine line{{settings}};
     EXPECT_TRUE(line->Create());
     EXPECT_EQ(line->numLines(), 1);
-    EXPECT_EQ(line->NegotiatedAPIVersion(), 0u);
-    EXPECT_EQ(line->LastError(), LineError::IncompatibleVersion);
+    EXPECT_TRUE(line->LineSupportsVoiceCalls());
+    EXPECT_FALSE(line->OpenLine(1, 4));
+    EXPECT_EQ(line->LastError(), LineError::NoDevice);
 }
 
 TEST(SerialLineTest, AFileThatIsNoPortIsNoDevice)

@@ -322,5 +322,7 @@ TEST_F(SipLineTest, WithoutBaresipThereIsNoDriver)
     const SipTestAccount account(QStringLiteral("example.org"));
     TestLine line{{account.settings}};
     ASSERT_TRUE(line->Create());
-    EXPECT_EQ(line->NegotiatedAPIVersion(), 0u);
+    EXPECT_TRUE(line->LineSupportsVoiceCalls());
+    EXPECT_FALSE(line->OpenLine(1, 4));
+    EXPECT_EQ(line->LastError(), LineError::NoDriver);
 }

@@ -14,6 +14,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QListWidget>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -262,14 +263,43 @@ TEST_F(DiallerDialogsTest, AModemThatIsAwayStays)
     EXPECT_EQ(TelephoneSettings::read().lines.value(0).modem, QStringLiteral("away"));
 }
 
-TEST_F(DiallerDialogsTest, ALineThatCannotBeSavedIsAnError)
+TEST_F(DiallerDialogsTest, LinesThatCannotBeSavedAreShownAgain)
 {
-    ASSERT_TRUE(QDir().mkpath(TelephoneSettings::fileName()));
+    const QString file = TelephoneSettings::fileName();
+    ASSERT_TRUE(QDir().mkpath(file));
     expectLines([](frmLines &dialog) {
         enterAccount(dialog);
         press(dialog, "cmdOK");
     });
-    EXPECT_EQ(dialogs.editLines(nullptr, 0), LineError::OperationFailed);
+    driver
+        .expectBox(QStringLiteral("Telephone Lines"),
+                   QStringLiteral("The telephone settings could not be saved: Path/File access error.\n") +
+                       file)
+        .icon(QMessageBox::Warning);
+    expectLines([&](frmLines &dialog) {
+        EXPECT_EQ(control<QLineEdit>(dialog, "txtLabel").text(), QStringLiteral("Home"));
+        EXPECT_EQ(control<QLineEdit>(dialog, "txtPassword").text(), QStringLiteral("secret"));
+        ASSERT_TRUE(QDir().rmdir(file));
+        press(dialog, "cmdOK");
+    });
+    EXPECT_EQ(dialogs.editLines(nullptr, 0), LineError::None);
+    EXPECT_EQ(TelephoneSettings::read().lines.value(0).label, QStringLiteral("Home"));
+}
+
+TEST_F(DiallerDialogsTest, EachMnemonicLeadsToAField)
+{
+    expectLines([](frmLines &dialog) {
+        int count = 0;
+        for (const QLabel *label : dialog.findChildren<QLabel *>()) {
+            if (!label->buddy())
+                continue;
+            EXPECT_NE(label->buddy()->focusPolicy(), Qt::NoFocus) << qPrintable(label->text());
+            ++count;
+        }
+        EXPECT_GT(count, 10);
+        press(dialog, "cmdCancel");
+    });
+    dialogs.editLines(nullptr, 0);
 }
 
 TEST_F(DiallerDialogsTest, EditsTheOutsidePrefix)

@@ -6,6 +6,7 @@
 #include "ListBox.h"
 #include "PrintQt.h"
 #include "RowName.h"
+#include "StandInTool.h"
 #include "mMain.h"
 
 #include <QAction>
@@ -272,6 +273,13 @@ TEST_F(DiallerLoadTest, BehindALineThatFailsTheNumbersDiffer)
     EXPECT_EQ(window.file(), " 0 \r\n");
 }
 
+TEST_F(DiallerLoadTest, WhatIsTypedTakesThePlaceOfTheFirstNumber)
+{
+    window.open("Use");
+    QTest::keyClicks(&window.control<QLineEdit>("txtPhoneNumber"), QStringLiteral("99"));
+    EXPECT_EQ(window.number(), QStringLiteral("99"));
+}
+
 TEST_F(DiallerLoadTest, AutoDialShowsTheNumberAndDialsNothing)
 {
     diallerMode = QStringLiteral("Setup");
@@ -290,7 +298,11 @@ TEST_F(DiallerLoadTest, AutoDialShowsTheNumberAndDialsNothing)
 TEST_F(DiallerLoadTest, AutoDialUsesAWindowThatIsOpen)
 {
     window.open("Setup");
+    auto *other = new StandInTool(QStringLiteral("other"));
+    other->showModeless();
+    ASSERT_EQ(&window.frame.active(), other);
     AutoDial(QStringLiteral("55"));
+    EXPECT_EQ(&window.frame.active(), &window.form());
     EXPECT_EQ(window.number(), QStringLiteral("55"));
     EXPECT_EQ(window.form().Caption(), QStringLiteral("Quill-Dialler - AutoDial a Number"));
     EXPECT_FALSE(isShown("cmddigit_5"));

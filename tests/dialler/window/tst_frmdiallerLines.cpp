@@ -257,6 +257,52 @@ TEST_F(DiallerLinesTest, LinesThatAreTakenAwayLeaveTheList)
     EXPECT_EQ(window.report(), QStringList{QStringLiteral("<No Valid TAPI Line Selected>")});
 }
 
+/// Or no later load would get past it.
+TEST_F(DiallerLinesTest, ASavedLineThatIsTakenAwayIsNotTheSavedOneAnyMore)
+{
+    window.putFile("1\r\n");
+    window.open("Setup");
+    window.service.inDialog = [this] { window.service.lines.removeLast(); };
+    window.press("cmdConfigDlg");
+    EXPECT_EQ(window.file(), QByteArray(" 0 \r\n"));
+    window.form().unload();
+    window.open("Use");
+    EXPECT_TRUE(window.canDial());
+}
+
+TEST_F(DiallerLinesTest, ALineThatIsTakenAwayLeavesASavedOneThatIsThere)
+{
+    window.open("Setup");
+    window.chooseLine(1);
+    window.service.inDialog = [this] { window.service.lines.removeLast(); };
+    window.putFile("0 as it was");
+    window.press("cmdConfigDlg");
+    EXPECT_EQ(window.file(), QByteArray("0 as it was"));
+}
+
+TEST_F(DiallerLinesTest, EditingTheLinesEnablesDiallingAfterARefusedCall)
+{
+    window.open("Setup");
+    window.press("cmdDial");
+    window.reply(DiallerWindow::makeRequest, quint32(LineError::NotRegistered));
+    EXPECT_FALSE(window.canDial());
+    window.press("cmdConfigDlg");
+    EXPECT_TRUE(window.canDial());
+}
+
+/// The service's lines stay as they are in a call.
+TEST_F(DiallerLinesTest, LinesThatAreEditedInACallAreListedBehindIt)
+{
+    window.open("Setup");
+    window.press("cmdDial");
+    window.reply(DiallerWindow::makeRequest);
+    window.state(LineMessage::Connected);
+    window.press("cmdConfigDlg");
+    window.service.lines[1].name = QStringLiteral("other");
+    window.state(LineMessage::Idle);
+    EXPECT_EQ(window.lineRows(), QStringList({QStringLiteral("0: first"), QStringLiteral("1: other")}));
+}
+
 TEST_F(DiallerLinesTest, MayBeUnloadedUnderItsDialog)
 {
     window.open("Setup");

@@ -22,6 +22,12 @@ TEST(PhoneNumberTest, DropsSeparators)
     EXPECT_EQ(wire(QStringLiteral("*#06#")), QStringLiteral("*#06#|"));
 }
 
+TEST(PhoneNumberTest, MayHaveLineEndsAroundIt)
+{
+    EXPECT_EQ(wire(QStringLiteral("\t12\r\n")), QStringLiteral("12|"));
+    EXPECT_EQ(wire(QStringLiteral("12\u2028")), QStringLiteral("12|"));
+}
+
 TEST(PhoneNumberTest, SplitsAtTheFirstPause)
 {
     EXPECT_EQ(wire(QStringLiteral("12,,3,4#")), QStringLiteral("12|,,3,4#"));
@@ -31,8 +37,8 @@ TEST(PhoneNumberTest, SplitsAtTheFirstPause)
 TEST(PhoneNumberTest, RefusesWhatNoLineDials)
 {
     for (const char *text :
-         {"",     " ",   "-",   "+",   "#",   ",1", "1+2", "++1", "1,+2",   "1;2",
-          "1\t2", "1\n", "1x2", "one", "1\"", "1'", "1A",  "%31", "1@host", "\xEF\xBC\x91"})
+         {"",     " ",       "-",   "+",   "#",   ",1", "1+2", "++1", "1,+2",   "1;2",         "1\t2",
+          "1\n2", "1\rATD2", "1x2", "one", "1\"", "1'", "1A",  "%31", "1@host", "\xEF\xBC\x91"})
         EXPECT_EQ(wire(QString::fromUtf8(text)), QStringLiteral("refused")) << text;
     EXPECT_EQ(wire(QStringLiteral("1") + QChar(0)), QStringLiteral("refused"));
 }

@@ -94,6 +94,24 @@ TEST_F(TelephoneServiceTest, OffersItsHighestVersion)
     EXPECT_EQ(negotiate(1, 0x10003, 0x30000), LineError::BadDevice);
 }
 
+TEST_F(TelephoneServiceTest, ALineWhoseDeviceIsMissingKeepsItsPlace)
+{
+    LineSettings serial = serialLine(QStringLiteral("gone"));
+    serial.port = QStringLiteral("/dev/ttyGone");
+    LineSettings mobile = serialLine(QStringLiteral("stick"));
+    mobile.kind = LineSettings::Kind::Mobile;
+    initialise({serial, mobile});
+    for (quint32 device = 0; device < 2; ++device) {
+        EXPECT_EQ(negotiate(device, 0x10003, 0x30000), 0);
+        quint32 line = 0;
+        EXPECT_EQ(
+            service.lineOpen(application, device, line, 0x20000, 0, 0, 1, LineDevCaps::InteractiveVoice),
+            LineError::NoDevice);
+    }
+    EXPECT_EQ(nameOf(0), QStringLiteral("gone"));
+    EXPECT_EQ(nameOf(1), QStringLiteral("stick"));
+}
+
 TEST_F(TelephoneServiceTest, HandlesThatNobodyHasAreRefused)
 {
     initialise({serialLine(QStringLiteral("one"))});

@@ -1,6 +1,7 @@
 #include "MobileLine.h"
 
 #include "EventGate.h"
+#include "ModemList.h"
 #include "ModemManager.h"
 
 #include <QDBusError>
@@ -34,11 +35,11 @@ qint32 lineError(const QDBusMessage &reply)
 
 } // namespace
 
-MobileLine::MobileLine(const QString &label, const QString &identifier,
-                       const std::optional<MobileModem> &modem)
+MobileLine::MobileLine(const QString &label, const QString &identifier, const ModemList &modems)
     : m_label(label)
     , m_identifier(identifier)
-    , m_modem(modem)
+    , m_modems(modems)
+    , m_modem(modems.find(identifier))
     , m_service(ModemManager::service, ModemManager::bus(), QDBusServiceWatcher::WatchForUnregistration)
 {
     on(&m_service, &QDBusServiceWatcher::serviceUnregistered, this, &MobileLine::finish);
@@ -67,14 +68,11 @@ LineTraits MobileLine::traits() const
     return traits;
 }
 
-qint32 MobileLine::presence() const
-{
-    return m_modem ? LineError::None : LineError::NoDevice;
-}
-
+/// A modem that has been plugged in again has another path.
 qint32 MobileLine::open()
 {
-    return presence();
+    m_modem = m_modems.find(m_identifier);
+    return m_modem ? LineError::None : LineError::NoDevice;
 }
 
 void MobileLine::close()

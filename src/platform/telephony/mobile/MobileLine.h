@@ -9,18 +9,20 @@
 #include <functional>
 #include <optional>
 
+class ModemList;
+
 /// Calls by a mobile modem, which ModemManager controls. The modem has the sound.
 class MobileLine : public TelephoneLine
 {
     Q_OBJECT
 
 public:
-    /// \a modem is nothing where the system does not have it at present. \a identifier is its equipment's.
-    MobileLine(const QString &label, const QString &identifier, const std::optional<MobileModem> &modem);
+    /// \a identifier is that of the modem's equipment, which need not be among \a modems at present. The list
+    /// outlives the line.
+    MobileLine(const QString &label, const QString &identifier, const ModemList &modems);
     ~MobileLine() override;
 
     LineTraits traits() const override;
-    qint32 presence() const override;
     qint32 open() override;
     void close() override;
     /// Switches the modem on, where it is off.
@@ -50,7 +52,8 @@ private:
 
     QString m_label;
     QString m_identifier;
-    std::optional<MobileModem> m_modem;
+    const ModemList &m_modems;
+    std::optional<MobileModem> m_modem; ///< as it was when the line was made or opened last
     QDBusServiceWatcher m_service;
     ToneSequence m_tones;
     State m_state = State::Idle;

@@ -28,6 +28,15 @@ ModemList::ModemList(QObject *parent)
     ask();
 }
 
+std::optional<MobileModem> ModemList::find(const QString &identifier) const
+{
+    for (const MobileModem &modem : m_modems) {
+        if (modem.identifier == identifier)
+            return modem;
+    }
+    return {};
+}
+
 void ModemList::modemsChanged()
 {
     run([&] { ask(); });

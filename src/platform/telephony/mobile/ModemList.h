@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QObject>
+#include <optional>
 
 class QDBusPendingCallWatcher;
 
@@ -18,6 +19,8 @@ public:
 
     /// Sorted by their identifiers; none where ModemManager does not run or does not answer.
     const QList<MobileModem> &modems() const { return m_modems; }
+    /// The one whose equipment has \a identifier.
+    std::optional<MobileModem> find(const QString &identifier) const;
 
     /// Waits for an answer that is still to come, until a second after the question at most.
     void wait();

@@ -41,6 +41,13 @@ bool isPrintable(const QString &text)
     return std::all_of(text.cbegin(), text.cend(), [](QChar sign) { return sign >= u' ' && sign <= u'~'; });
 }
 
+/// Also where the rights are missing, which to open it reports.
+bool isPort(const QString &path)
+{
+    struct stat status = {};
+    return ::stat(FileNames::toBytes(path).constData(), &status) == 0 && S_ISCHR(status.st_mode);
+}
+
 } // namespace
 
 SerialLine::SerialLine(const LineSettings &settings)
@@ -81,19 +88,10 @@ QByteArray SerialLine::dialCommand(const PhoneNumber &number) const
     return isVoice() ? command + tones : command + tones + ';'; // which stays in command mode
 }
 
-/// A port without rights is there: opening it says what is missing.
-qint32 SerialLine::presence() const
-{
-    struct stat status;
-    const QByteArray path = FileNames::toBytes(m_settings.port);
-    return ::stat(path.constData(), &status) == 0 && S_ISCHR(status.st_mode) ? LineError::None
-                                                                             : LineError::NoDevice;
-}
-
 qint32 SerialLine::open()
 {
-    if (const qint32 error = presence(); error != LineError::None)
-        return error;
+    if (!isPort(m_settings.port))
+        return LineError::NoDevice;
     return lineError(m_chat.port().open(m_settings.port, m_settings.speed));
 }
 

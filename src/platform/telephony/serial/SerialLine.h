@@ -20,7 +20,6 @@ public:
     ~SerialLine() override;
 
     LineTraits traits() const override;
-    qint32 presence() const override;
     qint32 open() override;
     void close() override;
     /// Pauses and tones are the modem's own matter: it dials the whole number.

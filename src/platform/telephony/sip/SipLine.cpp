@@ -53,15 +53,10 @@ LineTraits SipLine::traits() const
     return traits;
 }
 
-qint32 SipLine::presence() const
-{
-    return BaresipProcess::isInstalled() ? LineError::None : LineError::NoDriver;
-}
-
 qint32 SipLine::open()
 {
-    if (const qint32 error = presence(); error != LineError::None)
-        return error;
+    if (!BaresipProcess::isInstalled())
+        return LineError::NoDriver;
     if (!m_account.isValid())
         return LineError::InvalidParameter;
     if (!m_process.start(m_account))

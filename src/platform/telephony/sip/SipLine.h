@@ -20,7 +20,6 @@ public:
     ~SipLine() override;
 
     LineTraits traits() const override;
-    qint32 presence() const override;
     qint32 open() override;
     void close() override;
     /// May be called before the process and the server are ready.
