@@ -53,7 +53,7 @@ void frmdialler::Form_Load()
     Unloading = false;
     const qint32 savedPosition = DiallerFile::read();
     cmdHangUp->setEnabled(false); // Intended: the menu's item is not disabled before the first call
-    txtPhoneNumber->selectAll();  // what is typed takes its place
+    txtPhoneNumber->selectAll();
     showModeless();
     const WaitCursor waiting; // also over the boxes about the chosen line
     makeLine();

@@ -102,7 +102,7 @@ private:
     QList<QMenu *> m_menus;
     QAction *mnudial;
     QAction *mnuhangup;
-    bool m_isSetup = false; ///< the mode that it was loaded in
+    bool m_isSetup = false;     ///< the mode that it was loaded in
     bool m_hasFailed = false;   ///< the last call was refused
     bool m_maybeEdited = false; ///< the lines, in their dialog
     bool Unloading = false;
