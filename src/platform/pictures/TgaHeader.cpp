@@ -1,0 +1,98 @@
+#include "TgaHeader.h"
+
+#include <QtEndian>
+
+namespace {
+
+constexpr qsizetype headerSize = 18;
+constexpr int runLengthBit = 8;
+constexpr int longestRun = 128; // pixels
+
+quint16 word(QByteArrayView file, qsizetype at)
+{
+    return qFromLittleEndian<quint16>(file.data() + at);
+}
+
+bool isColorDepth(int depth)
+{
+    return depth == 15 || depth == 16 || depth == 24 || depth == 32;
+}
+
+bool isDepthOf(TgaHeader::Pixels pixels, int depth)
+{
+    return pixels == TgaHeader::Pixels::Color ? isColorDepth(depth) : depth == 8 || depth == 16;
+}
+
+/// The fewest bytes that the pixels of \a header can be stored in.
+qint64 leastBytes(const TgaHeader &header)
+{
+    if (!header.isRunLengthEncoded)
+        return header.pixelCount() * header.pixelBytes();
+    return (header.pixelCount() + longestRun - 1) / longestRun * (1 + header.pixelBytes());
+}
+
+bool readKind(QByteArrayView file, TgaHeader &header)
+{
+    const int kind = uchar(file[2]);
+    switch (kind & ~runLengthBit) {
+    case 1:
+        header.pixels = TgaHeader::Pixels::Mapped;
+        break;
+    case 2:
+        header.pixels = TgaHeader::Pixels::Color;
+        break;
+    case 3:
+        header.pixels = TgaHeader::Pixels::Grey;
+        break;
+    default:
+        return false;
+    }
+    header.isRunLengthEncoded = kind & runLengthBit;
+    return true;
+}
+
+/// A colour table may be in a file whose pixels need none.
+bool readMap(QByteArrayView file, TgaHeader &header)
+{
+    const int hasMap = uchar(file[1]);
+    header.mapOffset = headerSize + uchar(file[0]);
+    if (hasMap > 1 || (hasMap == 0 && header.pixels == TgaHeader::Pixels::Mapped))
+        return false;
+    if (hasMap == 0)
+        return true;
+    header.firstMapIndex = word(file, 3);
+    header.mapLength = word(file, 5);
+    header.mapDepth = uchar(file[7]);
+    return header.mapLength > 0 && isColorDepth(header.mapDepth);
+}
+
+bool readPixels(QByteArrayView file, TgaHeader &header)
+{
+    constexpr int transparencyMask = 0x0F;
+    constexpr int rightBit = 0x10;
+    constexpr int topBit = 0x20;
+    constexpr int interleaving = 0xC0; // of no file that anyone has seen
+    const int descriptor = uchar(file[17]);
+    header.width = word(file, 12);
+    header.height = word(file, 14);
+    header.depth = uchar(file[16]);
+    header.transparencyBits = descriptor & transparencyMask;
+    header.beginsRight = descriptor & rightBit;
+    header.beginsTop = descriptor & topBit;
+    header.pixelOffset = header.mapOffset + header.mapLength * header.mapEntryBytes();
+    return header.width > 0 && header.height > 0 && (descriptor & interleaving) == 0 &&
+           header.transparencyBits <= 8 && isDepthOf(header.pixels, header.depth);
+}
+
+} // namespace
+
+std::optional<TgaHeader> TgaHeader::of(QByteArrayView file)
+{
+    TgaHeader header;
+    if (file.size() < headerSize || !readKind(file, header) || !readMap(file, header) ||
+        !readPixels(file, header))
+        return {};
+    if (file.size() - header.pixelOffset < leastBytes(header))
+        return {};
+    return header;
+}
