@@ -34,6 +34,8 @@ QImage onWhite(const QImage &image)
     if (!image.hasAlphaChannel())
         return image;
     QImage blended = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    if (blended.isNull())
+        throw RuntimeError(ErrorNumber::OutOfMemory);
     for (int y = 0; y < blended.height(); ++y) {
         QRgb *const line = reinterpret_cast<QRgb *>(blended.scanLine(y));
         for (QRgb *pixel = line; pixel < line + blended.width(); ++pixel) {
@@ -41,6 +43,7 @@ QImage onWhite(const QImage &image)
             *pixel = qRgb(qRed(*pixel) + white, qGreen(*pixel) + white, qBlue(*pixel) + white);
         }
     }
+    blended.reinterpretAsFormat(QImage::Format_RGB32);
     return blended;
 }
 
@@ -75,10 +78,11 @@ LoadedPicture PictureFile::decode(const QByteArray &bytes, qint64 mostBytes)
     const PictureKind kind = pictureKindOf(bytes);
     switch (kind) {
     case PictureKind::None:
-    case PictureKind::Metafile:
         throw RuntimeError(ErrorNumber::InvalidPicture);
     case PictureKind::Targa:
         return upright(TgaReader::read(bytes, mostBytes));
+    case PictureKind::Metafile:
+        return upright(WmfReader::read(bytes, mostBytes));
     case PictureKind::HeaderlessBitmap:
         return byQt(DeviceIndependentBitmap::file(bytes), PictureKind::Bitmap, mostBytes);
     default:

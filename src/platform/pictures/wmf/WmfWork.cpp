@@ -1,0 +1,50 @@
+#include "WmfWork.h"
+
+namespace {
+
+constexpr qint64 stepsToTheElement = 50;
+constexpr qint64 stepsToTheLength = 4; // an edge is followed line by line
+constexpr qint64 pixelsToTheStep = 4;
+
+double length(const QPainterPath &path, const QSizeF &most)
+{
+    double sum = 0;
+    for (int index = 1; index < path.elementCount(); ++index) {
+        const QPointF from = path.elementAt(index - 1);
+        const QPointF to = path.elementAt(index);
+        sum += qMin(qAbs(to.x() - from.x()), most.width()) + qMin(qAbs(to.y() - from.y()), most.height());
+    }
+    return sum;
+}
+
+} // namespace
+
+bool WmfWork::take(qint64 steps)
+{
+    m_left -= qMin(steps, allowed + 1);
+    return m_left >= 0;
+}
+
+qint64 WmfWork::ofFilling(const QRectF &area) const
+{
+    const QRectF seen = area.normalized().intersected(QRectF(QPointF(), m_pixels));
+    return stepsToTheElement + qint64(seen.width() * seen.height()) / pixelsToTheStep;
+}
+
+qint64 WmfWork::ofFilling(const QPainterPath &path) const
+{
+    return ofFilling(path.controlPointRect()) + stepsToTheElement * path.elementCount() +
+           stepsToTheLength * qint64(length(path, m_pixels));
+}
+
+/// A line becomes a shape of its own, and each of its dashes too; those are made beyond the edge as well.
+qint64 WmfWork::ofStroking(const QPainterPath &path, const QPen &pen) const
+{
+    constexpr qint64 edges = 4;
+    constexpr double endless = 1e9;
+    const bool isDashed = pen.style() != Qt::SolidLine;
+    const double outline = length(path, isDashed ? QSizeF(endless, endless) : QSizeF(m_pixels));
+    const double width = qMin(pen.widthF(), double(qMax(m_pixels.width(), m_pixels.height())));
+    return edges * (stepsToTheElement * path.elementCount() + stepsToTheLength * qint64(outline)) +
+           qint64(outline * width) / pixelsToTheStep + (isDashed ? stepsToTheElement * qint64(outline) : 0);
+}
