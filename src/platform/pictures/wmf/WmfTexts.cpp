@@ -29,13 +29,12 @@ struct Line
     double width = 0;
 };
 
-/// Choosing a font takes milliseconds, and large letters as long as shapes of their size.
+/// Large letters take as long as shapes of their size.
 qint64 stepsOf(const WmfCanvas &canvas, const Line &line)
 {
-    constexpr qint64 choosing = 200'000;
-    constexpr qint64 shaping = 500;
+    constexpr qint64 shaping = 2000;
     const qint64 height = qMin(line.font.pixelSize(), canvas.pixels().height());
-    return choosing + line.text.size() * (shaping + height * height / 2);
+    return line.text.size() * (shaping + height * height / 2);
 }
 
 Line lineOf(const WmfCanvas &canvas, const Text &text)
@@ -86,7 +85,7 @@ void draw(WmfCanvas &canvas, const Text &text)
     const bool movesOn = state.textAlignment & atPositionFlag;
     const QPointF units = movesOn ? state.position : text.place;
     const QPointF place = canvas.toPixels(units);
-    if (text.bytes.isEmpty())
+    if (text.bytes.isEmpty() || !canvas.work().take(canvas.work().ofChoosing(state.font.font)))
         return;
     Line line = lineOf(canvas, text);
     QPainter *painter = canvas.painter(stepsOf(canvas, line));

@@ -48,3 +48,14 @@ qint64 WmfWork::ofStroking(const QPainterPath &path, const QPen &pen) const
     return edges * (stepsToTheElement * path.elementCount() + stepsToTheLength * qint64(outline)) +
            qint64(outline * width) / pixelsToTheStep + (isDashed ? stepsToTheElement * qint64(outline) : 0);
 }
+
+qint64 WmfWork::ofChoosing(const QFont &font)
+{
+    constexpr qint64 first = 2'000'000;
+    constexpr qint64 again = 5000;
+    const QString key = font.key();
+    if (m_knownFonts.contains(key))
+        return again;
+    m_knownFonts.insert(key);
+    return first;
+}

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QFont>
 #include <QPainterPath>
 #include <QPen>
+#include <QSet>
 #include <QSize>
 
 /// How much drawing a metafile is allowed, in steps of about two nanoseconds: a second or so for the whole of
@@ -20,10 +22,13 @@ public:
     qint64 ofFilling(const QPainterPath &path) const;
     qint64 ofStroking(const QPainterPath &path, const QPen &pen) const;
     qint64 ofFilling(const QRectF &area) const;
+    /// Finding a font takes milliseconds when it is used first.
+    qint64 ofChoosing(const QFont &font);
 
 private:
     static constexpr qint64 allowed = 500'000'000;
 
     QSize m_pixels;
+    QSet<QString> m_knownFonts;
     qint64 m_left = allowed;
 };

@@ -7,6 +7,7 @@
 struct TgaHeader
 {
     enum class Pixels { Mapped, Color, Grey };
+    enum class Transparency { None, Plain, Premultiplied };
 
     /// Empty where \a file cannot be a Targa file, see TgaReader::recognises().
     static std::optional<TgaHeader> of(QByteArrayView file);
@@ -20,7 +21,7 @@ struct TgaHeader
     int width = 0;
     int height = 0;
     int depth = 0; ///< bits to the pixel
-    int transparencyBits = 0;
+    Transparency transparency = Transparency::None;
     bool beginsRight = false;
     bool beginsTop = false;
     int firstMapIndex = 0;

@@ -23,6 +23,32 @@ bool isDepthOf(TgaHeader::Pixels pixels, int depth)
     return pixels == TgaHeader::Pixels::Color ? isColorDepth(depth) : depth == 8 || depth == 16;
 }
 
+/// Where a file of the later version says at its end what its transparency is; empty where there is no such
+/// place.
+std::optional<int> statedTransparency(QByteArrayView file)
+{
+    constexpr qsizetype footerSize = 26;
+    constexpr QByteArrayView mark("TRUEVISION-XFILE.\0", 18);
+    constexpr qint64 place = 494; // in the extension
+    if (file.size() < headerSize + footerSize || !file.endsWith(mark))
+        return {};
+    const qint64 extension = qFromLittleEndian<quint32>(file.last(footerSize).data());
+    if (extension < headerSize || extension + place >= file.size())
+        return {};
+    return uchar(file[qsizetype(extension + place)]);
+}
+
+/// A file whose header keeps no bits for it has none, whatever is in them.
+TgaHeader::Transparency transparencyOf(QByteArrayView file, int bits)
+{
+    constexpr int useful = 3;
+    constexpr int premultiplied = 4;
+    const int stated = statedTransparency(file).value_or(useful);
+    if (bits == 0 || stated < useful)
+        return TgaHeader::Transparency::None;
+    return stated == premultiplied ? TgaHeader::Transparency::Premultiplied : TgaHeader::Transparency::Plain;
+}
+
 /// The fewest bytes that the pixels of \a header can be stored in.
 qint64 leastBytes(const TgaHeader &header)
 {
@@ -76,12 +102,13 @@ bool readPixels(QByteArrayView file, TgaHeader &header)
     header.width = word(file, 12);
     header.height = word(file, 14);
     header.depth = uchar(file[16]);
-    header.transparencyBits = descriptor & transparencyMask;
+    const int transparencyBits = descriptor & transparencyMask;
+    header.transparency = transparencyOf(file, transparencyBits);
     header.beginsRight = descriptor & rightBit;
     header.beginsTop = descriptor & topBit;
     header.pixelOffset = header.mapOffset + header.mapLength * header.mapEntryBytes();
     return header.width > 0 && header.height > 0 && (descriptor & interleaving) == 0 &&
-           header.transparencyBits <= 8 && isDepthOf(header.pixels, header.depth);
+           transparencyBits <= 8 && isDepthOf(header.pixels, header.depth);
 }
 
 } // namespace
