@@ -52,16 +52,30 @@ bool DeviceIndependentBitmap::recognises(QByteArrayView bytes)
            number<quint16>(bytes, 12) == 1 && isDepth(number<quint16>(bytes, 14));
 }
 
+QSize DeviceIndependentBitmap::size(QByteArrayView bitmap)
+{
+    if (number<quint32>(bitmap, 0) == coreHeaderSize)
+        return {number<quint16>(bitmap, 4), number<quint16>(bitmap, 6)};
+    const qint32 height = number<qint32>(bitmap, 8); // below zero where the first row is the top one
+    return {qMax(0, number<qint32>(bitmap, 4)),
+            height == std::numeric_limits<qint32>::min() ? 0 : qAbs(height)};
+}
+
+qint64 DeviceIndependentBitmap::pixelOffset(QByteArrayView bitmap)
+{
+    const quint32 header = number<quint32>(bitmap, 0);
+    return header + tableSize(bitmap, header);
+}
+
 QByteArray DeviceIndependentBitmap::file(QByteArrayView bitmap)
 {
     constexpr qsizetype mostBytes = std::numeric_limits<qint32>::max() - qsizetype(fileHeaderSize);
     if (!recognises(bitmap) || bitmap.size() > mostBytes)
         return {};
-    const quint32 header = number<quint32>(bitmap, 0);
     QByteArray file(fileHeaderSize, '\0');
     file[0] = 'B';
     file[1] = 'M';
     qToLittleEndian<quint32>(fileHeaderSize + quint32(bitmap.size()), file.data() + 2);
-    qToLittleEndian<quint32>(fileHeaderSize + header + tableSize(bitmap, header), file.data() + 10);
+    qToLittleEndian<quint32>(fileHeaderSize + quint32(pixelOffset(bitmap)), file.data() + 10);
     return file.append(bitmap.data(), bitmap.size());
 }

@@ -32,6 +32,13 @@ bool isList(QByteArrayView file, quint16 type)
     return count > 0 && file.size() >= end && qsizetype(offset) >= end && qsizetype(offset) < file.size();
 }
 
+QByteArrayView pictureOf(QByteArrayView file, QByteArrayView entry)
+{
+    const qint64 size = qFromLittleEndian<quint32>(entry.data() + 8);
+    const qint64 offset = qFromLittleEndian<quint32>(entry.data() + 12);
+    return offset + size <= file.size() ? file.sliced(offset, size) : QByteArrayView();
+}
+
 } // namespace
 
 bool IconDirectory::isIcon(QByteArrayView file)
@@ -44,17 +51,17 @@ bool IconDirectory::isCursor(QByteArrayView file)
     return isList(file, cursorType);
 }
 
-int IconDirectory::largest(QByteArrayView file)
+QByteArrayView IconDirectory::largest(QByteArrayView file)
 {
     const bool hasDepths = isIcon(file); // a cursor has its hot spot there
-    int best = 0;
+    QByteArrayView best;
     std::tuple<int, int> most;
     for (int index = 0; index < word(file, 4); ++index) {
         const QByteArrayView entry = file.sliced(headerSize + index * entrySize, entrySize);
         const std::tuple<int, int> rank(side(entry[0]) * side(entry[1]), hasDepths ? word(entry, 6) : 0);
         if (rank > most) {
             most = rank;
-            best = index;
+            best = pictureOf(file, entry);
         }
     }
     return best;

@@ -1,8 +1,11 @@
 #include "PictureFile.h"
 
+#include "BitmapReader.h"
 #include "DeviceIndependentBitmap.h"
 #include "FileNames.h"
 #include "Files.h"
+#include "IconReader.h"
+#include "JpegScans.h"
 #include "PictureKind.h"
 #include "QtPictureReader.h"
 #include "RuntimeError.h"
@@ -19,12 +22,15 @@ namespace {
 
 LoadedPicture upright(const QImage &pixels)
 {
-    return {pixels, pixels};
+    return {pixels, ShownPicture::of(pixels, QImageIOHandler::TransformationNone)};
 }
 
-LoadedPicture byQt(const QByteArray &bytes, PictureKind kind, qint64 mostBytes)
+LoadedPicture jpeg(const QByteArray &bytes, qint64 mostBytes)
 {
-    const QtPictureReader::Result result = QtPictureReader::read(bytes, kind, mostBytes);
+    constexpr int mostScans = 100;
+    if (JpegScans::count(bytes) > mostScans)
+        throw RuntimeError(ErrorNumber::InvalidPicture);
+    const QtPictureReader::Result result = QtPictureReader::read(bytes, "jpeg", mostBytes);
     return {result.pixels, ShownPicture::of(result.pixels, result.turning)};
 }
 
@@ -75,19 +81,26 @@ LoadedPicture PictureFile::read(const QString &path, qint64 mostBytes)
 
 LoadedPicture PictureFile::decode(const QByteArray &bytes, qint64 mostBytes)
 {
-    const PictureKind kind = pictureKindOf(bytes);
-    switch (kind) {
-    case PictureKind::None:
-        throw RuntimeError(ErrorNumber::InvalidPicture);
-    case PictureKind::Targa:
-        return upright(TgaReader::read(bytes, mostBytes));
+    switch (pictureKindOf(bytes)) {
+    case PictureKind::Gif:
+        return upright(QtPictureReader::read(bytes, "gif", mostBytes).pixels);
+    case PictureKind::Jpeg:
+        return jpeg(bytes, mostBytes);
+    case PictureKind::Bitmap:
+        return upright(BitmapReader::read(bytes, mostBytes));
+    case PictureKind::HeaderlessBitmap:
+        return upright(BitmapReader::read(DeviceIndependentBitmap::file(bytes), mostBytes));
+    case PictureKind::Icon:
+    case PictureKind::Cursor:
+        return upright(IconReader::read(bytes, mostBytes));
     case PictureKind::Metafile:
         return upright(WmfReader::read(bytes, mostBytes));
-    case PictureKind::HeaderlessBitmap:
-        return byQt(DeviceIndependentBitmap::file(bytes), PictureKind::Bitmap, mostBytes);
-    default:
-        return byQt(bytes, kind, mostBytes);
+    case PictureKind::Targa:
+        return upright(TgaReader::read(bytes, mostBytes));
+    case PictureKind::None:
+        break;
     }
+    throw RuntimeError(ErrorNumber::InvalidPicture);
 }
 
 void PictureFile::saveBitmap(const QImage &image, const QString &path)

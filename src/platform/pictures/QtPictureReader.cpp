@@ -1,7 +1,5 @@
 #include "QtPictureReader.h"
 
-#include "IconDirectory.h"
-#include "JpegScans.h"
 #include "PictureLimit.h"
 #include "RuntimeError.h"
 
@@ -9,24 +7,6 @@
 #include <QImageReader>
 
 namespace {
-
-constexpr int mostScans = 100;
-
-QByteArray formatOf(PictureKind kind)
-{
-    switch (kind) {
-    case PictureKind::Gif:
-        return "gif";
-    case PictureKind::Jpeg:
-        return "jpeg";
-    case PictureKind::Icon:
-        return "ico";
-    case PictureKind::Cursor:
-        return "cur";
-    default:
-        return "bmp";
-    }
-}
 
 /// Reserving memory and filling it takes long where a small file only says that its picture is huge. No
 /// kind's compression is as strong as this allows.
@@ -40,20 +20,16 @@ bool isPlausible(const QSize &size, qsizetype fileBytes)
 
 } // namespace
 
-QtPictureReader::Result QtPictureReader::read(const QByteArray &file, PictureKind kind, qint64 mostBytes)
+QtPictureReader::Result QtPictureReader::read(const QByteArray &file, const char *format, qint64 mostBytes)
 {
-    if (kind == PictureKind::Jpeg && JpegScans::count(file) > mostScans)
-        throw RuntimeError(ErrorNumber::InvalidPicture);
-
     const PictureLimit limit(mostBytes);
     QBuffer buffer;
     buffer.setData(file);
     buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer, formatOf(kind));
+    QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
-    if (kind == PictureKind::Icon || kind == PictureKind::Cursor)
-        reader.jumpToImage(IconDirectory::largest(file));
-    if (!isPlausible(reader.size(), file.size()))
+    const QSize size = reader.size();
+    if (!isPlausible(size, file.size()))
         throw RuntimeError(ErrorNumber::InvalidPicture);
 
     Result result;
@@ -61,8 +37,7 @@ QtPictureReader::Result QtPictureReader::read(const QByteArray &file, PictureKin
     result.pixels = reader.read();
     if (!result.pixels.isNull())
         return result;
-    const QSize size = reader.size();
-    if (qint64(size.width()) * size.height() > mostBytes / 4)
+    if (qint64(size.width()) * size.height() > mostBytes / qint64(sizeof(QRgb)))
         throw PictureLimit::exceeded();
     throw RuntimeError(ErrorNumber::InvalidPicture);
 }

@@ -1,12 +1,10 @@
 #pragma once
 
-#include "PictureKind.h"
-
 #include <QByteArray>
 #include <QImage>
 #include <QImageIOHandler>
 
-/// Pictures that Qt's readers read: all kinds but metafiles and Targa files.
+/// Pictures that one of Qt's readers reads.
 namespace QtPictureReader {
 
 struct Result
@@ -15,8 +13,8 @@ struct Result
     QImageIOHandler::Transformations turning; ///< that makes the pixels upright
 };
 
-/// The first picture of \a file, of icons and cursors the largest. No reader but that of \a kind sees the
-/// bytes. Throws RuntimeError 481 when it cannot be read or takes more than \a mostBytes.
-Result read(const QByteArray &file, PictureKind kind, qint64 mostBytes);
+/// The first picture of \a file by the reader of Qt's \a format; no other reader sees the bytes.
+/// Throws RuntimeError 481 when it cannot be read or takes more than \a mostBytes.
+Result read(const QByteArray &file, const char *format, qint64 mostBytes);
 
 } // namespace QtPictureReader

@@ -50,7 +50,12 @@ QRectF WmfCanvas::toPixels(const QRectF &rectangle)
 QPen WmfCanvas::penInPixels() const
 {
     QPen pen = m_state.pen;
-    pen.setWidthF(qMax(1.0, pen.widthF() * m_state.mapping.scaleX()));
+    const double width = pen.widthF() * m_state.mapping.scaleX();
+    pen.setWidthF(qMax(1.0, width));
+    if (width <= 1) {
+        pen.setCapStyle(Qt::SquareCap); // whole pixels
+        pen.setJoinStyle(Qt::MiterJoin);
+    }
     return pen;
 }
 

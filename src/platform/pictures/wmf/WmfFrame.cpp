@@ -25,7 +25,7 @@ QSizeF absolute(const QSizeF &size)
 struct Announcement
 {
     QPointF origin;
-    QSizeF extent; ///< empty where they say none
+    QSizeF extent = {0, 0}; ///< where they say none
     int mapMode = 0;
 };
 

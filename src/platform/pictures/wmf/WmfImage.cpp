@@ -1,24 +1,23 @@
 #include "WmfImage.h"
 
+#include "BitmapReader.h"
 #include "DeviceIndependentBitmap.h"
-
-#include <QBuffer>
-#include <QImageReader>
+#include "RuntimeError.h"
 
 QImage WmfImage::of(WmfCanvas &canvas, QByteArrayView bitmap)
 {
     constexpr qint64 mostPixels = 16 * 1024 * 1024;
     constexpr qint64 stepsToTheBitmap = 5000;
     constexpr qint64 stepsToThePixel = 2;
-    QByteArray file = DeviceIndependentBitmap::file(bitmap);
-    QBuffer buffer(&file);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer, "bmp");
-    reader.setAutoDetectImageFormat(false);
-    const QSize size = reader.size();
-    const qint64 pixels = qint64(size.width()) * size.height();
-    if (!size.isValid() || pixels > mostPixels ||
-        !canvas.work().take(stepsToTheBitmap + stepsToThePixel * pixels))
+    if (!DeviceIndependentBitmap::recognises(bitmap))
         return {};
-    return reader.read();
+    const QSize size = DeviceIndependentBitmap::size(bitmap);
+    const qint64 pixels = qint64(size.width()) * size.height();
+    if (pixels > mostPixels || !canvas.work().take(stepsToTheBitmap + stepsToThePixel * pixels))
+        return {};
+    try {
+        return BitmapReader::read(DeviceIndependentBitmap::file(bitmap), mostPixels * qint64(sizeof(QRgb)));
+    } catch (const RuntimeError &) {
+        return {};
+    }
 }
