@@ -49,10 +49,11 @@ QRectF WmfCanvas::toPixels(const QRectF &rectangle)
 
 QPen WmfCanvas::penInPixels() const
 {
+    constexpr double thinnest = 1.001; // with 1 Qt leaves out the corners
     QPen pen = m_state.pen;
     const double width = pen.widthF() * m_state.mapping.scaleX();
-    pen.setWidthF(qMax(1.0, width));
-    if (width <= 1) {
+    pen.setWidthF(qMax(thinnest, width));
+    if (width < thinnest) {
         pen.setCapStyle(Qt::SquareCap); // whole pixels
         pen.setJoinStyle(Qt::MiterJoin);
     }
