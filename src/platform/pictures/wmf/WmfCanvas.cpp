@@ -102,7 +102,8 @@ void WmfCanvas::drawImage(const QRectF &target, const QImage &image, const QRect
     constexpr qint64 blending = 16; // as costly as so many times filling
     if (QPainter *painting = painter(blending * m_work.ofFilling(target))) {
         painting->setRenderHint(QPainter::Antialiasing, false);
-        painting->setRenderHint(QPainter::SmoothPixmapTransform);
+        const bool isReduced = target.width() < source.width() || target.height() < source.height();
+        painting->setRenderHint(QPainter::SmoothPixmapTransform, isReduced);
         painting->setCompositionMode(mode);
         painting->drawImage(target, image, source);
     }
