@@ -12,7 +12,7 @@ struct TargaFile
         header[1] = char(mapKind);
         header[2] = char(kind);
         qToLittleEndian<quint16>(quint16(map.size() / 3), header.data() + 5);
-        header[7] = char(map.isEmpty() ? 0 : 24);
+        header[7] = char(mapKind == 0 ? 0 : 24);
         qToLittleEndian<quint16>(width, header.data() + 12);
         qToLittleEndian<quint16>(height, header.data() + 14);
         header[16] = char(depth);

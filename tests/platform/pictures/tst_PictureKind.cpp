@@ -1,5 +1,6 @@
 #include "PictureFixture.h"
 #include "PictureKind.h"
+#include "TargaFile.h"
 
 #include <QBuffer>
 #include <gtest/gtest.h>
@@ -50,6 +51,14 @@ TEST(PictureKind, KindsThatOtherReadersOfQtKnowAreNone)
                                        "ftypavif",
                                        12)),
               PictureKind::None);
+}
+
+/// Its beginning is that of a list of cursors, but for the count, and its first pixel could be a place in the
+/// file.
+TEST(PictureKind, ATargaFileIsNoListOfCursors)
+{
+    const TargaFile file{.width = 8, .pixels = QByteArray("\x10\0\0\0", 4).repeated(8)};
+    EXPECT_EQ(pictureKindOf(file.bytes()), PictureKind::Targa);
 }
 
 TEST(PictureKind, AnEmptyFileAndATextAreNone)

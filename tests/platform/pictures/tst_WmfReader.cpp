@@ -221,7 +221,7 @@ TEST(WmfReader, TenThousandsOfObjectsAreDropped)
     Metafile file = painting();
     for (int object = 0; object < 50000; ++object)
         file.fillWith(0, 0, 255);
-    file.rectangle(leftHalf).select(4095).rectangle(rightHalf).end();
+    file.select(4096).rectangle(leftHalf).select(4095).rectangle(rightHalf).end();
     EXPECT_EQ(halves(read(file.placed(page))), Halves(red, blue));
 }
 
