@@ -49,10 +49,11 @@ def write(name, data):
 
 
 def read_by_imagemagick(name, *options):
-    width, height, data = (subprocess.run(['convert', *options, f'{FOLDER / name}[0]', '-auto-orient', '-depth', '8', *to],
-                                          check=True, capture_output=True).stdout
-                           for to in (['-format', '%w', 'info:-'], ['-format', '%h', 'info:-'], ['rgba:-']))
-    return Image.frombytes('RGBA', (int(width), int(height)), data)
+    def output(*to):
+        command = ['convert', *options, f'{FOLDER / name}[0]', '-auto-orient', '-depth', '8', *to]
+        return subprocess.run(command, check=True, capture_output=True).stdout
+    width, height = output('-format', '%w', 'info:-'), output('-format', '%h', 'info:-')
+    return Image.frombytes('RGBA', (int(width), int(height)), output('rgba:-'))
 
 
 def convert(source, name, *options):
