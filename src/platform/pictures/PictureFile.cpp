@@ -1,0 +1,111 @@
+#include "PictureFile.h"
+
+#include "BitmapReader.h"
+#include "DeviceIndependentBitmap.h"
+#include "FileNames.h"
+#include "Files.h"
+#include "IconReader.h"
+#include "JpegScans.h"
+#include "PictureKind.h"
+#include "QtPictureReader.h"
+#include "RuntimeError.h"
+#include "ShownPicture.h"
+#include "TgaReader.h"
+#include "WmfReader.h"
+
+#include <QBuffer>
+#include <QImageWriter>
+#include <limits>
+#include <sys/stat.h>
+
+namespace {
+
+LoadedPicture upright(const QImage &pixels)
+{
+    return {pixels, ShownPicture::of(pixels, QImageIOHandler::TransformationNone)};
+}
+
+LoadedPicture jpeg(const QByteArray &bytes, qint64 mostBytes)
+{
+    constexpr int mostScans = 100;
+    if (JpegScans::count(bytes) > mostScans)
+        throw RuntimeError(ErrorNumber::InvalidPicture);
+    const QtPictureReader::Result result = QtPictureReader::read(bytes, "jpeg", mostBytes);
+    return {result.pixels, ShownPicture::of(result.pixels, result.turning)};
+}
+
+/// A bitmap file has no transparency. Blended by hand: a painter ends at 32,767 pixels.
+QImage onWhite(const QImage &image)
+{
+    if (!image.hasAlphaChannel())
+        return image;
+    QImage blended = image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    if (blended.isNull())
+        throw RuntimeError(ErrorNumber::OutOfMemory);
+    for (int y = 0; y < blended.height(); ++y) {
+        QRgb *const line = reinterpret_cast<QRgb *>(blended.scanLine(y));
+        for (QRgb *pixel = line; pixel < line + blended.width(); ++pixel) {
+            const int white = 255 - qAlpha(*pixel);
+            *pixel = qRgb(qRed(*pixel) + white, qGreen(*pixel) + white, qBlue(*pixel) + white);
+        }
+    }
+    blended.reinterpretAsFormat(QImage::Format_RGB32);
+    return blended;
+}
+
+QByteArray bitmapFile(const QImage &image)
+{
+    constexpr qint64 mostBytes = std::numeric_limits<qint32>::max();
+    constexpr qint64 headers = 2048; // with a table of 256 colours
+    const qint64 row = (qint64(image.width()) * qMin(image.depth(), 24) + 31) / 32 * 4;
+    if (row * image.height() > mostBytes - headers)
+        throw RuntimeError(ErrorNumber::Overflow);
+    QByteArray bytes;
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
+    if (!QImageWriter(&buffer, "bmp").write(onWhite(image)))
+        throw RuntimeError(ErrorNumber::InvalidPicture);
+    return bytes;
+}
+
+} // namespace
+
+LoadedPicture PictureFile::read(const QString &path, qint64 mostBytes)
+{
+    struct stat state = {};
+    if (::stat(FileNames::toBytes(path).constData(), &state) == 0 && S_ISREG(state.st_mode) &&
+        state.st_size > mostBytes)
+        throw PictureLimit::exceeded();
+    return decode(Files::read(path), mostBytes);
+}
+
+LoadedPicture PictureFile::decode(const QByteArray &bytes, qint64 mostBytes)
+{
+    switch (pictureKindOf(bytes)) {
+    case PictureKind::Gif:
+        return upright(QtPictureReader::read(bytes, "gif", mostBytes).pixels);
+    case PictureKind::Jpeg:
+        return jpeg(bytes, mostBytes);
+    case PictureKind::Bitmap:
+        return upright(BitmapReader::read(bytes, mostBytes));
+    case PictureKind::HeaderlessBitmap:
+        return upright(BitmapReader::read(DeviceIndependentBitmap::file(bytes), mostBytes));
+    case PictureKind::Icon:
+    case PictureKind::Cursor:
+        return upright(IconReader::read(bytes, mostBytes));
+    case PictureKind::Metafile:
+        return upright(WmfReader::read(bytes, mostBytes));
+    case PictureKind::Targa:
+        return upright(TgaReader::read(bytes, mostBytes));
+    case PictureKind::None:
+        break;
+    }
+    throw RuntimeError(ErrorNumber::InvalidPicture);
+}
+
+void PictureFile::saveBitmap(const QImage &image, const QString &path)
+{
+    if (image.isNull())
+        throw RuntimeError(ErrorNumber::InvalidPicture);
+    Files::write(path, bitmapFile(image));
+}

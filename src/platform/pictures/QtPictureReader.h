@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArray>
+#include <QImage>
+#include <QImageIOHandler>
+
+/// Pictures that one of Qt's readers reads.
+namespace QtPictureReader {
+
+struct Result
+{
+    QImage pixels;
+    QImageIOHandler::Transformations turning; ///< that makes the pixels upright
+};
+
+/// The first picture of \a file by the reader of Qt's \a format; no other reader sees the bytes.
+/// Throws RuntimeError 481 when it cannot be read or takes more than \a mostBytes.
+Result read(const QByteArray &file, const char *format, qint64 mostBytes);
+
+} // namespace QtPictureReader
