@@ -3,7 +3,7 @@
 /// A wait that keeps the thread busy: it counts, and lets no event run.
 namespace CountingPause {
 
-inline constexpr int designedLength = 100'000'000; ///< counts; about a quarter of a second
+inline constexpr int designedLength = 100'000'000; ///< counts; a few hundredths of a second
 
 void run();
 

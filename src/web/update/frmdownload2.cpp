@@ -59,6 +59,7 @@ frmdownload2::frmdownload2()
     Text1->setReadOnly(true);
     Text1->setTabChangesFocus(true);
     layOut();
+    setFocusProxy(cmdstart);
     setCancelButton(*cmdcancel);
     WindowCommands::bind(*this, {{"cmdstart", &frmdownload2::cmdstart_Click},
                                  {"cmdinstall", &frmdownload2::cmdinstall_Click},
@@ -93,7 +94,6 @@ void frmdownload2::Form_Load()
     Text1->setPlainText(UpdateTexts::start());
     showOnly({cmdstart, cmdcancel});
     setBusy(false);
-    cmdstart->setFocus();
 }
 
 void frmdownload2::cmdstart_Click()
