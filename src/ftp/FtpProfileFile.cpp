@@ -1,7 +1,7 @@
 #include "FtpProfileFile.h"
 
-#include "Files.h"
 #include "FieldReader.h"
+#include "Files.h"
 #include "Numbers.h"
 #include "Paths.h"
 #include "PlainText.h"

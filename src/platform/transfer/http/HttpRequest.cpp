@@ -84,8 +84,7 @@ QByteArray HttpRequest::get(const QString &address, const HttpLimits &limits)
     };
     Body body{{}, limits.bytes};
     set(CURLOPT_URL, address.toUtf8().constData()); // which the library copies
-    set(CURLOPT_PROTOCOLS_STR, schemes);
-    set(CURLOPT_REDIR_PROTOCOLS_STR, schemes);
+    set(CURLOPT_PROTOCOLS_STR, schemes);            // those of redirections too
     set(CURLOPT_FOLLOWLOCATION, 1L);
     set(CURLOPT_MAXREDIRS, mostRedirections);
     set(CURLOPT_WRITEFUNCTION, &take);

@@ -124,7 +124,7 @@ TEST_F(HttpRequestTest, AServerThatFallsSilentIsNotWaitedFor)
 {
     for (const char *reply : {"", "HTTP/1.1 200 OK\r\n", "HTTP/1.1 200 OK\r\nContent-Length: 5\r\n\r\nab"}) {
         server.answerRaw("/a", reply, HttpServer::Then::Stall);
-        EXPECT_EQ(errorOf(QStringLiteral("/a"), {.bytes = 10, .seconds = 60, .secondsWithout = 1}),
+        EXPECT_EQ(errorOf(QStringLiteral("/a"), {.bytes = 10, .seconds = 3600, .secondsWithout = 1}),
                   TransferError::TimedOut)
             << reply;
     }
@@ -133,7 +133,8 @@ TEST_F(HttpRequestTest, AServerThatFallsSilentIsNotWaitedFor)
 TEST_F(HttpRequestTest, EndsAfterItsTime)
 {
     server.answerRaw("/a", "HTTP/1.1 200 OK\r\n", HttpServer::Then::Stall);
-    EXPECT_EQ(errorOf(QStringLiteral("/a"), {.bytes = 10, .seconds = 1}), TransferError::TimedOut);
+    EXPECT_EQ(errorOf(QStringLiteral("/a"), {.bytes = 10, .seconds = 1, .secondsWithout = 3600}),
+              TransferError::TimedOut);
 }
 
 TEST_F(HttpRequestTest, TellsWhyAHostIsNotReached)
