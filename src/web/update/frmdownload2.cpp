@@ -54,8 +54,8 @@ frmdownload2::frmdownload2()
     const QIcon icon = ThemeIcon::named(QStringLiteral("system-software-update"));
     setWindowIcon(icon);
     Image1->setPixmap(icon.pixmap({pictureSize, pictureSize}, devicePixelRatioF()));
-    QProGIF1->setPixmap(ThemeIcon::named(QStringLiteral("process-working"))
-                            .pixmap({busySize, busySize}, devicePixelRatioF()));
+    QProGIF1->setPixmap(
+        ThemeIcon::named(QStringLiteral("view-refresh")).pixmap({busySize, busySize}, devicePixelRatioF()));
     Text1->setReadOnly(true);
     Text1->setTabChangesFocus(true);
     layOut();
@@ -76,13 +76,16 @@ void frmdownload2::layOut()
 {
     const QFontMetrics metrics = Text1->fontMetrics();
     Text1->setMinimumSize(columns * metrics.averageCharWidth(), rows * metrics.lineSpacing());
+    auto *pictures = new QVBoxLayout;
+    pictures->addWidget(Image1);
+    pictures->addWidget(QProGIF1, 0, Qt::AlignHCenter);
+    pictures->addStretch();
     auto *buttons = new QHBoxLayout;
-    buttons->addWidget(QProGIF1);
     buttons->addStretch();
     for (QPushButton *button : {cmdstart, cmdinstall, OKButton, cmdcancel})
         buttons->addWidget(button);
     auto *grid = new QGridLayout(this);
-    grid->addWidget(Image1, 0, 0, Qt::AlignTop);
+    grid->addLayout(pictures, 0, 0);
     grid->addWidget(Text1, 0, 1);
     grid->addLayout(buttons, 1, 0, 1, 2);
     grid->setColumnStretch(1, 1);
