@@ -161,6 +161,7 @@ function(quill_data name folder)
     add_custom_command(OUTPUT ${stamp}
         COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/data ${CMAKE_BINARY_DIR}/${folder}
         COMMAND chmod 600 ${CMAKE_BINARY_DIR}/${folder}/ftpprof.dat # it holds passwords
+        COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/${folder}/upgrade # which the suite does not make
         COMMAND sh -c "test -e \"$1\" || install -m 600 \"$0\" \"$1\"" ${QUILL_DATABASE} ${database}
         COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
         DEPENDS ${data} ${QUILL_DATABASE} COMMENT "Data in ${folder}" VERBATIM)

@@ -1,7 +1,7 @@
 #include "FtpProfileFile.h"
 
+#include "FieldReader.h"
 #include "Files.h"
-#include "FtpFieldReader.h"
 #include "Numbers.h"
 #include "Paths.h"
 #include "PlainText.h"
@@ -16,9 +16,9 @@ QString path()
     return Paths::native(Paths::appPath() + QStringLiteral("\\ftpprof.dat"));
 }
 
-FtpFieldReader fields()
+FieldReader fields()
 {
-    return FtpFieldReader(PlainText::fromWindows1252(Files::read(path())));
+    return FieldReader(PlainText::fromWindows1252(Files::read(path())));
 }
 
 /// 0 for what is no number of 32 bits.
@@ -29,7 +29,7 @@ qint32 numberOf(const QString &field)
     return number >= Limits::min() && number <= Limits::max() ? qint32(number) : 0;
 }
 
-FtpProfile nextRecord(FtpFieldReader &fields)
+FtpProfile nextRecord(FieldReader &fields)
 {
     FtpProfile record;
     record.number = numberOf(fields.next());
@@ -45,13 +45,13 @@ FtpProfile nextRecord(FtpFieldReader &fields)
 
 FtpProfile FtpProfileFile::readFirst()
 {
-    FtpFieldReader reader = fields();
+    FieldReader reader = fields();
     return nextRecord(reader);
 }
 
 int FtpProfileFile::read(Table &table)
 {
-    FtpFieldReader reader = fields();
+    FieldReader reader = fields();
     int index = 0;
     // Intended: the last record is written, but never read.
     for (; index < readable && !reader.atEnd(); ++index)

@@ -22,6 +22,7 @@
 #include "frmUnzip.h"
 #include "frmZip.h"
 #include "frmdialler.h"
+#include "frmdownload2.h"
 #include "frmquilladdresshelp.h"
 
 namespace {
@@ -62,6 +63,7 @@ constexpr Row windows[] = {
     {"frmUnzip", Forms::Instances::One, make<frmUnzip>},
     {"frmOverwrite", Forms::Instances::One, make<frmOverwrite>},
     {"frmPassword", Forms::Instances::One, make<frmPassword>},
+    {"frmdownload2", Forms::Instances::One, make<frmdownload2>},
 };
 
 } // namespace

@@ -19,3 +19,8 @@ QString Publisher::webAddress(const QString &path)
 {
     return QStringLiteral("http://") + host(QStringLiteral("hosts/web")) + path;
 }
+
+QString Publisher::updateAddress(const QString &path)
+{
+    return QStringLiteral("http://") + host(QStringLiteral("hosts/update")) + path;
+}

@@ -21,12 +21,16 @@ QString platformText(int number)
         return QStringLiteral("Type mismatch");
     case ErrorNumber::ModuleNotLoaded:
         return QStringLiteral("Error in loading DLL");
+    case ErrorNumber::BadFileName:
+        return QStringLiteral("Bad file name or number");
     case ErrorNumber::FileNotFound:
         return QStringLiteral("File not found");
     case ErrorNumber::DeviceIoError:
         return QStringLiteral("Device I/O error");
     case ErrorNumber::DiskFull:
         return QStringLiteral("Disk full");
+    case ErrorNumber::InputPastEnd:
+        return QStringLiteral("Input past end of file");
     case ErrorNumber::PermissionDenied:
         return QStringLiteral("Permission denied");
     case ErrorNumber::PathFileAccessError:

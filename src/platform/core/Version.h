@@ -2,8 +2,11 @@
 
 #include <QString>
 
-/// The suite's version, as the build file gives it.
+/// The suite's names and its version, as the build file gives it.
 namespace Version {
+
+inline const QString product = QStringLiteral("Quill-Office Tools");
+inline const QString company = QStringLiteral("Tallowick");
 
 inline constexpr int major = QUILL_VERSION_MAJOR;
 inline constexpr int minor = QUILL_VERSION_MINOR;

@@ -1,4 +1,4 @@
-#include "FtpFieldReader.h"
+#include "FieldReader.h"
 
 namespace {
 
@@ -9,7 +9,7 @@ bool isDelimiter(QChar character)
 
 } // namespace
 
-QString FtpFieldReader::next()
+QString FieldReader::next()
 {
     while (!atEnd() && m_text[m_next] == u' ')
         ++m_next;
@@ -20,7 +20,7 @@ QString FtpFieldReader::next()
 
 /// What is between the closing mark and the delimiter belongs to no field. A mark that is never closed takes
 /// the rest of the text.
-QString FtpFieldReader::quoted()
+QString FieldReader::quoted()
 {
     const qsizetype first = m_next + 1;
     const qsizetype closing = m_text.indexOf(u'"', first);
@@ -29,7 +29,7 @@ QString FtpFieldReader::quoted()
     return closing < 0 ? m_text.mid(first) : m_text.mid(first, closing - first);
 }
 
-QString FtpFieldReader::plain()
+QString FieldReader::plain()
 {
     const qsizetype first = m_next;
     while (!atEnd() && !isDelimiter(m_text[m_next]))
@@ -37,7 +37,7 @@ QString FtpFieldReader::plain()
     return m_text.mid(first, m_next - first);
 }
 
-void FtpFieldReader::skipDelimiter()
+void FieldReader::skipDelimiter()
 {
     if (atEnd())
         return;

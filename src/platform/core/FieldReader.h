@@ -2,13 +2,13 @@
 
 #include <QString>
 
-/// Takes fields off the text of a profile file, one after the other. A comma or a line end of any kind ends a
+/// Takes fields off the text of a data file, one after the other. A comma or a line end of any kind ends a
 /// field, so it takes no notice of how many fields a line has. Blanks before a field are skipped. A field
 /// that begins with a quotation mark runs to the next one, across commas and line ends.
-class FtpFieldReader
+class FieldReader
 {
 public:
-    explicit FtpFieldReader(const QString &text)
+    explicit FieldReader(const QString &text)
         : m_text(text)
     {}
 

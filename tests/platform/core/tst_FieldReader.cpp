@@ -1,4 +1,4 @@
-#include "FtpFieldReader.h"
+#include "FieldReader.h"
 #include "PrintQt.h"
 #include "RowName.h"
 
@@ -14,7 +14,7 @@ struct FieldsCase
     const char *fields; // joined by "|"
 };
 
-struct FtpFieldReaderTest : testing::TestWithParam<FieldsCase>
+struct FieldReaderTest : testing::TestWithParam<FieldsCase>
 {};
 
 constexpr FieldsCase fieldsCases[] = {
@@ -38,20 +38,20 @@ constexpr FieldsCase fieldsCases[] = {
 
 } // namespace
 
-TEST_P(FtpFieldReaderTest, TakesFieldsOneByOne)
+TEST_P(FieldReaderTest, TakesFieldsOneByOne)
 {
-    FtpFieldReader reader(QString::fromLatin1(GetParam().text));
+    FieldReader reader(QString::fromLatin1(GetParam().text));
     QStringList fields;
     while (!reader.atEnd())
         fields << reader.next();
     EXPECT_EQ(fields.join(u'|'), QString::fromLatin1(GetParam().fields));
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, FtpFieldReaderTest, testing::ValuesIn(fieldsCases), RowName());
+INSTANTIATE_TEST_SUITE_P(Texts, FieldReaderTest, testing::ValuesIn(fieldsCases), RowName());
 
-TEST(FtpFieldReader, HasEmptyFieldsBehindTheEnd)
+TEST(FieldReader, HasEmptyFieldsBehindTheEnd)
 {
-    FtpFieldReader reader({});
+    FieldReader reader({});
     EXPECT_TRUE(reader.atEnd());
     EXPECT_EQ(reader.next(), QString());
     EXPECT_TRUE(reader.atEnd());
