@@ -69,6 +69,25 @@ private:
     QList<Stretch> m_stretches;
 };
 
+/// Where each piece of the runs that are between \a from and \a end begins.
+QHash<const Unseen::Piece *, int> piecesOfRuns(const QTextDocument &document, int from, int end)
+{
+    QHash<const Unseen::Piece *, int> places;
+    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() < end;
+         block = block.next()) {
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QTextFragment run = it.fragment();
+            if (run.position() >= end || run.position() + run.length() <= from)
+                continue;
+            for (const auto &piece : Unseen::of(run.charFormat())) {
+                if (!places.contains(piece.get()))
+                    places.insert(piece.get(), run.position());
+            }
+        }
+    }
+    return places;
+}
+
 void setPieces(QTextDocument &document, const Stretch &stretch, const Unseen::Pieces &pieces)
 {
     QTextCharFormat added;
@@ -114,6 +133,18 @@ bool isEndAlone(const Unseen::Piece &piece, const QSet<End> &ends)
 {
     const End end = endOf(piece);
     return !end.name.isNull() && !ends.contains({end.name, !end.isFirst});
+}
+
+/// As Qt deletes: backwards a character of a cluster, and not all of it.
+void selectDeleted(QTextCursor &caret, bool isBackspace)
+{
+    const int behind = caret.position();
+    const auto at = [&](int position) { return caret.document()->characterAt(position); };
+    const bool isPair = behind > 1 && at(behind - 1).isLowSurrogate() && at(behind - 2).isHighSurrogate();
+    if (isBackspace)
+        caret.setPosition(behind - (isPair ? 2 : 1), QTextCursor::KeepAnchor);
+    else
+        caret.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
 }
 
 } // namespace
@@ -171,16 +202,17 @@ bool UnseenKeeper::beforeKey(const QKeyEvent &key, QTextCursor &caret) const
         return false;
     if (isBackspace && caret.atBlockStart() && (caret.currentList() || caret.blockFormat().indent() > 0))
         return false; // which ends that, and deletes nothing
-    const int deleted = caret.position() - (isBackspace ? 1 : 0);
-    const char16_t sign = m_document->characterAt(deleted).unicode();
+    const char16_t sign = m_document->characterAt(caret.position() - (isBackspace ? 1 : 0)).unicode();
     if (sign == 0xFDD0 || sign == 0xFDD1) // a cell's, which no single key deletes
         return false;
-    const QTextBlock block = m_document->findBlock(deleted);
-    const bool hasPieces = Unseen::isIn(stretchAt(*m_document, deleted).format) ||
-                           (deleted == endOf(block) && Unseen::isIn(block.next().charFormat()));
-    return hasPieces &&
-           caret.movePosition(isDelete ? QTextCursor::NextCharacter : QTextCursor::PreviousCharacter,
-                              QTextCursor::KeepAnchor);
+    selectDeleted(caret, isBackspace);
+    const int first = caret.selectionStart();
+    const QTextBlock block = m_document->findBlock(first);
+    const int nextEnd = first == endOf(block) ? endOf(block.next()) : -1; // which goes with this one
+    return std::any_of(m_places.cbegin(), m_places.cend(), [&](const Place &place) {
+        const int position = place.cursor.position();
+        return (position >= first && position < caret.selectionEnd()) || position == nextEnd;
+    });
 }
 
 /// The places of pieces from \a from up to \a end that were not known; they are from now on.
@@ -206,6 +238,18 @@ QList<UnseenKeeper::Place> UnseenKeeper::find(int from, int end)
     return places;
 }
 
+/// Text that is typed before a character may have its format, and is then what a piece belongs to.
+void UnseenKeeper::followCopies(int from, int end)
+{
+    if (from == end || m_places.isEmpty())
+        return;
+    const QHash<const Unseen::Piece *, int> copies = piecesOfRuns(*m_document, from, end);
+    for (Place &place : m_places) {
+        const int position = place.cursor.position();
+        place.cursor.setPosition(qMin(position, copies.value(place.piece.get(), position)));
+    }
+}
+
 /// A change of formats, and several edits in one, are reported as a stretch that is replaced, with all that
 /// is between them.
 void UnseenKeeper::noteChange(int from, int removed, int added)
@@ -218,6 +262,7 @@ void UnseenKeeper::noteChange(int from, int removed, int added)
     const int last = endOf(m_document->findBlock(qMin(from + added, m_document->characterCount() - 1)));
     QList<Place> left;
     StretchesOfBlock stretches(*m_document);
+    followCopies(from, from + added);
     for (Place &place : std::exchange(m_places, {})) {
         const int position = place.cursor.position();
         const bool isFar = place.position < from || position > last;
@@ -270,22 +315,21 @@ void UnseenKeeper::keep(const Change &change)
     const auto isDeleted = [&](const Place &place) {
         return change.isBetween(place) && !isEndAlone(*place.piece, deletedEnds);
     };
-    QSet<Piece> deleted;
+    QSet<Piece> taken;
     QMap<int, Unseen::Pieces> moved;
     for (const Place &place : change.inside) {
         if (isDeleted(place))
-            deleted.insert(place.piece);
+            taken.insert(place.piece);
     }
     for (const Place &place : change.lost) {
-        if (isDeleted(place))
-            deleted.insert(place.piece);
-        else
+        taken.insert(place.piece);
+        if (!isDeleted(place))
             moved[place.cursor.position()].append(place.piece);
     }
     m_isKeeping = true;
     QTextCursor edit(m_document);
     edit.joinPreviousEditBlock();
-    remove(deleted);
+    remove(taken);
     for (auto each = moved.cbegin(); each != moved.cend(); ++each)
         insert(each.key(), each.value());
     edit.endEditBlock();
@@ -295,7 +339,6 @@ void UnseenKeeper::keep(const Change &change)
 /// Before what the character at \a position has already.
 void UnseenKeeper::insert(int position, const Unseen::Pieces &pieces)
 {
-    forget(QSet<Piece>(pieces.cbegin(), pieces.cend()));
     Stretch target = stretchAt(*m_document, position);
     target.begin = position;
     setPieces(*m_document, target, pieces + Unseen::of(target.format));
@@ -305,9 +348,9 @@ void UnseenKeeper::insert(int position, const Unseen::Pieces &pieces)
 /// From wherever a copied format may have taken them.
 void UnseenKeeper::remove(const QSet<Piece> &pieces)
 {
-    if (pieces.isEmpty())
-        return;
-    forget(pieces);
+    m_places.removeIf([&](const Place &place) { return pieces.contains(place.piece); });
+    for (const Piece &piece : pieces)
+        m_known.remove(piece.get());
     for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next()) {
         const QList<Stretch> stretches = stretchesOf(block);
         for (const Stretch &stretch : stretches) {
@@ -316,13 +359,6 @@ void UnseenKeeper::remove(const QSet<Piece> &pieces)
                 setPieces(*m_document, stretch, left);
         }
     }
-}
-
-void UnseenKeeper::forget(const QSet<Piece> &pieces)
-{
-    m_places.removeIf([&](const Place &place) { return pieces.contains(place.piece); });
-    for (const Piece &piece : pieces)
-        m_known.remove(piece.get());
 }
 
 /// Qt does not undo what happens to the format of the first paragraph's end.

@@ -47,13 +47,13 @@ private:
     };
 
     void noteChange(int from, int removed, int added);
+    void followCopies(int from, int end);
     void afterEdit();
     void keep(const Change &change);
     QList<Place> find(int from, int end);
     bool wasEdited() const;
     void insert(int position, const Unseen::Pieces &pieces);
     void remove(const QSet<Piece> &pieces);
-    void forget(const QSet<Piece> &pieces);
     void rememberFirstEnd();
     void restoreFirstEnd();
 
