@@ -15,6 +15,10 @@ namespace {
 
 using Borders = ParagraphBorders;
 
+// Twips, whatever the file says
+constexpr int mostSpace = 620;
+constexpr int mostWidth = 240;
+
 Borders bordersOf(const QTextBlock &paragraph)
 {
     return Borders::read(paragraph.blockFormat().stringProperty(RichTextProperty::Borders));
@@ -103,8 +107,7 @@ public:
     /// From the text to the middle of the inner line, where the space has \a room.
     double distance(const ParagraphBorder &border, double room = endless) const
     {
-        constexpr int widest = 620; // twips
-        return qMin(dots(qBound(0, border.space, widest)), room) + width(border) / 2;
+        return qMin(dots(qBound(0, border.space, mostSpace)), room) + width(border) / 2;
     }
     /// From the text to the far side of what \a border has up to \a ring.
     double reach(const ParagraphBorder &border, double distance, Ring ring) const
@@ -125,9 +128,8 @@ private:
     /// Pixels of the screen at least, and not over the text beside.
     double width(const ParagraphBorder &border) const
     {
-        constexpr int usual = 15; // twips
-        constexpr int widest = 240;
-        const int twips = border.width < 0 ? usual : qMin(border.width, widest);
+        constexpr int usual = 15;
+        const int twips = border.width < 0 ? usual : qMin(border.width, mostWidth);
         return qMax(m_dpi / ParagraphFormat::layoutDpi(), dots(twips));
     }
     double shift(const ParagraphBorder &border, Ring ring) const
@@ -218,6 +220,21 @@ private:
 bool ParagraphLines::has(const QTextBlock &paragraph)
 {
     return paragraph.blockFormat().hasProperty(RichTextProperty::Borders);
+}
+
+bool ParagraphLines::areNear(const QTextDocument &document, int from, int end)
+{
+    const QTextBlock before = document.findBlock(from).previous();
+    QTextBlock block = before.isValid() ? before : document.begin();
+    while (block.isValid() && block.position() <= end && !has(block))
+        block = block.next();
+    return block.isValid() && has(block); // the one behind the end, too
+}
+
+double ParagraphLines::farthest(double dpi)
+{
+    constexpr int linesOfDouble = 3;
+    return (mostSpace + linesOfDouble * mostWidth) * dpi / Twips::perInch;
 }
 
 void ParagraphLines::paint(const QTextBlock &paragraph, double dpi, QPainter &painter)

@@ -1,5 +1,7 @@
+#include "PaintedArea.h"
 #include "ParagraphLines.h"
 #include "PrintFixture.h"
+#include "QuickLayout.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QTextList>
@@ -175,6 +177,31 @@ TEST_F(ParagraphLinesTest, AreNotWiderThanALineOfTextThoughTheFileSaysSo)
     show();
     EXPECT_EQ(red().height(), 16);
     EXPECT_TRUE(box.TextRTF().contains("\\brdrw30000"));
+}
+
+TEST_F(ParagraphLinesTest, ArePaintedAnewBesideAParagraphThatChanges)
+{
+    load("x\\par\\sb480" + QByteArray(frame) + "a\\par b\\par c\\par\\pard d\\par");
+    show();
+    PaintedArea painted(*box.viewport());
+    painted.covers({});
+    box.setSelStart(4); // of b
+    painted.covers({});
+    box.setSelIndent(720);
+    EXPECT_TRUE(painted.covers(text(1).toAlignedRect().adjusted(-10, -12, 0, 24)));
+}
+
+TEST_F(ParagraphLinesTest, LeaveWhatIsBelowTheViewToTheNextPause)
+{
+    load(QByteArray(frame) + QByteArray("words\\par ").repeated(3000));
+    show();
+    ASSERT_TRUE(
+        QTest::qWaitFor([this] { return box.document()->lastBlock().layout()->lineCount() > 0; }, 60000));
+    for (int i = 0; i < 3; ++i) {
+        QTest::keyClick(&box, Qt::Key_X);
+        box.viewport()->grab();
+        EXPECT_EQ(QuickLayout::isBehind(*box.document()), QuickLayout::isAvailable());
+    }
 }
 
 TEST_F(ParagraphLinesTest, OnPaperReachIntoTheMargins)
