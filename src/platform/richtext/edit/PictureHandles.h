@@ -45,10 +45,10 @@ private:
         Picture picture;
         QPointF fixed; ///< the corner opposite to the one that is dragged
         QSizeF size;   ///< of the picture when it is released now
-        QPointF top;   ///< of the view in the document when it was pressed
+        QPointF originAtPress;
     };
 
-    QPointF viewTop() const;
+    QPointF viewOrigin() const; ///< in the document
     QPointF scrolledInDrag() const;
 
     std::optional<Picture> pictureAt(int position) const;

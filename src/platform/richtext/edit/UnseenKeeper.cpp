@@ -1,6 +1,7 @@
 #include "UnseenKeeper.h"
 
 #include "EventGate.h"
+#include "FrameSign.h"
 
 #include <QKeyEvent>
 #include <QMap>
@@ -128,6 +129,12 @@ End endOf(const Unseen::Piece &piece)
     return {};
 }
 
+/// The same for equal ones.
+size_t hashOf(const Unseen::Piece &piece)
+{
+    return qHashMulti(0, piece.before, piece.text.isEmpty() ? QString() : piece.text.first().text);
+}
+
 /// Whether \a piece is one end of what has its other end not in \a ends.
 bool isEndAlone(const Unseen::Piece &piece, const QSet<End> &ends)
 {
@@ -156,17 +163,23 @@ bool UnseenKeeper::Change::isBetween(const Place &place) const
 
 /// What is found elsewhere is not lost; each one that is found may be an equal one read again. Of a paragraph
 /// that was split, the first half's end has but a copy.
-void UnseenKeeper::Change::forgetMoved(QList<Place> found, bool isSplit)
+void UnseenKeeper::Change::forgetMoved(const QList<Place> &found, bool isSplit)
 {
+    if (lost.isEmpty())
+        return;
+    QMultiHash<size_t, Place> here; // by what the pieces say
+    for (const Place &place : found)
+        here.insert(hashOf(*place.piece), place);
     const auto forget = [&](auto isSame) {
-        found.removeIf([&](const Place &here) {
-            const auto was = std::find_if(lost.cbegin(), lost.cend(), [&](const Place &place) {
-                const bool isCopy = isSplit && place.cursor.atBlockEnd() && here.cursor.atBlockEnd();
-                return !isCopy && isSame(here.piece, place.piece);
+        lost.removeIf([&](const Place &was) {
+            const auto [first, behind] = here.equal_range(hashOf(*was.piece));
+            const auto moved = std::find_if(first, behind, [&](const Place &place) {
+                const bool isCopy = isSplit && was.cursor.atBlockEnd() && place.cursor.atBlockEnd();
+                return !isCopy && isSame(place.piece, was.piece);
             });
-            if (was == lost.cend())
+            if (moved == behind)
                 return false;
-            lost.erase(was);
+            here.erase(moved);
             return true;
         });
     };
@@ -203,7 +216,7 @@ bool UnseenKeeper::beforeKey(const QKeyEvent &key, QTextCursor &caret) const
     if (isBackspace && caret.atBlockStart() && (caret.currentList() || caret.blockFormat().indent() > 0))
         return false; // which ends that, and deletes nothing
     const char16_t sign = m_document->characterAt(caret.position() - (isBackspace ? 1 : 0)).unicode();
-    if (sign == 0xFDD0 || sign == 0xFDD1) // a cell's, which no single key deletes
+    if (sign == FrameSign::begin || sign == FrameSign::end) // a cell's, which no single key deletes
         return false;
     selectDeleted(caret, isBackspace);
     const int first = caret.selectionStart();
@@ -265,8 +278,8 @@ void UnseenKeeper::noteChange(int from, int removed, int added)
     followCopies(from, from + added);
     for (Place &place : std::exchange(m_places, {})) {
         const int position = place.cursor.position();
-        const bool isFar = place.position < from || position > last;
-        if (!isFar && !has(stretches.at(position), place.piece)) {
+        const bool isUntouched = place.position < from || position > last;
+        if (!isUntouched && !has(stretches.at(position), place.piece)) {
             m_known.remove(place.piece.get());
             m_latest.lost.append(place);
             continue;

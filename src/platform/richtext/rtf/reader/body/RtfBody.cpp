@@ -1,5 +1,6 @@
 #include "RtfBody.h"
 
+#include "FrameSign.h"
 #include "RtfCodePage.h"
 #include "RtfTable.h"
 
@@ -20,8 +21,8 @@ char16_t harmless(char16_t c)
     case QChar::ParagraphSeparator:
         return QChar::LineSeparator;
     case QChar::ObjectReplacementCharacter:
-    case 0xFDD0: // the document's own signs for where frames begin
-    case 0xFDD1: // and end
+    case FrameSign::begin:
+    case FrameSign::end:
         return QChar::ReplacementCharacter;
     default:
         return c < u' ' ? char16_t(QChar::ReplacementCharacter) : c;
