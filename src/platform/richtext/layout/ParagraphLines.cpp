@@ -60,6 +60,7 @@ QList<QRectF> textLines(const QTextBlock &paragraph)
 }
 
 constexpr double endless = 1e9; // pixels
+constexpr QRectF everything(-endless, -endless, 2 * endless, 2 * endless);
 
 /// Whether a page of \a document ends between two heights.
 bool areOnTwoPages(const QTextDocument &document, double above, double below)
@@ -101,6 +102,7 @@ public:
     Pen(double dpi, QPainter &painter)
         : m_painter(painter)
         , m_textColor(painter.pen().color())
+        , m_clip(painter.hasClipping() ? painter.clipBoundingRect() : everything)
         , m_dpi(dpi)
     {}
     double dots(int twips) const { return twips * m_dpi / Twips::perInch; }
@@ -119,9 +121,13 @@ public:
     {
         if (!isIn(ring, border))
             return;
+        const QLineF line = place.translated(outward * shift(border, ring));
+        const double thick = width(border);
+        if (!m_clip.intersects(QRectF(line.p1(), line.p2()).adjusted(-thick, -thick, thick, thick)))
+            return; // of a paragraph on many pages
         const QColor color = border.color.isValid() ? border.color : m_textColor;
-        m_painter.setPen(QPen(color, width(border), penStyle(border.style), Qt::FlatCap));
-        m_painter.drawLine(place.translated(outward * shift(border, ring)));
+        m_painter.setPen(QPen(color, thick, penStyle(border.style), Qt::FlatCap));
+        m_painter.drawLine(line);
     }
 
 private:
@@ -139,6 +145,7 @@ private:
 
     QPainter &m_painter;
     QColor m_textColor;
+    QRectF m_clip;
     double m_dpi;
 };
 

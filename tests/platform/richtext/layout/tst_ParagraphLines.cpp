@@ -4,6 +4,7 @@
 #include "QuickLayout.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QFileInfo>
 #include <QTextList>
 
 namespace {
@@ -220,6 +221,17 @@ TEST_F(ParagraphLinesTest, OnPaperEndWithTheTextBeforeAPageBreak)
     EXPECT_GT(dots(QRectF(0, paperMargin, 60, 50), Qt::red), 100);
     EXPECT_EQ(dots(QRectF(0, paperMargin + 60, 595, 720), Qt::red), 0);
     EXPECT_EQ(dots(QRectF(0, 0, 60, paperMargin), Qt::red, 2), 0);
+}
+
+TEST_F(ParagraphLinesTest, OnPaperEachPageHasItsOwnAlone)
+{
+    const QByteArray words = "\\sb480 " + QByteArray("word ").repeated(12000) + "\\par";
+    const auto printedSize = [this](const QByteArray &body) {
+        load(body);
+        EXPECT_GT(print().size(), 10);
+        return QFileInfo(file()).size();
+    };
+    EXPECT_LT(printedSize(frame + words), 2 * printedSize(words));
 }
 
 TEST_F(ParagraphLinesTest, OnPaperAreAroundHeaders)
