@@ -131,6 +131,18 @@ TEST_F(ParagraphLinesTest, BeginAtTheIndentWhereTheFirstLineBeginsFarther)
     }
 }
 
+TEST_F(ParagraphLinesTest, AreAroundTextFromTheRightToo)
+{
+    for (const char *first : {"\\fi720", "\\fi-360"}) {
+        load("x\\par\\sb480\\rtlpar\\li720\\ri720" + QByteArray(first) + QByteArray(frame) +
+             "a\\par\\pard c\\par");
+        show();
+        const int hang = first == QByteArray("\\fi720") ? 0 : 24;
+        EXPECT_NEAR(red().right() + 1, box.viewport()->width() - 10 - 48 + hang + 12, 1) << first;
+        EXPECT_NEAR(red().left(), 10 + 48 - 12, 1) << first;
+    }
+}
+
 TEST_F(ParagraphLinesTest, HaveHangingLinesAndTheMarksOfListsInside)
 {
     const QByteArray body = "\\sb480\\li720\\fi-360" + QByteArray(frame) + "a\\par\\pard c\\par";
