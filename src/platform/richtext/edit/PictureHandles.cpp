@@ -114,6 +114,14 @@ void PictureHandles::release()
         Pictures::resize(*m_view.document(), drag.picture.position, drag.size / m_zoom.factor());
 }
 
+void PictureHandles::forget()
+{
+    if (!m_drag)
+        return;
+    m_drag.reset();
+    m_view.viewport()->update();
+}
+
 void PictureHandles::hover(const QPoint &point) const
 {
     if (const std::optional<Qt::Corner> corner = cornerAt(point))

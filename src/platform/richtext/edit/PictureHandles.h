@@ -31,8 +31,8 @@ public:
     /// Paints over the text of the view.
     void paint() const;
 
-    /// To be called when the document changes, and before the view shows another one.
-    void forget() { m_drag.reset(); }
+    /// To be called when the document changes or is enlarged, and before the view shows another one.
+    void forget();
 
 private:
     struct Picture

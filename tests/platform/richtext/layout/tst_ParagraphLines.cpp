@@ -149,9 +149,12 @@ TEST_F(ParagraphLinesTest, HaveHangingLinesAndTheMarksOfListsInside)
     load("x\\par" + body);
     show();
     EXPECT_NEAR(red().left(), 10 + 24 - 12, 1);
-    load("x\\par{\\*\\pn\\pnlvlblt{\\pntxtb\\'B7}}" + body);
-    ASSERT_NE(paragraph(1).textList(), nullptr);
-    EXPECT_NEAR(red().left(), 10 + 24 - 12, 1);
+    const QByteArray mark = "x\\par{\\*\\pn\\pnlvlblt{\\pntxtb\\'B7}}";
+    for (const QByteArray &item : {body, QByteArray(body).replace("\\fi-360", "\\fi0")}) {
+        load(mark + item);
+        ASSERT_NE(paragraph(1).textList(), nullptr);
+        EXPECT_NEAR(red().left(), 10 + 24 - 12, 1);
+    }
 }
 
 TEST_F(ParagraphLinesTest, AreDoubleUpToTheirCorners)
