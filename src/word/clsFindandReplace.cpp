@@ -4,6 +4,7 @@
 #include "CaretPlacing.h"
 #include "EventGate.h"
 #include "FindFlag.h"
+#include "FrameSign.h"
 #include "ReplaceAllPlan.h"
 #include "RichTextBox.h"
 #include "TextReplacement.h"
@@ -13,13 +14,9 @@
 
 namespace {
 
-// What QTextDocument has at the edges of table cells.
-constexpr char16_t frameStart = 0xFDD0;
-constexpr char16_t frameEnd = 0xFDD1;
-
 bool isCellEdge(QChar c)
 {
-    return c == frameStart || c == frameEnd;
+    return c == FrameSign::begin || c == FrameSign::end;
 }
 
 bool isLineEnd(QChar c)

@@ -3,6 +3,7 @@
 #include "ClipboardText.h"
 #include "EventGate.h"
 #include "PageFormat.h"
+#include "ParagraphLines.h"
 #include "Pictures.h"
 #include "PlainText.h"
 #include "RtfReader.h"
@@ -82,9 +83,11 @@ void RichTextBox::replaceDocument(std::unique_ptr<QTextDocument> document, const
     m_longDocuments.attach(*shown);
     m_zoom.attach(*shown);
     m_unseen.attach(*shown);
-    on(shown, &QTextDocument::contentsChange, this, [this] {
+    on(shown, &QTextDocument::contentsChange, this, [this](int from, int, int added) {
         m_isChanged = true;
         m_handles.forget();
+        if (ParagraphLines::areNear(*this->document(), from, from + added)) // Qt paints the text's area anew
+            viewport()->update();
     });
     on(shown, &QTextDocument::contentsChanged, this, &RichTextBox::reportChange);
     m_formats.forget();

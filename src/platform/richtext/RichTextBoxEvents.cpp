@@ -7,6 +7,7 @@
 #include "RichTextBox.h"
 #include "Twips.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QImage>
 #include <QKeyEvent>
 #include <QMenu>
@@ -14,6 +15,7 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QTextFrame>
 #include <QTextList>
 
 // What reaches the control from the desktop: events, the clipboard, drops.
@@ -66,8 +68,10 @@ void RichTextBox::focusInEvent(QFocusEvent *event)
 void RichTextBox::keyPressEvent(QKeyEvent *event)
 {
     run([&] {
-        if (m_zoom.press(*event))
+        if (m_zoom.press(*event)) {
+            m_handles.forget();
             return;
+        }
         m_undoSteps.beforeKey(*event, textCursor());
         if (QTextCursor caret = textCursor(); !Locked() && m_unseen.beforeKey(*event, caret))
             setTextCursor(caret);
@@ -139,16 +143,25 @@ void RichTextBox::paintEvent(QPaintEvent *event)
     });
 }
 
+/// Asks for no place far below: that would bring everything there to its place.
 void RichTextBox::paintLines(const QRegion &region)
 {
+    const double dpi = ParagraphFormat::layoutDpi() * m_zoom.factor();
+    const QPoint scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
+    const double bottom = region.boundingRect().bottom() + scrolled.y() + ParagraphLines::farthest(dpi);
     QPainter painter(viewport());
     painter.setClipRegion(region);
-    painter.translate(-horizontalScrollBar()->value(), -verticalScrollBar()->value());
+    painter.translate(-scrolled);
+    const QAbstractTextDocumentLayout &layout = *document()->documentLayout();
     const auto [first, end] = m_longDocuments.stretchInView();
     for (QTextBlock block = document()->findBlock(first); block.isValid() && block.position() <= end;
          block = block.next()) {
+        // Of cells beside each other the second begins above the end of the first.
+        const bool isOnPage = document()->frameAt(block.position()) == document()->rootFrame();
+        if (isOnPage && layout.blockBoundingRect(block).top() > bottom)
+            break;
         if (ParagraphLines::has(block))
-            ParagraphLines::paint(block, ParagraphFormat::layoutDpi() * m_zoom.factor(), painter);
+            ParagraphLines::paint(block, dpi, painter);
     }
 }
 
@@ -164,7 +177,9 @@ void RichTextBox::resizeEvent(QResizeEvent *event)
 void RichTextBox::wheelEvent(QWheelEvent *event)
 {
     run([&] {
-        if (!m_zoom.turn(*event))
+        if (m_zoom.turn(*event))
+            m_handles.forget();
+        else
             QTextEdit::wheelEvent(event);
     });
 }

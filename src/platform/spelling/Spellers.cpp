@@ -5,6 +5,7 @@
 #include "Speller.h"
 
 #include <QDir>
+#include <QPointer>
 #include <QStandardPaths>
 
 namespace {
@@ -67,10 +68,27 @@ void Spellers::load(const QString &path)
     on(task, &BackgroundTask::finished, this, [this, task, path, read] {
         task->deleteLater();
         m_spellers.insert(path, *read);
-        Q_EMIT loaded();
+        Q_EMIT changed();
     });
     task->start([read, path] {
         *read = std::make_shared<Speller>(path);
+        return 0;
+    });
+}
+
+void Spellers::suggest(Speller &speller, const QString &word, int most, const QObject &asker,
+                       const std::function<void(const QStringList &)> &take)
+{
+    const auto words = std::make_shared<QStringList>();
+    auto *task = new BackgroundTask(this);
+    on(task, &BackgroundTask::finished, this, [this, task, words, take, asker = QPointer(&asker)] {
+        task->deleteLater();
+        if (asker)
+            take(*words);
+        Q_EMIT changed();
+    });
+    task->start([words, word, most, speller = speller.shared_from_this()] {
+        *words = speller->suggestions(word, most);
         return 0;
     });
 }

@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <functional>
 #include <memory>
 
 class Speller;
@@ -23,9 +24,14 @@ public:
     /// Null where there is none, and until it has been read.
     Speller *of(const QString &language);
 
+    /// Has \a speller look for suggestions (see Speller) by a thread of its own. \a take gets them, unless
+    /// \a asker is gone then.
+    void suggest(Speller &speller, const QString &word, int most, const QObject &asker,
+                 const std::function<void(const QStringList &)> &take);
+
 Q_SIGNALS:
-    /// A dictionary has been read.
-    void loaded();
+    /// A dictionary has been read, or is free again: it may answer otherwise than before.
+    void changed();
 
 private:
     void load(const QString &path);

@@ -82,7 +82,7 @@ bool PictureHandles::press(const QPoint &point)
 {
     const std::optional<Picture> chosen = selected();
     if (const std::optional<Qt::Corner> corner = cornerAt(point)) {
-        m_drag = Drag{*chosen, pointOf(chosen->area, opposite(*corner)), chosen->area.size(), viewTop()};
+        m_drag = Drag{*chosen, pointOf(chosen->area, opposite(*corner)), chosen->area.size(), viewOrigin()};
         return true;
     }
     const std::optional<Picture> hit = pictureAt(point);
@@ -112,6 +112,14 @@ void PictureHandles::release()
     m_view.viewport()->update();
     if (drag.size != drag.picture.area.size() && pictureAt(drag.picture.position))
         Pictures::resize(*m_view.document(), drag.picture.position, drag.size / m_zoom.factor());
+}
+
+void PictureHandles::forget()
+{
+    if (!m_drag)
+        return;
+    m_drag.reset();
+    m_view.viewport()->update();
 }
 
 void PictureHandles::hover(const QPoint &point) const
@@ -149,7 +157,7 @@ void PictureHandles::paint() const
     }
 }
 
-QPointF PictureHandles::viewTop() const
+QPointF PictureHandles::viewOrigin() const
 {
     return {double(m_view.horizontalScrollBar()->value()), double(m_view.verticalScrollBar()->value())};
 }
@@ -157,7 +165,7 @@ QPointF PictureHandles::viewTop() const
 /// How far the view was scrolled since the press, as by the wheel.
 QPointF PictureHandles::scrolledInDrag() const
 {
-    return viewTop() - m_drag->top;
+    return viewOrigin() - m_drag->originAtPress;
 }
 
 /// An object of the text ends at the base line of its line.
@@ -176,7 +184,7 @@ std::optional<PictureHandles::Picture> PictureHandles::pictureAt(int position) c
     const double left = qMin(line.cursorToX(place), line.cursorToX(place + 1));
     const QRectF area(QPointF(left, line.y() + line.ascent() - size.height()), size);
     const QPointF origin = document.documentLayout()->blockBoundingRect(block).topLeft();
-    return Picture{position, area.translated(origin - viewTop())};
+    return Picture{position, area.translated(origin - viewOrigin())};
 }
 
 std::optional<PictureHandles::Picture> PictureHandles::pictureAt(const QPoint &point) const

@@ -31,8 +31,8 @@ public:
     /// Paints over the text of the view.
     void paint() const;
 
-    /// To be called when the document changes, and before the view shows another one.
-    void forget() { m_drag.reset(); }
+    /// To be called when the document changes or is enlarged, and before the view shows another one.
+    void forget();
 
 private:
     struct Picture
@@ -45,10 +45,10 @@ private:
         Picture picture;
         QPointF fixed; ///< the corner opposite to the one that is dragged
         QSizeF size;   ///< of the picture when it is released now
-        QPointF top;   ///< of the view in the document when it was pressed
+        QPointF originAtPress;
     };
 
-    QPointF viewTop() const;
+    QPointF viewOrigin() const; ///< in the document
     QPointF scrolledInDrag() const;
 
     std::optional<Picture> pictureAt(int position) const;

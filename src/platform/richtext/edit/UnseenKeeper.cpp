@@ -1,6 +1,7 @@
 #include "UnseenKeeper.h"
 
 #include "EventGate.h"
+#include "FrameSign.h"
 
 #include <QKeyEvent>
 #include <QMap>
@@ -69,6 +70,25 @@ private:
     QList<Stretch> m_stretches;
 };
 
+/// Where each piece of the runs that are between \a from and \a end begins.
+QHash<const Unseen::Piece *, int> piecesOfRuns(const QTextDocument &document, int from, int end)
+{
+    QHash<const Unseen::Piece *, int> places;
+    for (QTextBlock block = document.findBlock(from); block.isValid() && block.position() < end;
+         block = block.next()) {
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QTextFragment run = it.fragment();
+            if (run.position() >= end || run.position() + run.length() <= from)
+                continue;
+            for (const auto &piece : Unseen::of(run.charFormat())) {
+                if (!places.contains(piece.get()))
+                    places.insert(piece.get(), run.position());
+            }
+        }
+    }
+    return places;
+}
+
 void setPieces(QTextDocument &document, const Stretch &stretch, const Unseen::Pieces &pieces)
 {
     QTextCharFormat added;
@@ -109,11 +129,29 @@ End endOf(const Unseen::Piece &piece)
     return {};
 }
 
+/// The same for equal ones.
+size_t hashOf(const Unseen::Piece &piece)
+{
+    return qHashMulti(0, piece.before, piece.text.isEmpty() ? QString() : piece.text.first().text);
+}
+
 /// Whether \a piece is one end of what has its other end not in \a ends.
 bool isEndAlone(const Unseen::Piece &piece, const QSet<End> &ends)
 {
     const End end = endOf(piece);
     return !end.name.isNull() && !ends.contains({end.name, !end.isFirst});
+}
+
+/// As Qt deletes: backwards a character of a cluster, and not all of it.
+void selectDeleted(QTextCursor &caret, bool isBackspace)
+{
+    const int behind = caret.position();
+    const auto at = [&](int position) { return caret.document()->characterAt(position); };
+    const bool isPair = behind > 1 && at(behind - 1).isLowSurrogate() && at(behind - 2).isHighSurrogate();
+    if (isBackspace)
+        caret.setPosition(behind - (isPair ? 2 : 1), QTextCursor::KeepAnchor);
+    else
+        caret.movePosition(QTextCursor::NextCharacter, QTextCursor::KeepAnchor);
 }
 
 } // namespace
@@ -125,17 +163,23 @@ bool UnseenKeeper::Change::isBetween(const Place &place) const
 
 /// What is found elsewhere is not lost; each one that is found may be an equal one read again. Of a paragraph
 /// that was split, the first half's end has but a copy.
-void UnseenKeeper::Change::forgetMoved(QList<Place> found, bool isSplit)
+void UnseenKeeper::Change::forgetMoved(const QList<Place> &found, bool isSplit)
 {
+    if (lost.isEmpty())
+        return;
+    QMultiHash<size_t, Place> here; // by what the pieces say
+    for (const Place &place : found)
+        here.insert(hashOf(*place.piece), place);
     const auto forget = [&](auto isSame) {
-        found.removeIf([&](const Place &here) {
-            const auto was = std::find_if(lost.cbegin(), lost.cend(), [&](const Place &place) {
-                const bool isCopy = isSplit && place.cursor.atBlockEnd() && here.cursor.atBlockEnd();
-                return !isCopy && isSame(here.piece, place.piece);
+        lost.removeIf([&](const Place &was) {
+            const auto [first, behind] = here.equal_range(hashOf(*was.piece));
+            const auto moved = std::find_if(first, behind, [&](const Place &place) {
+                const bool isCopy = isSplit && was.cursor.atBlockEnd() && place.cursor.atBlockEnd();
+                return !isCopy && isSame(place.piece, was.piece);
             });
-            if (was == lost.cend())
+            if (moved == behind)
                 return false;
-            lost.erase(was);
+            here.erase(moved);
             return true;
         });
     };
@@ -171,16 +215,17 @@ bool UnseenKeeper::beforeKey(const QKeyEvent &key, QTextCursor &caret) const
         return false;
     if (isBackspace && caret.atBlockStart() && (caret.currentList() || caret.blockFormat().indent() > 0))
         return false; // which ends that, and deletes nothing
-    const int deleted = caret.position() - (isBackspace ? 1 : 0);
-    const char16_t sign = m_document->characterAt(deleted).unicode();
-    if (sign == 0xFDD0 || sign == 0xFDD1) // a cell's, which no single key deletes
+    const char16_t sign = m_document->characterAt(caret.position() - (isBackspace ? 1 : 0)).unicode();
+    if (sign == FrameSign::begin || sign == FrameSign::end) // a cell's, which no single key deletes
         return false;
-    const QTextBlock block = m_document->findBlock(deleted);
-    const bool hasPieces = Unseen::isIn(stretchAt(*m_document, deleted).format) ||
-                           (deleted == endOf(block) && Unseen::isIn(block.next().charFormat()));
-    return hasPieces &&
-           caret.movePosition(isDelete ? QTextCursor::NextCharacter : QTextCursor::PreviousCharacter,
-                              QTextCursor::KeepAnchor);
+    selectDeleted(caret, isBackspace);
+    const int first = caret.selectionStart();
+    const QTextBlock block = m_document->findBlock(first);
+    const int nextEnd = first == endOf(block) ? endOf(block.next()) : -1; // which goes with this one
+    return std::any_of(m_places.cbegin(), m_places.cend(), [&](const Place &place) {
+        const int position = place.cursor.position();
+        return (position >= first && position < caret.selectionEnd()) || position == nextEnd;
+    });
 }
 
 /// The places of pieces from \a from up to \a end that were not known; they are from now on.
@@ -206,6 +251,18 @@ QList<UnseenKeeper::Place> UnseenKeeper::find(int from, int end)
     return places;
 }
 
+/// Text that is typed before a character may have its format, and is then what a piece belongs to.
+void UnseenKeeper::followCopies(int from, int end)
+{
+    if (from == end || m_places.isEmpty())
+        return;
+    const QHash<const Unseen::Piece *, int> copies = piecesOfRuns(*m_document, from, end);
+    for (Place &place : m_places) {
+        const int position = place.cursor.position();
+        place.cursor.setPosition(qMin(position, copies.value(place.piece.get(), position)));
+    }
+}
+
 /// A change of formats, and several edits in one, are reported as a stretch that is replaced, with all that
 /// is between them.
 void UnseenKeeper::noteChange(int from, int removed, int added)
@@ -218,10 +275,11 @@ void UnseenKeeper::noteChange(int from, int removed, int added)
     const int last = endOf(m_document->findBlock(qMin(from + added, m_document->characterCount() - 1)));
     QList<Place> left;
     StretchesOfBlock stretches(*m_document);
+    followCopies(from, from + added);
     for (Place &place : std::exchange(m_places, {})) {
         const int position = place.cursor.position();
-        const bool isFar = place.position < from || position > last;
-        if (!isFar && !has(stretches.at(position), place.piece)) {
+        const bool isUntouched = place.position < from || position > last;
+        if (!isUntouched && !has(stretches.at(position), place.piece)) {
             m_known.remove(place.piece.get());
             m_latest.lost.append(place);
             continue;
@@ -270,22 +328,21 @@ void UnseenKeeper::keep(const Change &change)
     const auto isDeleted = [&](const Place &place) {
         return change.isBetween(place) && !isEndAlone(*place.piece, deletedEnds);
     };
-    QSet<Piece> deleted;
+    QSet<Piece> taken;
     QMap<int, Unseen::Pieces> moved;
     for (const Place &place : change.inside) {
         if (isDeleted(place))
-            deleted.insert(place.piece);
+            taken.insert(place.piece);
     }
     for (const Place &place : change.lost) {
-        if (isDeleted(place))
-            deleted.insert(place.piece);
-        else
+        taken.insert(place.piece);
+        if (!isDeleted(place))
             moved[place.cursor.position()].append(place.piece);
     }
     m_isKeeping = true;
     QTextCursor edit(m_document);
     edit.joinPreviousEditBlock();
-    remove(deleted);
+    remove(taken);
     for (auto each = moved.cbegin(); each != moved.cend(); ++each)
         insert(each.key(), each.value());
     edit.endEditBlock();
@@ -295,7 +352,6 @@ void UnseenKeeper::keep(const Change &change)
 /// Before what the character at \a position has already.
 void UnseenKeeper::insert(int position, const Unseen::Pieces &pieces)
 {
-    forget(QSet<Piece>(pieces.cbegin(), pieces.cend()));
     Stretch target = stretchAt(*m_document, position);
     target.begin = position;
     setPieces(*m_document, target, pieces + Unseen::of(target.format));
@@ -305,9 +361,9 @@ void UnseenKeeper::insert(int position, const Unseen::Pieces &pieces)
 /// From wherever a copied format may have taken them.
 void UnseenKeeper::remove(const QSet<Piece> &pieces)
 {
-    if (pieces.isEmpty())
-        return;
-    forget(pieces);
+    m_places.removeIf([&](const Place &place) { return pieces.contains(place.piece); });
+    for (const Piece &piece : pieces)
+        m_known.remove(piece.get());
     for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next()) {
         const QList<Stretch> stretches = stretchesOf(block);
         for (const Stretch &stretch : stretches) {
@@ -316,13 +372,6 @@ void UnseenKeeper::remove(const QSet<Piece> &pieces)
                 setPieces(*m_document, stretch, left);
         }
     }
-}
-
-void UnseenKeeper::forget(const QSet<Piece> &pieces)
-{
-    m_places.removeIf([&](const Place &place) { return pieces.contains(place.piece); });
-    for (const Piece &piece : pieces)
-        m_known.remove(piece.get());
 }
 
 /// Qt does not undo what happens to the format of the first paragraph's end.

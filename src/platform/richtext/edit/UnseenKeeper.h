@@ -43,17 +43,17 @@ private:
         QList<Place> inside; ///< still there, though the text on both sides was deleted
 
         bool isBetween(const Place &place) const;
-        void forgetMoved(QList<Place> found, bool isSplit);
+        void forgetMoved(const QList<Place> &found, bool isSplit);
     };
 
     void noteChange(int from, int removed, int added);
+    void followCopies(int from, int end);
     void afterEdit();
     void keep(const Change &change);
     QList<Place> find(int from, int end);
     bool wasEdited() const;
     void insert(int position, const Unseen::Pieces &pieces);
     void remove(const QSet<Piece> &pieces);
-    void forget(const QSet<Piece> &pieces);
     void rememberFirstEnd();
     void restoreFirstEnd();
 
@@ -62,8 +62,8 @@ private:
     QSet<const Unseen::Piece *> m_known; ///< the pieces of the places
     Change m_latest;
     int m_blockCount = 0;
-    std::map<int, Unseen::Pieces>
-        m_firstEnds;     ///< by the first number of undo steps with which each was there
+    /// What the first paragraph's end has, by the number of undo steps since which it has that
+    std::map<int, Unseen::Pieces> m_firstEnds;
     int m_undoSteps = 0; ///< Qt's, after the latest change
     bool m_hasNewStep = false;
     bool m_couldRedo = false;

@@ -76,12 +76,14 @@ void PagePainter::paintPart(const QRectF &part, int number, QPainter &painter) c
     painter.restore();
 }
 
+/// Those of the first and the last line of text reach into the room above and below.
 void PagePainter::paintLines(int number, QPainter &painter) const
 {
+    const double room = area(number).height() / 2;
     const double dpi = m_document.documentLayout()->paintDevice()->logicalDpiY();
     painter.save();
     painter.translate(0, -area(number).top());
-    painter.setClipRect(area(number));
+    painter.setClipRect(area(number).adjusted(0, -room, 0, room));
     painter.setPen(Qt::black);
     for (const QTextBlock &paragraph : m_lined.values(number))
         ParagraphLines::paint(paragraph, dpi, painter);

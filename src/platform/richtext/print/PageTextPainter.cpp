@@ -3,6 +3,7 @@
 #include "ListMark.h"
 #include "PageArea.h"
 #include "PaperLayout.h"
+#include "ParagraphLines.h"
 #include "RichTextProperties.h"
 #include "Twips.h"
 
@@ -164,5 +165,10 @@ void PageTextPainter::paint(Kind kind, int page, int count, double top, QPainter
     painter.save();
     painter.translate(0, top * PaperLayout::fineDpi);
     text.document->documentLayout()->draw(&painter, context);
+    painter.setPen(Qt::black);
+    for (QTextBlock block = text.document->begin(); block.isValid(); block = block.next()) {
+        if (ParagraphLines::has(block))
+            ParagraphLines::paint(block, PaperLayout::fineDpi, painter);
+    }
     painter.restore();
 }

@@ -1,6 +1,7 @@
 #include "RichTextFile.h"
 
 #include "Files.h"
+#include "FrameSign.h"
 #include "RtfReader.h"
 #include "RtfWriter.h"
 
@@ -20,14 +21,12 @@ void setPlainText(QTextDocument &document, const QString &text)
 
 QString withLineFeeds(QString text)
 {
-    constexpr char16_t frameStart = 0xFDD0;
-    constexpr char16_t frameEnd = 0xFDD1;
     for (QChar &c : text) {
         switch (c.unicode()) {
         case QChar::ParagraphSeparator:
         case QChar::LineSeparator:
-        case frameStart:
-        case frameEnd:
+        case FrameSign::begin:
+        case FrameSign::end:
             c = u'\n';
             break;
         default:

@@ -1,13 +1,11 @@
 #include "SpellingMarks.h"
 
-#include "BackgroundTask.h"
 #include "EventGate.h"
 #include "LongDocuments.h"
 #include "Speller.h"
 #include "Spellers.h"
 
 #include <QMenu>
-#include <QPointer>
 #include <QScreen>
 
 namespace {
@@ -25,15 +23,16 @@ QTextCharFormat look()
 SpellingMarks::SpellingMarks(QTextEdit &view, const LongDocuments &documents)
     : m_view(view)
     , m_documents(documents)
-{}
+{
+    ::on(&Spellers::shared(), &Spellers::changed, &m_view, [this] {
+        forget();
+        m_view.viewport()->update();
+    });
+}
 
 void SpellingMarks::setOn(bool on)
 {
-    if (std::exchange(m_on, on) != on && on)
-        ::on(&Spellers::shared(), &Spellers::loaded, &m_view, [this] {
-            forget();
-            m_view.viewport()->update();
-        });
+    m_on = on;
     m_view.viewport()->update();
 }
 
@@ -76,39 +75,30 @@ void SpellingMarks::addSuggestions(QMenu &menu, int position)
     constexpr int most = 7;
     const auto misspelling = at(position);
     Speller *speller = misspelling ? Spellers::shared().of(misspelling->language) : nullptr;
-    if (!speller)
-        return;
-    const auto words = std::make_shared<QStringList>();
-    auto *task = new BackgroundTask(&m_view);
-    ::on(task, &BackgroundTask::finished, &m_view,
-         [this, task, words, found = *misspelling, shown = QPointer(&menu)] {
-             task->deleteLater();
-             forget(); // words that were asked for meanwhile passed as known
-             m_view.viewport()->update();
-             if (shown && !words->isEmpty())
-                 insert(found, *words, *shown);
-         });
-    task->start([words, speller = speller->shared_from_this(), word = misspelling->word] {
-        *words = speller->suggestions(word, most);
-        return 0;
-    });
+    if (speller)
+        Spellers::shared().suggest(*speller, misspelling->word, most, menu,
+                                   [this, found = *misspelling, &menu](const QStringList &words) {
+                                       if (!words.isEmpty())
+                                           insert(found, words, menu);
+                                   });
 }
 
 void SpellingMarks::insert(const MisspellingFinder::Misspelling &misspelling, const QStringList &words,
                            QMenu &menu) const
 {
-    QAction *next = menu.activeAction() ? nullptr : menu.actions().value(0);
-    if (!next)
-        menu.addSeparator();
+    const int end = menu.screen()->availableGeometry().bottom() + 1;
+    const bool isPointedAt = menu.activeAction() != nullptr;
+    QAction *separator = menu.insertSeparator(isPointedAt ? nullptr : menu.actions().value(0));
     for (const QString &word : words) {
         auto *item = new QAction(QString(word).replace(u'&', QLatin1String("&&")), &menu);
-        menu.insertAction(next, item);
+        menu.insertAction(isPointedAt ? nullptr : separator, item);
         ::on(item, &QAction::triggered, &m_view, [this, misspelling, word] { replace(misspelling, word); });
+        if (isPointedAt && menu.y() + menu.sizeHint().height() > end) {
+            delete item; // it would move the menu
+            break;
+        }
     }
-    if (next)
-        menu.insertSeparator(next);
-    const int lowest = menu.screen()->availableGeometry().bottom() - menu.sizeHint().height();
-    menu.move(menu.x(), qMin(menu.y(), lowest));
+    menu.move(menu.x(), qMin(menu.y(), end - menu.sizeHint().height()));
 }
 
 /// As one undo step. The word may have changed while the menu was open.

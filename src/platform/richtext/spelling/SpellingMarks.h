@@ -26,7 +26,8 @@ public:
     QList<ViewMarks::Mark> visible() const;
 
     /// Looks for suggestions for the misspelt word at \a position, if there is one. They come into \a menu
-    /// when they are there: before its items, or behind them where one is pointed at already.
+    /// when they are there: before its items, or where one is pointed at already as many behind them as there
+    /// is room for.
     void addSuggestions(QMenu &menu, int position);
 
 private:

@@ -1,34 +1,13 @@
+#include "PaintedArea.h"
 #include "Pictures.h"
 #include "RichTextFixture.h"
 
 #include <QBuffer>
 #include <QImage>
-#include <QPaintEvent>
 #include <QScrollBar>
+#include <functional>
 
 namespace {
-
-/// What of a widget is painted in an event loop.
-class PaintedArea : public QObject
-{
-public:
-    explicit PaintedArea(QWidget &widget) { widget.installEventFilter(this); }
-    /// Takes what was painted since the last question, after pending updates.
-    bool covers(const QRect &area)
-    {
-        QCoreApplication::processEvents();
-        return QRegion(area).subtracted(std::exchange(m_region, QRegion())).isEmpty();
-    }
-    bool eventFilter(QObject *, QEvent *event) override
-    {
-        if (event->type() == QEvent::Paint)
-            m_region += static_cast<QPaintEvent *>(event)->region();
-        return false;
-    }
-
-private:
-    QRegion m_region;
-};
 
 /// The text "one ", a picture of 100 by 50 pixels, and " two".
 class PictureHandlesTest : public RichTextFixture
@@ -234,4 +213,31 @@ TEST_F(PictureHandlesTest, ADocumentThatComesWhileACornerIsDraggedEndsTheDrag)
     box.setText(QStringLiteral("new"));
     QTest::mouseRelease(box.viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(300, 200));
     EXPECT_EQ(box.Text(), QStringLiteral("new"));
+}
+
+/// Its corners are elsewhere then.
+TEST_F(PictureHandlesTest, ADragEndsWhereTheViewIsEnlarged)
+{
+    const auto byKey = [this] { QTest::keyClick(&box, Qt::Key_Plus, Qt::ControlModifier); };
+    const auto byWheel = [this] {
+        const QPointF point = area().center();
+        QWheelEvent wheel(point, box.viewport()->mapToGlobal(point), {}, {0, 120}, Qt::NoButton,
+                          Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(box.viewport(), &wheel);
+    };
+    const QSizeF before = size();
+    for (const std::function<void()> &enlarge :
+         {std::function<void()>(byKey), std::function<void()>(byWheel)}) {
+        QTest::keyClick(&box, Qt::Key_0, Qt::ControlModifier);
+        click(area().center());
+        const QPoint corner = area().bottomRight();
+        QTest::mousePress(box.viewport(), Qt::LeftButton, Qt::NoModifier, corner);
+        const QPoint beside = corner + QPoint(50, 25);
+        QMouseEvent move(QEvent::MouseMove, beside, box.viewport()->mapToGlobal(beside), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(box.viewport(), &move);
+        enlarge();
+        QTest::mouseRelease(box.viewport(), Qt::LeftButton, Qt::NoModifier, beside);
+        EXPECT_EQ(size(), before);
+    }
 }

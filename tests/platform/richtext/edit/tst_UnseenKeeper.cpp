@@ -2,9 +2,24 @@
 #include "RowName.h"
 #include "TextReplacement.h"
 
+#include <QMap>
 #include <QRandomGenerator>
 
 namespace {
+
+/// Where the pieces of \a document belong, by their bytes and text.
+QMap<QByteArray, int> placesIn(const QTextDocument &document)
+{
+    QMap<QByteArray, int> places;
+    const QHash<const Unseen::Piece *, int> all = Unseen::places(document);
+    for (auto it = all.cbegin(); it != all.cend(); ++it) {
+        QByteArray name = it.key()->before;
+        for (const Unseen::Run &run : it.key()->text)
+            name += run.text.toLatin1();
+        places[name] = it.value();
+    }
+    return places;
+}
 
 struct DeletionRow
 {
@@ -340,6 +355,37 @@ TEST_F(UnseenKept, WithoutASelectionByEachKeyThatDeletes)
     }
 }
 
+TEST_F(UnseenKept, BackspaceTakesAsMuchAsElsewhere)
+{
+    for (const auto &[body, left] :
+         {std::pair("a{\\v hid}b\\u769 ?", "ab"), std::pair("ab{\\v hid}\\u-10179 ?\\u-8694 ?", "ab")}) {
+        load(body);
+        box.moveCursor(QTextCursor::End);
+        QTest::keyClick(&box, Qt::Key_Backspace);
+        EXPECT_EQ(box.Text().trimmed(), QString::fromLatin1(left));
+        EXPECT_TRUE(isWritten("{\\v{hid}}")) << body;
+    }
+}
+
+/// Neither in a run that begins with something, nor where something was once.
+TEST_F(UnseenKept, BackspacesInARowAreOneUndoStep)
+{
+    load("a{\\v hid}bcdef");
+    box.setSelStart(6);
+    for (int i = 0; i < 3; ++i)
+        QTest::keyClick(&box, Qt::Key_Backspace);
+    EXPECT_EQ(box.document()->availableUndoSteps(), 1);
+
+    load("a{\\v hid}bcdef");
+    erase(0, 3);
+    const int steps = box.document()->availableUndoSteps();
+    box.moveCursor(QTextCursor::End);
+    for (int i = 0; i < 2; ++i)
+        QTest::keyClick(&box, Qt::Key_Backspace);
+    EXPECT_EQ(box.Text(), QString(u'd'));
+    EXPECT_EQ(box.document()->availableUndoSteps(), steps + 1);
+}
+
 TEST_F(UnseenKept, BackspaceThatEndsAListOrAnIndentDeletesNothing)
 {
     load("a{\\v hid}\\par b");
@@ -410,7 +456,46 @@ TEST_F(UnseenKept, OfTwoThatAreEqualTheOneThatIsMovedIsThereOnce)
     EXPECT_TRUE(isWritten("a{\\v{hid}}cef{\\v{hid}}{\\i d}g")) << box.TextRTF().constData();
 }
 
-/// Any edits: nothing is there twice, and each step is undone and redone to the same bytes.
+/// Typing at a paragraph's start copies the format of what is behind.
+TEST_F(UnseenKept, BeforeWhatWasTypedBeforeIt)
+{
+    load("{\\v hid}Hello");
+    box.setSelStart(0);
+    QTest::keyClicks(&box, QStringLiteral("Oh "));
+    erase(0, 5);
+    EXPECT_EQ(box.Text(), QStringLiteral("llo"));
+    EXPECT_TRUE(isWritten("{\\v{hid}}llo")) << box.TextRTF().constData();
+}
+
+TEST_F(UnseenKept, BeforeWhatWasTypedIntoAnEmptyParagraph)
+{
+    load("a\\par{\\v hid}\\par b");
+    box.setSelStart(2);
+    QTest::keyClick(&box, Qt::Key_X);
+    erase(2, 4);
+    EXPECT_EQ(box.Text(), QStringLiteral("a\nb"));
+    EXPECT_TRUE(isWritten("{\\v{hid}}b")) << box.TextRTF().constData();
+}
+
+TEST_F(UnseenKept, AtAParagraphsEndAloneWhereItsTextWasSplit)
+{
+    load("a{\\v hid}bcd");
+    box.setSelStart(2);
+    QTest::keyClick(&box, Qt::Key_Return);
+    QTest::keyClick(&box, Qt::Key_Left);
+    QTest::keyClick(&box, Qt::Key_Backspace);
+    EXPECT_EQ(box.Text(), QStringLiteral("a\ncd"));
+    EXPECT_TRUE(isWritten("a{\\v{hid}}\\par")) << box.TextRTF().constData();
+    erase(1, 2);
+    EXPECT_TRUE(isWritten("a{\\v{hid}}cd")) << box.TextRTF().constData();
+    box.undo();
+    EXPECT_TRUE(isWritten("a{\\v{hid}}\\par"));
+    box.undo();
+    EXPECT_TRUE(isWritten("a{\\v{hid}}b\\par")) << box.TextRTF().constData();
+}
+
+/// Any edits: nothing is there twice, nothing goes but what was inside of what was deleted, and each step is
+/// undone and redone to the same bytes.
 TEST_F(UnseenKept, ThroughRandomEdits)
 {
     const QByteArray body =
@@ -425,6 +510,10 @@ TEST_F(UnseenKept, ThroughRandomEdits)
             const int length = int(box.Text().size());
             const int first = random.bounded(length + 1);
             select(first, qMin(length, first + random.bounded(5)));
+            const QMap<QByteArray, int> places = placesIn(*box.document());
+            const QTextCursor selected = box.textCursor();
+            const int from = selected.selectionStart();
+            const int end = selected.selectionEnd();
             box.document()->setModified(false); // so that each edit is a step
             switch (random.bounded(5)) {
             case 0:
@@ -439,6 +528,10 @@ TEST_F(UnseenKept, ThroughRandomEdits)
             default:
                 QTest::keyClick(&box, Qt::Key_Delete);
             }
+            const QMap<QByteArray, int> left = placesIn(*box.document());
+            for (auto it = places.cbegin(); it != places.cend(); ++it)
+                ASSERT_TRUE(left.contains(it.key()) || (it.value() > from && it.value() < end))
+                    << seed << ' ' << i << it.key().constData();
             if (box.document()->availableUndoSteps() == steps.last())
                 continue;
             states.append(box.TextRTF());

@@ -1,5 +1,6 @@
 #include "ReadDocument.h"
 
+#include "FrameSign.h"
 #include "RtfReader.h"
 
 #include <QTextCursor>
@@ -13,7 +14,7 @@ std::string ReadDocument::text() const
 {
     QString text = m_document.toRawText();
     for (QChar &c : text) {
-        if (c == QChar::ParagraphSeparator || c == QChar(0xFDD0) || c == QChar(0xFDD1))
+        if (c == QChar::ParagraphSeparator || c == FrameSign::begin || c == FrameSign::end)
             c = u'|';
         else if (c == QChar::LineSeparator)
             c = u'/';

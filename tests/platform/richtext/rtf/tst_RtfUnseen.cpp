@@ -59,6 +59,24 @@ INSTANTIATE_TEST_SUITE_P(
         UnseenRow{"HiddenBehindANotesTable",
                   "a{\\footnote b\\par\\trowd\\cellx1000\\intbl c\\cell\\row{\\v d}}e", "a1e|1 b|c|",
                   "{\\v{\\f1 d}}"},
+        UnseenRow{"HiddenBehindANotesTableBeforeTheNextNote",
+                  "a{\\footnote b\\par\\trowd\\cellx1000\\intbl c\\cell\\row{\\v d}}e{\\footnote f}g",
+                  "a1e2g|1 b|c|2 f", "\\row\n\\pard{\\v{\\f1 d}}{\\f1\\super 2}{\\f1  f"},
+        UnseenRow{"HiddenBehindATableBeforeTheNotes",
+                  "a{\\footnote b}\\par\\trowd\\cellx1000\\intbl c\\cell\\row\\pard{\\v d}", "a1|c|1 b",
+                  "\\row\n\\pard{\\v{\\f1 d}}{\\f1\\super 1}"},
+        UnseenRow{"HiddenBehindAHeadersTable",
+                  "{\\header\\trowd\\cellx1000\\intbl a\\cell\\row\\pard{\\v b}}c", "c",
+                  "\\row\n\\pard{\\v{\\f1 b}}"},
+        UnseenRow{"HiddenInAHeaderAlone", "{\\header{\\v b}}c", "c", "{\\header\\pard\\plain\n{\\v{\\f1 b}}"},
+        UnseenRow{"HiddenBehindAShapesTable",
+                  "a{\\shp{\\*\\shpinst{\\shptxt\\trowd\\cellx1000\\intbl b\\cell\\row\\pard{\\v c}}}}d",
+                  "a|b|d", "\\row\n\\pard{\\v{\\f1 c}}{\\f1 d"},
+        UnseenRow{
+            "BookmarkBehindAShapesTableInHiddenText",
+            "{\\v a{\\shp{\\*\\shpinst{\\shptxt\\trowd\\cellx1000\\intbl b\\cell\\row\\pard{\\*\\bkmkstart "
+            "x}}}}}c",
+            "|b|c", "{\\v{\\f1 a}}{\\*\\bkmkstart x}{\\f1 c"},
         UnseenRow{"HiddenInACell", "\\trowd\\cellx1000\\intbl{\\v b}\\cell\\row", "||", "{\\v{\\f1 b}}"},
         UnseenRow{"HiddenBeforeALink", "{\\v b}{\\field{\\*\\fldinst HYPERLINK \"u\"}{\\fldrslt c}}", "c",
                   "{\\v{\\f1 b}}{\\field"},
@@ -143,6 +161,12 @@ TEST(RtfUnseenEdited, ACommentLeavesThePageBreakToTheTextAroundIt)
     ReadDocument read(framed("a\\par\\page b{\\*\\annotation\\pard\\plain x}c\\par d"));
     EXPECT_TRUE(read.document().findBlockByNumber(1).blockFormat().pageBreakPolicy() &
                 QTextFormat::PageBreak_AlwaysBefore);
+}
+
+TEST(RtfUnseenEdited, BehindACommentsTableItIsTheComments)
+{
+    const QByteArray file = framed("a{\\*\\annotation\\trowd\\cellx1000\\intbl b\\cell\\row\\pard{\\v c}}d");
+    EXPECT_TRUE(writtenAgain(file).contains("{\\v{\\f1 c}}}{\\f1 d")) << writtenAgain(file).constData();
 }
 
 TEST(RtfUnseenEdited, DeletedTextDoesNotComeBack)

@@ -1,4 +1,5 @@
 #include "BackgroundTask.h"
+#include "PaintedArea.h"
 #include "PrintQt.h"
 #include "RichTextFixture.h"
 #include "ScratchDictionary.h"
@@ -26,7 +27,7 @@ protected:
         open("la maison rouge");
         show();
         if (!Spellers::shared().of(QStringLiteral("fr_MC"))) {
-            ASSERT_TRUE(QSignalSpy(&Spellers::shared(), &Spellers::loaded).wait(20000));
+            ASSERT_TRUE(QSignalSpy(&Spellers::shared(), &Spellers::changed).wait(20000));
         }
     }
     void open(const QByteArray &text)
@@ -49,6 +50,10 @@ protected:
         QContextMenuEvent event(QContextMenuEvent::Mouse, point, box.viewport()->mapToGlobal(point));
         QCoreApplication::sendEvent(box.viewport(), &event);
         return *box.findChild<QMenu *>();
+    }
+    static bool waitForSuggestions()
+    {
+        return QTest::qWaitFor([] { return !Spellers::shared().findChild<BackgroundTask *>(); }, 20000);
     }
     static void close(QMenu &menu)
     {
@@ -165,6 +170,37 @@ TEST_F(SpellingMarksTest, WhatIsPointedAtInTheContextMenuStaysWhereItIs)
     close(menu);
 }
 
+TEST_F(SpellingMarksTest, TheContextMenuStaysUnderThePointerThoughThereIsNoRoomForMore)
+{
+    open("la masion rouge");
+    QMenu &menu = openMenu(5);
+    const QRect screen = menu.screen()->availableGeometry();
+    menu.move(menu.x(), screen.bottom() + 1 - menu.height());
+    menu.setActiveAction(menu.actions().last());
+    const QPoint before = menu.pos();
+    ASSERT_TRUE(waitForSuggestions());
+    EXPECT_EQ(menu.pos(), before);
+    EXPECT_EQ(menu.geometry().bottom(), screen.bottom());
+    close(menu);
+}
+
+/// Words that are asked for while the dictionary is busy pass as known.
+TEST_F(SpellingMarksTest, AllViewsAskAgainWhenTheDictionaryIsFree)
+{
+    RichTextBox other;
+    other.setSpellingMarks(true);
+    other.resize(200, 100);
+    other.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&other));
+    PaintedArea painted(*other.viewport());
+    open("la masion rouge");
+    QMenu &menu = openMenu(5);
+    painted.covers({});
+    ASSERT_TRUE(waitForSuggestions());
+    EXPECT_TRUE(painted.covers(other.viewport()->rect()));
+    close(menu);
+}
+
 TEST_F(SpellingMarksTest, AContextMenuThatGrowsStaysOnTheScreen)
 {
     open("la masion rouge");
@@ -180,12 +216,13 @@ TEST_F(SpellingMarksTest, AContextMenuMayCloseBeforeTheyAreFound)
 {
     open("la masion rouge");
     close(openMenu(5));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !box.findChild<BackgroundTask *>(); }, 20000));
+    EXPECT_TRUE(waitForSuggestions());
     EXPECT_EQ(marked(), QStringList(QStringLiteral("masion")));
 }
 
 TEST_F(SpellingMarksTest, TheContextMenuOfAKnownWordIsTheUsualOne)
 {
+    ASSERT_TRUE(waitForSuggestions()); // of what was asked before
     close(openMenu(5));
-    EXPECT_FALSE(box.findChild<BackgroundTask *>());
+    EXPECT_FALSE(Spellers::shared().findChild<BackgroundTask *>());
 }

@@ -1,52 +1,40 @@
 #include "RtfBorders.h"
 
+#include "ParagraphBorders.h"
 #include "RtfColorTable.h"
 #include "RtfLexer.h"
-
-#include <QStringList>
-#include <array>
 
 namespace {
 
 constexpr int widest = 32767; // twips
 
-enum Side { Top, Left, Bottom, Right, Between, Bar, SideCount };
-constexpr std::array<const char *, SideCount> sides = {"brdrt", "brdrl",   "brdrb",
-                                                       "brdrr", "brdrbtw", "brdrbar"};
-
-struct Line
-{
-    RtfWord style = RtfWord::BorderNone;
-    bool hasShadow = false;
-    int width = -1;
-    int space = -1;
-    int color = 0;
-};
+using Lines = ParagraphBorders;
 
 /// What \a word opens; the lines of characters and of pages are none of a paragraph.
 QList<int> sidesOf(RtfWord word)
 {
     switch (word) {
     case RtfWord::BorderTop:
-        return {Top};
+        return {Lines::Top};
     case RtfWord::BorderLeft:
-        return {Left};
+        return {Lines::Left};
     case RtfWord::BorderBottom:
-        return {Bottom};
+        return {Lines::Bottom};
     case RtfWord::BorderRight:
-        return {Right};
+        return {Lines::Right};
     case RtfWord::BorderBetween:
-        return {Between};
+        return {Lines::Between};
     case RtfWord::BorderBar:
-        return {Bar};
+        return {Lines::Bar};
     case RtfWord::BorderBox:
-        return {Top, Left, Bottom, Right};
+        return {Lines::Top, Lines::Left, Lines::Bottom, Lines::Right};
     default:
         return {};
     }
 }
 
-void apply(RtfWord word, int value, Line &line)
+/// \a color is that of the number \a value.
+void apply(RtfWord word, int value, const QColor &color, ParagraphBorder &line)
 {
     switch (word) {
     case RtfWord::BorderWidth:
@@ -56,32 +44,19 @@ void apply(RtfWord word, int value, Line &line)
         line.space = value;
         break;
     case RtfWord::BorderColor:
-        line.color = value;
+        line.color = color;
         break;
     case RtfWord::BorderShadow:
         line.hasShadow = true;
         break;
     case RtfWord::BorderNil:
-        line.style = RtfWord::BorderNone;
+    case RtfWord::BorderNone:
+        line.style.clear();
         break;
     default:
-        line.style = word;
+        line.style = QString::fromLatin1(RtfKeywords::spelling(word));
         break;
     }
-}
-
-void append(QStringList &words, int side, const Line &line, const QColor &color)
-{
-    words.append(QLatin1String(sides[size_t(side)]));
-    words.append(QString::fromLatin1(RtfKeywords::spelling(line.style)));
-    if (line.hasShadow)
-        words.append(QStringLiteral("brdrsh"));
-    if (line.width >= 0)
-        words.append(QStringLiteral("brdrw%1").arg(line.width));
-    if (line.space >= 0)
-        words.append(QStringLiteral("brsp%1").arg(line.space));
-    if (color.isValid())
-        words.append(QStringLiteral("brdrcf") + color.name());
 }
 
 } // namespace
@@ -110,7 +85,7 @@ bool RtfBorders::isSide(const RtfToken &token)
 
 QString RtfBorders::words(int row, const RtfColorTable &colors) const
 {
-    std::array<Line, SideCount> lines;
+    ParagraphBorders lines;
     QList<int> open;
     const QList<RtfWordRows::Entry> all = m_rows.entries(row);
     for (const RtfWordRows::Entry &entry : all) {
@@ -121,16 +96,10 @@ QString RtfBorders::words(int row, const RtfColorTable &colors) const
             open = sidesOf(token.word);
         for (const int side : std::as_const(open)) {
             if (opens)
-                lines[size_t(side)] = Line();
+                lines[side] = ParagraphBorder();
             else
-                ::apply(token.word, entry.value, lines[size_t(side)]);
+                ::apply(token.word, entry.value, colors.color(entry.value), lines[side]);
         }
     }
-    QStringList words;
-    for (int side = 0; side < SideCount; ++side) {
-        const Line &line = lines[size_t(side)];
-        if (line.style != RtfWord::BorderNone)
-            append(words, side, line, colors.color(line.color));
-    }
-    return words.join(u' ');
+    return lines.words();
 }

@@ -1,5 +1,6 @@
 #include "RtfBodyWriter.h"
 
+#include "FrameSign.h"
 #include "PageSections.h"
 #include "RowWords.h"
 #include "RtfHeader.h"
@@ -186,8 +187,7 @@ void RtfBodyWriter::block(const QTextBlock &block, int start, const char *end)
 
 bool RtfBodyWriter::startsFrame(int position) const
 {
-    constexpr char16_t frameStart = 0xFDD0;
-    return position > 0 && m_text.at(position - 1) == frameStart;
+    return position > 0 && m_text.at(position - 1) == FrameSign::begin;
 }
 
 int RtfBodyWriter::wordsOfEmpty(const QTextBlock &block, int start)

@@ -1,6 +1,8 @@
 #include "RtfBody.h"
 
+#include "FrameSign.h"
 #include "RtfCodePage.h"
+#include "RtfTable.h"
 
 namespace {
 
@@ -19,8 +21,8 @@ char16_t harmless(char16_t c)
     case QChar::ParagraphSeparator:
         return QChar::LineSeparator;
     case QChar::ObjectReplacementCharacter:
-    case 0xFDD0: // the document's own signs for where frames begin
-    case 0xFDD1: // and end
+    case FrameSign::begin:
+    case FrameSign::end:
         return QChar::ReplacementCharacter;
     default:
         return c < u' ' ? char16_t(QChar::ReplacementCharacter) : c;
@@ -290,16 +292,29 @@ void RtfBody::beginStory()
     m_stories.back().breaksPage = std::exchange(m_breaksPage, false);
 }
 
-RtfFlow RtfBody::endStory(const RtfState &inside)
+void RtfBody::endText(const RtfState &inside)
 {
     if (hasText())
         addParagraph(inside, inside.paragraph.depth());
     builder().finish();
     keepRest(builder().flow());
-    RtfFlow flow = std::move(builder().flow());
     m_breaksPage = m_stories.back().breaksPage;
-    closeStory();
+}
+
+RtfFlow RtfBody::takeStory()
+{
+    RtfFlow flow = std::move(builder().flow());
+    m_stories.pop_back();
     return flow;
+}
+
+/// Of a story that nothing follows: what is not shown behind its last table gets a paragraph.
+RtfFlow RtfBody::endStory(const RtfState &inside)
+{
+    endText(inside);
+    if (hasUnseen())
+        addParagraph(inside, 0);
+    return takeStory();
 }
 
 bool RtfBody::beginPageText()
@@ -324,11 +339,15 @@ qsizetype RtfBody::place()
 
 void RtfBody::endInsertion(const RtfState &inside, const RtfState &outside)
 {
-    RtfFlow flow = endStory(inside);
+    endText(inside);
+    const Unseen::Pieces rest = takeUnseen();
+    RtfFlow flow = takeStory();
     const int depth = outside.paragraph.depth();
     if (hasText())
         addParagraph(outside, depth);
     builder().append(depth, std::move(flow));
+    endHidden();
+    m_stories.back().unseen.append(rest);
 }
 
 /// Text in raised letters right before a note is the note's own mark.
@@ -401,19 +420,23 @@ int RtfBody::withUnseen(int format)
     return hasUnseen() ? m_formats.addUnseen(format, takeUnseen()) : format;
 }
 
-/// What is not shown behind its last table goes to the text around it.
-void RtfBody::closeStory()
-{
-    const Unseen::Pieces rest = takeUnseen();
-    m_stories.pop_back();
-    m_stories.back().unseen.append(rest);
-}
-
 /// What is not shown behind the last paragraph goes with its end.
 void RtfBody::keepRest(RtfFlow &flow)
 {
-    if (hasUnseen() && !flow.isEmpty() && flow.items.back().table < 0)
-        flow.items.back().markFormat = withUnseen(flow.items.back().markFormat);
+    if (!hasUnseen() || flow.isEmpty() || flow.items.back().table >= 0)
+        return;
+    int &format = flow.items.back().markFormat;
+    format = m_formats.addUnseen(format, Unseen::of(m_formats.characters(format)) + takeUnseen());
+}
+
+/// Gives \a flow pieces before all that it has.
+void RtfBody::keepBefore(RtfFlow &flow, const Unseen::Pieces &pieces)
+{
+    RtfFlow::Item &first = flow.items.front();
+    if (first.table >= 0)
+        return keepBefore(flow.tables[size_t(first.table)]->flow, pieces);
+    int &format = first.runsEnd > 0 ? flow.runs.front().format : first.markFormat;
+    format = m_formats.addUnseen(format, pieces + Unseen::of(m_formats.characters(format)));
 }
 
 void RtfBody::addUnseen(const QByteArray &group)
@@ -459,6 +482,7 @@ bool RtfBody::beginNote(const RtfCharacterState &state)
     note.isNote = true;
     note.note = hasOwnMark ? 0 : m_noteCount;
     note.owesNumber = !hasOwnMark;
+    note.unseen = std::exchange(m_behindNotes, {});
     m_stories.push_back(std::move(note));
     return true;
 }
@@ -470,8 +494,8 @@ void RtfBody::endNote(const RtfState &state)
         addParagraph(state, state.paragraph.depth());
     builder().finish();
     keepRest(builder().flow());
-    m_notes.append(std::move(builder().flow()));
-    closeStory();
+    m_behindNotes.append(takeUnseen());
+    m_notes.append(takeStory());
 }
 
 void RtfBody::noteReference(const RtfCharacterState &state)
@@ -505,9 +529,12 @@ void RtfBody::finish(const RtfState &state)
         addParagraph(state, state.paragraph.depth());
     builder().finish();
     keepRest(flow);
+    if (hasUnseen() && !m_notes.isEmpty())
+        keepBefore(m_notes, takeUnseen());
     flow.append(std::move(m_notes));
     m_filler.append(flow);
     flow.clear();
-    if (hasUnseen()) // behind a table, or behind a paragraph that the document has already
-        m_filler.addUnseen(takeUnseen());
+    m_behindNotes.append(takeUnseen()); // behind a table, or behind a paragraph that the document has already
+    if (!m_behindNotes.isEmpty())
+        m_filler.addUnseen(m_behindNotes);
 }

@@ -86,8 +86,8 @@ private:
     QList<Unseen::Run> runsOf(const RtfFlow &flow) const;
     Unseen::Pieces takeUnseen();
     int withUnseen(int format);
-    void closeStory();
     void keepRest(RtfFlow &flow);
+    void keepBefore(RtfFlow &flow, const Unseen::Pieces &pieces);
     void select(const RtfCharacterState &state);
     void startText(const RtfCharacterState &state);
     bool followsMark() const;
@@ -96,6 +96,8 @@ private:
     void number(int number, const RtfCharacterState &state);
     void addParagraph(const RtfState &state, int depth);
     void beginStory();
+    void endText(const RtfState &inside);
+    RtfFlow takeStory();
     RtfFlow endStory(const RtfState &inside);
     bool hasText();
     void replaceLoneSurrogates();
@@ -108,6 +110,7 @@ private:
     RtfDocumentFiller &m_filler;
     std::vector<Story> m_stories;
     RtfFlow m_notes;
+    Unseen::Pieces m_behindNotes; ///< what is not shown behind a table that ends the last of them
     int m_noteCount = 0;
     bool m_breaksPage = false;
     int m_section = 0; ///< RtfParagraphState, of the next paragraph

@@ -50,7 +50,7 @@ int RtfFormats::add(PageSections::Section section)
 int RtfFormats::addUnseen(int number, const Unseen::Pieces &pieces)
 {
     QTextCharFormat format = m_characters.at(number);
-    Unseen::set(format, Unseen::of(format) + pieces);
+    Unseen::set(format, pieces);
     m_characters.append(format);
     return int(m_characters.size()) - 1;
 }

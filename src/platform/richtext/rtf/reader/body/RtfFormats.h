@@ -28,7 +28,7 @@ public:
 
     /// The number that RtfParagraphState::section has for the beginning of \a section.
     int add(PageSections::Section section);
-    /// The format numbered \a number, with \a pieces before its text.
+    /// The format numbered \a number, with \a pieces in place of those that it has.
     int addUnseen(int number, const Unseen::Pieces &pieces);
 
     const QTextCharFormat &characters(int number) const { return m_characters.at(number); }
