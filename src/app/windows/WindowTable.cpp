@@ -18,7 +18,9 @@
 #include "frmQuillAddressAbout.h"
 #include "frmRegCity.h"
 #include "frmRegister.h"
+#include "frmRestorePoints.h"
 #include "frmSplash.h"
+#include "frmSystemMessage.h"
 #include "frmUnzip.h"
 #include "frmZip.h"
 #include "frmdialler.h"
@@ -63,6 +65,8 @@ constexpr Row windows[] = {
     {"frmUnzip", Forms::Instances::One, make<frmUnzip>},
     {"frmOverwrite", Forms::Instances::One, make<frmOverwrite>},
     {"frmPassword", Forms::Instances::One, make<frmPassword>},
+    {"frmRestorePoints", Forms::Instances::One, make<frmRestorePoints>},
+    {"frmSystemMessage", Forms::Instances::One, make<frmSystemMessage>},
     {"frmdownload2", Forms::Instances::One, make<frmdownload2>},
 };
 
