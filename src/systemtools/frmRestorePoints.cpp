@@ -1,9 +1,9 @@
 #include "frmRestorePoints.h"
 
 #include "Ask.h"
+#include "ErrorReports.h"
 #include "ListBox.h"
 #include "Named.h"
-#include "RuntimeError.h"
 #include "ShownText.h"
 #include "StandardToolMenu.h"
 #include "SystemRestore.h"
@@ -140,19 +140,14 @@ void frmRestorePoints::Command2_Click()
 
 void frmRestorePoints::CreatePoint()
 {
-    try {
+    resumeNext([&] {
         const Disabled whileWorking({Command1, Command2});
         SystemRestore::CreateRestorePoint(Text1->text());
         Ask(QStringLiteral("Restore Point Created Successfully!"), MsgBoxStyle::Information,
             QStringLiteral("Job Done!"));
         if (isLoaded())
             ListPoints();
-    } catch (...) {
-        const RuntimeError error = RuntimeError::current();
-        Ask(QStringLiteral("An error has occurred - Code: %1 Description: ").arg(error.number()) +
-                error.description(),
-            MsgBoxStyle::Critical, QStringLiteral("System Error!"));
-    }
+    });
 }
 
 void frmRestorePoints::ListPoints()

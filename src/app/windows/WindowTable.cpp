@@ -5,6 +5,7 @@
 #include "frmAddressBook.h"
 #include "frmBirthDays.h"
 #include "frmCalculator.h"
+#include "frmCompsOnNetwork.h"
 #include "frmDialingRules.h"
 #include "frmDocument.h"
 #include "frmFTP.h"
@@ -65,6 +66,7 @@ constexpr Row windows[] = {
     {"frmUnzip", Forms::Instances::One, make<frmUnzip>},
     {"frmOverwrite", Forms::Instances::One, make<frmOverwrite>},
     {"frmPassword", Forms::Instances::One, make<frmPassword>},
+    {"frmCompsOnNetwork", Forms::Instances::One, make<frmCompsOnNetwork>},
     {"frmRestorePoints", Forms::Instances::One, make<frmRestorePoints>},
     {"frmSystemMessage", Forms::Instances::One, make<frmSystemMessage>},
     {"frmdownload2", Forms::Instances::One, make<frmdownload2>},

@@ -3,11 +3,11 @@
 #include "CsvText.h"
 #include "EventGate.h"
 #include "PlainText.h"
+#include "Program.h"
 #include "RuntimeError.h"
 #include "ShownText.h"
 
 #include <QProcess>
-#include <QStandardPaths>
 #include <QTimer>
 
 namespace {
@@ -27,10 +27,7 @@ const QString defaultConfiguration = QStringLiteral("root");
 
 QString program()
 {
-    const QString name = QStringLiteral("snapper");
-    const QString inPath = QStandardPaths::findExecutable(name);
-    const QString path =
-        !inPath.isEmpty() ? inPath : QStandardPaths::findExecutable(name, {QStringLiteral("/usr/sbin")});
+    const QString path = Program::find(QStringLiteral("snapper"));
     if (path.isEmpty())
         throw RuntimeError(
             notInstalled,
