@@ -25,7 +25,8 @@ int list()
 
 int send(RemoteShutdown::Order order, const QStringList &arguments)
 {
-    RemoteShutdown::send(order, {arguments.value(2), arguments.value(3)}, QStringLiteral("A test's comment."));
+    RemoteShutdown::send(order, {arguments.value(2), arguments.value(3)},
+                         QStringLiteral("A test's comment."));
     return EXIT_SUCCESS;
 }
 
