@@ -5,6 +5,7 @@
 #include "frmAddressBook.h"
 #include "frmBirthDays.h"
 #include "frmCalculator.h"
+#include "frmCompsOnNetwork.h"
 #include "frmDialingRules.h"
 #include "frmDocument.h"
 #include "frmFTP.h"
@@ -18,7 +19,9 @@
 #include "frmQuillAddressAbout.h"
 #include "frmRegCity.h"
 #include "frmRegister.h"
+#include "frmRestorePoints.h"
 #include "frmSplash.h"
+#include "frmSystemMessage.h"
 #include "frmUnzip.h"
 #include "frmZip.h"
 #include "frmdialler.h"
@@ -63,6 +66,9 @@ constexpr Row windows[] = {
     {"frmUnzip", Forms::Instances::One, make<frmUnzip>},
     {"frmOverwrite", Forms::Instances::One, make<frmOverwrite>},
     {"frmPassword", Forms::Instances::One, make<frmPassword>},
+    {"frmCompsOnNetwork", Forms::Instances::One, make<frmCompsOnNetwork>},
+    {"frmRestorePoints", Forms::Instances::One, make<frmRestorePoints>},
+    {"frmSystemMessage", Forms::Instances::One, make<frmSystemMessage>},
     {"frmdownload2", Forms::Instances::One, make<frmdownload2>},
 };
 

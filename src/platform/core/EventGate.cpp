@@ -121,3 +121,9 @@ void waitForEvents()
     const RunningHandler running;
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
+
+void waitForEventsButInput()
+{
+    const RunningHandler running;
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::ExcludeUserInputEvents);
+}

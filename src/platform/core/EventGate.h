@@ -53,6 +53,10 @@ void processPendingEvents();
 /// for has come.
 void waitForEvents();
 
+/// The same, but keys, the mouse and the closing of windows are kept until the wait is over: for a short wait
+/// after which the handler's window has to be there still.
+void waitForEventsButInput();
+
 /// Runs \a step as the body of an event: for overridden virtuals of Qt.
 template<class Step>
 void run(Step &&step) noexcept
