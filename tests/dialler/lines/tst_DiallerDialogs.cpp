@@ -5,7 +5,7 @@
 #include "LineError.h"
 #include "MockModemManager.h"
 #include "PrintQt.h"
-#include "PrivateBus.h"
+#include "PrivateSystemBus.h"
 #include "ScratchHome.h"
 #include "TelephoneSettings.h"
 #include "frmDialingRules.h"
@@ -24,7 +24,7 @@ namespace {
 struct DiallerDialogsTest : testing::Test
 {
     ScratchHome home;
-    PrivateBus bus;
+    PrivateSystemBus bus;
     DiallerDialogs dialogs;
     DialogDriver driver;
 

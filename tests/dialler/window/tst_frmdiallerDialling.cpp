@@ -2,7 +2,7 @@
 #include "DiallerWindow.h"
 #include "MockModemManager.h"
 #include "PrintQt.h"
-#include "PrivateBus.h"
+#include "PrivateSystemBus.h"
 #include "ScriptedModem.h"
 #include "SipServer.h"
 #include "TelephoneSettings.h"
@@ -16,7 +16,7 @@ namespace {
 /// The window is closed while a line of its own dials.
 struct DiallingTest : testing::Test
 {
-    PrivateBus bus;
+    PrivateSystemBus bus;
     DiallerWindow window;
 
     void dial(const QList<LineSettings> &lines)

@@ -1,6 +1,6 @@
 #include "DiallerWindow.h"
 #include "PrintQt.h"
-#include "PrivateBus.h"
+#include "PrivateSystemBus.h"
 #include "ScriptedModem.h"
 #include "TelephoneSettings.h"
 
@@ -14,7 +14,7 @@ namespace {
 /// The window with a line of its own: a modem that keeps the call itself.
 struct DiallerModemTest : testing::Test
 {
-    PrivateBus bus;
+    PrivateSystemBus bus;
     ScriptedModem modem;
     DiallerWindow window;
 

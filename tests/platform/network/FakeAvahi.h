@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PrivateBus.h"
+#include "PrivateSystemBus.h"
 
 #include <QDBusConnection>
 #include <QDBusVirtualObject>
@@ -34,7 +34,7 @@ private:
     void start(const QString &browser);
     void resolve(const QDBusMessage &message);
 
-    PrivateBus m_private;
+    PrivateSystemBus m_private;
     QDBusConnection m_bus;
     QStringList m_types; ///< of the browsers, by their numbers
 };

@@ -20,7 +20,7 @@ QStringList sorted(QStringList rows)
 
 TEST(MdnsSource, WithoutAvahiItCannotAsk)
 {
-    const PrivateBus bus;
+    const PrivateSystemBus bus;
     MdnsSource source;
     EXPECT_EQ(FoundComputers(source).end(), false);
 }

@@ -4,7 +4,7 @@
 #include "LineDialogs.h"
 #include "LineError.h"
 #include "PrintQt.h"
-#include "PrivateBus.h"
+#include "PrivateSystemBus.h"
 #include "ScratchHome.h"
 #include "TelephoneSettings.h"
 
@@ -49,7 +49,7 @@ LineSettings serialLine(const QString &label)
 struct TelephoneServiceTest : testing::Test
 {
     ScratchHome home;
-    PrivateBus bus;
+    PrivateSystemBus bus;
     EnteringDialogs dialogs;
     TelephoneService service{dialogs};
     quint32 application = 0;

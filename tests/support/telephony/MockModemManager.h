@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PrivateBus.h"
+#include "PrivateSystemBus.h"
 
 #include <QProcess>
 #include <QStringList>
@@ -32,6 +32,6 @@ public:
 private:
     QVariant test(const QString &method, const QVariantList &arguments = {});
 
-    PrivateBus m_bus;
+    PrivateSystemBus m_bus;
     QProcess m_process;
 };

@@ -3,7 +3,7 @@
 #include "CvbTAPILine.h"
 #include "LineLimits.h"
 #include "LineSettings.h"
-#include "PrivateBus.h"
+#include "PrivateSystemBus.h"
 #include "RefusedLineDialogs.h"
 #include "ScratchHome.h"
 #include "TelephoneService.h"
@@ -42,7 +42,7 @@ public:
 
 private:
     ScratchHome m_home;
-    PrivateBus m_bus;
+    PrivateSystemBus m_bus;
     RefusedLineDialogs m_dialogs;
     TelephoneService m_service;
     std::unique_ptr<CvbTAPILine> m_line;

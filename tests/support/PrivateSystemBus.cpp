@@ -1,4 +1,4 @@
-#include "PrivateBus.h"
+#include "PrivateSystemBus.h"
 
 #include <QProcess>
 #include <csignal>
@@ -27,7 +27,7 @@ bool start()
 
 } // namespace
 
-PrivateBus::PrivateBus()
+PrivateSystemBus::PrivateSystemBus()
 {
     static const bool isStarted = start();
     EXPECT_TRUE(isStarted);
