@@ -14,7 +14,6 @@
 #include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
-#include <qpa/qwindowsysteminterface.h>
 
 namespace {
 
@@ -186,8 +185,7 @@ TEST_F(NetworkInfoTest, InputDuringTheSearchIsNotLost)
     open([&] {
         QWindow *window = QGuiApplication::focusWindow();
         EXPECT_TRUE(window);
-        QWindowSystemInterface::handleKeyEvent<QWindowSystemInterface::AsynchronousDelivery>(
-            window, QEvent::KeyPress, Qt::Key_Z, Qt::NoModifier, QStringLiteral("z"));
+        qt_handleKeyEvent(window, QEvent::KeyPress, Qt::Key_Z, Qt::NoModifier, QStringLiteral("z"));
         bool isOver = false;
         QTimer::singleShot(50, [&] { isOver = true; });
         while (!isOver)
