@@ -15,6 +15,10 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+#ifdef QUILL_QT_PRIVATE
+#include <qpa/qwindowsysteminterface.h>
+#endif
+
 namespace {
 
 QString thisMachine()
@@ -180,12 +184,14 @@ TEST_F(NetworkInfoTest, AFailedSearchLeavesTheRowsOfAnEarlierOne)
     EXPECT_EQ(box.ListCount(), 1);
 }
 
+#ifdef QUILL_QT_PRIVATE // input can be queued like that of a display by Qt's private headers alone
 TEST_F(NetworkInfoTest, InputDuringTheSearchIsNotLost)
 {
     open([&] {
         QWindow *window = QGuiApplication::focusWindow();
         EXPECT_TRUE(window);
-        qt_handleKeyEvent(window, QEvent::KeyPress, Qt::Key_Z, Qt::NoModifier, QStringLiteral("z"));
+        QWindowSystemInterface::handleKeyEvent<QWindowSystemInterface::AsynchronousDelivery>(
+            window, QEvent::KeyPress, Qt::Key_Z, Qt::NoModifier, QStringLiteral("z"));
         bool isOver = false;
         QTimer::singleShot(50, [&] { isOver = true; });
         while (!isOver)
@@ -195,6 +201,7 @@ TEST_F(NetworkInfoTest, InputDuringTheSearchIsNotLost)
     EXPECT_EQ(list().Text(), QString());
     EXPECT_TRUE(QTest::qWaitFor([&] { return list().Text() == QStringLiteral("ZETA"); }, 30000));
 }
+#endif
 
 TEST_P(NetworkCommands, AreSentToTheSelectedComputer)
 {
