@@ -4,6 +4,7 @@
 #include "frmAddress.h"
 #include "frmAddressBook.h"
 #include "frmBirthDays.h"
+#include "frmBrowser.h"
 #include "frmCalculator.h"
 #include "frmDialingRules.h"
 #include "frmDocument.h"
@@ -62,6 +63,7 @@ constexpr Row windows[] = {
     {"frmUnzip", Forms::Instances::One, make<frmUnzip>},
     {"frmOverwrite", Forms::Instances::One, make<frmOverwrite>},
     {"frmPassword", Forms::Instances::One, make<frmPassword>},
+    {"frmBrowser", Forms::Instances::Many, make<frmBrowser>},
 };
 
 } // namespace

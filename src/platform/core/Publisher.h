@@ -2,10 +2,12 @@
 
 #include <QString>
 
-/// Where the publisher is found. The host names are in publisher.ini in the program's folder.
+/// Where the publisher is found. Hosts and pages are in publisher.ini in the program's folder.
 namespace Publisher {
 
 /// The page \a path, which begins with "/", of the publisher's web server.
 QString webAddress(const QString &path);
+/// The address of the page that the file calls \a name; empty where it has none.
+QString page(const QString &name);
 
 } // namespace Publisher
