@@ -55,7 +55,8 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// A page has come in place of another one, or another place in it.
     void NavigateComplete();
-    /// Nothing more arrives of a page, whether all of it has or not.
+    /// Nothing more arrives of a page, whether all of it has or not; also when the page changes its title
+    /// after that.
     void DownloadComplete();
     /// The process that shows the page has died. The control stays usable.
     void PageCrashed();

@@ -36,6 +36,7 @@ void EngineControl::bindPage()
     connect(m_page.get(), &QWebEnginePage::loadStarted, this, &EngineControl::loadStarted);
     connect(m_page.get(), &QWebEnginePage::loadFinished, this, &EngineControl::loadFinished);
     connect(m_page.get(), &QWebEnginePage::urlChanged, this, &EngineControl::urlChanged);
+    connect(m_page.get(), &QWebEnginePage::titleChanged, this, &EngineControl::titleChanged);
     connect(m_page.get(), &EnginePage::Refused, this, &EngineControl::refused);
     connect(m_page.get(), &EnginePage::BoxWanted, this, &WebControl::BoxWanted);
     connect(m_page.get(), &EnginePage::FileWanted, this, &WebControl::FileWanted);
@@ -129,6 +130,13 @@ void EngineControl::urlChanged()
         return;
     m_isAsked = false;
     Q_EMIT NavigateComplete();
+}
+
+/// A page may change its title at any time.
+void EngineControl::titleChanged()
+{
+    if (!Busy())
+        Q_EMIT DownloadComplete();
 }
 
 void EngineControl::refused()

@@ -43,6 +43,7 @@ private:
     void loadStarted();
     void loadFinished(bool isWhole);
     void urlChanged();
+    void titleChanged();
     void refused();
     void offered(QWebEngineDownloadRequest *download);
     void receive(QWebEngineDownloadRequest &download, const QString &path);

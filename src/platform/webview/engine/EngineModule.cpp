@@ -3,12 +3,25 @@
 #include "EngineControl.h"
 #include "WebProfile.h"
 
+#include <QLoggingCategory>
 #include <QQuickWindow>
+#include <optional>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
 constexpr const char *withoutSandbox = "QTWEBENGINE_DISABLE_SANDBOX";
+
+QLoggingCategory::CategoryFilter usualFilter = nullptr;
+
+/// The engine reports each start, with all its options.
+void keepStartQuiet(QLoggingCategory *category)
+{
+    usualFilter(category);
+    if (qstrcmp(category->categoryName(), "qt.webenginecontext") == 0)
+        category->setEnabled(QtInfoMsg, false);
+}
 
 /// Says how the engine is to start, once, and leaves the environment of the programs that the suite starts
 /// as it was.
@@ -17,6 +30,8 @@ class EngineStart
 public:
     EngineStart()
     {
+        usualFilter = QLoggingCategory::installFilter(nullptr); // the new one runs before it is returned
+        QLoggingCategory::installFilter(keepStartQuiet);
         // The other way needs a window of another kind, and the frame would be made anew around it.
         QQuickWindow::setSceneGraphBackend(QStringLiteral("software"));
         if (m_isRoot)
@@ -26,6 +41,7 @@ public:
     {
         if (m_isRoot)
             qunsetenv(withoutSandbox);
+        QLoggingCategory::installFilter(usualFilter);
     }
     EngineStart(const EngineStart &) = delete;
     EngineStart &operator=(const EngineStart &) = delete;
@@ -46,7 +62,9 @@ std::shared_ptr<WebProfile> EngineModule::profile()
     std::shared_ptr<WebProfile> profile = m_profile.lock();
     if (profile)
         return profile;
-    const EngineStart start;
+    std::optional<EngineStart> start;
+    if (!std::exchange(m_isStarted, true))
+        start.emplace();
     profile = std::make_shared<WebProfile>();
     m_profile = profile;
     return profile;

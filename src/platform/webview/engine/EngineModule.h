@@ -19,4 +19,5 @@ private:
     std::shared_ptr<WebProfile> profile();
 
     std::weak_ptr<WebProfile> m_profile; ///< the controls own it
+    bool m_isStarted = false;
 };

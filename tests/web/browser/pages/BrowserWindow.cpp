@@ -2,26 +2,46 @@
 
 #include "Files.h"
 #include "Forms.h"
+#include "QtMessages.h"
 #include "Toolbar.h"
 
 #include <QDeadlineTimer>
+#include <QDir>
 #include <QEventLoop>
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
+#include <unistd.h>
 
 namespace {
 
-constexpr int patience = 60000; // milliseconds, on a busy machine
+constexpr int patience = 5000; // milliseconds, on a busy machine
 const QString displaying = QStringLiteral("Tallowick Quill-Office Tools Browser Displaying: ");
+
+pid_t parentOf(pid_t process)
+{
+    QFile status(QStringLiteral("/proc/%1/stat").arg(process));
+    if (!status.open(QFile::ReadOnly))
+        return 0;
+    const QByteArray line = status.readAll();
+    return line.mid(line.lastIndexOf(')') + 2).split(' ').value(1).toInt();
+}
+
+bool isBelowThis(pid_t process)
+{
+    while (process > 1 && process != ::getpid())
+        process = parentOf(process);
+    return process == ::getpid();
+}
 
 } // namespace
 
 BrowserWindow::BrowserWindow()
 {
+    QtMessages::expect(QStringLiteral("No suitable graphics backend")); // of the offscreen platform
     Files::write(programFolder.file("publisher.ini"),
                  "[hosts]\nweb=" + server.host().toUtf8() +
-                     "\n[pages]\nHome=/home\nSearch=/search\nTallowick=/\nQuillOffice=/quilloffice/\n");
+                     "\n[pages]\nHome=/home\nSearch=/search\nTallowick=/\nQuillOffice=/quilloffice\n");
     Forms::registerWindow(QStringLiteral("frmBrowser"), Forms::Instances::Many,
                           [] { return new frmBrowser; });
 }
@@ -45,6 +65,43 @@ void BrowserWindow::enter(const QString &address) const
 void BrowserWindow::press(const char *key) const
 {
     m_form->member<Toolbar>(QStringLiteral("tbToolBar")).button(QString::fromLatin1(key)).trigger();
+}
+
+/// The engine's widget that takes the mouse and the keys.
+QWidget &BrowserWindow::page() const
+{
+    QWidget *page = &control();
+    while (page->focusProxy())
+        page = page->focusProxy();
+    return *page;
+}
+
+void BrowserWindow::clickPage() const
+{
+    QTest::mouseClick(&page(), Qt::LeftButton, {}, QPoint(20, 20));
+}
+
+void BrowserWindow::typeIntoPage(Qt::Key key, Qt::KeyboardModifiers modifiers) const
+{
+    page().setFocus();
+    QTest::keyClick(&page(), key, modifiers);
+}
+
+/// The engine's processes are children and grandchildren of this one.
+pid_t BrowserWindow::renderer() const
+{
+    pid_t found = 0;
+    for (const QString &name : QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")})) {
+        QFile command(QStringLiteral("/proc/%1/cmdline").arg(name));
+        if (!command.open(QFile::ReadOnly))
+            continue;
+        const QByteArray words = command.readAll();
+        if (words.contains("--type=renderer") &&
+            words.contains("--application-name=" + QCoreApplication::applicationName().toUtf8()) &&
+            isBelowThis(name.toInt()))
+            found = name.toInt();
+    }
+    return found;
 }
 
 QStringList BrowserWindow::list() const

@@ -22,6 +22,9 @@ public:
     void enter(const QString &address) const;
     void visit(const QString &path) const { enter(server.address(path)); }
     void press(const char *key) const;
+    /// Clicks into the page, near its upper left corner.
+    void clickPage() const;
+    void typeIntoPage(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const;
 
     frmBrowser &form() const { return *m_form; }
     bool isOpen() const { return !m_form.isNull(); }
@@ -36,10 +39,15 @@ public:
     /// Until the window's title says that the page \a title is on show.
     void waitForTitle(const QString &title) const;
 
+    /// The process that runs the page's scripts.
+    pid_t renderer() const;
+
     PageServer server;
     ScratchProgramFolder programFolder;
     FakeFrame frame;
 
 private:
+    QWidget &page() const;
+
     QPointer<frmBrowser> m_form;
 };
