@@ -96,7 +96,7 @@ QList<Escape> escapes()
 
 TEST_P(PageEscapeTest, LeadsNowhere)
 {
-    browser.server.page("/", "<!doctype html><title>here</title><body>" + GetParam().body + toTheEnd);
+    browser.server.page("/", "<!doctype html><title>here</title><body>" + toTheEnd + GetParam().body);
     browser.open(QStringLiteral("/"));
     waitForTheEnd();
     EXPECT_EQ(browser.control().LocationName(), QStringLiteral("here"));
@@ -177,8 +177,10 @@ TEST_F(PageRightsTest, AWindowOpenedWithoutAClickIsNone)
 
 TEST_F(PageRightsTest, APageDoesNotCloseTheWindow)
 {
-    show("<script>document.title = 'on'; window.close(); self.close()</script>" + toTheEnd, "on");
-    waitForTheEnd();
+    show("<script>document.title = 'on'; window.close(); self.close()</script>", "on");
+    browser.server.titled("/b", "second");
+    browser.visit(QStringLiteral("/b"));
+    browser.waitForTitle(QStringLiteral("second"));
     EXPECT_TRUE(browser.isOpen());
 }
 
@@ -247,7 +249,7 @@ constexpr Permission permissions[] = {
 
 TEST_P(PermissionTest, IsRefused)
 {
-    show(QByteArray("<title>asks</title><script>addEventListener('click', () => {") + GetParam().script +
+    show(QByteArray("<title>asks</title>x<script>addEventListener('click', () => {") + GetParam().script +
              "})</script>",
          "asks");
     browser.clickPage();
