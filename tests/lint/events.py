@@ -71,7 +71,7 @@ def faults(code):
 
 def offences(root):
     found = []
-    for path in sources.files(root):
+    for path in sources.gated_files(root):
         code = sources.code(sources.read(path))
         found += [(path, sources.line_of(code, position), fault) for position, fault in faults(code)]
     return found

@@ -4,6 +4,7 @@
 #include "frmAddress.h"
 #include "frmAddressBook.h"
 #include "frmBirthDays.h"
+#include "frmBrowser.h"
 #include "frmCalculator.h"
 #include "frmCompsOnNetwork.h"
 #include "frmDialingRules.h"
@@ -70,6 +71,7 @@ constexpr Row windows[] = {
     {"frmRestorePoints", Forms::Instances::One, make<frmRestorePoints>},
     {"frmSystemMessage", Forms::Instances::One, make<frmSystemMessage>},
     {"frmdownload2", Forms::Instances::One, make<frmdownload2>},
+    {"frmBrowser", Forms::Instances::Many, make<frmBrowser>},
 };
 
 } // namespace

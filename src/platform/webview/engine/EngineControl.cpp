@@ -1,0 +1,228 @@
+#include "EngineControl.h"
+
+#include "EnginePage.h"
+#include "EngineView.h"
+#include "WebProfile.h"
+
+#include <QFileInfo>
+#include <QVBoxLayout>
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineHistory>
+
+EngineControl::EngineControl(std::shared_ptr<WebProfile> profile, QWidget *parent)
+    : WebControl(parent)
+    , m_profile(std::move(profile))
+    , m_page(std::make_unique<EnginePage>(*m_profile))
+    , m_view(new EngineView(*m_page, this))
+{
+    auto *whole = new QVBoxLayout(this);
+    whole->setContentsMargins(0, 0, 0, 0);
+    whole->addWidget(m_view);
+    setFocusProxy(m_view);
+    bindPage();
+    connect(m_view, &EngineView::UserInput, m_page.get(), &EnginePage::noteUserInput);
+    connect(m_view, &EngineView::ZoomWanted, this, &EngineControl::zoom);
+    connect(m_profile.get(), &QWebEngineProfile::downloadRequested, this, &EngineControl::offered);
+}
+
+EngineControl::~EngineControl()
+{
+    cancelReceiving();
+    delete m_view; // before the page that it shows
+}
+
+void EngineControl::bindPage()
+{
+    connect(m_page.get(), &QWebEnginePage::loadStarted, this, &EngineControl::loadStarted);
+    connect(m_page.get(), &QWebEnginePage::loadFinished, this, &EngineControl::loadFinished);
+    connect(m_page.get(), &QWebEnginePage::urlChanged, this, &EngineControl::urlChanged);
+    connect(m_page.get(), &QWebEnginePage::titleChanged, this, &EngineControl::titleChanged);
+    connect(m_page.get(), &EnginePage::Refused, this, &EngineControl::refused);
+    connect(m_page.get(), &EnginePage::BoxWanted, this, &WebControl::BoxWanted);
+    connect(m_page.get(), &EnginePage::FileWanted, this, &WebControl::FileWanted);
+    // Queued: what hears of it may close the window, and the engine is not done with the page yet.
+    connect(
+        m_page.get(), &QWebEnginePage::renderProcessTerminated, this,
+        [this](QWebEnginePage::RenderProcessTerminationStatus status) {
+            if (status != QWebEnginePage::NormalTerminationStatus)
+                Q_EMIT PageCrashed();
+        },
+        Qt::QueuedConnection);
+}
+
+// ---- Pages
+
+void EngineControl::Navigate(const QUrl &address)
+{
+    if (!EnginePage::isShown(address))
+        return;
+    begin();
+    m_page->load(address);
+}
+
+/// The user wants a page, and hears of it what it has to say.
+void EngineControl::begin()
+{
+    m_isAsked = true;
+    m_page->noteUserInput();
+}
+
+void EngineControl::GoBack()
+{
+    if (!m_page->history()->canGoBack())
+        return;
+    begin();
+    m_page->history()->back();
+}
+
+void EngineControl::GoForward()
+{
+    if (!m_page->history()->canGoForward())
+        return;
+    begin();
+    m_page->history()->forward();
+}
+
+void EngineControl::Refresh()
+{
+    if (LocationURL().isEmpty())
+        return;
+    begin();
+    m_page->triggerAction(QWebEnginePage::Reload);
+}
+
+void EngineControl::Stop()
+{
+    m_isAsked = false;
+    m_page->triggerAction(QWebEnginePage::Stop);
+}
+
+QString EngineControl::LocationName() const
+{
+    return m_page->title();
+}
+
+QUrl EngineControl::LocationURL() const
+{
+    return m_page->url().adjusted(QUrl::RemovePassword);
+}
+
+void EngineControl::loadStarted()
+{
+    m_isAsked = false;
+    m_isLoading = true;
+}
+
+void EngineControl::loadFinished(bool isWhole)
+{
+    m_isAsked = false;
+    m_isLoading = false;
+    if (isWhole)
+        Q_EMIT NavigateComplete();
+    Q_EMIT DownloadComplete();
+}
+
+/// Of a page that is being loaded the address comes first; otherwise it is another place in the same page.
+void EngineControl::urlChanged()
+{
+    m_page->setZoomFactor(m_percent / 100.0);
+    if (m_isLoading)
+        return;
+    m_isAsked = false;
+    Q_EMIT NavigateComplete();
+}
+
+/// A page may change its title at any time.
+void EngineControl::titleChanged()
+{
+    if (!Busy())
+        Q_EMIT DownloadComplete();
+}
+
+void EngineControl::refused()
+{
+    m_isAsked = false;
+    if (!m_isLoading)
+        Q_EMIT DownloadComplete();
+}
+
+void EngineControl::zoom(int steps)
+{
+    constexpr int usual = 100;
+    constexpr int step = 10;
+    m_percent = steps == 0 ? usual : qBound(30, m_percent + steps * step, 300);
+    m_page->setZoomFactor(m_percent / 100.0);
+}
+
+// ---- Editing
+
+void EngineControl::undo()
+{
+    m_page->triggerAction(QWebEnginePage::Undo);
+}
+
+void EngineControl::cut()
+{
+    m_page->triggerAction(QWebEnginePage::Cut);
+}
+
+void EngineControl::copy()
+{
+    m_page->triggerAction(QWebEnginePage::Copy);
+}
+
+void EngineControl::paste()
+{
+    m_page->triggerAction(QWebEnginePage::Paste);
+}
+
+// ---- Files that pages offer
+
+/// Every control hears of every file. One that nobody accepts is refused by the engine.
+void EngineControl::offered(QWebEngineDownloadRequest *download)
+{
+    if (download->page() != m_page.get())
+        return;
+    m_isAsked = false; // where the user has asked for the file, there will be no page
+    const QPointer<QWebEngineDownloadRequest> request(download); // may go while the user is asked
+    QString path;
+    Q_EMIT SaveWanted(download->suggestedFileName(), path);
+    if (request && !path.isEmpty())
+        receive(*request, path);
+}
+
+void EngineControl::receive(QWebEngineDownloadRequest &download, const QString &path)
+{
+    m_downloads.append(&download);
+    connect(&download, &QWebEngineDownloadRequest::isFinishedChanged, this,
+            [this, &download, path] { received(download, path); });
+    const QFileInfo place(path);
+    download.setDownloadDirectory(place.path());
+    download.setDownloadFileName(place.fileName());
+    download.accept();
+}
+
+void EngineControl::received(const QWebEngineDownloadRequest &download, const QString &path)
+{
+    m_downloads.removeOne(&download);
+    const bool isWhole = download.state() == QWebEngineDownloadRequest::DownloadCompleted;
+    const QString failure = isWhole ? QString() : download.interruptReasonString();
+    // Later, as what hears of it may close the window.
+    QMetaObject::invokeMethod(
+        this, [this, path, failure] { Q_EMIT Received(path, failure); }, Qt::QueuedConnection);
+}
+
+bool EngineControl::isReceiving() const
+{
+    return !m_downloads.isEmpty();
+}
+
+void EngineControl::cancelReceiving()
+{
+    for (const QPointer<QWebEngineDownloadRequest> &download : std::exchange(m_downloads, {})) {
+        if (!download)
+            continue;
+        disconnect(download, nullptr, this, nullptr);
+        download->cancel();
+    }
+}

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "WebControl.h"
+
+#include <QList>
+#include <QPointer>
+#include <memory>
+
+class EnginePage;
+class EngineView;
+class QWebEngineDownloadRequest;
+class WebProfile;
+
+/// The control over Qt WebEngine.
+class EngineControl : public WebControl
+{
+    Q_OBJECT
+
+public:
+    EngineControl(std::shared_ptr<WebProfile> profile, QWidget *parent);
+    ~EngineControl() override;
+
+    void Navigate(const QUrl &address) override;
+    void GoBack() override;
+    void GoForward() override;
+    void Refresh() override;
+    void Stop() override;
+    QString LocationName() const override;
+    QUrl LocationURL() const override;
+    bool Busy() const override { return m_isAsked || m_isLoading; }
+    void zoom(int steps) override;
+    bool isReceiving() const override;
+    void cancelReceiving() override;
+
+    void undo() override;
+    void cut() override;
+    void copy() override;
+    void paste() override;
+
+private:
+    void bindPage();
+    void begin();
+    void loadStarted();
+    void loadFinished(bool isWhole);
+    void urlChanged();
+    void titleChanged();
+    void refused();
+    void offered(QWebEngineDownloadRequest *download);
+    void receive(QWebEngineDownloadRequest &download, const QString &path);
+    void received(const QWebEngineDownloadRequest &download, const QString &path);
+
+    std::shared_ptr<WebProfile> m_profile; ///< longer than the page
+    std::unique_ptr<EnginePage> m_page;
+    EngineView *m_view;
+    bool m_isAsked = false; ///< to load; the page has not begun yet
+    bool m_isLoading = false;
+    int m_percent = 100; ///< enlargement
+    QList<QPointer<QWebEngineDownloadRequest>> m_downloads;
+};

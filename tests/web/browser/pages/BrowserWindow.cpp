@@ -1,0 +1,141 @@
+#include "BrowserWindow.h"
+
+#include "Files.h"
+#include "Forms.h"
+#include "QtMessages.h"
+#include "Toolbar.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QEventLoop>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+#include <unistd.h>
+
+namespace {
+
+constexpr int patience = 5000; // milliseconds, on a busy machine
+const QString displaying = QStringLiteral("Tallowick Quill-Office Tools Browser Displaying: ");
+
+pid_t parentOf(pid_t process)
+{
+    QFile status(QStringLiteral("/proc/%1/stat").arg(process));
+    if (!status.open(QFile::ReadOnly))
+        return 0;
+    const QByteArray line = status.readAll();
+    return line.mid(line.lastIndexOf(')') + 2).split(' ').value(1).toInt();
+}
+
+bool isBelowThis(pid_t process)
+{
+    while (process > 1 && process != ::getpid())
+        process = parentOf(process);
+    return process == ::getpid();
+}
+
+} // namespace
+
+BrowserWindow::BrowserWindow()
+{
+    QtMessages::expect(QStringLiteral("No suitable graphics backend")); // of the offscreen platform
+    Files::write(programFolder.file("publisher.ini"),
+                 "[hosts]\nweb=" + server.host().toUtf8() +
+                     "\n[pages]\nHome=/home\nSearch=/search\nTallowick=/\nQuillOffice=/quilloffice\n");
+    Forms::registerWindow(QStringLiteral("frmBrowser"), Forms::Instances::Many,
+                          [] { return new frmBrowser; });
+}
+
+void BrowserWindow::open(const QString &path)
+{
+    m_form = static_cast<frmBrowser *>(&Forms::refer(QStringLiteral("frmBrowser")));
+    if (!path.isEmpty())
+        m_form->setProperty("StartingAddress", server.address(path));
+    m_form->showModeless();
+}
+
+void BrowserWindow::enter(const QString &address) const
+{
+    box().lineEdit()->setFocus();
+    box().lineEdit()->selectAll();
+    QTest::keyClicks(box().lineEdit(), address);
+    QTest::keyClick(box().lineEdit(), Qt::Key_Return);
+}
+
+void BrowserWindow::press(const char *key) const
+{
+    m_form->member<Toolbar>(QStringLiteral("tbToolBar")).button(QString::fromLatin1(key)).trigger();
+}
+
+/// The engine's widget that takes the mouse and the keys.
+QWidget &BrowserWindow::page() const
+{
+    QWidget *page = &control();
+    while (page->focusProxy())
+        page = page->focusProxy();
+    return *page;
+}
+
+void BrowserWindow::clickPage() const
+{
+    QTest::mouseClick(&page(), Qt::LeftButton, {}, QPoint(20, 20));
+}
+
+void BrowserWindow::typeIntoPage(Qt::Key key, Qt::KeyboardModifiers modifiers) const
+{
+    page().setFocus();
+    QTest::keyClick(&page(), key, modifiers);
+}
+
+/// The engine's processes are children and grandchildren of this one.
+pid_t BrowserWindow::renderer() const
+{
+    pid_t found = 0;
+    for (const QString &name : QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")})) {
+        QFile command(QStringLiteral("/proc/%1/cmdline").arg(name));
+        if (!command.open(QFile::ReadOnly))
+            continue;
+        const QByteArray words = command.readAll();
+        if (words.contains("--type=renderer") &&
+            words.contains("--application-name=" + QCoreApplication::applicationName().toUtf8()) &&
+            isBelowThis(name.toInt()))
+            found = name.toInt();
+    }
+    return found;
+}
+
+QStringList BrowserWindow::list() const
+{
+    QStringList addresses;
+    for (int row = 0; row < box().count(); ++row)
+        addresses << box().itemText(row);
+    return addresses;
+}
+
+QString BrowserWindow::caption(const QString &title)
+{
+    return displaying + title;
+}
+
+QString BrowserWindow::shownTitle() const
+{
+    return m_form->Caption().mid(displaying.size());
+}
+
+/// Sleeps between two events: what polls makes each page take a second.
+void BrowserWindow::waitFor(const std::function<bool()> &condition)
+{
+    const QDeadlineTimer deadline(patience);
+    QTimer tick; // for conditions that no event of this process goes with
+    tick.start(20);
+    while (!condition()) {
+        ASSERT_FALSE(deadline.hasExpired());
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+void BrowserWindow::waitForTitle(const QString &title) const
+{
+    waitFor([&] { return !isOpen() || (m_form->Caption() == caption(title) && !control().Busy()); });
+}

@@ -1,0 +1,117 @@
+#include "BrowserWindow.h"
+#include "Files.h"
+#include "PrintQt.h"
+#include "ScratchFolder.h"
+
+#include <QDir>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct PageFilesTest : testing::Test
+{
+    BrowserWindow browser;
+    ScratchFolder folder;
+
+    void SetUp() override
+    {
+        browser.server.titled("/", "page");
+        browser.open(QStringLiteral("/"));
+        browser.waitForTitle(QStringLiteral("page"));
+    }
+    QString place(const char *name) const { return QString::fromUtf8(folder.file(name)); }
+    QString title() const { return BrowserWindow::caption(QStringLiteral("page")); }
+    void offer(const QByteArray &name, const QByteArray &bytes = "bytes")
+    {
+        browser.server.page(
+            "/file", bytes,
+            "Content-Type: application/octet-stream\r\nContent-Disposition: attachment; filename=\"" + name +
+                "\"\r\n");
+    }
+    FileDialogStep &expectSave()
+    {
+        return browser.frame.dialogs.expectFileDialog(QStringLiteral("Save File"));
+    }
+    void expectSaved(const QString &name)
+    {
+        browser.frame.dialogs.expectBox(title(), name + QStringLiteral(" has been saved."))
+            .icon(QMessageBox::Information);
+    }
+    void waitForDialogs(int count) const
+    {
+        browser.waitFor([&] { return browser.frame.dialogs.seen().size() == count; });
+        browser.waitFor([&] { return QApplication::activeModalWidget() == nullptr; });
+    }
+};
+
+} // namespace
+
+TEST_F(PageFilesTest, AnOfferedFileIsSavedWhereTheUserSays)
+{
+    offer("a.bin");
+    expectSave().suggests(QStringLiteral("a.bin")).accept(place("b.bin"));
+    expectSaved(QStringLiteral("b.bin"));
+    browser.visit(QStringLiteral("/file"));
+    waitForDialogs(2);
+    EXPECT_EQ(Files::read(place("b.bin")), "bytes");
+    EXPECT_FALSE(browser.control().Busy());
+    EXPECT_FALSE(browser.control().isReceiving());
+    browser.waitForTitle(QStringLiteral("page"));
+}
+
+TEST_F(PageFilesTest, ARefusedFileIsNowhere)
+{
+    offer("a.bin");
+    expectSave().cancel();
+    browser.visit(QStringLiteral("/file"));
+    waitForDialogs(1);
+    browser.waitForTitle(QStringLiteral("page"));
+    EXPECT_FALSE(browser.control().isReceiving());
+    EXPECT_TRUE(QDir(folder.path()).isEmpty());
+}
+
+TEST_F(PageFilesTest, AFileThatExistsIsReplacedAfterTheDialogHasAsked)
+{
+    folder.addFile("b.bin", "old");
+    offer("a.bin");
+    expectSave().accept(place("b.bin"));
+    browser.frame.dialogs
+        .expectBox(QStringLiteral("Save File"),
+                   QStringLiteral("b.bin already exists.\nDo you want to replace it?"))
+        .press(QMessageBox::Yes);
+    expectSaved(QStringLiteral("b.bin"));
+    browser.visit(QStringLiteral("/file"));
+    waitForDialogs(3);
+    EXPECT_EQ(Files::read(place("b.bin")), "bytes");
+}
+
+TEST_F(PageFilesTest, AnEndlessFileIsGivenUpWithTheWindow)
+{
+    browser.server.raw("/file", "HTTP/1.1 200 OK\r\nContent-Type: application/octet-stream\r\n"
+                                "Content-Disposition: attachment\r\nContent-Length: 9999999\r\n\r\n" +
+                                    QByteArray(4096, 'x'));
+    expectSave().accept(place("b.bin"));
+    browser.visit(QStringLiteral("/file"));
+    browser.waitFor([&] { return browser.control().isReceiving(); });
+    const QString question =
+        QStringLiteral("A file is still being received. Close the window and give the file up?");
+    browser.frame.dialogs.expectBox(title(), question).defaultButton(QMessageBox::No).press(QMessageBox::No);
+    browser.press("Exit");
+    EXPECT_TRUE(browser.isOpen());
+    EXPECT_TRUE(browser.form().isLoaded());
+    browser.frame.dialogs.expectBox(title(), question).press(QMessageBox::Yes);
+    browser.press("Exit");
+    browser.waitFor([&] { return !browser.isOpen(); });
+    browser.waitFor([&] { return QDir(folder.path()).isEmpty(); });
+}
+
+TEST_F(PageFilesTest, AFileThatBreaksOffIsReported)
+{
+    browser.server.page("/file", "x",
+                        "Content-Type: application/octet-stream\r\nContent-Disposition: attachment\r\n");
+    expectSave().accept(QStringLiteral("/nonexistent/b.bin"));
+    browser.frame.dialogs.leaveWhatComes();
+    browser.visit(QStringLiteral("/file"));
+    browser.waitFor([&] { return browser.frame.dialogs.seen().size() >= 2; });
+    EXPECT_FALSE(browser.control().isReceiving());
+}
