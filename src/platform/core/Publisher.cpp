@@ -28,5 +28,5 @@ QString Publisher::page(const QString &name)
 
 QString Publisher::updateAddress(const QString &path)
 {
-    return QStringLiteral("http://") + host(QStringLiteral("hosts/update")) + path;
+    return QStringLiteral("http://") + entry(QStringLiteral("hosts/update")) + path;
 }
