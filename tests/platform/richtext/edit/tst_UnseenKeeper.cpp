@@ -511,6 +511,17 @@ TEST_F(UnseenKept, AtTheEndThatTakesThePlaceOfItsCharacter)
     EXPECT_TRUE(isWritten("a{\\v{hid}}\\par")) << box.TextRTF().constData();
 }
 
+TEST_F(UnseenKept, AtTheEndAgainWhenWhatWasTypedBeforeIsUndone)
+{
+    load("a\\par{\\v hid}\\par b");
+    box.setSelStart(2);
+    QTest::keyClick(&box, Qt::Key_X);
+    box.undo();
+    erase(2, 3);
+    EXPECT_EQ(box.Text(), QStringLiteral("a\nb"));
+    EXPECT_TRUE(isWritten("{\\v{hid}}b")) << box.TextRTF().constData();
+}
+
 /// Any edits: nothing is there twice, nothing goes but what was inside of what was deleted, and each step is
 /// undone and redone to the same bytes.
 TEST_F(UnseenKept, ThroughRandomEdits)
