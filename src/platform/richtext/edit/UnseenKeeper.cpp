@@ -231,24 +231,35 @@ bool UnseenKeeper::beforeKey(const QKeyEvent &key, QTextCursor &caret) const
 /// The places of pieces from \a from up to \a end that were not known; they are from now on.
 QList<UnseenKeeper::Place> UnseenKeeper::find(int from, int end)
 {
-    QList<Place> places;
+    QList<Stretch> runs;
+    QList<Stretch> ends;
     for (QTextBlock block = m_document->findBlock(from); block.isValid() && block.position() < end;
          block = block.next()) {
-        const QList<Stretch> stretches = stretchesOf(block);
-        for (const Stretch &stretch : stretches) {
-            if (stretch.end <= from || stretch.begin >= end || !Unseen::isIn(stretch.format))
-                continue;
-            for (const Piece &piece : Unseen::of(stretch.format)) {
-                if (m_known.contains(piece.get()))
-                    continue;
-                m_known.insert(piece.get());
-                Place place{piece, QTextCursor(m_document), stretch.begin};
-                place.cursor.setPosition(stretch.begin);
-                places.append(place);
-            }
+        for (const Stretch &stretch : stretchesOf(block)) {
+            if (stretch.end > from && stretch.begin < end && Unseen::isIn(stretch.format))
+                (stretch.begin == endOf(block) ? ends : runs).append(stretch);
         }
     }
+    std::reverse(ends.begin(), ends.end()); // as the last of them has what no run has
+    QList<Place> places;
+    for (const Stretch &stretch : runs + ends)
+        findIn(stretch.begin, Unseen::of(stretch.format), places);
+    std::stable_sort(places.begin(), places.end(),
+                     [](const Place &one, const Place &other) { return one.position < other.position; });
     return places;
+}
+
+void UnseenKeeper::findIn(int position, const Unseen::Pieces &pieces, QList<Place> &places)
+{
+    for (const Piece &piece : pieces) {
+        if (m_known.contains(piece.get()))
+            continue;
+        m_known.insert(piece.get());
+        Place place{piece, QTextCursor(m_document), position};
+        place.cursor.setPosition(position);
+        place.isAtEnd = place.cursor.atBlockEnd();
+        places.append(place);
+    }
 }
 
 /// Text that is typed before a character may have its format, and is then what a piece belongs to.
@@ -279,14 +290,19 @@ void UnseenKeeper::noteChange(int from, int removed, int added)
     for (Place &place : std::exchange(m_places, {})) {
         const int position = place.cursor.position();
         const bool isUntouched = place.position < from || position > last;
-        if (!isUntouched && !has(stretches.at(position), place.piece)) {
+        // An end that has it as its character goes has but a copy, and so may text elsewhere.
+        const bool hasSlid = !isUntouched && !place.isAtEnd && place.cursor.atBlockEnd();
+        const bool isThere = isUntouched || has(stretches.at(position), place.piece);
+        if (!isThere)
             m_known.remove(place.piece.get());
+        if (!isThere || hasSlid) {
             m_latest.lost.append(place);
             continue;
         }
         if (m_latest.isBetween(place))
             m_latest.inside.append(place);
         place.position = position;
+        place.isAtEnd = place.cursor.atBlockEnd();
         left.append(place);
     }
     const QList<Place> found = added > 0 ? find(from, last + 1) : QList<Place>();
@@ -309,10 +325,15 @@ void UnseenKeeper::afterEdit()
     m_couldRedo = m_document->isRedoAvailable();
     m_hasNewStep = false;
     const Change change = std::exchange(m_latest, {});
-    if (!isEdit)
+    if (!isEdit) {
+        for (const Place &place : change.lost) {
+            m_known.remove(place.piece.get());
+            m_places += find(place.cursor.position(), place.cursor.position() + 1);
+        }
         restoreFirstEnd();
-    else if (!(change.lost.isEmpty() && change.inside.isEmpty()))
+    } else if (!(change.lost.isEmpty() && change.inside.isEmpty())) {
         keep(change);
+    }
     if (isEdit)
         rememberFirstEnd();
     m_undoSteps = m_document->availableUndoSteps();

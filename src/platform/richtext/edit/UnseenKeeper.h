@@ -31,8 +31,9 @@ private:
     struct Place
     {
         Piece piece;
-        QTextCursor cursor; ///< at the character, or the paragraph's end, whose format has the piece
-        int position = 0;   ///< of the cursor before the latest change
+        QTextCursor cursor;   ///< at the character, or the paragraph's end, whose format has the piece
+        int position = 0;     ///< of the cursor before the latest change
+        bool isAtEnd = false; ///< of a paragraph, the same
     };
     struct Change
     {
@@ -51,6 +52,7 @@ private:
     void afterEdit();
     void keep(const Change &change);
     QList<Place> find(int from, int end);
+    void findIn(int position, const Unseen::Pieces &pieces, QList<Place> &places);
     bool wasEdited() const;
     void insert(int position, const Unseen::Pieces &pieces);
     void remove(const QSet<Piece> &pieces);
