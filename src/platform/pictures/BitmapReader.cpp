@@ -1,6 +1,7 @@
 #include "BitmapReader.h"
 
 #include "QtPictureReader.h"
+#include "RuntimeError.h"
 
 #include <QtEndian>
 #include <array>
@@ -60,10 +61,20 @@ int depthOf(const QByteArray &file)
     return qFromLittleEndian<quint16>(file.data() + headerSize + 14);
 }
 
+/// Qt's reader takes pixels that begin beyond the file for black ones.
+bool hasPixels(const QByteArray &file)
+{
+    constexpr qsizetype offset = 10;
+    return file.size() > offset + 4 &&
+           qFromLittleEndian<quint32>(file.data() + offset) < quint64(file.size());
+}
+
 } // namespace
 
 QImage BitmapReader::read(const QByteArray &file, qint64 mostBytes)
 {
+    if (!hasPixels(file))
+        throw RuntimeError(ErrorNumber::InvalidPicture);
     QImage image = QtPictureReader::read(file, "bmp", mostBytes).pixels;
     if (depthOf(file) == 16 && image.depth() == 32)
         spreadChannels(image, channelBits(file));

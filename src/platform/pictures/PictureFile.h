@@ -13,8 +13,8 @@ namespace PictureFile {
 
 /// The picture in the regular file \a path, which may be replaced or removed as soon as this returns.
 /// Throws RuntimeError: 481 when it is no picture of these kinds, damaged so that nothing can be shown, or
-/// larger than \a mostBytes in memory or on the disk; 53 when it is missing, 70 when it may not be read, 75
-/// when it is a folder, a device or a pipe, 57 or 7 when reading fails.
+/// larger than \a mostBytes on the disk or, by four bytes to the pixel, in memory; 53 when it is missing, 70
+/// when it may not be read, 75 when it is a folder, a device or a pipe, 57 or 7 when reading fails.
 LoadedPicture read(const QString &path, qint64 mostBytes = PictureLimit::ofThisComputer());
 
 /// The picture that \a bytes are the file of. Throws RuntimeError 481 as read does.

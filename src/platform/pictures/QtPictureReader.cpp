@@ -13,7 +13,7 @@ namespace {
 bool isPlausible(const QSize &size, qsizetype fileBytes)
 {
     constexpr qint64 mostPixelsToTheByte = 4096;
-    constexpr qint64 harmless = 64 * 1024 * 1024; // pixels
+    constexpr qint64 harmless = 16 * 1024 * 1024; // pixels
     const qint64 pixels = qint64(size.width()) * size.height();
     return pixels <= harmless || pixels / mostPixelsToTheByte <= fileBytes;
 }

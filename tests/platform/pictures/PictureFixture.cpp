@@ -62,11 +62,13 @@ int largestDifference(const QImage &one, const QImage &other)
 {
     if (one.size() != other.size())
         return 256;
+    const QImage left = one.convertToFormat(QImage::Format_ARGB32);
+    const QImage right = other.convertToFormat(QImage::Format_ARGB32);
     int largest = 0;
     for (int y = 0; y < one.height(); ++y) {
         for (int x = 0; x < one.width(); ++x) {
-            const QRgb a = one.pixel(x, y);
-            const QRgb b = other.pixel(x, y);
+            const QRgb a = left.pixel(x, y);
+            const QRgb b = right.pixel(x, y);
             const bool areClear = qAlpha(a) == 0 && qAlpha(b) == 0; // of a colour that nobody sees
             const int color = std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)),
                                         std::abs(qBlue(a) - qBlue(b))});

@@ -49,10 +49,11 @@ QRectF WmfCanvas::toPixels(const QRectF &rectangle)
 
 QPen WmfCanvas::penInPixels() const
 {
+    constexpr double thinnest = 1.001; // with 1 Qt leaves out the corners
     QPen pen = m_state.pen;
     const double width = pen.widthF() * m_state.mapping.scaleX();
-    pen.setWidthF(qMax(1.0, width));
-    if (width <= 1) {
+    pen.setWidthF(qMax(thinnest, width));
+    if (width < thinnest) {
         pen.setCapStyle(Qt::SquareCap); // whole pixels
         pen.setJoinStyle(Qt::MiterJoin);
     }
@@ -101,7 +102,8 @@ void WmfCanvas::drawImage(const QRectF &target, const QImage &image, const QRect
     constexpr qint64 blending = 16; // as costly as so many times filling
     if (QPainter *painting = painter(blending * m_work.ofFilling(target))) {
         painting->setRenderHint(QPainter::Antialiasing, false);
-        painting->setRenderHint(QPainter::SmoothPixmapTransform);
+        const bool isReduced = target.width() < source.width() || target.height() < source.height();
+        painting->setRenderHint(QPainter::SmoothPixmapTransform, isReduced);
         painting->setCompositionMode(mode);
         painting->drawImage(target, image, source);
     }

@@ -1,0 +1,151 @@
+#include "ErrorNumberOf.h"
+#include "PictureFile.h"
+#include "PictureFixture.h"
+#include "QtMessages.h"
+#include "RuntimeError.h"
+
+#include <QtEndian>
+#include <gtest/gtest.h>
+#include <random>
+
+namespace {
+
+struct PictureDamage : testing::Test
+{
+    PictureDamage() { QtMessages::expect({}); } // Qt's readers complain of all that they find
+};
+
+struct PictureDamageTest : PictureDamage, testing::WithParamInterface<PictureFixture>
+{};
+
+/// Zero for a file that is shown, in whole or in part.
+int errorOf(const QByteArray &bytes)
+{
+    return errorNumberOf([&] {
+        const LoadedPicture picture = PictureFile::decode(bytes);
+        EXPECT_FALSE(picture.pixels.isNull());
+        EXPECT_FALSE(picture.shown.isNull());
+    });
+}
+
+void expectShownOrRefused(const QByteArray &bytes, const std::string &what)
+{
+    const int error = errorOf(bytes);
+    EXPECT_TRUE(error == 0 || error == ErrorNumber::InvalidPicture) << what << ": " << error;
+}
+
+void writeWord(QByteArray &bytes, qsizetype at, quint16 value)
+{
+    qToLittleEndian<quint16>(value, bytes.data() + at);
+}
+
+void writeLongWord(QByteArray &bytes, qsizetype at, quint32 value)
+{
+    qToLittleEndian<quint32>(value, bytes.data() + at);
+}
+
+} // namespace
+
+TEST_P(PictureDamageTest, IsShownOrRefusedWhereverItEnds)
+{
+    const QByteArray bytes = GetParam().bytes();
+    for (qsizetype size = 0; size < bytes.size(); ++size)
+        expectShownOrRefused(bytes.first(size), "the first " + std::to_string(size));
+}
+
+TEST_P(PictureDamageTest, IsShownOrRefusedWhateverItsBytesAre)
+{
+    const QByteArray bytes = GetParam().bytes();
+    std::mt19937 random(1);
+    for (int round = 0; round < 300; ++round) {
+        QByteArray damaged = bytes;
+        for (int hit = 0; hit < 1 + round % 3; ++hit)
+            damaged[qsizetype(random() % size_t(qMin(bytes.size(), qsizetype(600))))] = char(random());
+        expectShownOrRefused(damaged, "round " + std::to_string(round));
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, PictureDamageTest, testing::ValuesIn(PictureFixture::all()),
+                         testNameOf<testing::TestParamInfo<PictureFixture>>);
+
+TEST_F(PictureDamage, AGiantHeaderInASmallFileIsRefused)
+{
+    QByteArray gif = PictureFixture::named("gif/plain.gif").bytes();
+    writeWord(gif, 6, 60000);
+    writeWord(gif, 8, 60000);
+    EXPECT_EQ(errorOf(gif), ErrorNumber::InvalidPicture);
+
+    QByteArray bitmap = PictureFixture::named("bmp/24.bmp").bytes();
+    writeLongWord(bitmap, 18, 60000);
+    writeLongWord(bitmap, 22, 60000);
+    EXPECT_EQ(errorOf(bitmap), ErrorNumber::InvalidPicture);
+
+    QByteArray jpeg = PictureFixture::named("jpeg/plain.jpg").bytes();
+    const qsizetype frame = jpeg.indexOf("\xFF\xC0");
+    ASSERT_GT(frame, 0);
+    for (const int side : {5, 7}) {
+        jpeg[frame + side] = '\xEA';
+        jpeg[frame + side + 1] = '\x60';
+    }
+    EXPECT_EQ(errorOf(jpeg), ErrorNumber::InvalidPicture);
+
+    QByteArray icon = PictureFixture::named("ico/single.ico").bytes();
+    writeLongWord(icon, 22 + 4, 60000);
+    writeLongWord(icon, 22 + 8, 120000);
+    EXPECT_EQ(errorOf(icon), ErrorNumber::InvalidPicture);
+}
+
+TEST_F(PictureDamage, SidesOfZeroAreRefused)
+{
+    for (const qsizetype side : {18, 22}) {
+        QByteArray bitmap = PictureFixture::named("bmp/24.bmp").bytes();
+        writeLongWord(bitmap, side, 0);
+        EXPECT_EQ(errorOf(bitmap), ErrorNumber::InvalidPicture) << side;
+        QByteArray icon = PictureFixture::named("ico/single.ico").bytes();
+        writeLongWord(icon, side - 18 + 26, 0);
+        EXPECT_EQ(errorOf(icon), ErrorNumber::InvalidPicture) << side;
+    }
+}
+
+TEST_F(PictureDamage, AnIconThatPointsIntoItselfOrBeyondTheFileIsRefused)
+{
+    for (const quint32 offset : {0U, 6U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
+        QByteArray icon = PictureFixture::named("ico/single.ico").bytes();
+        writeLongWord(icon, 18, offset);
+        EXPECT_EQ(errorOf(icon), ErrorNumber::InvalidPicture) << offset;
+    }
+    QByteArray list = PictureFixture::named("ico/single.ico").bytes();
+    writeWord(list, 4, 65535);
+    EXPECT_EQ(errorOf(list), ErrorNumber::InvalidPicture);
+    QByteArray size = PictureFixture::named("ico/single.ico").bytes();
+    writeLongWord(size, 14, 0xFFFFFFFF);
+    EXPECT_EQ(errorOf(size), ErrorNumber::InvalidPicture);
+}
+
+TEST_F(PictureDamage, OfAMillionPicturesTheFirstIsShown)
+{
+    const QByteArray gif = PictureFixture::named("gif/plain.gif").bytes();
+    const QByteArray picture("\x2C\0\0\0\0\x01\0\x01\0\0\x02\x02\x44\x01\0", 15);
+    const QByteArray film = gif.chopped(1) + picture.repeated(1'000'000) + ';';
+    const QImage shown = PictureFile::decode(film).shown;
+    EXPECT_EQ(largestDifference(shown, PictureFixture::named("gif/plain.gif").shown()), 0);
+}
+
+TEST_F(PictureDamage, AJpegOfAThousandScansIsRefused)
+{
+    const QByteArray jpeg = PictureFixture::named("jpeg/progressive.jpg").bytes();
+    const qsizetype last = jpeg.lastIndexOf("\xFF\xDA");
+    const QByteArray scan = jpeg.sliced(last, jpeg.size() - last - 2);
+    EXPECT_EQ(errorOf(jpeg.first(last) + scan.repeated(20) + jpeg.last(2)), 0);
+    EXPECT_EQ(errorOf(jpeg.first(last) + scan.repeated(1000) + jpeg.last(2)), ErrorNumber::InvalidPicture);
+}
+
+TEST_F(PictureDamage, BitmapsWithRunsBeyondTheirRowsAreShownOrRefused)
+{
+    QByteArray bitmap = PictureFixture::named("bmp/rle8.bmp").bytes();
+    const qsizetype pixels = qFromLittleEndian<quint32>(bitmap.constData() + 10);
+    bitmap.truncate(pixels);
+    for (const QByteArray &run :
+         {QByteArray("\xFF\x01", 2), QByteArray("\0\x02\xFF\xFF", 4), QByteArray("\0\xFF", 2)})
+        expectShownOrRefused(bitmap + run.repeated(1000), run.toHex().toStdString());
+}
