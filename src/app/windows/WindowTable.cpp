@@ -9,6 +9,9 @@
 #include "frmDocument.h"
 #include "frmFTP.h"
 #include "frmFTPAccounts.h"
+#include "frmFileOperations.h"
+#include "frmImageAbout.h"
+#include "frmImageMain.h"
 #include "frmLines.h"
 #include "frmMargins.h"
 #include "frmOptions.h"
@@ -18,6 +21,7 @@
 #include "frmQuillAddressAbout.h"
 #include "frmRegCity.h"
 #include "frmRegister.h"
+#include "frmScale.h"
 #include "frmSplash.h"
 #include "frmUnzip.h"
 #include "frmZip.h"
@@ -62,6 +66,10 @@ constexpr Row windows[] = {
     {"frmUnzip", Forms::Instances::One, make<frmUnzip>},
     {"frmOverwrite", Forms::Instances::One, make<frmOverwrite>},
     {"frmPassword", Forms::Instances::One, make<frmPassword>},
+    {"frmImageMain", Forms::Instances::One, make<frmImageMain>},
+    {"frmScale", Forms::Instances::One, make<frmScale>},
+    {"frmFileOperations", Forms::Instances::One, make<frmFileOperations>},
+    {"frmImageAbout", Forms::Instances::One, make<frmImageAbout>},
 };
 
 } // namespace
