@@ -47,7 +47,7 @@ constexpr ToolMenuRow menuRows[] = {
     item(0, "mnuView", "&View"),
     item(1, "mnuViewToolbar", "&Toolbar", nullptr, nullptr, MenuRow::Checked),
     item(1, "mnuViewSizeAndInfo", "&Size Toolbar"),
-    item(1, "mnuViewPan", "&Pan", "transform-browse"),
+    item(1, "mnuViewPan", "&Pan"),
     item(1, "mnuViewSize", "&Size", measures),
     item(2, "mnuViewSizeInPixels", "In Pixels\u2026"),
     item(2, "mnuViewSizeInInches", "In Inches\u2026"),
@@ -58,7 +58,7 @@ constexpr ToolMenuRow menuRows[] = {
     item(1, "mnuSizeZoomOut", "Zoom &Out", zoomOut),
     item(1, "mnuSizeActualPixels", "&Original Size", ownSize),
     item(1, "mnuSizeFittoScreen", "Fit to Screen", "view-fullscreen"),
-    item(1, "mnuSizeFittoWindow", "Fit to Window", fitWindow),
+    item(1, "mnuSizeFittoWindow", "Fit to Window"), // the mark takes the icon's place
     item(1, "mnuSizeFittoPage", "Fit to Page", "zoom-fit-page"),
     item(2, "mnuSizeFitPageL", "Landscape"),
     item(2, "mnuSizeFitPageP", "Portrait"),
