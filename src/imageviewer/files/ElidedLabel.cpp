@@ -35,10 +35,11 @@ QSize ElidedLabel::sizeHint() const
 
 bool ElidedLabel::event(QEvent *event)
 {
-    if (event->type() != QEvent::ToolTip || shownText() == text())
+    if (event->type() != QEvent::ToolTip)
         return QLabel::event(event);
     run([&] {
-        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), ShownText::toolTip(text()), this);
+        const QString tip = shownText() == text() ? QString() : ShownText::toolTip(text());
+        QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), tip, this);
     });
     return true;
 }

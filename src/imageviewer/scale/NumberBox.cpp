@@ -1,6 +1,9 @@
 #include "NumberBox.h"
 
+#include "EventGate.h"
+
 #include <QKeyEvent>
+#include <algorithm>
 
 namespace {
 
@@ -26,6 +29,8 @@ NumberBox::NumberBox()
 
 void NumberBox::keyPressEvent(QKeyEvent *event)
 {
-    if (!isTyped(*event) || isAllowed(event->text()))
+    bool isDropped = false;
+    run([&] { isDropped = isTyped(*event) && !isAllowed(event->text()); });
+    if (!isDropped)
         QLineEdit::keyPressEvent(event);
 }

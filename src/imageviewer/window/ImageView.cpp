@@ -36,11 +36,14 @@ ImageView::ImageView()
 
 void ImageView::keyPressEvent(QKeyEvent *event)
 {
-    const QPoint direction = directionOf(event->key());
+    QPoint direction;
+    run([&] {
+        direction = directionOf(event->key());
+        if (!direction.isNull())
+            Q_EMIT Arrow(direction);
+    });
     if (direction.isNull())
         QWidget::keyPressEvent(event);
-    else
-        run([&] { Q_EMIT Arrow(direction); });
 }
 
 void ImageView::wheelEvent(QWheelEvent *event)
@@ -49,10 +52,10 @@ void ImageView::wheelEvent(QWheelEvent *event)
         QWidget::wheelEvent(event);
         return;
     }
-    m_wheel += event->angleDelta().y();
-    const int steps = m_wheel / QWheelEvent::DefaultDeltasPerStep;
-    m_wheel %= QWheelEvent::DefaultDeltasPerStep;
     run([&] {
+        m_wheel += event->angleDelta().y();
+        const int steps = m_wheel / QWheelEvent::DefaultDeltasPerStep;
+        m_wheel %= QWheelEvent::DefaultDeltasPerStep;
         for (int i = 0; i < std::abs(steps); ++i)
             Q_EMIT ZoomStep(steps > 0 ? 1 : -1);
     });
