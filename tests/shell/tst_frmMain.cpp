@@ -144,7 +144,7 @@ TEST_F(FrameTest, AToolsItemsOfTheSameNamesAreItsOwn)
     auto *own = new QAction(&tool);
     own->setObjectName(QStringLiteral("mnuFileSaveAs"));
     tool.showModeless();
-    closeAllDocuments();
+    CloseFormByName(QStringLiteral("frmDocument"));
     EXPECT_TRUE(own->isVisible());
     EXPECT_FALSE(suite.item("mnuFileSaveAs").isVisible());
 }

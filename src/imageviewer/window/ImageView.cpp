@@ -36,13 +36,14 @@ ImageView::ImageView()
 
 void ImageView::keyPressEvent(QKeyEvent *event)
 {
-    QPoint direction;
+    bool isArrow = false;
     run([&] {
-        direction = directionOf(event->key());
-        if (!direction.isNull())
+        const QPoint direction = directionOf(event->key());
+        isArrow = !direction.isNull();
+        if (isArrow)
             Q_EMIT Arrow(direction);
     });
-    if (direction.isNull())
+    if (!isArrow)
         QWidget::keyPressEvent(event);
 }
 
