@@ -7,7 +7,7 @@ namespace {
 
 constexpr quint32 fileHeaderSize = 14;
 constexpr quint32 coreHeaderSize = 12;
-constexpr quint32 infoHeaderSize = 40;
+constexpr quint32 commonHeaderSize = 40;
 constexpr quint32 largestHeaderSize = 124;
 constexpr quint32 compressionByMasks = 3;
 constexpr quint32 mostColors = 256;
@@ -32,7 +32,7 @@ quint32 tableSize(QByteArrayView bitmap, quint32 header)
     }
     const quint16 depth = number<quint16>(bitmap, 14);
     const quint32 masks =
-        header == infoHeaderSize && number<quint32>(bitmap, 16) == compressionByMasks ? 12 : 0;
+        header == commonHeaderSize && number<quint32>(bitmap, 16) == compressionByMasks ? 12 : 0;
     quint32 colors = number<quint32>(bitmap, 32);
     if (colors == 0 && depth <= 8)
         colors = 1U << depth;
@@ -48,7 +48,7 @@ bool DeviceIndependentBitmap::recognises(QByteArrayView bytes)
     const quint32 header = number<quint32>(bytes, 0);
     if (header == coreHeaderSize)
         return number<quint16>(bytes, 8) == 1 && isDepth(number<quint16>(bytes, 10));
-    return header >= infoHeaderSize && header <= largestHeaderSize && bytes.size() >= qsizetype(header) &&
+    return header >= commonHeaderSize && header <= largestHeaderSize && bytes.size() >= qsizetype(header) &&
            number<quint16>(bytes, 12) == 1 && isDepth(number<quint16>(bytes, 14));
 }
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr qsizetype headerSize = 6;
+constexpr qsizetype listHeaderSize = 6;
 constexpr qsizetype entrySize = 16;
 constexpr quint16 iconType = 1;
 constexpr quint16 cursorType = 2;
@@ -24,11 +24,11 @@ int side(char byte)
 /// Its first picture has to lie behind the list. A Targa file may begin like a list of no pictures.
 bool isList(QByteArrayView file, quint16 type)
 {
-    if (file.size() < headerSize + entrySize || word(file, 0) != 0 || word(file, 2) != type)
+    if (file.size() < listHeaderSize + entrySize || word(file, 0) != 0 || word(file, 2) != type)
         return false;
     const qsizetype count = word(file, 4);
-    const qsizetype end = headerSize + count * entrySize;
-    const quint32 offset = qFromLittleEndian<quint32>(file.data() + headerSize + 12);
+    const qsizetype end = listHeaderSize + count * entrySize;
+    const quint32 offset = qFromLittleEndian<quint32>(file.data() + listHeaderSize + 12);
     return count > 0 && file.size() >= end && qsizetype(offset) >= end && qsizetype(offset) < file.size();
 }
 
@@ -57,7 +57,7 @@ QByteArrayView IconDirectory::largest(QByteArrayView file)
     QByteArrayView best;
     std::tuple<int, int> most;
     for (int index = 0; index < word(file, 4); ++index) {
-        const QByteArrayView entry = file.sliced(headerSize + index * entrySize, entrySize);
+        const QByteArrayView entry = file.sliced(listHeaderSize + index * entrySize, entrySize);
         const std::tuple<int, int> rank(side(entry[0]) * side(entry[1]), hasDepths ? word(entry, 6) : 0);
         if (rank > most) {
             most = rank;

@@ -5,6 +5,7 @@
 
 #include <QBuffer>
 #include <QImageReader>
+#include <QtEndian>
 
 namespace {
 
@@ -18,6 +19,17 @@ bool isPlausible(const QSize &size, qsizetype fileBytes)
     return pixels <= harmless || pixels / mostPixelsToTheByte <= fileBytes;
 }
 
+/// The reader of GIF tells the size of the first picture, but makes room for the whole screen of the
+/// animation.
+QSize sizeOf(const QImageReader &reader, const QByteArray &file)
+{
+    constexpr qsizetype screen = 6;
+    if (reader.format() != "gif" || file.size() < screen + 4)
+        return reader.size();
+    return {qFromLittleEndian<quint16>(file.data() + screen),
+            qFromLittleEndian<quint16>(file.data() + screen + 2)};
+}
+
 } // namespace
 
 QtPictureReader::Result QtPictureReader::read(const QByteArray &file, const char *format, qint64 mostBytes)
@@ -28,7 +40,7 @@ QtPictureReader::Result QtPictureReader::read(const QByteArray &file, const char
     buffer.open(QIODevice::ReadOnly);
     QImageReader reader(&buffer, format);
     reader.setAutoDetectImageFormat(false);
-    const QSize size = reader.size();
+    const QSize size = sizeOf(reader, file);
     if (!isPlausible(size, file.size()))
         throw RuntimeError(ErrorNumber::InvalidPicture);
 

@@ -49,10 +49,11 @@ def write(name, data):
 
 
 def read_by_imagemagick(name, *options):
-    width, height, data = (subprocess.run(['convert', *options, f'{FOLDER / name}[0]', '-auto-orient', '-depth', '8', *to],
-                                          check=True, capture_output=True).stdout
-                           for to in (['-format', '%w', 'info:-'], ['-format', '%h', 'info:-'], ['rgba:-']))
-    return Image.frombytes('RGBA', (int(width), int(height)), data)
+    def output(*to):
+        command = ['convert', *options, f'{FOLDER / name}[0]', '-auto-orient', '-depth', '8', *to]
+        return subprocess.run(command, check=True, capture_output=True).stdout
+    width, height = output('-format', '%w', 'info:-'), output('-format', '%h', 'info:-')
+    return Image.frombytes('RGBA', (int(width), int(height)), output('rgba:-'))
 
 
 def convert(source, name, *options):
@@ -70,7 +71,7 @@ def save(source, name, **options):
 
 def keep(image):
     """The name of the image in seen/, where equal ones are kept once."""
-    image = image.convert('RGBA')
+    image = Image.frombytes('RGBA', image.size, image.convert('RGBA').tobytes())
     content = struct.pack('<II', *image.size) + image.tobytes()
     name = f'seen/{zlib.crc32(content):08x}.png'
     (FOLDER / 'seen').mkdir(exist_ok=True)
@@ -303,9 +304,16 @@ def make_gifs():
     expect('gif/transparent.gif', read_by_imagemagick('gif/transparent.gif'), by_pillow)
 
 
+def screen_profile():
+    """Without the time at which it was made."""
+    profile = bytearray(ImageCms.ImageCmsProfile(ImageCms.createProfile('sRGB')).tobytes())
+    profile[24:36] = bytes(12)
+    return bytes(profile)
+
+
 def swapped_profile():
     """A profile in which red is the screen's blue."""
-    profile = bytearray(ImageCms.ImageCmsProfile(ImageCms.createProfile('sRGB')).tobytes())
+    profile = bytearray(screen_profile())
     for index in range(struct.unpack_from('>I', profile, 128)[0]):
         at = 132 + 12 * index
         if profile[at:at + 4] in (b'rXYZ', b'bXYZ'):
@@ -333,11 +341,11 @@ def make_jpegs():
         exif[0x0112] = orientation
         turn = turns.get(orientation)
         make(f'turned-{orientation}', show=lambda seen, t=turn: seen if t is None else seen.transpose(t), exif=exif)
-    screen = ImageCms.ImageCmsProfile(ImageCms.createProfile('sRGB'))
+    screen = ImageCms.ImageCmsProfile(io.BytesIO(screen_profile()))
     profile = swapped_profile()
     swapped = ImageCms.ImageCmsProfile(io.BytesIO(profile))
     make('profile', show=lambda seen: ImageCms.profileToProfile(seen, swapped, screen), icc_profile=profile)
-    make('screen-profile', icc_profile=screen.tobytes())
+    make('screen-profile', icc_profile=screen_profile())
 
 
 def icon_picture(side, depth):

@@ -8,11 +8,11 @@
 
 namespace {
 
-const std::string folder = QUILL_TEST_DATA "/pictures/";
+const std::string picturesFolder = QUILL_TEST_DATA "/pictures/";
 
 QByteArray bytesOf(const std::string &name)
 {
-    return Files::read(QString::fromStdString(folder + name));
+    return Files::read(QString::fromStdString(picturesFolder + name));
 }
 
 } // namespace
@@ -20,7 +20,7 @@ QByteArray bytesOf(const std::string &name)
 std::vector<PictureFixture> PictureFixture::some(const std::string &beginning)
 {
     std::vector<PictureFixture> fixtures;
-    std::ifstream list(folder + "pictures.txt");
+    std::ifstream list(picturesFolder + "pictures.txt");
     for (std::string line; std::getline(list, line);) {
         PictureFixture fixture;
         std::istringstream fields(line);

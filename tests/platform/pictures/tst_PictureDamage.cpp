@@ -95,6 +95,18 @@ TEST_F(PictureDamage, AGiantHeaderInASmallFileIsRefused)
     EXPECT_EQ(errorOf(icon), ErrorNumber::InvalidPicture);
 }
 
+/// Memory for it would be there, but filling it takes long.
+TEST_F(PictureDamage, ALargeHeaderInASmallFileIsRefused)
+{
+    QByteArray gif = PictureFixture::named("gif/plain.gif").bytes();
+    writeWord(gif, 6, 16000);
+    writeWord(gif, 8, 16000);
+    EXPECT_EQ(errorNumberOf([&] { PictureFile::decode(gif, qint64(1) << 40); }), ErrorNumber::InvalidPicture);
+    writeWord(gif, 6, 1600);
+    writeWord(gif, 8, 1600);
+    EXPECT_EQ(errorNumberOf([&] { PictureFile::decode(gif, qint64(1) << 40); }), 0);
+}
+
 TEST_F(PictureDamage, SidesOfZeroAreRefused)
 {
     for (const qsizetype side : {18, 22}) {

@@ -425,6 +425,26 @@ TEST(WmfReader, EndlessDrawingEnds)
     EXPECT_EQ(halves(read(file.placed(QRect(0, 0, 30000, 30000), 1))), Halves(red, white));
 }
 
+/// A shape or a line whose edges cross each other millions of times, which would take minutes.
+TEST(WmfReader, AShapeThatTakesTooLongIsTheLastOne)
+{
+    QByteArray points;
+    for (int point = 0; point < 16000; ++point) {
+        const quint16 place[] = {qToLittleEndian(quint16(point * 7919 % 30000)),
+                                 qToLittleEndian(quint16(point % 2 * 30000 + point % 97))};
+        points.append(reinterpret_cast<const char *>(place), sizeof place);
+    }
+    const auto isLast = [&](int function, int pen) {
+        Metafile file = painting();
+        file.rectangle(QRect(0, 0, 15000, 30000)).add(0x02FA, {pen, 50, 0, 0, 0}).select(3);
+        file.add(function, {16000}, points).select(1).rectangle(QRect(15000, 0, 15000, 30000)).end();
+        return halves(read(file.placed(QRect(0, 0, 30000, 30000), 1))) == Halves(red, white);
+    };
+    EXPECT_TRUE(isLast(0x0324, 5));
+    EXPECT_TRUE(isLast(0x0325, 0));
+    EXPECT_TRUE(isLast(0x0325, 2));
+}
+
 TEST(WmfReader, APictureOverTheLimitIsAnError)
 {
     const QByteArray bytes = painting().rectangle(leftHalf).end().placed(page);

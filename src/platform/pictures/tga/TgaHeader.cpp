@@ -4,11 +4,11 @@
 
 namespace {
 
-constexpr qsizetype headerSize = 18;
+constexpr qsizetype targaHeaderSize = 18;
 constexpr int runLengthBit = 8;
 constexpr int longestRun = 128; // pixels
 
-quint16 word(QByteArrayView file, qsizetype at)
+quint16 headerWord(QByteArrayView file, qsizetype at)
 {
     return qFromLittleEndian<quint16>(file.data() + at);
 }
@@ -30,10 +30,10 @@ std::optional<int> statedTransparency(QByteArrayView file)
     constexpr qsizetype footerSize = 26;
     constexpr QByteArrayView mark("TRUEVISION-XFILE.\0", 18);
     constexpr qint64 place = 494; // in the extension
-    if (file.size() < headerSize + footerSize || !file.endsWith(mark))
+    if (file.size() < targaHeaderSize + footerSize || !file.endsWith(mark))
         return {};
     const qint64 extension = qFromLittleEndian<quint32>(file.last(footerSize).data());
-    if (extension < headerSize || extension + place >= file.size())
+    if (extension < targaHeaderSize || extension + place >= file.size())
         return {};
     return uchar(file[qsizetype(extension + place)]);
 }
@@ -81,13 +81,13 @@ bool readKind(QByteArrayView file, TgaHeader &header)
 bool readMap(QByteArrayView file, TgaHeader &header)
 {
     const int hasMap = uchar(file[1]);
-    header.mapOffset = headerSize + uchar(file[0]);
+    header.mapOffset = targaHeaderSize + uchar(file[0]);
     if (hasMap > 1 || (hasMap == 0 && header.pixels == TgaHeader::Pixels::Mapped))
         return false;
     if (hasMap == 0)
         return true;
-    header.firstMapIndex = word(file, 3);
-    header.mapLength = word(file, 5);
+    header.firstMapIndex = headerWord(file, 3);
+    header.mapLength = headerWord(file, 5);
     header.mapDepth = uchar(file[7]);
     return header.mapLength > 0 && isColorDepth(header.mapDepth);
 }
@@ -99,8 +99,8 @@ bool readPixels(QByteArrayView file, TgaHeader &header)
     constexpr int topBit = 0x20;
     constexpr int interleaving = 0xC0; // of no file that anyone has seen
     const int descriptor = uchar(file[17]);
-    header.width = word(file, 12);
-    header.height = word(file, 14);
+    header.width = headerWord(file, 12);
+    header.height = headerWord(file, 14);
     header.depth = uchar(file[16]);
     const int transparencyBits = descriptor & transparencyMask;
     header.transparency = transparencyOf(file, transparencyBits);
@@ -116,7 +116,7 @@ bool readPixels(QByteArrayView file, TgaHeader &header)
 std::optional<TgaHeader> TgaHeader::of(QByteArrayView file)
 {
     TgaHeader header;
-    if (file.size() < headerSize || !readKind(file, header) || !readMap(file, header) ||
+    if (file.size() < targaHeaderSize || !readKind(file, header) || !readMap(file, header) ||
         !readPixels(file, header))
         return {};
     if (file.size() - header.pixelOffset < leastBytes(header))

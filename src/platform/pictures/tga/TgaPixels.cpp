@@ -6,7 +6,7 @@
 
 namespace {
 
-constexpr int opaque = 255;
+constexpr int fullAlpha = 255;
 
 /// Five bits as eight.
 int widened(int bits)
@@ -18,7 +18,7 @@ QRgb colorOfFiveBits(quint16 bits)
 {
     constexpr int mask = 0x1F;
     return qRgba(widened(bits >> 10 & mask), widened(bits >> 5 & mask), widened(bits & mask),
-                 bits & 0x8000 ? opaque : 0);
+                 bits & 0x8000 ? fullAlpha : 0);
 }
 
 } // namespace
@@ -60,7 +60,7 @@ QRgb TgaPixels::stored()
         return mapped(bytes.size() == 1 ? uchar(bytes[0]) : qFromLittleEndian<quint16>(bytes.data()));
     case TgaHeader::Pixels::Grey:
         return qRgba(uchar(bytes[0]), uchar(bytes[0]), uchar(bytes[0]),
-                     bytes.size() == 1 ? opaque : uchar(bytes[1]));
+                     bytes.size() == 1 ? fullAlpha : uchar(bytes[1]));
     case TgaHeader::Pixels::Color:
         break;
     }
@@ -71,7 +71,8 @@ QRgb TgaPixels::color(QByteArrayView bytes, int depth) const
 {
     if (depth <= 16)
         return colorOfFiveBits(qFromLittleEndian<quint16>(bytes.data()));
-    return qRgba(uchar(bytes[2]), uchar(bytes[1]), uchar(bytes[0]), depth == 32 ? uchar(bytes[3]) : opaque);
+    return qRgba(uchar(bytes[2]), uchar(bytes[1]), uchar(bytes[0]),
+                 depth == 32 ? uchar(bytes[3]) : fullAlpha);
 }
 
 /// An index without an entry is black, as no better is known.

@@ -3,6 +3,7 @@
 namespace {
 
 constexpr std::size_t deepest = 256;
+constexpr qint64 patternLayers = 8; // a pattern takes as long as so many colours
 
 bool isHatched(const QBrush &brush)
 {
@@ -65,7 +66,8 @@ void WmfCanvas::drawShape(const QPainterPath &path)
     QPainterPath shape = path;
     shape.setFillRule(m_state.fillRule);
     if (m_state.brush.style() != Qt::NoBrush) {
-        if (QPainter *painting = painter(m_work.ofFilling(shape)))
+        const qint64 layers = m_state.brush.style() == Qt::SolidPattern ? 1 : patternLayers;
+        if (QPainter *painting = painter(layers * m_work.ofFilling(shape)))
             fillShape(*painting, shape);
     }
     drawOutline(path);
@@ -89,7 +91,8 @@ void WmfCanvas::drawOutline(const QPainterPath &path)
 
 void WmfCanvas::fill(const QRectF &pixels, const QBrush &brush, QPainter::CompositionMode mode)
 {
-    if (QPainter *painting = painter(m_work.ofFilling(pixels))) {
+    const qint64 layers = brush.style() == Qt::SolidPattern ? 1 : patternLayers;
+    if (QPainter *painting = painter(layers * m_work.ofFilling(pixels))) {
         painting->setRenderHint(QPainter::Antialiasing, false);
         painting->setCompositionMode(mode);
         painting->fillRect(pixels, brush);

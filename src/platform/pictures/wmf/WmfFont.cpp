@@ -4,6 +4,7 @@
 
 #include <QFontMetricsF>
 #include <QStringDecoder>
+#include <QStringList>
 #include <array>
 
 namespace {

@@ -5,10 +5,10 @@
 namespace {
 
 constexpr qsizetype placingSize = 22;
-constexpr qsizetype headerSize = 18;
+constexpr qsizetype standardSize = 18;
 constexpr quint32 placingMark = 0x9AC6CDD7;
 
-int number(QByteArrayView bytes, qsizetype at)
+int numberAt(QByteArrayView bytes, qsizetype at)
 {
     return qFromLittleEndian<qint16>(bytes.data() + at);
 }
@@ -21,11 +21,11 @@ bool isPlaced(QByteArrayView file)
 /// Kind, size of the header in words, and version.
 bool isHeader(QByteArrayView bytes)
 {
-    if (bytes.size() < headerSize)
+    if (bytes.size() < standardSize)
         return false;
-    const int kind = number(bytes, 0);
-    const int version = number(bytes, 4);
-    return (kind == 1 || kind == 2) && number(bytes, 2) == headerSize / 2 &&
+    const int kind = numberAt(bytes, 0);
+    const int version = numberAt(bytes, 4);
+    return (kind == 1 || kind == 2) && numberAt(bytes, 2) == standardSize / 2 &&
            (version == 0x0100 || version == 0x0300);
 }
 
@@ -36,8 +36,8 @@ std::optional<WmfHeader> WmfHeader::of(QByteArrayView file)
     constexpr int usualUnits = 1440;
     WmfHeader header;
     if (isPlaced(file)) {
-        const QPoint first(number(file, 6), number(file, 8));
-        const QPoint second(number(file, 10), number(file, 12));
+        const QPoint first(numberAt(file, 6), numberAt(file, 8));
+        const QPoint second(numberAt(file, 10), numberAt(file, 12));
         header.bounds = QRect(first, QSize(second.x() - first.x(), second.y() - first.y()));
         const int units = qFromLittleEndian<quint16>(file.data() + 14);
         header.unitsPerInch = units == 0 ? usualUnits : units;
@@ -45,6 +45,6 @@ std::optional<WmfHeader> WmfHeader::of(QByteArrayView file)
     }
     if (!isHeader(file.sliced(header.firstRecord)))
         return {};
-    header.firstRecord += headerSize;
+    header.firstRecord += standardSize;
     return header;
 }

@@ -5,6 +5,7 @@ namespace {
 constexpr qint64 stepsToTheElement = 50;
 constexpr qint64 stepsToTheLength = 4; // an edge is followed line by line
 constexpr qint64 pixelsToTheStep = 4;
+constexpr double endless = 1e9; // pixels
 
 double length(const QPainterPath &path, const QSizeF &most)
 {
@@ -31,22 +32,31 @@ qint64 WmfWork::ofFilling(const QRectF &area) const
     return stepsToTheElement + qint64(seen.width() * seen.height()) / pixelsToTheStep;
 }
 
+/// Each line of pixels keeps its crossings in a list that is walked through for each new one.
+qint64 WmfWork::ofEdges(double length) const
+{
+    const double crossings = qMin(length / m_pixels.height(), double(m_pixels.width()));
+    return qint64(length * (stepsToTheLength + crossings / 2));
+}
+
 qint64 WmfWork::ofFilling(const QPainterPath &path) const
 {
     return ofFilling(path.controlPointRect()) + stepsToTheElement * path.elementCount() +
-           stepsToTheLength * qint64(length(path, m_pixels));
+           ofEdges(length(path, m_pixels));
 }
 
 /// A line becomes a shape of its own, and each of its dashes too; those are made beyond the edge as well.
 qint64 WmfWork::ofStroking(const QPainterPath &path, const QPen &pen) const
 {
     constexpr qint64 edges = 4;
-    constexpr double endless = 1e9;
-    const bool isDashed = pen.style() != Qt::SolidLine;
-    const double outline = length(path, isDashed ? QSizeF(endless, endless) : QSizeF(m_pixels));
+    constexpr qint64 stepsToTheDash = 400;
     const double width = qMin(pen.widthF(), double(qMax(m_pixels.width(), m_pixels.height())));
-    return edges * (stepsToTheElement * path.elementCount() + stepsToTheLength * qint64(outline)) +
-           qint64(outline * width) / pixelsToTheStep + (isDashed ? stepsToTheElement * qint64(outline) : 0);
+    const double line = length(path, m_pixels);
+    const double outline = 2 * line + edges * width * path.elementCount();
+    const bool isDashed = pen.style() != Qt::SolidLine;
+    const double dashes = isDashed ? length(path, QSizeF(endless, endless)) / pen.widthF() : 0;
+    return edges * stepsToTheElement * path.elementCount() + ofEdges(outline) +
+           qint64(line * width) / pixelsToTheStep + stepsToTheDash * qint64(dashes);
 }
 
 qint64 WmfWork::ofChoosing(const QFont &font)

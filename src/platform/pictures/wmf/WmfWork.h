@@ -28,6 +28,8 @@ public:
 private:
     static constexpr qint64 allowed = 500'000'000;
 
+    qint64 ofEdges(double length) const;
+
     QSize m_pixels;
     QSet<QString> m_knownFonts;
     qint64 m_left = allowed;
