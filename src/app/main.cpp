@@ -1,3 +1,4 @@
+#include "CommandLine.h"
 #include "DefaultErrorBox.h"
 #include "EntryRoutine.h"
 #include "EventGate.h"
@@ -9,7 +10,8 @@
 
 int main(int argc, char **argv)
 {
-    SuiteApplication application(argc, argv);
+    SuiteApplication application(argc, argv); // takes Qt's own arguments away
+    CommandLine::take(argc, argv);
     QCoreApplication::setApplicationName(Paths::applicationTitle);
     QCoreApplication::setApplicationVersion(Version::text());
     QGuiApplication::setApplicationDisplayName({});

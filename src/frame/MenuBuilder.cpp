@@ -35,7 +35,7 @@ QList<QMenu *> MenuBuilder::build(std::span<const MenuRow> rows, QWidget &owner)
     QList<QMenu *> bar;
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const MenuRow &row = rows[i];
-        const QString caption = QString::fromLatin1(row.caption);
+        const QString caption = QString::fromUtf8(row.caption);
         open.resize(row.level);
         if (opensMenu(rows, i)) {
             auto *menu = new QMenu(caption, &owner);
@@ -45,6 +45,8 @@ QList<QMenu *> MenuBuilder::build(std::span<const MenuRow> rows, QWidget &owner)
                 open.last()->addMenu(menu);
             open.append(menu);
             applyRow(*menu->menuAction(), row, icons);
+            if (row.flags & MenuRow::Command)
+                menu->menuAction()->setMenu<QMenu *>(nullptr);
         } else {
             QAction *item = row.flags & MenuRow::Separator ? open.last()->addSeparator()
                                                            : open.last()->addAction(caption);

@@ -10,6 +10,7 @@ struct MenuRow
         Disabled = 4,
         Checked = 8,
         DocumentMenu = 16, ///< shown only while a document is open
+        Command = 32,      ///< of the bar: it runs a command and opens no menu
     };
 
     int level;            ///< 0 for a menu of the bar

@@ -83,6 +83,7 @@ void frmMain::buildMenus()
         menuBar()->addMenu(menu);
     for (const MenuRow &row : FrameMenus::rows()) {
         const QString name = QString::fromLatin1(row.name);
+        m_menuItems.insert(name, findChild<QAction *>(name));
         if (FrameCommands::exists(name))
             on(&menuItem(name), &QAction::triggered, this, [this, name] { FrameCommands::run(name, *this); });
     }
@@ -111,7 +112,7 @@ void frmMain::buildToolBar()
 
 QAction &frmMain::menuItem(const QString &name) const
 {
-    return *findChild<QAction *>(name);
+    return *m_menuItems.value(name);
 }
 
 QSize frmMain::sizeHint() const

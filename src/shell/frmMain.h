@@ -7,6 +7,7 @@
 #include "MainFrame.h"
 #include "PrintCommands.h"
 
+#include <QHash>
 #include <QMainWindow>
 
 class ChildMenus;
@@ -75,6 +76,7 @@ private:
     Toolbar *m_toolBar;
     StatusBar *m_statusBar;
     MdiArea *m_area;
+    QHash<QString, QAction *> m_menuItems; ///< its own; children have items of the same names
     QTimer *Timer1;
     ChildMenus *m_childMenus = nullptr;
     CommonDialog m_dialog;

@@ -86,5 +86,5 @@ TEST_F(FrameCommandsTest, ACommandWhoseToolIsStillToComeSaysSo)
         .expectBox(QStringLiteral("QuillOfficeToolsv2"),
                    QStringLiteral("This command is not in this version yet."))
         .icon(QMessageBox::Information);
-    suite.choose("mnuimagevieweropen");
+    suite.choose("mnuHelpContents");
 }

@@ -136,6 +136,19 @@ TEST_F(FrameTest, TwoDocumentsAndAHiddenReportCountAsThree)
     EXPECT_FALSE(save.isVisible());
 }
 
+TEST_F(FrameTest, AToolsItemsOfTheSameNamesAreItsOwn)
+{
+    Forms::registerWindow(QStringLiteral("frmTool"), Forms::Instances::One,
+                          [] { return new StandInTool(QStringLiteral("frmTool")); });
+    Form &tool = Forms::refer(QStringLiteral("frmTool"));
+    auto *own = new QAction(&tool);
+    own->setObjectName(QStringLiteral("mnuFileSaveAs"));
+    tool.showModeless();
+    CloseFormByName(QStringLiteral("frmDocument"));
+    EXPECT_TRUE(own->isVisible());
+    EXPECT_FALSE(suite.item("mnuFileSaveAs").isVisible());
+}
+
 TEST_F(FrameTest, ASingleInstanceToolOpensOnce)
 {
     registerTool(QStringLiteral("frmStandIn"), Forms::Instances::One);

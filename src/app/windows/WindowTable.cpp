@@ -11,6 +11,9 @@
 #include "frmDocument.h"
 #include "frmFTP.h"
 #include "frmFTPAccounts.h"
+#include "frmFileOperations.h"
+#include "frmImageAbout.h"
+#include "frmImageMain.h"
 #include "frmLines.h"
 #include "frmMargins.h"
 #include "frmOptions.h"
@@ -21,6 +24,7 @@
 #include "frmRegCity.h"
 #include "frmRegister.h"
 #include "frmRestorePoints.h"
+#include "frmScale.h"
 #include "frmSplash.h"
 #include "frmSystemMessage.h"
 #include "frmUnzip.h"
@@ -72,6 +76,10 @@ constexpr Row windows[] = {
     {"frmSystemMessage", Forms::Instances::One, make<frmSystemMessage>},
     {"frmdownload2", Forms::Instances::One, make<frmdownload2>},
     {"frmBrowser", Forms::Instances::Many, make<frmBrowser>},
+    {"frmImageMain", Forms::Instances::One, make<frmImageMain>},
+    {"frmScale", Forms::Instances::One, make<frmScale>},
+    {"frmFileOperations", Forms::Instances::One, make<frmFileOperations>},
+    {"frmImageAbout", Forms::Instances::One, make<frmImageAbout>},
 };
 
 } // namespace

@@ -6,19 +6,53 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 namespace {
 
-int pixels(float twips, int dpi)
+constexpr double squaresFrom = 5;      // pixels of the screen to one of the picture
+constexpr qint64 madeAtOnce = 1 << 20; // pixels of a picture whose copies take no time
+
+double pixels(float twips, int dpi)
 {
-    return int(qMin(std::round(twips * double(dpi) / Twips::perInch), double(QWIDGETSIZE_MAX)));
+    return std::round(double(twips) * dpi / Twips::perInch);
 }
 
-void refuseNegative(float length)
+int widgetPixels(float twips, int dpi)
+{
+    return int(qBound(-double(QWIDGETSIZE_MAX), pixels(twips, dpi), double(QWIDGETSIZE_MAX)));
+}
+
+void refuseLength(float length)
 {
     if (!(length >= 0))
         throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    if (std::isinf(length))
+        throw RuntimeError(ErrorNumber::Overflow);
+}
+
+/// \a part of \a picture in a format that the painter draws fast.
+QImage drawable(const QImage &picture, const QRect &part)
+{
+    return picture.copy(part).convertToFormat(picture.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                                        : QImage::Format_RGB32);
+}
+
+bool isDrawnFast(const QImage &picture)
+{
+    return picture.format() == QImage::Format_RGB32 ||
+           picture.format() == QImage::Format_ARGB32_Premultiplied;
+}
+
+/// What of \a source is drawn on \a exposed, when one pixel of it is \a across by \a down. It is larger than
+/// that where neighbours are mixed into the pixels at the edge.
+QRect partFor(const QRect &exposed, double across, double down, const QImage &source, bool isSmooth)
+{
+    const int margin = isSmooth ? 2 : 0;
+    const QRectF part(exposed.x() / across, exposed.y() / down, exposed.width() / across,
+                      exposed.height() / down);
+    return part.toAlignedRect().adjusted(-margin, -margin, margin, margin) & source.rect();
 }
 
 } // namespace
@@ -26,17 +60,35 @@ void refuseNegative(float length)
 PictureBox::PictureBox(QWidget *parent)
     : QWidget(parent)
 {
+    m_idle.setInterval(0);
+    on(&m_idle, &QTimer::timeout, this, &PictureBox::makeCopies);
     place();
 }
 
 void PictureBox::setPicture(const QImage &picture)
 {
-    m_picture = picture;
-    m_picture.setDevicePixelRatio(1);
-    m_reduced = {};
+    QImage plain = picture;
+    plain.setDevicePixelRatio(1);
+    m_sizes.setPicture(plain);
+    m_isCoarse = false;
+    if (m_sizes.isComplete())
+        m_idle.stop();
+    else
+        m_idle.start();
     if (!m_stretch)
         takeOwnSize();
     update();
+}
+
+void PictureBox::makeCopies()
+{
+    m_sizes.makePiece();
+    if (!m_sizes.isComplete())
+        return;
+    m_idle.stop();
+    if (m_isCoarse)
+        update();
+    m_isCoarse = false;
 }
 
 void PictureBox::setStretch(bool stretch)
@@ -61,29 +113,31 @@ void PictureBox::setTop(float top)
 
 void PictureBox::setWidth(float width)
 {
-    refuseNegative(width);
+    refuseLength(width);
     m_width = width;
     place();
 }
 
 void PictureBox::setHeight(float height)
 {
-    refuseNegative(height);
+    refuseLength(height);
     m_height = height;
     place();
 }
 
 void PictureBox::takeOwnSize()
 {
-    m_width = twipsX(m_picture.width());
-    m_height = twipsY(m_picture.height());
+    m_width = twipsX(Picture().width());
+    m_height = twipsY(Picture().height());
     place();
 }
 
 void PictureBox::place()
 {
-    setGeometry(pixels(m_left, logicalDpiX()), pixels(m_top, logicalDpiY()), pixels(m_width, logicalDpiX()),
-                pixels(m_height, logicalDpiY()));
+    const int dpiX = logicalDpiX();
+    const int dpiY = logicalDpiY();
+    setGeometry(widgetPixels(m_left, dpiX), widgetPixels(m_top, dpiY), widgetPixels(m_width, dpiX),
+                widgetPixels(m_height, dpiY));
 }
 
 float PictureBox::twipsX(double pixels) const
@@ -96,17 +150,18 @@ float PictureBox::twipsY(double pixels) const
     return float(Twips::fromPixels(pixels, logicalDpiY()));
 }
 
-QSize PictureBox::drawnSize() const
+QSizeF PictureBox::drawnSize() const
 {
-    return m_stretch ? size() : m_picture.size();
+    return m_stretch ? QSizeF(pixels(m_width, logicalDpiX()), pixels(m_height, logicalDpiY()))
+                     : QSizeF(Picture().size());
 }
 
 void PictureBox::paintEvent(QPaintEvent *event)
 {
     runPainting([&] {
-        const QRect exposed = event->rect() & QRect({}, drawnSize());
+        const QRect exposed = event->rect() & QRectF({}, drawnSize()).toAlignedRect();
         QPainter painter(this);
-        if (!m_picture.isNull() && !exposed.isEmpty())
+        if (!Picture().isNull() && !exposed.isEmpty())
             draw(painter, exposed);
     });
 }
@@ -115,29 +170,34 @@ void PictureBox::paintEvent(QPaintEvent *event)
 /// reach.
 void PictureBox::draw(QPainter &painter, const QRect &exposed)
 {
-    const QSize drawn = drawnSize();
-    const QSizeF pixels(drawn.width() * painter.deviceTransform().m11(),
-                        drawn.height() * painter.deviceTransform().m22());
-    const QImage &source = scaledDown(pixels.toSize());
-    const double across = double(drawn.width()) / source.width();
-    const double down = double(drawn.height()) / source.height();
-    const QRect part =
-        QRectF(exposed.x() / across, exposed.y() / down, exposed.width() / across, exposed.height() / down)
-            .toAlignedRect() &
-        source.rect();
+    const double acrossOfPicture = drawnSize().width() / Picture().width();
+    const double downOfPicture = drawnSize().height() / Picture().height();
+    const double scale = std::max(acrossOfPicture * painter.deviceTransform().m11(),
+                                  downOfPicture * painter.deviceTransform().m22());
+    const int level = levelFor(scale);
+    const QImage &source = m_sizes.at(level);
+    // Not by the copy's size, which is rounded up.
+    const double across = std::ldexp(acrossOfPicture, level);
+    const double down = std::ldexp(downOfPicture, level);
+    const bool isSmooth = scale < squaresFrom && !(acrossOfPicture == 1 && downOfPicture == 1 && scale == 1);
+    const QRect part = partFor(exposed, across, down, source, isSmooth);
     const QRectF target(part.x() * across, part.y() * down, part.width() * across, part.height() * down);
-    painter.drawImage(target, source, part);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, isSmooth);
+    if (isDrawnFast(source))
+        painter.drawImage(target, source, part);
+    else
+        painter.drawImage(target, drawable(source, part));
 }
 
-/// The picture as it is, or smoothly reduced where \a pixels of the screen are fewer.
-const QImage &PictureBox::scaledDown(const QSize &pixels)
+/// The copy to draw from, as far as it is there.
+int PictureBox::levelFor(double scale)
 {
-    const QSize least = pixels.boundedTo(m_picture.size()).expandedTo({1, 1});
-    if (least == m_picture.size())
-        return m_picture;
-    if (m_reduced.size() != least)
-        m_reduced = m_picture.scaled(least, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    return m_reduced;
+    const int wanted = m_sizes.levelFor(scale);
+    if (wanted > m_sizes.highestLevel() && qint64(Picture().width()) * Picture().height() <= madeAtOnce)
+        m_sizes.makeAll();
+    if (wanted > m_sizes.highestLevel())
+        m_isCoarse = true;
+    return std::min(wanted, m_sizes.highestLevel());
 }
 
 void PictureBox::mousePressEvent(QMouseEvent *event)

@@ -1,10 +1,16 @@
 #pragma once
 
-#include <QImage>
+#include "HalfSizes.h"
+
+#include <QTimer>
 #include <QWidget>
 
 /// A rectangle on which a picture is drawn. The picture itself is never changed. Lengths are twips, as 32-bit
 /// floats that keep their fractions; the rectangle on the screen is rounded to pixels from them.
+///
+/// Only what is exposed is drawn: smoothly, and from 5 pixels of the screen to one of the picture on as
+/// squares. Small, a large picture is drawn from copies that are made while nothing else happens; until they
+/// are there it is drawn from what there is.
 class PictureBox : public QWidget
 {
     Q_OBJECT
@@ -13,7 +19,7 @@ public:
     explicit PictureBox(QWidget *parent = nullptr);
 
     /// As it was set; a null image when there is none.
-    const QImage &Picture() const { return m_picture; }
+    const QImage &Picture() const { return m_sizes.picture(); }
     /// Without Stretch the rectangle takes the picture's own size, one pixel of it to one of the screen's.
     void setPicture(const QImage &picture);
 
@@ -28,7 +34,7 @@ public:
     float Height() const { return m_height; }
     void setLeft(float left);
     void setTop(float top);
-    /// Both throw RuntimeError 380 for a negative length.
+    /// Both throw RuntimeError 380 for a negative length, 6 for an infinite one.
     void setWidth(float width);
     void setHeight(float height);
 
@@ -47,16 +53,18 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
 
 private:
-    QSize drawnSize() const;
+    void makeCopies();
+    QSizeF drawnSize() const;
     void takeOwnSize();
     void place();
     void draw(QPainter &painter, const QRect &exposed);
-    const QImage &scaledDown(const QSize &pixels);
+    int levelFor(double scale);
     float twipsX(double pixels) const;
     float twipsY(double pixels) const;
 
-    QImage m_picture;
-    QImage m_reduced; ///< the picture at the size at which it was last drawn smaller than it is
+    HalfSizes m_sizes;
+    QTimer m_idle;           ///< runs while copies are to be made
+    bool m_isCoarse = false; ///< drawn without the copy that it should be drawn from
     bool m_stretch = false;
     float m_left = 0;
     float m_top = 0;

@@ -103,8 +103,7 @@ bool TemporaryFile::replace(const QByteArray &target)
     throw RuntimeError::fromErrno(code, path);
 }
 
-/// The file that writing \a name has to replace: what a link points to, else the name itself.
-QByteArray targetOf(const QByteArray &name)
+QByteArray targetOfName(const QByteArray &name)
 {
     char *resolved = ::realpath(name.constData(), nullptr);
     if (resolved) {
@@ -119,7 +118,7 @@ QByteArray targetOf(const QByteArray &name)
     if (length < 0)
         return name;
     const QByteArray next(link, length);
-    return targetOf(next.startsWith('/') ? next : folderOf(name) + next);
+    return targetOfName(next.startsWith('/') ? next : folderOf(name) + next);
 }
 
 enum class Sync { Yes, No };
@@ -128,7 +127,7 @@ enum class Sync { Yes, No };
 void writeBy(TemporaryFile (*make)(const QByteArray &target, mode_t mode), const QString &path,
              const QByteArray &bytes, std::optional<mode_t> mode = {}, Sync sync = Sync::Yes)
 {
-    const QByteArray target = targetOf(FileNames::toBytes(path));
+    const QByteArray target = Files::targetOf(path);
     struct stat old = {};
     const bool replaces = ::stat(target.constData(), &old) == 0;
     if (replaces && !S_ISREG(old.st_mode))
@@ -203,4 +202,9 @@ void Files::writePrivate(const QString &path, const QByteArray &bytes)
 void Files::writeLocked(const QString &path, const QByteArray &bytes)
 {
     writeBy(&TemporaryFile::fixed, path, bytes);
+}
+
+QByteArray Files::targetOf(const QString &path)
+{
+    return targetOfName(FileNames::toBytes(path));
 }

@@ -29,4 +29,8 @@ void writePrivate(const QString &path, const QByteArray &bytes);
 /// The name of \a path must be four bytes shorter than the limit.
 void writeLocked(const QString &path, const QByteArray &bytes);
 
+/// The name of the file that writing \a path replaces: what a link points to, else \a path itself. Throws
+/// RuntimeError 70 or 75 where a link leads nowhere.
+QByteArray targetOf(const QString &path);
+
 } // namespace Files

@@ -32,16 +32,6 @@ QString withoutBlanks(QString text)
     return text.remove(blanks);
 }
 
-double toDouble(const QString &text)
-{
-    bool ok = false;
-    const double value = QLocale::c().toDouble(text.trimmed(), &ok);
-    // Qt returns an infinity and not ok for too large a number, an infinity and ok for the word "inf".
-    if (std::isnan(value) || ok == std::isinf(value))
-        throw RuntimeError(ErrorNumber::TypeMismatch, {}, text);
-    return value;
-}
-
 } // namespace
 
 QString Numbers::singleText(float value)
@@ -76,6 +66,18 @@ double Numbers::rounded(double value, int places)
     if (std::isinf(scaled))
         return value; // so large a number has no decimals to lose
     return std::nearbyint(inDecimals(scaled)) / scale;
+}
+
+double Numbers::toDouble(const QString &text)
+{
+    bool ok = false;
+    const double value = QLocale::c().toDouble(text.trimmed(), &ok);
+    // Qt returns an infinity and not ok for too large a number, an infinity and ok for the word "inf".
+    if (std::isnan(value) || ok == std::isinf(value))
+        throw RuntimeError(ErrorNumber::TypeMismatch, {}, text);
+    if (std::isinf(value))
+        throw RuntimeError(ErrorNumber::Overflow, {}, text);
+    return value;
 }
 
 float Numbers::toSingle(const QString &text)

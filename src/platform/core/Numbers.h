@@ -26,6 +26,7 @@ double rounded(double value, int places);
 /// The whole of \a text as a number, outer blanks aside. Throws RuntimeError 13 when it is none, 6 when the
 /// target type cannot hold it. The whole-number form rounds halves to even.
 float toSingle(const QString &text);
+double toDouble(const QString &text);
 qint16 toInteger(const QString &text);
 
 } // namespace Numbers

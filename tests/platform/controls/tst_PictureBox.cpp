@@ -6,8 +6,18 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
+#include <limits>
 
 namespace {
+
+/// Columns of black and white in turn.
+QImage stripes(int width, int height)
+{
+    QImage image(width, height, QImage::Format_RGB32);
+    for (int x = 0; x < width; ++x)
+        QPainter(&image).fillRect(x, 0, 1, height, x % 2 == 0 ? Qt::black : Qt::white);
+    return image;
+}
 
 /// Left half red, right half blue.
 QImage halves(int width, int height)
@@ -80,6 +90,8 @@ TEST_F(PictureBoxTest, ANegativeLengthIsRefused)
     box.setPicture(halves(40, 20));
     EXPECT_EQ(errorNumberOf([&] { box.setWidth(-1); }), ErrorNumber::InvalidPropertyValue);
     EXPECT_EQ(errorNumberOf([&] { box.setHeight(-1); }), ErrorNumber::InvalidPropertyValue);
+    const float infinite = std::numeric_limits<float>::infinity();
+    EXPECT_EQ(errorNumberOf([&] { box.setWidth(infinite); }), ErrorNumber::Overflow);
     EXPECT_EQ(box.Width(), 600);
     EXPECT_EQ(box.Height(), 300);
 }
@@ -119,10 +131,7 @@ TEST_F(PictureBoxTest, AnUnstretchedPictureIsDrawnAtItsOwnSize)
 
 TEST_F(PictureBoxTest, AReducedPictureIsSmooth)
 {
-    QImage stripes(400, 10, QImage::Format_RGB32);
-    for (int x = 0; x < stripes.width(); ++x)
-        QPainter(&stripes).fillRect(x, 0, 1, 10, x % 2 == 0 ? Qt::black : Qt::white);
-    box.setPicture(stripes);
+    box.setPicture(stripes(400, 10));
     box.setStretch(true);
     box.setWidth(100 * 15);
     const QColor mixed = shown().pixelColor(50, 5);
@@ -134,10 +143,7 @@ TEST_F(PictureBoxTest, AReducedPictureIsSmooth)
 
 TEST_F(PictureBoxTest, ItIsSharpOnAScreenOfTwoPixels)
 {
-    QImage fine(200, 10, QImage::Format_RGB32);
-    for (int x = 0; x < fine.width(); ++x)
-        QPainter(&fine).fillRect(x, 0, 1, 10, x % 2 == 0 ? Qt::black : Qt::white);
-    box.setPicture(fine);
+    box.setPicture(stripes(200, 10));
     box.setStretch(true);
     box.setWidth(100 * 15);
     box.setHeight(5 * 15);
@@ -160,6 +166,122 @@ TEST_F(PictureBoxTest, AHugeRectangleIsDrawnWhereItIsSeen)
     EXPECT_EQ(image.pixelColor(399, 110), QColor(Qt::yellow));
     EXPECT_EQ(image.pixelColor(399, 90), QColor(Qt::blue));
     EXPECT_EQ(image.pixelColor(380, 110), QColor(Qt::blue));
+}
+
+TEST_F(PictureBoxTest, APictureIsSmoothUpToFiveTimesItsSizeAndThenSquares)
+{
+    box.setPicture(halves(20, 10));
+    box.setStretch(true);
+    for (const int times : {2, 4, 5, 18}) {
+        box.setWidth(float(20 * times * 15));
+        box.setHeight(float(10 * times * 15));
+        const QImage image = shown();
+        const int middle = 10 * times;
+        const bool isMixed = image.pixelColor(middle - 1, 5) != QColor(Qt::red);
+        EXPECT_EQ(isMixed, times < 5) << times;
+        EXPECT_EQ(image.pixelColor(middle - times, 5), QColor(Qt::red));
+        EXPECT_EQ(image.pixelColor(middle + times, 5), QColor(Qt::blue));
+    }
+}
+
+TEST_F(PictureBoxTest, AtItsOwnSizeEachPixelIsOne)
+{
+    const QImage picture = stripes(200, 10);
+    box.setPicture(picture);
+    EXPECT_EQ(shown().copy(0, 0, 200, 10), picture);
+    box.setStretch(true);
+    EXPECT_EQ(shown().copy(0, 0, 200, 10), picture);
+}
+
+TEST_F(PictureBoxTest, APieceIsDrawnAsItIsInTheWhole)
+{
+    QImage picture(90, 70, QImage::Format_RGB32);
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            picture.setPixelColor(x, y, QColor((x * 37) % 256, (y * 61) % 256, (x * y) % 256));
+    box.setPicture(picture);
+    box.setStretch(true);
+    for (const double times : {0.7, 1.3, 3.7, 5.3}) {
+        box.setWidth(float(90 * times * 15));
+        box.setHeight(float(70 * times * 15));
+        const QImage whole = box.grab().toImage();
+        const QRect piece(11, 7, 23, 31);
+        const QImage part = box.grab(piece).toImage();
+        const QImage same = whole.copy(piece);
+        for (int y = 0; y < part.height(); ++y) {
+            for (int x = 0; x < part.width(); ++x) {
+                EXPECT_NEAR(qRed(part.pixel(x, y)), qRed(same.pixel(x, y)), 3)
+                    << times << ' ' << x << ' ' << y;
+                EXPECT_NEAR(qGreen(part.pixel(x, y)), qGreen(same.pixel(x, y)), 3) << times;
+            }
+        }
+    }
+}
+
+TEST_F(PictureBoxTest, ALargePictureIsDrawnSmoothlyOnceItsCopiesAreThere)
+{
+    window.show();
+    box.setPicture(stripes(4000, 600));
+    box.setStretch(true);
+    box.setWidth(301 * 15);
+    box.setHeight(45 * 15);
+    const auto isGrey = [this] {
+        const QImage image = shown();
+        for (int x = 20; x < 280; ++x) {
+            if (qAbs(qRed(image.pixel(x, 20)) - 128) > 12)
+                return false;
+        }
+        return true;
+    };
+    EXPECT_FALSE(isGrey());
+    EXPECT_TRUE(QTest::qWaitFor(isGrey));
+}
+
+TEST_F(PictureBoxTest, ItIsDrawnAgainWhenItsCopiesAreThere)
+{
+    window.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&window));
+    box.setStretch(true);
+    box.setWidth(300 * 15);
+    box.setHeight(200 * 15);
+    struct Paints : QObject
+    {
+        int count = 0;
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            count += event->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+    } paints;
+    box.installEventFilter(&paints);
+    box.setPicture(stripes(4000, 600));
+    box.repaint();
+    paints.count = 0;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return paints.count > 0; }));
+}
+
+TEST_F(PictureBoxTest, OtherFormatsAreDrawnToo)
+{
+    const QImage picture = halves(40, 20);
+    for (const QImage::Format format : {QImage::Format_Indexed8, QImage::Format_ARGB32, QImage::Format_RGB888,
+                                        QImage::Format_RGB16, QImage::Format_RGBA64}) {
+        box.setPicture(picture.convertToFormat(format));
+        box.setStretch(true);
+        for (const int width : {20, 60, 399}) {
+            box.setWidth(float(width * 15));
+            const QImage image = shown();
+            EXPECT_EQ(image.pixelColor(2, 10), QColor(Qt::red)) << format << ' ' << width;
+            EXPECT_EQ(image.pixelColor(width - 3, 10), QColor(Qt::blue)) << format << ' ' << width;
+        }
+    }
+}
+
+TEST_F(PictureBoxTest, WhatIsClearShowsTheWindow)
+{
+    QImage picture(40, 20, QImage::Format_ARGB32);
+    picture.fill(Qt::transparent);
+    box.setPicture(picture);
+    EXPECT_EQ(shown().pixelColor(20, 10), QColor(0, 255, 0));
 }
 
 TEST_F(PictureBoxTest, MouseEventsAreInTwips)

@@ -83,6 +83,11 @@ void unzip(RunningSuite &suite)
     openTool(suite, QStringLiteral("frmUnzip"));
 }
 
+void imageViewer(RunningSuite &suite)
+{
+    openTool(suite, QStringLiteral("frmImageMain"));
+}
+
 void diallerSetUp(RunningSuite &suite)
 {
     diallerMode = QStringLiteral("Setup");
@@ -168,6 +173,15 @@ TEST_F(Walk, EveryMenuItemInTheUnzipWindow)
     EXPECT_EQ(walker.steps().size(), 11);
 }
 
+TEST_F(Walk, EveryMenuItemInTheImageViewer)
+{
+    Walker walker(imageViewer);
+    walker.chooseEveryMenuItem();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_EQ(walker.ends(), QStringList(QStringLiteral("mnuexittools")));
+    EXPECT_EQ(walker.steps().size(), 42);
+}
+
 TEST_F(Walk, EveryButtonInADocument)
 {
     Walker walker(document);
@@ -223,6 +237,14 @@ TEST_F(Walk, EveryButtonInTheUnzipWindow)
     EXPECT_GT(walker.steps().size(), 30);
 }
 
+TEST_F(Walk, EveryButtonInTheImageViewer)
+{
+    Walker walker(imageViewer);
+    walker.pressEveryButton();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_GT(walker.steps().size(), 30);
+}
+
 TEST_F(Walk, EveryButtonOfTheCalculatorItself)
 {
     Walker walker(calculator);
@@ -273,4 +295,12 @@ TEST_F(Walk, EveryButtonOfTheUnzipWindowItself)
     walker.pressEveryButtonOfTheTool();
     EXPECT_EQ(walker.errors(), QStringList());
     EXPECT_EQ(walker.steps().size(), 3);
+}
+
+TEST_F(Walk, EveryButtonOfTheImageViewerItself)
+{
+    Walker walker(imageViewer);
+    walker.pressEveryButtonOfTheTool();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_EQ(walker.steps().size(), 12);
 }

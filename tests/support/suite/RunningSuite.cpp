@@ -4,6 +4,7 @@
 #include "Form.h"
 #include "Globals.h"
 #include "Paths.h"
+#include "RuntimeError.h"
 #include "Settings.h"
 #include "Toolbar.h"
 #include "WindowTable.h"
@@ -11,6 +12,19 @@
 #include <QTest>
 #include <QToolButton>
 #include <gtest/gtest.h>
+
+namespace {
+
+/// Tools have items with the names of the frame's.
+bool isInForm(const QObject &item)
+{
+    const QObject *parent = &item;
+    while (parent && !qobject_cast<const Form *>(parent))
+        parent = parent->parent();
+    return parent;
+}
+
+} // namespace
 
 RunningSuite::RunningSuite()
 {
@@ -38,7 +52,11 @@ RichTextBox &RunningSuite::text() const
 
 QAction &RunningSuite::item(const char *name) const
 {
-    return *frame().findChild<QAction *>(QString::fromLatin1(name));
+    for (QAction *item : frame().findChildren<QAction *>(QString::fromLatin1(name))) {
+        if (!isInForm(*item))
+            return *item;
+    }
+    throw RuntimeError(ErrorNumber::NoSuchMember, {}, QString::fromLatin1(name));
 }
 
 void RunningSuite::choose(const char *name) const
