@@ -91,6 +91,7 @@ frmRestorePoints::frmRestorePoints()
     Command2->setToolTip(QStringLiteral("Create a New System Restore Point"));
     Command3->setToolTip(QStringLiteral("Close"));
     layOut();
+    listview2->setTextElideMode(Qt::ElideMiddle); // the time is last
     setFocusProxy(Text1);
     setCancelButton(*Command3);
     WindowCommands::bind(*this, {{"Command1", &frmRestorePoints::Command1_Click},

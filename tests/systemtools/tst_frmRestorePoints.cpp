@@ -75,6 +75,11 @@ TEST_F(RestorePointsTest, ShowsThePointsInTheServicesOrder)
     EXPECT_EQ(rows(), QStringList());
 }
 
+TEST_F(RestorePointsTest, ALongRowKeepsItsTime)
+{
+    EXPECT_EQ(form->member<ListBox>(QStringLiteral("listview2")).textElideMode(), Qt::ElideMiddle);
+}
+
 TEST_F(RestorePointsTest, ADescriptionIsNeeded)
 {
     frame.dialogs.expectBox(QStringLiteral("Error!"), QStringLiteral("Enter a name for the restore point!"))
