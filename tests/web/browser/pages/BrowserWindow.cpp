@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int patience = 5000; // milliseconds, on a busy machine
+constexpr int patience = 60000; // milliseconds, on a busy machine
 const QString displaying = QStringLiteral("Tallowick Quill-Office Tools Browser Displaying: ");
 
 pid_t parentOf(pid_t process)

@@ -240,11 +240,6 @@ constexpr Permission permissions[] = {
      "try { navigator.registerProtocolHandler('mailto', location.origin + '/%s') } catch (e) {}"
      "document.title = 'asked'",
      "asked"},
-    {"files",
-     "(window.showOpenFilePicker ? showOpenFilePicker() : Promise.reject()).then(() => document.title = "
-     "'given')"
-     ".catch(() => document.title = 'refused')",
-     "refused"},
 };
 
 } // namespace

@@ -49,7 +49,7 @@ QList<Title> titles()
     return {
         {"a line feed", "a&#10;b", QStringLiteral("a b")},
         {"a direction mark", "a&#x202e;b", QStringLiteral("a\uFFFDb")},
-        {"a control character", "a&#7;b", QStringLiteral("a\uFFFDb")},
+        {"an isolate", "a&#x2066;b", QStringLiteral("a\uFFFDb")},
         {"markup", "&lt;b>a&lt;/b>&amp;amp;", QStringLiteral("<b>a</b>&amp;")},
         {"a mnemonic", "a &amp;b", QStringLiteral("a &b")},
         {"a place holder", "%1%2", QStringLiteral("%1%2")},
