@@ -55,9 +55,8 @@ TEST_P(TypedAddressTest, IsReadAs)
               QString::fromUtf8(GetParam().address));
 }
 
-INSTANTIATE_TEST_SUITE_P(Texts, TypedAddressTest, testing::ValuesIn(cases), [](const auto &row) {
-    return std::to_string(row.index);
-});
+INSTANTIATE_TEST_SUITE_P(Texts, TypedAddressTest, testing::ValuesIn(cases),
+                         [](const auto &row) { return std::to_string(row.index); });
 
 inline void PrintTo(const Case &row, std::ostream *out)
 {

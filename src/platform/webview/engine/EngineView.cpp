@@ -23,6 +23,12 @@ bool isForEditing(const QKeyEvent &event)
 
 } // namespace
 
+/// Escape ends what is on the way, or does something in the page.
+bool EngineView::isForPage(const QKeyEvent &event) const
+{
+    return isForEditing(event) || (event.key() == Qt::Key_Escape && !page()->isLoading());
+}
+
 EngineView::EngineView(EnginePage &page, QWidget *parent)
     : QWebEngineView(&page, parent)
 {}
@@ -43,7 +49,7 @@ bool EngineView::eventFilter(QObject *watched, QEvent *event)
         Q_EMIT UserInput();
         break;
     case QEvent::ShortcutOverride:
-        if (isForEditing(static_cast<QKeyEvent &>(*event))) {
+        if (isForPage(static_cast<QKeyEvent &>(*event))) {
             event->accept();
             return true;
         }

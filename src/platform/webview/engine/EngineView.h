@@ -21,4 +21,7 @@ protected:
     bool event(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+
+private:
+    bool isForPage(const QKeyEvent &event) const;
 };

@@ -11,11 +11,12 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 #include <unistd.h>
 
 namespace {
 
-constexpr int patience = 5000; // milliseconds, on a busy machine
+constexpr int patience = 60000; // milliseconds, on a busy machine
 const QString displaying = QStringLiteral("Tallowick Quill-Office Tools Browser Displaying: ");
 
 pid_t parentOf(pid_t process)
@@ -27,11 +28,11 @@ pid_t parentOf(pid_t process)
     return line.mid(line.lastIndexOf(')') + 2).split(' ').value(1).toInt();
 }
 
-bool isBelowThis(pid_t process)
+bool isBelow(pid_t process, pid_t above)
 {
-    while (process > 1 && process != ::getpid())
+    while (process > 1 && process != above)
         process = parentOf(process);
-    return process == ::getpid();
+    return process == above;
 }
 
 } // namespace
@@ -76,30 +77,26 @@ QWidget &BrowserWindow::page() const
     return *page;
 }
 
-void BrowserWindow::clickPage() const
+void BrowserWindow::clickPage(Qt::MouseButton button) const
 {
-    QTest::mouseClick(&page(), Qt::LeftButton, {}, QPoint(20, 20));
+    QTest::mouseClick(&page(), button, {}, QPoint(20, 20));
 }
 
 void BrowserWindow::typeIntoPage(Qt::Key key, Qt::KeyboardModifiers modifiers) const
 {
     page().setFocus();
-    QTest::keyClick(&page(), key, modifiers);
+    QTest::keyClick(form().window()->windowHandle(), key, modifiers); // as the desktop does, by the shortcuts
 }
 
-/// The engine's processes are children and grandchildren of this one.
+/// The engine forks it from a child of this process, with the same command line; it is the last one that was
+/// made.
 pid_t BrowserWindow::renderer() const
 {
     pid_t found = 0;
     for (const QString &name : QDir(QStringLiteral("/proc")).entryList({QStringLiteral("[0-9]*")})) {
-        QFile command(QStringLiteral("/proc/%1/cmdline").arg(name));
-        if (!command.open(QFile::ReadOnly))
-            continue;
-        const QByteArray words = command.readAll();
-        if (words.contains("--type=renderer") &&
-            words.contains("--application-name=" + QCoreApplication::applicationName().toUtf8()) &&
-            isBelowThis(name.toInt()))
-            found = name.toInt();
+        const pid_t process = name.toInt();
+        if (parentOf(process) != ::getpid() && isBelow(process, ::getpid()))
+            found = std::max(found, process);
     }
     return found;
 }
@@ -120,6 +117,12 @@ QString BrowserWindow::caption(const QString &title)
 QString BrowserWindow::shownTitle() const
 {
     return m_form->Caption().mid(displaying.size());
+}
+
+QByteArray BrowserWindow::titleWhenPainted(const QByteArray &title)
+{
+    return "<script>requestAnimationFrame(() => requestAnimationFrame(() => document.title = '" + title +
+           "'))</script>";
 }
 
 /// Sleeps between two events: what polls makes each page take a second.

@@ -23,7 +23,7 @@ public:
     void visit(const QString &path) const { enter(server.address(path)); }
     void press(const char *key) const;
     /// Clicks into the page, near its upper left corner.
-    void clickPage() const;
+    void clickPage(Qt::MouseButton button = Qt::LeftButton) const;
     void typeIntoPage(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const;
 
     frmBrowser &form() const { return *m_form; }
@@ -34,6 +34,9 @@ public:
     /// The page's part of the window's title.
     QString shownTitle() const;
     static QString caption(const QString &title);
+
+    /// What gives a page its title when it is on the screen: the engine drops all input before that.
+    static QByteArray titleWhenPainted(const QByteArray &title);
 
     static void waitFor(const std::function<bool()> &condition);
     /// Until the window's title says that the page \a title is on show.

@@ -50,9 +50,10 @@ TEST_F(PageBoxesTest, AFloodEndsAfterThreeUntilTheNextInput)
 {
     for (int i = 0; i < 3; ++i)
         expect("again");
-    show("for (let i = 0; i < 1000; ++i) alert('again'); document.title = 'done';"
+    show("for (let i = 0; i < 1000; ++i) alert('again');"
          "addEventListener('click', () => { for (let i = 0; i < 1000; ++i) confirm('more'); document.title = "
-         "'clicked' })",
+         "'clicked' })</script>" +
+             BrowserWindow::titleWhenPainted("done") + "<script>",
          "done");
     EXPECT_EQ(browser.frame.dialogs.seen().size(), 3);
     for (int i = 0; i < 3; ++i)

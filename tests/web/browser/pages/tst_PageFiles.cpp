@@ -115,3 +115,56 @@ TEST_F(PageFilesTest, AFileThatBreaksOffIsReported)
     browser.waitFor([&] { return browser.frame.dialogs.seen().size() >= 2; });
     EXPECT_FALSE(browser.control().isReceiving());
 }
+
+namespace {
+
+struct SentFileTest : PageFilesTest
+{
+    /// A page that \a script acts in at each click.
+    void showClickable(const QByteArray &script)
+    {
+        browser.server.page("/send",
+                            "<!doctype html><body>x<input type=file multiple id=f hidden>"
+                            "<script>f.onchange = () => document.title = f.files.length + f.files[0].name;"
+                            "addEventListener('click', e => { if (e.target != f) {" +
+                                script + "} })</script>" + BrowserWindow::titleWhenPainted("send"));
+        browser.visit(QStringLiteral("/send"));
+        browser.waitForTitle(QStringLiteral("send"));
+    }
+    FileDialogStep &expectSend()
+    {
+        return browser.frame.dialogs.expectFileDialog(QStringLiteral("Send File"));
+    }
+};
+
+} // namespace
+
+TEST_F(SentFileTest, APageGetsTheFileThatTheUserChooses)
+{
+    folder.addFile("a.txt", "mine");
+    showClickable("f.click()");
+    expectSend().accept(place("a.txt"));
+    browser.clickPage();
+    browser.waitForTitle(QStringLiteral("1a.txt"));
+}
+
+TEST_F(SentFileTest, WithoutAChoiceItGetsNone)
+{
+    showClickable("f.click(); f.oncancel = () => document.title = 'none'; setTimeout(() => document.title = "
+                  "'files ' + f.files.length, 300)");
+    expectSend().cancel();
+    browser.clickPage();
+    browser.waitForTitle(QStringLiteral("files 0"));
+}
+
+TEST_F(SentFileTest, APageWritesIntoNoFile)
+{
+    folder.addFile("a.txt", "mine");
+    showClickable("showOpenFilePicker().then(x => x[0].createWritable()).then(x => x.write('other').then(() "
+                  "=> x.close()))"
+                  ".then(() => document.title = 'written').catch(() => document.title = 'refused')");
+    expectSend().accept(place("a.txt"));
+    browser.clickPage();
+    browser.waitForTitle(QStringLiteral("refused"));
+    EXPECT_EQ(Files::read(place("a.txt")), "mine");
+}

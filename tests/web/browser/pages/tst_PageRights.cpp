@@ -161,7 +161,9 @@ TEST_F(PageRightsTest, AFileReadsNoOtherFile)
 TEST_F(PageRightsTest, AWindowOpenedByAClickIsThisOne)
 {
     browser.server.titled("/b", "second");
-    show("<title>first</title><a href=/b target=_blank style='position:fixed;inset:0'>x</a>", "first");
+    show(BrowserWindow::titleWhenPainted("first") +
+             "<a href=/b target=_blank style='position:fixed;inset:0'>x</a>",
+         "first");
     browser.clickPage();
     browser.waitForTitle(QStringLiteral("second"));
     EXPECT_EQ(Forms::loaded().size(), 1);
@@ -238,19 +240,14 @@ constexpr Permission permissions[] = {
      "try { navigator.registerProtocolHandler('mailto', location.origin + '/%s') } catch (e) {}"
      "document.title = 'asked'",
      "asked"},
-    {"files",
-     "(window.showOpenFilePicker ? showOpenFilePicker() : Promise.reject()).then(() => document.title = "
-     "'given')"
-     ".catch(() => document.title = 'refused')",
-     "refused"},
 };
 
 } // namespace
 
 TEST_P(PermissionTest, IsRefused)
 {
-    show(QByteArray("<title>asks</title>x<script>addEventListener('click', () => {") + GetParam().script +
-             "})</script>",
+    show(BrowserWindow::titleWhenPainted("asks") + "x<script>addEventListener('click', () => {" +
+             GetParam().script + "})</script>",
          "asks");
     browser.clickPage();
     browser.waitForTitle(QString::fromUtf8(GetParam().title));
