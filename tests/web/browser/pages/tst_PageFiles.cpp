@@ -109,7 +109,8 @@ TEST_F(PageFilesTest, AFileThatBreaksOffIsReported)
 {
     browser.server.page("/file", "x",
                         "Content-Type: application/octet-stream\r\nContent-Disposition: attachment\r\n");
-    expectSave().accept(QStringLiteral("/nonexistent/b.bin"));
+    folder.addFile("file");
+    expectSave().accept(place("file/b.bin"));
     browser.frame.dialogs.leaveWhatComes();
     browser.visit(QStringLiteral("/file"));
     browser.waitFor([&] { return browser.frame.dialogs.seen().size() >= 2; });
