@@ -19,10 +19,10 @@
 
 namespace {
 
-constexpr double openingWidth = 6465;  // twips
-constexpr double openingHeight = 7140; // twips
+constexpr double pointsWidth = 6465;  // twips
+constexpr double pointsHeight = 7140; // twips
 
-constexpr ToolMenuRow menuRows[] = {
+constexpr ToolMenuRow pointsMenuRows[] = {
     renamed(StandardToolMenu::File, "mnufile", "&File"),
     renamed(StandardToolMenu::NewDocument, "mnuNew", "New QuillWord Document"),
     renamed(StandardToolMenu::Close, "mnuClose", "Close Restore Points"),
@@ -86,7 +86,7 @@ frmRestorePoints::frmRestorePoints()
 {
     setCaption(QStringLiteral("Show/Create System Restore Points"));
     setWindowIcon(ThemeIcon::named(QStringLiteral("document-open-recent")));
-    m_menus = StandardToolMenu::build(menuRows, *this);
+    m_menus = StandardToolMenu::build(pointsMenuRows, *this);
     Command1->setToolTip(QStringLiteral("Show Current System Restore Points"));
     Command2->setToolTip(QStringLiteral("Create a New System Restore Point"));
     Command3->setToolTip(QStringLiteral("Close"));
@@ -120,8 +120,8 @@ void frmRestorePoints::layOut()
 
 void frmRestorePoints::Form_Load()
 {
-    setHeight(openingHeight);
-    setWidth(openingWidth);
+    setHeight(pointsHeight);
+    setWidth(pointsWidth);
 }
 
 void frmRestorePoints::Command1_Click()

@@ -13,10 +13,10 @@
 
 namespace {
 
-constexpr double openingWidth = 5910;  // twips
-constexpr double openingHeight = 6075; // twips
+constexpr double noticeWidth = 5910;  // twips
+constexpr double noticeHeight = 6075; // twips
 
-constexpr ToolMenuRow menuRows[] = {
+constexpr ToolMenuRow noticeMenuRows[] = {
     StandardToolMenu::File,
     renamed(StandardToolMenu::NewDocument, "mnuNew", "New Quill-Word Document"),
     renamed(StandardToolMenu::Close, "mnuClose", "Close System StartUp Message"),
@@ -49,7 +49,7 @@ frmSystemMessage::frmSystemMessage(const LogOnNotice &notice)
 {
     setCaption(QStringLiteral("System Startup Message"));
     setWindowIcon(ThemeIcon::named(QStringLiteral("dialog-information")));
-    m_menus = StandardToolMenu::build(menuRows, *this);
+    m_menus = StandardToolMenu::build(noticeMenuRows, *this);
     txtTitle->setText(QStringLiteral("Message Title"));
     txtTitle->setToolTip(QStringLiteral("Enter a message such as 'Important Message' or 'Please Read' etc."));
     txtMessage->setPlainText(QStringLiteral("Enter the message text"));
@@ -85,8 +85,8 @@ void frmSystemMessage::layOut()
 
 void frmSystemMessage::Form_Load()
 {
-    setHeight(openingHeight);
-    setWidth(openingWidth);
+    setHeight(noticeHeight);
+    setWidth(noticeWidth);
     const QString caption = m_notice.caption();
     txtTitle->setText(caption.isEmpty() ? QStringLiteral("No Title") : caption);
     const QString text = m_notice.text();

@@ -10,14 +10,14 @@
 
 namespace {
 
-const QString consoleFile = QStringLiteral("/issue.d/90-quill.issue");
-const QString desktopFile = QStringLiteral("/dconf/db/gdm.d/90-quill");
-const QString desktopProfile = QStringLiteral("/dconf/profile/gdm");
+const QString issueFile = QStringLiteral("/issue.d/90-quill.issue");
+const QString greeterFile = QStringLiteral("/dconf/db/gdm.d/90-quill");
+const QString greeterProfile = QStringLiteral("/dconf/greeterProfileText/gdm");
 
-/// Debian's own profile of GDM does not read the administrator's settings.
-const QByteArray profile = "user-db:user\n"
-                           "system-db:gdm\n"
-                           "file-db:/usr/share/gdm/greeter-dconf-defaults\n";
+/// Debian's own greeterProfileText of GDM does not read the administrator's settings.
+const QByteArray greeterProfileText = "user-db:user\n"
+                                      "system-db:gdm\n"
+                                      "file-db:/usr/share/gdm/greeter-dconf-defaults\n";
 
 /// A backslash begins an escape there.
 QByteArray forConsole(const QString &notice)
@@ -26,7 +26,7 @@ QByteArray forConsole(const QString &notice)
 }
 
 /// As a text of a settings file.
-QByteArray quoted(const QString &notice)
+QByteArray quotedSetting(const QString &notice)
 {
     QString text = notice;
     text.replace(u'\\', QStringLiteral("\\\\"));
@@ -42,7 +42,7 @@ void updateSettings()
 }
 
 /// Log-in screens and consoles would take control characters for commands.
-QString printable(const QString &text)
+QString printableNotice(const QString &text)
 {
     QString result = text;
     result.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
@@ -60,8 +60,8 @@ LogInBanner::LogInBanner(const QString &folder)
 void LogInBanner::show(const QString &title, const QString &text) const noexcept
 {
     try {
-        const QString notice = printable(title + QStringLiteral("\n\n") + text);
-        write(consoleFile, forConsole(notice));
+        const QString notice = printableNotice(title + QStringLiteral("\n\n") + text);
+        write(issueFile, forConsole(notice));
         if (hasDesktopLogIn())
             showOnDesktop(notice);
     } catch (...) {
@@ -76,12 +76,12 @@ bool LogInBanner::hasDesktopLogIn() const
 
 void LogInBanner::showOnDesktop(const QString &notice) const
 {
-    write(desktopFile, "[org/gnome/login-screen]\n"
+    write(greeterFile, "[org/gnome/login-screen]\n"
                        "banner-message-enable=true\n"
                        "banner-message-text=" +
-                           quoted(notice) + '\n');
-    if (!QFileInfo::exists(m_folder + desktopProfile))
-        write(desktopProfile, profile);
+                           quotedSetting(notice) + '\n');
+    if (!QFileInfo::exists(m_folder + greeterProfile))
+        write(greeterProfile, greeterProfileText);
     updateSettings();
 }
 
@@ -96,7 +96,7 @@ void LogInBanner::write(const QString &name, const QByteArray &content) const
 
 void LogInBanner::remove() const noexcept
 {
-    ::unlink(FileNames::toBytes(m_folder + consoleFile).constData());
-    if (::unlink(FileNames::toBytes(m_folder + desktopFile).constData()) == 0)
+    ::unlink(FileNames::toBytes(m_folder + issueFile).constData());
+    if (::unlink(FileNames::toBytes(m_folder + greeterFile).constData()) == 0)
         updateSettings();
 }

@@ -14,9 +14,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto longestRun = 60s;
-constexpr qsizetype mostOutput = 16 * 1024 * 1024; // bytes
-constexpr qsizetype longestReason = 300;           // characters
+constexpr auto snapperPatience = 60s;
+constexpr qsizetype mostSnapperOutput = 16 * 1024 * 1024; // bytes
+constexpr qsizetype longestReason = 300;                  // characters
 constexpr int notInstalled = 429;
 const QString defaultConfiguration = QStringLiteral("root");
 
@@ -41,11 +41,11 @@ QByteArray outputOf(QProcess &process)
     QByteArray output;
     QTimer deadline;
     on(&deadline, &QTimer::timeout, &deadline, [&] { process.kill(); });
-    deadline.start(longestRun);
+    deadline.start(snapperPatience);
     while (process.state() != QProcess::NotRunning) {
         waitForEvents();
         output += process.readAllStandardOutput();
-        if (output.size() > mostOutput)
+        if (output.size() > mostSnapperOutput)
             process.kill();
     }
     return output + process.readAllStandardOutput();

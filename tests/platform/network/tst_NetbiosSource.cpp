@@ -61,14 +61,6 @@ TEST(NetbiosReport, LinesMayComeInPieces)
     EXPECT_EQ(rowsOf(computers), reported);
 }
 
-TEST(NetbiosReport, ALineWithoutEndIsNotKept)
-{
-    NetbiosReport reader;
-    for (int i = 0; i < 1000; ++i)
-        reader.read(QByteArray(10000, 'x'));
-    EXPECT_EQ(rowsOf(reader.read("\n" + report)), reported);
-}
-
 TEST_F(NetbiosSourceTest, FindsWhatTheProgramPrints)
 {
     programs.addRecorder("recorder");

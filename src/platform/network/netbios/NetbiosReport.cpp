@@ -2,12 +2,6 @@
 
 #include <QRegularExpression>
 
-namespace {
-
-constexpr qsizetype longestLine = 1000; // bytes
-
-} // namespace
-
 QList<Computer> NetbiosReport::read(const QByteArray &bytes)
 {
     static const QRegularExpression heading(QStringLiteral("^Looking up status of ([0-9.]+)$"));
@@ -22,6 +16,5 @@ QList<Computer> NetbiosReport::read(const QByteArray &bytes)
         else if (const auto row = workstation.match(line); row.hasMatch())
             computers.append({row.captured(1), m_address});
     }
-    m_rest.truncate(longestLine);
     return computers;
 }
