@@ -47,9 +47,11 @@ def shown_after(command):
     start = time.monotonic()
     process = subprocess.Popen(command, env=dict(os.environ, HOME=home, XDG_CONFIG_HOME=home), stdout=subprocess.DEVNULL,
                                stderr=subprocess.DEVNULL)
-    while not is_shown(root) and time.monotonic() - start < PATIENCE:
+    taken = None
+    while taken is None and time.monotonic() - start < PATIENCE:
+        if is_shown(root):
+            taken = time.monotonic() - start
         time.sleep(0.001)
-    taken = time.monotonic() - start
     process.kill()
     process.wait()
     while is_shown(root):
@@ -60,7 +62,13 @@ def shown_after(command):
 
 
 def peer(command, path, dot):
-    runs = [shown_after([*command, str(path)]) - shown_after([*command, str(dot)]) for _ in range(RUNS)]
+    """Milliseconds; None where it shows nothing on this display."""
+    runs = []
+    for _ in range(RUNS):
+        times = shown_after([*command, str(dot)]), shown_after([*command, str(path)])
+        if None in times:
+            return None
+        runs.append(times[1] - times[0])
     return statistics.median(runs) * 1000
 
 
@@ -95,7 +103,8 @@ def main():
                 print(f"    {name_of_peer}: not installed")
                 continue
             taken = peer(command, path, dot)
-            print(f"    {name_of_peer} {taken:.0f} ms; this takes {opened / max(taken, 1):.2f} of it", flush=True)
+            text = f"{taken:.0f} ms; this takes {opened / max(taken, 1):.2f} of it" if taken else "shows nothing here"
+            print(f"    {name_of_peer}: {text}", flush=True)
     keeper.close()
 
 

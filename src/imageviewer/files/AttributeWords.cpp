@@ -6,13 +6,13 @@
 
 namespace {
 
-struct Row
+struct WordRow
 {
     int bit;
     const char *word;
 };
 
-constexpr Row rows[] = {
+constexpr WordRow wordRows[] = {
     {FileAttributes::Alias, "Alias"},         {FileAttributes::Archive, "Archive"},
     {FileAttributes::Directory, "Directory"}, {FileAttributes::Hidden, "Hidden"},
     {FileAttributes::ReadOnly, "Read-Only"},  {FileAttributes::System, "System"},
@@ -25,7 +25,7 @@ constexpr Row rows[] = {
 QString AttributeWords::of(int bits)
 {
     QStringList words;
-    for (const Row &row : rows) {
+    for (const WordRow &row : wordRows) {
         if (bits & row.bit)
             words << QString::fromLatin1(row.word);
     }

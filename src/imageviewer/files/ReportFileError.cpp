@@ -10,7 +10,7 @@ namespace {
 constexpr int driveNotReady = 71;
 constexpr int mediaError = 72;
 
-struct Row
+struct ErrorBox
 {
     int number;
     const char *title;
@@ -18,7 +18,7 @@ struct Row
     MsgBoxStyle icon = MsgBoxStyle::Critical;
 };
 
-constexpr Row rows[] = {
+constexpr ErrorBox errorBoxes[] = {
     {ErrorNumber::DeviceIoError, "Drive Error",
      "Device I/O error. There is a Hardware Problem. Please Check the Disc Drive."},
     {ErrorNumber::DiskFull, "Disk Full Error", "The disk is full. Try deleting some files before saving."},
@@ -30,9 +30,9 @@ constexpr Row rows[] = {
     {mediaError, "Media Error", "Disk media error. Cannot Continue!"},
 };
 
-void show(const RuntimeError &error)
+void showErrorBox(const RuntimeError &error)
 {
-    for (const Row &row : rows) {
+    for (const ErrorBox &row : errorBoxes) {
         if (row.number == error.number()) {
             Ask(QString::fromLatin1(row.text), row.icon, QString::fromLatin1(row.title));
             return;
@@ -50,5 +50,5 @@ void ReportFileError()
         return;
     const RuntimeError error = RuntimeError::current();
     if (error.number() != ErrorNumber::DialogCancelled)
-        show(error);
+        showErrorBox(error);
 }

@@ -29,7 +29,7 @@
 
 namespace {
 
-constexpr int barHeight = 300; // twips
+constexpr int barTwips = 300; // twips
 
 const QString openFilter =
     QStringLiteral("Supported Picture Files (*.gif, *.jpg, *.tga, *.bmp, *.dib, *.wmf, *.ico, *.cur)|"
@@ -194,7 +194,7 @@ void frmImageMain::UpdateSizeLabels()
 {
     if (Picture1->isHidden())
         return;
-    m_geometry.growWindow(barHeight);
+    m_geometry.growWindow(barTwips);
     if (!dlgCD.FileName.isEmpty())
         Picture1->setFileSize(GetFileSize(dlgCD.FileName));
     constexpr LengthUnit pixels{LengthUnit::ofDisplay};
@@ -212,11 +212,11 @@ void frmImageMain::mnuViewToolbar_Click()
     const bool hasSizeBar = !Picture1->isHidden();
     tbToolbar->setVisible(isShown);
     if (isShown || hasSizeBar)
-        m_geometry.growWindow(isShown ? barHeight : -barHeight);
+        m_geometry.growWindow(isShown ? barTwips : -barTwips);
     if (isShown)
-        m_geometry.setBarOffset(hasSizeBar ? 2 * barHeight : barHeight);
+        m_geometry.setBarOffset(hasSizeBar ? 2 * barTwips : barTwips);
     else
-        m_geometry.setBarOffset(hasSizeBar ? -barHeight : 0);
+        m_geometry.setBarOffset(hasSizeBar ? -barTwips : 0);
     m_geometry.CenterImage();
 }
 
@@ -231,10 +231,10 @@ void frmImageMain::mnuViewSizeAndInfo_Click()
     const bool hasToolbar = !tbToolbar->isHidden();
     if (isShown) {
         UpdateSizeLabels();
-        m_geometry.setBarOffset(hasToolbar ? barHeight : -barHeight);
+        m_geometry.setBarOffset(hasToolbar ? barTwips : -barTwips);
     } else {
-        m_geometry.growWindow(-barHeight);
-        m_geometry.setBarOffset(hasToolbar ? barHeight : 0);
+        m_geometry.growWindow(-barTwips);
+        m_geometry.setBarOffset(hasToolbar ? barTwips : 0);
     }
     if (m_geometry.isMaximized())
         placeMaximized(isShown);
@@ -246,7 +246,7 @@ void frmImageMain::placeMaximized(bool hasSizeBar)
     if (!hasSizeBar)
         Image1->setTop(0);
     else if (Image1->Top() == 0)
-        Image1->setTop(-barHeight);
+        Image1->setTop(-barTwips);
     if (!hasSizeBar)
         m_geometry.CenterImage();
 }

@@ -88,6 +88,15 @@ TEST_F(ImageSizingTest, ZoomingInMakesTheWindowLarger)
     EXPECT_EQ(window.window(), (ImageSize{7620, 6735}));
 }
 
+TEST_F(ImageSizingTest, AMaximisedWindowStaysSoWhenZoomingIn)
+{
+    window.openPicture(200, 345); // twice as high it stands out of the window, not of the screen
+    window.form().Geometry().maximize();
+    ASSERT_LT(window.window().height, 690 * 15);
+    window.choose("mnuSizeZoomIn");
+    EXPECT_TRUE(window.isMaximized());
+}
+
 TEST_F(ImageSizingTest, DoublingKeepsPanMode)
 {
     window.choose("mnuViewPan");
