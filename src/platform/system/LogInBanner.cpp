@@ -12,9 +12,9 @@ namespace {
 
 const QString issueFile = QStringLiteral("/issue.d/90-quill.issue");
 const QString greeterFile = QStringLiteral("/dconf/db/gdm.d/90-quill");
-const QString greeterProfile = QStringLiteral("/dconf/greeterProfileText/gdm");
+const QString greeterProfile = QStringLiteral("/dconf/profile/gdm");
 
-/// Debian's own greeterProfileText of GDM does not read the administrator's settings.
+/// Debian's own profile of GDM does not read the administrator's settings.
 const QByteArray greeterProfileText = "user-db:user\n"
                                       "system-db:gdm\n"
                                       "file-db:/usr/share/gdm/greeter-dconf-defaults\n";
