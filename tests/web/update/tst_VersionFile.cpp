@@ -47,7 +47,7 @@ QString fieldsOf(const VersionFile::ServerVersion &version)
         u'|');
 }
 
-QByteArray records(int count)
+QByteArray versionRecords(int count)
 {
     QByteArray bytes;
     for (int number = 0; number < count; ++number)
@@ -55,7 +55,7 @@ QByteArray records(int count)
     return bytes;
 }
 
-int errorOf(const QByteArray &bytes)
+int versionError(const QByteArray &bytes)
 {
     return errorNumberOf([&] { const VersionFile file(bytes); });
 }
@@ -72,9 +72,9 @@ INSTANTIATE_TEST_SUITE_P(Versions, VersionComparisonTest, testing::ValuesIn(vers
 
 TEST(VersionFile, HasTheVersionInTheLastRecordButOne)
 {
-    EXPECT_EQ(fieldsOf(VersionFile(records(2)).version()), QStringLiteral("P0|M|1|2|3"));
-    EXPECT_EQ(fieldsOf(VersionFile(records(3)).version()), QStringLiteral("P1|M|1|2|3"));
-    EXPECT_EQ(fieldsOf(VersionFile(records(11)).version()), QStringLiteral("P9|M|1|2|3"));
+    EXPECT_EQ(fieldsOf(VersionFile(versionRecords(2)).version()), QStringLiteral("P0|M|1|2|3"));
+    EXPECT_EQ(fieldsOf(VersionFile(versionRecords(3)).version()), QStringLiteral("P1|M|1|2|3"));
+    EXPECT_EQ(fieldsOf(VersionFile(versionRecords(11)).version()), QStringLiteral("P9|M|1|2|3"));
 }
 
 TEST(VersionFile, OfThreeRecordsHasTheMessageInTheSecond)
@@ -106,18 +106,18 @@ TEST(VersionFile, IsReadFieldByField)
 
 TEST(VersionFile, WithLessThanTwoRecordsIsAnError)
 {
-    EXPECT_EQ(errorOf({}), ErrorNumber::SubscriptOutOfRange);
-    EXPECT_EQ(errorOf(records(1)), ErrorNumber::SubscriptOutOfRange);
+    EXPECT_EQ(versionError({}), ErrorNumber::SubscriptOutOfRange);
+    EXPECT_EQ(versionError(versionRecords(1)), ErrorNumber::SubscriptOutOfRange);
 }
 
 TEST(VersionFile, WithMoreThanElevenRecordsIsAnError)
 {
-    EXPECT_EQ(errorOf(records(11)), 0);
-    EXPECT_EQ(errorOf(records(12)), ErrorNumber::SubscriptOutOfRange);
+    EXPECT_EQ(versionError(versionRecords(11)), 0);
+    EXPECT_EQ(versionError(versionRecords(12)), ErrorNumber::SubscriptOutOfRange);
 }
 
 TEST(VersionFile, WithAnIncompleteRecordIsAnError)
 {
-    EXPECT_EQ(errorOf(records(2) + "P,M,1"), ErrorNumber::InputPastEnd);
-    EXPECT_EQ(errorOf("<html><body>Not found</body></html>"), ErrorNumber::InputPastEnd);
+    EXPECT_EQ(versionError(versionRecords(2) + "P,M,1"), ErrorNumber::InputPastEnd);
+    EXPECT_EQ(versionError("<html><body>Not found</body></html>"), ErrorNumber::InputPastEnd);
 }
