@@ -19,7 +19,7 @@ import time
 
 from Xlib import X, display
 
-RUNS = 1
+RUNS = 7
 PATIENCE = 30.0  # seconds
 FRAME = "Tallowick - Quill-Office Tools"
 COLORS = ((0x12, 0xB4, 0x56), (0x56, 0x12, 0xB4))  # of the page at the first and the second visit
@@ -151,6 +151,8 @@ def main():
     threading.Thread(target=server.serve_forever, daemon=True).start()
     host = f"127.0.0.1:{server.server_port}"
     manager = subprocess.Popen(["openbox"], stderr=subprocess.DEVNULL)
+    while not xdotool("get_desktop").isdigit():  # the window manager answers
+        time.sleep(0.05)
     screen = Screen()
     folder, program = copy_of(sys.argv[1], host)
     runs, others = [], []
