@@ -24,13 +24,21 @@ QWidget *textControlOf(QWidget *control)
 }
 
 /// Text controls have these operations under the same names, but no common class.
+QMetaMethod operationOf(const QWidget &control, const char *operation)
+{
+    const QMetaObject &type = *control.metaObject();
+    return type.method(type.indexOfMethod(operation));
+}
+
+/// What shows a web page is several widgets deep; the control around them has the operations.
 void callFocused(const char *operation, Effect effect)
 {
     QWidget *control = textControlOf(QApplication::focusWidget());
+    while (control && !operationOf(*control, operation).isValid())
+        control = control->parentWidget();
     if (!control || (effect == Effect::Changes && control->property("readOnly").toBool()))
         return;
-    const QMetaObject &type = *control->metaObject();
-    type.method(type.indexOfMethod(operation)).invoke(control); // one that is missing does nothing
+    operationOf(*control, operation).invoke(control);
 }
 
 void assignClipboard()

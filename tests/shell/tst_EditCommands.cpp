@@ -99,6 +99,15 @@ void comboBox(Desk &desk)
     });
 }
 
+void withinAControl(Desk &desk)
+{
+    lineEdit(desk);
+    auto *part = new QWidget(desk.field);
+    part->show();
+    part->setFocus();
+    ASSERT_TRUE(part->hasFocus());
+}
+
 void readOnlyField(Desk &desk)
 {
     desk.openTool([](QWidget &tool) { return new QLineEdit(&tool); });
@@ -193,6 +202,8 @@ INSTANTIATE_TEST_SUITE_P(
         Place{"LineEdit", lineEdit, list({"one", "", "ab"}), list({"one", "", "two"}),
               list({"one", "two", "two"}), list({"one", "ab", "ab"})},
         Place{"ComboBox", comboBox, list({"one", "", "ab"}), list({"one", "", "two"}),
+              list({"one", "two", "two"}), list({"one", "ab", "ab"})},
+        Place{"WithinAControl", withinAControl, list({"one", "", "ab"}), list({"one", "", "two"}),
               list({"one", "two", "two"}), list({"one", "ab", "ab"})},
         Place{"ReadOnlyField", readOnlyField, list({"one", "two", "ab"}), list({"one", "two", "ab"}),
               list({"one", "two", "two"}), list({"one", "two", "ab"})},

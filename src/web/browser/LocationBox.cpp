@@ -13,14 +13,6 @@ namespace {
 constexpr int mostEntries = 500;
 constexpr int carriageReturn = 13;
 
-bool isReturn(const QEvent &event)
-{
-    if (event.type() != QEvent::KeyPress)
-        return false;
-    const int key = static_cast<const QKeyEvent &>(event).key();
-    return key == Qt::Key_Return || key == Qt::Key_Enter;
-}
-
 } // namespace
 
 LocationBox::LocationBox(QWidget *parent)
@@ -34,7 +26,6 @@ LocationBox::LocationBox(QWidget *parent)
     view()->setTextElideMode(Qt::ElideMiddle);
     // Qt would choose the entry whose text has been typed as soon as the focus leaves.
     disconnect(lineEdit(), SIGNAL(editingFinished()), this, nullptr);
-    lineEdit()->installEventFilter(this);
     on(this, &QComboBox::activated, this, [this] { Q_EMIT Click(); });
 }
 
@@ -72,15 +63,17 @@ int LocationBox::indexOf(const QString &text) const
     return findText(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
 }
 
-bool LocationBox::eventFilter(QObject *watched, QEvent *event)
+/// The box has the focus itself and hands its keys on to its line.
+void LocationBox::keyPressEvent(QKeyEvent *event)
 {
-    bool isTaken = false;
+    bool isReturn = false;
     run([&] {
-        isTaken = watched == lineEdit() && isReturn(*event);
-        if (isTaken)
+        isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (isReturn)
             Q_EMIT KeyPress(carriageReturn);
     });
-    return isTaken || QComboBox::eventFilter(watched, event);
+    if (!isReturn)
+        QComboBox::keyPressEvent(event);
 }
 
 /// A page that is scrolled past the box's edge does not become another one.

@@ -31,7 +31,7 @@ Q_SIGNALS:
     void KeyPress(int KeyAscii);
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 
 private:

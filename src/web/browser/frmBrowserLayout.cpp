@@ -140,9 +140,10 @@ void frmBrowser::placeAddress()
     const int space = across(margin);
     const int boxHeight = cboAddress->sizeHint().height();
     const QSize label = lblAddress->sizeHint();
-    const bool isAbove = label.width() + space > across(goWidth);
+    const int beside = across(goWidth) - label.width();
+    const bool isAbove = beside < 0;
     const int top = space + (isAbove ? label.height() + space : 0);
-    lblAddress->setGeometry(space, isAbove ? space : top, label.width(),
+    lblAddress->setGeometry(isAbove ? space : beside / 2, isAbove ? space : top, label.width(),
                             isAbove ? label.height() : boxHeight);
     cboAddress->setGeometry(isAbove ? space : across(goWidth), top, across(ScaleWidth() - besideAddress),
                             boxHeight);

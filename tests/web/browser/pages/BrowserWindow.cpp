@@ -57,10 +57,12 @@ void BrowserWindow::open(const QString &path)
 
 void BrowserWindow::enter(const QString &address) const
 {
-    box().lineEdit()->setFocus();
+    QWindow *window = form().window()->windowHandle();
+    box().setFocus();
     box().lineEdit()->selectAll();
-    QTest::keyClicks(box().lineEdit(), address);
-    QTest::keyClick(box().lineEdit(), Qt::Key_Return);
+    for (const QChar letter : address)
+        QTest::sendKeyEvent(QTest::Click, window, Qt::Key_unknown, letter, Qt::NoModifier);
+    QTest::keyClick(window, Qt::Key_Return);
 }
 
 void BrowserWindow::press(const char *key) const

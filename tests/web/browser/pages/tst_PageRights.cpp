@@ -136,6 +136,14 @@ TEST_F(PageRightsTest, ATypedFileIsShown)
     browser.waitForTitle(QStringLiteral("newer"));
 }
 
+TEST_F(PageRightsTest, ATypedFileWithoutAnExtensionIsShown)
+{
+    files.addFile("plain", "words");
+    browser.open();
+    browser.enter(file("plain"));
+    browser.waitFor([&] { return browser.list() == QStringList(QStringLiteral("file://") + file("plain")); });
+}
+
 TEST_F(PageRightsTest, AFileLeadsToNoOtherFile)
 {
     files.addFile("b.html", "<title>other</title>");
