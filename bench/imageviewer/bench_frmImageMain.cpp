@@ -59,6 +59,7 @@ public:
     {
         return milliseconds([&] {
             Q_EMIT m_window.findChild<FileDrop *>()->Dropped({path});
+            moveIntoView();
             paint();
         });
     }
@@ -94,6 +95,13 @@ private:
     {
         m_percentages.setCurrentIndex(row);
         Q_EMIT m_percentages.activated(row);
+        moveIntoView();
+    }
+    /// A picture much larger than the screen is placed beside the window.
+    void moveIntoView()
+    {
+        m_picture.setLeft(0);
+        m_picture.setTop(0);
     }
     void paint() { m_window.repaint(); }
 

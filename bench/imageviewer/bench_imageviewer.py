@@ -13,6 +13,7 @@ import os
 import pathlib
 import shutil
 import statistics
+import struct
 import subprocess
 import tempfile
 import time
@@ -24,6 +25,20 @@ PATIENCE = 20.0  # seconds
 COLOR = (255, 0, 255)
 PICTURES = [("2 MP JPEG", "a.jpg", 1632, 1224), ("24 MP JPEG", "b.jpg", 6000, 4000), ("100 MP BMP", "c.bmp", 12000, 8400)]
 PEERS = {"feh": ["feh", "--fullscreen", "--zoom", "max"], "qimgv": ["qimgv"]}
+
+
+def make_bitmap(path, width, height):
+    """Noise with one colour in the middle; convert refuses pictures that are so large."""
+    left, right, upper, lower = width * 9 // 20, width * 11 // 20, height * 9 // 20, height * 11 // 20
+    noise = os.urandom(2 * width * 3)
+    size = width * 3 * height
+    with open(path, "wb") as file:
+        file.write(struct.pack("<2sIHHIIiiHHIIiiII", b"BM", 54 + size, 0, 0, 54, 40, width, height, 1, 24, 0, size, 0, 0, 0, 0))
+        for y in range(height):
+            row = bytearray(noise[y % width * 3 : (y % width + width) * 3])
+            if upper <= y < lower:
+                row[left * 3 : right * 3] = bytes(reversed(COLOR)) * (right - left)
+            file.write(row)
 
 
 def make_picture(path, width, height):
@@ -92,7 +107,7 @@ def main():
     for what, name, width, height in PICTURES:
         path = folder / name
         if not path.exists():
-            make_picture(path, width, height)
+            (make_bitmap if name.endswith(".bmp") else make_picture)(path, width, height)
         opened, memory, peak, panned, zoomed = own(arguments.program, path)
         share = memory * 1024 / (width * height * 4)
         print(f"{what}: shown after {opened:.0f} ms; memory {share:.2f} of the picture's, at its peak "
