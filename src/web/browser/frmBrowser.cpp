@@ -22,6 +22,9 @@ constexpr int enterKey = 13;
 constexpr int longestTitle = 256;    // letters of a page's title
 constexpr int longestAddress = 8192; // letters of an entry of the list
 
+/// Of the window's own boxes: its title may be a page's.
+const QString ownTitle = QStringLiteral("Tallowick Web Browser");
+
 } // namespace
 
 void frmBrowser::Form_Load()
@@ -44,7 +47,7 @@ bool frmBrowser::Form_QueryUnload()
     return !WebBrowser2->isReceiving() ||
            Ask(QStringLiteral("A file is still being received. Close the window and give the file up?"),
                MsgBoxStyle::YesNo | MsgBoxStyle::Question | MsgBoxStyle::DefaultButton2,
-               Caption()) == MsgBoxReply::Yes;
+               ownTitle) == MsgBoxReply::Yes;
 }
 
 void frmBrowser::Form_Unload()
@@ -175,7 +178,7 @@ void frmBrowser::WebBrowser2_PageCrashed()
         return;
     timTimer->stop();
     Ask(QStringLiteral("The page has stopped working. Refresh loads it again."), MsgBoxStyle::Exclamation,
-        Caption());
+        ownTitle);
 }
 
 void frmBrowser::WebBrowser2_SaveWanted(const QString &suggestedName, QString &path)
@@ -210,8 +213,8 @@ void frmBrowser::WebBrowser2_Received(const QString &path, const QString &failur
         return;
     const QString name = ShownText::line(QFileInfo(path).fileName());
     if (failure.isEmpty())
-        Ask(QStringLiteral("%1 has been saved.").arg(name), MsgBoxStyle::Information, Caption());
+        Ask(QStringLiteral("%1 has been saved.").arg(name), MsgBoxStyle::Information, ownTitle);
     else
         Ask(QStringLiteral("%1 could not be received: %2.").arg(name, failure), MsgBoxStyle::Exclamation,
-            Caption());
+            ownTitle);
 }

@@ -2,7 +2,7 @@
 
 #include "WebControl.h"
 
-#include <QList>
+#include <QHash>
 #include <QPointer>
 #include <memory>
 
@@ -38,6 +38,13 @@ public:
     void paste() override;
 
 private:
+    /// A file that is being received.
+    struct Download
+    {
+        QPointer<QWebEngineDownloadRequest> request;
+        QString path;
+    };
+
     void bindPage();
     void begin();
     void loadStarted();
@@ -47,13 +54,13 @@ private:
     void refused();
     void offered(QWebEngineDownloadRequest *download);
     void receive(QWebEngineDownloadRequest &download, const QString &path);
-    void received(const QWebEngineDownloadRequest &download, const QString &path);
+    void received(const QWebEngineDownloadRequest &download);
 
     std::shared_ptr<WebProfile> m_profile; ///< longer than the page
     std::unique_ptr<EnginePage> m_page;
     EngineView *m_view;
     bool m_isAsked = false; ///< to load; the page has not begun yet
     bool m_isLoading = false;
-    int m_percent = 100; ///< enlargement
-    QList<QPointer<QWebEngineDownloadRequest>> m_downloads;
+    int m_percent = 100;                  ///< enlargement
+    QHash<quint32, Download> m_downloads; ///< by the engine's number
 };

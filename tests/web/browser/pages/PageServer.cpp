@@ -80,6 +80,11 @@ void PageServer::raw(const QByteArray &path, const QByteArray &answer)
     m_answers[path] = {answer, true};
 }
 
+void PageServer::breakOff(const QByteArray &path, const QByteArray &answer)
+{
+    m_answers[path] = {answer};
+}
+
 int PageServer::requestsFor(const QByteArray &path) const
 {
     return int(m_requests.count("GET " + path));

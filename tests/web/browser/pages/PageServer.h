@@ -27,6 +27,8 @@ public:
     void redirect(const QByteArray &path, const QByteArray &target);
     /// All bytes of the answer; the connection stays open behind them.
     void raw(const QByteArray &path, const QByteArray &answer);
+    /// All bytes of the answer; the connection ends behind them.
+    void breakOff(const QByteArray &path, const QByteArray &answer);
 
     /// Each request so far, as "GET /path".
     const QByteArrayList &requests() const { return m_requests; }
