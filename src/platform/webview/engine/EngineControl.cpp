@@ -131,24 +131,31 @@ void EngineControl::loadStarted()
 {
     m_isAsked = false;
     m_isLoading = true;
+    m_announced.clear();
 }
 
 void EngineControl::loadFinished(bool isWhole)
 {
     m_isAsked = false;
     m_isLoading = false;
-    if (isWhole)
-        Q_EMIT NavigateComplete();
+    if (isWhole && m_announced != LocationURL())
+        announce();
     Q_EMIT DownloadComplete();
 }
 
-/// Of a page that is being loaded the address comes first; otherwise it is another place in the same page.
+/// A page that is being loaded may go on to other places in it, of which only the last one counts.
 void EngineControl::urlChanged()
 {
     m_page->setZoomFactor(m_percent / 100.0);
-    if (m_isLoading)
+    if (m_isLoading && !m_announced.isEmpty())
         return;
     m_isAsked = false;
+    announce();
+}
+
+void EngineControl::announce()
+{
+    m_announced = LocationURL();
     Q_EMIT NavigateComplete();
 }
 

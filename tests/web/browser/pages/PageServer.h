@@ -30,6 +30,9 @@ public:
     /// All bytes of the answer; the connection ends behind them.
     void breakOff(const QByteArray &path, const QByteArray &answer);
 
+    /// A page that begins with \a body and goes on for ever.
+    void endless(const QByteArray &path, const QByteArray &body);
+
     /// Each request so far, as "GET /path".
     const QByteArrayList &requests() const { return m_requests; }
     int requestsFor(const QByteArray &path) const;
@@ -42,6 +45,7 @@ private:
     {
         QByteArray bytes;
         bool staysOpen = false;
+        bool goesOn = false;
     };
 
     void read(QTcpSocket &connection);
