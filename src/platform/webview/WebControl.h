@@ -53,8 +53,8 @@ public Q_SLOTS:
     virtual void paste() = 0;
 
 Q_SIGNALS:
-    /// A page has come in place of another one, or another place in it. The rest of it may still arrive. It may
-    /// be the engine's own page, which says why LocationURL() could not be shown.
+    /// A page has come in place of another one, or another place in it. The rest of it may still arrive. It
+    /// may be the engine's own page, which says why LocationURL() could not be shown.
     void NavigateComplete();
     /// Nothing more arrives of a page, whether all of it has or not; also when the page changes its title
     /// after that.

@@ -62,7 +62,7 @@ private:
     EngineView *m_view;
     bool m_isAsked = false; ///< to load; the page has not begun yet
     bool m_isLoading = false;
-    QUrl m_announced; ///< the address that NavigateComplete has told of since the load began
-    int m_percent = 100;                  ///< enlargement
+    QUrl m_announced;    ///< the address that NavigateComplete has told of since the load began
+    int m_percent = 100; ///< enlargement
     QHash<quint32, Download> m_downloads; ///< by the engine's number
 };
