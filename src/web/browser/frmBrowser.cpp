@@ -185,6 +185,7 @@ void frmBrowser::WebBrowser2_SaveWanted(const QString &suggestedName, QString &p
 {
     CommonDialog dialog(this);
     dialog.DialogTitle = QStringLiteral("Save File");
+    dialog.Filter = QStringLiteral("All Files (*.*)|*.*");
     dialog.InitDir = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
     dialog.FileName = PageBox::suggestedName(suggestedName);
     dialog.Flags = CommonDialog::OverwritePrompt | CommonDialog::HideReadOnly;
@@ -199,6 +200,7 @@ void frmBrowser::WebBrowser2_FileWanted(QString &path)
 {
     CommonDialog dialog(this);
     dialog.DialogTitle = QStringLiteral("Send File");
+    dialog.Filter = QStringLiteral("All Files (*.*)|*.*");
     dialog.Flags = CommonDialog::HideReadOnly;
     dialog.CancelError = true;
     ignoreErrors([&] {

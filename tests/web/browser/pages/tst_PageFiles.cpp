@@ -63,7 +63,10 @@ struct PageFilesTest : testing::Test
 TEST_F(PageFilesTest, AnOfferedFileIsSavedWhereTheUserSays)
 {
     offer("a.bin");
-    expectSave().suggests(QStringLiteral("a.bin")).accept(place("b.bin"));
+    expectSave()
+        .suggests(QStringLiteral("a.bin"))
+        .filters({QStringLiteral("All Files (*.*)")})
+        .accept(place("b.bin"));
     expectSaved(QStringLiteral("b.bin"));
     browser.visit(QStringLiteral("/file"));
     waitForDialogs(2);
@@ -171,7 +174,7 @@ TEST_F(SentFileTest, APageGetsTheFileThatTheUserChooses)
 {
     folder.addFile("a.txt", "mine");
     showClickable("f.click()");
-    expectSend().accept(place("a.txt"));
+    expectSend().filters({QStringLiteral("All Files (*.*)")}).accept(place("a.txt"));
     browser.clickPage();
     browser.waitForTitle(QStringLiteral("1a.txt"));
 }
