@@ -53,7 +53,6 @@ bool frmBrowser::Form_QueryUnload()
 void frmBrowser::Form_Unload()
 {
     timTimer->stop();
-    WebBrowser2->cancelReceiving();
     WebBrowser2->Stop();
 }
 

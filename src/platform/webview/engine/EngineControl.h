@@ -30,7 +30,6 @@ public:
     bool Busy() const override { return m_isAsked || m_isLoading; }
     void zoom(int steps) override;
     bool isReceiving() const override;
-    void cancelReceiving() override;
 
     void undo() override;
     void cut() override;
@@ -55,6 +54,7 @@ private:
     void refused();
     void offered(QWebEngineDownloadRequest *download);
     void receive(QWebEngineDownloadRequest &download, const QString &path);
+    void cancelReceiving();
     void received(const QWebEngineDownloadRequest &download);
 
     std::shared_ptr<WebProfile> m_profile; ///< longer than the page
