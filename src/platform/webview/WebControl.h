@@ -40,10 +40,9 @@ public:
     /// Enlarges what is shown by \a steps, each of a tenth, within 30 % and 300 %; 0 puts the usual size
     /// back.
     virtual void zoom(int steps) = 0;
-    /// A file that a page has offered is being received.
+    /// A file that a page has offered is being received. With the control it is given up, and nothing of it
+    /// is left.
     virtual bool isReceiving() const = 0;
-    /// Gives up what is being received; nothing of it is left.
-    virtual void cancelReceiving() = 0;
 
 public Q_SLOTS:
     // These act on what is selected in the page, or on the field of it that has the focus.
@@ -53,7 +52,8 @@ public Q_SLOTS:
     virtual void paste() = 0;
 
 Q_SIGNALS:
-    /// A page has come in place of another one, or another place in it.
+    /// A page has come in place of another one, or another place in it. The rest of it may still arrive. It
+    /// may be the engine's own page, which says why LocationURL() could not be shown.
     void NavigateComplete();
     /// Nothing more arrives of a page, whether all of it has or not; also when the page changes its title
     /// after that.

@@ -20,7 +20,6 @@ public:
     bool Busy() const override { return false; }
     void zoom(int) override {}
     bool isReceiving() const override { return false; }
-    void cancelReceiving() override {}
 
     void undo() override {}
     void cut() override {}

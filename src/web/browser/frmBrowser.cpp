@@ -22,6 +22,9 @@ constexpr int enterKey = 13;
 constexpr int longestTitle = 256;    // letters of a page's title
 constexpr int longestAddress = 8192; // letters of an entry of the list
 
+/// Of the window's own boxes: its title may be a page's.
+const QString ownTitle = QStringLiteral("Tallowick Web Browser");
+
 } // namespace
 
 void frmBrowser::Form_Load()
@@ -44,13 +47,12 @@ bool frmBrowser::Form_QueryUnload()
     return !WebBrowser2->isReceiving() ||
            Ask(QStringLiteral("A file is still being received. Close the window and give the file up?"),
                MsgBoxStyle::YesNo | MsgBoxStyle::Question | MsgBoxStyle::DefaultButton2,
-               Caption()) == MsgBoxReply::Yes;
+               ownTitle) == MsgBoxReply::Yes;
 }
 
 void frmBrowser::Form_Unload()
 {
     timTimer->stop();
-    WebBrowser2->cancelReceiving();
     WebBrowser2->Stop();
 }
 
@@ -175,13 +177,14 @@ void frmBrowser::WebBrowser2_PageCrashed()
         return;
     timTimer->stop();
     Ask(QStringLiteral("The page has stopped working. Refresh loads it again."), MsgBoxStyle::Exclamation,
-        Caption());
+        ownTitle);
 }
 
 void frmBrowser::WebBrowser2_SaveWanted(const QString &suggestedName, QString &path)
 {
     CommonDialog dialog(this);
     dialog.DialogTitle = QStringLiteral("Save File");
+    dialog.Filter = QStringLiteral("All Files (*.*)|*.*");
     dialog.InitDir = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
     dialog.FileName = PageBox::suggestedName(suggestedName);
     dialog.Flags = CommonDialog::OverwritePrompt | CommonDialog::HideReadOnly;
@@ -196,6 +199,7 @@ void frmBrowser::WebBrowser2_FileWanted(QString &path)
 {
     CommonDialog dialog(this);
     dialog.DialogTitle = QStringLiteral("Send File");
+    dialog.Filter = QStringLiteral("All Files (*.*)|*.*");
     dialog.Flags = CommonDialog::HideReadOnly;
     dialog.CancelError = true;
     ignoreErrors([&] {
@@ -210,8 +214,8 @@ void frmBrowser::WebBrowser2_Received(const QString &path, const QString &failur
         return;
     const QString name = ShownText::line(QFileInfo(path).fileName());
     if (failure.isEmpty())
-        Ask(QStringLiteral("%1 has been saved.").arg(name), MsgBoxStyle::Information, Caption());
+        Ask(QStringLiteral("%1 has been saved.").arg(name), MsgBoxStyle::Information, ownTitle);
     else
         Ask(QStringLiteral("%1 could not be received: %2.").arg(name, failure), MsgBoxStyle::Exclamation,
-            Caption());
+            ownTitle);
 }

@@ -22,7 +22,6 @@ public:
     bool Busy() const override { return isBusy; }
     void zoom(int steps) override { calls << QStringLiteral("zoom %1").arg(steps); }
     bool isReceiving() const override { return false; }
-    void cancelReceiving() override {}
     void undo() override {}
     void cut() override {}
     void copy() override {}

@@ -9,6 +9,26 @@
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineHistory>
 
+namespace {
+
+/// Why \a download has not come; empty where it has. The engine's own texts fit only some of its reasons.
+QString failureOf(const QWebEngineDownloadRequest &download)
+{
+    using Download = QWebEngineDownloadRequest;
+    if (download.state() == Download::DownloadCompleted)
+        return {};
+    if (download.state() == Download::DownloadCancelled) // by the engine
+        return QStringLiteral("its folder cannot be written to");
+    const Download::DownloadInterruptReason reason = download.interruptReason();
+    if (reason == Download::FileNoSpace)
+        return QStringLiteral("the disk is full");
+    if (reason > Download::NoReason && reason < Download::NetworkFailed)
+        return QStringLiteral("the file cannot be written");
+    return QStringLiteral("the server has not sent all of it");
+}
+
+} // namespace
+
 EngineControl::EngineControl(std::shared_ptr<WebProfile> profile, QWidget *parent)
     : WebControl(parent)
     , m_profile(std::move(profile))
@@ -111,24 +131,31 @@ void EngineControl::loadStarted()
 {
     m_isAsked = false;
     m_isLoading = true;
+    m_announced.clear();
 }
 
 void EngineControl::loadFinished(bool isWhole)
 {
     m_isAsked = false;
     m_isLoading = false;
-    if (isWhole)
-        Q_EMIT NavigateComplete();
+    if (isWhole && m_announced != LocationURL())
+        announce();
     Q_EMIT DownloadComplete();
 }
 
-/// Of a page that is being loaded the address comes first; otherwise it is another place in the same page.
+/// A page that is being loaded may go on to other places in it, of which only the last one counts.
 void EngineControl::urlChanged()
 {
     m_page->setZoomFactor(m_percent / 100.0);
-    if (m_isLoading)
+    if (m_isLoading && !m_announced.isEmpty())
         return;
     m_isAsked = false;
+    announce();
+}
+
+void EngineControl::announce()
+{
+    m_announced = LocationURL();
     Q_EMIT NavigateComplete();
 }
 
@@ -178,11 +205,16 @@ void EngineControl::paste()
 
 // ---- Files that pages offer
 
-/// Every control hears of every file. One that nobody accepts is refused by the engine.
+/// Every control hears of every file. One that nobody accepts is refused by the engine. A file that breaks
+/// off is offered some times more, and comes to its place without a question.
 void EngineControl::offered(QWebEngineDownloadRequest *download)
 {
     if (download->page() != m_page.get())
         return;
+    if (const auto earlier = m_downloads.constFind(download->id()); earlier != m_downloads.cend()) {
+        receive(*download, QString(earlier->path));
+        return;
+    }
     m_isAsked = false; // where the user has asked for the file, there will be no page
     const QPointer<QWebEngineDownloadRequest> request(download); // may go while the user is asked
     QString path;
@@ -193,23 +225,32 @@ void EngineControl::offered(QWebEngineDownloadRequest *download)
 
 void EngineControl::receive(QWebEngineDownloadRequest &download, const QString &path)
 {
-    m_downloads.append(&download);
-    connect(&download, &QWebEngineDownloadRequest::isFinishedChanged, this,
-            [this, &download, path] { received(download, path); });
+    m_downloads.insert(download.id(), {&download, path});
+    connect(&download, &QWebEngineDownloadRequest::stateChanged, this, [this, &download](auto state) {
+        if (state != QWebEngineDownloadRequest::DownloadInProgress)
+            received(download);
+    });
     const QFileInfo place(path);
     download.setDownloadDirectory(place.path());
     download.setDownloadFileName(place.fileName());
     download.accept();
 }
 
-void EngineControl::received(const QWebEngineDownloadRequest &download, const QString &path)
+void EngineControl::received(const QWebEngineDownloadRequest &download)
 {
-    m_downloads.removeOne(&download);
-    const bool isWhole = download.state() == QWebEngineDownloadRequest::DownloadCompleted;
-    const QString failure = isWhole ? QString() : download.interruptReasonString();
+    const auto [request, path] = m_downloads.take(download.id());
+    if (!request)
+        return; // given up
+    const QString failure = failureOf(download);
     // Later, as what hears of it may close the window.
     QMetaObject::invokeMethod(
-        this, [this, path, failure] { Q_EMIT Received(path, failure); }, Qt::QueuedConnection);
+        this,
+        [this, request, path, failure] {
+            if (request)
+                request->cancel(); // so that the engine keeps nothing of a file that has broken off
+            Q_EMIT Received(path, failure);
+        },
+        Qt::QueuedConnection);
 }
 
 bool EngineControl::isReceiving() const
@@ -219,10 +260,8 @@ bool EngineControl::isReceiving() const
 
 void EngineControl::cancelReceiving()
 {
-    for (const QPointer<QWebEngineDownloadRequest> &download : std::exchange(m_downloads, {})) {
-        if (!download)
-            continue;
-        disconnect(download, nullptr, this, nullptr);
-        download->cancel();
+    for (const auto &[request, path] : std::exchange(m_downloads, {})) {
+        if (request)
+            request->cancel();
     }
 }

@@ -2,7 +2,7 @@
 
 #include "WebControl.h"
 
-#include <QList>
+#include <QHash>
 #include <QPointer>
 #include <memory>
 
@@ -30,7 +30,6 @@ public:
     bool Busy() const override { return m_isAsked || m_isLoading; }
     void zoom(int steps) override;
     bool isReceiving() const override;
-    void cancelReceiving() override;
 
     void undo() override;
     void cut() override;
@@ -38,22 +37,32 @@ public:
     void paste() override;
 
 private:
+    /// A file that is being received.
+    struct Download
+    {
+        QPointer<QWebEngineDownloadRequest> request;
+        QString path;
+    };
+
     void bindPage();
     void begin();
     void loadStarted();
     void loadFinished(bool isWhole);
     void urlChanged();
+    void announce();
     void titleChanged();
     void refused();
     void offered(QWebEngineDownloadRequest *download);
     void receive(QWebEngineDownloadRequest &download, const QString &path);
-    void received(const QWebEngineDownloadRequest &download, const QString &path);
+    void cancelReceiving();
+    void received(const QWebEngineDownloadRequest &download);
 
     std::shared_ptr<WebProfile> m_profile; ///< longer than the page
     std::unique_ptr<EnginePage> m_page;
     EngineView *m_view;
     bool m_isAsked = false; ///< to load; the page has not begun yet
     bool m_isLoading = false;
+    QUrl m_announced;    ///< the address that NavigateComplete has told of since the load began
     int m_percent = 100; ///< enlargement
-    QList<QPointer<QWebEngineDownloadRequest>> m_downloads;
+    QHash<quint32, Download> m_downloads; ///< by the engine's number
 };

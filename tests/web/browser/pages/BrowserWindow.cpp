@@ -123,8 +123,10 @@ QString BrowserWindow::shownTitle() const
 
 QByteArray BrowserWindow::titleWhenPainted(const QByteArray &title)
 {
-    return "<script>requestAnimationFrame(() => requestAnimationFrame(() => document.title = '" + title +
-           "'))</script>";
+    return "<script>new PerformanceObserver(seen => { if "
+           "(seen.getEntriesByName('first-contentful-paint').length) "
+           "document.title = '" +
+           title + "' }).observe({type: 'paint', buffered: true})</script>";
 }
 
 /// Sleeps between two events: what polls makes each page take a second.

@@ -35,7 +35,8 @@ public:
     QString shownTitle() const;
     static QString caption(const QString &title);
 
-    /// What gives a page its title when it is on the screen: the engine drops all input before that.
+    /// What gives a page with some text its title when it is on the screen: the engine drops all input before
+    /// that.
     static QByteArray titleWhenPainted(const QByteArray &title);
 
     static void waitFor(const std::function<bool()> &condition);

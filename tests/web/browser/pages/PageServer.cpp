@@ -80,6 +80,16 @@ void PageServer::raw(const QByteArray &path, const QByteArray &answer)
     m_answers[path] = {answer, true};
 }
 
+void PageServer::breakOff(const QByteArray &path, const QByteArray &answer)
+{
+    m_answers[path] = {answer};
+}
+
+void PageServer::endless(const QByteArray &path, const QByteArray &body)
+{
+    m_answers[path] = {"HTTP/1.1 200 OK\r\nContent-Type: text/html\r\n\r\n" + body, true, true};
+}
+
 int PageServer::requestsFor(const QByteArray &path) const
 {
     return int(m_requests.count("GET " + path));
@@ -105,6 +115,11 @@ void PageServer::read(QTcpSocket &connection)
     const QByteArrayList words = request.left(request.indexOf('\r')).split(' ');
     m_requests << words.value(0) + ' ' + words.value(1);
     const Answer answer = answerTo(words.value(1));
+    if (answer.goesOn)
+        connect(&connection, &QTcpSocket::bytesWritten, &connection, [&connection] {
+            if (connection.bytesToWrite() == 0)
+                connection.write(QByteArray(4096, 'x'));
+        });
     connection.write(answer.bytes);
     if (!answer.staysOpen)
         connection.disconnectFromHost();

@@ -27,6 +27,11 @@ public:
     void redirect(const QByteArray &path, const QByteArray &target);
     /// All bytes of the answer; the connection stays open behind them.
     void raw(const QByteArray &path, const QByteArray &answer);
+    /// All bytes of the answer; the connection ends behind them.
+    void breakOff(const QByteArray &path, const QByteArray &answer);
+
+    /// A page that begins with \a body and goes on for ever.
+    void endless(const QByteArray &path, const QByteArray &body);
 
     /// Each request so far, as "GET /path".
     const QByteArrayList &requests() const { return m_requests; }
@@ -40,6 +45,7 @@ private:
     {
         QByteArray bytes;
         bool staysOpen = false;
+        bool goesOn = false;
     };
 
     void read(QTcpSocket &connection);

@@ -8,17 +8,28 @@ namespace {
 struct PageBoxesTest : testing::Test
 {
     BrowserWindow browser;
+    /// Pages ask only those who have clicked.
+    const QByteArray leavingAsks = "onbeforeunload = e => { e.preventDefault(); e.returnValue = 'x' };"
+                                   "onclick = () => document.title = 'clicked'";
 
     QString asked() const { return QStringLiteral("The page of %1 says:").arg(browser.server.host()); }
     BoxStep &expect(const char *text)
     {
         return browser.frame.dialogs.expectBox(asked(), QString::fromUtf8(text));
     }
-    void show(const QByteArray &script, const char *title)
+    void showPage(const QByteArray &script, const QByteArray &body, const char *title)
     {
-        browser.server.page("/", "<!doctype html><meta charset=utf-8><script>" + script + "</script><body>x");
+        browser.server.page("/", "<!doctype html><meta charset=utf-8><script>" + script + "</script><body>x" +
+                                     body);
         browser.open(QStringLiteral("/"));
         browser.waitForTitle(QString::fromUtf8(title));
+    }
+    /// Until \a script has given the page its title \a title.
+    void show(const QByteArray &script, const char *title) { showPage(script, {}, title); }
+    /// Until the page hears clicks.
+    void showPainted(const QByteArray &script)
+    {
+        showPage(script, BrowserWindow::titleWhenPainted("done"), "done");
     }
 };
 
@@ -50,11 +61,10 @@ TEST_F(PageBoxesTest, AFloodEndsAfterThreeUntilTheNextInput)
 {
     for (int i = 0; i < 3; ++i)
         expect("again");
-    show("for (let i = 0; i < 1000; ++i) alert('again');"
-         "addEventListener('click', () => { for (let i = 0; i < 1000; ++i) confirm('more'); document.title = "
-         "'clicked' })</script>" +
-             BrowserWindow::titleWhenPainted("done") + "<script>",
-         "done");
+    showPainted(
+        "for (let i = 0; i < 1000; ++i) alert('again');"
+        "addEventListener('click', () => { for (let i = 0; i < 1000; ++i) confirm('more'); document.title = "
+        "'clicked' })");
     EXPECT_EQ(browser.frame.dialogs.seen().size(), 3);
     for (int i = 0; i < 3; ++i)
         expect("more");
@@ -89,9 +99,9 @@ TEST_F(PageBoxesTest, ManyLinesAreCut)
 TEST_F(PageBoxesTest, LeavingIsAskedForAfterAnInput)
 {
     browser.server.titled("/b", "second");
-    show("onbeforeunload = e => { e.preventDefault(); e.returnValue = 'x' }; document.title = 'first'",
-         "first");
+    showPainted(leavingAsks);
     browser.clickPage();
+    browser.waitForTitle(QStringLiteral("clicked"));
     expect("Are you sure you want to leave this page? Changes that you made may not be saved.")
         .press(QMessageBox::Ok);
     browser.visit(QStringLiteral("/b"));
@@ -100,9 +110,9 @@ TEST_F(PageBoxesTest, LeavingIsAskedForAfterAnInput)
 
 TEST_F(PageBoxesTest, TheWindowClosesWhateverThePageWants)
 {
-    show("onbeforeunload = e => { e.preventDefault(); e.returnValue = 'x' }; document.title = 'first'",
-         "first");
+    showPainted(leavingAsks);
     browser.clickPage();
+    browser.waitForTitle(QStringLiteral("clicked"));
     browser.press("Exit");
     browser.waitFor([&] { return !browser.isOpen(); });
 }

@@ -16,10 +16,11 @@ struct PageTroubleTest : testing::Test
         browser.open(QStringLiteral("/"));
         browser.waitForTitle(title);
     }
-    void expectCrash(const QString &title)
+    void expectCrash()
     {
         browser.frame.dialogs
-            .expectBox(title, QStringLiteral("The page has stopped working. Refresh loads it again."))
+            .expectBox(QStringLiteral("Tallowick Web Browser"),
+                       QStringLiteral("The page has stopped working. Refresh loads it again."))
             .icon(QMessageBox::Warning);
     }
     /// Kills the page's process and waits until the user has been told.
@@ -87,7 +88,7 @@ TEST_F(PageTroubleTest, AKilledPageIsToldAndLoadedAgain)
 {
     show("<title>one</title>", QStringLiteral("one"));
     for (int i = 0; i < 2; ++i) {
-        expectCrash(browser.form().Caption());
+        expectCrash();
         kill();
         EXPECT_FALSE(browser.control().Busy());
         browser.press("Refresh");
@@ -136,8 +137,8 @@ TEST_F(PageTroubleTest, ManyPlacesInOnePageDoNotFillTheList)
     show("<script>for (let i = 0; i < 100; ++i) history.replaceState(0, '', '#' + i); document.title = "
          "'done'</script>",
          QStringLiteral("done"));
-    EXPECT_LE(browser.list().size(), 101);
-    EXPECT_EQ(browser.control().LocationURL().fragment(), QStringLiteral("99"));
+    EXPECT_LE(browser.list().size(), 2);
+    EXPECT_EQ(browser.list().constFirst(), browser.server.address(QStringLiteral("/#99")));
 }
 
 TEST_F(PageTroubleTest, AnAddressOfAMegabyteIsNoEntry)

@@ -168,6 +168,24 @@ TEST_F(PagesTest, StopEndsAPageThatDoesNotArrive)
     visit("/b");
 }
 
+TEST_F(PagesTest, AnEndlessPageHasItsAddressAndCanBeStopped)
+{
+    browser.server.endless("/endless", "<title>endless</title><body>");
+    browser.server.page("/", "<body onclick=\"location = '/endless'\">x" +
+                                 BrowserWindow::titleWhenPainted("start"));
+    browser.open(QStringLiteral("/"));
+    browser.waitForTitle(QStringLiteral("start"));
+    browser.clickPage();
+    browser.waitFor([&] { return browser.control().LocationName() == QStringLiteral("endless"); });
+    EXPECT_EQ(browser.box().Text(), at("/endless"));
+    EXPECT_EQ(browser.list(), QStringList({at("/endless"), at("/")}));
+    EXPECT_TRUE(browser.control().Busy());
+    browser.press("Stop");
+    browser.waitFor([&] { return !browser.control().Busy(); });
+    EXPECT_EQ(browser.form().Caption(), BrowserWindow::caption(QStringLiteral("endless")));
+    press("Back", "start");
+}
+
 TEST_F(PagesTest, StopWithoutAPageOnTheWayRewritesTheTitleOnly)
 {
     browser.open();
@@ -187,7 +205,7 @@ TEST_F(PagesTest, AServerThatDoesNotAnswerEndsTheWork)
     gone.close();
     browser.enter(address);
     browser.waitFor([&] { return !browser.control().Busy(); });
-    EXPECT_EQ(browser.list(), QStringList());
+    EXPECT_EQ(browser.list(), QStringList(address));
     visit("/a");
 }
 
