@@ -1,0 +1,61 @@
+#include "SideTabBar.h"
+
+#include "EventGate.h"
+
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOptionFocusRect>
+
+namespace {
+
+constexpr int indent = 8; // pixels, on both sides of a caption
+
+} // namespace
+
+SideTabBar::SideTabBar(QWidget *parent)
+    : QTabBar(parent)
+{
+    setShape(RoundedWest);
+}
+
+/// Qt lays the tabs of a column out for captions that are turned.
+QSize SideTabBar::tabSizeHint(int index) const
+{
+    const QSize caption = fontMetrics().size(Qt::TextShowMnemonic, tabText(index));
+    return {caption.width() + 3 * indent, QTabBar::tabSizeHint(index).width()};
+}
+
+QSize SideTabBar::minimumTabSizeHint(int index) const
+{
+    return tabSizeHint(index);
+}
+
+void SideTabBar::paintEvent(QPaintEvent *)
+{
+    runPainting([&] {
+        QPainter painter(this);
+        for (int i = 0; i < count(); ++i) {
+            if (i != currentIndex() && isTabVisible(i))
+                paintTab(painter, i);
+        }
+        if (currentIndex() >= 0)
+            paintTab(painter, currentIndex()); // above its neighbours
+    });
+}
+
+void SideTabBar::paintTab(QPainter &painter, int index) const
+{
+    QStyleOptionTab tab;
+    initStyleOption(&tab, index);
+    style()->drawControl(QStyle::CE_TabBarTabShape, &tab, &painter, this);
+    const QRect text = tab.rect.adjusted(indent, 0, -indent, 0);
+    style()->drawItemText(&painter, text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic,
+                          tab.palette, isTabEnabled(index), tab.text, QPalette::WindowText);
+    if (!(tab.state & QStyle::State_HasFocus) || index != currentIndex())
+        return;
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    focus.rect = tab.rect.adjusted(3, 3, -3, -3);
+    focus.backgroundColor = tab.palette.window().color();
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+}
