@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Form.h"
 #include "RunningSuite.h"
 #include "ScratchProgramFolder.h"
 #include "TabStrip.h"

@@ -1,3 +1,4 @@
+#include "ChildForm.h"
 #include "Forms.h"
 #include "Globals.h"
 #include "HelpTable.h"
@@ -35,6 +36,11 @@ struct HelpTopicTest : testing::TestWithParam<HelpTable::Row>
 {
     HelpWindow help;
 };
+
+std::string topicName(const testing::TestParamInfo<HelpTable::Row> &info)
+{
+    return "Index" + std::to_string(info.param.index);
+}
 
 struct HelpPrintTest : HelpContentsTest
 {
@@ -148,8 +154,7 @@ TEST_P(HelpTopicTest, ItsButtonOpensItsFileInThePane)
     EXPECT_TRUE(help.topic(row.index).isVisible());
 }
 
-INSTANTIATE_TEST_SUITE_P(All, HelpTopicTest, testing::ValuesIn(HelpTable::rows),
-                         [](const auto &info) { return "Index" + std::to_string(info.param.index); });
+INSTANTIATE_TEST_SUITE_P(All, HelpTopicTest, testing::ValuesIn(HelpTable::rows), topicName);
 
 TEST_F(HelpContentsTest, TheTabsAreInTheirOrder)
 {
