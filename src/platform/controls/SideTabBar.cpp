@@ -2,6 +2,7 @@
 
 #include "EventGate.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFocusRect>
@@ -28,6 +29,21 @@ QSize SideTabBar::tabSizeHint(int index) const
 QSize SideTabBar::minimumTabSizeHint(int index) const
 {
     return tabSizeHint(index);
+}
+
+/// Qt knows the keys of a row alone.
+void SideTabBar::keyPressEvent(QKeyEvent *event)
+{
+    run([&] {
+        const bool isUp = event->key() == Qt::Key_Up;
+        if (!isUp && event->key() != Qt::Key_Down) {
+            QTabBar::keyPressEvent(event);
+            return;
+        }
+        const Qt::Key key = isUp != isRightToLeft() ? Qt::Key_Left : Qt::Key_Right;
+        QKeyEvent inRow(event->type(), key, event->modifiers());
+        QTabBar::keyPressEvent(&inRow);
+    });
 }
 
 void SideTabBar::paintEvent(QPaintEvent *)

@@ -102,6 +102,7 @@ void frmHelpContents::layOut()
 void frmHelpContents::takePaneToTab()
 {
     static_cast<QVBoxLayout *>(SSTab1->currentWidget()->layout())->addWidget(RichTextBox1, 1);
+    RichTextBox1->show(); // another parent has hidden it
 }
 
 void frmHelpContents::bind()

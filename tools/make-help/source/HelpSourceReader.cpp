@@ -37,6 +37,8 @@ HelpSource HelpSourceReader::read(const QString &text)
 
 void HelpSourceReader::readLine(const QString &line)
 {
+    if (std::ranges::any_of(line, [](QChar c) { return c < u' '; }))
+        throw HelpError{m_line, QStringLiteral("a tab or another control character")};
     if (m_line > 1 && line.trimmed().isEmpty()) {
         m_isOpen = false;
         return;
