@@ -9,7 +9,8 @@
 
 namespace {
 
-constexpr int indent = 8; // pixels, on both sides of a caption
+constexpr int indent = 8;    // pixels, on both sides of a caption
+constexpr int markWidth = 3; // pixels, of what shows which tab is in front
 
 } // namespace
 
@@ -64,6 +65,9 @@ void SideTabBar::paintTab(QPainter &painter, int index) const
     QStyleOptionTab tab;
     initStyleOption(&tab, index);
     style()->drawControl(QStyle::CE_TabBarTabShape, &tab, &painter, this);
+    if (index == currentIndex())
+        painter.fillRect(QRect(tab.rect.topLeft(), QSize(markWidth, tab.rect.height())),
+                         tab.palette.highlight());
     const QRect text = tab.rect.adjusted(indent, 0, -indent, 0);
     style()->drawItemText(&painter, text, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextShowMnemonic,
                           tab.palette, isTabEnabled(index), tab.text, QPalette::WindowText);
