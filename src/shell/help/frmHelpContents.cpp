@@ -101,7 +101,7 @@ void frmHelpContents::layOut()
 /// One pane serves all tabs: it is on the page in front.
 void frmHelpContents::takePaneToTab()
 {
-    static_cast<QVBoxLayout *>(SSTab1->currentWidget()->layout())->addWidget(RichTextBox1, 1);
+    static_cast<QVBoxLayout *>(SSTab1->currentWidget()->layout())->addWidget(RichTextBox1);
     RichTextBox1->show(); // another parent has hidden it
 }
 
