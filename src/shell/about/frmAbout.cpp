@@ -13,8 +13,8 @@
 
 namespace {
 
-constexpr int imageSize = 64;     // pixels
-constexpr int columnOfTexts = 52; // characters
+constexpr int aboutImageSize = 64;  // pixels
+constexpr int disclaimerWidth = 52; // characters
 
 const QString disclaimer = QStringLiteral(
     "Copyright \u00A9 2026 Tallowick. All rights reserved. This program comes without any warranty: whoever "
@@ -34,7 +34,7 @@ frmAbout::frmAbout()
     const QIcon icon(QStringLiteral(":/quill-office-tools.svg"));
     setWindowIcon(icon);
     auto *Image1 = named<QLabel>("Image1", QString(), QStringLiteral("Icon of the suite"));
-    Image1->setPixmap(icon.pixmap(QSize(imageSize, imageSize), devicePixelRatio()));
+    Image1->setPixmap(icon.pixmap(QSize(aboutImageSize, aboutImageSize), devicePixelRatio()));
     auto *upper = new QHBoxLayout;
     upper->addWidget(Image1, 0, Qt::AlignTop);
     upper->addLayout(buildTexts(), 1);
@@ -63,7 +63,7 @@ QLayout *frmAbout::buildTexts()
     }
     column->insertSpacing(column->indexOf(lblDisclaimer), fontMetrics().lineSpacing() / 2);
     column->addStretch();
-    lblDisclaimer->setMinimumWidth(columnOfTexts * fontMetrics().averageCharWidth());
+    lblDisclaimer->setMinimumWidth(disclaimerWidth * fontMetrics().averageCharWidth());
     return column;
 }
 

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr int columnOfTexts = 40; // characters
+constexpr int longestName = 40; // characters
 
 } // namespace
 
@@ -35,7 +35,7 @@ frmProperties::frmProperties()
     details->addRow(QStringLiteral("Size:"), lblSize);
     details->addRow(QStringLiteral("Attributes:"), lblAttr);
     lblFileName->setWordWrap(true);
-    lblFileName->setMinimumWidth(columnOfTexts * fontMetrics().averageCharWidth());
+    lblFileName->setMinimumWidth(longestName * fontMetrics().averageCharWidth());
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
     buttons->addWidget(cmdRefresh);
