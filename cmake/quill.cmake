@@ -152,21 +152,29 @@ endfunction()
 set(QUILL_DATABASE ${CMAKE_BINARY_DIR}/data/data97.mdb)
 set(QUILL_DATABASE_SCHEMA ${CMAKE_SOURCE_DIR}/src/addressbook/database/schema.sql)
 
+# The documents of the help, which tools/make-help makes from these sources.
+set(QUILL_HELP ${CMAKE_BINARY_DIR}/data/help)
+file(GLOB QUILL_HELP_SOURCES CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/data/help/*.md)
+set(QUILL_HELP_DOCUMENTS ${QUILL_HELP_SOURCES})
+list(TRANSFORM QUILL_HELP_DOCUMENTS REPLACE "^.*/(.*)\\.md$" "${QUILL_HELP}/\\1.rtf")
+
 # The suite's data in a folder of the build tree, brought up to date by the target name. A database that is there is
 # left alone: it may have contacts in it.
 function(quill_data name folder)
     file(GLOB_RECURSE data CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/data/*)
     set(stamp ${CMAKE_BINARY_DIR}/${name}.stamp)
-    set(database ${CMAKE_BINARY_DIR}/${folder}/data97.mdb)
+    set(to ${CMAKE_BINARY_DIR}/${folder})
     add_custom_command(OUTPUT ${stamp}
-        COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/data ${CMAKE_BINARY_DIR}/${folder}
-        COMMAND chmod 600 ${CMAKE_BINARY_DIR}/${folder}/ftpprof.dat # it holds passwords
-        COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/${folder}/upgrade # which the suite does not make
-        COMMAND sh -c "test -e \"$1\" || install -m 600 \"$0\" \"$1\"" ${QUILL_DATABASE} ${database}
+        COMMAND ${CMAKE_COMMAND} -E copy_directory ${CMAKE_SOURCE_DIR}/data ${to}
+        COMMAND sh -c "rm -rf \"$0\"/*.md \"$0\"/pictures" ${to}/help # the sources of what follows
+        COMMAND ${CMAKE_COMMAND} -E copy_directory ${QUILL_HELP} ${to}/help
+        COMMAND chmod 600 ${to}/ftpprof.dat # it holds passwords
+        COMMAND ${CMAKE_COMMAND} -E make_directory ${to}/upgrade # which the suite does not make
+        COMMAND sh -c "test -e \"$1\" || install -m 600 \"$0\" \"$1\"" ${QUILL_DATABASE} ${to}/data97.mdb
         COMMAND ${CMAKE_COMMAND} -E touch ${stamp}
-        DEPENDS ${data} ${QUILL_DATABASE} COMMENT "Data in ${folder}" VERBATIM)
+        DEPENDS ${data} ${QUILL_DATABASE} ${QUILL_HELP_DOCUMENTS} COMMENT "Data in ${folder}" VERBATIM)
     add_custom_target(${name} ALL DEPENDS ${stamp})
-    add_dependencies(${name} address-database)
+    add_dependencies(${name} address-database help-documents)
 endfunction()
 
 # The tests' sources share the precompiled headers of what every test program starts with.

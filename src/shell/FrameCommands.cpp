@@ -1,9 +1,7 @@
 #include "FrameCommands.h"
 
 #include "Ask.h"
-#include "ComingCommands.h"
 #include "EditCommands.h"
-#include "Forms.h"
 #include "LocalAddress.h"
 #include "SystemShortcuts.h"
 #include "ToolOpenings.h"
@@ -131,10 +129,7 @@ const ToolOpenings::Row *openingNamed(const QString &name)
 
 void FrameCommands::run(const QString &name, frmMain &frame)
 {
-    const ToolOpenings::Row *opening = openingNamed(name);
-    if (opening && !Forms::isRegistered(QString::fromLatin1(opening->window)))
-        ComingCommands::announce();
-    else if (opening)
+    if (const ToolOpenings::Row *opening = openingNamed(name))
         ToolOpenings::open(*opening, frame);
     else if (const Command *command = commandNamed(name))
         command->run(frame, name);

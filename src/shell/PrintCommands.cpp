@@ -51,12 +51,17 @@ void PrintCommands::printselected_Click()
     bool isEmpty = false;
     resumeNext([&] { isEmpty = DocumentText::ofActiveForm().SelLength() == 0; });
     if (isEmpty) {
-        Ask(QStringLiteral("You have not selected any text!"), MsgBoxStyle::Information,
-            QStringLiteral("No text selected.."));
+        reportNoSelection();
         return;
     }
     m_frame.dlgCommonDialog().Flags |= CommonDialog::NoSelection;
     print();
+}
+
+void PrintCommands::reportNoSelection()
+{
+    Ask(QStringLiteral("You have not selected any text!"), MsgBoxStyle::Information,
+        QStringLiteral("No text selected.."));
 }
 
 void PrintCommands::mnuFilePageSetup_Click()

@@ -15,6 +15,8 @@ public:
     void printall_Click();
     /// Prints the selection; without one says so and shows no dialog.
     void printselected_Click();
+    /// The box of a selection to print that is empty.
+    static void reportNoSelection();
     /// Chooses paper, margins and printer. Needs no document.
     void mnuFilePageSetup_Click();
 

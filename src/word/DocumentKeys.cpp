@@ -28,18 +28,18 @@ void bindKey(RichTextBox &text, QKeyCombination keys, std::function<void()> hand
     on(shortcut, &QShortcut::activated, &text, std::move(handler));
 }
 
-void bindSearch(RichTextBox &text, clsFindandReplace &find)
+} // namespace
+
+void DocumentKeys::bindSearch(RichTextBox &text, clsFindandReplace &find, Opening open)
 {
-    bindKey(text, Qt::CTRL | Qt::Key_F, [&] { find.ShowReplace(text); });
+    bindKey(text, Qt::CTRL | Qt::Key_F, [&text, &find, open] { (find.*open)(text); });
     bindKey(text, Qt::Key_F3, [&] { find.FindAgain(text, FindFlag::Down); });
     bindKey(text, Qt::SHIFT | Qt::Key_F3, [&] { find.FindAgain(text, 0); });
 }
 
-} // namespace
-
 void DocumentKeys::bind(RichTextBox &text, clsFindandReplace &find, Toolbar &toolbar)
 {
-    bindSearch(text, find);
+    bindSearch(text, find, &clsFindandReplace::ShowReplace);
     for (const ButtonKey &row : buttonKeys) {
         QAction &button = toolbar.button(QString::fromLatin1(row.button));
         bindKey(text, row.keys, [&button] { button.trigger(); });

@@ -11,4 +11,9 @@ namespace DocumentKeys {
 /// the buttons of \a toolbar, which have to be enabled; Ctrl+Y restores what was undone.
 void bind(RichTextBox &text, clsFindandReplace &find, Toolbar &toolbar);
 
+using Opening = bool (clsFindandReplace::*)(RichTextBox &control);
+
+/// Gives \a text the keys of the search alone; Ctrl+F opens the dialog by \a open.
+void bindSearch(RichTextBox &text, clsFindandReplace &find, Opening open);
+
 } // namespace DocumentKeys

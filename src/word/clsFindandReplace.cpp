@@ -142,7 +142,7 @@ void clsFindandReplace::Messages_WMArrival(const FindRequest &request)
 void clsFindandReplace::FindAgain(RichTextBox &control, int upDown)
 {
     if (m_lastFind.findText.isEmpty()) {
-        ShowReplace(control);
+        open(control, !control.Locked());
         return;
     }
     m_control = &control;

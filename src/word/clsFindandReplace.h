@@ -25,7 +25,8 @@ public:
     bool ShowFind(RichTextBox &control);
     bool ShowReplace(RichTextBox &control);
     /// Searches \a control for what was last searched for, in the direction of \a upDown, which is as
-    /// UpDown(). Before the first search it opens the dialog instead.
+    /// UpDown(). Before the first search it opens the dialog instead, without controls for replacing where
+    /// the text is locked.
     void FindAgain(RichTextBox &control, int upDown);
     /// The open dialog or nullptr.
     dlgFindReplace *hWndDialog() const;

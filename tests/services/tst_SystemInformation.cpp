@@ -69,3 +69,66 @@ TEST_F(SystemInformationTest, IsUnavailableWhereTheProgramIsMissing)
     put(toolKey, QStringLiteral("PATH"), home.file(QStringLiteral("missing")));
     EXPECT_FALSE(SystemInformation::start());
 }
+
+// ---- GetKeyValue
+
+TEST_F(SystemInformationTest, ATextIsCutBeforeItsNul)
+{
+    put(toolKey, QStringLiteral("PATH"), QStringLiteral("one") + QChar(u'\0') + QStringLiteral("two"));
+    QString text;
+    EXPECT_TRUE(
+        SystemInformation::GetKeyValue(RegistryStore::Root::Machine, toolKey, QStringLiteral("PATH"), text));
+    EXPECT_EQ(text, QStringLiteral("one"));
+}
+
+TEST_F(SystemInformationTest, ANumberIsItsBytesFromTheHighest)
+{
+    const QString name = QStringLiteral("Number");
+    for (const auto &[number, wanted] :
+         {std::pair(0x12345678u, "&h12345678"), std::pair(0x00000010u, "&h00010"),
+          std::pair(0x0A0B0C0Du, "&hABCD"), std::pair(0u, "&h0000")}) {
+        RegistryStore().setValue(RegistryStore::Root::User, toolKey, name, {RegistryType::Number, number});
+        QString text;
+        EXPECT_TRUE(SystemInformation::GetKeyValue(RegistryStore::Root::User, toolKey, name, text));
+        EXPECT_EQ(text, QLatin1String(wanted));
+    }
+}
+
+TEST_F(SystemInformationTest, WhatIsMissingIsNotRead)
+{
+    put(toolKey, QStringLiteral("PATH"), QStringLiteral("text"));
+    QString text = QStringLiteral("old");
+    EXPECT_FALSE(SystemInformation::GetKeyValue(RegistryStore::Root::Machine, folderKey,
+                                                QStringLiteral("PATH"), text));
+    EXPECT_EQ(text, QString());
+    text = QStringLiteral("old");
+    EXPECT_FALSE(
+        SystemInformation::GetKeyValue(RegistryStore::Root::Machine, toolKey, QStringLiteral("X"), text));
+    EXPECT_EQ(text, QString());
+    EXPECT_FALSE(
+        SystemInformation::GetKeyValue(RegistryStore::Root::User, toolKey, QStringLiteral("PATH"), text));
+}
+
+TEST_F(SystemInformationTest, ATextLongerThanTheBufferIsNotRead)
+{
+    QString text;
+    put(toolKey, QStringLiteral("PATH"), QString(1023, u'x'));
+    EXPECT_TRUE(
+        SystemInformation::GetKeyValue(RegistryStore::Root::Machine, toolKey, QStringLiteral("PATH"), text));
+    EXPECT_EQ(text.size(), 1023);
+    put(toolKey, QStringLiteral("PATH"), QString(1024, u'x'));
+    EXPECT_FALSE(
+        SystemInformation::GetKeyValue(RegistryStore::Root::Machine, toolKey, QStringLiteral("PATH"), text));
+    EXPECT_EQ(text, QString());
+}
+
+TEST_F(SystemInformationTest, OtherTypesAreReadAndNotShown)
+{
+    RegistryStore().setValue(RegistryStore::Root::Machine, toolKey, QStringLiteral("PATH"),
+                             {RegistryType::Binary, QByteArray("bytes")});
+    QString text = QStringLiteral("old");
+    EXPECT_TRUE(
+        SystemInformation::GetKeyValue(RegistryStore::Root::Machine, toolKey, QStringLiteral("PATH"), text));
+    EXPECT_EQ(text, QString());
+    EXPECT_FALSE(SystemInformation::start());
+}

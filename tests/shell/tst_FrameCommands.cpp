@@ -79,12 +79,3 @@ TEST_F(FrameCommandsTest, ShowsThisComputersNameAndAddress)
     });
     suite.choose("compname");
 }
-
-TEST_F(FrameCommandsTest, ACommandWhoseToolIsStillToComeSaysSo)
-{
-    suite.dialogs
-        .expectBox(QStringLiteral("QuillOfficeToolsv2"),
-                   QStringLiteral("This command is not in this version yet."))
-        .icon(QMessageBox::Information);
-    suite.choose("mnuHelpContents");
-}

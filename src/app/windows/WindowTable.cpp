@@ -1,6 +1,7 @@
 #include "WindowTable.h"
 
 #include "Forms.h"
+#include "frmAbout.h"
 #include "frmAddress.h"
 #include "frmAddressBook.h"
 #include "frmBirthDays.h"
@@ -12,6 +13,7 @@
 #include "frmFTP.h"
 #include "frmFTPAccounts.h"
 #include "frmFileOperations.h"
+#include "frmHelpContents.h"
 #include "frmImageAbout.h"
 #include "frmImageMain.h"
 #include "frmLines.h"
@@ -20,6 +22,7 @@
 #include "frmOverwrite.h"
 #include "frmPassword.h"
 #include "frmPrintDocument.h"
+#include "frmProperties.h"
 #include "frmQuillAddressAbout.h"
 #include "frmRegCity.h"
 #include "frmRegister.h"
@@ -80,6 +83,9 @@ constexpr Row windows[] = {
     {"frmScale", Forms::Instances::One, make<frmScale>},
     {"frmFileOperations", Forms::Instances::One, make<frmFileOperations>},
     {"frmImageAbout", Forms::Instances::One, make<frmImageAbout>},
+    {"frmHelpContents", Forms::Instances::One, make<frmHelpContents>},
+    {"frmAbout", Forms::Instances::One, make<frmAbout>},
+    {"frmProperties", Forms::Instances::One, make<frmProperties>},
 };
 
 } // namespace

@@ -2,10 +2,16 @@
 
 #include "Named.h"
 #include "RuntimeError.h"
+#include "SideTabBar.h"
 
-TabStrip::TabStrip(QWidget *parent)
+TabStrip::TabStrip(QWidget *parent, TabPlace place)
     : QTabWidget(parent)
-{}
+{
+    if (place == TabPlace::Above)
+        return;
+    setTabBar(new SideTabBar(this));
+    setTabPosition(West);
+}
 
 QWidget *TabStrip::addPage(const QString &caption)
 {

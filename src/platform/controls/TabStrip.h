@@ -9,7 +9,12 @@ class TabStrip : public QTabWidget
     Q_OBJECT
 
 public:
-    explicit TabStrip(QWidget *parent = nullptr);
+    enum class TabPlace {
+        Above, ///< in a row
+        Beside ///< in a column on the left, for many tabs
+    };
+
+    explicit TabStrip(QWidget *parent = nullptr, TabPlace place = TabPlace::Above);
 
     /// A new, empty page behind the last one; \a caption may have a mnemonic.
     QWidget *addPage(const QString &caption);

@@ -36,11 +36,6 @@ void Forms::unregisterWindow(const QString &name)
     windows().remove(name);
 }
 
-bool Forms::isRegistered(const QString &name)
-{
-    return windows().contains(name);
-}
-
 Form &Forms::refer(const QString &name)
 {
     const auto window = windows().find(name);

@@ -20,8 +20,6 @@ void registerWindow(const QString &name, Instances instances, Factory factory);
 /// Takes that back; a window of the name that is loaded stays.
 void unregisterWindow(const QString &name);
 
-bool isRegistered(const QString &name);
-
 /// The window of class \a Window, registered under the name of the class. Throws RuntimeError 424 where it is
 /// not, 438 where the name belongs to a window of another class.
 template<HasMetaObject Window>

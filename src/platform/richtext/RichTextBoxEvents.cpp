@@ -52,6 +52,10 @@ void RichTextBox::contextMenuEvent(QContextMenuEvent *event)
         const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
         const QTextCursor place = isByMouse ? cursorForPosition(event->pos()) : textCursor();
         m_spelling.addSuggestions(*menu, place.position());
+        if (!actions().isEmpty()) {
+            menu->addSeparator();
+            menu->addActions(actions());
+        }
         menu->setAttribute(Qt::WA_DeleteOnClose);
         menu->popup(event->globalPos());
     });

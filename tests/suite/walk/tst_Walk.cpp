@@ -88,6 +88,11 @@ void imageViewer(RunningSuite &suite)
     openTool(suite, QStringLiteral("frmImageMain"));
 }
 
+void help(RunningSuite &suite)
+{
+    openTool(suite, QStringLiteral("frmHelpContents"));
+}
+
 void diallerSetUp(RunningSuite &suite)
 {
     diallerMode = QStringLiteral("Setup");
@@ -180,6 +185,15 @@ TEST_F(Walk, EveryMenuItemInTheImageViewer)
     EXPECT_EQ(walker.errors(), QStringList());
     EXPECT_EQ(walker.ends(), QStringList(QStringLiteral("mnuexittools")));
     EXPECT_EQ(walker.steps().size(), 42);
+}
+
+TEST_F(Walk, EveryMenuItemInTheHelp)
+{
+    Walker walker(help);
+    walker.chooseEveryMenuItem();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_EQ(walker.ends(), QStringList(QStringLiteral("mnuexittools")));
+    EXPECT_EQ(walker.steps().size(), 9);
 }
 
 TEST_F(Walk, EveryButtonInADocument)
@@ -303,4 +317,12 @@ TEST_F(Walk, EveryButtonOfTheImageViewerItself)
     walker.pressEveryButtonOfTheTool();
     EXPECT_EQ(walker.errors(), QStringList());
     EXPECT_EQ(walker.steps().size(), 12);
+}
+
+TEST_F(Walk, EveryButtonOfTheHelpItself)
+{
+    Walker walker(help);
+    walker.pressEveryButtonOfTheTool();
+    EXPECT_EQ(walker.errors(), QStringList());
+    EXPECT_EQ(walker.steps().size(), 7);
 }

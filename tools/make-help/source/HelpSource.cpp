@@ -1,0 +1,8 @@
+#include "HelpSource.h"
+
+#include "HelpSourceReader.h"
+
+HelpSource HelpSource::read(const QString &text)
+{
+    return HelpSourceReader().read(text);
+}
