@@ -57,7 +57,6 @@ void EngineControl::bindPage()
     connect(m_page.get(), &QWebEnginePage::loadFinished, this, &EngineControl::loadFinished);
     connect(m_page.get(), &QWebEnginePage::urlChanged, this, &EngineControl::urlChanged);
     connect(m_page.get(), &QWebEnginePage::titleChanged, this, &EngineControl::titleChanged);
-    connect(m_page.get(), &EnginePage::Refused, this, &EngineControl::refused);
     connect(m_page.get(), &EnginePage::BoxWanted, this, &WebControl::BoxWanted);
     connect(m_page.get(), &EnginePage::FileWanted, this, &WebControl::FileWanted);
     // Queued: what hears of it may close the window, and the engine is not done with the page yet.
@@ -166,13 +165,6 @@ void EngineControl::titleChanged()
         Q_EMIT DownloadComplete();
 }
 
-void EngineControl::refused()
-{
-    m_isAsked = false;
-    if (!m_isLoading)
-        Q_EMIT DownloadComplete();
-}
-
 void EngineControl::zoom(int steps)
 {
     constexpr int usual = 100;
@@ -215,7 +207,6 @@ void EngineControl::offered(QWebEngineDownloadRequest *download)
         receive(*download, QString(earlier->path));
         return;
     }
-    m_isAsked = false; // where the user has asked for the file, there will be no page
     const QPointer<QWebEngineDownloadRequest> request(download); // may go while the user is asked
     QString path;
     Q_EMIT SaveWanted(download->suggestedFileName(), path);
