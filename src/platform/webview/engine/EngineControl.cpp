@@ -145,7 +145,6 @@ void EngineControl::loadFinished(bool isWhole)
 /// A page that is being loaded may go on to other places in it, of which only the last one counts.
 void EngineControl::urlChanged()
 {
-    m_page->setZoomFactor(m_percent / 100.0);
     if (m_isLoading && !m_announced.isEmpty())
         return;
     m_isAsked = false;
