@@ -1,5 +1,6 @@
 #include "BrowserWindow.h"
 #include "Files.h"
+#include "FullDisk.h"
 #include "PrintQt.h"
 #include "QtMessages.h"
 #include "ScratchFolder.h"
@@ -126,6 +127,19 @@ TEST_F(PageFilesTest, AFileThatBreaksOffIsReported)
     browser.server.breakOff("/file", beginning());
     expectSave().accept(place("b.bin"));
     expectFailure(QStringLiteral("b.bin"), QStringLiteral("the server has not sent all of it"));
+    browser.visit(QStringLiteral("/file"));
+    waitForDialogs(2);
+    EXPECT_FALSE(browser.control().isReceiving());
+    browser.waitFor([&] { return QDir(folder.path()).isEmpty(); });
+}
+
+TEST_F(PageFilesTest, AFileThatCannotBeWrittenIsReported)
+{
+    constexpr int megabyte = 1 << 20;
+    offer("a.bin", QByteArray(32 * megabyte, 'x'));
+    expectSave().accept(place("b.bin"));
+    expectFailure(QStringLiteral("b.bin"), QStringLiteral("the file cannot be written"));
+    const FullDisk disk(16 * megabyte); // more than the engine's own memory files
     browser.visit(QStringLiteral("/file"));
     waitForDialogs(2);
     EXPECT_FALSE(browser.control().isReceiving());
