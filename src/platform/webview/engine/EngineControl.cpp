@@ -57,7 +57,6 @@ void EngineControl::bindPage()
     connect(m_page.get(), &QWebEnginePage::loadFinished, this, &EngineControl::loadFinished);
     connect(m_page.get(), &QWebEnginePage::urlChanged, this, &EngineControl::urlChanged);
     connect(m_page.get(), &QWebEnginePage::titleChanged, this, &EngineControl::titleChanged);
-    connect(m_page.get(), &EnginePage::Refused, this, &EngineControl::refused);
     connect(m_page.get(), &EnginePage::BoxWanted, this, &WebControl::BoxWanted);
     connect(m_page.get(), &EnginePage::FileWanted, this, &WebControl::FileWanted);
     // Queued: what hears of it may close the window, and the engine is not done with the page yet.
@@ -146,7 +145,6 @@ void EngineControl::loadFinished(bool isWhole)
 /// A page that is being loaded may go on to other places in it, of which only the last one counts.
 void EngineControl::urlChanged()
 {
-    m_page->setZoomFactor(m_percent / 100.0);
     if (m_isLoading && !m_announced.isEmpty())
         return;
     m_isAsked = false;
@@ -163,13 +161,6 @@ void EngineControl::announce()
 void EngineControl::titleChanged()
 {
     if (!Busy())
-        Q_EMIT DownloadComplete();
-}
-
-void EngineControl::refused()
-{
-    m_isAsked = false;
-    if (!m_isLoading)
         Q_EMIT DownloadComplete();
 }
 
@@ -215,7 +206,6 @@ void EngineControl::offered(QWebEngineDownloadRequest *download)
         receive(*download, QString(earlier->path));
         return;
     }
-    m_isAsked = false; // where the user has asked for the file, there will be no page
     const QPointer<QWebEngineDownloadRequest> request(download); // may go while the user is asked
     QString path;
     Q_EMIT SaveWanted(download->suggestedFileName(), path);

@@ -51,7 +51,6 @@ private:
     void urlChanged();
     void announce();
     void titleChanged();
-    void refused();
     void offered(QWebEngineDownloadRequest *download);
     void receive(QWebEngineDownloadRequest &download, const QString &path);
     void cancelReceiving();

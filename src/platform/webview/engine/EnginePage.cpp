@@ -4,7 +4,6 @@
 
 #include <QWebEngineCertificateError>
 #include <QWebEngineFileSystemAccessRequest>
-#include <QWebEngineFullScreenRequest>
 #include <QWebEngineNewWindowRequest>
 #include <QWebEngineQuotaRequest>
 #include <QWebEngineRegisterProtocolHandlerRequest>
@@ -43,8 +42,6 @@ void EnginePage::refusePermissions()
             [this](const QUrl &origin, Feature feature) {
                 setFeaturePermission(origin, feature, PermissionDeniedByUser);
             });
-    connect(this, &QWebEnginePage::fullScreenRequested, this,
-            [](QWebEngineFullScreenRequest request) { request.reject(); });
     connect(this, &QWebEnginePage::quotaRequested, this,
             [](QWebEngineQuotaRequest request) { request.reject(); });
     connect(this, &QWebEnginePage::registerProtocolHandlerRequested, this,
@@ -65,11 +62,7 @@ bool EnginePage::acceptNavigationRequest(const QUrl &url, NavigationType type, b
     // A page leads to no file by itself.
     const bool isUsersOwn =
         type == NavigationTypeTyped || type == NavigationTypeBackForward || type == NavigationTypeReload;
-    if (isOfTheWeb(url) || isAboutNothing(url) || (url.isLocalFile() && isMainFrame && isUsersOwn))
-        return true;
-    if (isMainFrame)
-        Q_EMIT Refused();
-    return false;
+    return isOfTheWeb(url) || isAboutNothing(url) || (url.isLocalFile() && isMainFrame && isUsersOwn);
 }
 
 void EnginePage::openHere(QWebEngineNewWindowRequest &request)

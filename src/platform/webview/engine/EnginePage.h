@@ -22,8 +22,6 @@ public:
     void noteUserInput() { m_boxesLeft = mostBoxes; }
 
 Q_SIGNALS:
-    /// An address of the page itself was refused.
-    void Refused();
     void BoxWanted(WebBox &box);
     void FileWanted(QString &path);
 

@@ -119,6 +119,16 @@ TEST_F(PageRightsTest, ARedirectToAFileIsRefused)
     EXPECT_FALSE(browser.control().LocationURL().isLocalFile());
 }
 
+TEST_F(PageRightsTest, TheControlShowsNoOtherScheme)
+{
+    browser.open();
+    for (const char *address :
+         {"data:text/html,x", "javascript:1", "chrome://gpu", "ftp://127.0.0.1/x", ""}) {
+        browser.control().Navigate(QUrl(QString::fromLatin1(address)));
+        EXPECT_FALSE(browser.control().Busy()) << address;
+    }
+}
+
 TEST_F(PageRightsTest, ATypedFileIsShown)
 {
     files.addFile("a.html", "<title>mine</title><img src=b.png>");
