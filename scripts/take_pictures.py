@@ -2,6 +2,7 @@
 
 Each row of PICTURES is a picture: its name, what of the screen it shows, and the steps that lead there in a suite that
 has just started. What the windows list is made here, with fixed dates and places."""
+import json
 import os
 import shutil
 import subprocess
@@ -187,6 +188,10 @@ def furnish(app, contacts):
             archive.writestr(zipfile.ZipInfo("garden/" + name, (2026, 5, 20, 20, 26, 40)), text, zipfile.ZIP_DEFLATED)
     with open(os.path.join(HOME, "garden.html"), "w") as file:
         file.write(PAGE)
+    config = os.path.join(HOME, ".config")
+    os.mkdir(config)
+    with open(os.path.join(config, "QuillOfficeToolsv2.lines.json"), "w") as file:
+        json.dump({"lines": [{"kind": "sip", "label": "Home", "user": "tom", "server": "sip.example.org"}]}, file)
     return os.path.join(program, "quill-office-tools")
 
 

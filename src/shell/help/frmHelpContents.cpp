@@ -94,6 +94,7 @@ void frmHelpContents::layOut()
     auto *column = new QVBoxLayout(this);
     column->addWidget(SSTab1, 1);
     column->addLayout(buttons);
+    setFocusProxy(SSTab1);
     setCancelButton(*cmdClose);
     takePaneToTab();
 }

@@ -140,6 +140,13 @@ TEST_F(HelpContentsTest, ThePaneTakesTheRoom)
     EXPECT_EQ(help.pane().height() - before.height(), (9000 - 7770) / 15);
 }
 
+TEST_F(HelpContentsTest, ItsTabsHaveTheFocusFirst)
+{
+    EXPECT_EQ(QApplication::focusWidget(), help.tabs().tabBar());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), &help.topic(0));
+}
+
 // ---- Topics
 
 TEST_P(HelpTopicTest, ItsButtonOpensItsFileInThePane)
