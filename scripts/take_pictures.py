@@ -2,6 +2,7 @@
 
 Each row of PICTURES is a picture: its name, what of the screen it shows, and the steps that lead there in a suite that
 has just started. What the windows list is made here, with fixed dates and places."""
+import json
 import os
 import shutil
 import subprocess
@@ -19,8 +20,8 @@ BARS, STATUS = 50, 34  # pixels: menus and toolbar above the child area, status 
 HOME = "/tmp/tom"
 WHEN = 1780000000  # of the files
 
-# The only child window in the frame; the window that has the keys. Any other area is a part of the frame: left, top,
-# width and height in pixels.
+# The only child window in the frame; the window that has the keys. Another text is the title of a window; numbers are a
+# part of the frame: left, top, width and height in pixels.
 CHILD, DIALOG = "child", "dialog"
 
 LETTER = [("type", "Dear Anna,"), ("key", "Return", "Return"),
@@ -37,6 +38,9 @@ PAGE = """<!DOCTYPE html><title>The garden</title><body style="font-family: sans
 <ul><li><a href="roses">Roses</a><li><a href="pond">The pond</a><li><a href="apples">Apple trees</a></ul>"""
 
 NO_DOCUMENT = [("menu", "f", "c")]
+ADDRESSES = NO_DOCUMENT + [("menu", "a", "o"), ("size", 640, 400)]
+FTP = NO_DOCUMENT + [("menu", "c", "o"), ("size", 640, 460)]
+IMAGE = NO_DOCUMENT + [("menu", "m", "o")]
 
 PICTURES = [
     ("frmDocument", CHILD, [("size", 600, 330)] + LETTER),
@@ -54,13 +58,19 @@ PICTURES = [
     ("frmCompsOnNetwork", CHILD, NO_DOCUMENT + [("menu", "i", "Down", "Return")]),
     ("frmRestorePoints", CHILD, NO_DOCUMENT + [("menu", "i", "Down", "Down", "Return")]),
     ("frmSystemMessage", CHILD, NO_DOCUMENT + [("menu", "t", "Down", "Return")]),
-    ("frmAddressBook", CHILD, NO_DOCUMENT + [("menu", "a", "o"), ("size", 640, 400), ("press", 87, 89)]),
-    ("frmFTP", CHILD, NO_DOCUMENT + [("menu", "c", "o"), ("size", 640, 460)]),
-    ("frmImageMain", CHILD, NO_DOCUMENT + [("menu", "m", "o")]),
+    ("frmAddressBook", CHILD, ADDRESSES + [("press", 87, 89)]),
+    ("frmFTP", CHILD, FTP),
+    ("frmImageMain", CHILD, IMAGE),
     ("frmBrowser", CHILD, NO_DOCUMENT + [("menu", "b", "b"), ("size", 640, 360), ("key", "ctrl+l"),
                                          ("type", HOME + "/garden.html"), ("key", "Return")]),
     ("frmdownload2", CHILD, NO_DOCUMENT + [("menu", "u", "c")]),
     ("frmHelpContents", CHILD, NO_DOCUMENT + [("menu", "h", "c"), ("size", 640, 420)]),
+    ("dlgFindReplace", "Replace", LETTER + [("key", "ctrl+f")]),
+    ("frmMargins", DIALOG, [("click", 399, 36)]),
+    ("frmAddress", DIALOG, ADDRESSES + [("press", 57, 67)]),
+    ("frmBirthDays", DIALOG, ADDRESSES + [("press", 125, 39)]),
+    ("frmFTPAccounts", DIALOG, FTP + [("press", 508, 83)]),
+    ("frmFileOperations", DIALOG, IMAGE + [("press", 63, 38)]),
     ("frmOptions", DIALOG, [("menu", "v", "o")]),
     ("frmAbout", DIALOG, [("menu", "h", "a")]),
 ]
@@ -145,8 +155,9 @@ def picture(suite, out, area):
             settle()
             child_area(suite, shot.name)
             edges = ["-trim"]
-        elif area == DIALOG:
-            run("import", "-window", xdotool("getactivewindow"), shot.name)
+        elif isinstance(area, str):
+            dialog = xdotool("getactivewindow") if area == DIALOG else xdotool("search", "--name", f"^{area}$")
+            run("import", "-window", dialog, shot.name)
             edges = []
         else:
             run("import", "-window", suite.frame_id, shot.name)
@@ -177,6 +188,10 @@ def furnish(app, contacts):
             archive.writestr(zipfile.ZipInfo("garden/" + name, (2026, 5, 20, 20, 26, 40)), text, zipfile.ZIP_DEFLATED)
     with open(os.path.join(HOME, "garden.html"), "w") as file:
         file.write(PAGE)
+    config = os.path.join(HOME, ".config")
+    os.mkdir(config)
+    with open(os.path.join(config, "QuillOfficeToolsv2.lines.json"), "w") as file:
+        json.dump({"lines": [{"kind": "sip", "label": "Home", "user": "tom", "server": "sip.example.org"}]}, file)
     return os.path.join(program, "quill-office-tools")
 
 

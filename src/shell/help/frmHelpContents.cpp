@@ -68,9 +68,9 @@ void frmHelpContents::buildTabs()
             buttons = addTab(topic.tab);
         tab = topic.tab;
         const int position = buttons->count();
-        buttons->addWidget(
-            named<QPushButton>({"cmdWordHelp", topic.index}, QString::fromLatin1(topic.caption)),
-            position / buttonColumns, position % buttonColumns);
+        auto *button = named<QPushButton>({"cmdWordHelp", topic.index}, QString::fromLatin1(topic.caption));
+        buttons->addWidget(button, position / buttonColumns, position % buttonColumns);
+        setTabOrder(button, RichTextBox1);
     }
 }
 
@@ -94,8 +94,10 @@ void frmHelpContents::layOut()
     auto *column = new QVBoxLayout(this);
     column->addWidget(SSTab1, 1);
     column->addLayout(buttons);
+    setFocusProxy(SSTab1);
     setCancelButton(*cmdClose);
     takePaneToTab();
+    setTabOrder(RichTextBox1, cmdClose);
 }
 
 /// One pane serves all tabs: it is on the page in front.

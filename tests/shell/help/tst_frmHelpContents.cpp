@@ -140,6 +140,25 @@ TEST_F(HelpContentsTest, ThePaneTakesTheRoom)
     EXPECT_EQ(help.pane().height() - before.height(), (9000 - 7770) / 15);
 }
 
+TEST_F(HelpContentsTest, ItsTabsHaveTheFocusFirst)
+{
+    EXPECT_EQ(QApplication::focusWidget(), help.tabs().tabBar());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), &help.topic(0));
+}
+
+TEST_F(HelpContentsTest, ThePaneIsBehindTheTopicsOfEachTab)
+{
+    for (const int last : {5, 7, 36, 38}) {
+        help.show(last);
+        help.topic(last).setFocus();
+        QTest::keyClick(&help.topic(last), Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget(), &help.pane()) << last;
+        QTest::keyClick(&help.pane(), Qt::Key_Tab);
+        EXPECT_EQ(QApplication::focusWidget()->objectName(), QStringLiteral("cmdClose")) << last;
+    }
+}
+
 // ---- Topics
 
 TEST_P(HelpTopicTest, ItsButtonOpensItsFileInThePane)
