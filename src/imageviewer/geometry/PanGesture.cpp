@@ -6,7 +6,11 @@ namespace {
 
 QPoint rounded(float x, float y)
 {
-    return {int(std::nearbyint(x)), int(std::nearbyint(y))};
+    constexpr float most = 1 << 30; // beyond, a conversion to int has no meaning
+    const auto whole = [](float value) {
+        return int(std::nearbyint(std::fmin(std::fmax(value, -most), most)));
+    };
+    return {whole(x), whole(y)};
 }
 
 } // namespace

@@ -6,7 +6,8 @@ namespace {
 
 int rounded(float value)
 {
-    return int(std::nearbyint(value));
+    constexpr float most = 1 << 30; // beyond, a conversion to int has no meaning
+    return int(std::nearbyint(std::fmin(std::fmax(value, -most), most)));
 }
 
 int pixels(float twips, float twipsPerPixel)
@@ -32,11 +33,6 @@ ImagePlace Placing::centered(ImageSize image, const Surroundings &around, int ba
 bool Placing::fillsScreen(ImageSize image, const Surroundings &around)
 {
     return image.height >= around.screen.height || image.width >= around.screen.width;
-}
-
-bool Placing::exceedsScreen(ImageSize image, const Surroundings &around)
-{
-    return image.height > around.screen.height || image.width > around.screen.width;
 }
 
 ImageSize Placing::windowFor(ImageSize image)

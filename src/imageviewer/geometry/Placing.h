@@ -17,8 +17,6 @@ ImagePlace centered(ImageSize image, const Surroundings &around, int barOffset);
 
 /// A side is at least as long as the screen's.
 bool fillsScreen(ImageSize image, const Surroundings &around);
-/// A side is longer than the screen's.
-bool exceedsScreen(ImageSize image, const Surroundings &around);
 
 /// The window that shows \a image.
 ImageSize windowFor(ImageSize image);

@@ -68,6 +68,11 @@ void ImagePanning::step(QPoint direction)
     const Surroundings around = m_geometry.around();
     if (size.width <= around.window.width && size.height <= around.window.height)
         return;
-    const ImagePlace moved = Placing::dragged(m_geometry.place(), size, around, -distance * direction);
-    m_geometry.setPlace(Placing::clamped(moved, size, around));
+    const ImagePlace before = m_geometry.place();
+    ImagePlace place = Placing::clamped(Placing::dragged(before, size, around, -distance * direction), size, around);
+    if (direction.x() == 0)
+        place.left = before.left;
+    if (direction.y() == 0)
+        place.top = before.top;
+    m_geometry.setPlace(place);
 }

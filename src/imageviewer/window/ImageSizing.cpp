@@ -5,6 +5,7 @@
 #include "Form.h"
 #include "ImageGeometry.h"
 #include "PictureBox.h"
+#include "Placing.h"
 #include "ReportFileError.h"
 #include "SizeSteps.h"
 #include "WindowCommands.h"
@@ -110,10 +111,27 @@ void ImageSizing::mnuSizeZoomIn_Click()
 {
     mnuSizeDoubleHeight_Click();
     mnuSizeDoubleWidth_Click();
+    if (isLargerThanWindow() && !m_geometry.isMaximized())
+        m_geometry.FitWindowtoImage();
+}
+
+bool ImageSizing::isLargerThanWindow() const
+{
     const ImageSize size = m_geometry.size();
     const ImageSize window = m_geometry.around().window;
-    if ((size.width > window.width || size.height > window.height) && !m_geometry.isMaximized())
+    return size.width > window.width || size.height > window.height;
+}
+
+void ImageSizing::bringIntoView()
+{
+    if (!isLargerThanWindow())
+        return;
+    if (!m_geometry.isMaximized())
         m_geometry.FitWindowtoImage();
+    if (isLargerThanWindow())
+        m_geometry.setPlace(Placing::clamped(m_geometry.place(), m_geometry.size(), m_geometry.around()));
+    else
+        m_geometry.CenterImage();
 }
 
 void ImageSizing::mnuSizeZoomOut_Click()

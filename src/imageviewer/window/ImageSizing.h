@@ -25,6 +25,8 @@ public:
 
     /// Row \a row of the list of percentages, always of the picture's own size.
     void takePercent(int row);
+    /// A rectangle that is larger than the window gets a larger window, and a place where no edge is empty.
+    void bringIntoView();
 
 private:
     void mnuSizeZoomIn_Click();
@@ -44,6 +46,7 @@ private:
     void fitPage(float width, float height);
     void stretchTo(float width, float height);
     bool isSquare() const;
+    bool isLargerThanWindow() const;
     static void sayIsSquare();
 
     ImageGeometry &m_geometry;

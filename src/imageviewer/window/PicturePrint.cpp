@@ -2,6 +2,7 @@
 
 #include "PrintJob.h"
 
+#include <QPainter>
 #include <QPrinter>
 
 namespace {
@@ -35,6 +36,7 @@ void PicturePrint::print(const QImage &picture, QPrinter &printer, const QSize &
     PrintJob job(printer);
     const QSizeF size(double(picture.width()) * printer.logicalDpiX() / dpi.width(),
                       double(picture.height()) * printer.logicalDpiY() / dpi.height());
+    job.painter().setRenderHint(QPainter::LosslessImageRendering); // a PDF file has a JPEG otherwise
     job.painter().drawImage(QRectF({}, size), picture);
     job.finish();
 }

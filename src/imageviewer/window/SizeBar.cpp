@@ -19,8 +19,8 @@ SizeBar::SizeBar()
     , lblImageSize(named<QLabel>("lblImageSize", QStringLiteral("Image Size: 0 \u00d7 0 px")))
 {
     const int height = Twips::toPixels(barHeight, logicalDpiY());
-    setMinimumHeight(height);
-    Combo1->setMinimumHeight(height);
+    setFixedHeight(height);
+    Combo1->setFixedHeight(height);
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins({});
     row->setSpacing(0);

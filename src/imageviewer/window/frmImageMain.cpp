@@ -42,7 +42,7 @@ void frmImageMain::Form_Load()
 {
     constexpr double firstHeight = 4800;
     constexpr double firstWidth = 6105;
-    take({StartPicture::make(), {}});
+    take(LoadedPicture(StartPicture::make()));
     setHeight(firstHeight);
     setWidth(firstWidth);
     m_geometry.Resize();
@@ -70,7 +70,7 @@ void frmImageMain::readCommandLine()
 void frmImageMain::take(const LoadedPicture &picture)
 {
     m_picture = picture;
-    Image1->setPicture(picture.shown.isNull() ? picture.pixels : picture.shown);
+    Image1->setPicture(picture.shown);
 }
 
 // ---- Files
@@ -109,8 +109,6 @@ void frmImageMain::open(const QString &path)
     m_geometry.setPlace({0, 0});
     m_geometry.CenterImage();
     setCaption(ShownText::line(QFileInfo(path).fileName()) + QStringLiteral(" - Quill ImageViewer"));
-    if (Placing::exceedsScreen(m_geometry.size(), m_geometry.around()))
-        m_geometry.maximize();
     if (!Picture1->isHidden())
         Combo1_Click();
 }
@@ -174,7 +172,7 @@ void frmImageMain::mnuEditPaste_Click()
 {
     reportingFileErrors([&] {
         m_geometry.panOff();
-        take({PictureClipboard::get(), {}});
+        take(LoadedPicture(PictureClipboard::get()));
         if (Placing::fillsScreen(m_geometry.size(), m_geometry.around())) {
             m_geometry.maximize();
         } else {
@@ -243,12 +241,12 @@ void frmImageMain::mnuViewSizeAndInfo_Click()
 
 void frmImageMain::placeMaximized(bool hasSizeBar)
 {
-    if (!hasSizeBar)
+    if (!hasSizeBar) {
         Image1->setTop(0);
-    else if (Image1->Top() == 0)
-        Image1->setTop(-barTwips);
-    if (!hasSizeBar)
         m_geometry.CenterImage();
+    } else if (Image1->Top() == 0) {
+        Image1->setTop(-barTwips);
+    }
 }
 
 void frmImageMain::Combo1_Click()
@@ -256,6 +254,13 @@ void frmImageMain::Combo1_Click()
     if (std::exchange(m_skipZoomClick, false))
         return;
     reportingFileErrors([&] { m_sizing.takePercent(Picture1->percentages().currentIndex()); });
+}
+
+/// The list alone leaves a large picture where it may be out of sight.
+void frmImageMain::zoomStep(int direction)
+{
+    Picture1->percentages().step(direction);
+    m_sizing.bringIntoView();
 }
 
 void frmImageMain::tbToolbar_ButtonClick(const QString &key)

@@ -51,6 +51,7 @@ private:
     void tbToolbar_ButtonClick(const QString &key);
     void Image1_Click();
     void Combo1_Click();
+    void zoomStep(int direction);
     void dropped(const QStringList &paths);
 
     void readCommandLine();

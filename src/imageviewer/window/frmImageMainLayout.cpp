@@ -10,6 +10,7 @@
 #include "StandardToolMenu.h"
 #include "ThemeIcon.h"
 #include "Toolbar.h"
+#include "Twips.h"
 #include "WindowCommands.h"
 #include "frmImageMain.h"
 
@@ -46,7 +47,9 @@ frmImageMain::frmImageMain()
 
 void frmImageMain::layOut()
 {
+    constexpr double barHeight = 300; // twips, which the window's height allows for
     tbToolbar->setIconSize({iconSize, iconSize});
+    tbToolbar->setFixedHeight(Twips::toPixels(barHeight, logicalDpiY()));
     tbToolbar->setButtons(ImageMenus::buttons());
     Picture1->hide();
     auto *column = new QVBoxLayout(this);
@@ -87,13 +90,11 @@ void frmImageMain::bindKeys()
     auto *panning = new ImagePanning(*this, m_geometry, member<QAction>(QStringLiteral("mnuViewPan")));
     on(Image1, &PictureBox::Click, this, &frmImageMain::Image1_Click);
     on(m_view, &ImageView::Arrow, panning, &ImagePanning::step);
-    PercentList &percentages = Picture1->percentages();
-    on(m_view, &ImageView::ZoomStep, &percentages, &PercentList::step);
+    on(m_view, &ImageView::ZoomStep, this, &frmImageMain::zoomStep);
     const auto bindZoom = [&](const char *key, int direction) {
         auto *shortcut = new QShortcut(QKeySequence(QString::fromLatin1(key)), this);
         shortcut->setContext(Qt::WidgetWithChildrenShortcut);
-        on(shortcut, &QShortcut::activated, &percentages,
-           [&percentages, direction] { percentages.step(direction); });
+        on(shortcut, &QShortcut::activated, this, [this, direction] { zoomStep(direction); });
     };
     bindZoom("Ctrl++", 1);
     bindZoom("Ctrl+=", 1);

@@ -59,9 +59,10 @@ QByteArrayView IconDirectory::largest(QByteArrayView file)
     for (int index = 0; index < word(file, 4); ++index) {
         const QByteArrayView entry = file.sliced(listHeaderSize + index * entrySize, entrySize);
         const std::tuple<int, int> rank(side(entry[0]) * side(entry[1]), hasDepths ? word(entry, 6) : 0);
-        if (rank > most) {
+        const QByteArrayView picture = pictureOf(file, entry);
+        if (rank > most && !picture.isEmpty()) { // an entry may point beyond a damaged file
             most = rank;
-            best = pictureOf(file, entry);
+            best = picture;
         }
     }
     return best;

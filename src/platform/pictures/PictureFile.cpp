@@ -9,7 +9,6 @@
 #include "PictureKind.h"
 #include "QtPictureReader.h"
 #include "RuntimeError.h"
-#include "ShownPicture.h"
 #include "TgaReader.h"
 #include "WmfReader.h"
 
@@ -20,18 +19,13 @@
 
 namespace {
 
-LoadedPicture upright(const QImage &pixels)
-{
-    return {pixels, ShownPicture::of(pixels, QImageIOHandler::TransformationNone)};
-}
-
 LoadedPicture jpeg(const QByteArray &bytes, qint64 mostBytes)
 {
     constexpr int mostScans = 100;
     if (JpegScans::count(bytes) > mostScans)
         throw RuntimeError(ErrorNumber::InvalidPicture);
     const QtPictureReader::Result result = QtPictureReader::read(bytes, "jpeg", mostBytes);
-    return {result.pixels, ShownPicture::of(result.pixels, result.turning)};
+    return LoadedPicture(result.pixels, result.turning);
 }
 
 /// A bitmap file has no transparency. Blended by hand: a painter ends at 32,767 pixels.
@@ -83,20 +77,20 @@ LoadedPicture PictureFile::decode(const QByteArray &bytes, qint64 mostBytes)
 {
     switch (pictureKindOf(bytes)) {
     case PictureKind::Gif:
-        return upright(QtPictureReader::read(bytes, "gif", mostBytes).pixels);
+        return LoadedPicture(QtPictureReader::read(bytes, "gif", mostBytes).pixels);
     case PictureKind::Jpeg:
         return jpeg(bytes, mostBytes);
     case PictureKind::Bitmap:
-        return upright(BitmapReader::read(bytes, mostBytes));
+        return LoadedPicture(BitmapReader::read(bytes, mostBytes));
     case PictureKind::HeaderlessBitmap:
-        return upright(BitmapReader::read(DeviceIndependentBitmap::file(bytes), mostBytes));
+        return LoadedPicture(BitmapReader::read(DeviceIndependentBitmap::file(bytes), mostBytes));
     case PictureKind::Icon:
     case PictureKind::Cursor:
-        return upright(IconReader::read(bytes, mostBytes));
+        return LoadedPicture(IconReader::read(bytes, mostBytes));
     case PictureKind::Metafile:
-        return upright(WmfReader::read(bytes, mostBytes));
+        return LoadedPicture(WmfReader::read(bytes, mostBytes));
     case PictureKind::Targa:
-        return upright(TgaReader::read(bytes, mostBytes));
+        return LoadedPicture(TgaReader::read(bytes, mostBytes));
     case PictureKind::None:
         break;
     }

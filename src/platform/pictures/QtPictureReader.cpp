@@ -30,6 +30,24 @@ QSize sizeOf(const QImageReader &reader, const QByteArray &file)
             qFromLittleEndian<quint16>(file.data() + screen + 2)};
 }
 
+bool isTooLarge(const QSize &size, qint64 mostBytes)
+{
+    constexpr qint64 mostOfQt = 16384 * 16384; // pixels that its reader of bitmaps takes
+    return qint64(size.width()) * size.height() > qMin(mostBytes / qint64(sizeof(QRgb)), mostOfQt);
+}
+
+/// The reader of bitmaps leaves out rows and pixels that the file does not have; they are black.
+QImage blank(const QSize &size, QImage::Format format, qint64 mostBytes)
+{
+    if (format == QImage::Format_Invalid || size.isEmpty())
+        return {};
+    if (isTooLarge(size, mostBytes))
+        throw PictureLimit::exceeded();
+    QImage image(size, format);
+    image.fill(0);
+    return image;
+}
+
 } // namespace
 
 QtPictureReader::Result QtPictureReader::read(const QByteArray &file, const char *format, qint64 mostBytes)
@@ -46,10 +64,10 @@ QtPictureReader::Result QtPictureReader::read(const QByteArray &file, const char
 
     Result result;
     result.turning = reader.transformation();
-    result.pixels = reader.read();
-    if (!result.pixels.isNull())
+    result.pixels = blank(size, reader.imageFormat(), mostBytes);
+    if (reader.read(&result.pixels))
         return result;
-    if (qint64(size.width()) * size.height() > mostBytes / qint64(sizeof(QRgb)))
+    if (isTooLarge(size, mostBytes))
         throw PictureLimit::exceeded();
     throw RuntimeError(ErrorNumber::InvalidPicture);
 }

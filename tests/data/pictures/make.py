@@ -325,9 +325,11 @@ def make_jpegs():
     image = Image.new('RGB', (24, 16))
     image.putdata([(x * 10, y * 15, 255 - x * 10) for y in range(16) for x in range(24)])
 
-    def make(name, source=image, show=lambda seen: seen, **options):
+    def make(name, source=image, turn=None, show=lambda seen: seen, **options):
         save(source, f'jpeg/{name}.jpg', quality=95, subsampling=0, **options)
         seen = Image.open(FOLDER / f'jpeg/{name}.jpg').convert('RGB')
+        if turn is not None:
+            seen = seen.transpose(turn)
         note(f'jpeg/{name}.jpg', seen, show(seen))
 
     make('plain')
@@ -339,8 +341,7 @@ def make_jpegs():
     for orientation in range(1, 9):
         exif = Image.Exif()
         exif[0x0112] = orientation
-        turn = turns.get(orientation)
-        make(f'turned-{orientation}', show=lambda seen, t=turn: seen if t is None else seen.transpose(t), exif=exif)
+        make(f'turned-{orientation}', turn=turns.get(orientation), exif=exif)
     screen = ImageCms.ImageCmsProfile(io.BytesIO(screen_profile()))
     profile = swapped_profile()
     swapped = ImageCms.ImageCmsProfile(io.BytesIO(profile))

@@ -220,3 +220,24 @@ TEST_F(ImageBarsTest, ThePictureStaysInTheMiddle)
     QCoreApplication::processEvents();
     EXPECT_EQ(window.place(), (ImagePlace{(9000 - 6000 - 112) / 2, (7500 - 4500 - 740) / 2}));
 }
+
+TEST_F(ImageBarsTest, WhilePanningTheBarOfSizesMovesAMaximisedPicture)
+{
+    window.form().Geometry().maximize();
+    window.choose("mnuViewPan");
+    QCoreApplication::processEvents();
+    window.form().Geometry().setPlace({-30, 0});
+    window.choose("mnuViewSizeAndInfo");
+    EXPECT_EQ(window.place(), (ImagePlace{-30, -300}));
+    window.form().Geometry().setPlace({-30, -600});
+    window.choose("mnuViewSizeAndInfo");
+    EXPECT_EQ(window.place(), (ImagePlace{-30, 0}));
+}
+
+TEST_F(ImageBarsTest, WhatIsOpenedInAFittedWindowBeginsAtTheCorner)
+{
+    window.choose("mnuSizeFittoWindow");
+    window.form().Geometry().setPlace({-30, -600});
+    window.openPicture(500, 400);
+    EXPECT_EQ(window.place(), (ImagePlace{0, 0}));
+}

@@ -155,3 +155,12 @@ TEST_F(ImagePanningTest, TheArrowKeysLeaveAPictureThatFits)
     QTest::keyClick(window.picture().parentWidget(), Qt::Key_Right);
     EXPECT_EQ(window.place(), before);
 }
+
+TEST_F(ImagePanningTest, AnArrowKeyLeavesTheOtherSideWhereItIs)
+{
+    window.form().setWidth(15000); // wider than the picture
+    QCoreApplication::processEvents();
+    window.form().Geometry().setPlace({700, -1500});
+    QTest::keyClick(window.picture().parentWidget(), Qt::Key_Down);
+    EXPECT_EQ(window.place(), (ImagePlace{700, -2000}));
+}

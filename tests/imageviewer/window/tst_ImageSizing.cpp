@@ -4,6 +4,8 @@
 
 #include <QComboBox>
 
+#include <QLabel>
+
 namespace {
 
 struct ImageSizingTest : testing::Test
@@ -284,4 +286,29 @@ TEST_F(ImageSizingTest, CtrlWithPlusAndMinusTakesTheNextPercentage)
     EXPECT_EQ(window.size(), (ImageSize{18000, 13500}));
     QTest::keyClick(&window.form(), Qt::Key_Minus, Qt::ControlModifier);
     EXPECT_EQ(window.size(), (ImageSize{12000, 9000}));
+}
+
+TEST_F(ImageSizingTest, TheKeysKeepALargePictureInSight)
+{
+    window.form().window()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.form().window()));
+    for (int i = 0; i < 3; ++i)
+        QTest::keyClick(&window.form(), Qt::Key_Plus, Qt::ControlModifier);
+    EXPECT_EQ(window.size(), (ImageSize{24000, 18000}));
+    EXPECT_TRUE(window.isMaximized());
+    EXPECT_LE(window.place().left, 0);
+    EXPECT_LE(window.place().top, 0);
+}
+
+TEST_F(ImageSizingTest, ThePicturesOwnSizeIsWrittenIntoTheSizeBar)
+{
+    window.choose("mnuViewSizeAndInfo");
+    window.choose("mnuSizeSplitHeight");
+    window.control<QLabel>("lblImageSize").setText({});
+    window.choose("mnuSizeActualPixels");
+    const ImageSize pixels{window.size().width / 15, window.size().height / 15};
+    EXPECT_EQ(window.control<QLabel>("lblImageSize").text(),
+              QStringLiteral("Image Size: %1 \u00d7 %2 px").arg(pixels.width).arg(pixels.height));
+    constexpr float above = 736; // twips
+    EXPECT_NEAR(window.window().height, window.size().height + above + 300, 1);
 }

@@ -4,6 +4,7 @@
 #include "QtMessages.h"
 #include "RuntimeError.h"
 
+#include <QBuffer>
 #include <QtEndian>
 #include <gtest/gtest.h>
 #include <random>
@@ -150,6 +151,54 @@ TEST_F(PictureDamage, AJpegOfAThousandScansIsRefused)
     const QByteArray scan = jpeg.sliced(last, jpeg.size() - last - 2);
     EXPECT_EQ(errorOf(jpeg.first(last) + scan.repeated(20) + jpeg.last(2)), 0);
     EXPECT_EQ(errorOf(jpeg.first(last) + scan.repeated(1000) + jpeg.last(2)), ErrorNumber::InvalidPicture);
+}
+
+TEST_F(PictureDamage, AnIconWhoseLargestPictureIsBeyondTheFileShowsAnother)
+{
+    QByteArray icon = PictureFixture::named("ico/several.ico").bytes();
+    const QImage whole = PictureFile::decode(icon).pixels;
+    const int count = uchar(icon[4]);
+    for (int index = 0; index < count; ++index) {
+        const qsizetype entry = 6 + 16 * index;
+        const int width = uchar(icon[entry]) == 0 ? 256 : uchar(icon[entry]);
+        if (width == whole.width())
+            writeLongWord(icon, entry + 12, quint32(icon.size()) - (index == 0 ? 1 : 0));
+    }
+    const QImage other = PictureFile::decode(icon).pixels;
+    EXPECT_LT(other.width(), whole.width());
+}
+
+TEST_F(PictureDamage, AJpegWithOtherDataBehindItIsShown)
+{
+    const QByteArray jpeg = PictureFixture::named("jpeg/plain.jpg").bytes();
+    EXPECT_EQ(errorOf(jpeg + QByteArray("\xFF\xDA").repeated(1000)), 0);
+    EXPECT_EQ(errorOf(jpeg + QByteArray("\xFF\xDA\0\x02", 4).repeated(1000)), 0);
+}
+
+TEST_F(PictureDamage, APreviewWithinAJpegIsNotScanned)
+{
+    QByteArray jpeg = PictureFixture::named("jpeg/plain.jpg").bytes();
+    const QByteArray preview = QByteArray("\xFF\xDA").repeated(1000);
+    QByteArray segment("\xFF\xE5\0\0", 4);
+    qToBigEndian<quint16>(quint16(preview.size() + 2), segment.data() + 2);
+    jpeg.insert(2, segment + preview);
+    EXPECT_EQ(errorOf(jpeg), 0);
+}
+
+TEST_F(PictureDamage, WhatABitmapLacksIsBlack)
+{
+    constexpr int side = 300; // pixels
+    constexpr qsizetype headers = 54;
+    QImage white(side, side, QImage::Format_RGB888);
+    white.fill(Qt::white);
+    QByteArray bitmap;
+    QBuffer buffer(&bitmap);
+    buffer.open(QIODevice::WriteOnly);
+    ASSERT_TRUE(white.save(&buffer, "bmp"));
+    for (int round = 0; round < 5; ++round) { // memory of the whole ones is used again
+        EXPECT_EQ(PictureFile::decode(bitmap).pixels.pixel(0, 0), qRgb(255, 255, 255));
+        EXPECT_EQ(PictureFile::decode(bitmap.first(headers + 30'000)).pixels.pixel(0, 0), qRgb(0, 0, 0));
+    }
 }
 
 TEST_F(PictureDamage, BitmapsWithRunsBeyondTheirRowsAreShownOrRefused)

@@ -1,4 +1,4 @@
-#include "ShownPicture.h"
+#include "LoadedPicture.h"
 
 #include <QColorSpace>
 #include <QTransform>
@@ -26,7 +26,7 @@ QImage inScreenColors(const QImage &image)
 
 } // namespace
 
-QImage ShownPicture::of(const QImage &pixels, QImageIOHandler::Transformations turning)
-{
-    return inScreenColors(turned(pixels, turning));
-}
+LoadedPicture::LoadedPicture(const QImage &image, QImageIOHandler::Transformations turning)
+    : pixels(turned(image, turning))
+    , shown(inScreenColors(pixels))
+{}
