@@ -69,7 +69,8 @@ void ImagePanning::step(QPoint direction)
     if (size.width <= around.window.width && size.height <= around.window.height)
         return;
     const ImagePlace before = m_geometry.place();
-    ImagePlace place = Placing::clamped(Placing::dragged(before, size, around, -distance * direction), size, around);
+    ImagePlace place =
+        Placing::clamped(Placing::dragged(before, size, around, -distance * direction), size, around);
     if (direction.x() == 0)
         place.left = before.left;
     if (direction.y() == 0)

@@ -44,8 +44,10 @@ QImage blank(const QSize &size, QImage::Format format, qint64 mostBytes)
         return {};
     if (isTooLarge(size, mostBytes))
         throw PictureLimit::exceeded();
-    const qsizetype row = (qsizetype(size.width()) * QImage::toPixelFormat(format).bitsPerPixel() + 31) / 32 * 4;
-    void *const zeros = std::calloc(size_t(size.height()), size_t(row)); // a large one costs nothing, unlike fill()
+    const qsizetype row =
+        (qsizetype(size.width()) * QImage::toPixelFormat(format).bitsPerPixel() + 31) / 32 * 4;
+    void *const zeros =
+        std::calloc(size_t(size.height()), size_t(row)); // a large one costs nothing, unlike fill()
     if (!zeros)
         throw RuntimeError(ErrorNumber::OutOfMemory);
     return QImage(static_cast<uchar *>(zeros), size.width(), size.height(), row, format, &std::free, zeros);
