@@ -147,10 +147,10 @@ TEST_F(MakeHelp, BulletsAreOneList)
 
 TEST_F(MakeHelp, PicturesAreInTheDocument)
 {
-    addPicture(QStringLiteral("frmMain-menu.png"), 640);
+    addPicture(QStringLiteral("frmMain-menu.png"), 540);
     make("# T\n\n![The frame](pictures/frmMain-menu.png)\n");
     load();
-    EXPECT_TRUE(Files::read(out).contains("\\pngblip\\picw640\\pich30\\picwgoal9600\\pichgoal450 " +
+    EXPECT_TRUE(Files::read(out).contains("\\pngblip\\picw540\\pich30\\picwgoal8100\\pichgoal450 " +
                                           picture.toHex()));
 }
 
@@ -165,7 +165,7 @@ TEST_F(MakeHelp, MakesTheSameOfTheSame)
 
 TEST_P(MakeHelpRefuses, WhatIsOutsideOfTheConvention)
 {
-    addPicture(QStringLiteral("wide.png"), 641);
+    addPicture(QStringLiteral("wide.png"), 541);
     Files::write(home.file(QStringLiteral("pictures/text.png")), "no picture");
     Files::write(out, "old");
     make(GetParam().text);

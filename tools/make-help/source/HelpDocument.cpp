@@ -25,7 +25,7 @@ constexpr double textSize = 10;
 constexpr double codeSize = 9.5;
 constexpr int listIndent = 360;    // twips
 constexpr int lineSpacing = 276;   // 240ths of a line
-constexpr int widestPicture = 640; // pixels
+constexpr int widestPicture = 540; // pixels, for which the help window has room when it opens
 
 struct Spacing
 {
