@@ -8,6 +8,7 @@
 #include "RichTextFile.h"
 #include "RunningSuite.h"
 #include "WindowCaptions.h"
+#include "dlgFindReplace.h"
 
 #include <QDir>
 #include <QTextDocument>
@@ -44,10 +45,27 @@ private:
     {
         if (name == QLatin1String("frmdialler"))
             return openDialler();
+        if (name == QLatin1String("frmAddress"))
+            return openContactEditor();
+        if (name == QLatin1String("dlgFindReplace"))
+            return WindowCaptions(dlgFindReplace({}, true, nullptr));
+        return load(name);
+    }
+    static WindowCaptions load(const QString &name)
+    {
         Form &form = Forms::refer(name);
         form.load();
         const WindowCaptions captions(form);
         form.unload();
+        return captions;
+    }
+    /// It reads the database that the address book has open.
+    static WindowCaptions openContactEditor()
+    {
+        Form &book = Forms::refer(QStringLiteral("frmAddressBook"));
+        book.load();
+        const WindowCaptions captions = load(QStringLiteral("frmAddress"));
+        book.unload();
         return captions;
     }
     /// Its menus and captions differ by its mode.
