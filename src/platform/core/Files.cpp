@@ -1,6 +1,5 @@
 #include "Files.h"
 
-#include "Descriptor.h"
 #include "FileNames.h"
 #include "RuntimeError.h"
 
@@ -154,10 +153,10 @@ void writeBy(TemporaryFile (*make)(const QByteArray &target, mode_t mode), const
 
 } // namespace
 
-QByteArray Files::read(const QString &path)
+Descriptor Files::open(const QString &path)
 {
     // Not blocking, so that a pipe without a writer is refused instead of waited for.
-    const Descriptor file(::open(FileNames::toBytes(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    Descriptor file(::open(FileNames::toBytes(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
     if (!file.isOpen())
         fail(path);
     struct stat state = {};
@@ -165,7 +164,15 @@ QByteArray Files::read(const QString &path)
         fail(path);
     if (!S_ISREG(state.st_mode))
         throw RuntimeError(ErrorNumber::PathFileAccessError, {}, path);
+    return file;
+}
 
+QByteArray Files::read(const QString &path)
+{
+    const Descriptor file = open(path);
+    struct stat state = {};
+    if (::fstat(file.get(), &state) != 0)
+        fail(path);
     QByteArray bytes(state.st_size, Qt::Uninitialized);
     qsizetype size = 0;
     for (;;) {

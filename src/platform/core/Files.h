@@ -1,15 +1,20 @@
 #pragma once
 
+#include "Descriptor.h"
+
 #include <QByteArray>
 #include <QString>
 
 /// Whole files, read and written in one piece. Paths are native.
 namespace Files {
 
-/// The bytes of the regular file \a path.
-/// Throws RuntimeError: 53 when it is missing, 70 when it may not be read, 75 when it is a folder, a
-/// device or a pipe, 57 or 7 when reading fails.
+/// The bytes of the regular file \a path. Throws RuntimeError as open does, and 57 or 7 when reading fails.
 QByteArray read(const QString &path);
+
+/// The regular file \a path, open for reading, for one that is too large to be held in memory beside what it
+/// becomes. Throws RuntimeError: 53 when it is missing, 70 when it may not be read, 75 when it is a folder, a
+/// device or a pipe.
+Descriptor open(const QString &path);
 
 /// Replaces \a path by \a bytes: written beside it, synced and renamed over it, so that after any failure
 /// the old file is unchanged and nothing is left beside it. Permissions of the old file are kept, and a

@@ -3,6 +3,7 @@
 #include "QtPictureReader.h"
 #include "RuntimeError.h"
 
+#include <QBuffer>
 #include <QtEndian>
 #include <array>
 #include <bit>
@@ -25,15 +26,15 @@ Channel spread(int bits)
 }
 
 /// How many bits red, green and blue have in a bitmap of 16 bits.
-std::array<int, 3> channelBits(const QByteArray &file)
+std::array<int, 3> channelBits(const QByteArray &head)
 {
     constexpr qsizetype compression = 30;
     constexpr qsizetype masks = 54;
     constexpr quint32 byMasks = 3;
-    if (file.size() < masks + 12 || qFromLittleEndian<quint32>(file.data() + compression) != byMasks)
+    if (head.size() < masks + 12 || qFromLittleEndian<quint32>(head.data() + compression) != byMasks)
         return {5, 5, 5};
     const auto bits = [&](qsizetype index) {
-        return std::popcount(qFromLittleEndian<quint32>(file.data() + masks + 4 * index));
+        return std::popcount(qFromLittleEndian<quint32>(head.data() + masks + 4 * index));
     };
     return {bits(0), bits(1), bits(2)};
 }
@@ -50,33 +51,42 @@ void spreadChannels(QImage &image, const std::array<int, 3> &bits)
     }
 }
 
-/// The depth that \a file says; its older kind of header has it elsewhere and knows no 16 bits.
-int depthOf(const QByteArray &file)
+/// The depth that \a head says; its older kind has it elsewhere and knows no 16 bits.
+int depthOf(const QByteArray &head)
 {
     constexpr qsizetype headerSize = 14;
     constexpr quint32 infoHeaderSize = 40;
-    if (file.size() < headerSize + qsizetype(infoHeaderSize) ||
-        qFromLittleEndian<quint32>(file.data() + headerSize) < infoHeaderSize)
+    if (head.size() < headerSize + qsizetype(infoHeaderSize) ||
+        qFromLittleEndian<quint32>(head.data() + headerSize) < infoHeaderSize)
         return 0;
-    return qFromLittleEndian<quint16>(file.data() + headerSize + 14);
+    return qFromLittleEndian<quint16>(head.data() + headerSize + 14);
 }
 
 /// Qt's reader takes pixels that begin beyond the file for black ones.
-bool hasPixels(const QByteArray &file)
+bool hasPixels(const QByteArray &head, qint64 fileSize)
 {
     constexpr qsizetype offset = 10;
-    return file.size() > offset + 4 &&
-           qFromLittleEndian<quint32>(file.data() + offset) < quint64(file.size());
+    return head.size() > offset + 4 && qFromLittleEndian<quint32>(head.data() + offset) < quint64(fileSize);
 }
 
 } // namespace
 
 QImage BitmapReader::read(const QByteArray &file, qint64 mostBytes)
 {
-    if (!hasPixels(file))
+    QBuffer buffer;
+    buffer.setData(file);
+    buffer.open(QIODevice::ReadOnly);
+    return read(buffer, mostBytes);
+}
+
+QImage BitmapReader::read(QIODevice &file, qint64 mostBytes)
+{
+    constexpr qint64 headSize = 66; // with the masks of a bitmap of 16 bits
+    const QByteArray head = file.peek(headSize);
+    if (!hasPixels(head, file.size()))
         throw RuntimeError(ErrorNumber::InvalidPicture);
     QImage image = QtPictureReader::read(file, "bmp", mostBytes).pixels;
-    if (depthOf(file) == 16 && image.depth() == 32)
-        spreadChannels(image, channelBits(file));
+    if (depthOf(head) == 16 && image.depth() == 32)
+        spreadChannels(image, channelBits(head));
     return image;
 }

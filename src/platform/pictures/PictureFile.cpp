@@ -2,7 +2,6 @@
 
 #include "BitmapReader.h"
 #include "DeviceIndependentBitmap.h"
-#include "FileNames.h"
 #include "Files.h"
 #include "IconReader.h"
 #include "JpegScans.h"
@@ -13,9 +12,9 @@
 #include "WmfReader.h"
 
 #include <QBuffer>
+#include <QFile>
 #include <QImageWriter>
 #include <limits>
-#include <sys/stat.h>
 
 namespace {
 
@@ -26,6 +25,15 @@ LoadedPicture jpeg(const QByteArray &bytes, qint64 mostBytes)
         throw RuntimeError(ErrorNumber::InvalidPicture);
     const QtPictureReader::Result result = QtPictureReader::read(bytes, "jpeg", mostBytes);
     return LoadedPicture(result.pixels, result.turning);
+}
+
+/// A bitmap's file may be as large as the picture, so that it is not held in memory.
+LoadedPicture bitmap(QFile &file, qint64 mostBytes)
+{
+    const QImage pixels = BitmapReader::read(file, mostBytes);
+    if (file.error() != QFileDevice::NoError)
+        throw RuntimeError(ErrorNumber::DeviceIoError);
+    return LoadedPicture(pixels);
 }
 
 /// A bitmap file has no transparency. Blended by hand: a painter ends at 32,767 pixels.
@@ -66,11 +74,14 @@ QByteArray bitmapFile(const QImage &image)
 
 LoadedPicture PictureFile::read(const QString &path, qint64 mostBytes)
 {
-    struct stat state = {};
-    if (::stat(FileNames::toBytes(path).constData(), &state) == 0 && S_ISREG(state.st_mode) &&
-        state.st_size > mostBytes)
+    const Descriptor descriptor = Files::open(path);
+    QFile file;
+    file.open(descriptor.get(), QIODevice::ReadOnly);
+    if (file.size() > mostBytes)
         throw PictureLimit::exceeded();
-    return decode(Files::read(path), mostBytes);
+    constexpr qint64 mark = 2; // bytes by which a bitmap is known
+    return pictureKindOf(file.peek(mark)) == PictureKind::Bitmap ? bitmap(file, mostBytes)
+                                                                 : decode(Files::read(path), mostBytes);
 }
 
 LoadedPicture PictureFile::decode(const QByteArray &bytes, qint64 mostBytes)

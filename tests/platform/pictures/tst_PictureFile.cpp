@@ -74,6 +74,30 @@ TEST_P(PicturesOfOthersTest, HaveThePixelsThatOthersSee)
 INSTANTIATE_TEST_SUITE_P(All, PicturesOfOthersTest, testing::ValuesIn(exactOnes()),
                          testNameOf<testing::TestParamInfo<PictureFixture>>);
 
+/// Bitmaps are read from the file itself, not from its bytes in memory.
+TEST_F(PictureFileTest, BitmapsAreTheSameFromTheirFileAndFromItsBytes)
+{
+    int wholes = 0;
+    for (const PictureFixture &fixture : PictureFixture::all()) {
+        const QByteArray whole = fixture.bytes();
+        if (!whole.startsWith("BM"))
+            continue;
+        ++wholes;
+        for (const qsizetype size :
+             {whole.size(), whole.size() - 1, whole.size() / 2, qsizetype(60), qsizetype(20)}) {
+            const QByteArray bytes = whole.first(qMin(size, whole.size()));
+            scratch.addFile("a.bmp", bytes);
+            const int error = errorNumberOf([&] { PictureFile::decode(bytes); });
+            EXPECT_EQ(errorOf("a.bmp"), error) << fixture.name << ' ' << size;
+            if (error == 0) {
+                EXPECT_EQ(PictureFile::read(path("a.bmp")).pixels, PictureFile::decode(bytes).pixels)
+                    << fixture.name << ' ' << size;
+            }
+        }
+    }
+    EXPECT_GT(wholes, 10);
+}
+
 TEST_F(PictureFileTest, ReadsAFileWhateverItsEnding)
 {
     for (const char *name : {"a.gif", "a.jpg", "a.txt", "a", "\xFF.gif"}) {
