@@ -7,8 +7,14 @@
 #include <QtEndian>
 #include <array>
 #include <bit>
+#include <limits>
+#include <utility>
 
 namespace {
+
+constexpr qsizetype headerSize = 14; // behind it is the header of the picture, which begins with its own size
+constexpr quint32 infoHeaderSize =
+    40; // an older kind is smaller, has numbers of 16 bits and knows no such depth
 
 using Channel = std::array<uchar, 256>;
 
@@ -51,15 +57,47 @@ void spreadChannels(QImage &image, const std::array<int, 3> &bits)
     }
 }
 
-/// The depth that \a head says; its older kind has it elsewhere and knows no 16 bits.
+bool hasInfoHeader(const QByteArray &head)
+{
+    return head.size() >= headerSize + qsizetype(infoHeaderSize) &&
+           qFromLittleEndian<quint32>(head.data() + headerSize) >= infoHeaderSize;
+}
+
 int depthOf(const QByteArray &head)
 {
-    constexpr qsizetype headerSize = 14;
-    constexpr quint32 infoHeaderSize = 40;
-    if (head.size() < headerSize + qsizetype(infoHeaderSize) ||
-        qFromLittleEndian<quint32>(head.data() + headerSize) < infoHeaderSize)
-        return 0;
-    return qFromLittleEndian<quint16>(head.data() + headerSize + 14);
+    return hasInfoHeader(head) ? qFromLittleEndian<quint16>(head.data() + headerSize + 14) : 0;
+}
+
+/// Makes the height at \a at positive. Returns whether it was negative.
+template<class Height>
+bool makePositive(QByteArray &head, qsizetype at)
+{
+    const auto height = qFromLittleEndian<Height>(head.data() + at);
+    if (height == std::numeric_limits<Height>::min())
+        throw RuntimeError(ErrorNumber::InvalidPicture);
+    if (height < 0)
+        qToLittleEndian<Height>(Height(-height), head.data() + at);
+    return height < 0;
+}
+
+/// A negative height says that the upper row is the first one. Returns whether \a head had one, and makes it
+/// positive.
+bool turnOver(QByteArray &head)
+{
+    constexpr qsizetype oldHeaderSize = 12;
+    if (hasInfoHeader(head))
+        return makePositive<qint32>(head, headerSize + 8);
+    return head.size() >= headerSize + oldHeaderSize && makePositive<qint16>(head, headerSize + 6);
+}
+
+/// Qt's reader reads pictures whose upper row is the first one into memory of its own, and leaves what the
+/// file does not have of them as that memory was.
+QImage readFromTop(QIODevice &file, qint64 mostBytes)
+{
+    QByteArray bytes = file.readAll();
+    turnOver(bytes);
+    QImage image = QtPictureReader::read(bytes, "bmp", mostBytes).pixels;
+    return std::move(image).mirrored();
 }
 
 /// Qt's reader takes pixels that begin beyond the file for black ones.
@@ -82,10 +120,11 @@ QImage BitmapReader::read(const QByteArray &file, qint64 mostBytes)
 QImage BitmapReader::read(QIODevice &file, qint64 mostBytes)
 {
     constexpr qint64 headSize = 66; // with the masks of a bitmap of 16 bits
-    const QByteArray head = file.peek(headSize);
+    QByteArray head = file.peek(headSize);
     if (!hasPixels(head, file.size()))
         throw RuntimeError(ErrorNumber::InvalidPicture);
-    QImage image = QtPictureReader::read(file, "bmp", mostBytes).pixels;
+    QImage image =
+        turnOver(head) ? readFromTop(file, mostBytes) : QtPictureReader::read(file, "bmp", mostBytes).pixels;
     if (depthOf(head) == 16 && image.depth() == 32)
         spreadChannels(image, channelBits(head));
     return image;

@@ -7,6 +7,7 @@
 #include <QBuffer>
 #include <QtEndian>
 #include <gtest/gtest.h>
+#include <limits>
 #include <random>
 
 namespace {
@@ -195,10 +196,19 @@ TEST_F(PictureDamage, WhatABitmapLacksIsBlack)
     QBuffer buffer(&bitmap);
     buffer.open(QIODevice::WriteOnly);
     ASSERT_TRUE(white.save(&buffer, "bmp"));
+    QByteArray fromTop = bitmap;
+    qToLittleEndian<qint32>(-side, fromTop.data() + 22);
     for (int round = 0; round < 5; ++round) { // memory of the whole ones is used again
-        EXPECT_EQ(PictureFile::decode(bitmap).pixels.pixel(0, 0), qRgb(255, 255, 255));
-        EXPECT_EQ(PictureFile::decode(bitmap.first(headers + 30'000)).pixels.pixel(0, 0), qRgb(0, 0, 0));
+        for (const QByteArray &whole : {bitmap, fromTop}) {
+            const int last = whole == bitmap ? 0 : side - 1; // the row at the end of the file
+            EXPECT_EQ(PictureFile::decode(whole).pixels.pixel(0, last), qRgb(255, 255, 255));
+            const QImage cut = PictureFile::decode(whole.first(headers + 30'000)).pixels;
+            EXPECT_EQ(cut.pixel(0, last), qRgb(0, 0, 0));
+            EXPECT_EQ(cut.pixel(0, side - 1 - last), qRgb(255, 255, 255));
+        }
     }
+    qToLittleEndian<qint32>(std::numeric_limits<qint32>::min(), fromTop.data() + 22);
+    EXPECT_EQ(errorOf(fromTop), ErrorNumber::InvalidPicture);
 }
 
 TEST_F(PictureDamage, BitmapsWithRunsBeyondTheirRowsAreShownOrRefused)
