@@ -51,10 +51,11 @@ void useLargePages(void *memory, size_t bytes)
 }
 
 /// The reader of bitmaps leaves out rows and pixels that the file does not have; they are black.
-QImage blank(const QSize &size, QImage::Format format, qint64 mostBytes)
+QImage blank(const QSize &size, int formatNumber, qint64 mostBytes)
 {
-    if (format == QImage::Format_Invalid || size.isEmpty())
+    if (formatNumber <= QImage::Format_Invalid || formatNumber >= QImage::NImageFormats || size.isEmpty())
         return {};
+    const auto format = QImage::Format(formatNumber);
     if (isTooLarge(size, mostBytes))
         throw PictureLimit::exceeded();
     const qsizetype row =
@@ -90,7 +91,8 @@ QtPictureReader::Result QtPictureReader::read(QIODevice &file, const char *forma
 
     Result result;
     result.turning = reader.transformation();
-    result.pixels = blank(size, reader.imageFormat(), mostBytes);
+    // A number: of a damaged file the reader tells any, and loading one that is no format is undefined.
+    result.pixels = blank(size, int(reader.imageFormat()), mostBytes);
     if (reader.read(&result.pixels))
         return result;
     if (isTooLarge(size, mostBytes))
