@@ -12,8 +12,9 @@
 
 namespace {
 
-constexpr qsizetype headerSize = 14; // behind it is the header of the picture, which begins with its own size
-constexpr quint32 infoHeaderSize =
+constexpr qsizetype fileHeaderSize =
+    14; // behind it is the header of the picture, which begins with its own size
+constexpr quint32 leastInfoHeader =
     40; // an older kind is smaller, has numbers of 16 bits and knows no such depth
 
 using Channel = std::array<uchar, 256>;
@@ -59,13 +60,13 @@ void spreadChannels(QImage &image, const std::array<int, 3> &bits)
 
 bool hasInfoHeader(const QByteArray &head)
 {
-    return head.size() >= headerSize + qsizetype(infoHeaderSize) &&
-           qFromLittleEndian<quint32>(head.data() + headerSize) >= infoHeaderSize;
+    return head.size() >= fileHeaderSize + qsizetype(leastInfoHeader) &&
+           qFromLittleEndian<quint32>(head.data() + fileHeaderSize) >= leastInfoHeader;
 }
 
 int depthOf(const QByteArray &head)
 {
-    return hasInfoHeader(head) ? qFromLittleEndian<quint16>(head.data() + headerSize + 14) : 0;
+    return hasInfoHeader(head) ? qFromLittleEndian<quint16>(head.data() + fileHeaderSize + 14) : 0;
 }
 
 /// Makes the height at \a at positive. Returns whether it was negative.
@@ -86,8 +87,8 @@ bool turnOver(QByteArray &head)
 {
     constexpr qsizetype oldHeaderSize = 12;
     if (hasInfoHeader(head))
-        return makePositive<qint32>(head, headerSize + 8);
-    return head.size() >= headerSize + oldHeaderSize && makePositive<qint16>(head, headerSize + 6);
+        return makePositive<qint32>(head, fileHeaderSize + 8);
+    return head.size() >= fileHeaderSize + oldHeaderSize && makePositive<qint16>(head, fileHeaderSize + 6);
 }
 
 /// Qt's reader reads pictures whose upper row is the first one into memory of its own, and leaves what the
@@ -119,8 +120,8 @@ QImage BitmapReader::read(const QByteArray &file, qint64 mostBytes)
 
 QImage BitmapReader::read(QIODevice &file, qint64 mostBytes)
 {
-    constexpr qint64 headSize = 66; // with the masks of a bitmap of 16 bits
-    QByteArray head = file.peek(headSize);
+    constexpr qint64 readAhead = 66; // with the masks of a bitmap of 16 bits
+    QByteArray head = file.peek(readAhead);
     if (!hasPixels(head, file.size()))
         throw RuntimeError(ErrorNumber::InvalidPicture);
     QImage image =
