@@ -12,10 +12,8 @@
 
 namespace {
 
-constexpr qsizetype fileHeaderSize =
-    14; // behind it is the header of the picture, which begins with its own size
-constexpr quint32 leastInfoHeader =
-    40; // an older kind is smaller, has numbers of 16 bits and knows no such depth
+constexpr qsizetype pictureHeader = 14; // where it begins, with its own size
+constexpr quint32 leastInfoHeader = 40; // an older kind is smaller, and its numbers have 16 bits
 
 using Channel = std::array<uchar, 256>;
 
@@ -60,13 +58,13 @@ void spreadChannels(QImage &image, const std::array<int, 3> &bits)
 
 bool hasInfoHeader(const QByteArray &head)
 {
-    return head.size() >= fileHeaderSize + qsizetype(leastInfoHeader) &&
-           qFromLittleEndian<quint32>(head.data() + fileHeaderSize) >= leastInfoHeader;
+    return head.size() >= pictureHeader + qsizetype(leastInfoHeader) &&
+           qFromLittleEndian<quint32>(head.data() + pictureHeader) >= leastInfoHeader;
 }
 
 int depthOf(const QByteArray &head)
 {
-    return hasInfoHeader(head) ? qFromLittleEndian<quint16>(head.data() + fileHeaderSize + 14) : 0;
+    return hasInfoHeader(head) ? qFromLittleEndian<quint16>(head.data() + pictureHeader + 14) : 0;
 }
 
 /// Makes the height at \a at positive. Returns whether it was negative.
@@ -87,8 +85,8 @@ bool turnOver(QByteArray &head)
 {
     constexpr qsizetype oldHeaderSize = 12;
     if (hasInfoHeader(head))
-        return makePositive<qint32>(head, fileHeaderSize + 8);
-    return head.size() >= fileHeaderSize + oldHeaderSize && makePositive<qint16>(head, fileHeaderSize + 6);
+        return makePositive<qint32>(head, pictureHeader + 8);
+    return head.size() >= pictureHeader + oldHeaderSize && makePositive<qint16>(head, pictureHeader + 6);
 }
 
 /// Qt's reader reads pictures whose upper row is the first one into memory of its own, and leaves what the
