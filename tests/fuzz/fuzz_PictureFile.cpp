@@ -1,3 +1,4 @@
+#include "FontsForFuzzing.h"
 #include "PictureFile.h"
 #include "RuntimeError.h"
 
@@ -7,6 +8,7 @@
 /// Reads any bytes as every kind of picture: a picture of at most so much memory, or error 481.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
+    static const FontsForFuzzing fonts;
     constexpr qint64 mostBytes = 1 << 24;
     try {
         const LoadedPicture picture = PictureFile::decode(
