@@ -21,25 +21,25 @@ struct ButtonKey
 constexpr ButtonKey buttonKeys[] = {
     {Qt::CTRL | Qt::Key_S, "Save"}, {Qt::CTRL | Qt::Key_B, "Bold"}, {Qt::CTRL | Qt::Key_U, "Underline"}};
 
-void bindKey(RichTextBox &text, QKeyCombination keys, std::function<void()> handler)
+void bindKey(QWidget &place, QKeyCombination keys, std::function<void()> handler)
 {
-    auto *shortcut = new QShortcut(QKeySequence(keys), &text);
-    shortcut->setContext(Qt::WidgetShortcut);
-    on(shortcut, &QShortcut::activated, &text, std::move(handler));
+    auto *shortcut = new QShortcut(QKeySequence(keys), &place);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    on(shortcut, &QShortcut::activated, &place, std::move(handler));
 }
 
 } // namespace
 
-void DocumentKeys::bindSearch(RichTextBox &text, clsFindandReplace &find, Opening open)
+void DocumentKeys::bindSearch(QWidget &place, RichTextBox &text, clsFindandReplace &find, Opening open)
 {
-    bindKey(text, Qt::CTRL | Qt::Key_F, [&text, &find, open] { (find.*open)(text); });
-    bindKey(text, Qt::Key_F3, [&] { find.FindAgain(text, FindFlag::Down); });
-    bindKey(text, Qt::SHIFT | Qt::Key_F3, [&] { find.FindAgain(text, 0); });
+    bindKey(place, Qt::CTRL | Qt::Key_F, [&text, &find, open] { (find.*open)(text); });
+    bindKey(place, Qt::Key_F3, [&] { find.FindAgain(text, FindFlag::Down); });
+    bindKey(place, Qt::SHIFT | Qt::Key_F3, [&] { find.FindAgain(text, 0); });
 }
 
 void DocumentKeys::bind(RichTextBox &text, clsFindandReplace &find, Toolbar &toolbar)
 {
-    bindSearch(text, find, &clsFindandReplace::ShowReplace);
+    bindSearch(text, text, find, &clsFindandReplace::ShowReplace);
     for (const ButtonKey &row : buttonKeys) {
         QAction &button = toolbar.button(QString::fromLatin1(row.button));
         bindKey(text, row.keys, [&button] { button.trigger(); });

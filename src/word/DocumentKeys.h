@@ -1,5 +1,6 @@
 #pragma once
 
+class QWidget;
 class RichTextBox;
 class Toolbar;
 class clsFindandReplace;
@@ -13,7 +14,8 @@ void bind(RichTextBox &text, clsFindandReplace &find, Toolbar &toolbar);
 
 using Opening = bool (clsFindandReplace::*)(RichTextBox &control);
 
-/// Gives \a text the keys of the search alone; Ctrl+F opens the dialog by \a open.
-void bindSearch(RichTextBox &text, clsFindandReplace &find, Opening open);
+/// Gives \a place, and all that is in it, the keys of a search of \a text; Ctrl+F opens the dialog by \a
+/// open.
+void bindSearch(QWidget &place, RichTextBox &text, clsFindandReplace &find, Opening open);
 
 } // namespace DocumentKeys

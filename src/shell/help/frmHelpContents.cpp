@@ -116,7 +116,7 @@ void frmHelpContents::bind()
     on(SSTab1, &TabStrip::currentChanged, this, &frmHelpContents::SSTab1_Change);
     on(SSTab1, &TabStrip::tabBarClicked, this, &frmHelpContents::SSTab1_Click);
     on(RichTextBox1, &RichTextBox::LinkClicked, this, &frmHelpContents::RichTextBox1_LinkClicked);
-    DocumentKeys::bindSearch(*RichTextBox1, *FindDialog, &clsFindandReplace::ShowFind);
+    DocumentKeys::bindSearch(*this, *RichTextBox1, *FindDialog, &clsFindandReplace::ShowFind);
 }
 
 void frmHelpContents::Form_Load()

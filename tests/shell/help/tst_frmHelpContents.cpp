@@ -276,6 +276,14 @@ TEST_F(HelpContentsTest, CtrlFSearchesItAndReplacesNothing)
     EXPECT_FALSE(find->isVisible());
 }
 
+TEST_F(HelpContentsTest, CtrlFSearchesItFromTheTopicsToo)
+{
+    help.show(6);
+    help.topic(6).setFocus();
+    QTest::keyClick(&help.topic(6), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_NE(help.form().window()->findChild<dlgFindReplace *>(), nullptr);
+}
+
 TEST_F(HelpContentsTest, F3WithoutASearchOpensTheSameDialog)
 {
     help.pane().setFocus();
