@@ -16,9 +16,15 @@
 namespace {
 
 constexpr ToolMenuRow menuRows[] = {
-    StandardToolMenu::File,           StandardToolMenu::NewDocument,  StandardToolMenu::Close,
-    StandardToolMenu::ExitTools,      StandardToolMenu::Window,       StandardToolMenu::Cascade,
-    StandardToolMenu::TileHorizontal, StandardToolMenu::TileVertical, StandardToolMenu::ArrangeIcons,
+    StandardToolMenu::File,
+    StandardToolMenu::NewDocument,
+    StandardToolMenu::Close,
+    renamed(StandardToolMenu::ExitTools, "mnuexittools", "E&xit Quill-Office Tools "),
+    renamed(StandardToolMenu::Window, "mnuWindow", "Window"),
+    StandardToolMenu::Cascade,
+    StandardToolMenu::TileHorizontal,
+    StandardToolMenu::TileVertical,
+    StandardToolMenu::ArrangeIcons,
 };
 
 constexpr int fewestToCommand = 2; // this computer and another one

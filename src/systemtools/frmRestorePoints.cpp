@@ -10,10 +10,8 @@
 #include "ThemeIcon.h"
 #include "WindowCommands.h"
 
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -48,14 +46,21 @@ QString rowOf(const SystemRestore::Point &point)
            ShownText::line(point.Description) + QStringLiteral(" : ") + dateText(point.creationtime);
 }
 
-/// Disables buttons as long as it lives; the focus comes back to them.
+/// Disables buttons as long as it lives. The focus waits in \a rest, or it would go on to the next button,
+/// which a key would press; it comes back unless the user has taken it elsewhere.
 class Disabled
 {
 public:
-    explicit Disabled(const QList<QPushButton *> &buttons)
+    Disabled(const QList<QPushButton *> &buttons, QWidget &rest)
         : m_buttons(buttons)
-        , m_focus(QApplication::focusWidget())
+        , m_rest(rest)
     {
+        for (QPushButton *button : m_buttons) {
+            if (button->hasFocus()) {
+                m_focus = button;
+                m_rest.setFocus();
+            }
+        }
         for (QPushButton *button : m_buttons)
             button->setEnabled(false);
     }
@@ -63,7 +68,7 @@ public:
     {
         for (QPushButton *button : m_buttons)
             button->setEnabled(true);
-        if (m_focus && m_buttons.contains(m_focus.data()))
+        if (m_focus && m_rest.window()->focusWidget() == &m_rest) // also while a box goes away
             m_focus->setFocus();
     }
     Disabled(const Disabled &) = delete;
@@ -71,7 +76,8 @@ public:
 
 private:
     QList<QPushButton *> m_buttons;
-    QPointer<QWidget> m_focus;
+    QWidget &m_rest;
+    QPushButton *m_focus = nullptr;
 };
 
 } // namespace
@@ -142,7 +148,7 @@ void frmRestorePoints::Command2_Click()
 void frmRestorePoints::CreatePoint()
 {
     resumeNext([&] {
-        const Disabled whileWorking({Command1, Command2});
+        const Disabled whileWorking({Command1, Command2}, *listview2);
         SystemRestore::CreateRestorePoint(Text1->text());
         Ask(QStringLiteral("Restore Point Created Successfully!"), MsgBoxStyle::Information,
             QStringLiteral("Job Done!"));
@@ -153,7 +159,7 @@ void frmRestorePoints::CreatePoint()
 
 void frmRestorePoints::ListPoints()
 {
-    const Disabled whileWorking({Command1, Command2});
+    const Disabled whileWorking({Command1, Command2}, *listview2);
     listview2->Clear();
     QStringList rows;
     for (const SystemRestore::Point &point : SystemRestore::instances())

@@ -335,6 +335,17 @@ TEST_F(NetworkInfoTest, ItsMenusCallTheFrame)
     EXPECT_TRUE(form.isNull() || !form->isLoaded());
 }
 
+TEST_F(NetworkInfoTest, ItsMenusHaveCaptionsOfTheirOwn)
+{
+    openWithHostB();
+    const auto caption = [&](const char *name) {
+        const auto *item = form->findChild<QAction *>(QString::fromLatin1(name));
+        return item ? item->text() : QString();
+    };
+    EXPECT_EQ(caption("mnuexittools"), QStringLiteral("E&xit Quill-Office Tools "));
+    EXPECT_EQ(caption("mnuWindow"), QStringLiteral("Window"));
+}
+
 TEST_F(NetworkInfoTest, CloseUnloads)
 {
     openWithHostB();

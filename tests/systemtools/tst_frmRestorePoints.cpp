@@ -45,6 +45,8 @@ struct RestorePointsTest : testing::Test
 };
 
 const QByteArray captions = "number,date,description\n0,,current\n";
+const QByteArray untilGo =
+    "while [ ! -e \"$folder/go.sh\" ]; do sleep 0.01; done; cat \"$folder/list.out\"\n";
 
 } // namespace
 
@@ -134,7 +136,7 @@ TEST_F(RestorePointsTest, AListThatFailsIsNotTrapped)
 
 TEST_F(RestorePointsTest, TheButtonsWaitAndTheWindowMayBeClosedMeanwhile)
 {
-    snapper.runs("list", "while [ ! -e \"$folder/go.sh\" ]; do sleep 0.01; done; cat \"$folder/list.out\"\n");
+    snapper.runs("list", untilGo);
     bool wasEnabled = true;
     QTimer::singleShot(0, [&] {
         wasEnabled = form->member<QPushButton>(QStringLiteral("Command2")).isEnabled();
@@ -144,6 +146,30 @@ TEST_F(RestorePointsTest, TheButtonsWaitAndTheWindowMayBeClosedMeanwhile)
     press("Command1");
     EXPECT_FALSE(wasEnabled);
     EXPECT_TRUE(form.isNull() || !form->isLoaded());
+}
+
+TEST_F(RestorePointsTest, TheFocusWaitsInTheListAndComesBack)
+{
+    snapper.runs("list", untilGo);
+    QString waiting;
+    QTimer::singleShot(0, [&] {
+        waiting = form->focusWidget()->objectName();
+        snapper.runs("go", {});
+    });
+    press("Command1");
+    EXPECT_EQ(waiting, QStringLiteral("listview2"));
+    EXPECT_EQ(form->focusWidget()->objectName(), QStringLiteral("Command1"));
+}
+
+TEST_F(RestorePointsTest, TheFocusStaysWhereTheUserTakesItMeanwhile)
+{
+    snapper.runs("list", untilGo);
+    QTimer::singleShot(0, [&] {
+        description().setFocus();
+        snapper.runs("go", {});
+    });
+    press("Command1");
+    EXPECT_EQ(form->focusWidget(), &description());
 }
 
 TEST_F(RestorePointsTest, DescriptionsAreShownLetterByLetter)

@@ -93,10 +93,18 @@ TEST_F(SystemMessageTest, BeginsWithTheDefaultWordsAndItsSize)
     EXPECT_EQ(form.member<QLabel>(QStringLiteral("Label1")).text(),
               QStringLiteral("Enter the Title for the Message"));
     EXPECT_EQ(form.member<QLabel>(QStringLiteral("Label3")).text(), QStringLiteral("Enter the Message Text"));
-    EXPECT_TRUE(
-        form.member<QLabel>(QStringLiteral("Label2"))
-            .text()
-            .startsWith(QStringLiteral("Adding this will add a message box to your Windows StartUp. ")));
+    EXPECT_EQ(
+        form.member<QLabel>(QStringLiteral("Label2")).text(),
+        QStringLiteral(
+            "Adding this will add a message box to your Windows StartUp. The message will appear before any "
+            "Logon prompts and will be displayed to the user until they Click OK and acknowledge the "
+            "message. If values are already set they will be displayed below for you to edit if desired. "
+            "Once you have made any changes click 'Activate' to apply the changes. De-Activate removes the "
+            "Registry Keys and the message also."));
+    EXPECT_EQ(form.member<QPushButton>(QStringLiteral("cmdActivate")).text(), QStringLiteral("Activate"));
+    EXPECT_EQ(form.member<QPushButton>(QStringLiteral("cmdDeActivate")).text(),
+              QStringLiteral("De-Activate"));
+    EXPECT_EQ(form.member<QPushButton>(QStringLiteral("cmdClose")).text(), QStringLiteral("Close"));
 }
 
 TEST_F(SystemMessageTest, ShowsThePolicysValuesWhereTheOthersAreMissing)
@@ -145,6 +153,19 @@ TEST_F(SystemMessageTest, ActivateWritesEmptyBoxesEmpty)
     EXPECT_EQ(values(), QStringLiteral("|||"));
     open();
     EXPECT_EQ(shown(), QStringLiteral("No Title|No Message"));
+}
+
+TEST_F(SystemMessageTest, WhatCannotBeWrittenIsPassedOver)
+{
+    const QString before = RegistryStore::setMachineFolder(etc.path() + QStringLiteral("/file/below"));
+    etc.addFile("file");
+    open();
+    title().setText(QStringLiteral("Title"));
+    press("cmdActivate");
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ(values(), QStringLiteral("-|-|-|-"));
+    EXPECT_TRUE(QFile::exists(etc.path() + QStringLiteral("/issue.d/90-quill.issue")));
+    RegistryStore::setMachineFolder(before);
 }
 
 TEST_F(SystemMessageTest, DeActivateDeletesAllFourValuesAndCloses)

@@ -85,13 +85,19 @@ void LogInBanner::showOnDesktop(const QString &notice) const
     updateSettings();
 }
 
-/// The folders on the way are made.
+/// The folders on the way are made. The log-in screen is a user of its own, so that everybody may read all of
+/// it, whatever the mask is.
 void LogInBanner::write(const QString &name, const QByteArray &content) const
 {
-    constexpr mode_t forAll = 0755;
-    for (qsizetype slash = name.indexOf(u'/', 1); slash > 0; slash = name.indexOf(u'/', slash + 1))
-        ::mkdir(FileNames::toBytes(m_folder + name.left(slash)).constData(), forAll);
+    constexpr mode_t folderForAll = 0755;
+    constexpr mode_t fileForAll = 0644;
+    for (qsizetype slash = name.indexOf(u'/', 1); slash > 0; slash = name.indexOf(u'/', slash + 1)) {
+        const QByteArray folder = FileNames::toBytes(m_folder + name.left(slash));
+        if (::mkdir(folder.constData(), folderForAll) == 0)
+            ::chmod(folder.constData(), folderForAll);
+    }
     Files::write(m_folder + name, content);
+    ::chmod(FileNames::toBytes(m_folder + name).constData(), fileForAll);
 }
 
 void LogInBanner::remove() const noexcept

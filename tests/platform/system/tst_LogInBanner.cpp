@@ -6,9 +6,11 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -61,6 +63,19 @@ TEST_F(LogInBannerTest, CanBeReadByTheSettings)
     ASSERT_TRUE(compile.waitForFinished());
     EXPECT_EQ(compile.exitCode(), 0) << compile.readAllStandardError().constData();
     EXPECT_TRUE(content("database").contains("It's \"quoted\"\n\na\\b\nc"));
+}
+
+TEST_F(LogInBannerTest, CanBeReadByEverybody)
+{
+    etc.addFolder("gdm3");
+    const mode_t before = ::umask(077);
+    banner.show(QStringLiteral("a"), QStringLiteral("b"));
+    ::umask(before);
+    for (const char *name : {console, desktop, profile}) {
+        EXPECT_TRUE(QFile::permissions(file(name)).testFlag(QFile::ReadOther)) << name;
+        const QString folder = QFileInfo(file(name)).path();
+        EXPECT_TRUE(QFile::permissions(folder).testFlags(QFile::ReadOther | QFile::ExeOther)) << name;
+    }
 }
 
 TEST_F(LogInBannerTest, LeavesAProfileOfTheAdministrator)
