@@ -18,10 +18,12 @@ enum Id {
     TabStops, ///< QString, the stops' control words in order without backslashes: "tx720 tqr tldot tx1440"
     Borders,  ///< QString, the same for the lines around it: "brdrt brdrs brdrw15 brsp20 brdrcf#ff0000"
     Section,  ///< shared format, PageSections: the section that begins with the paragraph
-    SectionNumber,  ///< int, different for each
-    ListStart,      ///< int, first number of a numbered list (QTextListFormat)
-    ListBullet,     ///< QString, the sign of a bullet list where it is none of Qt's (QTextListFormat)
-    ListBulletFont, ///< QString, the family without which the sign means nothing (QTextListFormat)
+    SectionNumber,   ///< int, different for each
+    OnlyBeforeTable, ///< bool, the paragraph is there because Qt has one before each table, and the file has
+                     ///< none
+    ListStart,       ///< int, first number of a numbered list (QTextListFormat)
+    ListBullet,      ///< QString, the sign of a bullet list where it is none of Qt's (QTextListFormat)
+    ListBulletFont,  ///< QString, the family without which the sign means nothing (QTextListFormat)
     ListLevel, ///< int, 0 to 8, depth in nested lists (QTextListFormat, whose own indent is 0: paragraphs
                ///< indent)
 

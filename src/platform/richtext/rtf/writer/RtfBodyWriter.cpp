@@ -2,6 +2,7 @@
 
 #include "FrameSign.h"
 #include "PageSections.h"
+#include "RichTextProperties.h"
 #include "RowWords.h"
 #include "RtfHeader.h"
 #include "RtfPageWriter.h"
@@ -56,6 +57,11 @@ void RtfBodyWriter::blocks(int start, int end, const char *lastEnd)
             continue;
         }
         const int next = position + block.length();
+        if (isOnlyBeforeTable(block, next)) {
+            position = next;
+            block = block.next();
+            continue;
+        }
         if (m_hasSections && m_depth == 0)
             beginSection(block);
         this->block(block, position, next > end ? lastEnd : endOf(block));
@@ -187,7 +193,15 @@ void RtfBodyWriter::block(const QTextBlock &block, int start, const char *end)
 
 bool RtfBodyWriter::startsFrame(int position) const
 {
-    return position > 0 && m_text.at(position - 1) == FrameSign::begin;
+    return position > 0 && position <= m_text.size() && m_text.at(position - 1) == FrameSign::begin;
+}
+
+/// Nobody has written into it since the file was read; \a next is the position behind it.
+bool RtfBodyWriter::isOnlyBeforeTable(const QTextBlock &block, int next) const
+{
+    return block.length() == 1 && startsFrame(next) &&
+           block.blockFormat().boolProperty(RichTextProperty::OnlyBeforeTable) &&
+           !Unseen::isIn(block.charFormat());
 }
 
 int RtfBodyWriter::wordsOfEmpty(const QTextBlock &block, int start)

@@ -47,6 +47,7 @@ private:
     void block(const QTextBlock &block, int start, const char *end);
     void runs(const QTextBlock &block, int next);
     bool startsFrame(int position) const;
+    bool isOnlyBeforeTable(const QTextBlock &block, int next) const;
     int wordsOfEmpty(const QTextBlock &block, int start);
     void setCharacters(int words) { m_stream.setCharacters(words, m_characters.words(words)); }
     void setParagraph(int words) { m_stream.setParagraph(words, m_paragraphs.words(words), m_depth); }

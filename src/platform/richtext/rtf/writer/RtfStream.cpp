@@ -16,7 +16,9 @@ void RtfStream::setCharacters(int number, const QByteArray &words)
 
 void RtfStream::setParagraph(int number, const QByteArray &words, int depth)
 {
-    if (number == m_paragraph && depth == m_depth)
+    const bool isInInnerTable =
+        depth > 1; // some readers lose a paragraph's words at the end of an inner cell
+    if (number == m_paragraph && depth == m_depth && !isInInnerTable)
         return;
     m_paragraph = number;
     m_depth = depth;

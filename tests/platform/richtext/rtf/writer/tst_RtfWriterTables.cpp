@@ -76,6 +76,16 @@ TEST_F(RtfWriterTables, NestInCells)
         << bodyOf(document).constData();
 }
 
+TEST_F(RtfWriterTables, InnerCellsSayAllOfTheirParagraphs)
+{
+    QTextTable *inner = table->cellAt(1, 1).lastCursorPosition().insertTable(1, 2, unframed());
+    write(inner, 0, 0, QStringLiteral("x"));
+    write(inner, 0, 1, QStringLiteral("y"));
+    EXPECT_TRUE(bodyOf(document).contains("\\pard\\intbl\\itap2 x\\nestcell{\\nonesttables\\par}\n"
+                                          "\\pard\\intbl\\itap2 y\\nestcell{\\nonesttables\\par}\n"))
+        << bodyOf(document).constData();
+}
+
 TEST_F(RtfWriterTables, KeepTheEdgesOfTheirColumns)
 {
     QTextTableFormat format = unframed();

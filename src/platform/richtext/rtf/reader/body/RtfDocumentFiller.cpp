@@ -1,6 +1,7 @@
 #include "RtfDocumentFiller.h"
 
 #include "ParagraphFormat.h"
+#include "RichTextProperties.h"
 #include "RtfFormats.h"
 #include "RtfLists.h"
 #include "RtfTable.h"
@@ -110,6 +111,8 @@ void RtfDocumentFiller::table(const RtfTable &table)
 /// order, and the number of columns is set at the end.
 void RtfDocumentFiller::grid(const RtfTable &table, const RtfTableLayout &layout, const RtfTableGrid &grid)
 {
+    if (m_isBlockFree)
+        markBefore(table);
     settleCell();
     QTextTableFormat format = RtfTableFormat::table(table, grid, m_colors);
     QTextTable *inserted = m_cursor.insertTable(int(grid.cells.size()), 1, format);
@@ -123,6 +126,20 @@ void RtfDocumentFiller::grid(const RtfTable &table, const RtfTableLayout &layout
     inserted->QTextFrame::setFrameFormat(format);
     m_cursor.setPosition(position);
     m_isBlockFree = true;
+    m_isInCell = false;
+}
+
+/// The paragraph before \a table is none of the file's.
+void RtfDocumentFiller::markBefore(const RtfTable &table)
+{
+    QTextBlockFormat format;
+    format.setProperty(RichTextProperty::OnlyBeforeTable, true);
+    m_cursor.setBlockFormat(format);
+    QTextCharFormat text = m_formats.characters(table.flow.items.front().markFormat);
+    text.clearProperty(RichTextProperty::Unseen);
+    if (m_isInCell)
+        text.merge(m_cellFormat);
+    m_cursor.setBlockCharFormat(text);
     m_isInCell = false;
 }
 

@@ -39,6 +39,7 @@ private:
     void grid(const RtfTable &table, const RtfTableLayout &layout, const RtfTableGrid &grid);
     /// Gives the cell its format where no paragraph of its own did.
     void settleCell();
+    void markBefore(const RtfTable &table);
     void cell(const RtfTable &table, const RtfTableLayout &layout, const RtfTableGrid &grid, size_t index);
 
     const RtfFormats &m_formats;
