@@ -21,6 +21,8 @@ enum Id {
     SectionNumber,   ///< int, different for each
     OnlyBeforeTable, ///< bool, the paragraph is there because Qt has one before each table, and the file has
                      ///< none
+    Note,            ///< int: the paragraph is the text of the note with that number, which no other note has
+    NoteIsAtEnd,     ///< bool, it is one of the notes at the end of the text rather than of a page
     ListStart,       ///< int, first number of a numbered list (QTextListFormat)
     ListBullet,      ///< QString, the sign of a bullet list where it is none of Qt's (QTextListFormat)
     ListBulletFont,  ///< QString, the family without which the sign means nothing (QTextListFormat)
@@ -34,6 +36,9 @@ enum Id {
     Unseen,                                          ///< Unseen::Pieces, what is not shown before the text
     UnseenNumber,                                    ///< int, different wherever that is
     Field, ///< QString, what the field asks for whose result the text is: "PAGE"; in headers and footers
+
+    NoteMark,  ///< int: the text is the mark of the note with that number (Note)
+    NoteCount, ///< int, what the mark says where notes are counted
 
     // Pictures (QTextImageFormat); the shown size is the format's own width and height in pixels
     PictureBytes = QTextFormat::UserProperty + 200, ///< QByteArray, the picture as it came

@@ -41,7 +41,9 @@ struct RtfCharacterState
     int shading = 0;
     int highlight = 0;
     int language = 0;
-    int field = 0; ///< RtfFormats, the one whose result the text is; 0 is none
+    int field = 0;     ///< RtfFormats, the one whose result the text is; 0 is none
+    int note = 0;      ///< whose mark the text is, 0 is none
+    int noteCount = 0; ///< what the mark says where notes are counted
 
     bool operator==(const RtfCharacterState &other) const = default;
     bool isShown() const { return (switches & (Hidden | Deleted)) == 0; }

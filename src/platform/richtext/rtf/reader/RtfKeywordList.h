@@ -369,6 +369,7 @@
     row("row", RowEnd, Sign) \
     row("nestrow", NestedRowEnd, Sign) \
     row("chftn", NoteReference, Sign) \
+    row("ftnalt", NoteAtEnd, Sign) \
     row("chpgn", PageNumber, Sign) \
     row("tab", Tab, Sign) \
     row("line", Line, Sign) \

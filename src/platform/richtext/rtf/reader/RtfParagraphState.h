@@ -45,7 +45,9 @@ struct RtfParagraphState
     int level = 0;        ///< \ilvl
     int oldNumbering = 0; ///< RtfOldNumbering, 0 is none
     int isInTable = 0;
-    int section = 0;     ///< RtfFormats, the one that begins with it, 0 is none
+    int section = 0; ///< RtfFormats, the one that begins with it, 0 is none
+    int note = 0;    ///< whose text it is, 0 is none
+    int isNoteAtEnd = 0;
     int tableDepth = -1; ///< \itap, -1 when the file does not say
 
     bool operator==(const RtfParagraphState &other) const = default;

@@ -57,6 +57,8 @@ void RtfParser::sign(RtfWord word)
         return m_body.endRow(state());
     case RtfWord::NoteReference:
         return m_body.noteReference(state().characters);
+    case RtfWord::NoteAtEnd:
+        return m_body.setNoteAtEnd();
     case RtfWord::PageNumber:
         return pageNumber(QStringLiteral("PAGE"), state().characters);
     default:

@@ -159,6 +159,8 @@ CharacterWords::Run CharacterWords::make(const QTextCharFormat &format, int need
     run.words = m_words.number(wordsOf(format, needs));
     run.field = m_fields.number(instructionOf(format));
     run.isPicture = format.isImageFormat();
+    run.note = format.intProperty(RichTextProperty::NoteMark);
+    run.noteCount = format.intProperty(RichTextProperty::NoteCount);
     run.unseen = Unseen::of(format);
     return run;
 }

@@ -18,6 +18,8 @@ public:
         int words = -1; ///< equal for formats that are written alike
         int field = 0;  ///< equal for text of the same field, such as a link; 0 for none
         bool isPicture = false;
+        int note = 0;          ///< whose mark the text is, 0 for none
+        int noteCount = 0;     ///< what the mark says where notes are counted
         Unseen::Pieces unseen; ///< what is not shown before the text
     };
 

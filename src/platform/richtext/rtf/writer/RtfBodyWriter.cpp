@@ -20,6 +20,12 @@ constexpr const char *paragraphEnd = "\\par";
 constexpr const char *sectionEnd = "\\sect";
 constexpr const char *cellEnd = "\\cell";
 constexpr const char *nestedCellEnd = "\\nestcell{\\nonesttables\\par}";
+constexpr const char *noteEnd = ""; // its group ends there
+
+bool isAll(const QTextDocument &document, int from, int to)
+{
+    return from == 0 && to >= document.characterCount() - 1;
+}
 
 } // namespace
 
@@ -33,6 +39,7 @@ RtfBodyWriter::RtfBodyWriter(const QTextDocument &document, int from, int to, Rt
     , m_characters(document.allFormats(), header)
     , m_paragraphs(document, document.allFormats(), header)
     , m_places(Unseen::places(document))
+    , m_notes(isAll(document, from, to) ? NotePlaces(document) : NotePlaces())
     , m_hasSections(sections == Sections::Written && m_paragraphs.beginSections())
 {}
 
@@ -53,6 +60,12 @@ void RtfBodyWriter::blocks(int start, int end, const char *lastEnd)
             const QTextFrame *child = QTextCursor(block).currentFrame();
             childFrame(*child);
             position = child->lastPosition() + 1;
+            block = m_document.findBlock(position);
+            continue;
+        }
+        const int note = m_notes.noteAt(position);
+        if (note != 0 && note != m_note) { // it is written at its mark
+            position = m_notes.note(note).last + 1;
             block = m_document.findBlock(position);
             continue;
         }
@@ -183,7 +196,7 @@ void RtfBodyWriter::block(const QTextBlock &block, int start, const char *end)
         runs(block, start);
     if (endIsSelected && m_characters.hasUnseen())
         unseen(m_characters.unseen(block.charFormatIndex()), last);
-    if (start == last)
+    if (start == last && end != noteEnd)
         setCharacters(wordsOfEmpty(block, start));
     if (endIsSelected)
         m_stream.line(end);
@@ -231,6 +244,8 @@ void RtfBodyWriter::runs(const QTextBlock &block, int next)
         setCharacters(run.words);
         if (run.isPicture)
             pictures(fragment.charFormatIndex(), text);
+        else if (isMark(run, start))
+            mark(run, text, start);
         else
             m_stream.text(text);
     }
@@ -238,10 +253,43 @@ void RtfBodyWriter::runs(const QTextBlock &block, int next)
         m_stream.endField();
 }
 
+/// Of a note, or the one that its own text begins with.
+bool RtfBodyWriter::isMark(const CharacterWords::Run &run, int position) const
+{
+    return run.note != 0 && (run.note == m_note || m_notes.markAt(position) == run.note);
+}
+
+/// Notes are counted anew by whoever reads them, as long as nobody has changed the mark. In the text of a
+/// note the word means that note, so that one inside it goes without.
+void RtfBodyWriter::mark(const CharacterWords::Run &run, QStringView text, int position)
+{
+    const bool isCounted = run.noteCount != 0 && text == QString::number(run.noteCount);
+    if (!isCounted)
+        m_stream.text(text);
+    else if (m_note == 0 || run.note == m_note)
+        m_stream.group("{\\chftn}");
+    if (m_notes.markAt(position) == run.note)
+        m_stream.group(note(run.note));
+}
+
+QByteArray RtfBodyWriter::note(int number)
+{
+    const NotePlaces::Note place = m_notes.note(number);
+    RtfStream text = std::exchange(m_stream, RtfStream());
+    const int outer = std::exchange(m_note, number);
+    const int depth = std::exchange(m_depth, 0);
+    blocks(place.first, place.last, noteEnd);
+    m_depth = depth;
+    m_note = outer;
+    std::swap(text, m_stream);
+    const char *word = place.isAtEnd ? "{\\footnote\\ftnalt" : "{\\footnote";
+    return word + QByteArray("\\pard\\plain ") + text.take() + '}';
+}
+
 /// What is before the first character of a selection is not in it, unless all is.
 bool RtfBodyWriter::isSelected(int position) const
 {
-    return position > m_from || (m_from == 0 && m_to >= m_document.characterCount() - 1);
+    return position > m_from || isAll(m_document, m_from, m_to);
 }
 
 void RtfBodyWriter::unseen(const Unseen::Pieces &pieces, int position)

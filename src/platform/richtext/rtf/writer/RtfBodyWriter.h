@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CharacterWords.h"
+#include "NotePlaces.h"
 #include "ParagraphWords.h"
 #include "RtfStream.h"
 
@@ -52,6 +53,9 @@ private:
     void setCharacters(int words) { m_stream.setCharacters(words, m_characters.words(words)); }
     void setParagraph(int words) { m_stream.setParagraph(words, m_paragraphs.words(words), m_depth); }
     bool isSelected(int position) const;
+    bool isMark(const CharacterWords::Run &run, int position) const;
+    void mark(const CharacterWords::Run &run, QStringView text, int position);
+    QByteArray note(int number);
     void unseen(const Unseen::Pieces &pieces, int position);
     QByteArray bytesOf(const Unseen::Piece &piece);
     QByteArray textOf(const Unseen::Run &run, const QByteArray &words) const;
@@ -67,6 +71,8 @@ private:
     ParagraphWords m_paragraphs;
     RtfStream m_stream;
     const QHash<const Unseen::Piece *, int> m_places;
+    const NotePlaces m_notes;
+    int m_note = 0;     ///< the one whose text is being written
     bool m_hasSections; ///< those behind the first are written
     bool m_sectionHasEnded = false;
     QSet<const void *> m_sections; ///< written ones

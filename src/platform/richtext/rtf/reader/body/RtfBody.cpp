@@ -4,6 +4,8 @@
 #include "RtfCodePage.h"
 #include "RtfTable.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr size_t mostStories = 8; // open inside each other
@@ -71,7 +73,7 @@ void RtfBody::startText(const RtfCharacterState &state)
     Story &story = m_stories.back();
     if (story.owesNumber && state.isShown()) {
         story.owesNumber = false;
-        number(story.note, state);
+        number(story.count, story.note, state);
         character(u' ', state);
     }
     select(state);
@@ -200,6 +202,10 @@ void RtfBody::addParagraph(const RtfState &state, int depth)
     m_breaksPage = false;
     if (m_stories.size() == 1)
         paragraph.section = std::exchange(m_section, 0);
+    if (const Story *around = note()) {
+        paragraph.note = around->note;
+        paragraph.isNoteAtEnd = around->isNoteAtEnd;
+    }
 
     RtfCharacterState end = state.characters;
     end.field = 0;
@@ -429,16 +435,6 @@ void RtfBody::keepRest(RtfFlow &flow)
     format = m_formats.addUnseen(format, Unseen::of(m_formats.characters(format)) + takeUnseen());
 }
 
-/// Gives \a flow pieces before all that it has.
-void RtfBody::keepBefore(RtfFlow &flow, const Unseen::Pieces &pieces)
-{
-    RtfFlow::Item &first = flow.items.front();
-    if (first.table >= 0)
-        return keepBefore(flow.tables[size_t(first.table)]->flow, pieces);
-    int &format = first.runsEnd > 0 ? flow.runs.front().format : first.markFormat;
-    format = m_formats.addUnseen(format, pieces + Unseen::of(m_formats.characters(format)));
-}
-
 void RtfBody::addUnseen(const QByteArray &group)
 {
     flushBytes();
@@ -474,27 +470,41 @@ bool RtfBody::beginNote(const RtfCharacterState &state)
         return false;
     const bool hasReference = std::exchange(m_stories.back().hasReference, false);
     const bool hasOwnMark = !hasReference && followsMark();
+    ++m_lastNote;
     if (!hasOwnMark)
         ++m_noteCount;
     if (!hasOwnMark && !hasReference)
-        number(m_noteCount, state);
+        number(m_noteCount, m_lastNote, state);
+    if (hasOwnMark) {
+        int &mark = builder().paragraph().runs.back().format;
+        mark = m_formats.addMark(mark, m_lastNote);
+    }
     Story note;
-    note.isNote = true;
-    note.note = hasOwnMark ? 0 : m_noteCount;
+    note.note = m_lastNote;
+    note.count = hasOwnMark ? 0 : m_noteCount;
     note.owesNumber = !hasOwnMark;
-    note.unseen = std::exchange(m_behindNotes, {});
     m_stories.push_back(std::move(note));
     return true;
 }
 
+/// A note begins and ends with a paragraph, which tables alone do not have: there it is found again, and what
+/// is not shown has its place.
 void RtfBody::endNote(const RtfState &state)
 {
     startText(state.characters);
-    if (hasText() || builder().flow().isEmpty())
+    RtfFlow &flow = builder().flow();
+    if (hasText() || flow.isEmpty())
         addParagraph(state, state.paragraph.depth());
     builder().finish();
+    if (flow.items.back().table >= 0)
+        addParagraph(state, 0);
+    if (flow.items.front().table >= 0) {
+        RtfFlow::Item first = flow.items.back();
+        first.textEnd = first.runsEnd = 0;
+        first.list = -1;
+        flow.items.insert(flow.items.begin(), first);
+    }
     keepRest(builder().flow());
-    m_behindNotes.append(takeUnseen());
     m_notes.append(takeStory());
 }
 
@@ -504,17 +514,32 @@ void RtfBody::noteReference(const RtfCharacterState &state)
     if (!state.isShown())
         return;
     story.owesNumber = false;
-    story.hasReference = !story.isNote;
-    if (!story.isNote)
-        number(m_noteCount + 1, state);
-    else if (story.note > 0)
-        number(story.note, state);
+    story.hasReference = story.note == 0;
+    if (story.note == 0)
+        number(m_noteCount + 1, m_lastNote + 1, state);
+    else if (story.count > 0)
+        number(story.count, story.note, state);
 }
 
-void RtfBody::number(int number, const RtfCharacterState &state)
+/// The note whose text is being read, if only in a shape there; null outside of notes.
+const RtfBody::Story *RtfBody::note() const
+{
+    const auto story =
+        std::find_if(m_stories.rbegin(), m_stories.rend(), [](const Story &one) { return one.note != 0; });
+    return story == m_stories.rend() ? nullptr : &*story;
+}
+
+void RtfBody::setNoteAtEnd()
+{
+    m_stories.back().isNoteAtEnd = m_stories.back().note != 0;
+}
+
+void RtfBody::number(int number, int note, const RtfCharacterState &state)
 {
     RtfCharacterState raised = state;
     raised.script = RtfCharacterState::Superscript;
+    raised.note = note;
+    raised.noteCount = number;
     const QByteArray digits = QByteArray::number(number);
     for (const char digit : digits)
         character(char16_t(digit), raised);
@@ -529,12 +554,12 @@ void RtfBody::finish(const RtfState &state)
         addParagraph(state, state.paragraph.depth());
     builder().finish();
     keepRest(flow);
-    if (hasUnseen() && !m_notes.isEmpty())
-        keepBefore(m_notes, takeUnseen());
-    flow.append(std::move(m_notes));
+    const bool endsInTable = !flow.isEmpty() && flow.items.back().table >= 0;
+    if (hasUnseen() && endsInTable && !m_notes.isEmpty())
+        addParagraph(state, 0);
     m_filler.append(flow);
     flow.clear();
-    m_behindNotes.append(takeUnseen()); // behind a table, or behind a paragraph that the document has already
-    if (!m_behindNotes.isEmpty())
-        m_filler.addUnseen(m_behindNotes);
+    if (hasUnseen()) // behind a table that ends the document, or behind a paragraph that it has already
+        m_filler.addUnseen(takeUnseen());
+    m_filler.append(m_notes);
 }

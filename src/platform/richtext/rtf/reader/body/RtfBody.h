@@ -49,6 +49,7 @@ public:
     void endComment(const RtfState &state);
     bool beginNote(const RtfCharacterState &state);
     void endNote(const RtfState &state);
+    void setNoteAtEnd();
     void noteReference(const RtfCharacterState &state);
 
     /// The length of the paragraph that is being read.
@@ -65,8 +66,9 @@ private:
         Unseen::Pieces unseen; ///< what is not shown before the text that follows
         QByteArray groups;     ///< of a comment
         bool isComment = false;
-        bool isNote = false;
-        int note = 0;              ///< the number of a note, 0 when it has a mark of its own
+        int note = 0; ///< RtfParagraphState, that of a note
+        bool isNoteAtEnd = false;
+        int count = 0;             ///< the number of a note, 0 when it has a mark of its own
         bool owesNumber = false;   ///< that number has yet to be put before the note
         bool hasReference = false; ///< the number of the next note in this text is written
         bool breaksPage = false;   ///< the paragraph around it is to begin a page
@@ -87,13 +89,13 @@ private:
     Unseen::Pieces takeUnseen();
     int withUnseen(int format);
     void keepRest(RtfFlow &flow);
-    void keepBefore(RtfFlow &flow, const Unseen::Pieces &pieces);
     void select(const RtfCharacterState &state);
     void startText(const RtfCharacterState &state);
     bool followsMark() const;
     void flushBytes();
     void endRun(qsizetype start);
-    void number(int number, const RtfCharacterState &state);
+    void number(int number, int note, const RtfCharacterState &state);
+    const Story *note() const;
     void addParagraph(const RtfState &state, int depth);
     void beginStory();
     void endText(const RtfState &inside);
@@ -110,8 +112,8 @@ private:
     RtfDocumentFiller &m_filler;
     std::vector<Story> m_stories;
     RtfFlow m_notes;
-    Unseen::Pieces m_behindNotes; ///< what is not shown behind a table that ends the last of them
-    int m_noteCount = 0;
+    int m_lastNote = 0;  ///< RtfParagraphState
+    int m_noteCount = 0; ///< of those without marks of their own
     bool m_breaksPage = false;
     int m_section = 0; ///< RtfParagraphState, of the next paragraph
 

@@ -134,8 +134,11 @@ void RtfDocumentFiller::markBefore(const RtfTable &table)
 {
     QTextBlockFormat format;
     format.setProperty(RichTextProperty::OnlyBeforeTable, true);
+    const RtfFlow::Item &first = table.flow.items.front();
+    if (const int note = m_formats.paragraph(first.format).intProperty(RichTextProperty::Note); note != 0)
+        format.setProperty(RichTextProperty::Note, note);
     m_cursor.setBlockFormat(format);
-    QTextCharFormat text = m_formats.characters(table.flow.items.front().markFormat);
+    QTextCharFormat text = m_formats.characters(first.markFormat);
     text.clearProperty(RichTextProperty::Unseen);
     if (m_isInCell)
         text.merge(m_cellFormat);

@@ -47,6 +47,14 @@ int RtfFormats::add(PageSections::Section section)
     return int(m_sections.size());
 }
 
+int RtfFormats::addMark(int number, int note)
+{
+    QTextCharFormat format = m_characters.at(number);
+    format.setProperty(RichTextProperty::NoteMark, note);
+    m_characters.append(format);
+    return int(m_characters.size()) - 1;
+}
+
 int RtfFormats::addUnseen(int number, const Unseen::Pieces &pieces)
 {
     QTextCharFormat format = m_characters.at(number);
@@ -90,6 +98,10 @@ QTextCharFormat RtfFormats::make(const RtfCharacterState &state) const
         format.setUnderlineStyle(QTextCharFormat::UnderlineStyle(state.underline));
     if (state.language != 0)
         format.setProperty(RichTextProperty::Language, state.language);
+    if (state.note != 0) {
+        format.setProperty(RichTextProperty::NoteMark, state.note);
+        format.setProperty(RichTextProperty::NoteCount, state.noteCount);
+    }
     if (state.field != 0)
         setField(format, m_fields.at(state.field - 1));
     setPosition(format, state);
@@ -158,6 +170,10 @@ QTextBlockFormat RtfFormats::make(const RtfParagraphState &state, bool isInList)
     const QColor shading = m_colors.color(state.shading);
     if (shading.isValid())
         format.setBackground(shading);
+    if (state.note != 0)
+        format.setProperty(RichTextProperty::Note, state.note);
+    if (state.isNoteAtEnd != 0)
+        format.setProperty(RichTextProperty::NoteIsAtEnd, true);
     if (state.section != 0)
         PageSections::begin(format, m_sections.at(state.section - 1));
     if (state.breaksPage != 0)

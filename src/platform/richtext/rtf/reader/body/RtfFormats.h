@@ -28,6 +28,8 @@ public:
 
     /// The number that RtfParagraphState::section has for the beginning of \a section.
     int add(PageSections::Section section);
+    /// The format numbered \a number, as that of the mark of the note \a note.
+    int addMark(int number, int note);
     /// The format numbered \a number, with \a pieces in place of those that it has.
     int addUnseen(int number, const Unseen::Pieces &pieces);
 

@@ -1,0 +1,65 @@
+#include "NotePlaces.h"
+
+#include "RichTextProperties.h"
+
+#include <QTextBlock>
+#include <QTextDocument>
+#include <algorithm>
+
+namespace {
+
+int noteOf(const QTextBlock &block)
+{
+    return block.blockFormat().intProperty(RichTextProperty::Note);
+}
+
+} // namespace
+
+NotePlaces::NotePlaces(const QTextDocument &document)
+{
+    const QList<QTextFormat> formats = document.allFormats();
+    const bool hasNotes = std::any_of(formats.begin(), formats.end(), [](const QTextFormat &format) {
+        return format.hasProperty(RichTextProperty::Note);
+    });
+    if (!hasNotes)
+        return;
+    findTexts(document);
+    findMarks(document);
+    m_notes.removeIf([](const auto &entry) { return entry.value().mark < 0; });
+    for (auto entry = m_notes.cbegin(); entry != m_notes.cend(); ++entry) {
+        m_firsts.insert(entry->first, entry.key());
+        m_marks.insert(entry->mark, entry.key());
+    }
+}
+
+/// Paragraphs of a note that stand apart from its first ones have been copied or moved: they are text.
+void NotePlaces::findTexts(const QTextDocument &document)
+{
+    int before = 0;
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        const int number = noteOf(block);
+        if (number != 0 && (number == before || !m_notes.contains(number))) {
+            Note &note = m_notes[number];
+            if (note.first < 0)
+                note.first = block.position();
+            note.last = block.position() + block.length() - 1;
+            note.isAtEnd = block.blockFormat().boolProperty(RichTextProperty::NoteIsAtEnd);
+            before = number;
+        } else {
+            before = 0;
+        }
+    }
+}
+
+/// The first one counts: text that was copied has its marks too.
+void NotePlaces::findMarks(const QTextDocument &document)
+{
+    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+        for (auto part = block.begin(); !part.atEnd(); ++part) {
+            const int number = part.fragment().charFormat().intProperty(RichTextProperty::NoteMark);
+            const auto note = m_notes.find(number);
+            if (number != 0 && note != m_notes.end() && note->mark < 0 && noteOf(block) != number)
+                note->mark = part.fragment().position();
+        }
+    }
+}

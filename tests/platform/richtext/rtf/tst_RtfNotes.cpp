@@ -1,0 +1,172 @@
+#include "ReadDocument.h"
+#include "RtfWriter.h"
+#include "WrittenBody.h"
+
+#include <QTextDocumentFragment>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct NoteRow
+{
+    const char *name;
+    const char *rtf;
+    const char *written;
+};
+
+void PrintTo(const NoteRow &row, std::ostream *out)
+{
+    *out << row.rtf;
+}
+
+std::string rowName(const testing::TestParamInfo<NoteRow> &row)
+{
+    return row.param.name;
+}
+
+struct RtfNotes : testing::TestWithParam<NoteRow>
+{};
+
+/// In the font that text without a font has, so that it is written without words.
+struct PlainReadDocument : ReadDocument
+{
+    explicit PlainReadDocument(const QByteArray &rtf)
+        : ReadDocument(rtf)
+    {
+        document().setDefaultFont(QFont(QStringLiteral("Arial"), 12));
+    }
+};
+
+/// Two paragraphs with a note each, and the notes behind them.
+struct RtfNotesEdited : testing::Test
+{
+    void select(const QString &text)
+    {
+        cursor = read.document().find(text, 0, QTextDocument::FindCaseSensitively);
+        ASSERT_FALSE(cursor.isNull());
+    }
+    std::string written() const { return bodyOf(read.document()).toStdString(); }
+
+    mutable PlainReadDocument read{
+        "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\super\\chftn}{\\footnote\\pard{\\super\\chftn} one}b\\par "
+        "c{\\super\\chftn}{\\footnote\\pard{\\super\\chftn} two}d\\par}"};
+    QTextCursor cursor{&read.document()};
+};
+
+const std::string noteOne = "{\\footnote\\pard\\plain {\\super{\\chftn}} one\n}";
+const std::string noteTwo = "{\\footnote\\pard\\plain {\\super{\\chftn}} two\n}";
+const std::string markOne = "{\\super{\\chftn}" + noteOne + "}";
+const std::string markTwo = "{\\super{\\chftn}" + noteTwo + "}";
+
+} // namespace
+
+TEST_P(RtfNotes, AreWrittenBackAtTheirMarks)
+{
+    PlainReadDocument read(GetParam().rtf);
+    const QByteArray written = RtfWriter::write(read.document());
+    EXPECT_TRUE(bodyOf(written).contains(GetParam().written)) << bodyOf(written).constData();
+    PlainReadDocument again(written);
+    EXPECT_EQ(again.text(), read.text());
+    EXPECT_EQ(RtfWriter::write(again.document()).toStdString(), written.toStdString());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, RtfNotes,
+    testing::Values(
+        NoteRow{"Counted",
+                "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\super\\chftn}{\\footnote\\pard{\\super\\chftn} n}b\\par}",
+                "a{\\super{\\chftn}{\\footnote\\pard\\plain {\\super{\\chftn}} n\n}}b\\par\n"},
+        NoteRow{"CountedByTheReader", "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote n}b\\par}",
+                "a{\\super{\\chftn}{\\footnote\\pard\\plain {\\super{\\chftn}} n\n}}b\\par\n"},
+        NoteRow{"WithAMarkOfItsOwn",
+                "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\super *}{\\footnote{\\super *}n}b\\par}",
+                "a{\\super *{\\footnote\\pard\\plain {\\super *}n\n}}b\\par\n"},
+        NoteRow{"AtTheEndOfTheText", "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote\\ftnalt n}b\\par}",
+                "{\\footnote\\ftnalt\\pard\\plain {\\super{\\chftn}} n\n}"},
+        NoteRow{"OfSeveralParagraphs",
+                "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote\\qc m\\par\\pard n\\par}b\\par}",
+                "{\\footnote\\pard\\plain \\pard\\qc{\\super{\\chftn}} m\\par\n\\pard n\n}"},
+        NoteRow{"WithATable",
+                "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote m\\par\\trowd\\cellx1000\\intbl "
+                "c\\cell\\row\\pard n}b\\par}",
+                " m\\par\n\\trowd\\cellx1000\n\\pard\\intbl c\\cell\n\\row\n\\pard n\n}}b\\par\n"},
+        NoteRow{"ThatBeginsWithATable",
+                "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\super *}{\\footnote\\trowd\\cellx1000\\intbl "
+                "c\\cell\\row\\pard n}b\\par}",
+                "{\\footnote\\pard\\plain \\par\n\\trowd\\cellx1000\n\\pard\\intbl c\\cell\n\\row\n\\pard "
+                "n\n}}b\\par\n"},
+        NoteRow{
+            "WithAShape",
+            "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote m{\\shp{\\*\\shpinst{\\shptxt s\\par}}}n}b\\par}",
+            " m\\par\ns\\par\nn\n}}b\\par\n"},
+        NoteRow{"InATable",
+                "{\\rtf1{\\fonttbl{\\f0 Arial;}}\\trowd\\cellx1000\\intbl a{\\footnote n}\\cell\\row\\pard "
+                "b\\par}",
+                "\\pard\\intbl a{\\super{\\chftn}{\\footnote\\pard\\plain {\\super{\\chftn}} n\n}\\cell}\n"},
+        NoteRow{"InANote", "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote m{\\footnote n}}b\\par}",
+                " m{\\super{\\footnote\\pard\\plain {\\super{\\chftn}} n\n}}\n}}b\\par\n"}),
+    rowName);
+
+TEST_F(RtfNotesEdited, StayWithTheirMarks)
+{
+    EXPECT_EQ(written(), "a" + markOne + "b\\par\nc" + markTwo + "d\\par\n");
+}
+
+TEST_F(RtfNotesEdited, HaveWhatIsWrittenIntoThem)
+{
+    select(QStringLiteral("one"));
+    cursor.clearSelection();
+    cursor.insertText(QStringLiteral(" x"));
+    cursor.insertBlock();
+    cursor.insertText(QStringLiteral("y"));
+    EXPECT_NE(written().find("{\\super{\\chftn}} one x\\par\ny\n}}b\\par\n"), std::string::npos) << written();
+}
+
+TEST_F(RtfNotesEdited, AreTextWithoutTheirMarks)
+{
+    cursor.setPosition(1);
+    cursor.deleteChar();
+    EXPECT_EQ(written(), "ab\\par\nc" + markTwo + "d\\par\n{\\super 1} one\\par\n");
+}
+
+TEST_F(RtfNotesEdited, AreGoneWithTheirText)
+{
+    select(QStringLiteral("one"));
+    cursor.movePosition(QTextCursor::StartOfBlock);
+    cursor.movePosition(QTextCursor::NextBlock, QTextCursor::KeepAnchor);
+    cursor.removeSelectedText();
+    EXPECT_EQ(written(), "a{\\super 1}b\\par\nc" + markTwo + "d\\par\n");
+}
+
+TEST_F(RtfNotesEdited, AreNotCountedWhereTheMarkWasChanged)
+{
+    cursor.setPosition(2);
+    cursor.insertText(QStringLiteral("x"), read.formatOf(QStringLiteral("1")));
+    EXPECT_EQ(written(), "a{\\super 1x" + noteOne + "}b\\par\nc" + markTwo + "d\\par\n");
+}
+
+TEST_F(RtfNotesEdited, BelongToTheFirstMarkOfSeveral)
+{
+    cursor.setPosition(0);
+    cursor.setPosition(3, QTextCursor::KeepAnchor);
+    const QTextDocumentFragment copy = cursor.selection();
+    cursor.setPosition(0);
+    cursor.insertFragment(copy);
+    EXPECT_EQ(written(), "a" + markOne + "ba{\\super 1}b\\par\nc" + markTwo + "d\\par\n");
+}
+
+TEST_F(RtfNotesEdited, AreOnceWhereTheirTextIsCopied)
+{
+    select(QStringLiteral("one"));
+    cursor.select(QTextCursor::BlockUnderCursor);
+    const QTextDocumentFragment copy = cursor.selection();
+    cursor.movePosition(QTextCursor::End);
+    cursor.insertFragment(copy);
+    EXPECT_EQ(written(), "a" + markOne + "b\\par\nc" + markTwo + "d\\par\n{\\super 1} one\\par\n");
+}
+
+TEST_F(RtfNotesEdited, AreTextInASelection)
+{
+    cursor.setPosition(3, QTextCursor::KeepAnchor);
+    EXPECT_EQ(bodyOf(RtfWriter::writeSelection(cursor)).toStdString(), "a{\\super 1}b");
+}
