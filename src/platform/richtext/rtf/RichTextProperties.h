@@ -26,6 +26,9 @@ enum Id {
     ListStart,       ///< int, first number of a numbered list (QTextListFormat)
     ListBullet,      ///< QString, the sign of a bullet list where it is none of Qt's (QTextListFormat)
     ListBulletFont,  ///< QString, the family without which the sign means nothing (QTextListFormat)
+    ListNumber,      ///< int: lists with one number are levels of one list, whose marks have several numbers
+                     ///< (QTextListFormat)
+    ListLevelText,   ///< QString, such a mark; a character below 9 is a level's number (QTextListFormat)
     ListLevel, ///< int, 0 to 8, depth in nested lists (QTextListFormat, whose own indent is 0: paragraphs
                ///< indent)
 

@@ -29,7 +29,23 @@ void appendCount(QByteArray &out, qsizetype count)
     out.append("\\'").append(QByteArray::number(count, 16).rightJustified(2, '0'));
 }
 
-/// The text around an item's number; the number is given as the byte of its level, found by its place.
+/// The mark of an item, in which the byte of a level stands for its number; and the places of those.
+void appendMark(QByteArray &out, const QString &mark)
+{
+    constexpr int levels = 9;
+    QByteArray places;
+    appendCount(out, mark.size());
+    for (qsizetype i = 0; i < mark.size(); ++i) {
+        if (mark.at(i) < QChar(levels)) {
+            appendCount(out, mark.at(i).unicode());
+            appendCount(places, i + 1);
+        } else {
+            RtfWords::appendText(out, QStringView(mark).mid(i, 1));
+        }
+    }
+    out.append(";}{\\levelnumbers").append(places).append(";}");
+}
+
 void appendLevelText(QByteArray &out, const QTextListFormat &format, int level)
 {
     out.append("{\\leveltext");
@@ -37,34 +53,24 @@ void appendLevelText(QByteArray &out, const QTextListFormat &format, int level)
         appendCount(out, ListMark::bullet(format).size());
         RtfWords::appendText(out, ListMark::bullet(format));
         out.append(";}{\\levelnumbers;}");
-        return;
+    } else if (level == levelOf(format) && format.hasProperty(RichTextProperty::ListLevelText)) {
+        appendMark(out, format.stringProperty(RichTextProperty::ListLevelText));
+    } else {
+        appendMark(out, ListMark::before(format) + QChar(level) + ListMark::behind(format));
     }
-    const QString before = ListMark::before(format);
-    const QString behind = ListMark::behind(format);
-    appendCount(out, before.size() + 1 + behind.size());
-    RtfWords::appendText(out, before);
-    appendCount(out, level);
-    RtfWords::appendText(out, behind);
-    out.append(";}{\\levelnumbers");
-    appendCount(out, before.size() + 1);
-    out.append(";}");
 }
 
-QByteArray levels(const QTextListFormat &format, const QByteArray &indents, WrittenFonts &fonts)
+QByteArray levelWords(const QTextListFormat &format, int level, const QByteArray &indents,
+                      WrittenFonts &fonts)
 {
-    const int level = levelOf(format);
-    QByteArray out = level == 0 ? "\\listsimple1" : "";
-    for (int i = 0; i <= level; ++i) {
-        out.append("{\\listlevel");
-        RtfWords::append(out, "levelnfc", ListMark::kind(format));
-        out.append("\\leveljc0\\levelfollow0");
-        RtfWords::append(out, "levelstartat", startOf(format));
-        appendLevelText(out, format, i);
-        if (format.hasProperty(RichTextProperty::ListBulletFont))
-            RtfWords::append(out, "f", fonts.number(format.stringProperty(RichTextProperty::ListBulletFont)));
-        out.append(indents).append('}');
-    }
-    return out;
+    QByteArray out = "{\\listlevel";
+    RtfWords::append(out, "levelnfc", ListMark::kind(format));
+    out.append("\\leveljc0\\levelfollow0");
+    RtfWords::append(out, "levelstartat", startOf(format));
+    appendLevelText(out, format, level);
+    if (format.hasProperty(RichTextProperty::ListBulletFont))
+        RtfWords::append(out, "f", fonts.number(format.stringProperty(RichTextProperty::ListBulletFont)));
+    return out.append(indents).append('}');
 }
 
 } // namespace
@@ -76,15 +82,41 @@ int WrittenLists::number(const QTextList &list, const QByteArray &indents, Writt
         return *known;
 
     const QTextListFormat format = list.format();
-    const QByteArray definition = levels(format, indents, fonts);
-    int number = ListMark::isNumbered(format) ? 0 : m_bullets.value(definition);
+    Definition own;
+    for (int i = 0; i <= levelOf(format); ++i) // of those above nobody has said anything
+        own.levels.append(levelWords(format, i, indents, fonts));
+    own.looks.insert(levelOf(format), levelWords(format, levelOf(format), {}, fonts));
+    const bool isOutline = format.hasProperty(RichTextProperty::ListNumber);
+    const bool isShared = !isOutline && !ListMark::isNumbered(format);
+    const QByteArray look = own.levels.join();
+    int number = isOutline ? outline(format, own) : m_bullets.value(isShared ? look : QByteArray());
     if (number == 0) {
-        m_definitions.append(definition);
+        m_definitions.append(own);
         number = int(m_definitions.size());
-        if (!ListMark::isNumbered(format))
-            m_bullets.insert(definition, number);
     }
+    if (isShared)
+        m_bullets.insert(look, number);
+    if (isOutline)
+        m_outlines.insert(format.intProperty(RichTextProperty::ListNumber), number);
     m_numbers.insert(&list, number);
+    return number;
+}
+
+/// The list that \a format is a level of, which gets that level from \a own; 0 where numbers would go on that
+/// have to begin anew.
+int WrittenLists::outline(const QTextListFormat &format, const Definition &own)
+{
+    const int number = m_outlines.value(format.intProperty(RichTextProperty::ListNumber));
+    const int level = levelOf(format);
+    if (number == 0 || level == 0)
+        return 0;
+    Definition &definition = m_definitions[number - 1];
+    if (definition.looks.contains(level))
+        return definition.looks.value(level) == own.looks.value(level) ? number : 0;
+    definition.looks.insert(own.looks);
+    while (definition.levels.size() <= level)
+        definition.levels.append(own.levels.at(definition.levels.size()));
+    definition.levels[level] = own.levels.at(level);
     return number;
 }
 
@@ -115,7 +147,8 @@ QByteArray WrittenLists::tables() const
     for (int number = 1; number <= m_definitions.size(); ++number) {
         lists.append("\n{\\list");
         RtfWords::append(lists, "listtemplateid", number);
-        lists.append(m_definitions.at(number - 1));
+        const QList<QByteArray> &levels = m_definitions.at(number - 1).levels;
+        lists.append(levels.size() == 1 ? "\\listsimple1" : "").append(levels.join());
         RtfWords::append(lists, "listid", number);
         lists.append('}');
         overrides.append("{\\listoverride");

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QHash>
 #include <QList>
+#include <QTextListFormat>
 
 class QTextList;
 class WrittenFonts;
@@ -22,10 +23,18 @@ public:
     QByteArray tables() const;
 
 private:
-    int number(const QTextList &list, const QByteArray &indents, WrittenFonts &fonts);
+    struct Definition
+    {
+        QList<QByteArray> levels;     ///< what the file says of each, from the first to the deepest
+        QHash<int, QByteArray> looks; ///< without indents, of those that a list has
+    };
 
-    QList<QByteArray> m_definitions;
+    int number(const QTextList &list, const QByteArray &indents, WrittenFonts &fonts);
+    int outline(const QTextListFormat &format, const Definition &own);
+
+    QList<Definition> m_definitions;
     QHash<QByteArray, int> m_bullets; ///< bullet lists of one look are one list
+    QHash<int, int> m_outlines;       ///< by RichTextProperty::ListNumber, the one that goes on
     QHash<const QTextList *, int> m_numbers;
     QHash<const QTextList *, int> m_items; ///< items met so far
 };

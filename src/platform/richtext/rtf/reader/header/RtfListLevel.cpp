@@ -75,7 +75,7 @@ QTextListFormat RtfListLevel::format(int depth, const QString &family) const
     if (kind == bulleted || kind == unmarked)
         return format;
 
-    // Qt writes one number; the numbers of the levels above are left out with what parts them.
+    // The numbers of other levels are left out with what parts them, until they are known.
     const auto first = std::find_if(text.begin(), text.end(), isNumber);
     const auto last = std::find_if(text.rbegin(), text.rend(), isNumber).base();
     const bool hasNumber = first != text.end();
@@ -84,4 +84,25 @@ QTextListFormat RtfListLevel::format(int depth, const QString &family) const
     if (start != 1)
         format.setProperty(RichTextProperty::ListStart, start);
     return format;
+}
+
+bool RtfListLevel::hasOtherNumbers(int depth) const
+{
+    const bool isNumbered = kind != bulleted && kind != unmarked;
+    return isNumbered && text.contains(QChar(depth)) &&
+           std::any_of(text.begin(), text.end(), [=](QChar c) { return isNumber(c) && c != QChar(depth); });
+}
+
+void RtfListLevel::setNumerals(QTextListFormat &format, int depth, const QStringList &numerals) const
+{
+    const auto shown = [&](const QString &part) {
+        QString result;
+        for (const QChar c : part)
+            result += isNumber(c) ? numerals.value(c.unicode()) : QString(c);
+        return result;
+    };
+    const qsizetype own = text.lastIndexOf(QChar(depth));
+    format.setNumberPrefix(shown(text.left(own)));
+    format.setNumberSuffix(shown(text.mid(own + 1)));
+    format.setProperty(RichTextProperty::ListLevelText, text);
 }

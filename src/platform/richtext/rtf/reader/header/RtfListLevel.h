@@ -24,7 +24,10 @@ struct RtfListLevel
     /// \a depth: the level's own number; \a family: that of its font, empty when it has none. A list without
     /// marks has style ListStyleUndefined.
     QTextListFormat format(int depth, const QString &family) const;
-
-private:
     QTextListFormat::Style style() const;
+
+    /// Whether the mark of the level \a depth has the numbers of other levels too.
+    bool hasOtherNumbers(int depth) const;
+    /// Puts \a numerals, what levels above say just now, around the number of the level \a depth.
+    void setNumerals(QTextListFormat &format, int depth, const QStringList &numerals) const;
 };

@@ -14,6 +14,15 @@ const RtfListLevel *RtfListOverrides::level(int number, int level)
     return level < found->levels.size() ? &found->levels.at(level) : nullptr;
 }
 
+bool RtfListOverrides::isOutline(int number)
+{
+    for (int i = 0; const RtfListLevel *mark = level(number, i); ++i) {
+        if (mark->hasOtherNumbers(i))
+            return true;
+    }
+    return false;
+}
+
 void RtfListOverrides::fill(Override &override) const
 {
     override.levels = m_lists.levels(override.listId);

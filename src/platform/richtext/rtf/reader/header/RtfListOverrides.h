@@ -11,6 +11,9 @@ public:
     /// How items of \a level in the list \a number look; nothing when the file does not say.
     const RtfListLevel *level(int number, int level);
 
+    /// Whether marks of the list \a number have numbers of several levels.
+    bool isOutline(int number);
+
     void begin();
     void open() override { ++m_depth; }
     void close() override;

@@ -1,5 +1,8 @@
 #include "RtfLists.h"
 
+#include "ListMark.h"
+#include "RichTextProperties.h"
+
 #include <algorithm>
 
 namespace {
@@ -46,27 +49,46 @@ int RtfLists::next(const RtfParagraphState &paragraph)
         open->fill(-1);
     }
     std::fill(open->begin() + paragraph.level + 1, open->end(), -1);
-    return item((*open)[size_t(paragraph.level)], *mark, paragraph.level);
+    return item((*open)[size_t(paragraph.level)], *mark, paragraph.level, paragraph.list);
 }
 
-/// Adds one item to \a list, or to a new list in its place.
-int RtfLists::item(int &list, const RtfListLevel &mark, int level)
+/// Adds one item to \a list, or to a new list in its place; \a number is its \ls.
+int RtfLists::item(int &list, const RtfListLevel &mark, int level, int number)
 {
     const int most = mark.kind == RtfListLevel::bulleted ? mostBullets : mostNumbers;
     if (list < 0) {
-        list = add(mark, level);
+        list = add(mark, level, number);
     } else if (m_lists.at(list).count == most) {
         RtfListLevel next = mark;
         next.start = m_lists.at(list).start + most;
-        list = add(next, level);
+        list = add(next, level, number);
     }
     ++m_lists[list].count;
     return list;
 }
 
-int RtfLists::add(const RtfListLevel &mark, int level)
+int RtfLists::add(const RtfListLevel &mark, int level, int number)
 {
     const QString family = mark.font < 0 ? QString() : m_fonts.font(mark.font).family;
-    m_lists.append({mark.format(level, family), mark.start, 0});
+    QTextListFormat format = mark.format(level, family);
+    if (m_overrides.isOutline(number)) {
+        format.setProperty(RichTextProperty::ListNumber, number);
+        if (mark.hasOtherNumbers(level))
+            mark.setNumerals(format, level, numerals(number, level));
+    }
+    m_lists.append({format, mark.start, 0});
     return int(m_lists.size()) - 1;
+}
+
+/// What the levels above \a level say; one that has no items yet says its first number.
+QStringList RtfLists::numerals(int number, int level)
+{
+    QStringList numerals;
+    for (int i = 0; i < level; ++i) {
+        const RtfListLevel *mark = m_overrides.level(number, i);
+        const int list = m_open.value(number).at(size_t(i));
+        const int value = list < 0 ? mark->start : m_lists.at(list).start + m_lists.at(list).count - 1;
+        numerals.append(ListMark::numeral(mark->style(), value));
+    }
+    return numerals;
 }

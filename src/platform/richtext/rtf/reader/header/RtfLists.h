@@ -36,8 +36,9 @@ private:
         int count = 0; ///< of items so far
     };
 
-    int item(int &list, const RtfListLevel &mark, int level);
-    int add(const RtfListLevel &mark, int level);
+    int item(int &list, const RtfListLevel &mark, int level, int number = 0);
+    int add(const RtfListLevel &mark, int level, int number);
+    QStringList numerals(int number, int level);
 
     RtfListOverrides &m_overrides;
     RtfOldNumbering &m_oldNumbering;
