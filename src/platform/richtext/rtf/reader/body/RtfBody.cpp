@@ -283,12 +283,15 @@ void RtfBody::setLabel(bool isLabel)
     builder().setLabel(isLabel);
 }
 
+/// What is not shown before an insertion comes before its text.
 bool RtfBody::beginInsertion()
 {
     flushBytes();
     if (m_stories.size() >= mostStories)
         return false;
+    const Unseen::Pieces before = takeUnseen();
     beginStory();
+    m_stories.back().unseen = before;
     return true;
 }
 
@@ -449,8 +452,10 @@ void RtfBody::addUnseen(const QByteArray &group)
 
 bool RtfBody::beginComment()
 {
-    if (!beginInsertion())
+    flushBytes();
+    if (m_stories.size() >= mostStories)
         return false;
+    beginStory();
     m_stories.back().isComment = true;
     return true;
 }
