@@ -86,6 +86,11 @@ INSTANTIATE_TEST_SUITE_P(
         NoteRow{"OfSeveralParagraphs",
                 "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote\\qc m\\par\\pard n\\par}b\\par}",
                 "{\\footnote\\pard\\plain \\pard\\qc{\\super{\\chftn}} m\\par\n\\pard n\n}"},
+        NoteRow{"WithAnEmptyLastParagraph", "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote n\\par\\par}b\\par}",
+                " n\\par\n\\par\n}}b\\par\n"},
+        NoteRow{"WithOneMarkForTwo",
+                "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\super\\chftn\\chftn}{\\footnote n}b\\par}",
+                "a{\\super 11{\\footnote\\pard\\plain {\\super 1} n\n}}b\\par\n"},
         NoteRow{"WithATable",
                 "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote m\\par\\trowd\\cellx1000\\intbl "
                 "c\\cell\\row\\pard n}b\\par}",
@@ -142,7 +147,27 @@ TEST_F(RtfNotesEdited, AreNotCountedWhereTheMarkWasChanged)
 {
     cursor.setPosition(2);
     cursor.insertText(QStringLiteral("x"), read.formatOf(QStringLiteral("1")));
-    EXPECT_EQ(written(), "a{\\super 1x" + noteOne + "}b\\par\nc" + markTwo + "d\\par\n");
+    EXPECT_EQ(written(),
+              "a{\\super 1x{\\footnote\\pard\\plain {\\super 1} one\n}}b\\par\nc" + markTwo + "d\\par\n");
+}
+
+TEST_F(RtfNotesEdited, AreNotCountedWhereTheirTextHasNoNumber)
+{
+    select(QStringLiteral("1 one"));
+    cursor.setPosition(cursor.selectionStart());
+    cursor.deleteChar();
+    EXPECT_EQ(written(), "a{\\super 1{\\footnote\\pard\\plain  one\n}}b\\par\nc" + markTwo + "d\\par\n");
+}
+
+TEST_F(RtfNotesEdited, AreTextWhereTheMarkIsNotRaised)
+{
+    cursor.setPosition(1);
+    cursor.setPosition(2, QTextCursor::KeepAnchor);
+    QTextCharFormat plain;
+    plain.setVerticalAlignment(QTextCharFormat::AlignNormal);
+    cursor.mergeCharFormat(plain);
+    cursor.insertText(QStringLiteral("x"));
+    EXPECT_EQ(written(), "axb\\par\nc" + markTwo + "d\\par\n{\\super 1} one\\par\n");
 }
 
 TEST_F(RtfNotesEdited, BelongToTheFirstMarkOfSeveral)

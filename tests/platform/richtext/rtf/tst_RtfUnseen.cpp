@@ -62,7 +62,7 @@ INSTANTIATE_TEST_SUITE_P(
         UnseenRow{"HiddenBehindANotesTableBeforeTheNextNote",
                   "a{\\footnote b\\par\\trowd\\cellx1000\\intbl c\\cell\\row{\\v d}}e{\\footnote f}g",
                   "a1e2g|1 b|c||2 f",
-                  "\\row\n\\pard{\\v{\\f1 d}}\n}}{\\f1 e}{\\f1\\super{\\chftn}{\\footnote"},
+                  "\\row\n\\pard{\\v{\\f1 d}}{\\f1\\par}\n}}{\\f1 e}{\\f1\\super{\\chftn}{\\footnote"},
         UnseenRow{"HiddenBehindATableBeforeTheNotes",
                   "a{\\footnote b}\\par\\trowd\\cellx1000\\intbl c\\cell\\row\\pard{\\v d}", "a1|c||1 b",
                   "\\row\n\\pard{\\v{\\f1 d}}{\\f1\\par}\n}"},

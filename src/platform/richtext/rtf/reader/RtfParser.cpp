@@ -184,6 +184,8 @@ void RtfParser::word(const RtfToken &token)
         m_lexer.skipGroup();
         return;
     }
+    if (beginsGroup && state().isStory()) // one that did not begin a group: the text has one end alone
+        return;
     if (universalWord(token))
         return;
     if (state().part) {

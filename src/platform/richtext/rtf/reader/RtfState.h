@@ -37,4 +37,10 @@ struct RtfState
     End end = End::Nothing;
     bool isPair = false; ///< holds the same text twice, in the code page and in Unicode
     bool isNestedRow = false;
+
+    /// Whether the group holds a text of its own, which its end brings to its place.
+    bool isStory() const
+    {
+        return end == End::Note || end == End::Insertion || end == End::PageText || end == End::Comment;
+    }
 };

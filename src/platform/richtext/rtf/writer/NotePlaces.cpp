@@ -13,6 +13,29 @@ int noteOf(const QTextBlock &block)
     return block.blockFormat().intProperty(RichTextProperty::Note);
 }
 
+int markOf(const QTextFragment &part)
+{
+    return part.charFormat().intProperty(RichTextProperty::NoteMark);
+}
+
+bool isNumber(const QTextFragment &part)
+{
+    const int count = part.charFormat().intProperty(RichTextProperty::NoteCount);
+    return count != 0 && part.text() == QString::number(count);
+}
+
+/// Whether the text of a note begins with its number.
+bool hasNumber(const QTextBlock &block)
+{
+    const auto label = block.begin();
+    return !label.atEnd() && markOf(label.fragment()) == noteOf(block) && isNumber(label.fragment());
+}
+
+bool isRaised(const QTextFragment &part)
+{
+    return part.charFormat().verticalAlignment() == QTextCharFormat::AlignSuperScript;
+}
+
 } // namespace
 
 NotePlaces::NotePlaces(const QTextDocument &document)
@@ -40,8 +63,10 @@ void NotePlaces::findTexts(const QTextDocument &document)
         const int number = noteOf(block);
         if (number != 0 && (number == before || !m_notes.contains(number))) {
             Note &note = m_notes[number];
-            if (note.first < 0)
+            if (note.first < 0) {
                 note.first = block.position();
+                note.isCounted = hasNumber(block);
+            }
             note.last = block.position() + block.length() - 1;
             note.isAtEnd = block.blockFormat().boolProperty(RichTextProperty::NoteIsAtEnd);
             before = number;
@@ -55,11 +80,14 @@ void NotePlaces::findTexts(const QTextDocument &document)
 void NotePlaces::findMarks(const QTextDocument &document)
 {
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        for (auto part = block.begin(); !part.atEnd(); ++part) {
-            const int number = part.fragment().charFormat().intProperty(RichTextProperty::NoteMark);
-            const auto note = m_notes.find(number);
-            if (number != 0 && note != m_notes.end() && note->mark < 0 && noteOf(block) != number)
-                note->mark = part.fragment().position();
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QTextFragment part = it.fragment();
+            const auto note = m_notes.find(markOf(part));
+            if (note == m_notes.end() || note->mark >= 0 || noteOf(block) == note.key())
+                continue;
+            note->isCounted = note->isCounted && isNumber(part);
+            if (note->isCounted || isRaised(part))
+                note->mark = part.position();
         }
     }
 }

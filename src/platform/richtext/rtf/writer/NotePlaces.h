@@ -7,7 +7,8 @@ class QTextDocument;
 class QTextFragment;
 
 /// Where a document has its notes: each that has a mark in the text and, elsewhere, paragraphs of its own.
-/// A note without one of both is no note any more; what is left of it is text.
+/// A note without one of both is no note any more, nor is one whose mark is neither its number nor raised;
+/// what is left of it is text.
 class NotePlaces
 {
 public:
@@ -17,6 +18,7 @@ public:
         int first = -1; ///< position where its own text begins
         int last = -1;  ///< position of the end of its last paragraph
         bool isAtEnd = false;
+        bool isCounted = false; ///< its mark, and what its text begins with, are its number
     };
 
     /// No places at all; for what is no whole document.

@@ -20,7 +20,7 @@ constexpr const char *paragraphEnd = "\\par";
 constexpr const char *sectionEnd = "\\sect";
 constexpr const char *cellEnd = "\\cell";
 constexpr const char *nestedCellEnd = "\\nestcell{\\nonesttables\\par}";
-constexpr const char *noteEnd = ""; // its group ends there
+constexpr const char *noteEnd = ""; // its group ends its last paragraph
 
 bool isAll(const QTextDocument &document, int from, int to)
 {
@@ -196,7 +196,7 @@ void RtfBodyWriter::block(const QTextBlock &block, int start, const char *end)
         runs(block, start);
     if (endIsSelected && m_characters.hasUnseen())
         unseen(m_characters.unseen(block.charFormatIndex()), last);
-    if (start == last && end != noteEnd)
+    if (start == last)
         setCharacters(wordsOfEmpty(block, start));
     if (endIsSelected)
         m_stream.line(end);
@@ -259,11 +259,11 @@ bool RtfBodyWriter::isMark(const CharacterWords::Run &run, int position) const
     return run.note != 0 && (run.note == m_note || m_notes.markAt(position) == run.note);
 }
 
-/// Notes are counted anew by whoever reads them, as long as nobody has changed the mark. In the text of a
-/// note the word means that note, so that one inside it goes without.
+/// Notes are counted anew by whoever reads them. In the text of a note the word means that note, so that one
+/// inside it goes without.
 void RtfBodyWriter::mark(const CharacterWords::Run &run, QStringView text, int position)
 {
-    const bool isCounted = run.noteCount != 0 && text == QString::number(run.noteCount);
+    const bool isCounted = m_notes.note(run.note).isCounted && text == QString::number(run.noteCount);
     if (!isCounted)
         m_stream.text(text);
     else if (m_note == 0 || run.note == m_note)
@@ -278,7 +278,8 @@ QByteArray RtfBodyWriter::note(int number)
     RtfStream text = std::exchange(m_stream, RtfStream());
     const int outer = std::exchange(m_note, number);
     const int depth = std::exchange(m_depth, 0);
-    blocks(place.first, place.last, noteEnd);
+    const bool isLastEmpty = m_document.findBlock(place.last).length() == 1;
+    blocks(place.first, place.last, isLastEmpty ? paragraphEnd : noteEnd);
     m_depth = depth;
     m_note = outer;
     std::swap(text, m_stream);

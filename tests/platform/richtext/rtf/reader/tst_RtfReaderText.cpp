@@ -120,6 +120,9 @@ const ReadRow notes[] = {
     {"OwnMark", "a{\\super *}{\\footnote {\\super *}n}b{\\footnote m}", "a*b1|*n|1 m"},
     {"ParagraphsOfANote", "a{\\footnote m\\par n\\par}b", "a1b|1 m|n"},
     {"EmptyNote", "a{\\footnote}b", "a1b|1 "},
+    {"NoteInTheGroupOfANote", "a{\\footnote\\footnote n}b", "a1b|1 n"},
+    {"PictureInTheGroupOfANote", "a{\\footnote m\\pict n}b", "a1b|1 mn"},
+    {"BookmarkInTheGroupOfANote", "a{\\footnote m\\bkmkstart n}b", "a1b|1 mn"},
     {"NoteInANote", "a{\\footnote m{\\footnote n}}", "a1|2 n|1 m2"},
 };
 
