@@ -123,7 +123,7 @@ const ReadRow notes[] = {
     {"NoteInTheGroupOfANote", "a{\\footnote\\footnote n}b", "a1b|1 n"},
     {"PictureInTheGroupOfANote", "a{\\footnote m\\pict n}b", "a1b|1 mn"},
     {"BookmarkInTheGroupOfANote", "a{\\footnote m\\bkmkstart n}b", "a1b|1 mn"},
-    {"NoteInANote", "a{\\footnote m{\\footnote n}}", "a1|2 n|1 m2"},
+    {"NoteInANote", "a{\\footnote m{\\footnote n}}", "a1|1 m2|2 n"},
 };
 
 const ReadRow shapes[] = {

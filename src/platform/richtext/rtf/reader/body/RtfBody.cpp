@@ -475,17 +475,18 @@ bool RtfBody::beginNote(const RtfCharacterState &state)
         return false;
     const bool hasReference = std::exchange(m_stories.back().hasReference, false);
     const bool hasOwnMark = !hasReference && followsMark();
-    ++m_lastNote;
+    m_notes.emplace_back();
+    const int noteNumber = int(m_notes.size());
     if (!hasOwnMark)
         ++m_noteCount;
     if (!hasOwnMark && !hasReference)
-        number(m_noteCount, m_lastNote, state);
+        number(m_noteCount, noteNumber, state);
     if (hasOwnMark) {
         int &mark = builder().paragraph().runs.back().format;
-        mark = m_formats.addMark(mark, m_lastNote);
+        mark = m_formats.addMark(mark, noteNumber);
     }
     Story note;
-    note.note = m_lastNote;
+    note.note = noteNumber;
     note.count = hasOwnMark ? 0 : m_noteCount;
     note.owesNumber = !hasOwnMark;
     m_stories.push_back(std::move(note));
@@ -510,7 +511,8 @@ void RtfBody::endNote(const RtfState &state)
         flow.items.insert(flow.items.begin(), first);
     }
     keepRest(builder().flow());
-    m_notes.append(takeStory());
+    const size_t note = size_t(m_stories.back().note);
+    m_notes[note - 1] = takeStory();
 }
 
 void RtfBody::noteReference(const RtfCharacterState &state)
@@ -521,7 +523,7 @@ void RtfBody::noteReference(const RtfCharacterState &state)
     story.owesNumber = false;
     story.hasReference = story.note == 0;
     if (story.note == 0)
-        number(m_noteCount + 1, m_lastNote + 1, state);
+        number(m_noteCount + 1, int(m_notes.size()) + 1, state);
     else if (story.count > 0)
         number(story.count, story.note, state);
 }
@@ -554,17 +556,18 @@ void RtfBody::number(int number, int note, const RtfCharacterState &state)
 void RtfBody::finish(const RtfState &state)
 {
     RtfFlow &flow = builder().flow();
-    const bool isEmpty = !m_isBegun && flow.isEmpty() && !builder().isInTable() && m_notes.isEmpty();
+    const bool isEmpty = !m_isBegun && flow.isEmpty() && !builder().isInTable() && m_notes.empty();
     if (hasText() || isEmpty)
         addParagraph(state, state.paragraph.depth());
     builder().finish();
     keepRest(flow);
     const bool endsInTable = !flow.isEmpty() && flow.items.back().table >= 0;
-    if (hasUnseen() && endsInTable && !m_notes.isEmpty())
+    if (hasUnseen() && endsInTable && !m_notes.empty())
         addParagraph(state, 0);
     m_filler.append(flow);
     flow.clear();
     if (hasUnseen()) // behind a table that ends the document, or behind a paragraph that it has already
         m_filler.addUnseen(takeUnseen());
-    m_filler.append(m_notes);
+    for (const RtfFlow &note : m_notes)
+        m_filler.append(note);
 }

@@ -111,9 +111,8 @@ private:
     RtfLists &m_lists;
     RtfDocumentFiller &m_filler;
     std::vector<Story> m_stories;
-    RtfFlow m_notes;
-    int m_lastNote = 0;  ///< RtfParagraphState
-    int m_noteCount = 0; ///< of those without marks of their own
+    std::vector<RtfFlow> m_notes; ///< in the order in which they begin, which numbers them
+    int m_noteCount = 0;          ///< of those without marks of their own
     bool m_breaksPage = false;
     int m_section = 0; ///< RtfParagraphState, of the next paragraph
 
