@@ -144,6 +144,7 @@ private:
     void wrap();
     double pageWidth() const;
     void paintLines(const QRegion &region);
+    void repeatEmptyParagraph();
     void insertPictures(const QMimeData &source);
     void reportChange();
     void reportSelection();

@@ -22,13 +22,25 @@
 
 namespace {
 
+bool isReturn(const QKeyEvent &key)
+{
+    return (key.key() == Qt::Key_Return && key.modifiers() == Qt::NoModifier) ||
+           (key.key() == Qt::Key_Enter && key.modifiers() == Qt::KeypadModifier);
+}
+
 /// Backspace before the text of an item and Return in an item without text end the list there.
 bool endsList(const QKeyEvent &key, const QTextCursor &cursor)
 {
-    if (!cursor.currentList() || cursor.hasSelection() || key.modifiers() != Qt::NoModifier)
+    if (!cursor.currentList() || cursor.hasSelection())
         return false;
-    return (key.key() == Qt::Key_Backspace && cursor.atBlockStart()) ||
-           (key.key() == Qt::Key_Return && cursor.block().length() == 1);
+    const bool isBackspace = key.key() == Qt::Key_Backspace && key.modifiers() == Qt::NoModifier;
+    return (isBackspace && cursor.atBlockStart()) || (isReturn(key) && cursor.block().length() == 1);
+}
+
+/// Return in an empty paragraph, where Qt would forget how text typed there looks.
+bool repeatsEmpty(const QKeyEvent &key, const QTextCursor &cursor)
+{
+    return isReturn(key) && !cursor.hasSelection() && cursor.block().length() == 1;
 }
 
 } // namespace
@@ -81,10 +93,20 @@ void RichTextBox::keyPressEvent(QKeyEvent *event)
             setTextCursor(caret);
         if (!Locked() && endsList(*event, textCursor()))
             ParagraphEdits::leaveList(textCursor());
+        else if (!Locked() && repeatsEmpty(*event, textCursor()))
+            repeatEmptyParagraph();
         else
             QTextEdit::keyPressEvent(event);
         m_undoSteps.afterKey(textCursor());
     });
+}
+
+void RichTextBox::repeatEmptyParagraph()
+{
+    QTextCursor caret = textCursor();
+    caret.insertBlock();
+    setTextCursor(caret);
+    ensureCursorVisible();
 }
 
 void RichTextBox::mousePressEvent(QMouseEvent *event)

@@ -260,6 +260,39 @@ TEST_F(Paragraphs, ReturnInAnEmptyItemEndsTheList)
     EXPECT_EQ(box.document()->blockCount(), 4);
 }
 
+TEST_F(Paragraphs, EnterOnTheKeypadEndsTheListToo)
+{
+    box.setSelStart(3);
+    box.setSelBullet(true);
+    for (int i = 0; i < 2; ++i)
+        QTest::keyClick(&box, Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_EQ(box.SelBullet(), false);
+    EXPECT_EQ(box.document()->blockCount(), 4);
+}
+
+TEST_F(Paragraphs, ReturnInAnEmptyOneMakesAnotherThatLooksTheSame)
+{
+    box.setTextRTF("{\\rtf1{\\fonttbl{\\f0 Arial;}}\\qc\\f0\\fs30\\b one\\par\\par}");
+    box.setSelStart(4);
+    const QByteArray before = box.TextRTF();
+    QTest::keyClick(&box, Qt::Key_Return);
+    EXPECT_EQ(box.SelStart(), 5);
+    EXPECT_EQ(box.SelBold(), true);
+    EXPECT_EQ(paragraph(2).blockFormat(), paragraph(1).blockFormat());
+    EXPECT_EQ(paragraph(2).charFormat(), paragraph(1).charFormat());
+    box.undo();
+    EXPECT_EQ(box.TextRTF(), before);
+    EXPECT_FALSE(box.document()->isUndoAvailable());
+}
+
+TEST_F(Paragraphs, ReturnInAnEmptyOneOfALockedTextDoesNothing)
+{
+    box.setText(QString());
+    box.setLocked(true);
+    QTest::keyClick(&box, Qt::Key_Return);
+    EXPECT_EQ(box.document()->blockCount(), 1);
+}
+
 TEST_F(Paragraphs, ALockedListStays)
 {
     box.setSelBullet(true);

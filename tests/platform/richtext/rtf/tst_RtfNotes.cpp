@@ -95,6 +95,10 @@ INSTANTIATE_TEST_SUITE_P(
                 "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote m\\par\\trowd\\cellx1000\\intbl "
                 "c\\cell\\row\\pard n}b\\par}",
                 " m\\par\n\\trowd\\cellx1000\n\\pard\\intbl c\\cell\n\\row\n\\pard n\n}}b\\par\n"},
+        NoteRow{"WithATableThatLacksCells",
+                "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote m\\par\\trowd\\cellx1000\\cellx2000\\intbl "
+                "c\\cell\\row\\pard n}b\\par}",
+                "\\pard\\intbl c\\cell\n\\cell\n\\row\n\\pard n\n}}b\\par\n"},
         NoteRow{"ThatBeginsWithATable",
                 "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\super *}{\\footnote\\trowd\\cellx1000\\intbl "
                 "c\\cell\\row\\pard n}b\\par}",

@@ -4,6 +4,7 @@
 
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextFrame>
 #include <algorithm>
 
 namespace {
@@ -55,24 +56,27 @@ NotePlaces::NotePlaces(const QTextDocument &document)
     }
 }
 
-/// Paragraphs of a note that stand apart from its first ones have been copied or moved: they are text.
+/// Paragraphs of a note that stand apart from its first ones have been copied or moved: they are text. A
+/// table is of the note of its first paragraph.
 void NotePlaces::findTexts(const QTextDocument &document)
 {
     int before = 0;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    const QTextFrame *page = document.rootFrame();
+    for (auto it = page->begin(); it != page->end(); ++it) {
+        const QTextFrame *table = it.currentFrame();
+        const QTextBlock block = table ? document.findBlock(table->firstPosition()) : it.currentBlock();
         const int number = noteOf(block);
-        if (number != 0 && (number == before || !m_notes.contains(number))) {
-            Note &note = m_notes[number];
-            if (note.first < 0) {
-                note.first = block.position();
-                note.isCounted = hasNumber(block);
-            }
-            note.last = block.position() + block.length() - 1;
+        const bool isNew = !m_notes.contains(number);
+        before = number != 0 && (number == before || (isNew && !table)) ? number : 0;
+        if (before == 0)
+            continue;
+        Note &note = m_notes[number];
+        if (isNew) {
+            note.first = block.position();
+            note.isCounted = hasNumber(block);
             note.isAtEnd = block.blockFormat().boolProperty(RichTextProperty::NoteIsAtEnd);
-            before = number;
-        } else {
-            before = 0;
         }
+        note.last = table ? table->lastPosition() : block.position() + block.length() - 1;
     }
 }
 
