@@ -57,7 +57,7 @@ NotePlaces::NotePlaces(const QTextDocument &document)
 }
 
 /// Paragraphs of a note that stand apart from its first ones have been copied or moved: they are text. A
-/// table is of the note of its first paragraph.
+/// table is of the note of its first paragraph, but begins none.
 void NotePlaces::findTexts(const QTextDocument &document)
 {
     int before = 0;
