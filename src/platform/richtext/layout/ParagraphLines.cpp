@@ -1,5 +1,6 @@
 #include "ParagraphLines.h"
 
+#include "FrameSign.h"
 #include "ParagraphBorders.h"
 #include "ParagraphFormat.h"
 #include "RichTextProperties.h"
@@ -9,6 +10,7 @@
 #include <QPainter>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextFrame>
 #include <QTextLayout>
 
 namespace {
@@ -46,6 +48,33 @@ bool isInOneBox(const QTextBlock &paragraph, const QTextBlock &next)
            hangOf(one) == hangOf(other);
 }
 
+bool isOnPage(const QTextBlock &paragraph)
+{
+    const QTextDocument &document = *paragraph.document();
+    return document.frameAt(paragraph.position()) == document.rootFrame();
+}
+
+/// Whether Qt hides the empty paragraph in the edge of a table, beside its rows.
+bool isInEdge(const QTextBlock &paragraph)
+{
+    const QTextDocument &document = *paragraph.document();
+    const int position = paragraph.position();
+    const bool isBehind = position > 0 && document.characterAt(position - 1) == QChar(FrameSign::end);
+    return paragraph.length() == 1 && (isBehind || document.characterAt(position) == QChar(FrameSign::begin));
+}
+
+/// \a line between the margins of the page.
+QRectF acrossPage(QRectF line, const QTextBlock &paragraph)
+{
+    const QTextDocument &document = *paragraph.document();
+    const QTextFrame *page = document.rootFrame();
+    const QRectF area = document.documentLayout()->frameBoundingRect(document.rootFrame());
+    const QTextBlockFormat format = paragraph.blockFormat();
+    line.setLeft(area.left() + page->frameFormat().leftMargin() + format.leftMargin());
+    line.setRight(area.right() - page->frameFormat().rightMargin() - format.rightMargin());
+    return line;
+}
+
 /// What is laid out, in the document; for paper the lines of a paragraph may be on several pages.
 QList<QRectF> textLines(const QTextBlock &paragraph)
 {
@@ -56,6 +85,8 @@ QList<QRectF> textLines(const QTextBlock &paragraph)
         const QTextLine line = layout.lineAt(i);
         lines.append(QRectF(line.x(), line.y(), line.width(), line.height()).translated(origin));
     }
+    if (!lines.isEmpty() && isInEdge(paragraph) && isOnPage(paragraph))
+        lines.last() = acrossPage(lines.last(), paragraph);
     return lines;
 }
 

@@ -1,6 +1,7 @@
 #include "PaperSpacing.h"
 
 #include "DocumentTables.h"
+#include "ParagraphLines.h"
 #include "RichTextProperties.h"
 
 #include <QTextBlock>
@@ -69,10 +70,19 @@ bool isEmpty(const QTextBlock &paragraph)
     return paragraph.length() <= 1;
 }
 
+/// An empty paragraph that has lines, such as one across the page, keeps its height.
+void keepLines(const QTextBlock &paragraph)
+{
+    if (isEmpty(paragraph) && ParagraphLines::has(paragraph))
+        QTextCursor(paragraph).insertText(QString(QChar::Nbsp), paragraph.charFormat());
+}
+
 /// By empty lines: Qt would give the margins of a table to each of its pages.
 void part(const QTextTable &table)
 {
     QTextDocument &document = *table.document();
+    keepLines(document.findBlock(table.firstPosition() - 1));
+    keepLines(document.findBlock(table.lastPosition() + 1));
     const QTextBlock before = document.findBlock(table.firstPosition() - 1);
     const QTextBlock behind = document.findBlock(table.lastPosition() + 1);
     if (!isEmpty(behind))

@@ -220,6 +220,29 @@ TEST_F(ParagraphLinesTest, LeaveWhatIsBelowTheViewToTheNextPause)
     }
 }
 
+/// Where Qt hides an empty paragraph, beside the rows.
+TEST_F(ParagraphLinesTest, BesideTablesGoAcrossThePage)
+{
+    const QByteArray table = "\\trowd\\cellx1000\\intbl a\\cell\\row";
+    const QByteArray line = "\\pard\\brdrb\\brdrs\\brdrw60\\brdrcf1\\par";
+    show();
+    for (const QByteArray &body : {table + line + "\\pard b", "b\\par" + line + table + "\\pard c"}) {
+        load(body);
+        EXPECT_LT(red().left(), 20) << body.constData();
+        EXPECT_GT(red().width(), box.viewport()->width() - 40) << body.constData();
+    }
+}
+
+TEST_F(ParagraphLinesTest, OnPaperHaveAHeightOfTheirOwnBesideTables)
+{
+    const QByteArray table = "\\trowd\\cellx1000\\intbl a\\cell\\row";
+    load(table + "\\pard\\fs60\\brdrb\\brdrs\\brdrw60\\brdrcf1\\par\\pard\\fs24 b\\par");
+    print();
+    EXPECT_GT(topOf("b"), topOf("a") + 40);
+    EXPECT_GT(dots(QRectF(100, topOf("a"), 300, topOf("b") + 10 - topOf("a")), Qt::red), 1000);
+    EXPECT_EQ(dots(QRectF(595 - paperMargin + 5, 0, paperMargin - 5, 842), Qt::red), 0);
+}
+
 TEST_F(ParagraphLinesTest, OnPaperReachIntoTheMargins)
 {
     load("\\paperh3200\\margt1440\\margb1440" + QByteArray(frame) + "a\\par");

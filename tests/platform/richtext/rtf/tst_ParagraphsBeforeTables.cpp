@@ -35,6 +35,19 @@ TEST_F(ParagraphsBeforeTables, AreWrittenWithWhatIsWrittenIntoThem)
     EXPECT_EQ(structure(read.document()), " x\\par\n" + table + "\\pard b\\par\n");
 }
 
+TEST(ParagraphsBeforeTablesOf, InnerTablesTakeTextInTheirFontToo)
+{
+    ReadDocument read(
+        framed("{\\f0\\b c\\par}\\trowd\\cellx5000\\intbl\\itap2{\\f1 a\\nestcell}"
+               "{\\*\\nesttableprops\\trowd\\cellx3000\\nestrow}\\pard\\intbl\\cell\\row\\pard b"));
+    QTextCursor cursor(read.paragraph(1));
+    cursor.insertText(QStringLiteral("x"));
+    EXPECT_EQ(read.formatOf(QStringLiteral("x")).fontFamilies(),
+              read.formatOf(QStringLiteral("a")).fontFamilies());
+    EXPECT_NE(read.formatOf(QStringLiteral("x")).fontFamilies(),
+              read.formatOf(QStringLiteral("c")).fontFamilies());
+}
+
 TEST_F(ParagraphsBeforeTables, TakeTextInTheFontOfTheTable)
 {
     cursor.insertText(QStringLiteral("x"));

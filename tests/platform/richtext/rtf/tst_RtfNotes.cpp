@@ -112,6 +112,11 @@ INSTANTIATE_TEST_SUITE_P(
                 "{\\rtf1{\\fonttbl{\\f0 Arial;}}\\trowd\\cellx1000\\intbl a{\\footnote n}\\cell\\row\\pard "
                 "b\\par}",
                 "\\pard\\intbl a{\\super{\\chftn}{\\footnote\\pard\\plain {\\super{\\chftn}} n\n}\\cell}\n"},
+        NoteRow{"InAnInnerTable",
+                "{\\rtf1{\\fonttbl{\\f0 Arial;}}\\pard\\intbl\\itap2 a{\\footnote n}b\\nestcell"
+                "{\\*\\nesttableprops\\trowd\\cellx30\\nestrow}"
+                "\\pard\\intbl\\cell\\trowd\\cellx99\\row\\pard x\\par}",
+                "a{\\super{\\chftn}{\\footnote\\pard\\plain {\\super{\\chftn}} n\n}}b\\nestcell"},
         NoteRow{"InANote", "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote m{\\footnote n}}b\\par}",
                 " m{\\super{\\footnote\\pard\\plain {\\super{\\chftn}} n\n}}\n}}b\\par\n"}),
     rowName);

@@ -11,6 +11,16 @@
 #include <QTextList>
 #include <QTextTable>
 
+namespace {
+
+const RtfFlow::Item &firstParagraph(const RtfTable &table)
+{
+    const RtfFlow::Item &first = table.flow.items.front();
+    return first.table < 0 ? first : firstParagraph(*table.flow.tables[size_t(first.table)]);
+}
+
+} // namespace
+
 RtfDocumentFiller::RtfDocumentFiller(QTextDocument &document, const RtfFormats &formats,
                                      const RtfColorTable &colors, const RtfLists &lists)
     : m_formats(formats)
@@ -134,7 +144,7 @@ void RtfDocumentFiller::markBefore(const RtfTable &table)
 {
     QTextBlockFormat format;
     format.setProperty(RichTextProperty::OnlyBeforeTable, true);
-    const RtfFlow::Item &first = table.flow.items.front();
+    const RtfFlow::Item &first = firstParagraph(table);
     if (const int note = m_formats.paragraph(first.format).intProperty(RichTextProperty::Note); note != 0)
         format.setProperty(RichTextProperty::Note, note);
     m_cursor.setBlockFormat(format);
