@@ -54,13 +54,12 @@ bool isOnPage(const QTextBlock &paragraph)
     return document.frameAt(paragraph.position()) == document.rootFrame();
 }
 
-/// Whether Qt hides the empty paragraph in the edge of a table, beside its rows.
+/// Whether Qt hides the empty paragraph in the edge of a table, beside its last row.
 bool isInEdge(const QTextBlock &paragraph)
 {
-    const QTextDocument &document = *paragraph.document();
     const int position = paragraph.position();
-    const bool isBehind = position > 0 && document.characterAt(position - 1) == QChar(FrameSign::end);
-    return paragraph.length() == 1 && (isBehind || document.characterAt(position) == QChar(FrameSign::begin));
+    return paragraph.length() == 1 && position > 0 &&
+           paragraph.document()->characterAt(position - 1) == QChar(FrameSign::end);
 }
 
 /// \a line between the margins of the page.
