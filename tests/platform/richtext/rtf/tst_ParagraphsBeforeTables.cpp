@@ -87,6 +87,17 @@ TEST(ParagraphsBeforeTablesOf, CellsAreNotWrittenEither)
     EXPECT_EQ(structure(read.document()).find("\\trowd\\cellx5000\n\\pard\\intbl\\itap2 a\\nestcell"), 0);
 }
 
+/// Of two tables the file cannot say otherwise that they are two.
+TEST(ParagraphsBeforeTablesOf, TablesThatFollowATableAreWritten)
+{
+    ReadDocument read(framed(
+        "\\trowd\\cellx900\\intbl a\\cell\\row\\pard{\\shp{\\*\\shpinst{\\shptxt\\trowd\\cellx900\\intbl b"
+        "\\cell\\row}}}\\pard e"));
+    EXPECT_EQ(read.document().rootFrame()->childFrames().size(), 2);
+    EXPECT_NE(structure(read.document()).find("\\row\n\\pard\\par\n\\trowd"), std::string::npos)
+        << structure(read.document());
+}
+
 /// Rows that share no edges become two tables when they have too many.
 TEST(ParagraphsBeforeTablesOf, RowsInBetweenAreNotWritten)
 {

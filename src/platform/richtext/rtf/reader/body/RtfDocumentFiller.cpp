@@ -112,8 +112,13 @@ void RtfDocumentFiller::table(const RtfTable &table)
 {
     RtfTableLayout layout(table);
     const std::vector<RtfTableGrid> grids = layout.grids();
-    for (const RtfTableGrid &part : grids)
-        grid(table, layout, part);
+    if (m_isBlockFree && !m_isBehindTable) // which it parts from this one
+        markBefore(table);
+    for (size_t i = 0; i < grids.size(); ++i) {
+        if (i > 0)
+            markBefore(table);
+        grid(table, layout, grids[i]);
+    }
 }
 
 /// Qt's own steps to merge cells and to add rows look at the whole table each time. A table is a row of cells
@@ -121,8 +126,6 @@ void RtfDocumentFiller::table(const RtfTable &table)
 /// order, and the number of columns is set at the end.
 void RtfDocumentFiller::grid(const RtfTable &table, const RtfTableLayout &layout, const RtfTableGrid &grid)
 {
-    if (m_isBlockFree)
-        markBefore(table);
     settleCell();
     QTextTableFormat format = RtfTableFormat::table(table, grid, m_colors);
     QTextTable *inserted = m_cursor.insertTable(int(grid.cells.size()), 1, format);
@@ -136,6 +139,7 @@ void RtfDocumentFiller::grid(const RtfTable &table, const RtfTableLayout &layout
     inserted->QTextFrame::setFrameFormat(format);
     m_cursor.setPosition(position);
     m_isBlockFree = true;
+    m_isBehindTable = true;
     m_isInCell = false;
 }
 
@@ -160,6 +164,7 @@ void RtfDocumentFiller::cell(const RtfTable &table, const RtfTableLayout &layout
                              size_t index)
 {
     m_isBlockFree = true;
+    m_isBehindTable = false;
     m_isInCell = true;
     m_cellFormat = RtfTableFormat::cell(table, grid.cells[index], m_colors);
     for (int part = grid.cells[index].firstPart; part >= 0; part = layout.nextPart(part)) {

@@ -46,8 +46,9 @@ private:
     const RtfColorTable &m_colors;
     const RtfLists &m_lists;
     QTextCursor m_cursor;
-    bool m_isBlockFree = true; ///< the cursor's block is empty and waits for a paragraph
-    bool m_isInCell = false;   ///< and it is the first of a cell, whose format its own one is
+    bool m_isBlockFree = true;    ///< the cursor's block is empty and waits for a paragraph
+    bool m_isBehindTable = false; ///< and it follows a table
+    bool m_isInCell = false;      ///< and it is the first of a cell, whose format its own one is
     QTextCharFormat m_cellFormat;
     QHash<int, int> m_listObjects;
     QHash<std::pair<int, int>, QTextBlockFormat> m_itemFormats; ///< by paragraph format and list
