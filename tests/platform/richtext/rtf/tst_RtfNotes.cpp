@@ -123,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(RtfNotesEdited, StayWithTheirMarks)
 {
-    EXPECT_EQ(written(), "a" + markOne + "b\\par\nc" + markTwo + "d\\par\n");
+    EXPECT_EQ(written(), "a" + markOne + "b\\par\n\\pard c" + markTwo + "d\\par\n");
 }
 
 TEST_F(RtfNotesEdited, HaveWhatIsWrittenIntoThem)
@@ -140,7 +140,7 @@ TEST_F(RtfNotesEdited, AreTextWithoutTheirMarks)
 {
     cursor.setPosition(1);
     cursor.deleteChar();
-    EXPECT_EQ(written(), "ab\\par\nc" + markTwo + "d\\par\n{\\super 1} one\\par\n");
+    EXPECT_EQ(written(), "ab\\par\nc" + markTwo + "d\\par\n\\pard{\\super 1} one\\par\n");
 }
 
 TEST_F(RtfNotesEdited, AreGoneWithTheirText)
@@ -156,8 +156,8 @@ TEST_F(RtfNotesEdited, AreNotCountedWhereTheMarkWasChanged)
 {
     cursor.setPosition(2);
     cursor.insertText(QStringLiteral("x"), read.formatOf(QStringLiteral("1")));
-    EXPECT_EQ(written(),
-              "a{\\super 1x{\\footnote\\pard\\plain {\\super 1} one\n}}b\\par\nc" + markTwo + "d\\par\n");
+    EXPECT_EQ(written(), "a{\\super 1x{\\footnote\\pard\\plain {\\super 1} one\n}}b\\par\n\\pard c" +
+                             markTwo + "d\\par\n");
 }
 
 TEST_F(RtfNotesEdited, AreNotCountedWhereTheirTextHasNoNumber)
@@ -165,7 +165,8 @@ TEST_F(RtfNotesEdited, AreNotCountedWhereTheirTextHasNoNumber)
     select(QStringLiteral("1 one"));
     cursor.setPosition(cursor.selectionStart());
     cursor.deleteChar();
-    EXPECT_EQ(written(), "a{\\super 1{\\footnote\\pard\\plain  one\n}}b\\par\nc" + markTwo + "d\\par\n");
+    EXPECT_EQ(written(),
+              "a{\\super 1{\\footnote\\pard\\plain  one\n}}b\\par\n\\pard c" + markTwo + "d\\par\n");
 }
 
 TEST_F(RtfNotesEdited, AreTextWhereTheMarkIsNotRaised)
@@ -176,7 +177,7 @@ TEST_F(RtfNotesEdited, AreTextWhereTheMarkIsNotRaised)
     plain.setVerticalAlignment(QTextCharFormat::AlignNormal);
     cursor.mergeCharFormat(plain);
     cursor.insertText(QStringLiteral("x"));
-    EXPECT_EQ(written(), "axb\\par\nc" + markTwo + "d\\par\n{\\super 1} one\\par\n");
+    EXPECT_EQ(written(), "axb\\par\nc" + markTwo + "d\\par\n\\pard{\\super 1} one\\par\n");
 }
 
 TEST_F(RtfNotesEdited, BelongToTheFirstMarkOfSeveral)
@@ -186,7 +187,7 @@ TEST_F(RtfNotesEdited, BelongToTheFirstMarkOfSeveral)
     const QTextDocumentFragment copy = cursor.selection();
     cursor.setPosition(0);
     cursor.insertFragment(copy);
-    EXPECT_EQ(written(), "a" + markOne + "ba{\\super 1}b\\par\nc" + markTwo + "d\\par\n");
+    EXPECT_EQ(written(), "a" + markOne + "ba{\\super 1}b\\par\n\\pard c" + markTwo + "d\\par\n");
 }
 
 TEST_F(RtfNotesEdited, AreOnceWhereTheirTextIsCopied)
@@ -196,7 +197,8 @@ TEST_F(RtfNotesEdited, AreOnceWhereTheirTextIsCopied)
     const QTextDocumentFragment copy = cursor.selection();
     cursor.movePosition(QTextCursor::End);
     cursor.insertFragment(copy);
-    EXPECT_EQ(written(), "a" + markOne + "b\\par\nc" + markTwo + "d\\par\n{\\super 1} one\\par\n");
+    EXPECT_EQ(written(),
+              "a" + markOne + "b\\par\n\\pard c" + markTwo + "d\\par\n\\pard{\\super 1} one\\par\n");
 }
 
 TEST_F(RtfNotesEdited, AreTextInASelection)

@@ -268,8 +268,10 @@ void RtfBodyWriter::mark(const CharacterWords::Run &run, QStringView text, int p
         m_stream.text(text);
     else if (m_note == 0 || run.note == m_note)
         m_stream.group("{\\chftn}");
-    if (m_notes.markAt(position) == run.note)
-        m_stream.group(note(run.note));
+    if (m_notes.markAt(position) != run.note)
+        return;
+    m_stream.group(note(run.note));
+    m_stream.forgetParagraph();
 }
 
 QByteArray RtfBodyWriter::note(int number)

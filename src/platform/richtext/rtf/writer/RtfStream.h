@@ -20,6 +20,9 @@ public:
     /// tables.
     void setParagraph(int number, const QByteArray &words, int depth);
 
+    /// The next paragraph says all of its words: some readers take those in a group for the text's own.
+    void forgetParagraph() { m_paragraph = -1; }
+
     void text(QStringView text);
 
     /// A whole group, braces included; it leaves the state as it was.
