@@ -25,11 +25,13 @@ bool isNumber(const QTextFragment &part)
     return count != 0 && part.text() == QString::number(count);
 }
 
-/// Whether the text of a note begins with its number.
-bool hasNumber(const QTextBlock &block)
+/// Whether the text of the note \a number, whose first paragraph is \a first, begins with that number.
+bool hasNumber(QTextBlock first, int number)
 {
-    const auto label = block.begin();
-    return !label.atEnd() && markOf(label.fragment()) == noteOf(block) && isNumber(label.fragment());
+    while (first.length() == 1 && noteOf(first.next()) == number)
+        first = first.next();
+    const auto label = first.begin();
+    return !label.atEnd() && markOf(label.fragment()) == number && isNumber(label.fragment());
 }
 
 bool isRaised(const QTextFragment &part)
@@ -73,7 +75,7 @@ void NotePlaces::findTexts(const QTextDocument &document)
         Note &note = m_notes[number];
         if (isNew) {
             note.first = block.position();
-            note.isCounted = hasNumber(block);
+            note.isCounted = hasNumber(block, number);
             note.isAtEnd = block.blockFormat().boolProperty(RichTextProperty::NoteIsAtEnd);
         }
         note.last = table ? table->lastPosition() : block.position() + block.length() - 1;

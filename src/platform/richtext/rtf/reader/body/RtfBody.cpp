@@ -545,6 +545,7 @@ void RtfBody::number(int number, int note, const RtfCharacterState &state)
 {
     RtfCharacterState raised = state;
     raised.script = RtfCharacterState::Superscript;
+    raised.shift = 0;
     raised.note = note;
     raised.noteCount = number;
     const QByteArray digits = QByteArray::number(number);
