@@ -99,6 +99,11 @@ INSTANTIATE_TEST_SUITE_P(
                 "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote m\\par\\trowd\\cellx1000\\intbl "
                 "c\\cell\\row\\pard n}b\\par}",
                 " m\\par\n\\trowd\\cellx1000\n\\pard\\intbl c\\cell\n\\row\n\\pard n\n}}b\\par\n"},
+        NoteRow{"WithTwoTables",
+                "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote "
+                "m{\\shp{\\*\\shpinst{\\shptxt\\trowd\\cellx900\\intbl c\\cell\\row}}}"
+                "\\trowd\\cellx900\\intbl d\\cell\\row\\pard n}b\\par}",
+                " d\\cell\n\\row\n\\pard n\n}}b\\par\n"},
         NoteRow{"WithATableThatLacksCells",
                 "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote m\\par\\trowd\\cellx1000\\cellx2000\\intbl "
                 "c\\cell\\row\\pard n}b\\par}",

@@ -112,11 +112,11 @@ void RtfDocumentFiller::table(const RtfTable &table)
 {
     RtfTableLayout layout(table);
     const std::vector<RtfTableGrid> grids = layout.grids();
-    if (m_isBlockFree && !m_isBehindTable) // which it parts from this one
-        markBefore(table);
+    if (m_isBlockFree)
+        fillBefore(table, m_isBehindTable ? Before::PartsTables : Before::IsNone);
     for (size_t i = 0; i < grids.size(); ++i) {
         if (i > 0)
-            markBefore(table);
+            fillBefore(table, Before::IsNone);
         grid(table, layout, grids[i]);
     }
 }
@@ -143,11 +143,12 @@ void RtfDocumentFiller::grid(const RtfTable &table, const RtfTableLayout &layout
     m_isInCell = false;
 }
 
-/// The paragraph before \a table is none of the file's.
-void RtfDocumentFiller::markBefore(const RtfTable &table)
+/// The paragraph that Qt has before \a table.
+void RtfDocumentFiller::fillBefore(const RtfTable &table, Before before)
 {
     QTextBlockFormat format;
-    format.setProperty(RichTextProperty::OnlyBeforeTable, true);
+    if (before == Before::IsNone)
+        format.setProperty(RichTextProperty::OnlyBeforeTable, true);
     const RtfFlow::Item &first = firstParagraph(table);
     if (const int note = m_formats.paragraph(first.format).intProperty(RichTextProperty::Note); note != 0)
         format.setProperty(RichTextProperty::Note, note);

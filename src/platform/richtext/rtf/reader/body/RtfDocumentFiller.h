@@ -39,7 +39,8 @@ private:
     void grid(const RtfTable &table, const RtfTableLayout &layout, const RtfTableGrid &grid);
     /// Gives the cell its format where no paragraph of its own did.
     void settleCell();
-    void markBefore(const RtfTable &table);
+    enum class Before { IsNone, PartsTables }; ///< of the file's, or it would take two tables for one
+    void fillBefore(const RtfTable &table, Before before);
     void cell(const RtfTable &table, const RtfTableLayout &layout, const RtfTableGrid &grid, size_t index);
 
     const RtfFormats &m_formats;
