@@ -131,6 +131,15 @@ TEST_F(Formatting, TheButtonsFollowTheActiveDocument)
     EXPECT_TRUE(pressed("Bold"));
 }
 
+TEST_F(Formatting, TheButtonsLeaveOutTheOtherDocuments)
+{
+    partBold();
+    select(4, 1);
+    suite.choose("mnuFileNew");
+    select(0, 1); // in the first document, which is bold there
+    EXPECT_FALSE(pressed("Bold"));
+}
+
 // ---- Alignment
 
 TEST_F(Formatting, AlignmentsReleaseEachOther)
@@ -170,6 +179,7 @@ TEST_F(Formatting, TheColourDialogStartsFromTheSelection)
         dialog.accept();
     });
     suite.press("Font Colour");
+    EXPECT_EQ(suite.frame().dlgCommonDialog().Flags, 3);
     EXPECT_EQ(text.SelColor(), QColor(Qt::blue));
 }
 
@@ -209,6 +219,7 @@ TEST_F(Formatting, TheFontDialogGivesAllSeven)
         dialog.accept();
     });
     suite.press("Font");
+    EXPECT_EQ(suite.frame().dlgCommonDialog().Flags, 164099);
     EXPECT_EQ(text.SelFontName(), QStringLiteral("Liberation Serif"));
     EXPECT_EQ(text.SelFontSize(), 20);
     EXPECT_EQ(text.SelBold(), false);

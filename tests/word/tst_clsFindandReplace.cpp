@@ -405,6 +405,16 @@ TEST_F(FindTest, ReplaceAllMayLeaveNothing)
     EXPECT_EQ(box.Text(), QString());
 }
 
+TEST_F(FindTest, ReplaceAllGivesTheFocusToTheText)
+{
+    open("one two one", 0, 3);
+    find->hWndDialog()->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(find->hWndDialog()));
+    replaceAll("one", "1");
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(box.hasFocus());
+}
+
 TEST_F(FindTest, ACancelledReplaceAllReplacesNothing)
 {
     open("one two one", 0, 3);

@@ -114,6 +114,7 @@ TEST_F(DocumentTest, ClosingOffersTheDialogUntilAFileIsNamed)
     rtfQuestion().press(QMessageBox::Yes);
     fileDialog("Save As RTF").cancel();
     fileDialog("Save As RTF")
+        .folder(Paths::appPath() + QStringLiteral("/docs"))
         .filters({QStringLiteral("Rich Text Format (*.rtf)")})
         .defaultSuffix(QStringLiteral("rtf"))
         .accept(path("kept"));
@@ -127,9 +128,33 @@ TEST_F(DocumentTest, ClosingAsTextWritesPlainText)
     saveQuestion(QStringLiteral("Document 1")).press(QMessageBox::Yes);
     rtfQuestion().press(QMessageBox::No);
     textQuestion().press(QMessageBox::Yes);
-    fileDialog("Save As TXT").defaultSuffix(QStringLiteral("txt")).accept(path("closing.txt"));
+    fileDialog("Save As TXT")
+        .folder(Paths::appPath() + QStringLiteral("/docs"))
+        .filters({QStringLiteral("Text Files (*.txt;*.bat;*.dat;*.log;*.ini)")})
+        .defaultSuffix(QStringLiteral("txt"))
+        .accept(path("closing.txt"));
     suite.choose("mnuFileClose");
     EXPECT_EQ(Files::read(path("closing.txt")), QByteArray("plain words"));
+}
+
+TEST_F(DocumentTest, ClosingAsksAboutAnExistingNameToo)
+{
+    for (const char *name : {"a.rtf", "a.txt"}) {
+        const bool isRtf = QByteArray(name).endsWith("rtf");
+        const char *title = isRtf ? "Save As RTF" : "Save As TXT";
+        write(name, "old");
+        suite.choose("mnuFileNew");
+        suite.type(QStringLiteral("new"));
+        saveQuestion(suite.active().Caption()).press(QMessageBox::Yes);
+        rtfQuestion().press(isRtf ? QMessageBox::Yes : QMessageBox::No);
+        if (!isRtf)
+            textQuestion().press(QMessageBox::Yes);
+        fileDialog(title).accept(path(name));
+        box(title, QString::fromLatin1(name) + QStringLiteral(" already exists.\nDo you want to replace it?"))
+            .press(QMessageBox::Yes);
+        suite.choose("mnuFileClose");
+        EXPECT_TRUE(Files::read(path(name)).contains("new")) << name;
+    }
 }
 
 TEST_F(DocumentTest, AFileThatCannotBeWrittenAtClosingAsksForAnotherPlace)
@@ -176,6 +201,7 @@ TEST_F(DocumentTest, TheOpenDialogHasItsTitleAndFilters)
         .folder(Paths::appPath() + QStringLiteral("/docs"))
         .cancel();
     suite.press("Open");
+    EXPECT_EQ(suite.frame().dlgCommonDialog().DefaultExt, QStringLiteral("rtf"));
     EXPECT_EQ(suite.active().Caption(), QStringLiteral("Document 1"));
 }
 
@@ -274,6 +300,17 @@ TEST_F(DocumentTest, ACancelledSaveDoesNothing)
     closeUnsaved();
 }
 
+TEST_F(DocumentTest, SaveAsRtfBeginsInNoFolderOfItsOwn)
+{
+    textQuestion().press(QMessageBox::Yes);
+    fileDialog("Save As TXT").cancel();
+    suite.choose("mnuFileSaveAs");
+    EXPECT_FALSE(suite.frame().dlgCommonDialog().InitDir.isEmpty());
+    fileDialog("Save As RTF").cancel();
+    suite.choose("mnuFileSave");
+    EXPECT_EQ(suite.frame().dlgCommonDialog().InitDir, QString());
+}
+
 TEST_F(DocumentTest, AnExistingNameIsAskedAbout)
 {
     write("a.rtf", "old");
@@ -368,6 +405,17 @@ TEST_F(DocumentTest, APathThatBeginsWithDocumentAsksAgain)
     closeUnsaved();
 }
 
+TEST_F(DocumentTest, TheMenusDocumentsAreFreshAndThoseOfTheToolbarAreNot)
+{
+    suite.choose("mnuFileNew");
+    EXPECT_TRUE(freshDocument);
+    freshDocument = false;
+    suite.press("New");
+    EXPECT_FALSE(freshDocument);
+    open(write("a.rtf", boldRtf));
+    EXPECT_TRUE(freshDocument);
+}
+
 TEST_F(DocumentTest, FocusClearsTheDirtyStateOfAFreshDocument)
 {
     Q_EMIT suite.text().Change();
@@ -403,6 +451,35 @@ TEST_F(DocumentTest, ALinkOpensWithTheDesktopsHandler)
     EXPECT_EQ(urls.opened(), QList<QUrl>({QUrl(QStringLiteral("http://www.example.org"))}));
     EXPECT_EQ(suite.text().SelStart(), 0);
     closeUnsaved();
+}
+
+TEST_F(DocumentTest, AClickOnAnAddressOpensIt)
+{
+    UrlCatcher urls;
+    RichTextBox &text = suite.text();
+    text.setText(QStringLiteral("www.example.org"));
+    const auto click = [&] {
+        QTextCursor place(text.document());
+        place.setPosition(3);
+        QTest::mouseClick(text.viewport(), Qt::LeftButton, {}, text.cursorRect(place).center());
+    };
+    click();
+    EXPECT_EQ(urls.opened().size(), 1);
+    suite.dialogs.expectWindow<QMessageBox>(QStringLiteral("MsgBox"), [&](QMessageBox &box) {
+        click(); // no address any more once it closes
+        box.button(QMessageBox::No)->click();
+    });
+    suite.choose("mnuFileClose");
+    EXPECT_EQ(urls.opened().size(), 1);
+}
+
+TEST_F(DocumentTest, TheRightMarginIsTheControlsEdge)
+{
+    constexpr int twipsPerPixel = 15;
+    for (const int width : {500, 300}) {
+        suite.active().resize(width, 300);
+        EXPECT_EQ(suite.text().RightMargin(), width * twipsPerPixel - 4);
+    }
 }
 
 TEST_F(DocumentTest, ANarrowWindowCutsTheControl)
