@@ -405,12 +405,12 @@ TEST_F(FindTest, ReplaceAllMayLeaveNothing)
     EXPECT_EQ(box.Text(), QString());
 }
 
-TEST_F(FindTest, ReplaceAllGivesTheFocusToTheText)
+TEST_F(FindTest, ReplaceAllGivesTheFocusToTheTextAlsoWithoutAHit)
 {
     open("one two one", 0, 3);
     find->hWndDialog()->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(find->hWndDialog()));
-    replaceAll("one", "1");
+    replaceAll("three", "3");
     EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
     EXPECT_TRUE(box.hasFocus());
 }
