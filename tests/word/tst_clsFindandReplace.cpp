@@ -405,16 +405,6 @@ TEST_F(FindTest, ReplaceAllMayLeaveNothing)
     EXPECT_EQ(box.Text(), QString());
 }
 
-TEST_F(FindTest, ReplaceAllGivesTheFocusToTheTextAlsoWithoutAHit)
-{
-    open("one two one", 0, 3);
-    find->hWndDialog()->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(find->hWndDialog()));
-    replaceAll("three", "3");
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
-    EXPECT_TRUE(box.hasFocus());
-}
-
 TEST_F(FindTest, ACancelledReplaceAllReplacesNothing)
 {
     open("one two one", 0, 3);

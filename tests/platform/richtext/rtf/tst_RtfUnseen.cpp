@@ -70,6 +70,8 @@ INSTANTIATE_TEST_SUITE_P(
                   "{\\header\\trowd\\cellx1000\\intbl a\\cell\\row\\pard{\\v b}}c", "c",
                   "\\row\n\\pard{\\v{\\f1 b}}"},
         UnseenRow{"HiddenInAHeaderAlone", "{\\header{\\v b}}c", "c", "{\\header\\pard\\plain\n{\\v{\\f1 b}}"},
+        UnseenRow{"CommentThatEndsInEmptyParagraphs", "a{\\*\\annotation b\\par\\par\\par}c", "ac",
+                  "{\\*\\annotation\\pard\\plain{\\f1 b\\par \\par \\par }}"},
         UnseenRow{"HiddenBeforeAShape", "{\\v x}{\\shp{\\*\\shpinst{\\shptxt b\\par}}}d", "b|d",
                   "{\\v{\\f1 x}}{\\f1 b"},
         UnseenRow{"HiddenBeforeAShapeWithoutText", "a{\\v x}{\\shp{\\*\\shpinst{\\shptxt}}}d", "a|d",
@@ -171,7 +173,7 @@ TEST(RtfUnseenEdited, ACommentLeavesThePageBreakToTheTextAroundIt)
 TEST(RtfUnseenEdited, BehindACommentsTableItIsTheComments)
 {
     const QByteArray file = framed("a{\\*\\annotation\\trowd\\cellx1000\\intbl b\\cell\\row\\pard{\\v c}}d");
-    EXPECT_TRUE(writtenAgain(file).contains("{\\v{\\f1 c}}}{\\f1 d")) << writtenAgain(file).constData();
+    EXPECT_TRUE(writtenAgain(file).contains("{\\v{\\f1 c}}{\\f1 \\par }}{\\f1 d")) << writtenAgain(file).constData();
 }
 
 TEST(RtfUnseenEdited, DeletedTextDoesNotComeBack)

@@ -401,7 +401,9 @@ QList<Unseen::Run> RtfBody::runsOf(const RtfFlow &flow) const
         for (; item < flow.items.size() && flow.items[item].textEnd <= start; ++item) {
             const QTextCharFormat mark = m_formats.characters(flow.items[item].markFormat);
             const bool isLast = item + 1 == flow.items.size();
-            const QString end = isLast ? QString() : QString(QChar::ParagraphSeparator);
+            const bool isEmpty = item > 0 && flow.items[item].textEnd == flow.items[item - 1].textEnd;
+            const bool isEndOfText = isLast && !isEmpty; // an empty last one would not be seen
+            const QString end = isEndOfText ? QString() : QString(QChar::ParagraphSeparator);
             if (Unseen::isIn(mark) || runs.isEmpty())
                 runs.append({end, mark});
             else
