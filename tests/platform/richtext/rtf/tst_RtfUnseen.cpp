@@ -173,7 +173,8 @@ TEST(RtfUnseenEdited, ACommentLeavesThePageBreakToTheTextAroundIt)
 TEST(RtfUnseenEdited, BehindACommentsTableItIsTheComments)
 {
     const QByteArray file = framed("a{\\*\\annotation\\trowd\\cellx1000\\intbl b\\cell\\row\\pard{\\v c}}d");
-    EXPECT_TRUE(writtenAgain(file).contains("{\\v{\\f1 c}}{\\f1 \\par }}{\\f1 d")) << writtenAgain(file).constData();
+    EXPECT_TRUE(writtenAgain(file).contains("{\\v{\\f1 c}}{\\f1 \\par }}{\\f1 d"))
+        << writtenAgain(file).constData();
 }
 
 TEST(RtfUnseenEdited, DeletedTextDoesNotComeBack)
