@@ -9,7 +9,6 @@ namespace {
 
 // What no page holds is taken for the largest that the format's own numbers of 16 bits reach.
 constexpr int largestLength = 32767;
-constexpr int deepestTable = 16;
 constexpr int deepestLevel = 8;
 
 } // namespace

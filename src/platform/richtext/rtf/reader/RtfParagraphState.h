@@ -28,6 +28,8 @@ struct RtfParagraphState
         Borders = 32768
     };
 
+    static constexpr int deepestTable = 16; ///< tables inside each other
+
     int alignment = 0; ///< Qt::Alignment, 0 is by direction
     int left = 0;
     int right = 0;

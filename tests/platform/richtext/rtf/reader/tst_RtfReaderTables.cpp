@@ -1,6 +1,7 @@
 #include "ReadDocument.h"
 #include "RichTextProperties.h"
 
+#include <QTextCursor>
 #include <QTextTable>
 #include <gtest/gtest.h>
 
@@ -187,3 +188,15 @@ TEST(RtfReaderTables, CellsWithoutEnd)
 }
 
 } // namespace
+
+/// No deeper than a file may say, or they would come back otherwise.
+TEST(RtfReaderTables, OfShapesAreNotDeeperThanOthers)
+{
+    ReadDocument read(framed("\\trowd\\cellx900\\intbl\\itap16{\\*\\nesttableprops\\trowd\\cellx900}"
+                             "{\\shp{\\*\\shpinst{\\shptxt\\trowd\\cellx900\\intbl x\\cell\\row}}}"));
+    const QTextCursor x = read.document().find(QStringLiteral("x"));
+    int depth = 0;
+    for (const QTextFrame *frame = x.currentFrame(); frame->parentFrame(); frame = frame->parentFrame())
+        ++depth;
+    EXPECT_EQ(depth, 16);
+}

@@ -31,6 +31,15 @@ char16_t harmless(char16_t c)
     }
 }
 
+/// How many tables are inside each other.
+int depthOf(const RtfFlow &flow)
+{
+    int depth = 0;
+    for (const std::unique_ptr<RtfTable> &table : flow.tables)
+        depth = std::max(depth, 1 + depthOf(table->flow));
+    return depth;
+}
+
 } // namespace
 
 RtfBody::RtfBody(const RtfFontTable &fonts, RtfFormats &formats, RtfLists &lists, RtfDocumentFiller &filler)
@@ -354,7 +363,8 @@ void RtfBody::endInsertion(const RtfState &inside, const RtfState &outside)
     const int depth = outside.paragraph.depth();
     if (hasText())
         addParagraph(outside, depth);
-    builder().append(depth, std::move(flow));
+    const int deepest = std::max(0, RtfParagraphState::deepestTable - depthOf(flow));
+    builder().append(std::min(depth, deepest), std::move(flow));
     endHidden();
     m_stories.back().unseen.append(rest);
 }
