@@ -55,6 +55,8 @@ enum Id {
 
     // Tables (QTextTableFormat)
     RowTwips = QTextFormat::UserProperty + 300, ///< QString, right cell edges of the columns, "1440 2880"
+    CellBorders, ///< QString, as Borders, of a cell (QTextTableCellFormat); without it the table's are around
+                 ///< it
 
     // Pages (QTextFrameFormat of the root frame)
     PageWord = QTextFormat::UserProperty + 400,    ///< int, the first of as many as PageFormat::Word has

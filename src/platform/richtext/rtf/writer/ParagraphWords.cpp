@@ -1,5 +1,6 @@
 #include "ParagraphWords.h"
 
+#include "BorderWords.h"
 #include "PageSections.h"
 #include "ParagraphFormat.h"
 #include "RichTextProperties.h"
@@ -162,21 +163,9 @@ QByteArray ParagraphWords::wordsOf(const QTextBlockFormat &format, const QTextLi
     const bool breaksPage = format.pageBreakPolicy().testFlag(QTextFormat::PageBreak_AlwaysBefore);
     if (breaksPage && !(section && PageSections::breaksPage(*section)))
         RtfWords::append(out, "pagebb");
-    appendBorders(out, format);
+    BorderWords::append(out, format.stringProperty(RichTextProperty::Borders), m_header.colours);
     appendBackground(out, format);
     return out;
-}
-
-void ParagraphWords::appendBorders(QByteArray &out, const QTextBlockFormat &format)
-{
-    const QString lines = format.stringProperty(RichTextProperty::Borders);
-    for (const QString &word : lines.split(u' ', Qt::SkipEmptyParts)) {
-        const qsizetype color = word.indexOf(u'#');
-        if (color < 0)
-            out.append('\\').append(word.toLatin1());
-        else
-            RtfWords::append(out, "brdrcf", m_header.colours.number(QColor(word.mid(color))));
-    }
 }
 
 void ParagraphWords::appendBackground(QByteArray &out, const QTextBlockFormat &format)

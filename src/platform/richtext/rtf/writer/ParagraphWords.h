@@ -34,7 +34,6 @@ public:
 private:
     Paragraph make(const QTextBlockFormat &format);
     QByteArray wordsOf(const QTextBlockFormat &format, const QTextList *list);
-    void appendBorders(QByteArray &out, const QTextBlockFormat &format);
     void appendBackground(QByteArray &out, const QTextBlockFormat &format);
 
     const QTextDocument &m_document;

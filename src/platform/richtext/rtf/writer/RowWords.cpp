@@ -1,5 +1,6 @@
 #include "RowWords.h"
 
+#include "BorderWords.h"
 #include "ParagraphFormat.h"
 #include "RichTextProperties.h"
 #include "RtfWords.h"
@@ -152,7 +153,10 @@ QByteArray RowWords::cell(int row, int column) const
         RtfWords::append(out, "clvertalc");
     else if (format.verticalAlignment() == QTextCharFormat::AlignBottom)
         RtfWords::append(out, "clvertalb");
-    out.append(m_borders);
+    if (format.hasProperty(RichTextProperty::CellBorders))
+        BorderWords::append(out, format.stringProperty(RichTextProperty::CellBorders), m_colours, "cl");
+    else
+        out.append(m_borders);
     appendPadding(out, cell);
     const int colour = m_colours.number(format.background());
     if (colour != 0)

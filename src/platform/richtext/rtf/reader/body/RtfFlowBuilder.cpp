@@ -62,6 +62,7 @@ void RtfFlowBuilder::endRow(RtfTable &table, int depth)
     if (isRepeated)
         definition = table.definitions.back();
     definition.ensureCells(size_t(count));
+    table.hasLines = table.hasLines || definition.borderStyle != 0;
     if (table.definitions.empty() || table.definitions.back() != definition)
         table.definitions.push_back(std::move(definition));
     table.rows.push_back({int(table.cells.size()), int(table.definitions.size()) - 1});

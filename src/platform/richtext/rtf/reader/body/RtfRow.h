@@ -11,6 +11,14 @@ struct RtfRow
     using Padding = std::array<int, SideCount>; ///< -1 where nothing is said
     static constexpr Padding noPadding = {-1, -1, -1, -1};
 
+    struct Line
+    {
+        int style = 0; ///< RtfWord, 0 is none
+        int width = -1;
+        int color = 0; ///< number in the colour table
+
+        bool operator==(const Line &other) const = default;
+    };
     struct Cell
     {
         int edge = 0; ///< the right one, from the same place as \a left
@@ -19,6 +27,7 @@ struct RtfRow
         bool joinsLeft = false;
         bool joinsAbove = false;
         Padding padding = noPadding;
+        std::array<Line, SideCount> lines;
 
         bool operator==(const Cell &other) const = default;
     };
@@ -34,6 +43,7 @@ struct RtfRow
     int borderStyle = 0; ///< QTextFrameFormat::BorderStyle, 0 is none
     int borderWidth = 0;
     int borderColor = 0;
+    bool hasLines = false; ///< it says some for all of its cells
     std::vector<Cell> cells;
 
     bool operator==(const RtfRow &other) const = default;

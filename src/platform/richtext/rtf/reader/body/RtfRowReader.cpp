@@ -16,6 +16,7 @@ void RtfRowReader::reset()
 {
     m_row = RtfRow();
     m_next = RtfRow::Cell();
+    m_side = -1;
     m_isAtBorder = false;
 }
 
@@ -68,9 +69,17 @@ bool RtfRowReader::apply(const RtfToken &token)
         m_next.alignment = QTextCharFormat::AlignBottom;
         break;
     case RtfWord::CellBorderTop:
+        openLine(RtfRow::Top);
+        break;
     case RtfWord::CellBorderLeft:
+        openLine(RtfRow::Left);
+        break;
     case RtfWord::CellBorderBottom:
+        openLine(RtfRow::Bottom);
+        break;
     case RtfWord::CellBorderRight:
+        openLine(RtfRow::Right);
+        break;
     case RtfWord::RowBorderTop:
     case RtfWord::RowBorderLeft:
     case RtfWord::RowBorderBottom:
@@ -78,28 +87,33 @@ bool RtfRowReader::apply(const RtfToken &token)
     case RtfWord::RowBorderInnerRows:
     case RtfWord::RowBorderInnerColumns:
         m_isAtBorder = true;
+        m_side = -1;
         break;
     case RtfWord::BorderSingle:
     case RtfWord::BorderThick:
     case RtfWord::BorderHair:
-        applyBorder(QTextFrameFormat::BorderStyle_Solid);
+        applyBorder(QTextFrameFormat::BorderStyle_Solid, token);
         break;
     case RtfWord::BorderDouble:
-        applyBorder(QTextFrameFormat::BorderStyle_Double);
+        applyBorder(QTextFrameFormat::BorderStyle_Double, token);
         break;
     case RtfWord::BorderDotted:
-        applyBorder(QTextFrameFormat::BorderStyle_Dotted);
+        applyBorder(QTextFrameFormat::BorderStyle_Dotted, token);
         break;
     case RtfWord::BorderDashed:
-        applyBorder(QTextFrameFormat::BorderStyle_Dashed);
+        applyBorder(QTextFrameFormat::BorderStyle_Dashed, token);
         break;
     case RtfWord::BorderWidth:
         if (m_isAtBorder && m_row.borderStyle != 0)
             m_row.borderWidth = qMax(0, length);
+        if (m_isAtBorder && line())
+            line()->width = qMax(0, length);
         break;
     case RtfWord::BorderColor:
         if (m_isAtBorder && m_row.borderStyle != 0)
             m_row.borderColor = qMax(0, token.parameter);
+        if (m_isAtBorder && line())
+            line()->color = qMax(0, token.parameter);
         break;
     default:
         return applyPadding(token);
@@ -140,10 +154,22 @@ bool RtfRowReader::applyPadding(const RtfToken &token)
     return applies(ofRow, m_row.padding) || applies(ofCell, m_next.padding);
 }
 
-void RtfRowReader::applyBorder(int style)
+void RtfRowReader::openLine(RtfRow::Side side)
 {
-    if (m_isAtBorder)
-        m_row.borderStyle = style;
+    m_isAtBorder = true;
+    m_side = side;
+    *line() = RtfRow::Line();
+}
+
+void RtfRowReader::applyBorder(int style, const RtfToken &token)
+{
+    if (!m_isAtBorder)
+        return;
+    m_row.borderStyle = style;
+    if (line())
+        line()->style = int(token.word);
+    else
+        m_row.hasLines = true;
 }
 
 /// Edges go to the right; one that does not leaves its cell as narrow as can be.
@@ -155,5 +181,6 @@ void RtfRowReader::addCell(int edge)
         m_row.cells.push_back(m_next);
     }
     m_next = RtfRow::Cell();
+    m_side = -1;
     m_isAtBorder = false;
 }

@@ -22,12 +22,15 @@ public:
 
 private:
     void addCell(int edge);
-    void applyBorder(int style);
+    void openLine(RtfRow::Side side);
+    RtfRow::Line *line() { return m_side < 0 ? nullptr : &m_next.lines[size_t(m_side)]; }
+    void applyBorder(int style, const RtfToken &token);
     bool applyPadding(const RtfToken &token);
 
     RtfRow m_row;
     RtfRow::Cell m_next;
     bool m_isDescribed = false;
     bool m_isNew = false;
+    int m_side = -1;           ///< of the next cell, whose line is described
     bool m_isAtBorder = false; ///< the words of lines belong to the row and not to a paragraph
 };

@@ -1,8 +1,10 @@
 #include "RtfTableFormat.h"
 
+#include "ParagraphBorders.h"
 #include "ParagraphFormat.h"
 #include "RichTextProperties.h"
 #include "RtfColorTable.h"
+#include "RtfKeywords.h"
 #include "RtfTable.h"
 #include "Twips.h"
 
@@ -31,6 +33,22 @@ void setPadding(QTextTableCellFormat &format, const RtfRow &row, const RtfRow::C
         if (const int twips = row.paddingOf(cell, RtfRow::Side(side)); twips > 0)
             format.setProperty(properties[size_t(side)], exactly(twips));
     }
+}
+
+/// As RichTextProperty::CellBorders.
+QString linesOf(const RtfRow::Cell &cell, const RtfColorTable &colors)
+{
+    constexpr std::array<ParagraphBorders::Side, RtfRow::SideCount> sides = {
+        ParagraphBorders::Left, ParagraphBorders::Top, ParagraphBorders::Right, ParagraphBorders::Bottom};
+    ParagraphBorders borders;
+    for (size_t side = 0; side < sides.size(); ++side) {
+        const RtfRow::Line &line = cell.lines[side];
+        ParagraphBorder &border = borders[sides[side]];
+        border.style = QString::fromLatin1(RtfKeywords::spelling(RtfWord(line.style)));
+        border.width = line.width;
+        border.color = colors.color(line.color);
+    }
+    return borders.words();
 }
 
 /// One look for the whole table, the first row's that has lines.
@@ -106,6 +124,8 @@ QTextTableCellFormat RtfTableFormat::cell(const RtfTable &table, const RtfTableG
         format.setTableCellColumnSpan(cell.columnSpan);
     if (described.alignment != 0)
         format.setVerticalAlignment(QTextCharFormat::VerticalAlignment(described.alignment));
+    if (table.hasLines && !row.hasLines)
+        format.setProperty(RichTextProperty::CellBorders, linesOf(described, colors));
     const QColor shading = colors.color(described.shading);
     if (shading.isValid())
         format.setBackground(shading);
