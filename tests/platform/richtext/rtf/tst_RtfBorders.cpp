@@ -67,3 +67,47 @@ TEST(RtfBorders, OfRowsAreNotThoseOfParagraphs)
     EXPECT_EQ(table->format().borderStyle(), QTextFrameFormat::BorderStyle_Solid);
     EXPECT_EQ(linesOf(table->cellAt(0, 0).firstCursorPosition().block()), QStringLiteral("brdrl brdrdot"));
 }
+
+namespace {
+
+struct CellRow
+{
+    const char *name;
+    const char *row;
+    const char *written;
+};
+
+struct RtfCellBorders : testing::TestWithParam<CellRow>
+{};
+
+} // namespace
+
+TEST_P(RtfCellBorders, AreKeptAndWrittenBack)
+{
+    ReadDocument read(framed(QByteArray(GetParam().row) + "\\pard b"));
+    const QByteArray written = RtfWriter::write(read.document());
+    EXPECT_TRUE(written.contains(GetParam().written)) << written.constData();
+    ReadDocument again(written);
+    EXPECT_EQ(RtfWriter::write(again.document()).toStdString(), written.toStdString());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rows, RtfCellBorders,
+    testing::Values(
+        CellRow{"OneSide",
+                "\\trowd\\clbrdrb\\brdrs\\brdrw15\\brdrcf2\\cellx900\\cellx1800\\intbl a\\cell\\cell\\row",
+                "\\trowd\\clbrdrb\\brdrs\\brdrw15\\brdrcf1\\cellx900\\cellx1800\n"},
+        CellRow{"OneRow",
+                "\\trowd\\clbrdrt\\brdrdb\\clbrdrl\\brdrdot\\brdrw5\\cellx900\\intbl a\\cell\\row"
+                "\\trowd\\cellx900\\intbl c\\cell\\row",
+                "\\trowd\\clbrdrt\\brdrdb\\clbrdrl\\brdrdot\\brdrw5\\cellx900\n"},
+        CellRow{"OtherRows",
+                "\\trowd\\clbrdrt\\brdrs\\cellx900\\intbl a\\cell\\row\\trowd\\cellx900\\intbl c\\cell\\row",
+                "\\row\n\\trowd\\cellx900\n"},
+        CellRow{"SaidToBeNone", "\\trowd\\clbrdrt\\brdrs\\clbrdrb\\brdrnone\\cellx900\\intbl a\\cell\\row",
+                "\\trowd\\clbrdrt\\brdrs\\cellx900\n"},
+        CellRow{"OfTheWholeRow", "\\trowd\\trbrdrt\\brdrs\\brdrw15\\cellx900\\intbl a\\cell\\row",
+                "\\trowd\\clbrdrt\\brdrs\\brdrw15\\brdrcf1\\clbrdrl\\brdrs\\brdrw15\\brdrcf1\\clbrdrb\\brdrs"
+                "\\brdrw15"
+                "\\brdrcf1\\clbrdrr\\brdrs\\brdrw15\\brdrcf1\\cellx900\n"}),
+    RowName());
