@@ -117,6 +117,7 @@ const ReadRow notes[] = {
     {"WithReference", "a{\\super\\chftn{\\footnote\\pard{\\super\\chftn} n}}b\\par c\\par", "a1b|c|1 n"},
     {"WithoutReference", "a{\\footnote n}b", "a1b|1 n"},
     {"Two", "a{\\footnote m}b{\\footnote\\ftnalt n}", "a1b2|1 m|2 n"},
+    {"TwoAtOnePlace", "a{\\footnote m}{\\footnote n}b", "a12b|1 m|2 n"},
     {"OwnMark", "a{\\super *}{\\footnote {\\super *}n}b{\\footnote m}", "a*b1|*n|1 m"},
     {"ParagraphsOfANote", "a{\\footnote m\\par n\\par}b", "a1b|1 m|n"},
     {"EmptyNote", "a{\\footnote}b", "a1b|1 "},

@@ -193,7 +193,7 @@ void RtfBody::addParagraph(const RtfState &state, int depth)
     flushBytes();
     if (m_hasSurrogates)
         replaceLoneSurrogates();
-    m_behindNumber = -1;
+    m_stories.back().behindNumber = -1;
 
     RtfParagraphState paragraph = state.paragraph;
     // Some writers keep the group of the mark open until the item ends, and describe the mark nowhere.
@@ -373,7 +373,7 @@ void RtfBody::endInsertion(const RtfState &inside, const RtfState &outside)
 bool RtfBody::followsMark() const
 {
     const RtfFlow &paragraph = m_stories.back().builder.paragraph();
-    return !paragraph.runs.empty() && paragraph.text.size() != m_behindNumber &&
+    return !paragraph.runs.empty() && paragraph.text.size() != m_stories.back().behindNumber &&
            m_formats.characters(paragraph.runs.back().format).verticalAlignment() ==
                QTextCharFormat::AlignSuperScript;
 }
@@ -563,7 +563,7 @@ void RtfBody::number(int number, int note, const RtfCharacterState &state)
     const QByteArray digits = QByteArray::number(number);
     for (const char digit : digits)
         character(char16_t(digit), raised);
-    m_behindNumber = builder().paragraph().text.size();
+    m_stories.back().behindNumber = builder().paragraph().text.size();
 }
 
 void RtfBody::finish(const RtfState &state)

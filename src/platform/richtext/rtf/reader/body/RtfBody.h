@@ -68,10 +68,11 @@ private:
         bool isComment = false;
         int note = 0; ///< RtfParagraphState, that of a note
         bool isNoteAtEnd = false;
-        int count = 0;             ///< the number of a note, 0 when it has a mark of its own
-        bool owesNumber = false;   ///< that number has yet to be put before the note
-        bool hasReference = false; ///< the number of the next note in this text is written
-        bool breaksPage = false;   ///< the paragraph around it is to begin a page
+        int count = 0;               ///< the number of a note, 0 when it has a mark of its own
+        bool owesNumber = false;     ///< that number has yet to be put before the note
+        qsizetype behindNumber = -1; ///< place in the paragraph behind the number of a note
+        bool hasReference = false;   ///< the number of the next note in this text is written
+        bool breaksPage = false;     ///< the paragraph around it is to begin a page
     };
 
     RtfFlowBuilder &builder() { return m_stories.back().builder; }
@@ -122,6 +123,5 @@ private:
     const RtfFontTable::Font *m_font = nullptr;
     QByteArray m_bytes; ///< of a multi-byte page, until the next that is no byte
     bool m_hasSurrogates = false;
-    qsizetype m_behindNumber = -1; ///< place in the paragraph behind a note's number
-    bool m_isBegun = false;        ///< the document has items already
+    bool m_isBegun = false; ///< the document has items already
 };
