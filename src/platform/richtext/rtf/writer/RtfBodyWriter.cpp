@@ -244,34 +244,32 @@ void RtfBodyWriter::runs(const QTextBlock &block, int next)
         setCharacters(run.words);
         if (run.isPicture)
             pictures(fragment.charFormatIndex(), text);
-        else if (isMark(run, start))
-            mark(run, text, start);
+        else if (isNumber(run, text, start))
+            number(run.note);
         else
             m_stream.text(text);
+        if (run.note != 0 && m_notes.markAt(start) == run.note) {
+            m_stream.group(note(run.note));
+            m_stream.forgetParagraph();
+        }
     }
     if (field != 0)
         m_stream.endField();
 }
 
-/// Of a note, or the one that its own text begins with.
-bool RtfBodyWriter::isMark(const CharacterWords::Run &run, int position) const
+/// Of a note: its mark, or what its own text begins with.
+bool RtfBodyWriter::isNumber(const CharacterWords::Run &run, QStringView text, int position) const
 {
-    return run.note != 0 && (run.note == m_note || m_notes.markAt(position) == run.note);
+    const bool isMark = run.note != 0 && (run.note == m_note || m_notes.markAt(position) == run.note);
+    return isMark && m_notes.note(run.note).isCounted && text == QString::number(run.noteCount);
 }
 
 /// Notes are counted anew by whoever reads them. In the text of a note the word means that note, so that one
 /// inside it goes without.
-void RtfBodyWriter::mark(const CharacterWords::Run &run, QStringView text, int position)
+void RtfBodyWriter::number(int note)
 {
-    const bool isCounted = m_notes.note(run.note).isCounted && text == QString::number(run.noteCount);
-    if (!isCounted)
-        m_stream.text(text);
-    else if (m_note == 0 || run.note == m_note)
+    if (m_note == 0 || note == m_note)
         m_stream.group("{\\chftn}");
-    if (m_notes.markAt(position) != run.note)
-        return;
-    m_stream.group(note(run.note));
-    m_stream.forgetParagraph();
 }
 
 QByteArray RtfBodyWriter::note(int number)

@@ -53,8 +53,8 @@ private:
     void setCharacters(int words) { m_stream.setCharacters(words, m_characters.words(words)); }
     void setParagraph(int words) { m_stream.setParagraph(words, m_paragraphs.words(words), m_depth); }
     bool isSelected(int position) const;
-    bool isMark(const CharacterWords::Run &run, int position) const;
-    void mark(const CharacterWords::Run &run, QStringView text, int position);
+    bool isNumber(const CharacterWords::Run &run, QStringView text, int position) const;
+    void number(int note);
     QByteArray note(int number);
     void unseen(const Unseen::Pieces &pieces, int position);
     QByteArray bytesOf(const Unseen::Piece &piece);
