@@ -4,8 +4,11 @@
 #include <QTextFrame>
 #include <QTextLayout>
 #include <QTextList>
+#include <QTextTable>
 
 namespace {
+
+constexpr int mostCharacters = 20000; // a copy of more is no longer cheap
 
 /// The format without the list, which only exists in the original; the list's own indent is kept.
 QTextBlockFormat withoutList(const QTextBlock &block)
@@ -32,17 +35,58 @@ bool areObjectsSized(const QTextBlock &block)
     return true;
 }
 
-void fill(QTextCursor &copy, const QTextBlock &block)
+/// The first paragraph of a cell has the format of the cell, too.
+void fill(const QTextBlock &empty, const QTextBlock &block)
 {
+    QTextCursor copy(empty);
     copy.setBlockFormat(withoutList(block));
     copy.setBlockCharFormat(block.charFormat());
     for (auto it = block.begin(); !it.atEnd(); ++it)
         copy.insertText(it.fragment().text(), it.fragment().charFormat());
 }
 
+/// Makes a cell of \a table as wide as \a cell of \a original, with as many paragraphs.
+void buildCell(QTextTable &table, const QTextTableCell &cell, const QTextDocument &original)
+{
+    table.mergeCells(cell.row(), cell.column(), cell.rowSpan(), cell.columnSpan());
+    QTextCursor inside(table.document());
+    inside.setPosition(table.cellAt(cell.row(), cell.column()).firstPosition());
+    const int first = original.findBlock(cell.firstPosition()).blockNumber();
+    const int last = original.findBlock(cell.lastPosition()).blockNumber();
+    for (int i = first; i < last; ++i)
+        inside.insertBlock();
+}
+
+/// Puts cells as those of \a table behind the paragraph of \a copy, which is then in the one behind them.
+void buildCells(QTextCursor &copy, const QTextTable &table)
+{
+    QTextTable *built = copy.insertTable(table.rows(), table.columns(), table.format());
+    for (int row = 0; row < table.rows(); ++row) {
+        for (int column = 0; column < table.columns(); ++column) {
+            const QTextTableCell cell = table.cellAt(row, column);
+            if (cell.row() == row && cell.column() == column) // and not part of one that spans more
+                buildCell(*built, cell, *table.document());
+        }
+    }
+    copy.setPosition(built->lastPosition() + 1);
+}
+
+QTextTable *tableAt(const QTextDocument &document, const QTextBlock &block)
+{
+    return qobject_cast<QTextTable *>(document.frameAt(block.position()));
+}
+
+bool isOnPageOrInItsTable(const QTextBlock &block)
+{
+    const QTextFrame *page = block.document()->rootFrame();
+    const QTextTable *table = tableAt(*block.document(), block);
+    return (table ? table->parentFrame() : block.document()->frameAt(block.position())) == page;
+}
+
 } // namespace
 
 LayoutSample::LayoutSample(const QTextBlock &first, const QTextBlock &last)
+    : m_firstNumber(first.blockNumber())
 {
     const QTextDocument &original = *first.document();
     m_document.setUndoRedoEnabled(false);
@@ -50,21 +94,64 @@ LayoutSample::LayoutSample(const QTextBlock &first, const QTextBlock &last)
     m_document.setDefaultFont(original.defaultFont());
     m_document.setDefaultTextOption(original.defaultTextOption());
     m_document.setIndentWidth(original.indentWidth());
-    QTextCursor copy(&m_document);
-    for (QTextBlock block = first; block != last; block = block.next()) {
-        fill(copy, block);
-        copy.insertBlock();
-    }
-    fill(copy, last);
+    buildParagraphs(first, last);
+    fillParagraphs(first, last);
     m_document.rootFrame()->setFrameFormat(original.rootFrame()->frameFormat());
     m_document.documentLayout()->setPaintDevice(original.documentLayout()->paintDevice());
     m_document.setPageSize(original.pageSize());
 }
 
+void LayoutSample::buildParagraphs(const QTextBlock &first, const QTextBlock &last)
+{
+    const QTextDocument &original = *first.document();
+    QTextCursor copy(&m_document);
+    QTextBlock block = first;
+    while (block != last) {
+        block = block.next();
+        if (const QTextTable *table = tableAt(original, block)) {
+            buildCells(copy, *table);
+            block = original.findBlock(table->lastPosition() + 1);
+        } else {
+            copy.insertBlock();
+        }
+    }
+}
+
+void LayoutSample::fillParagraphs(const QTextBlock &first, const QTextBlock &last)
+{
+    QTextBlock copy = m_document.begin();
+    for (QTextBlock block = first; block != last; block = block.next()) {
+        fill(copy, block);
+        copy = copy.next();
+    }
+    fill(copy, last);
+}
+
+QTextBlock LayoutSample::copyOf(const QTextBlock &original) const
+{
+    return m_document.findBlockByNumber(original.blockNumber() - m_firstNumber);
+}
+
+QTextTable &LayoutSample::copyOf(const QTextTable &table) const
+{
+    return *tableAt(m_document, copyOf(table.document()->findBlock(table.firstPosition())));
+}
+
+bool LayoutSample::canHold(const QTextBlock &first, const QTextBlock &last)
+{
+    constexpr int mostParagraphs = 60;
+    if (!first.isValid() || !last.isValid() || last.blockNumber() - first.blockNumber() > mostParagraphs ||
+        last.position() + last.length() - first.position() > mostCharacters)
+        return false;
+    QTextBlock block = first;
+    while (block != last && isSimple(block) && isOnPageOrInItsTable(block))
+        block = block.next();
+    return block == last && isSimple(last);
+}
+
 bool LayoutSample::isSimple(const QTextBlock &original)
 {
-    constexpr int longest = 10000; // a copy of more is no longer cheap
-    return original.isValid() && original.isVisible() && original.length() <= longest &&
+    return original.isValid() && original.isVisible() && original.length() <= mostCharacters &&
            areObjectsSized(original) && original.layout()->preeditAreaText().isEmpty() &&
            original.layout()->formats().isEmpty();
 }

@@ -1,6 +1,7 @@
 #include "TypingLayout.h"
 
 #include "EventGate.h"
+#include "FrameData.h"
 #include "LayoutSample.h"
 #include "UnmovedLines.h"
 
@@ -29,10 +30,10 @@ void moveTo(const QTextBlock &block, double y)
 
 /// The table or frame of the page that holds \a block; null when that is on the page itself. Takes longer the
 /// more tables there are.
-const QTextFrame *frameOnPage(const QTextBlock &block)
+QTextFrame *frameOnPage(const QTextBlock &block)
 {
-    const QTextFrame *page = block.document()->rootFrame();
-    const QTextFrame *frame = block.document()->frameAt(block.position());
+    QTextFrame *page = block.document()->rootFrame();
+    QTextFrame *frame = block.document()->frameAt(block.position());
     while (frame != page && frame->parentFrame() != page)
         frame = frame->parentFrame();
     return frame == page ? nullptr : frame;
@@ -72,23 +73,30 @@ QTextBlock previousOnPage(const QTextBlock &block)
     return frame ? block.document()->findBlock(frame->firstPosition() - 1) : before;
 }
 
-/// True for an empty paragraph behind a table, which Qt hides in the table's edge, beside the last row.
+/// True for an empty paragraph beside a table, which Qt hides in the table's edge.
 bool isInEdge(const QTextBlock &block)
 {
-    return block.length() == 1 && block.position() > 0 && !followsParagraph(block);
+    const bool isBehind = block.position() > 0 && !followsParagraph(block);
+    return block.length() == 1 && (isBehind || !followsParagraph(block.next()));
 }
 
-bool areSimple(const QTextBlock &first, const QTextBlock &last)
+/// The paragraph of the page before \a block, or before the table that \a block is in, whose height is one of
+/// the page; invalid where there is none.
+QTextBlock aboveOnPage(const QTextBlock &block)
 {
-    if (!LayoutSample::isSimple(first) || !isOnPage(first))
-        return false;
-    QTextBlock block = first;
-    while (block != last) {
-        block = block.next();
-        if (!LayoutSample::isSimple(block) || !followsParagraph(block))
-            return false;
-    }
-    return true;
+    const QTextTable *table = tableOf(block);
+    QTextBlock above =
+        table ? block.document()->findBlock(table->firstPosition() - 1) : previousOnPage(block);
+    while (above.isValid() && isInEdge(above))
+        above = previousOnPage(above);
+    return above;
+}
+
+/// The paragraph of the page behind \a block, or behind the table that \a block is in.
+QTextBlock belowOnPage(const QTextBlock &block)
+{
+    const QTextTable *table = tableOf(block);
+    return behindFrame(table ? block.document()->findBlock(table->lastPosition() + 1) : block.next());
 }
 
 bool hasFloats(const QTextDocument &document)
@@ -97,12 +105,6 @@ bool hasFloats(const QTextDocument &document)
     return std::any_of(frames.cbegin(), frames.cend(), [](const QTextFrame *frame) {
         return frame->frameFormat().position() != QTextFrameFormat::InFlow;
     });
-}
-
-/// Qt hides empty paragraphs beside a table in its edge, and then has more distances to keep.
-bool isBesideTable(const QTextBlock &first, const QTextBlock &last)
-{
-    return (first.position() > 0 && !followsParagraph(first)) || !followsParagraph(last.next());
 }
 
 /// The place in the text of \a block nearest to \a point; -1 when an exact hit is wanted and there is none.
@@ -251,10 +253,7 @@ QTextBlock TypingLayout::paragraphOf(int position) const
 QTextBlock TypingLayout::lastUntouched() const
 {
     const QTextBlock edited = paragraphOf(m_pending->from);
-    const QTextTable *table = tableOf(edited);
-    QTextBlock before = table ? paragraphOf(table->firstPosition() - 1) : previousOnPage(edited);
-    while (isInEdge(before)) // whose height is one within the table
-        before = previousOnPage(before);
+    const QTextBlock before = aboveOnPage(edited);
     return before.isValid() ? before : edited;
 }
 
@@ -360,32 +359,53 @@ void TypingLayout::note(int from, int removed, int added)
     m_pending->validUntil += grown;
 }
 
-/// Lays out the paragraphs of an edit and what is seen below; false when that is not sure to be right.
+/// Lays out the paragraphs and the tables of an edit and what is seen below; false when that is not sure to
+/// be right.
 bool TypingLayout::layOut(int from, int added)
 {
-    constexpr int mostParagraphs = 8;
     const QTextBlock first = document()->findBlock(from);
-    const QTextBlock before = first.previous();
-    const QTextBlock start = before.isValid() ? before : first;
-    const QTextBlock behind = document()->findBlock(from + added).next();
-    if (!behind.isValid() || behind.blockNumber() - first.blockNumber() > mostParagraphs ||
-        !isNearView(start) || !areSimple(start, behind) || isBesideTable(start, behind))
+    const QTextBlock before = aboveOnPage(first);
+    const QTextBlock start = before.isValid() ? before : document()->begin();
+    const QTextBlock behind = belowOnPage(document()->findBlock(from + added));
+    if (!isNearView(start) || !LayoutSample::canHold(start, behind))
         return false;
 
     const LayoutSample sample(start, behind);
-    const QTextBlock sampleBehind = sample.paragraph(behind.blockNumber() - start.blockNumber());
-    const double distance = before.isValid() ? top(before) - top(sample.paragraph(0)) : 0;
-    if (sample.width() > widthOfAll() || mayHaveBeenWidest(first, behind) ||
-        !LayoutSample::isSameLayout(sampleBehind, behind) ||
-        (before.isValid() && !LayoutSample::isSameLayout(sample.paragraph(0), before)))
+    const QTextBlock sampleBehind = sample.copyOf(behind);
+    const double distance = before.isValid() ? top(before) - top(sample.copyOf(before)) : 0;
+    const bool wasWide = widthOfAll() > document()->pageSize().width();
+    if (sample.width() > widthOfAll() || (wasWide && sample.hasTables()) ||
+        mayHaveBeenWidest(first, behind) || !LayoutSample::isSameLayout(sampleBehind, behind) ||
+        (before.isValid() && !LayoutSample::isSameLayout(sample.copyOf(before), before)))
         return false;
+    return apply(sample, before.isValid() ? before.next() : start, behind, distance) &&
+           moveBelow(behind, distance + top(sampleBehind));
+}
+
+/// Lays out the paragraphs and the tables from \a first on up to \a behind as their copies are, \a distance
+/// pixels below those.
+bool TypingLayout::apply(const LayoutSample &sample, const QTextBlock &first, const QTextBlock &behind,
+                         double distance)
+{
     for (QTextBlock block = first; block != behind; block = block.next()) {
-        const QTextBlock copy = sample.paragraph(block.blockNumber() - start.blockNumber());
+        const QTextBlock copy = sample.copyOf(block);
         if (!LayoutSample::apply(copy, block))
             return false;
-        moveTo(block, distance + top(copy));
+        QTextTable *table = tableOf(block);
+        if (!table)
+            moveTo(block, distance + top(copy));
+        else if (table->firstPosition() == block.position() &&
+                 !takeOver(sample.copyOf(*table), *table, distance))
+            return false;
     }
-    return moveBelow(behind, distance + top(sampleBehind));
+    return true;
+}
+
+/// Gives \a table the place and the rows of \a copy.
+bool TypingLayout::takeOver(QTextTable &copy, QTextTable &table, double distance)
+{
+    FrameData::exchange(copy, table);
+    return FrameData::moveBy(table, distance);
 }
 
 /// Pixels; all that fits into the page does not make the document wider.
@@ -421,7 +441,8 @@ bool TypingLayout::mayHaveBeenWidest(const QTextBlock &first, const QTextBlock &
 }
 
 /// Lays out the paragraph of an edit where that moves nothing else; false where it would. Qt hides an empty
-/// paragraph beside a table, so outside of cells the edit may not empty it, nor fill it.
+/// paragraph beside a table, so outside of cells the edit may not empty it, nor fill it; and a line break
+/// that begins a paragraph behind a table has no height.
 bool TypingLayout::layOutUnmoved(int from, int removed, int added)
 {
     const QTextBlock paragraph = document()->findBlock(from);
@@ -431,13 +452,13 @@ bool TypingLayout::layOutUnmoved(int from, int removed, int added)
         return false;
     QTextTable *table = tableOf(paragraph);
     const bool isOrWasEmpty = qMin(paragraph.length(), paragraph.length() + removed - added) <= 1;
-    const QTextBlock behind =
-        behindFrame(table ? document()->findBlock(table->lastPosition() + 1) : paragraph.next());
+    const QTextBlock behind = belowOnPage(paragraph);
     if (!behind.isValid() || mayHaveBeenWidest(paragraph, paragraph.next()))
         return false;
-    if (table ? !isFixedCell(*table, from) : isOrWasEmpty || !isOnPage(paragraph))
+    const bool isBehindTable = from == paragraph.position() && from > 0 && !followsParagraph(paragraph);
+    if (table ? !isFixedCell(*table, from) : isOrWasEmpty || isBehindTable || !isOnPage(paragraph))
         return false;
-    return UnmovedLines::layOutAgain(paragraph) && moveBelow(behind, top(behind));
+    return UnmovedLines::layOutAgain(paragraph) && moveBelow(behind, placeOf(behind));
 }
 
 bool TypingLayout::isFixedCell(QTextTable &table, int position) const
@@ -446,25 +467,29 @@ bool TypingLayout::isFixedCell(QTextTable &table, int position) const
     return UnmovedLines::isFixed(table.format(), cell, tableCellBoundingRect(&table, cell).width());
 }
 
+/// The height at which \a block begins, also where it was left behind.
+double TypingLayout::placeOf(const QTextBlock &block) const
+{
+    return top(block) + (block.position() < m_pending->validUntil ? 0 : m_pending->heightDelta);
+}
+
 /// Moves what is seen from \a behind on, so that this paragraph begins at the height \a y; false when
-/// it is more than paragraphs.
+/// something cannot be moved, or the document's end comes first.
 bool TypingLayout::moveBelow(const QTextBlock &behind, double y)
 {
     PendingEdits &pending = *m_pending;
-    const double before = top(behind) + (behind.position() < pending.validUntil ? 0 : pending.heightDelta);
-    const double shift = y - before;
+    const double shift = y - placeOf(behind);
     pending.heightDelta += shift;
     int firstUnseen = -1;
-    bool isPage = true;
     for (QTextBlock block = behind; block.isValid(); block = block.next()) {
         const bool isLeftBehind = block.position() >= pending.validUntil;
         const double distance = isLeftBehind ? pending.heightDelta : shift;
-        if (!followsParagraph(block))
-            isPage = isOnPage(block);
-        if (!isPage && distance != 0)
-            return false;
-        if (!isPage)
+        if (QTextFrame *frame = followsParagraph(block) ? nullptr : frameOnPage(block)) {
+            if (distance != 0 && !FrameData::moveBy(*frame, distance))
+                return false;
+            block = document()->findBlock(frame->lastPosition());
             continue;
+        }
         const double place = top(block) + distance;
         if (firstUnseen < 0 && place > viewTop() + 2 * viewHeight()) {
             firstUnseen = block.position();

@@ -6,6 +6,7 @@
 #include <private/qtextdocumentlayout_p.h>
 #include <utility>
 
+class LayoutSample;
 class QTextEdit;
 class QTextTable;
 
@@ -14,9 +15,8 @@ class QTextTable;
 /// With each key Qt's layout visits every paragraph below, which takes far too long where a hundred thousand
 /// follow. So a small edit in view is laid out here, down to the end of the view, and Qt's layout catches up
 /// when the typing pauses, or before anything asks about the rest. What is laid out here is taken from Qt's
-/// own layout of a copy of the few paragraphs around the edit. In a table, and beside one, only lines that
-/// keep their height are laid out here. Where that is not sure to be right Qt lays out everything at
-/// once.
+/// own layout of a copy of the few paragraphs and tables around the edit. Where that is not sure to be right
+/// Qt lays out everything at once.
 class TypingLayout : public QTextDocumentLayout
 {
 public:
@@ -60,11 +60,15 @@ private:
     void layOutBelow(int from, int removed, int added);
     void note(int from, int removed, int added);
     bool layOut(int from, int added);
+    bool apply(const LayoutSample &sample, const QTextBlock &first, const QTextBlock &behind,
+               double distance);
+    bool takeOver(QTextTable &copy, QTextTable &table, double distance);
     bool layOutUnmoved(int from, int removed, int added);
     bool isFixedCell(QTextTable &table, int position) const;
     double widthOfAll() const;
     double scaledMargin() const;
     bool mayHaveBeenWidest(const QTextBlock &first, const QTextBlock &behind) const;
+    double placeOf(const QTextBlock &block) const;
     bool moveBelow(const QTextBlock &behind, double y);
     void showChange(const QTextBlock &behind, double shift);
     QTextBlock paragraphOf(int position) const;
