@@ -396,11 +396,11 @@ TEST_F(Print, CellsCutByThePagesEdgeLoseNothing)
 TEST_F(Print, ATableCutByThePagesEdgeIsClosed)
 {
     for (const int pixels : {1, 2, 5}) {
-        QByteArray row = "\\trowd";
+        QByteArray lines;
         for (const char *edge : {"\\clbrdrt", "\\clbrdrl", "\\clbrdrb", "\\clbrdrr"})
-            row += edge + QByteArray("\\brdrs\\brdrw") + QByteArray::number(15 * pixels);
-        row +=
-            "\\cellx2880\\cellx5760\\intbl " + QByteArray("line\\par ").repeated(120) + "\\cell\\cell\\row";
+            lines += edge + QByteArray("\\brdrs\\brdrw") + QByteArray::number(15 * pixels);
+        const QByteArray row = "\\trowd" + lines + "\\cellx2880" + lines + "\\cellx5760\\intbl " +
+                               QByteArray("line\\par ").repeated(120) + "\\cell\\cell\\row";
         box.setTextRTF("{\\rtf1 start\\par " + row + "\\pard the end\\par}");
         const QStringList pages = print();
         ASSERT_EQ(pages.size(), 3);

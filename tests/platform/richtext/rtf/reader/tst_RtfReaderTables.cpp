@@ -131,10 +131,50 @@ TEST(RtfReaderTables, NestedAtTheStartOfACell)
     EXPECT_EQ(tableOf(read)->childFrames().size(), 1);
 }
 
+TEST(RtfReaderTables, LinesOfCells)
+{
+    ReadDocument read(framed("\\trowd\\clbrdrb\\brdrs\\brdrw30\\brdrcf1\\clbrdrl\\brdrdot\\cellx1500"
+                             "\\clbrdrt\\brdrdb\\brdrw15\\cellx3000\\intbl a\\cell b\\cell\\row"));
+    ASSERT_TRUE(tableOf(read));
+    EXPECT_TRUE(tableOf(read)->format().borderCollapse());
+    EXPECT_EQ(tableOf(read)->format().border(), 0);
+    const QTextTableCellFormat a = tableOf(read)->cellAt(0, 0).format().toTableCellFormat();
+    EXPECT_EQ(a.bottomBorder(), 2);
+    EXPECT_EQ(a.bottomBorderStyle(), QTextFrameFormat::BorderStyle_Solid);
+    EXPECT_EQ(a.bottomBorderBrush().color(), QColor(Qt::red));
+    EXPECT_EQ(a.leftBorder(), 1);
+    EXPECT_EQ(a.leftBorderStyle(), QTextFrameFormat::BorderStyle_Dotted);
+    EXPECT_EQ(a.leftBorderBrush().color(), QColor(Qt::black));
+    EXPECT_FALSE(a.hasProperty(QTextFormat::TableCellTopBorder));
+    const QTextTableCellFormat b = tableOf(read)->cellAt(0, 1).format().toTableCellFormat();
+    EXPECT_EQ(b.topBorder(), 3); // two lines, and as much between them
+    EXPECT_EQ(b.topBorderStyle(), QTextFrameFormat::BorderStyle_Double);
+    EXPECT_FALSE(b.hasProperty(QTextFormat::TableCellRightBorder));
+}
+
+TEST(RtfReaderTables, LinesAlikeAroundAllCellsAreThoseOfTheTable)
+{
+    const QByteArray lines = "\\clbrdrt\\brdrdash\\clbrdrl\\brdrdash\\clbrdrb\\brdrdash\\clbrdrr\\brdrdash";
+    const QByteArray row =
+        "\\trowd" + lines + "\\cellx1500" + lines + "\\cellx3000\\intbl a\\cell b\\cell\\row";
+    ReadDocument read(framed(row + row));
+    ASSERT_TRUE(tableOf(read));
+    EXPECT_EQ(tableOf(read)->format().border(), 1);
+    EXPECT_EQ(tableOf(read)->format().borderStyle(), QTextFrameFormat::BorderStyle_Dashed);
+    EXPECT_FALSE(tableOf(read)->cellAt(0, 0).format().hasProperty(QTextFormat::TableCellTopBorder));
+
+    ReadDocument other(
+        framed(row + "\\trowd" + lines + "\\cellx1500\\cellx3000\\intbl a\\cell b\\cell\\row"));
+    ASSERT_TRUE(tableOf(other));
+    EXPECT_EQ(tableOf(other)->format().border(), 0);
+    EXPECT_TRUE(tableOf(other)->cellAt(0, 1).format().hasProperty(QTextFormat::TableCellTopBorder));
+    EXPECT_FALSE(tableOf(other)->cellAt(1, 1).format().hasProperty(QTextFormat::TableCellTopBorder));
+}
+
 TEST(RtfReaderTables, Looks)
 {
     ReadDocument read(
-        framed("\\trowd\\trgaph75\\clbrdrt\\brdrs\\brdrw30\\brdrcf1\\clcbpat2\\clvertalc\\cellx1500"
+        framed("\\trowd\\trgaph75\\trbrdrt\\brdrs\\brdrw30\\brdrcf1\\clcbpat2\\clvertalc\\cellx1500"
                "\\cellx3000\\intbl{\\b a}\\cell b\\cell\\row"));
     ASSERT_TRUE(tableOf(read));
     const QTextTableFormat format = tableOf(read)->format();

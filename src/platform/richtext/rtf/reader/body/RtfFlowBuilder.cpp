@@ -62,9 +62,11 @@ void RtfFlowBuilder::endRow(RtfTable &table, int depth)
     if (isRepeated)
         definition = table.definitions.back();
     definition.ensureCells(size_t(count));
-    table.hasLines = table.hasLines || definition.borderStyle != 0;
-    if (table.definitions.empty() || table.definitions.back() != definition)
+    if (table.definitions.empty() || table.definitions.back() != definition) {
         table.definitions.push_back(std::move(definition));
+        const RtfRow::Line &first = table.definitions.front().cells.front().lines[0];
+        table.hasLinesOfCells = table.hasLinesOfCells || !table.definitions.back().isLined(first);
+    }
     table.rows.push_back({int(table.cells.size()), int(table.definitions.size()) - 1});
 }
 

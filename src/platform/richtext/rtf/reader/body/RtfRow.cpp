@@ -1,5 +1,7 @@
 #include "RtfRow.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int usualCellWidth = 1440;
@@ -26,4 +28,12 @@ int RtfRow::paddingOf(const Cell &cell, Side side) const
     if (padding[side] >= 0)
         return padding[side];
     return side == Left || side == Right ? gap : 0;
+}
+
+bool RtfRow::isLined(const Line &line) const
+{
+    return hasLines || std::all_of(cells.begin(), cells.end(), [&](const Cell &cell) {
+               return std::all_of(cell.lines.begin(), cell.lines.end(),
+                                  [&](const Line &own) { return own == line; });
+           });
 }

@@ -51,6 +51,9 @@ struct RtfRow
     /// Makes room for \a count cells, those that the file does not describe as wide as the last one.
     void ensureCells(size_t count);
 
+    /// Whether all of its cells have \a line at all sides, or lines that are said for the row as a whole.
+    bool isLined(const Line &line) const;
+
     /// Between the edge of a cell and its text.
     int paddingOf(const Cell &cell, Side side) const;
 };

@@ -18,5 +18,5 @@ struct RtfTable
     std::vector<int> cells; ///< index behind the cell's last item of \a flow
     std::vector<Row> rows;
     std::vector<RtfRow> definitions;
-    bool hasLines = false; ///< one of them has
+    bool hasLinesOfCells = false; ///< which are not alike around all of them
 };

@@ -35,28 +35,76 @@ void setPadding(QTextTableCellFormat &format, const RtfRow &row, const RtfRow::C
     }
 }
 
-/// As RichTextProperty::CellBorders.
-QString linesOf(const RtfRow::Cell &cell, const RtfColorTable &colors)
+struct CellSide
 {
-    constexpr std::array<ParagraphBorders::Side, RtfRow::SideCount> sides = {
-        ParagraphBorders::Left, ParagraphBorders::Top, ParagraphBorders::Right, ParagraphBorders::Bottom};
-    ParagraphBorders borders;
-    for (size_t side = 0; side < sides.size(); ++side) {
-        const RtfRow::Line &line = cell.lines[side];
-        ParagraphBorder &border = borders[sides[side]];
-        border.style = QString::fromLatin1(RtfKeywords::spelling(RtfWord(line.style)));
-        border.width = line.width;
-        border.color = colors.color(line.color);
+    ParagraphBorders::Side kept;
+    QTextFormat::Property width;
+    QTextFormat::Property style;
+    QTextFormat::Property brush;
+};
+
+/// In the order of RtfRow::Side.
+constexpr std::array<CellSide, RtfRow::SideCount> cellSides = {
+    {{ParagraphBorders::Left, QTextFormat::TableCellLeftBorder, QTextFormat::TableCellLeftBorderStyle,
+      QTextFormat::TableCellLeftBorderBrush},
+     {ParagraphBorders::Top, QTextFormat::TableCellTopBorder, QTextFormat::TableCellTopBorderStyle,
+      QTextFormat::TableCellTopBorderBrush},
+     {ParagraphBorders::Right, QTextFormat::TableCellRightBorder, QTextFormat::TableCellRightBorderStyle,
+      QTextFormat::TableCellRightBorderBrush},
+     {ParagraphBorders::Bottom, QTextFormat::TableCellBottomBorder, QTextFormat::TableCellBottomBorderStyle,
+      QTextFormat::TableCellBottomBorderBrush}}};
+
+QTextFrameFormat::BorderStyle styleOf(const RtfRow::Line &line)
+{
+    switch (RtfWord(line.style)) {
+    case RtfWord::BorderDouble:
+        return QTextFrameFormat::BorderStyle_Double;
+    case RtfWord::BorderDotted:
+        return QTextFrameFormat::BorderStyle_Dotted;
+    case RtfWord::BorderDashed:
+        return QTextFrameFormat::BorderStyle_Dashed;
+    default:
+        return QTextFrameFormat::BorderStyle_Solid;
     }
-    return borders.words();
 }
 
-/// One look for the whole table, the first row's that has lines.
+/// Pixels; of two lines the file gives the width of one, and their distance is the same.
+double widthOf(const RtfRow::Line &line)
+{
+    constexpr int widest = 240; // twips
+    const double one = qMax(1.0, toPixels(qMin(line.width, widest)));
+    return styleOf(line) == QTextFrameFormat::BorderStyle_Double ? 3 * one : one;
+}
+
+/// Shows the lines of one cell, and keeps their words.
+void setLines(QTextTableCellFormat &format, const RtfRow::Cell &cell, const RtfColorTable &colors)
+{
+    ParagraphBorders borders;
+    for (size_t side = 0; side < cellSides.size(); ++side) {
+        const RtfRow::Line &line = cell.lines[side];
+        if (line.style == 0)
+            continue;
+        const QColor color = colors.color(line.color);
+        format.setProperty(cellSides[side].width, widthOf(line));
+        format.setProperty(cellSides[side].style, int(styleOf(line)));
+        format.setProperty(cellSides[side].brush, QBrush(color.isValid() ? color : QColor(Qt::black)));
+        ParagraphBorder &kept = borders[cellSides[side].kept];
+        kept.style = QString::fromLatin1(RtfKeywords::spelling(RtfWord(line.style)));
+        kept.width = line.width;
+        kept.color = color;
+    }
+    format.setProperty(RichTextProperty::CellBorders, borders.words());
+}
+
+/// One look for the whole table, the first row's that has lines, where cells have none of their own.
 void setBorder(QTextTableFormat &format, const RtfTable &table, const RtfTableGrid &grid,
                const RtfColorTable &colors)
 {
     format.setBorder(0);
     format.setBorderStyle(QTextFrameFormat::BorderStyle_None);
+    format.setBorderCollapse(table.hasLinesOfCells);
+    if (table.hasLinesOfCells)
+        return;
     for (const RtfTableGrid::Cell &cell : grid.cells) {
         const RtfRow &row = table.definitions[size_t(cell.definition)];
         if (row.borderStyle == 0)
@@ -124,8 +172,8 @@ QTextTableCellFormat RtfTableFormat::cell(const RtfTable &table, const RtfTableG
         format.setTableCellColumnSpan(cell.columnSpan);
     if (described.alignment != 0)
         format.setVerticalAlignment(QTextCharFormat::VerticalAlignment(described.alignment));
-    if (table.hasLines && !row.hasLines)
-        format.setProperty(RichTextProperty::CellBorders, linesOf(described, colors));
+    if (table.hasLinesOfCells)
+        setLines(format, described, colors);
     const QColor shading = colors.color(described.shading);
     if (shading.isValid())
         format.setBackground(shading);
