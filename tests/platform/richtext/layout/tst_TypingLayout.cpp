@@ -432,6 +432,12 @@ TEST_F(Typing, ALineBreakBehindATableTakesNoHeight)
     expectBehindAndRight();
     remove(position, position + 1);
     expectBehindAndRight();
+    catchUp();
+    type(plain.document()->findBlock(position).next().position(), QStringLiteral("x"));
+    expectBehind();
+    const QRectF area = plainLayout().frameBoundingRect(&table());
+    for (int y = int(area.top()); y < area.bottom() + 40; y += 3)
+        expectSameHit(QPointF(15, y));
     expectSameLayout();
 }
 

@@ -73,11 +73,14 @@ QTextBlock previousOnPage(const QTextBlock &block)
     return frame ? block.document()->findBlock(frame->firstPosition() - 1) : before;
 }
 
-/// True for an empty paragraph beside a table, which Qt hides in the table's edge.
+/// True for an empty paragraph beside a table, and for a line break that begins one behind a table: Qt hides
+/// both in the table's edge.
 bool isInEdge(const QTextBlock &block)
 {
     const bool isBehind = block.position() > 0 && !followsParagraph(block);
-    return block.length() == 1 && (isBehind || !followsParagraph(block.next()));
+    if (block.length() == 1)
+        return isBehind || !followsParagraph(block.next());
+    return isBehind && block.document()->characterAt(block.position()) == QChar::LineSeparator;
 }
 
 /// The paragraph of the page before \a block, or before the table that \a block is in, whose height is one of
