@@ -5,6 +5,7 @@
 #include "PrintFixture.h"
 #include "PrintJob.h"
 #include "QtMessages.h"
+#include "QuickLayout.h"
 
 #include <QPainter>
 #include <QTextList>
@@ -419,6 +420,56 @@ TEST_F(Print, ATableCutByThePagesEdgeIsClosed)
         const double wholeHeight = 4 * (297 / 25.4 * 72 - 2 * paperMargin - 2 * width);
         EXPECT_NEAR(dots(side, Qt::black, 2), wholeHeight, 2.5) << pixels;
     }
+}
+
+TEST_F(Print, CellsWithLinesOfTheirOwnAreClosedAtThePagesEdge)
+{
+    if (!QuickLayout::isAvailable())
+        GTEST_SKIP() << "Built without Qt's private headers cells stay open there";
+    box.setTextRTF("{\\rtf1 start\\par \\trowd\\clbrdrt\\brdrs\\brdrw60\\clbrdrb\\brdrs\\brdrw30\\cellx2880"
+                   "\\clbrdrb\\brdrs\\brdrw30\\cellx5760\\intbl " +
+                   QByteArray("line\\par ").repeated(120) + "\\cell\\cell\\row\\pard the end\\par}");
+    ASSERT_EQ(print().size(), 3);
+    const double first = paperMargin + 100;
+    const double second = first + 144;
+    const double bottom = 842 - paperMargin;
+    const auto black = [&](double x, double y, double height, int page) {
+        return dots(QRectF(x, y, 10, height), Qt::black, page);
+    };
+    for (const int page : {1, 2, 3}) {
+        EXPECT_NEAR(black(first, bottom, 1.5, page), page < 3 ? 40 * 6 : 0, 40) << page;
+        EXPECT_NEAR(black(second, bottom, 1.5, page), page < 3 ? 40 * 6 : 0, 40) << page;
+        EXPECT_NEAR(black(first, paperMargin - 3, 3, page), page > 1 ? 40 * 12 : 0, 40) << page;
+        EXPECT_EQ(black(second, paperMargin - 3, 3, page), 0) << page;
+    }
+}
+
+TEST_F(Print, CutCellsAreClosedByTheLinesOfTheirNeighbours)
+{
+    if (!QuickLayout::isAvailable())
+        GTEST_SKIP() << "Built without Qt's private headers cells stay open there";
+    const QByteArray line = "\\brdrs\\brdrw30";
+    box.setTextRTF("{\\rtf1 \\trowd\\clbrdrb" + line +
+                   "\\cellx2880\\intbl above\\cell\\row\\trowd\\cellx2880\\intbl " +
+                   QByteArray("line\\par ").repeated(70) + "\\cell\\row\\trowd\\clbrdrt" + line +
+                   "\\cellx2880\\intbl below\\cell\\row\\pard the end\\par}");
+    ASSERT_EQ(print().size(), 2);
+    const double x = paperMargin + 100;
+    EXPECT_NEAR(dots(QRectF(x, 842 - paperMargin, 10, 1.5), Qt::black, 1), 40 * 6, 40);
+    EXPECT_NEAR(dots(QRectF(x, paperMargin - 1.5, 10, 1.5), Qt::black, 2), 40 * 6, 40);
+}
+
+TEST_F(Print, WholeCellsAreClosedAtThePagesEdge)
+{
+    if (!QuickLayout::isAvailable())
+        GTEST_SKIP() << "Built without Qt's private headers cells stay open there";
+    const QByteArray row =
+        "\\trowd\\clbrdrl\\brdrs\\brdrw30\\clbrdrb\\brdrs\\brdrw30\\cellx2880\\intbl x\\cell\\row";
+    box.setTextRTF("{\\rtf1\\fs20 " + row.repeated(90) + "\\pard the end\\par}");
+    ASSERT_EQ(print().size(), 2);
+    const double x = paperMargin + 100;
+    EXPECT_NEAR(dots(QRectF(x, 842 - paperMargin, 10, 1.5), Qt::black, 1), 40 * 6, 40);
+    EXPECT_NEAR(dots(QRectF(x, paperMargin - 1, 10, 2), Qt::black, 2), 40 * 6, 40);
 }
 
 TEST_F(Print, AFileThatCannotBeWrittenIsAnErrorAndLeavesNothing)

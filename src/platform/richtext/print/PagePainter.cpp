@@ -13,6 +13,7 @@ PagePainter::PagePainter(const QTextDocument &document, const std::optional<QTex
     , m_marks(document.pageCount())
     , m_circles(HollowBullets::circles(document))
     , m_closingLines(TableEdges::closingLines(document))
+    , m_cellEdges(document)
 {
     findLines();
     if (linkLook)
@@ -52,6 +53,7 @@ void PagePainter::paint(int number, QPainter &painter) const
     paintLines(number, painter);
     paintCircles(number, painter);
     closeTables(number, painter);
+    closeCells(number, painter);
 }
 
 /// The part of the document that page \a number shows. Lines may begin or end in the paper's margin.
@@ -111,4 +113,12 @@ void PagePainter::closeTables(int number, QPainter &painter) const
         paintPart(line.pattern.adjusted(0, little, 0, -little), number, painter);
         painter.restore();
     }
+}
+
+void PagePainter::closeCells(int number, QPainter &painter) const
+{
+    painter.save();
+    painter.translate(0, -area(number).top());
+    m_cellEdges.paint(number, painter);
+    painter.restore();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CellEdges.h"
 #include "TableEdges.h"
 
 #include <QAbstractTextDocumentLayout>
@@ -29,6 +30,7 @@ private:
     void paintLines(int number, QPainter &painter) const;
     void paintCircles(int number, QPainter &painter) const;
     void closeTables(int number, QPainter &painter) const;
+    void closeCells(int number, QPainter &painter) const;
 
     using Marks = QList<QAbstractTextDocumentLayout::Selection>;
 
@@ -37,4 +39,5 @@ private:
     QMultiHash<int, QTextBlock> m_lined; ///< paragraphs with lines around them
     QMultiHash<int, QRectF> m_circles;
     QMultiHash<int, TableEdges::ClosingLine> m_closingLines;
+    CellEdges m_cellEdges;
 };
