@@ -84,6 +84,11 @@ INSTANTIATE_TEST_SUITE_P(
         NoteRow{"WithAPictureForAMark",
                 "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\super{\\pict\\wbitmap0 cf}}{\\footnote n}b\\par}",
                 "a{\\super{\\pict\\wbitmap0 cf}{\\footnote\\pard\\plain n\n}}b\\par\n"},
+        NoteRow{
+            "WithAMarkThatIsNotThatOfTheNext",
+            "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\super *}{\\footnote m}{\\footnote n}b\\par}",
+            "a{\\super *{\\footnote\\pard\\plain m\n}{\\chftn}{\\footnote\\pard\\plain {\\super{\\chftn}} "
+            "n\n}}b\\par\n"},
         NoteRow{"AtTheEndOfTheText", "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote\\ftnalt n}b\\par}",
                 "{\\footnote\\ftnalt\\pard\\plain {\\super{\\chftn}} n\n}"},
         NoteRow{"OfSeveralParagraphs",
@@ -130,7 +135,10 @@ INSTANTIATE_TEST_SUITE_P(
                 "\\pard\\intbl\\cell\\trowd\\cellx99\\row\\pard x\\par}",
                 "a{\\super{\\chftn}{\\footnote\\pard\\plain {\\super{\\chftn}} n\n}}b\\nestcell"},
         NoteRow{"InANote", "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote m{\\footnote n}}b\\par}",
-                " m{\\super{\\footnote\\pard\\plain {\\super{\\chftn}} n\n}}\n}}b\\par\n"}),
+                " m{\\super 2{\\footnote\\pard\\plain {\\super 2} n\n}}\n}}b\\par\n"},
+        NoteRow{"InANoteBehindRaisedText",
+                "{\\rtf1{\\fonttbl{\\f0 Arial;}}a{\\footnote {\\chftn\\chftn\\footnote\\par\\chftn}}b\\par}",
+                "{\\super 112{\\footnote\\pard\\plain \\par\n{\\super 2}\n}}\n}"}),
     rowName);
 
 TEST_F(RtfNotesEdited, StayWithTheirMarks)

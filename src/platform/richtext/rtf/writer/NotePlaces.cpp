@@ -82,7 +82,8 @@ void NotePlaces::findTexts(const QTextDocument &document)
     }
 }
 
-/// The first one counts: text that was copied has its marks too.
+/// The first one counts: text that was copied has its marks too. In the text of a note the word for a number
+/// means that note, so that one inside it is not counted.
 void NotePlaces::findMarks(const QTextDocument &document)
 {
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
@@ -91,7 +92,7 @@ void NotePlaces::findMarks(const QTextDocument &document)
             const auto note = m_notes.find(markOf(part));
             if (note == m_notes.end() || note->mark >= 0 || noteOf(block) == note.key())
                 continue;
-            note->isCounted = note->isCounted && isNumber(part);
+            note->isCounted = note->isCounted && isNumber(part) && noteOf(block) == 0;
             if (note->isCounted || isRaised(part))
                 note->mark = part.position();
         }

@@ -245,7 +245,7 @@ void RtfBodyWriter::runs(const QTextBlock &block, int next)
         if (run.isPicture)
             pictures(fragment.charFormatIndex(), text);
         else if (isNumber(run, text, start))
-            number(run.note);
+            m_stream.group("{\\chftn}");
         else
             m_stream.text(text);
         if (run.note != 0 && m_notes.markAt(start) == run.note) {
@@ -257,19 +257,11 @@ void RtfBodyWriter::runs(const QTextBlock &block, int next)
         m_stream.endField();
 }
 
-/// Of a note: its mark, or what its own text begins with.
+/// Of a note: its mark, or what its own text begins with. Notes are counted anew by whoever reads them.
 bool RtfBodyWriter::isNumber(const CharacterWords::Run &run, QStringView text, int position) const
 {
     const bool isMark = run.note != 0 && (run.note == m_note || m_notes.markAt(position) == run.note);
     return isMark && m_notes.note(run.note).isCounted && text == QString::number(run.noteCount);
-}
-
-/// Notes are counted anew by whoever reads them. In the text of a note the word means that note, so that one
-/// inside it goes without.
-void RtfBodyWriter::number(int note)
-{
-    if (m_note == 0 || note == m_note)
-        m_stream.group("{\\chftn}");
 }
 
 QByteArray RtfBodyWriter::note(int number)

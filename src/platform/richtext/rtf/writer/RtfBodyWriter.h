@@ -54,7 +54,6 @@ private:
     void setParagraph(int words) { m_stream.setParagraph(words, m_paragraphs.words(words), m_depth); }
     bool isSelected(int position) const;
     bool isNumber(const CharacterWords::Run &run, QStringView text, int position) const;
-    void number(int note);
     QByteArray note(int number);
     void unseen(const Unseen::Pieces &pieces, int position);
     QByteArray bytesOf(const Unseen::Piece &piece);

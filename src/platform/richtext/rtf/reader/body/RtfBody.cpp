@@ -193,7 +193,7 @@ void RtfBody::addParagraph(const RtfState &state, int depth)
     flushBytes();
     if (m_hasSurrogates)
         replaceLoneSurrogates();
-    m_stories.back().behindNumber = -1;
+    m_stories.back().behindMark = -1;
 
     RtfParagraphState paragraph = state.paragraph;
     // Some writers keep the group of the mark open until the item ends, and describe the mark nowhere.
@@ -369,11 +369,11 @@ void RtfBody::endInsertion(const RtfState &inside, const RtfState &outside)
     m_stories.back().unseen.append(rest);
 }
 
-/// Text in raised letters right before a note is the note's own mark.
+/// Text in raised letters right before a note is the note's own mark, unless it is the mark of another.
 bool RtfBody::followsMark() const
 {
     const RtfFlow &paragraph = m_stories.back().builder.paragraph();
-    return !paragraph.runs.empty() && paragraph.text.size() != m_stories.back().behindNumber &&
+    return !paragraph.runs.empty() && paragraph.text.size() != m_stories.back().behindMark &&
            m_formats.characters(paragraph.runs.back().format).verticalAlignment() ==
                QTextCharFormat::AlignSuperScript;
 }
@@ -496,6 +496,7 @@ bool RtfBody::beginNote(const RtfCharacterState &state)
     if (hasOwnMark) {
         int &mark = builder().paragraph().runs.back().format;
         mark = m_formats.addMark(mark, noteNumber);
+        m_stories.back().behindMark = builder().paragraph().text.size();
     }
     Story note;
     note.note = noteNumber;
@@ -563,7 +564,7 @@ void RtfBody::number(int number, int note, const RtfCharacterState &state)
     const QByteArray digits = QByteArray::number(number);
     for (const char digit : digits)
         character(char16_t(digit), raised);
-    m_stories.back().behindNumber = builder().paragraph().text.size();
+    m_stories.back().behindMark = builder().paragraph().text.size();
 }
 
 void RtfBody::finish(const RtfState &state)

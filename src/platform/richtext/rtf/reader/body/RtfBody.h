@@ -68,11 +68,11 @@ private:
         bool isComment = false;
         int note = 0; ///< RtfParagraphState, that of a note
         bool isNoteAtEnd = false;
-        int count = 0;               ///< the number of a note, 0 when it has a mark of its own
-        bool owesNumber = false;     ///< that number has yet to be put before the note
-        qsizetype behindNumber = -1; ///< place in the paragraph behind the number of a note
-        bool hasReference = false;   ///< the number of the next note in this text is written
-        bool breaksPage = false;     ///< the paragraph around it is to begin a page
+        int count = 0;             ///< the number of a note, 0 when it has a mark of its own
+        bool owesNumber = false;   ///< that number has yet to be put before the note
+        qsizetype behindMark = -1; ///< place in the paragraph behind the last mark of a note
+        bool hasReference = false; ///< the number of the next note in this text is written
+        bool breaksPage = false;   ///< the paragraph around it is to begin a page
     };
 
     RtfFlowBuilder &builder() { return m_stories.back().builder; }
