@@ -193,7 +193,7 @@ TEST_F(RtfTool, SavesPlainTextInThePlainFontOfRichText)
 {
     const QString to = home.file(QStringLiteral("b.rtf"));
     run({QStringLiteral("save"), file("a.txt", "one\n"), to});
-    EXPECT_EQ(Files::read(to),
-              QByteArray("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fnil Times New Roman;}}\n"
-                         "one\\par\n\\par\n}\n"));
+    EXPECT_EQ(Files::read(to), QByteArray("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fnil Times "
+                                          "New Roman;}}\n{\\*\\generator Quill-Office Tools;}\n"
+                                          "one\\par\n\\par\n}\n"));
 }

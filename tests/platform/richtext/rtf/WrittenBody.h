@@ -17,8 +17,9 @@ public:
 /// The part of \a bytes behind the header and its tables, without the last brace.
 inline QByteArray bodyOf(const QByteArray &bytes)
 {
-    constexpr std::array<const char *, 5> header = {"{\\rtf1", "{\\colortbl", "{\\*\\listtable", "{\\list\\",
-                                                    "{\\*\\listoverridetable"};
+    constexpr std::array<const char *, 6> header = {
+        "{\\rtf1",        "{\\colortbl", "{\\*\\listtable", "{\\list\\", "{\\*\\listoverridetable",
+        "{\\*\\generator"};
     QByteArray rest = bytes.chopped(2);
     const auto isHeader = [&](const char *start) { return rest.startsWith(start); };
     while (std::any_of(header.begin(), header.end(), isHeader))

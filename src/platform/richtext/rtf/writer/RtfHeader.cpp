@@ -1,5 +1,12 @@
 #include "RtfHeader.h"
 
+namespace {
+
+/// Programs that do not know who wrote a file read several spaces in a row as special ones.
+constexpr const char *generator = "{\\*\\generator Quill-Office Tools;}\n";
+
+} // namespace
+
 QByteArray RtfHeader::bytes() const
 {
     QByteArray out = "{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1";
@@ -7,5 +14,5 @@ QByteArray RtfHeader::bytes() const
         if (!table.isEmpty())
             out.append(table).append('\n');
     }
-    return out;
+    return out + generator;
 }

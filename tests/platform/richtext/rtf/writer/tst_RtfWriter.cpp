@@ -22,7 +22,8 @@ TEST(RtfWriter, WritesAnEmptyDocumentAsOneParagraph)
 {
     const PlainDocument document;
     EXPECT_EQ(RtfWriter::write(document),
-              QByteArray("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fnil Arial;}}\n"
+              QByteArray("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fnil "
+                         "Arial;}}\n{\\*\\generator Quill-Office Tools;}\n"
                          "\\par\n}\n"));
 }
 

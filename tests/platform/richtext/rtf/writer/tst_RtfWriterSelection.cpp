@@ -85,5 +85,6 @@ TEST_F(RtfWriterSelection, NamesOnlyWhatItUses)
     cursor.setPosition(2);
     cursor.movePosition(QTextCursor::Right, QTextCursor::KeepAnchor);
     EXPECT_EQ(RtfWriter::writeSelection(cursor),
-              QByteArray("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fnil Arial;}}\nn}\n"));
+              QByteArray("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fnil "
+                         "Arial;}}\n{\\*\\generator Quill-Office Tools;}\nn}\n"));
 }
