@@ -189,3 +189,10 @@ TEST(RtfUnseenEdited, BehindAllThatALongDocumentHasTakenOver)
         framed(QByteArray("a\\par ").repeated(taken) + "{\\*\\bkmkstart x}{\\*\\bkmkend x}");
     EXPECT_EQ(writtenAgain(file).count("{\\*\\bkmkend x}"), 1);
 }
+
+TEST(RtfUnseenDamage, AGroupThatWasNeverOpenedIsClosedOnce)
+{
+    ReadDocument read("\\userprops}");
+    EXPECT_TRUE(RtfWriter::write(read.document()).contains("{\\userprops}\n"))
+        << RtfWriter::write(read.document()).constData();
+}

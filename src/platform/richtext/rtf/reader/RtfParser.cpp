@@ -111,10 +111,11 @@ void RtfParser::close()
     constexpr size_t documentGroup = 2;
     m_isDone = m_states.size() <= documentGroup;
     const RtfState ended = state();
-    if (m_states.size() > 1)
+    if (m_states.size() > 1) { // fewer where no group was ever opened
         m_states.pop_back();
-    if (state().part)
-        state().part->close();
+        if (state().part)
+            state().part->close();
+    }
     end(ended);
     if (m_isDone)
         m_body.finish(ended);
