@@ -44,6 +44,7 @@ bool BoxStep::matches(const QWidget &window) const
 void BoxStep::answer(QWidget &window) const
 {
     auto &box = static_cast<QMessageBox &>(window);
+    EXPECT_EQ(box.textFormat(), Qt::PlainText) << "what it names may look like markup";
     if (m_icon) {
         EXPECT_EQ(box.icon(), *m_icon) << qUtf8Printable(describe());
     }
