@@ -14,7 +14,7 @@ import sys
 import sources
 
 PROMPTS = ('platform/forms/Prompts.cpp', 'platform/forms/CommonDialog.cpp', 'platform/forms/FontDialog.cpp',
-           'platform/forms/PrinterDialog.cpp')
+           'platform/forms/PrinterDialog.cpp', 'platform/forms/ShowDialog.cpp')
 DIALOG = re.compile(r'\bQ(?:MessageBox|FileDialog|InputDialog|ColorDialog|FontDialog|PrintDialog|PageSetupDialog|'
                     r'PrintPreviewDialog|ProgressDialog|Wizard)\b')
 DERIVED = re.compile(r'\b(?:class|struct)\s+\w+(?:\s+final)?\s*:[^{};]*\bQDialog\b')

@@ -1,5 +1,6 @@
 #include "ShowDialog.h"
 
+#include "EventGate.h"
 #include "RunningHandler.h"
 
 #include <QChildEvent>
@@ -14,11 +15,16 @@ class PlainQuestions : public QObject
 public:
     bool eventFilter(QObject *dialog, QEvent *event) override
     {
-        if (event->type() == QEvent::ChildPolished) {
-            if (auto *box = qobject_cast<QMessageBox *>(static_cast<QChildEvent *>(event)->child()))
-                box->setTextFormat(Qt::PlainText);
-        }
+        if (event->type() == QEvent::ChildPolished)
+            run([&] { showPlain(static_cast<QChildEvent *>(event)->child()); });
         return QObject::eventFilter(dialog, event);
+    }
+
+private:
+    static void showPlain(QObject *child)
+    {
+        if (auto *box = qobject_cast<QMessageBox *>(child))
+            box->setTextFormat(Qt::PlainText);
     }
 };
 

@@ -44,6 +44,7 @@ RichTextBox::RichTextBox(QWidget *parent)
     viewport()->setMouseTracking(true); // for the pointer above links
     setPaper();
     on(this, &QTextEdit::selectionChanged, this, &RichTextBox::reportSelection);
+    on(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::forgetLookOfCell);
     on(this, &QTextEdit::cursorPositionChanged, this, &RichTextBox::reportSelection);
     setText({});
 }

@@ -145,6 +145,8 @@ private:
     double pageWidth() const;
     void paintLines(const QRegion &region);
     void repeatEmptyParagraph();
+    void showCaret(const QTextCursor &caret);
+    void forgetLookOfCell();
     void insertPictures(const QMimeData &source);
     void reportChange();
     void reportSelection();

@@ -1,3 +1,5 @@
+#include "CellKeys.h"
+#include "CellText.h"
 #include "ClipboardText.h"
 #include "EventGate.h"
 #include "ParagraphEdits.h"
@@ -89,9 +91,12 @@ void RichTextBox::keyPressEvent(QKeyEvent *event)
             return;
         }
         m_undoSteps.beforeKey(*event, textCursor());
-        if (QTextCursor caret = textCursor(); !Locked() && m_unseen.beforeKey(*event, caret))
+        QTextCursor caret = textCursor();
+        if (!Locked() && m_unseen.beforeKey(*event, caret))
             setTextCursor(caret);
-        if (!Locked() && endsList(*event, textCursor()))
+        if (!Locked() && CellKeys::press(*event, caret))
+            showCaret(caret);
+        else if (!Locked() && endsList(*event, textCursor()))
             ParagraphEdits::leaveList(textCursor());
         else if (!Locked() && repeatsEmpty(*event, textCursor()))
             repeatEmptyParagraph();
@@ -105,6 +110,19 @@ void RichTextBox::repeatEmptyParagraph()
 {
     QTextCursor caret = textCursor();
     caret.insertBlock();
+    showCaret(caret);
+}
+
+/// Before anything is typed into an empty cell.
+void RichTextBox::forgetLookOfCell()
+{
+    const QTextCursor caret = textCursor();
+    if (CellText::isAtEmptyCell(caret))
+        setCurrentCharFormat(CellText::format(caret.charFormat()));
+}
+
+void RichTextBox::showCaret(const QTextCursor &caret)
+{
     setTextCursor(caret);
     ensureCursorVisible();
 }
