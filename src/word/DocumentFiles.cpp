@@ -9,7 +9,7 @@ void DocumentFiles::load(RichTextBox &text, const QString &path)
     RecentDocuments::add(path);
 }
 
-void DocumentFiles::save(const RichTextBox &text, const QString &path, RichTextFile::Format format)
+void DocumentFiles::save(RichTextBox &text, const QString &path, RichTextFile::Format format)
 {
     text.SaveFile(path, format);
     RecentDocuments::add(path);

@@ -9,6 +9,6 @@ class RichTextBox;
 namespace DocumentFiles {
 
 void load(RichTextBox &text, const QString &path);
-void save(const RichTextBox &text, const QString &path, RichTextFile::Format format);
+void save(RichTextBox &text, const QString &path, RichTextFile::Format format);
 
 } // namespace DocumentFiles

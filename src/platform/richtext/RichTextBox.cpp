@@ -113,9 +113,10 @@ void RichTextBox::LoadFile(const QString &path)
     replaceDocument(std::move(document), loaded);
 }
 
-void RichTextBox::SaveFile(const QString &path, RichTextFile::Format format) const
+void RichTextBox::SaveFile(const QString &path, RichTextFile::Format format)
 {
     RichTextFile::save(path, *document(), format, m_loaded.lineEnd);
+    m_undoSteps.end();
 }
 
 QByteArray RichTextBox::TextRTF() const

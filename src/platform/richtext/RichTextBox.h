@@ -30,8 +30,8 @@ public:
     /// Throws RuntimeError as Files::read does; the content is then as before.
     void LoadFile(const QString &path);
     /// A plain file keeps the line ends it was loaded with. Throws RuntimeError as Files::write does; the old
-    /// file is then left whole.
-    void SaveFile(const QString &path, RichTextFile::Format format) const;
+    /// file is then left whole. What is typed afterwards is undone by itself.
+    void SaveFile(const QString &path, RichTextFile::Format format);
     /// Which line ends SaveFile() writes into a plain file.
     PlainText::LineEnd LineEnd() const { return m_loaded.lineEnd; }
     void setLineEnd(PlainText::LineEnd lineEnd) { m_loaded.lineEnd = lineEnd; }

@@ -13,6 +13,8 @@ public:
     /// To be called before \a key takes effect at \a caret, and after that with the caret as it then is.
     void beforeKey(const QKeyEvent &key, const QTextCursor &caret);
     void afterKey(const QTextCursor &caret);
+    /// The next key begins a step, whatever it is.
+    void end() { m_revision = -1; }
 
 private:
     bool continuesStep(const QKeyEvent &key, const QTextCursor &caret) const;

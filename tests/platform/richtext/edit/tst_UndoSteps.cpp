@@ -44,6 +44,15 @@ TEST_F(TypedSteps, AWordIsAStep)
     EXPECT_EQ(box.Text(), QStringLiteral("one two, "));
 }
 
+TEST_F(TypedSteps, WhatIsTypedAfterSavingIsAStep)
+{
+    const QTemporaryDir folder;
+    type(QStringLiteral("on"));
+    box.SaveFile(folder.filePath(QStringLiteral("a.rtf")), RichTextFile::Format::Rtf);
+    type(QStringLiteral("e"));
+    expectUndone({QStringLiteral("on"), QString()});
+}
+
 TEST_F(TypedSteps, AParagraphIsNotOneStep)
 {
     type(QStringLiteral("a b\nc"));
