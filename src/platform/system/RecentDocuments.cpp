@@ -5,6 +5,7 @@
 #include "RuntimeError.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFileInfo>
 #include <QMimeDatabase>
 #include <QStandardPaths>
@@ -56,7 +57,7 @@ void write(GBookmarkFile &list, const QString &path)
 {
     gsize size = 0;
     const Text text(g_bookmark_file_to_data(&list, &size, nullptr), g_free);
-    if (text)
+    if (text && QDir().mkpath(QFileInfo(path).path()))
         Files::writePrivate(path, QByteArray(text.get(), qsizetype(size)));
 }
 

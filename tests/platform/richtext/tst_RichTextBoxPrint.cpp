@@ -459,6 +459,19 @@ TEST_F(Print, CutCellsAreClosedByTheLinesOfTheirNeighbours)
     EXPECT_NEAR(dots(QRectF(x, paperMargin - 1.5, 10, 1.5), Qt::black, 2), 40 * 6, 40);
 }
 
+TEST_F(Print, APageBreakInATableLeavesNoPageEmpty)
+{
+    const auto pages = [this](const QByteArray &rtf) {
+        box.setTextRTF("{\\rtf1" + rtf + "\\pard Last\\par}");
+        return print().join(u'|').simplified();
+    };
+    const QByteArray row = "\\trowd\\cellx3000\\cellx6000\\pard\\intbl\\pagebb x\\cell y\\cell\\row";
+    const QByteArray plainRow = "\\trowd\\cellx3000\\cellx6000\\pard\\intbl z\\cell z\\cell\\row";
+    EXPECT_EQ(pages(" First\\par" + row + row), QStringLiteral("First |x y x y Last"));
+    EXPECT_EQ(pages(" First\\par" + plainRow + row), QStringLiteral("First z z x y Last"));
+    EXPECT_EQ(pages(row), QStringLiteral("x y Last"));
+}
+
 TEST_F(Print, WholeCellsAreClosedAtThePagesEdge)
 {
     if (!QuickLayout::isAvailable())

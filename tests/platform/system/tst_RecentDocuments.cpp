@@ -47,6 +47,13 @@ TEST_F(RecentDocumentsTest, TheListIsMadeWithTheFilesKind)
     EXPECT_EQ(state.st_mode & 0777U, 0600U);
 }
 
+TEST_F(RecentDocumentsTest, AFreshAccountHasNoFolderYet)
+{
+    ASSERT_TRUE(QDir().rmdir(QFileInfo(list).path()));
+    RecentDocuments::add(file(QStringLiteral("letter.rtf")));
+    EXPECT_TRUE(text().contains("/letter.rtf\""));
+}
+
 TEST_F(RecentDocumentsTest, EntriesOfOtherProgramsStay)
 {
     Files::write(list, otherProgram);

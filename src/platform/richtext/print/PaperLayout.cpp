@@ -1,5 +1,6 @@
 #include "PaperLayout.h"
 
+#include "BreaksInTables.h"
 #include "PaperSpacing.h"
 #include "ParagraphFormat.h"
 #include "Pictures.h"
@@ -62,6 +63,7 @@ void PaperLayout::fit(QTextDocument &document, const QSizeF &text, int dpi)
     Pictures::shrinkTo(text * ParagraphFormat::layoutDpi(), document); // which measures letters in pixels
     spaceForPaper(document, dpi);
     SmallCapitals::spellOut(document);
+    BreaksInTables::moveOut(document);
     PaperSpacing::complete(document);
     scaleIndents(document, dpi / ParagraphFormat::layoutDpi());
 }
