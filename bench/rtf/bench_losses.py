@@ -49,6 +49,7 @@ PARAGRAPHS = {
     "labels": (("label",), [None]),
     "borders": (("TopBorder", "LeftBorder", "BottomBorder", "RightBorder"), [None] * 4),
     "shading": (("ParaBackColor",), [-1]),
+    "styles": (("ParaStyleName",), ["Standard"]),
 }
 THINGS = ("cells", "pictures", "notes", "bookmarks", "comments", "pages", "information")
 

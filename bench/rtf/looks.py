@@ -14,7 +14,8 @@ CHARACTERS = (
 ).split()
 PARAGRAPHS = (
     "BottomBorder LeftBorder ListLabelString NumberingLevel NumberingStyleName ParaAdjust ParaBackColor ParaBottomMargin "
-    "ParaFirstLineIndent ParaLeftMargin ParaLineSpacing ParaRightMargin ParaTabStops ParaTopMargin RightBorder TopBorder"
+    "ParaFirstLineIndent ParaLeftMargin ParaLineSpacing ParaRightMargin ParaStyleName ParaTabStops ParaTopMargin RightBorder "
+    "TopBorder"
 ).split()
 BULLETS = {"\uf0b7": "•", "●": "•", "·": "•", "o": "◦", "○": "◦", "\uf0a7": "▪", "■": "▪"}
 SCRIPTS = (("Complex", re.compile("[\u0590-\u10a0\ufb1d-\ufe00\ufe70-\ufefe]")),

@@ -76,7 +76,7 @@ bool all(const QTextBlock &)
 
 bool isNotNumbered(const QTextBlock &block)
 {
-    return !block.textList() || ParagraphEdits::isBulleted(block);
+    return !block.textList() || !ListMark::isNumbered(block.textList()->format());
 }
 
 /// The list of \a block if another paragraph may join it and then looks as one of our own bullets.
@@ -93,7 +93,7 @@ const QTextList *plainBullets(const QTextBlock &block)
 bool isBulletFormat(const QTextDocument &document, const QTextBlockFormat &format)
 {
     const auto *list = qobject_cast<const QTextList *>(document.object(format.objectIndex()));
-    return list && !ListMark::isNumbered(list->format());
+    return list && ListMark::isBulleted(list->format());
 }
 
 /// The list that \a item joins: that of the paragraph before it, or of the one at \a behind, else a new one.
@@ -122,7 +122,7 @@ void outdent(QTextBlockFormat &format, const Stretch &)
 bool ParagraphEdits::isBulleted(const QTextBlock &block)
 {
     const QTextList *list = block.textList();
-    return list && !ListMark::isNumbered(list->format());
+    return list && ListMark::isBulleted(list->format());
 }
 
 void ParagraphEdits::setIndent(const QTextCursor &selection, int indent)

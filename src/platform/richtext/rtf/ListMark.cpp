@@ -94,6 +94,11 @@ bool ListMark::isNumbered(const QTextListFormat &format)
     return format.style() <= QTextListFormat::ListDecimal; // Qt counts bullets down from -1, numbers from -4
 }
 
+bool ListMark::isBulleted(const QTextListFormat &format)
+{
+    return !isNumbered(format) && format.style() != QTextListFormat::ListStyleUndefined;
+}
+
 QString ListMark::before(const QTextListFormat &format)
 {
     return format.numberPrefix().left(longestSide);

@@ -7,6 +7,8 @@
 namespace ListMark {
 
 bool isNumbered(const QTextListFormat &format);
+/// Of a list whose marks are blanks neither is true.
+bool isBulleted(const QTextListFormat &format);
 
 /// The format's own number for how items are marked: 0 decimal, 1 and 2 roman, 3 and 4 letters, 23 bullets.
 int kind(const QTextListFormat &format);

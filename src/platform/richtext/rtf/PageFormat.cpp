@@ -21,20 +21,38 @@ struct Row
 
 /// In the order of PageFormat::Word.
 constexpr std::array<Row, PageFormat::WordCount> rows = {
-    {{"paperw", Value::Length},   {"paperh", Value::Length},    {"margl", Value::Length},
-     {"margr", Value::Length},    {"margt", Value::Length},     {"margb", Value::Length},
-     {"gutter", Value::Length},   {"deftab", Value::Length},    {"deflang", Value::Number},
-     {"pgnstart", Value::Number}, {"landscape", Value::None},   {"facingp", Value::None},
-     {"margmirror", Value::None}, {"pgwsxn", Value::Length},    {"pghsxn", Value::Length},
-     {"marglsxn", Value::Length}, {"margrsxn", Value::Length},  {"margtsxn", Value::Length},
-     {"margbsxn", Value::Length}, {"guttersxn", Value::Length}, {"headery", Value::Length},
-     {"footery", Value::Length},  {"pgnstarts", Value::Number}, {"lndscpsxn", Value::None},
-     {"margmirsxn", Value::None}, {"titlepg", Value::None},     {"pgnrestart", Value::None},
-     {"pgndec", Value::None},     {"pgnucrm", Value::None},     {"pgnlcrm", Value::None},
-     {"pgnucltr", Value::None},   {"pgnlcltr", Value::None},    {"cols", Value::Number},
-     {"colsx", Value::Length},    {"linebetcol", Value::None},  {"sbknone", Value::None},
-     {"sbkcol", Value::None},     {"sbkpage", Value::None},     {"sbkeven", Value::None},
+    {{"paperw", Value::Length},    {"paperh", Value::Length},    {"margl", Value::Length},
+     {"margr", Value::Length},     {"margt", Value::Length},     {"margb", Value::Length},
+     {"gutter", Value::Length},    {"deftab", Value::Length},    {"deflang", Value::Number},
+     {"pgnstart", Value::Number},  {"landscape", Value::None},   {"facingp", Value::None},
+     {"margmirror", Value::None},  {"htmautsp", Value::None},    {"widowctrl", Value::None},
+     {"hyphauto", Value::Number},  {"hyphcaps", Value::Number},  {"hyphconsec", Value::Number},
+     {"hyphhotz", Value::Length},  {"fet", Value::Number},       {"ftnbj", Value::None},
+     {"ftntj", Value::None},       {"endnotes", Value::None},    {"enddoc", Value::None},
+     {"aendnotes", Value::None},   {"aenddoc", Value::None},     {"ftnstart", Value::Number},
+     {"aftnstart", Value::Number}, {"ftnnar", Value::None},      {"ftnnalc", Value::None},
+     {"ftnnauc", Value::None},     {"ftnnrlc", Value::None},     {"ftnnruc", Value::None},
+     {"ftnnchi", Value::None},     {"aftnnar", Value::None},     {"aftnnalc", Value::None},
+     {"aftnnauc", Value::None},    {"aftnnrlc", Value::None},    {"aftnnruc", Value::None},
+     {"aftnnchi", Value::None},    {"pgwsxn", Value::Length},    {"pghsxn", Value::Length},
+     {"marglsxn", Value::Length},  {"margrsxn", Value::Length},  {"margtsxn", Value::Length},
+     {"margbsxn", Value::Length},  {"guttersxn", Value::Length}, {"headery", Value::Length},
+     {"footery", Value::Length},   {"pgnstarts", Value::Number}, {"lndscpsxn", Value::None},
+     {"margmirsxn", Value::None},  {"titlepg", Value::None},     {"pgnrestart", Value::None},
+     {"pgndec", Value::None},      {"pgnucrm", Value::None},     {"pgnlcrm", Value::None},
+     {"pgnucltr", Value::None},    {"pgnlcltr", Value::None},    {"cols", Value::Number},
+     {"colsx", Value::Length},     {"linebetcol", Value::None},  {"sbknone", Value::None},
+     {"sbkcol", Value::None},      {"sbkpage", Value::None},     {"sbkeven", Value::None},
      {"sbkodd", Value::None}}};
+
+/// The first and the last of words of which one at a time is set.
+constexpr std::array<std::pair<PageFormat::Word, PageFormat::Word>, 6> alternatives = {
+    {{PageFormat::NotesAtBottom, PageFormat::NotesAtDocumentEnd},
+     {PageFormat::EndnotesAtSectionEnd, PageFormat::EndnotesAtDocumentEnd},
+     {PageFormat::NotesArabic, PageFormat::NotesChicago},
+     {PageFormat::EndnotesArabic, PageFormat::EndnotesChicago},
+     {PageFormat::Decimal, PageFormat::LowerLetters},
+     {PageFormat::BreakNone, PageFormat::BreakOdd}}};
 
 constexpr int property(int word)
 {
@@ -72,7 +90,7 @@ void PageFormat::set(QTextFrameFormat &format, Word word, std::optional<int> val
     const bool isSwitch = rows[size_t(word)].value == Value::None;
     if (!isSwitch && !value)
         return;
-    for (const auto &[first, last] : {std::pair(Decimal, LowerLetters), std::pair(BreakNone, BreakOdd)}) {
+    for (const auto &[first, last] : alternatives) {
         const bool isOneOf = word >= first && word <= last;
         for (int other = first; isOneOf && other <= last; ++other) // one of them at a time
             clear(format, Word(other));

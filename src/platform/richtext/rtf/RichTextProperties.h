@@ -17,6 +17,8 @@ enum Id {
     LineSpacingIsMultiple,                      ///< bool
     TabStops, ///< QString, the stops' control words in order without backslashes: "tx720 tqr tldot tx1440"
     Borders,  ///< QString, the same for the lines around it: "brdrt brdrs brdrw15 brsp20 brdrcf#ff0000"
+    Flow,     ///< QString, words on lines and pages that say nothing on this screen: "keepn outlinelevel0"
+    Style,    ///< QString, the name of its style, TextStyles
     Section,  ///< shared format, PageSections: the section that begins with the paragraph
     SectionNumber,   ///< int, different for each
     OnlyBeforeTable, ///< bool, the paragraph is there because Qt has one before each table, and the file has
@@ -59,11 +61,12 @@ enum Id {
                  ///< it
 
     // Pages (QTextFrameFormat of the root frame)
-    PageWord = QTextFormat::UserProperty + 400,    ///< int, the first of as many as PageFormat::Word has
-    FontWords = QTextFormat::UserProperty + 440,   ///< QVariantMap by family, lists of two QByteArray: what a
-                                                   ///< table of fonts says before the name, and behind it
-    Information = QTextFormat::UserProperty + 450, ///< QByteArray, groups of rich text: who wrote it and when
-    PageText = QTextFormat::UserProperty + 500, ///< shared document, the first of as many as PageTexts::Kind
+    PageWord = QTextFormat::UserProperty + 400,  ///< int, the first of as many as PageFormat::Word has
+    FontWords = QTextFormat::UserProperty + 480, ///< QVariantMap by family, lists of two QByteArray: what a
+                                                 ///< table of fonts says before the name, and behind it
+    Information,                                 ///< QByteArray, groups of rich text: who wrote it and when
+    Styles,                                      ///< shared list of styles, TextStyles
+    PageText = QTextFormat::UserProperty + 500,  ///< shared document, the first of as many as PageTexts::Kind
 };
 
 } // namespace RichTextProperty

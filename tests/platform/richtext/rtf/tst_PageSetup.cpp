@@ -80,6 +80,22 @@ TEST(PageSetup, WordsAreWrittenBack)
     EXPECT_EQ(again(written).toStdString(), written.toStdString());
 }
 
+TEST(PageSetup, WordsAboutAllOfTheTextAreWrittenBack)
+{
+    const QByteArray words =
+        "\\htmautsp\\widowctrl\\hyphauto1\\hyphcaps0\\hyphconsec2\\hyphhotz400\\fet2\\ftnbj"
+        "\\aenddoc\\ftnstart3\\aftnstart4\\ftnnalc\\aftnnrlc\n";
+    EXPECT_TRUE(again("{\\rtf1" + words + "text}").contains('\n' + words))
+        << again("{\\rtf1" + words + "text}").data();
+}
+
+TEST(PageSetup, OfPlacesAndNumbersOfNotesTheLastIsKept)
+{
+    const QByteArray written =
+        again("{\\rtf1\\ftnbj\\ftntj\\enddoc\\aendnotes\\aenddoc\\ftnnar\\ftnnchi\\aftnnar\\aftnnruc text}");
+    EXPECT_TRUE(written.contains("\n\\enddoc\\aenddoc\\ftnnchi\\aftnnruc\n")) << written.data();
+}
+
 TEST(PageSetup, SwitchesAndLengthsThatSayNothing)
 {
     const QByteArray written = again("{\\rtf1\\landscape\\landscape0\\facingp1\\margl\\margr99999 text}");

@@ -35,6 +35,7 @@
     row("shppict", ShapePicture, Destination) \
     row("nonshppict", NonShapePicture, Destination) \
     row("footnote", Footnote, Destination) \
+    row("generator", Generator, Destination) \
     row("shp", Shape, Destination) \
     row("shpinst", ShapeInstance, Destination) \
     row("shptxt", ShapeText, Destination) \
@@ -111,7 +112,6 @@
     row("aftncn", EndnoteNotice, Skipped) \
     row("aftnsep", EndnoteSeparator, Skipped) \
     row("aftnsepc", EndnoteLongSeparator, Skipped) \
-    row("generator", Generator, Skipped) \
     row("info", Info, Kept) \
     row("latentstyles", LatentStyles, Skipped) \
     row("listpicture", ListPicture, Skipped) \
@@ -224,6 +224,13 @@
     row("tleq", TabEquals, Paragraph) \
     row("pagebb", PageBreakBefore, Paragraph) \
     row("cbpat", ParagraphShading, Paragraph) \
+    row("keep", KeepTogether, Paragraph) \
+    row("keepn", KeepWithNext, Paragraph) \
+    row("outlinelevel", OutlineLevel, Paragraph) \
+    row("widctlpar", WidowControl, Paragraph) \
+    row("nowidctlpar", NoWidowControl, Paragraph) \
+    row("hyphpar", Hyphenation, Paragraph) \
+    row("contextualspace", ContextualSpace, Paragraph) \
     row("ls", ListNumber, Paragraph) \
     row("ilvl", ListLevel, Paragraph) \
     row("intbl", InTable, Paragraph) \
@@ -332,6 +339,33 @@
     row("landscape", Landscape, Page) \
     row("facingp", FacingPages, Page) \
     row("margmirror", MirroredMargins, Page) \
+    row("htmautsp", HtmlSpacing, Page) \
+    row("widowctrl", WidowControlOfAll, Page) \
+    row("hyphauto", AutomaticHyphens, Page) \
+    row("hyphcaps", HyphensInCapitals, Page) \
+    row("hyphconsec", HyphensInARow, Page) \
+    row("hyphhotz", HyphenZone, Page) \
+    row("fet", NoteKinds, Page) \
+    row("ftnbj", NotesAtBottom, Page) \
+    row("ftntj", NotesBeneathText, Page) \
+    row("endnotes", NotesAtSectionEnd, Page) \
+    row("enddoc", NotesAtDocumentEnd, Page) \
+    row("aendnotes", EndnotesAtSectionEnd, Page) \
+    row("aenddoc", EndnotesAtDocumentEnd, Page) \
+    row("ftnstart", FirstNote, Page) \
+    row("aftnstart", FirstEndnote, Page) \
+    row("ftnnar", NotesArabic, Page) \
+    row("ftnnalc", NotesLowerLetters, Page) \
+    row("ftnnauc", NotesUpperLetters, Page) \
+    row("ftnnrlc", NotesLowerRoman, Page) \
+    row("ftnnruc", NotesUpperRoman, Page) \
+    row("ftnnchi", NotesChicago, Page) \
+    row("aftnnar", EndnotesArabic, Page) \
+    row("aftnnalc", EndnotesLowerLetters, Page) \
+    row("aftnnauc", EndnotesUpperLetters, Page) \
+    row("aftnnrlc", EndnotesLowerRoman, Page) \
+    row("aftnnruc", EndnotesUpperRoman, Page) \
+    row("aftnnchi", EndnotesChicago, Page) \
     row("pgwsxn", SectionWidth, Page) \
     row("pghsxn", SectionHeight, Page) \
     row("marglsxn", SectionLeft, Page) \
@@ -421,6 +455,16 @@
     row("green", Green, Detail) \
     row("blue", Blue, Detail) \
     row("sbasedon", BasedOn, Detail) \
+    row("snext", NextStyle, Detail) \
+    row("slink", LinkedStyle, Detail) \
+    row("additive", AdditiveStyle, Detail) \
+    row("sautoupd", SelfUpdatingStyle, Detail) \
+    row("shidden", HiddenStyle, Detail) \
+    row("slocked", LockedStyle, Detail) \
+    row("spriority", StylePriority, Detail) \
+    row("sqformat", QuickStyle, Detail) \
+    row("ssemihidden", HalfHiddenStyle, Detail) \
+    row("sunhideused", UsedStyleIsShown, Detail) \
     row("ds", SectionStyle, Detail) \
     row("ts", TableStyle, Detail) \
     row("list", List, Detail) \

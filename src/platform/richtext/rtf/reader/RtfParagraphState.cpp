@@ -3,13 +3,20 @@
 #include "RtfLexer.h"
 #include "RtfParagraphRows.h"
 
-#include <Qt>
+#include <QStringList>
 
 namespace {
 
 // What no page holds is taken for the largest that the format's own numbers of 16 bits reach.
 constexpr int largestLength = 32767;
 constexpr int deepestLevel = 8;
+
+/// That of a heading from 1; 0 for level 9, which is text.
+int levelOf(const RtfToken &outlineLevel)
+{
+    const bool isHeading = outlineLevel.parameter >= 0 && outlineLevel.parameter <= deepestLevel;
+    return isHeading ? outlineLevel.parameter + 1 : 0;
+}
 
 } // namespace
 
@@ -63,6 +70,20 @@ quint32 RtfParagraphState::apply(const RtfToken &token, RtfParagraphRows &rows)
         return set(shading, qMax(0, token.parameter), Shading);
     case RtfWord::PageBreakBefore:
         return set(breaksPage, token.isOn(), PageBreak);
+    case RtfWord::KeepTogether:
+        return set(staysTogether, token.isOn(), Together);
+    case RtfWord::KeepWithNext:
+        return set(staysWithNext, token.isOn(), WithNext);
+    case RtfWord::OutlineLevel:
+        return set(outline, levelOf(token), Outline);
+    case RtfWord::WidowControl:
+        return set(widows, token.isOn() ? On : Off, Widows);
+    case RtfWord::NoWidowControl:
+        return set(widows, Off, Widows);
+    case RtfWord::Hyphenation:
+        return set(hyphens, token.isOn() ? On : Off, Hyphens);
+    case RtfWord::ContextualSpace:
+        return set(isContextual, token.isOn(), Context);
     case RtfWord::ListNumber:
         return set(list, qMax(0, token.parameter), List);
     case RtfWord::ListLevel:
@@ -76,6 +97,24 @@ quint32 RtfParagraphState::apply(const RtfToken &token, RtfParagraphRows &rows)
             return Borders;
         return rows.stops.apply(token, tabs) ? quint32(Tabs) : 0;
     }
+}
+
+QString RtfParagraphState::flowWords() const
+{
+    QStringList words;
+    if (staysTogether != 0)
+        words.append(QStringLiteral("keep"));
+    if (staysWithNext != 0)
+        words.append(QStringLiteral("keepn"));
+    if (widows != Unsaid)
+        words.append(widows == On ? QStringLiteral("widctlpar") : QStringLiteral("nowidctlpar"));
+    if (hyphens != Unsaid)
+        words.append(hyphens == On ? QStringLiteral("hyphpar") : QStringLiteral("hyphpar0"));
+    if (isContextual != 0)
+        words.append(QStringLiteral("contextualspace"));
+    if (outline != 0)
+        words.append(QStringLiteral("outlinelevel%1").arg(outline - 1));
+    return words.join(u' ');
 }
 
 void RtfParagraphState::take(const RtfParagraphState &other, quint32 which)
@@ -97,6 +136,12 @@ void RtfParagraphState::take(const RtfParagraphState &other, quint32 which)
     copy(&RtfParagraphState::borders, Borders);
     copy(&RtfParagraphState::shading, Shading);
     copy(&RtfParagraphState::breaksPage, PageBreak);
+    copy(&RtfParagraphState::staysTogether, Together);
+    copy(&RtfParagraphState::staysWithNext, WithNext);
+    copy(&RtfParagraphState::outline, Outline);
+    copy(&RtfParagraphState::widows, Widows);
+    copy(&RtfParagraphState::hyphens, Hyphens);
+    copy(&RtfParagraphState::isContextual, Context);
     copy(&RtfParagraphState::list, List);
     copy(&RtfParagraphState::level, Level);
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include <QString>
 #include <type_traits>
 
 struct RtfToken;
@@ -25,8 +25,16 @@ struct RtfParagraphState
         List = 4096,
         Level = 8192,
         Table = 16384,
-        Borders = 32768
+        Borders = 32768,
+        Together = 65536,
+        WithNext = 131072,
+        Outline = 262144,
+        Widows = 524288,
+        Hyphens = 1048576,
+        Context = 2097152
     };
+
+    enum Choice { Unsaid, On, Off };
 
     static constexpr int deepestTable = 16; ///< tables inside each other
 
@@ -43,6 +51,13 @@ struct RtfParagraphState
     int borders = 0; ///< RtfBorders
     int shading = 0;
     int breaksPage = 0;
+    int staysTogether = 0;
+    int staysWithNext = 0;
+    int outline = 0;      ///< level of a heading from 1, 0 is none
+    int widows = 0;       ///< Choice
+    int hyphens = 0;      ///< Choice
+    int isContextual = 0; ///< no space between it and others of its style
+    int style = 0;        ///< \s
     int list = 0;         ///< \ls, 0 is none
     int level = 0;        ///< \ilvl
     int oldNumbering = 0; ///< RtfOldNumbering, 0 is none
@@ -60,6 +75,9 @@ struct RtfParagraphState
     /// Does what \a token says and returns the properties that it is about, 0 when it says nothing here.
     /// \pard and \s are not known here.
     quint32 apply(const RtfToken &token, RtfParagraphRows &rows);
+
+    /// As RichTextProperty::Flow.
+    QString flowWords() const;
 
     /// Takes over the properties \a which of \a other.
     void take(const RtfParagraphState &other, quint32 which);

@@ -15,7 +15,7 @@ RtfParser::RtfParser(QByteArrayView bytes, QTextDocument &document, const QStrin
     , m_styles(m_rows)
     , m_listOverrides(m_listTable)
     , m_picture(document)
-    , m_formats(m_fonts, m_colors, m_rows)
+    , m_formats(m_fonts, m_colors, m_rows, m_styles)
     , m_lists(m_listOverrides, m_oldNumbering, m_fonts)
     , m_filler(document, m_formats, m_colors, m_lists)
     , m_pages(document, m_formats, m_colors, m_lists)
@@ -33,6 +33,7 @@ void RtfParser::run()
     if (!m_isDone)
         m_body.finish(state());
     m_pages.setFontWords(m_fonts.words());
+    m_pages.setStyles(m_styles.sheet(m_fonts, m_colors));
     m_pages.finish();
 }
 
@@ -338,7 +339,10 @@ void RtfParser::paragraphWord(const RtfToken &token)
         here.paragraph = RtfParagraphState();
         here.paragraphSet = 0;
         dropStyle();
+    } else if (token.word == RtfWord::ParagraphStyle && m_isOurs) {
+        here.paragraph.style = token.parameter;
     } else if (token.word == RtfWord::ParagraphStyle) {
+        here.paragraph.style = token.parameter;
         const RtfStyleSheet::Style &style = m_styles.style(RtfStyleSheet::Kind::Paragraph, token.parameter);
         here.paragraph.take(RtfParagraphState(), ~here.paragraphSet);
         here.paragraph.take(style.paragraph, style.paragraphSet & ~here.paragraphSet);

@@ -84,6 +84,7 @@ private:
     std::vector<RtfState> m_states;
     qsizetype m_deeper = 0; ///< groups open beyond those that have states
     bool m_isDone = false;
+    bool m_isOurs = false; ///< paragraphs say all of their look: what a style adds, somebody has taken away
     bool m_isStarred = false; ///< \* was the last token
     qint64 m_fallback = 0;    ///< characters to be passed over
     RunPair m_pair;

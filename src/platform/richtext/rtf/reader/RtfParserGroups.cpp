@@ -2,6 +2,7 @@
 
 #include "RtfCodePage.h"
 #include "RtfFieldInstruction.h"
+#include "RtfGenerator.h"
 
 void RtfParser::beginPart(RtfPart &part, RtfState::End end)
 {
@@ -16,11 +17,14 @@ void RtfParser::destination(const RtfToken &token)
         m_body.forgetFont();
         m_fonts.begin();
         return beginPart(m_fonts, RtfState::End::FontTable);
+    case RtfWord::Generator:
+        m_text.begin(RtfCodePage::page(RtfCodePage::standard));
+        return beginPart(m_text, RtfState::End::Generator);
     case RtfWord::ColorTable:
         m_colors.begin();
         return beginPart(m_colors, RtfState::End::Nothing);
     case RtfWord::StyleSheet:
-        m_styles.begin();
+        m_styles.begin(*m_fonts.font(RtfCharacterState::standardFont).page);
         return beginPart(m_styles, RtfState::End::StyleSheet);
     case RtfWord::ListTable:
         m_listTable.begin();
@@ -181,6 +185,9 @@ void RtfParser::end(const RtfState &ended)
 {
     switch (ended.end) {
     case RtfState::End::Nothing:
+        break;
+    case RtfState::End::Generator:
+        m_isOurs = m_text.end().startsWith(QLatin1String(RtfGenerator::name));
         break;
     case RtfState::End::FontTable:
         return m_fonts.end();

@@ -11,6 +11,7 @@ struct RtfState
 {
     enum class End : quint8 {
         Nothing,
+        Generator,
         FontTable,
         StyleSheet,
         Label,

@@ -23,8 +23,8 @@ void appendNonZero(QByteArray &out, const char *word, int length)
 }
 
 /// The format's left and right are the page's. Qt mirrors its own in right-to-left paragraphs unless they are
-/// absolute; the side where the text begins is not said.
-void appendAlignment(QByteArray &out, const QTextBlockFormat &format)
+/// absolute; the side where the text begins is not said, unless the style could say another one.
+void appendAlignment(QByteArray &out, const QTextBlockFormat &format, bool hasStyle)
 {
     const bool rightToLeft = format.layoutDirection() == Qt::RightToLeft;
     const Qt::Alignment alignment = format.alignment();
@@ -37,14 +37,16 @@ void appendAlignment(QByteArray &out, const QTextBlockFormat &format)
         RtfWords::append(out, "qj");
     else if (alignment.testFlag(Qt::AlignRight))
         RtfWords::append(out, isMirrored ? "ql" : "qr");
-    else if (alignment.testFlag(Qt::AlignLeft) && rightToLeft && !isMirrored)
+    else if (rightToLeft ? alignment.testFlag(Qt::AlignLeft) && !isMirrored : hasStyle)
         RtfWords::append(out, "ql");
 }
 
-/// Without marks a list is a matter of indents alone.
+/// Without marks a list is a matter of indents alone. A blank is a mark.
 bool isMarked(const QTextList &list)
 {
-    return list.format().style() != QTextListFormat::ListStyleUndefined;
+    const QTextListFormat format = list.format();
+    return format.style() != QTextListFormat::ListStyleUndefined ||
+           format.hasProperty(RichTextProperty::ListBullet);
 }
 
 /// Qt's own indents count in steps of the document; rich text that was read has none of them.
@@ -96,13 +98,18 @@ void appendSpacing(QByteArray &out, const QTextBlockFormat &format)
         appendLineSpacing(out, toTwips(height), false);
 }
 
+/// Words that are kept as they came.
+void appendKept(QByteArray &out, const QString &words)
+{
+    if (!words.isEmpty())
+        out.append('\\').append(words.toLatin1().replace(' ', '\\'));
+}
+
 void appendTabs(QByteArray &out, const QTextBlockFormat &format)
 {
     const QString words = format.stringProperty(RichTextProperty::TabStops);
-    if (!words.isEmpty()) {
-        out.append('\\').append(words.toLatin1().replace(' ', '\\'));
-        return;
-    }
+    if (!words.isEmpty())
+        return appendKept(out, words);
     for (const QTextOption::Tab &tab : format.tabPositions()) {
         if (tab.type == QTextOption::RightTab)
             RtfWords::append(out, "tqr");
@@ -152,13 +159,15 @@ ParagraphWords::Paragraph ParagraphWords::make(const QTextBlockFormat &format)
 
 QByteArray ParagraphWords::wordsOf(const QTextBlockFormat &format, const QTextList *list)
 {
-    QByteArray out;
+    QByteArray out = m_header.styles.word(format.stringProperty(RichTextProperty::Style));
+    const bool hasStyle = !out.isEmpty();
     const QByteArray edges = indents(format, list, m_document.indentWidth());
     out.append(list && isMarked(*list) ? m_header.lists.words(*list, edges, m_header.fonts) : edges);
     appendNonZero(out, "ri", ParagraphFormat::rightIndent(format));
-    appendAlignment(out, format);
+    appendAlignment(out, format, hasStyle);
     appendSpacing(out, format);
     appendTabs(out, format);
+    appendKept(out, format.stringProperty(RichTextProperty::Flow));
     const PageSections::Section section = m_hasSections ? PageSections::of(format) : nullptr;
     const bool breaksPage = format.pageBreakPolicy().testFlag(QTextFormat::PageBreak_AlwaysBefore);
     if (breaksPage && !(section && PageSections::breaksPage(*section)))

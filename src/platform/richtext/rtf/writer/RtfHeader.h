@@ -3,6 +3,7 @@
 #include "WrittenColours.h"
 #include "WrittenFonts.h"
 #include "WrittenLists.h"
+#include "WrittenStyles.h"
 
 #include <QFont>
 
@@ -18,5 +19,6 @@ struct RtfHeader
     const QFont standard; ///< of text whose format does not name its own
     WrittenFonts fonts;
     WrittenColours colours;
+    WrittenStyles styles;
     WrittenLists lists;
 };

@@ -28,6 +28,7 @@ RtfHeader headerOf(const QTextDocument &document)
 {
     RtfHeader header(standardFont(document));
     header.fonts.setWords(document.rootFrame()->frameFormat().property(RichTextProperty::FontWords).toMap());
+    header.styles.set(TextStyles::of(document), header.fonts, header.colours);
     return header;
 }
 

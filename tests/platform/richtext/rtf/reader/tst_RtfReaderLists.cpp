@@ -1,6 +1,7 @@
 #include "ParagraphFormat.h"
 #include "ReadDocument.h"
 #include "RichTextProperties.h"
+#include "RtfWriter.h"
 
 #include <QTextList>
 #include <gtest/gtest.h>
@@ -39,6 +40,23 @@ TEST(RtfReaderLists, BulletsByTable)
     EXPECT_EQ(ParagraphFormat::leftIndent(read.paragraph(0).blockFormat()), 720);
     EXPECT_EQ(ParagraphFormat::firstLineIndent(read.paragraph(1).blockFormat()), -360);
     EXPECT_EQ(read.paragraph(1).blockFormat().textIndent(), 0);
+}
+
+TEST(RtfReaderLists, ABlankBulletIsKeptAndShowsNothing)
+{
+    const QByteArray blank = "{\\*\\listtable{\\list{\\listlevel\\levelnfc23{\\leveltext\\'01\\u32 ?;}"
+                             "{\\levelnumbers;}\\fi-360\\li720}\\listid7}}"
+                             "{\\*\\listoverridetable{\\listoverride\\listid7\\listoverridecount0\\ls1}}";
+    ReadDocument read(framed(blank + "{\\listtext  \\tab}\\pard\\ls1 a\\par"));
+    EXPECT_EQ(read.text(), "a");
+    EXPECT_EQ(formatAt(read, 0).style(), QTextListFormat::ListStyleUndefined);
+    EXPECT_EQ(ParagraphFormat::leftIndent(read.paragraph(0).blockFormat()), 720);
+    const QByteArray written = RtfWriter::write(read.document());
+    EXPECT_TRUE(written.contains("\\levelnfc23")) << written.data();
+    EXPECT_TRUE(written.contains("{\\leveltext\\'01 ;}")) << written.data();
+    ReadDocument again(written);
+    EXPECT_EQ(again.text(), "a");
+    EXPECT_EQ(formatAt(again, 0), formatAt(read, 0));
 }
 
 TEST(RtfReaderLists, ParagraphsOwnIndentsWin)

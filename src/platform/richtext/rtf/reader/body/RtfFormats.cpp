@@ -5,11 +5,14 @@
 #include "RtfColorTable.h"
 #include "RtfFontTable.h"
 #include "RtfParagraphRows.h"
+#include "RtfStyleSheet.h"
 
-RtfFormats::RtfFormats(const RtfFontTable &fonts, const RtfColorTable &colors, const RtfParagraphRows &rows)
+RtfFormats::RtfFormats(const RtfFontTable &fonts, const RtfColorTable &colors, const RtfParagraphRows &rows,
+                       const RtfStyleSheet &styles)
     : m_fonts(fonts)
     , m_colors(colors)
     , m_rows(rows)
+    , m_styles(styles)
 {}
 
 int RtfFormats::number(const RtfCharacterState &state)
@@ -164,6 +167,12 @@ QTextBlockFormat RtfFormats::make(const RtfParagraphState &state, bool isInList)
         format.setTabPositions(m_rows.stops.tabs(state.tabs));
         format.setProperty(RichTextProperty::TabStops, m_rows.stops.words(state.tabs));
     }
+    const QString flow = state.flowWords();
+    if (!flow.isEmpty())
+        format.setProperty(RichTextProperty::Flow, flow);
+    const QString style = m_styles.name(state.style);
+    if (!style.isEmpty())
+        format.setProperty(RichTextProperty::Style, style);
     const QString borders = m_rows.borders.words(state.borders, m_colors);
     if (!borders.isEmpty())
         format.setProperty(RichTextProperty::Borders, borders);

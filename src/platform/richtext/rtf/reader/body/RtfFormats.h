@@ -14,13 +14,15 @@
 
 class RtfColorTable;
 class RtfFontTable;
+class RtfStyleSheet;
 struct RtfParagraphRows;
 
 /// The formats of a document. Each state of characters or paragraphs becomes one format, known by a number.
 class RtfFormats
 {
 public:
-    RtfFormats(const RtfFontTable &fonts, const RtfColorTable &colors, const RtfParagraphRows &rows);
+    RtfFormats(const RtfFontTable &fonts, const RtfColorTable &colors, const RtfParagraphRows &rows,
+               const RtfStyleSheet &styles);
 
     int number(const RtfCharacterState &state);
     int number(const RtfParagraphState &state, bool isInList);
@@ -65,6 +67,7 @@ private:
     const RtfFontTable &m_fonts;
     const RtfColorTable &m_colors;
     const RtfParagraphRows &m_rows;
+    const RtfStyleSheet &m_styles;
     std::unordered_map<RtfCharacterState, int, HashBytes> m_characterNumbers;
     std::unordered_map<RtfParagraphState, int, HashBytes> m_paragraphNumbers;
     QList<QTextCharFormat> m_characters;

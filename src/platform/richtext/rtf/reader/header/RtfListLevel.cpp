@@ -12,6 +12,12 @@ bool isNumber(QChar c)
     return c.unicode() < RtfListLevel::count;
 }
 
+/// The paragraphs of a list that belong to the item above them have such a bullet.
+bool isBlank(const QString &bullet)
+{
+    return !bullet.isEmpty() && bullet.trimmed().isEmpty();
+}
+
 QTextListFormat::Style bulletStyle(const QString &bullet)
 {
     static const QString circles = QStringLiteral("o\u25CB\u25E6\u26AA\u274D\u2010");
@@ -51,7 +57,7 @@ QTextListFormat::Style RtfListLevel::style() const
     case 4:
         return QTextListFormat::ListLowerAlpha;
     case bulleted:
-        return bulletStyle(text);
+        return isBlank(text) ? QTextListFormat::ListStyleUndefined : bulletStyle(text);
     case unmarked:
         return QTextListFormat::ListStyleUndefined;
     default: // ordinals, digits of other scripts ...: Qt has none of them
@@ -69,6 +75,8 @@ QTextListFormat RtfListLevel::format(int depth, const QString &family) const
     if (kind == bulleted && isOfFont(text) && !family.isEmpty()) {
         format.setProperty(RichTextProperty::ListBullet, text);
         format.setProperty(RichTextProperty::ListBulletFont, family);
+    } else if (kind == bulleted && isBlank(text)) {
+        format.setProperty(RichTextProperty::ListBullet, QStringLiteral(" "));
     } else if (kind == bulleted && isSign(text) && text != ListMark::bullet(format)) {
         format.setProperty(RichTextProperty::ListBullet, text);
     }

@@ -22,7 +22,7 @@ struct RtfListLevel
     bool operator==(const RtfListLevel &other) const = default;
 
     /// \a depth: the level's own number; \a family: that of its font, empty when it has none. A list without
-    /// marks has style ListStyleUndefined.
+    /// marks, or with blanks for marks, has style ListStyleUndefined.
     QTextListFormat format(int depth, const QString &family) const;
     QTextListFormat::Style style() const;
 

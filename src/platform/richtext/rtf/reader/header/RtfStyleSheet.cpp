@@ -1,11 +1,77 @@
 #include "RtfStyleSheet.h"
 
+#include "RtfColorTable.h"
+#include "RtfFontTable.h"
+#include "RtfKeywords.h"
 #include "RtfParagraphRows.h"
 
 namespace {
 
 constexpr int longestChain = 64; // of styles based on each other, which may go round in a circle
 constexpr int noStyle = 222;     // what the format says where a style is based on none
+
+/// A style's lists are those of the paragraphs that have it: their numbers are others in each file.
+bool isKept(const RtfToken &token)
+{
+    switch (token.word) {
+    case RtfWord::LeftToRightRun:
+    case RtfWord::RightToLeftRun:
+    case RtfWord::LowAnsiRun:
+    case RtfWord::HighAnsiRun:
+    case RtfWord::DoubleByteRun:
+    case RtfWord::NextStyle:
+    case RtfWord::LinkedStyle:
+    case RtfWord::AdditiveStyle:
+    case RtfWord::SelfUpdatingStyle:
+    case RtfWord::HiddenStyle:
+    case RtfWord::LockedStyle:
+    case RtfWord::StylePriority:
+    case RtfWord::QuickStyle:
+    case RtfWord::HalfHiddenStyle:
+    case RtfWord::UsedStyleIsShown:
+        return true;
+    case RtfWord::ListNumber:
+    case RtfWord::ListLevel:
+        return false;
+    default: {
+        const RtfSubject subject = RtfKeywords::subject(token.word);
+        return subject == RtfSubject::Character || subject == RtfSubject::Paragraph ||
+               subject == RtfSubject::Border;
+    }
+    }
+}
+
+/// What a style has anyway without a word, and what some readers take for black.
+bool isAutomaticColour(const RtfToken &token, const RtfColorTable &colors)
+{
+    return token.word == RtfWord::Foreground && !colors.color(token.parameter).isValid();
+}
+
+TextStyle::Word kept(const RtfToken &token, const RtfFontTable &fonts, const RtfColorTable &colors)
+{
+    TextStyle::Word word;
+    word.spelling = token.text.toByteArray();
+    switch (token.word) {
+    case RtfWord::Font:
+    case RtfWord::AssociatedFont:
+        word.family = fonts.font(token.parameter).family;
+        break;
+    case RtfWord::Foreground:
+    case RtfWord::AssociatedForeground:
+    case RtfWord::Background:
+    case RtfWord::CharacterShading:
+    case RtfWord::Highlight:
+    case RtfWord::ParagraphShading:
+    case RtfWord::BorderColor:
+        word.colour = colors.color(token.parameter);
+        break;
+    default:
+        if (token.hasParameter)
+            word.number = token.parameter;
+        break;
+    }
+    return word;
+}
 
 } // namespace
 
@@ -24,8 +90,32 @@ const RtfStyleSheet::Style &RtfStyleSheet::style(Kind kind, int number)
     return *entry->resolved;
 }
 
-void RtfStyleSheet::begin()
+QString RtfStyleSheet::name(int number) const
 {
+    return number == 0 ? QString() : m_entries.value({Kind::Paragraph, number}).name;
+}
+
+TextStyles::Sheet RtfStyleSheet::sheet(const RtfFontTable &fonts, const RtfColorTable &colors) const
+{
+    QList<TextStyle> styles;
+    for (auto it = m_entries.begin(); it != m_entries.end(); ++it) {
+        const auto [kind, number] = it.key();
+        TextStyle style = {kind, number, it->name, {}};
+        if (it->basedOn)
+            style.words.append({"sbasedon", it->basedOn, {}, {}});
+        const bool inheritsColour = it->basedOn && resolve(kind, *it->basedOn).characters.foreground != 0;
+        for (const RtfToken &token : it->words) {
+            if (isKept(token) && (inheritsColour || !isAutomaticColour(token, colors)))
+                style.words.append(kept(token, fonts, colors));
+        }
+        styles.append(style);
+    }
+    return std::make_shared<const QList<TextStyle>>(std::move(styles));
+}
+
+void RtfStyleSheet::begin(const RtfCodePage &page)
+{
+    m_page = &page;
     m_depth = 0;
     m_isStyle = false;
 }
@@ -41,6 +131,7 @@ void RtfStyleSheet::open()
         return;
     finishEntry();
     m_isStyle = true;
+    m_name.begin(*m_page);
 }
 
 void RtfStyleSheet::close()
@@ -76,10 +167,24 @@ void RtfStyleSheet::word(const RtfToken &token)
     }
 }
 
+void RtfStyleSheet::bytes(QByteArrayView bytes)
+{
+    if (m_depth == 1)
+        m_name.bytes(bytes);
+}
+
+void RtfStyleSheet::character(char16_t c)
+{
+    if (m_depth == 1)
+        m_name.character(c);
+}
+
 void RtfStyleSheet::finishEntry()
 {
-    if (m_isStyle)
+    if (m_isStyle) {
+        m_entry.name = m_name.end().section(u';', 0, 0).simplified();
         m_entries.insert({m_kind, m_number}, m_entry);
+    }
     m_isStyle = false;
     m_kind = Kind::Paragraph;
     m_number = 0;

@@ -58,6 +58,12 @@ void RtfPages::setFontWords(const QVariantMap &words)
         m_format.setProperty(RichTextProperty::FontWords, words);
 }
 
+void RtfPages::setStyles(TextStyles::Sheet sheet)
+{
+    if (!sheet->isEmpty())
+        TextStyles::keep(m_format, std::move(sheet));
+}
+
 void RtfPages::addInformation(const QByteArray &group)
 {
     const QByteArray before = m_format.property(RichTextProperty::Information).toByteArray();

@@ -2,6 +2,7 @@
 
 #include "PageSections.h"
 #include "PageTexts.h"
+#include "TextStyles.h"
 
 #include <QTextFrameFormat>
 #include <optional>
@@ -32,6 +33,7 @@ public:
 
     /// As RichTextProperty::FontWords.
     void setFontWords(const QVariantMap &words);
+    void setStyles(TextStyles::Sheet sheet);
     void addInformation(const QByteArray &group);
 
     /// Gives all that to the document.
