@@ -18,6 +18,9 @@ public:
     /// Shows or hides the document commands by what is open. Called after a document has been opened or
     /// closed.
     virtual void checkForDocument() = 0;
+    /// Writes the active document to its file, or asks for one. Throws when it cannot be written; the
+    /// document then still counts as changed.
+    virtual void SaveCurrentDocument() = 0;
     /// Unloads the frame, and with it the program.
     virtual void mnuFileExit_Click() = 0;
     /// Places the child windows.

@@ -43,6 +43,7 @@ public:
     void Arrange(MdiArea::Arrangement kind) override;
     Form *ActiveForm() const override;
     Toolbar &tbToolBar() const override { return *m_toolBar; }
+    void SaveCurrentDocument() override { m_files.SaveCurrentDocument(); }
     void adopt(ChildForm &child) override;
     void bringForward(ChildForm &child) override;
     void fillWindowList(QMenu &menu) override;

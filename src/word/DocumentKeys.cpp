@@ -1,7 +1,10 @@
 #include "DocumentKeys.h"
 
+#include "ErrorReports.h"
 #include "EventGate.h"
 #include "FindFlag.h"
+#include "Globals.h"
+#include "MainFrame.h"
 #include "RichTextBox.h"
 #include "Toolbar.h"
 #include "clsFindandReplace.h"
@@ -18,8 +21,7 @@ struct ButtonKey
     const char *button;
 };
 
-constexpr ButtonKey buttonKeys[] = {
-    {Qt::CTRL | Qt::Key_S, "Save"}, {Qt::CTRL | Qt::Key_B, "Bold"}, {Qt::CTRL | Qt::Key_U, "Underline"}};
+constexpr ButtonKey buttonKeys[] = {{Qt::CTRL | Qt::Key_B, "Bold"}, {Qt::CTRL | Qt::Key_U, "Underline"}};
 
 void bindKey(QWidget &place, QKeyCombination keys, std::function<void()> handler)
 {
@@ -44,6 +46,7 @@ void DocumentKeys::bind(RichTextBox &text, clsFindandReplace &find, Toolbar &too
         QAction &button = toolbar.button(QString::fromLatin1(row.button));
         bindKey(text, row.keys, [&button] { button.trigger(); });
     }
+    bindKey(text, Qt::CTRL | Qt::Key_S, [] { resumeNext([] { mainFrame->SaveCurrentDocument(); }); });
     QAction &printAll = toolbar.listEntry(QStringLiteral("prtalldocument"));
     bindKey(text, Qt::CTRL | Qt::Key_P, [&printAll] { printAll.trigger(); });
     bindKey(text, Qt::CTRL | Qt::Key_Y, [&text] {

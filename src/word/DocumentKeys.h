@@ -8,8 +8,9 @@ class clsFindandReplace;
 /// The keys that a document's text has beside those of the frame's menus.
 namespace DocumentKeys {
 
-/// Gives \a text its keys: Ctrl+F, F3 and Shift+F3 search by \a find; Ctrl+S, Ctrl+P, Ctrl+B and Ctrl+U press
-/// the buttons of \a toolbar, which have to be enabled; Ctrl+Y restores what was undone.
+/// Gives \a text its keys: Ctrl+F, F3 and Shift+F3 search by \a find; Ctrl+S saves and reports a failure,
+/// which the button does not; Ctrl+P, Ctrl+B and Ctrl+U press the buttons of \a toolbar, which have to be
+/// enabled; Ctrl+Y restores what was undone.
 void bind(RichTextBox &text, clsFindandReplace &find, Toolbar &toolbar);
 
 using Opening = bool (clsFindandReplace::*)(RichTextBox &control);

@@ -1,6 +1,7 @@
 #include "Files.h"
 #include "FindFlag.h"
 #include "Forms.h"
+#include "Globals.h"
 #include "Paths.h"
 #include "PrintQt.h"
 #include "RunningSuite.h"
@@ -8,6 +9,7 @@
 #include "clsFindandReplace.h"
 #include "dlgFindReplace.h"
 
+#include <QDir>
 #include <QMdiSubWindow>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -52,6 +54,26 @@ TEST_F(DocumentKeysTest, CtrlSSavesAsTheToolbarDoes)
     key(Qt::Key_S, Qt::ControlModifier);
     EXPECT_EQ(Files::read(path), "new old");
     EXPECT_FALSE(suite.active().isWindowModified());
+}
+
+TEST_F(DocumentKeysTest, CtrlSSaysWhyItCouldNotSaveAndTheDocumentStaysChanged)
+{
+    const QString folder = suite.home.file(QStringLiteral("gone"));
+    const QString path = folder + QStringLiteral("/letter.txt");
+    ASSERT_TRUE(QDir().mkpath(folder));
+    Files::write(path, "old");
+    suite.dialogs.expectFileDialog(QStringLiteral("Open")).accept(path);
+    suite.choose("mnuFileOpen");
+    suite.frame().activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return suite.text().hasFocus(); }));
+    freshDocument = false;
+    suite.type(QStringLiteral("new "));
+    ASSERT_TRUE(QDir(folder).removeRecursively());
+    suite.dialogs.expectBox(QStringLiteral("System Error!"),
+                            QStringLiteral("An error has occurred - Code: 76 Description: Path not found"));
+    key(Qt::Key_S, Qt::ControlModifier);
+    EXPECT_TRUE(suite.active().isWindowModified());
+    EXPECT_EQ(suite.text().Text(), QStringLiteral("new old"));
 }
 
 TEST_F(DocumentKeysTest, CtrlPAsksForThePrinterOfTheWholeText)

@@ -30,6 +30,7 @@ public:
     {
         m_calls << QStringLiteral("Arrange %1").arg(int(kind));
     }
+    void SaveCurrentDocument() override { m_calls << QStringLiteral("SaveCurrentDocument"); }
     Form *ActiveForm() const override;
     Toolbar &tbToolBar() const override { return *m_toolBar; }
     void adopt(ChildForm &child) override;
