@@ -180,9 +180,10 @@ void frmDocument::rtfTextBox_Change()
     m_formatTimer->start();
 }
 
+/// The command that opens a document sets freshDocument when the document has the focus already.
 void frmDocument::rtfTextBox_GotFocus()
 {
-    freshDocumentSettled();
+    QTimer::singleShot(0, this, [this] { run([&] { freshDocumentSettled(); }); });
     m_formatTimer->start();
 }
 
@@ -233,7 +234,7 @@ bool frmDocument::eventFilter(QObject *watched, QEvent *event)
 bool frmDocument::Form_QueryUnload()
 {
     DisableAutoURLDetection(*rtfTextBox);
-    if (rtfTextBox->TextRTF().size() != m_documentLength)
+    if (!m_dirty && rtfTextBox->TextRTF().size() != m_documentLength)
         setDirty(true);
     if (m_dirty)
         askToSave();

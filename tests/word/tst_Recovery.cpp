@@ -334,7 +334,7 @@ TEST_F(RecoveryTest, AnEmptyRecoveredDocumentAsksToo)
     freshDocument = true; // as File, New leaves it
     suite.text().clearFocus();
     suite.text().setFocus();
-    ASSERT_FALSE(freshDocument); // a change is not known any more
+    ASSERT_TRUE(QTest::qWaitFor([] { return !freshDocument; })); // a change is not known any more
     suite.dialogs
         .expectBox(QStringLiteral("Save Changes?..."), QStringLiteral("Save Changes to /home/me/emptied.rtf"))
         .press(QMessageBox::No);

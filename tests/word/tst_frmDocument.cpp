@@ -407,13 +407,26 @@ TEST_F(DocumentTest, APathThatBeginsWithDocumentAsksAgain)
 
 TEST_F(DocumentTest, TheMenusDocumentsAreFreshAndThoseOfTheToolbarAreNot)
 {
-    suite.choose("mnuFileNew");
+    suite.frame().files().mnuFileNew_Click();
     EXPECT_TRUE(freshDocument);
     freshDocument = false;
-    suite.press("New");
+    suite.frame().LoadNewDoc();
     EXPECT_FALSE(freshDocument);
     open(write("a.rtf", boldRtf));
-    EXPECT_TRUE(freshDocument);
+    EXPECT_FALSE(suite.active().isWindowModified());
+}
+
+TEST_F(DocumentTest, ADocumentIsFreshUntilItHasTheFocusThatOpeningItBrings)
+{
+    open(write("a.txt", "cat"));
+    suite.frame().activateWindow(); // a window manager does so when the dialog closes
+    ASSERT_TRUE(QTest::qWaitFor([] { return !freshDocument; }));
+    suite.text().setSelLength(1);
+    suite.type(QStringLiteral("b"));
+    Q_EMIT suite.text().GotFocus();
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(suite.active().isWindowModified());
+    closeUnsaved();
 }
 
 TEST_F(DocumentTest, FocusClearsTheDirtyStateOfAFreshDocument)

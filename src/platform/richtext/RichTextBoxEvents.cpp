@@ -253,8 +253,12 @@ void RichTextBox::wrap()
 
 bool RichTextBox::canInsertFromMimeData(const QMimeData *source) const
 {
-    return source->hasImage() || ClipboardText::isRichText(*source) ||
-           QTextEdit::canInsertFromMimeData(source);
+    bool can = false;
+    run([&] {
+        can = source->hasImage() || ClipboardText::isRichText(*source) ||
+              QTextEdit::canInsertFromMimeData(source);
+    });
+    return can;
 }
 
 void RichTextBox::insertFromMimeData(const QMimeData *source)
@@ -316,5 +320,7 @@ void RichTextBox::dragEnterEvent(QDragEnterEvent *event)
 
 QMimeData *RichTextBox::createMimeDataFromSelection() const
 {
-    return ClipboardText::of(textCursor()).release();
+    std::unique_ptr<QMimeData> selected;
+    run([&] { selected = ClipboardText::of(textCursor()); });
+    return selected.release();
 }

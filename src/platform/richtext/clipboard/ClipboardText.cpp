@@ -1,5 +1,6 @@
 #include "ClipboardText.h"
 
+#include "EventGate.h"
 #include "FileDrop.h"
 #include "Pictures.h"
 #include "RichTextFile.h"
@@ -46,10 +47,14 @@ protected:
     {
         if (type != m_html)
             return QMimeData::retrieveData(type, wanted);
-        QTextDocument document;
-        RtfReader::read(data(richTextTypes().first()), document);
-        Pictures::nameByBytes(document); // the names of our own mean nothing elsewhere
-        return document.toHtml();
+        QString html;
+        run([&] {
+            QTextDocument document;
+            RtfReader::read(data(richTextTypes().first()), document);
+            Pictures::nameByBytes(document); // the names of our own mean nothing elsewhere
+            html = document.toHtml();
+        });
+        return html;
     }
 
 private:

@@ -1,18 +1,38 @@
 #include "CellKeys.h"
 
+#include "RichTextProperties.h"
+
 #include <QKeyEvent>
 #include <QTextTable>
 
 namespace {
 
+/// The look of \a cell, without what belongs to its own place and text.
+QTextCharFormat lookOf(const QTextTableCell &cell)
+{
+    QTextCharFormat format = cell.format();
+    for (const int id :
+         {int(QTextFormat::TableCellRowSpan), int(QTextFormat::TableCellColumnSpan),
+          int(QTextFormat::IsAnchor), int(QTextFormat::AnchorHref), int(RichTextProperty::Field),
+          int(RichTextProperty::NoteMark), int(RichTextProperty::NoteCount)})
+        format.clearProperty(id);
+    return format;
+}
+
+QTextBlockFormat lookOf(QTextBlockFormat paragraph)
+{
+    for (const int id : {int(QTextFormat::PageBreakPolicy), int(RichTextProperty::Section),
+                         int(RichTextProperty::SectionNumber), int(RichTextProperty::OnlyBeforeTable),
+                         int(RichTextProperty::Note), int(RichTextProperty::NoteIsAtEnd)})
+        paragraph.clearProperty(id);
+    return paragraph;
+}
+
 /// Gives an empty cell the look of \a other, as it is for its first paragraph.
 void takeLook(QTextTableCell cell, const QTextTableCell &other)
 {
-    QTextCharFormat format = other.format();
-    format.clearProperty(QTextFormat::TableCellRowSpan);
-    format.clearProperty(QTextFormat::TableCellColumnSpan);
-    cell.setFormat(format);
-    cell.firstCursorPosition().setBlockFormat(other.firstCursorPosition().blockFormat());
+    cell.setFormat(lookOf(other));
+    cell.firstCursorPosition().setBlockFormat(lookOf(other.firstCursorPosition().blockFormat()));
 }
 
 void appendRow(QTextTable &table)

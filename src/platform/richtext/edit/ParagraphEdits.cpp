@@ -18,7 +18,7 @@ constexpr int notInList = -1;
 /// sees where one list of bullets ends and the next begins.
 constexpr int mostItems = 200;
 
-/// Paragraphs in a row that all have the same format.
+/// Paragraphs in a row that all have the same format, in one cell or outside tables.
 struct Stretch
 {
     int first = 0;
@@ -35,15 +35,22 @@ int firstLineEdge(const QTextBlockFormat &format)
     return ParagraphFormat::leftIndent(format) + ParagraphFormat::firstLineIndent(format);
 }
 
+/// False for the first of a cell and the first behind a table, though positions go on there.
+bool followsParagraph(const QTextDocument &document, const QTextBlock &block)
+{
+    return document.characterAt(block.position() - 1) == QChar::ParagraphSeparator;
+}
+
 QList<Stretch> stretches(const QTextCursor &selection, const Choice &choice)
 {
     QList<Stretch> found;
     int next = -1;
+    const QTextDocument &document = *selection.document();
     SelectionRanges::forEachParagraph(selection, [&](const QTextBlock &block) {
         if (choice(block)) {
             const int format = block.blockFormatIndex();
-            if (found.isEmpty() || found.constLast().format != format ||
-                found.constLast().count == mostItems || next != block.position())
+            const bool goesOn = next == block.position() && followsParagraph(document, block);
+            if (!goesOn || found.constLast().format != format || found.constLast().count == mostItems)
                 found.append({block.position(), 0, 0, format});
             found.last().last = block.position();
             ++found.last().count;

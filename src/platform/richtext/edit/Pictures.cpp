@@ -1,5 +1,6 @@
 #include "Pictures.h"
 
+#include "DocumentPicture.h"
 #include "Files.h"
 #include "ParagraphFormat.h"
 #include "RichTextProperties.h"
@@ -29,13 +30,6 @@ QVariant resource(const QTextDocument &document, const QString &name)
     return document.resource(QTextDocument::ImageResource, QUrl(name));
 }
 
-QImage imageOf(const QTextDocument &document, const QTextImageFormat &format)
-{
-    const QVariant picture = resource(document, format.name());
-    return picture.typeId() == QMetaType::QByteArray ? QImage::fromData(picture.toByteArray())
-                                                     : picture.value<QImage>();
-}
-
 void setFormat(QTextDocument &document, const QTextFragment &run, const QTextImageFormat &format)
 {
     QTextCursor picture(&document);
@@ -57,14 +51,14 @@ QSize ownSize(const QTextDocument &document, const QTextImageFormat &format)
     QByteArray file = resource(document, format.name()).toByteArray();
     QBuffer buffer(&file);
     const QSize size = QImageReader(&buffer).size();
-    return size.isValid() ? size : imageOf(document, format).size();
+    return size.isValid() ? size : DocumentPicture::image(document, format).size();
 }
 
 /// In pixels. What came without a size, as pasted HTML may, shows in its own.
 QSizeF shownSize(const QTextDocument &document, const QTextImageFormat &format)
 {
     const QSizeF size(format.width(), format.height());
-    return size.isEmpty() ? QSizeF(ownSize(document, format)) : size;
+    return size.isEmpty() ? DocumentPicture::shownSize(format, ownSize(document, format)) : size;
 }
 
 QList<QTextFragment> pictureRuns(const QTextDocument &document)
@@ -87,13 +81,6 @@ QList<QTextFragment> pictureRunsFromEnd(const QTextDocument &document)
     return runs;
 }
 
-QByteArray asPng(const QImage &image)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    return image.save(&buffer, "PNG") ? bytes : QByteArray();
-}
-
 /// Empty where there is no picture. The kinds that every reader of HTML knows go as they came.
 QString dataUrl(const QTextDocument &document, const QTextImageFormat &format)
 {
@@ -101,7 +88,7 @@ QString dataUrl(const QTextDocument &document, const QTextImageFormat &format)
     const bool isJpeg = kind == "jpegblip";
     const bool isKept = isJpeg || kind == "pngblip";
     const QByteArray bytes = isKept ? format.property(RichTextProperty::PictureBytes).toByteArray()
-                                    : asPng(imageOf(document, format));
+                                    : DocumentPicture::asPng(DocumentPicture::image(document, format));
     if (bytes.isEmpty())
         return {};
     const QString type = isJpeg ? QStringLiteral("image/jpeg") : QStringLiteral("image/png");
@@ -197,7 +184,7 @@ void insertPicture(QTextCursor &cursor, const QImage &image, const KeptBytes &ke
 
 void Pictures::insert(QTextCursor &cursor, const QImage &image, double page)
 {
-    insertPicture(cursor, image, {asPng(image), "pngblip"}, page);
+    insertPicture(cursor, image, {DocumentPicture::asPng(image), "pngblip"}, page);
 }
 
 void Pictures::insertFile(QTextCursor &cursor, const QString &path, double page)
@@ -267,7 +254,7 @@ QImage Pictures::selected(const QTextCursor &cursor)
     const QTextCharFormat format = behind.charFormat();
     if (!format.isImageFormat())
         return {};
-    return imageOf(*cursor.document(), format.toImageFormat());
+    return DocumentPicture::image(*cursor.document(), format.toImageFormat());
 }
 
 void Pictures::nameByBytes(QTextDocument &document)

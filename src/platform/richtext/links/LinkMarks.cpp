@@ -39,7 +39,7 @@ QList<ViewMarks::Mark> LinkMarks::visible() const
     QList<ViewMarks::Mark> marks;
     if (!m_on)
         return marks;
-    for (const LinkFinder::Link &link : visibleLinks())
+    for (const LinkFinder::Link &link : inView())
         marks.append(ViewMarks::mark(m_view, link.first, link.end, lookIn(m_view)));
     return marks;
 }
@@ -47,6 +47,7 @@ QList<ViewMarks::Mark> LinkMarks::visible() const
 void LinkMarks::forget()
 {
     m_pressed.reset();
+    m_known.reset();
 }
 
 void LinkMarks::press(const QPoint &point)
@@ -77,8 +78,12 @@ std::optional<LinkFinder::Link> LinkMarks::linkAt(const QPoint &point) const
     return position < 0 ? std::nullopt : LinkFinder::at(document, position);
 }
 
-QList<LinkFinder::Link> LinkMarks::visibleLinks() const
+const QList<LinkFinder::Link> &LinkMarks::inView() const
 {
-    const auto [first, end] = m_documents.stretchInView();
-    return LinkFinder::between(*m_view.document(), first, end);
+    const QTextDocument &document = *m_view.document();
+    const std::pair<int, int> stretch = m_documents.stretchInView();
+    if (!m_known || m_known->revision != document.revision() || m_known->stretch != stretch)
+        m_known =
+            Known{document.revision(), stretch, LinkFinder::between(document, stretch.first, stretch.second)};
+    return m_known->links;
 }

@@ -35,10 +35,19 @@ public:
 
 private:
     std::optional<LinkFinder::Link> linkAt(const QPoint &point) const;
-    QList<LinkFinder::Link> visibleLinks() const;
+    /// The links of a stretch of the document as it was at a revision.
+    struct Known
+    {
+        int revision = 0;
+        std::pair<int, int> stretch;
+        QList<LinkFinder::Link> links;
+    };
+
+    const QList<LinkFinder::Link> &inView() const;
 
     QTextEdit &m_view;
     const LongDocuments &m_documents;
+    mutable std::optional<Known> m_known; ///< a view is painted more often than it changes
     bool m_on = false;
     std::optional<LinkFinder::Link> m_pressed;
 };

@@ -86,3 +86,14 @@ TEST_F(CellKeysTest, ALockedTableGetsNoRow)
     QTest::keyClick(&box, Qt::Key_Tab);
     EXPECT_EQ(table().rows(), 2);
 }
+
+TEST_F(CellKeysTest, ANewRowDoesNotBeginThePageThatTheLastOneBegins)
+{
+    box.setTextRTF("{\\rtf1 x\\par\\trowd\\cellx1000\\intbl\\qc\\pagebb a\\cell\\row\\pard end\\par}");
+    box.setTextCursor(table().cellAt(0, 0).firstCursorPosition());
+    QTest::keyClick(&box, Qt::Key_Tab);
+    ASSERT_EQ(table().rows(), 2);
+    EXPECT_EQ(RtfWriter::write(*box.document()).count("pagebb"), 1);
+    EXPECT_TRUE(
+        table().cellAt(1, 0).firstCursorPosition().blockFormat().alignment().testFlag(Qt::AlignHCenter));
+}

@@ -60,6 +60,22 @@ TEST_F(PictureHandlesTest, AClickSelectsThePictureAlone)
     EXPECT_EQ(box.SelLength(), 1);
 }
 
+TEST_F(PictureHandlesTest, ASideThatAPictureLeavesOpenFollowsTheOther)
+{
+    QTextCursor cursor(box.document());
+    cursor.setPosition(place);
+    cursor.setPosition(place + 1, QTextCursor::KeepAnchor);
+    QTextImageFormat format = cursor.charFormat().toImageFormat();
+    format.clearProperty(QTextFormat::ImageHeight);
+    format.setWidth(40);
+    cursor.setCharFormat(format);
+    EXPECT_EQ(size(), QSizeF(40, 20));
+    format.clearProperty(QTextFormat::ImageWidth);
+    format.setHeight(10);
+    cursor.setCharFormat(format);
+    EXPECT_EQ(size(), QSizeF(20, 10));
+}
+
 TEST_F(PictureHandlesTest, ASelectedPictureHasCorners)
 {
     const QPoint corner = area().topRight() + QPoint(3, -3);

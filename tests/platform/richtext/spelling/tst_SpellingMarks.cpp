@@ -156,6 +156,18 @@ TEST_F(SpellingMarksTest, TheContextMenuOffersBetterWordsFirst)
     EXPECT_EQ(box.Text(), QStringLiteral("la masion rouge"));
 }
 
+TEST_F(SpellingMarksTest, ABetterWordForAWordThatHasChangedMeanwhileIsLeft)
+{
+    open("la masion rouge");
+    QMenu &menu = openMenu(5);
+    QAction *word = item(menu, QStringLiteral("maison"));
+    ASSERT_TRUE(word);
+    box.setText(QStringLiteral("something quite else"));
+    word->trigger();
+    close(menu);
+    EXPECT_EQ(box.Text(), QStringLiteral("something quite else"));
+}
+
 /// It opens before they are found.
 TEST_F(SpellingMarksTest, WhatIsPointedAtInTheContextMenuStaysWhereItIs)
 {

@@ -1,12 +1,11 @@
 #include "RtfPicture.h"
 
+#include "DocumentPicture.h"
 #include "ParagraphFormat.h"
 #include "RichTextProperties.h"
 #include "RtfWords.h"
 
-#include <QBuffer>
 #include <QImage>
-#include <QPixmap>
 #include <QTextDocument>
 #include <QUrl>
 
@@ -33,47 +32,21 @@ Picture asItCame(const QTextImageFormat &format)
             size(RichTextProperty::PictureScaleX, RichTextProperty::PictureScaleY)};
 }
 
-QByteArray asPng(const QImage &image)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    return image.save(&buffer, "PNG") ? bytes : QByteArray();
-}
-
-/// What the format asks for; a side that it leaves open follows the other.
-QSizeF shownSize(const QTextImageFormat &format, const QSize &pixels)
-{
-    QSizeF size = pixels;
-    if (format.width() > 0 && format.height() > 0)
-        size = QSizeF(format.width(), format.height());
-    else if (format.width() > 0)
-        size = QSizeF(format.width(), format.width() * pixels.height() / pixels.width());
-    else if (format.height() > 0)
-        size = QSizeF(format.height() * pixels.width() / pixels.height(), format.height());
-    return size;
-}
-
 Picture ofDocument(const QTextDocument &document, const QTextImageFormat &format)
 {
     const QVariant resource = document.resource(QTextDocument::ImageResource, QUrl(format.name()));
-    Picture picture;
-    QImage image;
-    if (resource.typeId() == QMetaType::QByteArray) {
-        picture.bytes = resource.toByteArray();
-        image = QImage::fromData(picture.bytes);
-    } else if (resource.typeId() == QMetaType::QPixmap) {
-        image = resource.value<QPixmap>().toImage();
-    } else {
-        image = resource.value<QImage>();
-    }
+    const QImage image = DocumentPicture::image(document, format);
     if (image.isNull())
         return {};
 
+    Picture picture;
+    if (resource.typeId() == QMetaType::QByteArray)
+        picture.bytes = resource.toByteArray();
     picture.kind = picture.bytes.startsWith("\xFF\xD8") ? "jpegblip" : "pngblip";
     if (picture.kind == "pngblip" && !picture.bytes.startsWith("\x89PNG"))
-        picture.bytes = asPng(image);
+        picture.bytes = DocumentPicture::asPng(image);
     picture.source = image.size();
-    const QSizeF shown = shownSize(format, image.size());
+    const QSizeF shown = DocumentPicture::shownSize(format, image.size());
     picture.goal = QSize(ParagraphFormat::toTwips(shown.width()), ParagraphFormat::toTwips(shown.height()));
     return picture;
 }
