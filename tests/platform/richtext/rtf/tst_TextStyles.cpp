@@ -53,7 +53,8 @@ TEST(TextStyles, DefinitionsComeBackWithTheNumbersOfTheNewTables)
 TEST(TextStyles, AParagraphNamesItsStyleAndSaysItsLookItself)
 {
     const QByteArray out = bodyOf(styled("\\pard\\plain\\s4 Head\\par\\pard\\plain Text\\par"));
-    EXPECT_TRUE(out.contains("\\pard\\s4\\qc\\sb240\\sa100\\keepn{\\f2\\fs32\\b\\cf1 Head\\par}")) << out.data();
+    EXPECT_TRUE(out.contains("\\pard\\s4\\qc\\sb240\\sa100\\keepn{\\f2\\fs32\\b\\cf1 Head\\par}"))
+        << out.data();
     EXPECT_TRUE(out.contains("\\pard{\\f3 Text")) << out.data();
 }
 
